@@ -9,7 +9,9 @@
 #include "visa/visa.h"
 
 // clang-format off
-#define KLV_VISA_FUNCTIONS(FIXED, VARIADIC) \
+
+// Resources, sessions, messages: what a USB instrument can do.
+#define KLV_VISA_MESSAGE_FUNCTIONS(FIXED, VARIADIC) \
     FIXED(ViStatus, viOpenDefaultRM, (ViPSession resourceManager)) \
     FIXED(ViStatus, viParseRsrcEx, (ViSession resourceManager, ViConstRsrc name, ViPUInt16 interfaceType, ViPUInt16 interfaceNumber, ViChar* resourceClass, ViChar* expandedName, ViChar* alias)) \
     FIXED(ViStatus, viOpen, (ViSession resourceManager, ViConstRsrc name, ViAccessMode mode, ViUInt32 timeoutMs, ViPSession session)) \
@@ -51,7 +53,10 @@
     VARIADIC(ViStatus, viSScanf, (ViSession session, ViConstBuf buffer, ViConstString readFormat, ...)) \
     FIXED(ViStatus, viVSScanf, (ViSession session, ViConstBuf buffer, ViConstString readFormat, ViVAList arguments)) \
     VARIADIC(ViStatus, viQueryf, (ViSession session, ViConstString writeFormat, ViConstString readFormat, ...)) \
-    FIXED(ViStatus, viVQueryf, (ViSession session, ViConstString writeFormat, ViConstString readFormat, ViVAList arguments)) \
+    FIXED(ViStatus, viVQueryf, (ViSession session, ViConstString writeFormat, ViConstString readFormat, ViVAList arguments))
+
+// Registers, memory and the lines of other buses.
+#define KLV_VISA_REGISTER_FUNCTIONS(FIXED, VARIADIC) \
     FIXED(ViStatus, viIn8, (ViSession session, ViUInt16 space, ViBusAddress offset, ViPUInt8 value)) \
     FIXED(ViStatus, viOut8, (ViSession session, ViUInt16 space, ViBusAddress offset, ViUInt8 value)) \
     FIXED(ViStatus, viIn16, (ViSession session, ViUInt16 space, ViBusAddress offset, ViPUInt16 value)) \
@@ -88,4 +93,8 @@
     FIXED(ViStatus, viUnmapTrigger, (ViSession session, ViInt16 source, ViInt16 destination)) \
     FIXED(ViStatus, viUsbControlOut, (ViSession session, ViInt16 requestType, ViInt16 request, ViUInt16 value, ViUInt16 index, ViUInt16 length, ViConstBuf buffer)) \
     FIXED(ViStatus, viUsbControlIn, (ViSession session, ViInt16 requestType, ViInt16 request, ViUInt16 value, ViUInt16 index, ViUInt16 length, ViBuf buffer, ViPUInt16 returnCount))
+
+#define KLV_VISA_FUNCTIONS(FIXED, VARIADIC) \
+    KLV_VISA_MESSAGE_FUNCTIONS(FIXED, VARIADIC) \
+    KLV_VISA_REGISTER_FUNCTIONS(FIXED, VARIADIC)
 // clang-format on
