@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+/// Notices instruments being plugged in and out and lists those present. What to do about it is
+/// its listener's affair: it knows no connection.
+class HotPlugWatch : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Serial numbers of the instruments present now; with `firstOnly` the first one at most.
+    virtual QStringList presentSerials(bool firstOnly) const = 0;
+
+signals:
+    /// Devices have come or gone, the maker's or others: one signal for a burst of events.
+    void devicesChanged();
+};
+
+/// The watch of this computer's USB. Never null; where the system tells nothing about its
+/// devices it stays silent and its list empty.
+std::unique_ptr<HotPlugWatch> createBusWatch();

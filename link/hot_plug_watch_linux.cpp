@@ -1,0 +1,117 @@
+#include "link/hot_plug_watch.h"
+#include "link/usb_ids.h"
+
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <algorithm>
+#include <iterator>
+#include <libudev.h>
+
+namespace
+{
+/// Gives a libudev object back when its owner goes.
+template <auto unref>
+struct Unref {
+    template <class T>
+    void operator()(T* object) const
+    {
+        unref(object);
+    }
+};
+using Udev = std::unique_ptr<udev, Unref<udev_unref>>;
+using Monitor = std::unique_ptr<udev_monitor, Unref<udev_monitor_unref>>;
+using Enumerate = std::unique_ptr<udev_enumerate, Unref<udev_enumerate_unref>>;
+using Device = std::unique_ptr<udev_device, Unref<udev_device_unref>>;
+
+/// One plug makes several events within a few milliseconds.
+constexpr int BurstMs = 50;
+
+bool isInstrumentProduct(const QByteArray& productId)
+{
+    return std::any_of(std::begin(ProductPairs), std::end(ProductPairs),
+                       [&](const ProductPair& pair) {
+                           return productId == pair.parentId || productId == pair.ownId;
+                       });
+}
+
+/// The watch over udev: its monitor for the news, sysfs for the list.
+class UdevWatch : public HotPlugWatch
+{
+public:
+    UdevWatch();
+    QStringList presentSerials(bool firstOnly) const override;
+
+private:
+    void startMonitor();
+    void takeEvents();
+
+    Udev m_udev{udev_new()};
+    Monitor m_monitor;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QTimer m_burst;
+};
+
+UdevWatch::UdevWatch()
+{
+    m_burst.setSingleShot(true);
+    m_burst.setInterval(BurstMs);
+    connect(&m_burst, &QTimer::timeout, this, &HotPlugWatch::devicesChanged);
+    if (m_udev)
+        startMonitor();
+}
+
+void UdevWatch::startMonitor()
+{
+    // Events that udev has dealt with, not the kernel's: by then the device may be opened.
+    m_monitor.reset(udev_monitor_new_from_netlink(m_udev.get(), "udev"));
+    if (!m_monitor ||
+        udev_monitor_filter_add_match_subsystem_devtype(m_monitor.get(), "usb", "usb_device") < 0 ||
+        udev_monitor_enable_receiving(m_monitor.get()) < 0)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(udev_monitor_get_fd(m_monitor.get()),
+                                                   QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &UdevWatch::takeEvents);
+}
+
+void UdevWatch::takeEvents()
+{
+    // What changed does not matter, and an overrun queue is a change as well.
+    while (Device(udev_monitor_receive_device(m_monitor.get()))) {
+    }
+    if (!m_burst.isActive())
+        m_burst.start();
+}
+
+QStringList UdevWatch::presentSerials(bool firstOnly) const
+{
+    QStringList serials;
+    const Enumerate devices(m_udev ? udev_enumerate_new(m_udev.get()) : nullptr);
+    if (!devices)
+        return serials;
+    udev_enumerate_add_match_subsystem(devices.get(), "usb");
+    udev_enumerate_add_match_sysattr(devices.get(), "idVendor", MakerVendorId);
+    udev_enumerate_scan_devices(devices.get());
+    for (udev_list_entry* entry = udev_enumerate_get_list_entry(devices.get()); entry;
+         entry = udev_list_entry_get_next(entry)) {
+        const Device device(
+            udev_device_new_from_syspath(m_udev.get(), udev_list_entry_get_name(entry)));
+        if (!device ||
+            !isInstrumentProduct(udev_device_get_sysattr_value(device.get(), "idProduct")))
+            continue;
+        const QString serial =
+            QString::fromUtf8(udev_device_get_sysattr_value(device.get(), "serial"));
+        if (serial.isEmpty())
+            continue;
+        serials += serial;
+        if (firstOnly)
+            break;
+    }
+    return serials;
+}
+} // namespace
+
+std::unique_ptr<HotPlugWatch> createBusWatch()
+{
+    return std::make_unique<UdevWatch>();
+}
