@@ -1,0 +1,32 @@
+#pragma once
+
+#include "link/hot_plug_watch.h"
+
+#include <QFileSystemWatcher>
+#include <QTimer>
+
+/// The watch over a file of simulated instruments: a section is an instrument, its name the
+/// serial number, and deleting it pulls the cable. Reads section names only.
+class DemoPlugWatch : public HotPlugWatch
+{
+    Q_OBJECT
+
+public:
+    /// How long the file must have been left alone before it is read.
+    static constexpr int QuietMs = 250;
+
+    /// The file need not exist yet, its folder must; a missing file has no instruments.
+    explicit DemoPlugWatch(const QString& filePath);
+
+    QStringList presentSerials(bool firstOnly) const override;
+
+private:
+    void watchPaths();
+    void compareContent();
+    QByteArray readFile() const;
+
+    QString m_filePath;
+    QByteArray m_content;
+    QFileSystemWatcher m_watcher;
+    QTimer m_quiet;
+};
