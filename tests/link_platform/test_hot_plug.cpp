@@ -1,0 +1,185 @@
+#include "link/demo_plug_watch.h"
+#include "link/usb_instance_id.h"
+
+#include <QSaveFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+/// The matching of Windows device IDs, and the watch over a file of simulated instruments.
+class TestHotPlug : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void readsSerialOfInstanceId_data();
+    void readsSerialOfInstanceId();
+    void listsSerialsPairByPair();
+
+    void init();
+    void followsFile_data();
+    void followsFile();
+    void staysSilentWhileContentIsTheSame();
+    void waitsUntilWritingIsOver();
+    void readsSections_data();
+    void readsSections();
+
+private:
+    void write(const QByteArray& content, const QString& path) const;
+    void replace(const QByteArray& content) const;
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_path;
+};
+
+void TestHotPlug::readsSerialOfInstanceId_data()
+{
+    QTest::addColumn<QString>("instanceId");
+    QTest::addColumn<QString>("serial");
+    QTest::newRow("own") << R"(USB\VID_5645&PID_0041\1234-5678)"
+                         << "1234-5678";
+    QTest::newRow("lower case") << R"(usb\vid_5645&pid_0041\ab12)"
+                                << "ab12";
+    QTest::newRow("more parts") << R"(USB\VID_5645&PID_0041\1234\extra)"
+                                << "1234";
+    QTest::newRow("another product") << R"(USB\VID_5645&PID_0040\1234)"
+                                     << "";
+    QTest::newRow("another vendor") << R"(USB\VID_1D50&PID_0041\1234)"
+                                    << "";
+    QTest::newRow("IDs in the serial only") << R"(USB\VID_1D50&PID_6018\56450041)"
+                                            << "";
+    QTest::newRow("two parts") << R"(USB\VID_5645&PID_0041)"
+                               << "";
+    QTest::newRow("none") << ""
+                          << "";
+}
+
+void TestHotPlug::readsSerialOfInstanceId()
+{
+    QFETCH(QString, instanceId);
+    QFETCH(QString, serial);
+    QCOMPARE(serialInInstanceId(instanceId, "0041"), serial);
+}
+
+void TestHotPlug::listsSerialsPairByPair()
+{
+    const QStringList parentIds{R"(USB\VID_5645&PID_0045\E)", R"(USB\VID_5645&PID_0040\wrong side)",
+                                R"(USB\VID_5645&PID_0041\A)", R"(USB\VID_5645&PID_0043\C)",
+                                R"(USB\ROOT_HUB30\4&1&0)"};
+    const QStringList ownIds{R"(USB\VID_5645&PID_0044\F)", R"(USB\VID_5645&PID_0042\D)",
+                             R"(USB\VID_5645&PID_0041\wrong side)", R"(USB\VID_5645&PID_0040\B)"};
+    QCOMPARE(serialsInInstanceIds(parentIds, ownIds, false),
+             QStringList({"A", "B", "C", "D", "E", "F"}));
+    QCOMPARE(serialsInInstanceIds(parentIds, ownIds, true), QStringList("A"));
+    QCOMPARE(serialsInInstanceIds({}, ownIds, true), QStringList("B"));
+    QCOMPARE(serialsInInstanceIds({}, {}, true), QStringList());
+}
+
+void TestHotPlug::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_folder->isValid());
+    m_path = m_folder->filePath("instruments.ini");
+}
+
+void TestHotPlug::write(const QByteArray& content, const QString& path) const
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+}
+
+void TestHotPlug::replace(const QByteArray& content) const
+{
+    QSaveFile file(m_path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), content.size());
+    QVERIFY(file.commit());
+}
+
+void TestHotPlug::followsFile_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char* way : {"rewritten", "replaced", "replaced while held open"})
+        QTest::newRow(way) << way;
+}
+
+void TestHotPlug::followsFile()
+{
+    QFETCH(QString, way);
+    write("[1001]\nmodel = KLV-20G\n", m_path);
+    DemoPlugWatch watch(m_path);
+    QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
+    QFile reader(m_path);
+    if (way == "replaced while held open")
+        QVERIFY(reader.open(QIODevice::ReadOnly));
+    const auto put = [&](const QByteArray& content) {
+        way == "rewritten" ? write(content, m_path) : replace(content);
+    };
+    QCOMPARE(watch.presentSerials(false), QStringList("1001"));
+
+    put("[1001]\n[1002]\n");
+    QVERIFY(changes.wait());
+    QCOMPARE(watch.presentSerials(false), QStringList({"1001", "1002"}));
+    put("[1002]\n");
+    QVERIFY(changes.wait());
+    QCOMPARE(watch.presentSerials(false), QStringList("1002"));
+    QVERIFY(QFile::remove(m_path));
+    QVERIFY(changes.wait());
+    QCOMPARE(watch.presentSerials(false), QStringList());
+    put("[1003]\n");
+    QVERIFY(changes.wait());
+    QCOMPARE(watch.presentSerials(false), QStringList("1003"));
+    write("[1004]\n", m_path);
+    QVERIFY(changes.wait());
+    QCOMPARE(watch.presentSerials(true), QStringList("1004"));
+    QCOMPARE(changes.count(), 5);
+}
+
+void TestHotPlug::staysSilentWhileContentIsTheSame()
+{
+    write("[1001]\n", m_path);
+    DemoPlugWatch watch(m_path);
+    QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
+    write("[1001]\n", m_path);
+    replace("[1001]\n");
+    write("[9999]\n", m_folder->filePath("another.ini"));
+    QVERIFY(!changes.wait(2 * DemoPlugWatch::QuietMs));
+}
+
+void TestHotPlug::waitsUntilWritingIsOver()
+{
+    write("[1001]\n", m_path);
+    DemoPlugWatch watch(m_path);
+    QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
+    // An editor empties the file, then fills it: the cable was not pulled in between.
+    write("", m_path);
+    QVERIFY(!changes.wait(100));
+    write("[1001]\n", m_path);
+    QVERIFY(!changes.wait(2 * DemoPlugWatch::QuietMs));
+}
+
+void TestHotPlug::readsSections_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QStringList>("serials");
+    QTest::newRow("comments") << QByteArray("; [1]\n# [2]\n[3]\nmodel=[4]\n") << QStringList("3");
+    QTest::newRow("line ends of Windows, blanks")
+        << QByteArray("[1]\r\nlatency=1\r\n  [ 2 ]\r\n") << QStringList({"1", "2"});
+    QTest::newRow("twice") << QByteArray("[1]\n[1]\n") << QStringList("1");
+    QTest::newRow("damaged") << QByteArray("[]\n[1\n\x00\xff[2]\n") << QStringList();
+}
+
+void TestHotPlug::readsSections()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QStringList, serials);
+    write(content, m_path);
+    const DemoPlugWatch watch(m_path);
+    QCOMPARE(watch.presentSerials(false), serials);
+    QCOMPARE(watch.presentSerials(true), serials.mid(0, 1));
+    QCOMPARE(DemoPlugWatch(QString()).presentSerials(false), QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestHotPlug)
+#include "test_hot_plug.moc"
