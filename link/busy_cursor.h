@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QCursor>
+#include <QGuiApplication>
+
+/// Shows the wait cursor for as long as it lives, on every way out.
+class BusyCursor
+{
+public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};

@@ -1,0 +1,302 @@
+#include "link/connection.h"
+
+#include "link/gui_list_klv.h"
+#include "link/hot_plug_watch.h"
+#include "link/instrument_limits.h"
+#include "link/pause.h"
+#include "link/running_copies.h"
+#include "link/scpi_session.h"
+#include "link/search_klv.h"
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+namespace
+{
+constexpr int pollIntervalMs = 15000;
+constexpr int settleMs = 5;
+constexpr int oldestCompatibleMinor = 4;
+constexpr char programTitle[] = "KLV";
+
+const QString resetCommand = QStringLiteral("*RST");
+const QString identityQuery = QStringLiteral("*IDN?");
+const QString massStorageQuery = QStringLiteral("MEM:MSC?");
+const QString massStorageOnCommand = QStringLiteral("MEM:MSC ON");
+const QString massStorageOffCommand = QStringLiteral("MEM:MSC OFF");
+const QString calibrationDueQuery = QStringLiteral("SERV:SOUR:CDUE?");
+
+QString withoutLineFeeds(QString text)
+{
+    return text.remove(QLatin1Char('\n'));
+}
+
+QString titleOf(const QString& model, const QString& serial)
+{
+    return model + QLatin1String(" (") + serial + QLatin1Char(')');
+}
+} // namespace
+
+Connection::Connection(const Parts& parts, QObject* parent)
+    : QObject(parent), m_session(parts.session), m_limits(parts.limits), m_search(parts.search),
+      m_chooser(parts.chooser), m_copies(parts.copies), m_watch(parts.watch)
+{
+    m_pollTimer.setTimerType(Qt::CoarseTimer);
+    m_pollTimer.setInterval(pollIntervalMs);
+    connect(&m_pollTimer, &QTimer::timeout, this, &Connection::pollDue);
+    connect(&m_chooser, &GuiListKLV::dismissed, this, &Connection::chooserDismissed);
+    connect(&m_watch, &HotPlugWatch::devicesChanged, this, &Connection::devicesChanged);
+    connect(&m_session, &ScpiSession::connectionFailed, this, [this](const QString& reason) {
+        disconnectInstrument();
+        emit statusMessage(reason);
+    });
+}
+
+void Connection::on_connect_clicked(bool isChecked)
+{
+    if (m_isButtonGuarded || m_isShutDown) {
+        emit buttonShouldBe(m_session.isConnected());
+        return;
+    }
+    if (!isChecked) {
+        m_isUserDisconnected = true;
+        handBack();
+        return;
+    }
+    m_isButtonGuarded = true;
+    m_isUserDisconnected = false;
+    emit buttonShouldBe(false);
+    pause(settleMs);
+    if (!m_isShutDown)
+        startSearch();
+}
+
+void Connection::startSearch()
+{
+    m_searchCursor.emplace();
+    m_isSearching = true;
+    emit activity(tr("Searching for instruments..."));
+    m_chooser.reset(m_neighbour);
+    m_search.start();
+}
+
+void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
+{
+    if (!m_copies.isTitleTaken(titleOf(model, series)))
+        m_chooser.createButton(address, model + QLatin1Char('\n') + series);
+}
+
+void Connection::finishVisaSearch()
+{
+    m_isButtonGuarded = false;
+    m_searchCursor.reset();
+    if (m_isShutDown)
+        return;
+    switch (m_chooser.buttonCount()) {
+    case 0:
+        m_isSearching = false;
+        m_chooser.hide();
+        reportNothingFound();
+        break;
+    case 1:
+        m_chooser.chooseOnly();
+        break;
+    default:
+        emit activity(tr("Choose an instrument"));
+        m_chooser.show();
+    }
+}
+
+void Connection::failVisaSearch()
+{
+    m_isButtonGuarded = false;
+    m_searchCursor.reset();
+    m_isSearching = false;
+    m_chooser.hide();
+    reportNothingFound();
+}
+
+void Connection::reportNothingFound()
+{
+    emit activity(QString());
+    emit statusMessage(tr("No instrument found"));
+}
+
+void Connection::chooserDismissed()
+{
+    if (m_isSearching && !m_search.isRunning()) {
+        m_isSearching = false;
+        emit activity(QString());
+    }
+}
+
+void Connection::slot_connect(const QString& address)
+{
+    m_chooser.hide();
+    m_isSearching = false;
+    const int attempt = ++m_attempt;
+    const QString title =
+        m_chooser.chosenName().replace(QLatin1Char('\n'), QLatin1String(" (")) + QLatin1Char(')');
+    if (!m_copies.claim(title)) {
+        if (m_session.isConnected())
+            disconnectInstrument();
+        emit activity(QString());
+        emit statusMessage(tr("Another running copy of the program holds this instrument"));
+        return;
+    }
+    emit titleChanged(title);
+    emit activity(tr("Connecting..."));
+    if (!m_session.open(address)) {
+        forgetTitle();
+        emit activity(QString());
+        emit statusMessage(tr("The instrument could not be opened"));
+        return;
+    }
+    if (leavesMassStorageMode())
+        return;
+
+    m_session.write(resetCommand);
+    m_session.setConnected();
+    emit buttonShouldBe(true);
+    pause(settleMs);
+    // The user may have disconnected, or even connected anew, meanwhile.
+    if (attempt != m_attempt)
+        return;
+
+    if (!identify() || !readCalibrationDue())
+        return;
+    const InstrumentIdentity identity = currentIdentity();
+    m_connectedSerial = identity.serial;
+    emit identified(identity);
+    pushPanel();
+    if (attempt != m_attempt)
+        return;
+    QCoreApplication::processEvents();
+    if (attempt == m_attempt)
+        emit ready();
+}
+
+/// An instrument in mass-storage mode leaves the bus to come back as an instrument; the hot-plug
+/// watch connects it then.
+bool Connection::leavesMassStorageMode()
+{
+    if (withoutLineFeeds(m_session.read(massStorageQuery)) != QLatin1String("ON"))
+        return false;
+    m_session.write(massStorageOffCommand);
+    disconnectInstrument();
+    emit statusMessage(tr("Waiting for the instrument to leave its mass-storage mode"));
+    return true;
+}
+
+bool Connection::identify()
+{
+    static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
+    const QString reply = m_session.read(identityQuery);
+    if (m_session.lastFailed() || !pattern.match(reply).hasMatch())
+        return refuse(tr("no access to the device"));
+
+    m_identity = reply.split(QLatin1Char(','));
+    m_identity[2].remove(QLatin1Char('\n'));
+    const InstrumentIdentity identity = currentIdentity();
+    if (!m_allowedSerials.isEmpty() && !m_allowedSerials.contains(identity.serial))
+        return refuse(tr("no access to the device"));
+
+    const QStringList version = identity.firmware.split(QLatin1Char('.'));
+    if (version.size() >= 3 && version.at(1).toInt() < oldestCompatibleMinor) {
+        emit refused(tr("Software version is not compatible with this version of KLV firmware. \n "
+                        "Please use KLV 2.3 software or lower."));
+        disconnectInstrument();
+        return false;
+    }
+    return true;
+}
+
+InstrumentIdentity Connection::currentIdentity() const
+{
+    return {m_identity.value(1).trimmed(), m_identity.value(2).trimmed(),
+            m_identity.last().trimmed()};
+}
+
+bool Connection::readCalibrationDue()
+{
+    const QString reply = m_session.query(calibrationDueQuery);
+    if (m_session.lastFailed())
+        return refuse(tr("connection error"));
+    emit calibrationDue(withoutLineFeeds(reply));
+    return true;
+}
+
+bool Connection::refuse(const QString& reason)
+{
+    disconnectInstrument();
+    emit statusMessage(reason);
+    return false;
+}
+
+void Connection::pushPanel()
+{
+    const BusyCursor busy;
+    emit activity(tr("Setting up the instrument..."));
+    m_pollTimer.start();
+    m_limits.readLimits(m_session);
+    for (const PushStep& step : m_pushSteps) {
+        if (!m_session.isConnected())
+            return;
+        step();
+    }
+    emit activity(QString());
+}
+
+void Connection::handBack()
+{
+    if (m_session.isConnected()) {
+        m_session.write(resetCommand);
+        m_session.write(massStorageOnCommand);
+    }
+    disconnectInstrument();
+}
+
+void Connection::disconnectInstrument()
+{
+    ++m_attempt;
+    m_session.close();
+    emit buttonShouldBe(false);
+    forgetTitle();
+    m_connectedSerial.clear();
+    m_pollTimer.stop();
+    emit activity(QString());
+    emit disconnected();
+}
+
+void Connection::forgetTitle()
+{
+    m_copies.release();
+    emit titleChanged(QLatin1String(programTitle));
+}
+
+void Connection::shutDown()
+{
+    m_isShutDown = true;
+    m_search.slotStop();
+    m_search.wait();
+    m_searchCursor.reset();
+    m_chooser.hide();
+    if (m_session.isConnected())
+        handBack();
+}
+
+void Connection::devicesChanged()
+{
+    if (m_isFirmwareUpdateRunning || m_isUserDisconnected || m_isSearching || m_isShutDown)
+        return;
+    if (!m_session.isConnected()) {
+        if (!m_watch.presentSerials(true).isEmpty())
+            emit buttonShouldBeClicked();
+        return;
+    }
+    // Between the reset and the identification the serial is not known yet.
+    if (!m_connectedSerial.isEmpty() &&
+        !m_watch.presentSerials(false).contains(m_connectedSerial)) {
+        disconnectInstrument();
+        emit statusMessage(tr("The instrument has been unplugged"));
+    }
+}

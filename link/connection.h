@@ -1,0 +1,141 @@
+#pragma once
+
+#include "link/busy_cursor.h"
+
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class GuiListKLV;
+class HotPlugWatch;
+class RunningCopies;
+class ScpiSession;
+class SearchKLV;
+struct InstrumentLimits;
+
+/// What an instrument says of itself.
+struct InstrumentIdentity {
+    QString model;
+    QString serial;
+    QString firmware;
+};
+
+/// The way from the connect button to a usable instrument and back: search, choice, opening,
+/// identification, pushing the panel, disconnecting. Knows no panel: what is pushed is handed to
+/// it as a list of steps, and what it finds it tells by signals.
+class Connection : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What it works with; all outlive it.
+    struct Parts {
+        ScpiSession& session;
+        InstrumentLimits& limits;
+        SearchKLV& search;
+        GuiListKLV& chooser;
+        RunningCopies& copies;
+        HotPlugWatch& watch;
+    };
+
+    /// Sends one part of the panel's state to a freshly reset instrument.
+    using PushStep = std::function<void()>;
+
+    explicit Connection(const Parts& parts, QObject* parent = nullptr);
+
+    /// The steps that follow the limits, in order; each runs only while still connected.
+    void setPushSteps(std::vector<PushStep> steps) { m_pushSteps = std::move(steps); }
+
+    /// Serial numbers that may be connected; while it is empty, all may.
+    void setAllowedSerials(const QStringList& serials) { m_allowedSerials = serials; }
+
+    /// The window beside which the chooser opens.
+    void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
+
+    /// Keeps the hot-plug watch quiet while the instrument is in its bootloader.
+    void setFirmwareUpdateRunning(bool isRunning) { m_isFirmwareUpdateRunning = isRunning; }
+
+    bool isSearching() const { return m_isSearching; }
+
+    /// The identity reply's fields: maker, model, serial, firmware; kept until the next connect.
+    const QStringList& identity() const { return m_identity; }
+
+    /// The end of the program: stops the search and, while connected, hands the instrument back.
+    /// Whatever sequence is in a pause ends there; nothing connects any more.
+    void shutDown();
+
+public slots:
+    /// The connect button was clicked and is now `isChecked`.
+    void on_connect_clicked(bool isChecked);
+    void showKLVDevice(const QString& address, const QString& model, const QString& series);
+    void finishVisaSearch();
+    /// The search found nothing it could walk.
+    void failVisaSearch();
+    void slot_connect(const QString& address);
+    void disconnectInstrument();
+
+signals:
+    /// The connect button is to look so; it does not count as a click.
+    void buttonShouldBe(bool isChecked);
+    /// The hot-plug watch wants the connect button pressed.
+    void buttonShouldBeClicked();
+    /// The window title: the instrument's while connecting and connected, else the program's.
+    void titleChanged(const QString& title);
+    void identified(const InstrumentIdentity& identity);
+    /// Date as the instrument writes it, "dd.MM.yyyy".
+    void calibrationDue(const QString& date);
+    /// The instrument cannot be used; the message is for the error box.
+    void refused(const QString& message);
+    /// The panel has been pushed and the instrument is ready.
+    void ready();
+    void disconnected();
+    /// Something to be read once, for a few seconds.
+    void statusMessage(const QString& message);
+    /// What is going on now; empty when it is over.
+    void activity(const QString& description);
+    /// Every 15 seconds while connected.
+    void pollDue();
+
+private slots:
+    void devicesChanged();
+    void chooserDismissed();
+
+private:
+    void startSearch();
+    void reportNothingFound();
+    bool leavesMassStorageMode();
+    bool identify();
+    InstrumentIdentity currentIdentity() const;
+    bool readCalibrationDue();
+    bool refuse(const QString& reason);
+    void pushPanel();
+    void handBack();
+    void forgetTitle();
+
+    ScpiSession& m_session;
+    InstrumentLimits& m_limits;
+    SearchKLV& m_search;
+    GuiListKLV& m_chooser;
+    RunningCopies& m_copies;
+    HotPlugWatch& m_watch;
+
+    std::vector<PushStep> m_pushSteps;
+    QStringList m_allowedSerials;
+    const QWidget* m_neighbour = nullptr;
+    std::optional<BusyCursor> m_searchCursor;
+    QTimer m_pollTimer;
+
+    QStringList m_identity;
+    QString m_connectedSerial;
+    /// Changes with every connect and disconnect, so that a sequence that has paused knows.
+    int m_attempt = 0;
+    bool m_isSearching = false;
+    bool m_isUserDisconnected = false;
+    bool m_isButtonGuarded = false;
+    bool m_isFirmwareUpdateRunning = false;
+    bool m_isShutDown = false;
+};

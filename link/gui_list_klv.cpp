@@ -1,0 +1,90 @@
+#include "link/gui_list_klv.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QIcon>
+#include <QPixmap>
+#include <QPushButton>
+
+namespace
+{
+constexpr int gapToWindow = 16;
+constexpr int mostHeight = 480;
+constexpr int extraPoints = 3;
+constexpr int contentMargin = 16;
+constexpr int contentSpacing = 8;
+} // namespace
+
+GuiListKLV::GuiListKLV()
+{
+    setWindowFlags(Qt::Window | Qt::MSWindowsFixedSizeDialogHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowStaysOnTopHint | Qt::WindowCloseButtonHint);
+    setWindowModality(Qt::ApplicationModal);
+    setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
+    setWindowTitle(tr("All Device"));
+    setAccessibleName(windowTitle());
+    setObjectName(QStringLiteral("GuiListKLV"));
+    setWidgetResizable(true);
+    reset(nullptr);
+}
+
+void GuiListKLV::reset(const QWidget* neighbour)
+{
+    if (neighbour)
+        move(neighbour->frameGeometry().topRight() + QPoint(gapToWindow, 0));
+    setMaximumHeight(mostHeight);
+    // Not deleted at once: a new search may start from within a click on one of the old buttons.
+    if (QWidget* previous = takeWidget())
+        previous->deleteLater();
+    if (auto* placeholder = findChild<QWidget*>(QStringLiteral("pasteProbel")))
+        placeholder->close();
+    m_content = new QWidget;
+    m_grid = new QGridLayout(m_content);
+    m_grid->setContentsMargins(contentMargin, contentMargin, contentMargin, contentMargin);
+    m_grid->setSpacing(contentSpacing);
+    setWidget(m_content);
+    m_count = 0;
+    m_hasChosen = false;
+}
+
+void GuiListKLV::createButton(const QString& objectName, const QString& name)
+{
+    const QPixmap picture(QStringLiteral(":/images/device.png"));
+    auto* button = new QPushButton(picture, name, m_content);
+    button->setCheckable(false);
+    button->setAutoDefault(false);
+    button->setIconSize(picture.size() / picture.devicePixelRatio());
+    QFont font = button->font();
+    font.setPointSize(QFont().pointSize() + extraPoints);
+    button->setFont(font);
+    button->setObjectName(objectName);
+    button->setAccessibleName(name.simplified());
+    button->setToolTip(objectName);
+    connect(button, &QPushButton::clicked, this, &GuiListKLV::slotSendAddress);
+    connect(button, &QPushButton::clicked, this, &GuiListKLV::close);
+    m_grid->addWidget(button, m_count / m_columns, m_count % m_columns);
+    ++m_count;
+}
+
+void GuiListKLV::chooseOnly()
+{
+    if (auto* button = m_content->findChild<QPushButton*>())
+        button->click();
+}
+
+void GuiListKLV::slotSendAddress()
+{
+    const auto* button = qobject_cast<QPushButton*>(sender());
+    if (!button)
+        return;
+    m_hasChosen = true;
+    m_chosenName = button->text();
+    emit sendAddress(button->objectName());
+}
+
+void GuiListKLV::closeEvent(QCloseEvent* event)
+{
+    QScrollArea::closeEvent(event);
+    if (!m_hasChosen)
+        emit dismissed();
+}

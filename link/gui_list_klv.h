@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QScrollArea>
+
+class QGridLayout;
+
+/// The chooser: one button for each instrument that a search has found. Knows addresses and
+/// captions only; it opens nothing.
+class GuiListKLV : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    GuiListKLV();
+
+    /// Empties the list and puts the window beside `neighbour` for a new search.
+    void reset(const QWidget* neighbour);
+
+    /// Adds a button captioned `name` (model, line feed, serial) for the VISA address
+    /// `objectName`.
+    void createButton(const QString& objectName, const QString& name);
+
+    int buttonCount() const { return m_count; }
+
+    /// Chooses the only instrument, as a click on its button would.
+    void chooseOnly();
+
+    /// Caption of the button clicked last.
+    QString chosenName() const { return m_chosenName; }
+
+signals:
+    /// The user has chosen the instrument at `address`.
+    void sendAddress(const QString& address);
+    /// The window was closed without a choice.
+    void dismissed();
+
+public slots:
+    void slotSendAddress();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* m_content = nullptr;
+    QGridLayout* m_grid = nullptr;
+    int m_columns = 3;
+    int m_count = 0;
+    bool m_hasChosen = false;
+    QString m_chosenName;
+};

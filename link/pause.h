@@ -1,0 +1,5 @@
+#pragma once
+
+/// Waits `pauseMs` milliseconds while events go on being processed. Anything may have happened
+/// meanwhile: look at the connection, and at the button that started the sequence, again.
+void pause(int pauseMs);

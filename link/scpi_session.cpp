@@ -1,0 +1,214 @@
+#include "link/scpi_session.h"
+
+#include <cstring>
+
+namespace
+{
+constexpr ViUInt32 timeoutMs = 2000;
+/// Far beyond any honest reply; the width in the read format keeps a dishonest one inside.
+constexpr std::size_t replyBytes = 65536;
+constexpr char readFormat[] = "%65535T";
+constexpr int mostExcessReads = 16;
+constexpr int mostErrorRounds = 10000;
+constexpr int longestErrorText = 512;
+
+constexpr char errorQuery[] = "SYSTem:ERRor?\n";
+/// Goes out without a line feed: the end of the USB message marks its end.
+constexpr char completionQuery[] = "*OPC?";
+
+constexpr int unlockCode = 328;
+constexpr int indicatorCode = 329;
+
+/// The text as a VISA format that prints it unchanged, with its line feed.
+QByteArray asFormat(const QString& command)
+{
+    QByteArray text = command.toLatin1();
+    if (text.contains('%'))
+        text.replace("%", "%%");
+    return text.append('\n');
+}
+
+bool isEmptyQueueReply(const QString& reply)
+{
+    const bool isSigned = reply.startsWith(QLatin1Char('+')) || reply.startsWith(QLatin1Char('-'));
+    const int digit = isSigned ? 1 : 0;
+    return reply.size() > digit && reply.at(digit) == QLatin1Char('0');
+}
+} // namespace
+
+ScpiSession::ScpiSession(VisaLibrary& visa, QObject* parent)
+    : QObject(parent), m_visa(visa), m_reply(replyBytes, '\0')
+{
+}
+
+void ScpiSession::openResourceManager()
+{
+    m_visa.viOpenDefaultRM(&m_defaultRM);
+}
+
+void ScpiSession::closeResourceManager()
+{
+    m_visa.viClose(m_defaultRM);
+    m_defaultRM = VI_NULL;
+}
+
+bool ScpiSession::open(const QString& address)
+{
+    QByteArray name;
+    for (const QChar character : address)
+        name.append(character.unicode() < 256 ? static_cast<char>(character.unicode()) : '\0');
+
+    m_visa.viClose(m_session);
+    m_session = VI_NULL;
+    m_lastStatus =
+        m_visa.viOpen(m_defaultRM, name.data(), VI_EXCLUSIVE_LOCK, timeoutMs, &m_session);
+    if (lastFailed()) {
+        m_visa.viClose(m_session);
+        m_session = VI_NULL;
+        return false;
+    }
+    m_visa.viSetAttribute(m_session, VI_ATTR_TMO_VALUE, timeoutMs);
+    return true;
+}
+
+void ScpiSession::close()
+{
+    m_connected = false;
+    m_visa.viClose(m_session);
+    m_session = VI_NULL;
+}
+
+void ScpiSession::write(const QString& command)
+{
+    m_visa.viPrintf(m_session, asFormat(command).data());
+}
+
+void ScpiSession::writeChecked(const QString& command)
+{
+    write(command);
+    checkErrors();
+}
+
+QString ScpiSession::read(const QString& command)
+{
+    write(command);
+    char* reply = clearedReply();
+    m_lastStatus = m_visa.viScanf(m_session, readFormat, reply);
+    return lastFailed() ? QString() : takeReply();
+}
+
+QString ScpiSession::query(const QString& command)
+{
+    const QString reply = queryMessage(asFormat(command));
+    return lastFailed() ? QString() : reply;
+}
+
+QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind kind)
+{
+    QByteArray message = QByteArray(format).append('\n');
+    char* reply = clearedReply();
+    m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
+    if (!lastFailed())
+        return displayText(takeReply(), kind);
+    fetchStatusDescription();
+    failConnection(tr("connection error"));
+    return {};
+}
+
+void ScpiSession::waitComplete(const QString& command)
+{
+    write(command);
+    queryMessage(QByteArray(completionQuery));
+}
+
+void ScpiSession::checkErrors()
+{
+    if (!m_connected)
+        return;
+    QString collected;
+    bool seen329 = false;
+    bool seen328 = false;
+    const QByteArray message(errorQuery);
+    for (int round = 0;; ++round) {
+        QString reply = queryMessage(message);
+        announceIndicators(reply, seen329, seen328);
+        if (m_lastStatus != VI_SUCCESS || round >= mostErrorRounds) {
+            fetchStatusDescription();
+            const QString& reason = collected.isEmpty() ? reply : collected;
+            failConnection(reason.isEmpty() ? tr("connection error") : reason);
+            return;
+        }
+        if (isEmptyQueueReply(reply))
+            break;
+        if (!collected.isEmpty())
+            collected += QLatin1Char('\n');
+        collected += reply.leftRef(longestErrorText);
+    }
+    if (!seen329 && !collected.contains(QLatin1String("329")))
+        emit error329Gone();
+    if (!seen328 && !collected.contains(QLatin1String("328")))
+        emit referenceUnlockGone();
+}
+
+/// Tells the two codes that are indicators and not errors, and blanks their reply.
+void ScpiSession::announceIndicators(QString& reply, bool& seen329, bool& seen328)
+{
+    const int comma = reply.indexOf(QLatin1Char(','));
+    const int code = reply.leftRef(comma).trimmed().toInt();
+    if (code == indicatorCode) {
+        emit error329Seen(reply.trimmed());
+        seen329 = true;
+    } else if (code == unlockCode) {
+        emit referenceUnlockSeen();
+        seen328 = true;
+    } else {
+        return;
+    }
+    reply.clear();
+}
+
+QString ScpiSession::queryMessage(const QByteArray& message)
+{
+    QByteArray format = message;
+    char* reply = clearedReply();
+    m_lastStatus = m_visa.viQueryf(m_session, format.data(), readFormat, reply);
+    return takeReply();
+}
+
+char* ScpiSession::clearedReply()
+{
+    // Everything up to the last reply's NUL: clearing all of it would cost more than the call.
+    std::memset(m_reply.data(), 0, std::strlen(m_reply.data()));
+    return m_reply.data();
+}
+
+/// The reply as 8-bit text up to the first NUL. What did not fit is read and dropped, so that it
+/// is not taken for the answer to the next query.
+QString ScpiSession::takeReply()
+{
+    m_reply.back() = '\0';
+    const QString text = QString::fromLatin1(m_reply.data());
+    if (static_cast<std::size_t>(text.size()) < replyBytes - 1)
+        return text;
+    for (int reads = 0; reads < mostExcessReads; ++reads) {
+        char* excess = clearedReply();
+        const ViStatus status = m_visa.viScanf(m_session, readFormat, excess);
+        m_reply.back() = '\0';
+        if (status < VI_SUCCESS || std::strlen(excess) < replyBytes - 1)
+            break;
+    }
+    return text;
+}
+
+/// Lets the library describe the last status; kept for whoever watches the library's traffic.
+void ScpiSession::fetchStatusDescription()
+{
+    char description[256] = {};
+    m_visa.viStatusDesc(m_session, m_lastStatus, description);
+}
+
+void ScpiSession::failConnection(const QString& reason)
+{
+    if (m_connected)
+        emit connectionFailed(reason);
+}

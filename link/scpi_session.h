@@ -1,0 +1,95 @@
+#pragma once
+
+#include "link/visa_library.h"
+#include "numbers/field_kind.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+/// The one open connection to the instrument and the operations that carry its SCPI text.
+///
+/// Owns the resource manager and instrument sessions, the line feed behind every command, the
+/// escaping of "%" and the last status. Commands and formats are given without their line feed.
+/// Every call blocks for at most the 2000 ms time-out and belongs to the GUI thread. It never
+/// closes itself on a failure: it says so by connectionFailed(), and the connection decides.
+class ScpiSession : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ScpiSession(VisaLibrary& visa, QObject* parent = nullptr);
+
+    /// Opens the default resource manager; the result is not looked at: without one, every later
+    /// call fails with a VISA status of its own.
+    void openResourceManager();
+
+    void closeResourceManager();
+
+    /// The default resource manager, for the device search.
+    const ViSession& defaultRM() const { return m_defaultRM; }
+
+    /// Opens `address` with an exclusive lock and 2000 ms time-outs, closing what was open.
+    bool open(const QString& address);
+
+    /// Closes the instrument session and clears the connected flag.
+    void close();
+
+    bool isConnected() const { return m_connected; }
+    void setConnected() { m_connected = true; }
+
+    /// Status of the last open, read or query; writes leave it as it is.
+    ViStatus lastStatus() const { return m_lastStatus; }
+    bool lastFailed() const { return m_lastStatus < VI_SUCCESS; }
+
+    /// Sends `command`; a failure shows in the next read or query.
+    void write(const QString& command);
+
+    /// Sends `command` and drains the instrument's error queue.
+    void writeChecked(const QString& command);
+
+    /// Writes `command`, then reads the reply: two VISA calls. Empty on a failure.
+    QString read(const QString& command);
+
+    /// Writes `command` and reads the reply in one VISA call. Empty on a failure.
+    QString query(const QString& command);
+
+    /// Sends `format` with its "%lf" replaced by `value` and returns the instrument's answer as
+    /// the field of `kind` shows it. A failure gives an empty text and, while connected, ends the
+    /// connection.
+    QString setAndReadBack(const char* format, double value, FieldKind kind);
+
+    /// Sends `command` and waits until the instrument has carried it out, or the time-out.
+    void waitComplete(const QString& command);
+
+    /// Reads the instrument's error queue until it is empty. Codes 328 and 329 show as indicators;
+    /// a failing status ends the connection. Does nothing while disconnected.
+    void checkErrors();
+
+signals:
+    /// The session is of no more use; `reason` is the composed text of what was learnt last.
+    void connectionFailed(const QString& reason);
+    /// Error 329 is in the queue; `message` is the instrument's own text.
+    void error329Seen(const QString& message);
+    void error329Gone();
+    /// Error 328: the external reference is not locked.
+    void referenceUnlockSeen();
+    void referenceUnlockGone();
+
+private:
+    char* clearedReply();
+    QString takeReply();
+    QString queryMessage(const QByteArray& message);
+    void fetchStatusDescription();
+    void announceIndicators(QString& reply, bool& seen329, bool& seen328);
+    void failConnection(const QString& reason);
+
+    VisaLibrary& m_visa;
+    ViSession m_defaultRM = VI_NULL;
+    ViSession m_session = VI_NULL;
+    ViStatus m_lastStatus = VI_SUCCESS;
+    bool m_connected = false;
+    std::vector<char> m_reply;
+};

@@ -1,0 +1,50 @@
+#include "link/visa_library.h"
+
+#include <QLibrary>
+
+VisaLibrary::~VisaLibrary()
+{
+    reset();
+}
+
+void VisaLibrary::load(const char* name)
+{
+    reset();
+    if (!name || !*name)
+        return;
+    m_library = new QLibrary(QString::fromLocal8Bit(name));
+    if (!m_library->load())
+        return;
+    m_unresolvedCount = 0;
+    resolveAll();
+}
+
+void VisaLibrary::reset()
+{
+    if (m_library) {
+        m_library->unload();
+        m_library->deleteLater();
+        m_library = nullptr;
+    }
+    m_unresolvedCount = -1;
+#define KLV_VISA_TO_PLACEHOLDER(result, name, parameters)                                          \
+    name = visa_placeholder::Placeholder<name##_t>::call;
+    KLV_VISA_FUNCTIONS(KLV_VISA_TO_PLACEHOLDER, KLV_VISA_TO_PLACEHOLDER)
+#undef KLV_VISA_TO_PLACEHOLDER
+}
+
+template <typename Function>
+void VisaLibrary::resolve(Function& entry, const char* name)
+{
+    if (const QFunctionPointer symbol = m_library->resolve(name))
+        entry = reinterpret_cast<Function>(symbol);
+    else
+        ++m_unresolvedCount;
+}
+
+void VisaLibrary::resolveAll()
+{
+#define KLV_VISA_RESOLVE(result, name, parameters) resolve(name, #name);
+    KLV_VISA_FUNCTIONS(KLV_VISA_RESOLVE, KLV_VISA_RESOLVE)
+#undef KLV_VISA_RESOLVE
+}
