@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test: ./test.sh [release|debug|asan]
+set -euo pipefail
+cd "$(dirname "$0")"
+preset=${1:-release}
+
+tools/install-deps.sh
+cmake --preset "$preset"
+cmake --build --preset "$preset"
+ctest --preset "$preset"

@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building, testing and running need; only what is missing.
+#   --dev      also what format.sh and tidy.sh need
+#   --screen   also the virtual screen that run.sh uses where there is none
+#   --wayland  also Qt's platform for a display that has no X
+set -euo pipefail
+
+packages=(
+    cmake ninja-build g++ pkg-config
+    qtbase5-dev qttools5-dev qttools5-dev-tools
+    libudev-dev libumockdev-dev
+    python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core
+)
+for option in "$@"; do
+    case "$option" in
+        --dev) packages+=(clang-format clang-tidy) ;;
+        --screen) packages+=(tigervnc-standalone-server) ;;
+        --wayland) packages+=(qtwayland5) ;;
+        *) echo "usage: $0 [--dev] [--screen] [--wayland]" >&2; exit 2 ;;
+    esac
+done
+
+missing=()
+for package in "${packages[@]}"; do
+    status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+    [[ $status == "install ok installed" ]] || missing+=("$package")
+done
+((${#missing[@]})) || exit 0
+
+echo "Installing: ${missing[*]}"
+as_root=(env DEBIAN_FRONTEND=noninteractive)
+if ((EUID != 0)); then
+    command -v sudo >/dev/null || { echo "Install them as root, or install sudo." >&2; exit 1; }
+    as_root=(sudo "${as_root[@]}")
+fi
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" apt-get install -qy --no-install-recommends "${missing[@]}" </dev/null
