@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <QTemporaryDir>
+
+/// Where the simulated instrument comes from: its library beside the program, and the file that
+/// says which instruments are plugged in. Owns that file when the user has named none.
+class DemoMode
+{
+public:
+    DemoMode();
+
+    /// Path of the simulated instrument's VISA library.
+    static QString libraryPath();
+
+    /// The file of plugged-in instruments; removing one there is pulling its cable.
+    QString instrumentsFile() const { return m_instrumentsFile; }
+
+private:
+    QTemporaryDir m_folder;
+    QString m_instrumentsFile;
+};

@@ -1,0 +1,34 @@
+#include "app/main_window.h"
+#include "app/start_options.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QTextCodec>
+
+#include <clocale>
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+    QCoreApplication::setOrganizationName(QStringLiteral("Veltro"));
+    QCoreApplication::setApplicationName(QStringLiteral("KLV"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KLV_VERSION));
+
+    QApplication application(argc, argv);
+    // The VISA library writes "%lf" by this locale: a decimal comma would be no number at all.
+    std::setlocale(LC_NUMERIC, "C");
+    if (QTextCodec* codec = QTextCodec::codecForName("UTF-8"))
+        QTextCodec::setCodecForLocale(codec);
+
+    int exitCode = 0;
+    {
+        MainWindow window(StartOptions::fromCommandLine());
+        QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
+        window.start();
+        exitCode = QApplication::exec();
+    }
+    return exitCode;
+}

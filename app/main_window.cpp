@@ -1,0 +1,456 @@
+#include "app/main_window.h"
+
+#include "app/demo_mode.h"
+#include "app/error_box.h"
+#include "app/help_file.h"
+#include "app/language.h"
+#include "app/side_panels.h"
+#include "app/status_line.h"
+#include "app/theme_choice.h"
+#include "app/window_chrome.h"
+#include "app/window_menu.h"
+#include "link/demo_plug_watch.h"
+#include "link/instrument_limits.h"
+#include "numbers/step_table.h"
+#include "panel/cw_controls.h"
+#include "panel/side_panel.h"
+#include "service/about_box.h"
+#include "service/service_commands.h"
+#include "service/service_panel.h"
+#include "ui/resources.h"
+#include "ui_mainwindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QIcon>
+#include <QTimer>
+
+namespace
+{
+constexpr char visaLibraryName[] = "VeVISA32";
+constexpr int deviceWidthConnected = 171;
+constexpr int deviceWidthDisconnected = 131;
+constexpr int indicatorAppearMs = 300;
+constexpr int settleMs = 400;
+constexpr int serialDigitsShown = 4;
+
+const char* const identityRecords[] = {"/Settings/one", "/Settings/two", "/Settings/three",
+                                       "/Settings/four"};
+const QString languageKey = QStringLiteral("language");
+const QString themeKey = QStringLiteral("theme");
+} // namespace
+
+MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
+    : QMainWindow(parent, Qt::FramelessWindowHint), m_options(options),
+      m_settings(QStringLiteral("Veltro"), QStringLiteral("KLV")),
+      m_demo(options.isDemo ? std::make_unique<DemoMode>() : nullptr),
+      m_language(std::make_unique<Language>(options.language.isEmpty()
+                                                ? m_settings.value(languageKey).toString()
+                                                : options.language)),
+      m_ui(std::make_unique<Ui::MainWindow>()), m_session(m_visa),
+      m_search(m_visa, m_session.defaultRM()),
+      m_watch(m_demo ? std::make_unique<DemoPlugWatch>(m_demo->instrumentsFile())
+                     : createBusWatch()),
+      m_connection({m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, *m_watch})
+{
+    loadUiResources();
+    applyLook();
+    setUpForm();
+    setUpPanels();
+    m_about = std::make_unique<Form>(this);
+    setUpMenu();
+    wireStatusLine();
+    wireConnection();
+    wireCwControls();
+    wireService();
+    setUpPush();
+    loadSettings();
+    openVisa();
+    showDisconnected();
+    retranslate();
+}
+
+MainWindow::~MainWindow()
+{
+    m_connection.shutDown();
+    m_session.closeResourceManager();
+}
+
+void MainWindow::start()
+{
+    show();
+    QApplication::processEvents();
+    if (m_session.isConnected())
+        m_session.checkErrors();
+    QTimer::singleShot(0, this, [this] { m_ui->connect->click(); });
+    if (!m_options.screenshotPath.isEmpty())
+        saveScreenshotOnceSettled();
+}
+
+void MainWindow::loadSettings()
+{
+    if (!m_options.isClean)
+        StepTable::global().attach(&m_settings);
+    QStringList allowedSerials;
+    for (const char* record : identityRecords) {
+        const QString serial = m_settings.value(QLatin1String(record)).toString();
+        if (!serial.isEmpty())
+            allowedSerials << serial;
+    }
+    m_connection.setAllowedSerials(allowedSerials);
+    if (m_settings.status() != QSettings::NoError)
+        m_status->showMessage(tr("The settings cannot be read: defaults are used"));
+    else if (!m_settings.isWritable())
+        m_status->showMessage(tr("The settings cannot be written: changes will not be kept"));
+}
+
+void MainWindow::setUpForm()
+{
+    m_ui->setupUi(this);
+    new WindowChrome(this);
+    setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
+}
+
+// Only after the form: connectSlotsByName takes the first child of a name, and panels share names
+// with the form.
+void MainWindow::setUpPanels()
+{
+    m_modulation = new SidePanel(QStringLiteral("Modulat"), this);
+    m_list = new SidePanel(QStringLiteral("List"), this);
+    m_generator = new SidePanel(QStringLiteral("generator"), this);
+    m_profiles = new SidePanel(QStringLiteral("openSaveProfile"), this);
+    m_service = new service(this);
+
+    m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
+    m_sidePanels->add(m_modulation, m_ui->open_mod);
+    m_sidePanels->add(m_list, m_ui->open_list);
+    m_sidePanels->add(m_generator, m_ui->open_gener);
+    m_sidePanels->add(m_profiles, m_ui->profiles);
+    m_sidePanels->add(m_service, m_ui->service);
+
+    connect(m_modulation, &SidePanel::hide_, this, &MainWindow::closeFromModulation);
+    connect(m_list, &SidePanel::hide_, this, &MainWindow::closeFromList);
+    connect(m_generator, &SidePanel::hide_, this, &MainWindow::closeFromGenerator);
+    connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
+    connect(m_service, &SidePanel::hide_, this, &MainWindow::service_close);
+    connect(this, &MainWindow::service_animate, this, &MainWindow::animate_move_service);
+    connect(m_sidePanels.get(), &SidePanels::allMoved, this, &MainWindow::allow_move);
+    connect(m_sidePanels.get(), &SidePanels::opened, this, &MainWindow::refreshPanel);
+}
+
+void MainWindow::setUpMenu()
+{
+    auto* menu = new WindowMenu(m_language->code(), themeSetting(), this);
+    // The shortcuts work without the menu being open.
+    addActions(menu->actions());
+    m_ui->menuButton->setMenu(menu);
+    connect(menu, &WindowMenu::helpChosen, this, &MainWindow::toHelp);
+    connect(menu, &WindowMenu::aboutChosen, m_about.get(), &Form::showAbout);
+    connect(menu, &WindowMenu::quitChosen, this, &MainWindow::close);
+    connect(menu, &WindowMenu::languageChosen, this, [this](const QString& code) {
+        m_settings.setValue(languageKey, code);
+        m_language->choose(code);
+        applyLook();
+    });
+    connect(menu, &WindowMenu::themeChosen, this, [this](const QString& name) {
+        m_settings.setValue(themeKey, name);
+        applyLook();
+    });
+}
+
+void MainWindow::wireStatusLine()
+{
+    m_status = std::make_unique<StatusLine>(*m_ui->status);
+    connect(&m_connection, &Connection::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(&m_connection, &Connection::activity, m_status.get(), &StatusLine::showActivity);
+}
+
+void MainWindow::wireConnection()
+{
+    connect(&m_search, &SearchKLV::sendData, this, &MainWindow::showKLVDevice);
+    connect(&m_search, &SearchKLV::finish, this, &MainWindow::finishVisaSearch);
+    connect(&m_search, &SearchKLV::error, this, &MainWindow::failVisaSearch);
+    connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
+
+    m_connection.setNeighbour(this);
+    connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
+        m_ui->connect->setChecked(isChecked);
+        m_ui->connect->repaint();
+    });
+    connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
+            &QAbstractButton::click);
+    connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);
+    connect(&m_connection, &Connection::identified, this, &MainWindow::showIdentity);
+    connect(&m_connection, &Connection::calibrationDue, m_about.get(), &Form::setCalibrationDue);
+    connect(&m_connection, &Connection::refused, this,
+            [this](const QString& message) { ErrorBox::report(message, this); });
+    connect(&m_connection, &Connection::ready, this, &MainWindow::showReady);
+    connect(&m_connection, &Connection::disconnected, this, &MainWindow::showDisconnected);
+    connect(&m_session, &ScpiSession::error329Seen, this, &MainWindow::showIndicator329);
+    connect(&m_session, &ScpiSession::error329Gone, m_ui->label_329, &QWidget::hide);
+}
+
+void MainWindow::wireCwControls()
+{
+    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(),
+                                        CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
+                                                            *m_ui->ROSC, *m_ui->ROSC_FREQ,
+                                                            *m_ui->label_328, *m_ui->label_ExtRef});
+    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_ui->Output, &QAbstractButton::toggled, m_ui->label_RF, &QWidget::setEnabled);
+    m_ui->label_RF->setEnabled(m_ui->Output->isChecked());
+    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_ui->FREQ,
+            [this] { m_ui->FREQ->setFocus(); });
+    connect(m_ui->key_POW, &QAbstractButton::clicked, m_ui->POW, [this] { m_ui->POW->setFocus(); });
+}
+
+void MainWindow::wireService()
+{
+    m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
+    connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(&m_service->referenceDac(), &QLineEdit::returnPressed, m_serviceCommands.get(),
+            &ServiceCommands::on_REF_OSC_returnPressed);
+    connect(&m_connection, &Connection::pollDue, this, [this] {
+        if (m_ui->service->isChecked())
+            m_serviceCommands->readTemperature();
+    });
+}
+
+/// The order in which a freshly reset instrument is brought into line with the panel.
+void MainWindow::setUpPush()
+{
+    m_connection.setPushSteps({
+        [this] { m_cw->pushReferenceSource(); },
+        [this] { m_cw->pushOutput(); },
+        [this] { m_cw->on_FREQ_editingFinished(); },
+        [this] { m_cw->on_POW_editingFinished(); },
+        [this] { m_cw->pushExternalReference(); },
+        [this] { m_serviceCommands->readDac(); },
+    });
+}
+
+void MainWindow::openVisa()
+{
+    QByteArray name = QByteArray(visaLibraryName);
+    if (!m_options.visaLibrary.isEmpty())
+        name = m_options.visaLibrary.toLocal8Bit();
+    else if (m_demo)
+        name = DemoMode::libraryPath().toLocal8Bit();
+    m_visa.load(name.constData());
+    m_session.openResourceManager();
+}
+
+QString MainWindow::themeSetting() const
+{
+    return m_settings.value(themeKey, QStringLiteral("system")).toString();
+}
+
+void MainWindow::applyLook()
+{
+    applyTheme(*qApp, chosenTheme(themeSetting()), Language::isRussian());
+}
+
+void MainWindow::on_connect_clicked()
+{
+    m_connection.on_connect_clicked(m_ui->connect->isChecked());
+}
+void MainWindow::on_Output_clicked()
+{
+    m_cw->on_Output_clicked();
+}
+void MainWindow::on_ROSC_clicked()
+{
+    m_cw->on_ROSC_clicked();
+}
+void MainWindow::on_open_ROSC_FREQ_clicked()
+{
+    m_cw->openReferenceEntry();
+}
+void MainWindow::on_open_mod_clicked()
+{
+    m_sidePanels->toggle(m_modulation);
+}
+void MainWindow::on_open_list_clicked()
+{
+    m_sidePanels->toggle(m_list);
+}
+void MainWindow::on_open_gener_clicked()
+{
+    m_sidePanels->toggle(m_generator);
+}
+void MainWindow::on_profiles_clicked()
+{
+    m_sidePanels->toggle(m_profiles);
+}
+void MainWindow::on_service_clicked()
+{
+    emit service_animate();
+}
+void MainWindow::on_minimize_clicked()
+{
+    showMinimized();
+}
+void MainWindow::on_closeWindow_clicked()
+{
+    close();
+}
+
+void MainWindow::showKLVDevice(const QString& address, const QString& model, const QString& series)
+{
+    m_connection.showKLVDevice(address, model, series);
+}
+
+void MainWindow::finishVisaSearch()
+{
+    m_connection.finishVisaSearch();
+}
+
+void MainWindow::failVisaSearch()
+{
+    m_connection.failVisaSearch();
+    if (m_visa.unresolvedCount() < 0)
+        m_status->showMessage(tr("No VISA library found: install the maker's VISA library"));
+}
+
+void MainWindow::slot_connect(const QString& address)
+{
+    m_connection.slot_connect(address);
+}
+
+void MainWindow::allow_move()
+{
+    SidePanels::setMoving(false);
+}
+void MainWindow::not_move()
+{
+    SidePanels::setMoving(true);
+}
+void MainWindow::closeFromModulation()
+{
+    m_sidePanels->close(m_modulation);
+}
+void MainWindow::closeFromList()
+{
+    m_sidePanels->close(m_list);
+}
+void MainWindow::closeFromGenerator()
+{
+    m_sidePanels->close(m_generator);
+}
+void MainWindow::service_close()
+{
+    m_sidePanels->close(m_service);
+}
+void MainWindow::animate_move_service()
+{
+    m_sidePanels->toggle(m_service);
+}
+void MainWindow::initial_service()
+{
+    m_serviceCommands->initial_service();
+}
+
+void MainWindow::toHelp()
+{
+    if (!openHelpFile())
+        m_status->showMessage(tr("The help file is not beside the program"));
+}
+
+void MainWindow::showIdentity(const InstrumentIdentity& identity)
+{
+    m_ui->device->setText(identity.model + QLatin1Char(' ') +
+                          identity.serial.right(serialDigitsShown));
+    m_ui->device->setFixedWidth(deviceWidthConnected);
+    m_about->setSerial(identity.serial);
+    m_about->setFirmware(identity.firmware);
+    m_service->showSerial(identity.serial);
+    if (m_demo)
+        qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
+              qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
+}
+
+void MainWindow::showReady()
+{
+    showConnectedState(true);
+    activateWindow();
+}
+
+void MainWindow::showDisconnected()
+{
+    m_ui->device->setFixedWidth(deviceWidthDisconnected);
+    m_ui->device->setText(tr("Disconnected"));
+    m_about->empty();
+    m_service->showSerial(QString());
+    m_cw->hideUnlockRosc();
+    m_ui->label_329->hide();
+    showConnectedState(false);
+}
+
+/// Colours the controls that tell a connected panel from an idle one.
+void MainWindow::showConnectedState(bool isConnected)
+{
+    m_ui->device->setProperty("connected", isConnected);
+    m_ui->led->setProperty("connected", isConnected);
+}
+
+void MainWindow::showIndicator329(const QString& message)
+{
+    if (m_ui->label_329->isHidden())
+        m_ui->label_329->start(indicatorAppearMs);
+    m_ui->label_329->setToolTip(message);
+    m_ui->label_329->show();
+}
+
+void MainWindow::refreshPanel(QWidget* panel)
+{
+    if (panel == m_service)
+        initial_service();
+}
+
+void MainWindow::retranslate()
+{
+    m_modulation->setTitle(tr("Modulation"));
+    m_list->setTitle(tr("Sweep/List"));
+    m_generator->setTitle(tr("LF Generator"));
+    m_profiles->setTitle(tr("Profiles"));
+    m_cw->retranslate();
+}
+
+void MainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange || !m_cw)
+        return;
+    const QString device = m_ui->device->text();
+    m_ui->retranslateUi(this);
+    if (m_session.isConnected())
+        m_ui->device->setText(device);
+    retranslate();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    m_connection.shutDown();
+    QMainWindow::closeEvent(event);
+}
+
+/// Settled: nothing has been going on for a moment.
+void MainWindow::saveScreenshotOnceSettled()
+{
+    auto* settled = new QTimer(this);
+    settled->setSingleShot(true);
+    settled->setInterval(settleMs);
+    connect(&m_connection, &Connection::activity, settled, [settled](const QString& description) {
+        if (description.isEmpty())
+            settled->start();
+        else
+            settled->stop();
+    });
+    connect(settled, &QTimer::timeout, this, [this, settled] {
+        settled->deleteLater();
+        if (!grab().save(m_options.screenshotPath))
+            qWarning("The picture could not be saved as %s",
+                     qUtf8Printable(m_options.screenshotPath));
+    });
+}

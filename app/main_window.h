@@ -1,0 +1,132 @@
+#pragma once
+
+#include "app/start_options.h"
+#include "link/connection.h"
+#include "link/gui_list_klv.h"
+#include "link/running_copies.h"
+#include "link/scpi_session.h"
+#include "link/search_klv.h"
+#include "link/visa_library.h"
+
+#include <QMainWindow>
+#include <QSettings>
+
+#include <memory>
+
+class CwControls;
+class DemoMode;
+class Form;
+class HotPlugWatch;
+class Language;
+class ServiceCommands;
+class SidePanel;
+class SidePanels;
+class StatusLine;
+class service;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/// The program's one window. Builds the form, owns the link, the operations and the side panels,
+/// and wires them. Holds no SCPI text and formats no number.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const StartOptions& options, QWidget* parent = nullptr);
+    /// Hands the instrument back if one is connected.
+    ~MainWindow() override;
+
+    /// Shows the window and connects if an instrument is there.
+    void start();
+
+public slots:
+    void on_connect_clicked();
+    void on_Output_clicked();
+    void on_ROSC_clicked();
+    void on_open_ROSC_FREQ_clicked();
+    void on_open_mod_clicked();
+    void on_open_list_clicked();
+    void on_open_gener_clicked();
+    void on_profiles_clicked();
+    void on_service_clicked();
+    void on_minimize_clicked();
+    void on_closeWindow_clicked();
+
+    void showKLVDevice(const QString& address, const QString& model, const QString& series);
+    void finishVisaSearch();
+    void failVisaSearch();
+    void slot_connect(const QString& address);
+
+    /// The last animation of the side panels is over: their buttons work again.
+    void allow_move();
+    /// Holds the side panels in place: their buttons are ignored.
+    void not_move();
+    void closeFromModulation();
+    void closeFromList();
+    void closeFromGenerator();
+    void service_close();
+    void initial_service();
+    void animate_move_service();
+
+    void toHelp();
+
+signals:
+    /// The service panel is to slide in or out.
+    void service_animate();
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void loadSettings();
+    void setUpForm();
+    void setUpPanels();
+    void setUpMenu();
+    void setUpPush();
+    void wireStatusLine();
+    void wireConnection();
+    void wireCwControls();
+    void wireService();
+    void openVisa();
+    QString themeSetting() const;
+    void applyLook();
+    void retranslate();
+
+    void showIdentity(const InstrumentIdentity& identity);
+    void showReady();
+    void showDisconnected();
+    void showConnectedState(bool isConnected);
+    void showIndicator329(const QString& message);
+    void refreshPanel(QWidget* panel);
+    void saveScreenshotOnceSettled();
+
+    StartOptions m_options;
+    QSettings m_settings;
+    std::unique_ptr<DemoMode> m_demo;
+    std::unique_ptr<Language> m_language;
+    std::unique_ptr<Ui::MainWindow> m_ui;
+
+    VisaLibrary m_visa;
+    ScpiSession m_session;
+    SearchKLV m_search;
+    GuiListKLV m_chooser;
+    RunningCopies m_copies;
+    std::unique_ptr<HotPlugWatch> m_watch;
+    Connection m_connection;
+
+    std::unique_ptr<CwControls> m_cw;
+    std::unique_ptr<ServiceCommands> m_serviceCommands;
+    std::unique_ptr<StatusLine> m_status;
+    std::unique_ptr<Form> m_about;
+    std::unique_ptr<SidePanels> m_sidePanels;
+    SidePanel* m_modulation = nullptr;
+    SidePanel* m_list = nullptr;
+    SidePanel* m_generator = nullptr;
+    SidePanel* m_profiles = nullptr;
+    service* m_service = nullptr;
+};

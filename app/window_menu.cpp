@@ -1,0 +1,81 @@
+#include "app/window_menu.h"
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace
+{
+struct Choice {
+    const char* value;
+    const char* caption;
+};
+
+// A language is called by its own name whatever the language of the program.
+const Choice languages[] = {{"en", "English"}, {"ru", "Русский"}};
+const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the system")},
+                         {"light", QT_TRANSLATE_NOOP("WindowMenu", "Light")},
+                         {"dark", QT_TRANSLATE_NOOP("WindowMenu", "Dark")}};
+} // namespace
+
+WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, QWidget* parent)
+    : QMenu(parent), m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
+      m_about(addAction(QString(), this, &WindowMenu::aboutChosen))
+{
+    setObjectName(QStringLiteral("menu"));
+    m_help->setObjectName(QStringLiteral("actionHelp"));
+    m_help->setShortcut(QKeySequence::HelpContents);
+    m_about->setObjectName(QStringLiteral("actionAbout"));
+
+    addSeparator();
+    m_languages = addMenu(QString());
+    auto* languageGroup = new QActionGroup(this);
+    for (const Choice& language : languages) {
+        addChoice(m_languages, languageGroup, QLatin1String(language.value), languageCode)
+            ->setText(QString::fromUtf8(language.caption));
+    }
+    connect(languageGroup, &QActionGroup::triggered, this,
+            [this](const QAction* action) { emit languageChosen(action->data().toString()); });
+
+    m_themes = addMenu(QString());
+    auto* themeGroup = new QActionGroup(this);
+    for (const Choice& theme : themes)
+        addChoice(m_themes, themeGroup, QLatin1String(theme.value), themeName);
+    connect(themeGroup, &QActionGroup::triggered, this,
+            [this](const QAction* action) { emit themeChosen(action->data().toString()); });
+
+    addSeparator();
+    m_quit = addAction(QString(), this, &WindowMenu::quitChosen);
+    retranslate();
+}
+
+QAction* WindowMenu::addChoice(QMenu* menu, QActionGroup* group, const QString& value,
+                               const QString& current)
+{
+    QAction* action = menu->addAction(QString());
+    action->setData(value);
+    action->setCheckable(true);
+    action->setChecked(value == current);
+    group->addAction(action);
+    return action;
+}
+
+void WindowMenu::retranslate()
+{
+    m_help->setText(tr("Help"));
+    m_about->setText(tr("About"));
+    m_languages->setTitle(tr("Language"));
+    m_themes->setTitle(tr("Theme"));
+    m_quit->setText(tr("Quit"));
+    const QList<QAction*> themeActions = m_themes->actions();
+    for (int index = 0; index < themeActions.size(); ++index)
+        themeActions.at(index)->setText(
+            QCoreApplication::translate("WindowMenu", themes[index].caption));
+}
+
+void WindowMenu::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QMenu::changeEvent(event);
+}

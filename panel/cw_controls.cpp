@@ -1,0 +1,234 @@
+#include "panel/cw_controls.h"
+
+#include "link/instrument_limits.h"
+#include "link/scpi_session.h"
+#include "numbers/number_text.h"
+#include "panel/clamp_field.h"
+#include "panel/events_line_edit.h"
+#include "panel/select_line.h"
+#include "panel/unit_key_filter.h"
+#include "panel/validators.h"
+
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace
+{
+constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
+constexpr char powerFormat[] = "POW %lf;POW?";
+const QString outputOnCommand = QStringLiteral("OUTPut ON");
+const QString outputOffCommand = QStringLiteral("OUTPut OFF");
+const QString externalSourceCommand = QStringLiteral("ROSCillator:SOURce EXTernal");
+const QString internalSourceCommand = QStringLiteral("ROSCillator:SOURce INTernal");
+const QString externalFrequencyCommand = QStringLiteral("ROSC:EXT:FREQ %1 MHZ");
+const QString externalFrequencyQuery = QStringLiteral("ROSC:EXT:FREQ?");
+
+/// Marks the text as what was set, with the cursor at its end and nothing selected.
+void selectAndDeselect(QLineEdit& field)
+{
+    field.selectAll();
+    field.deselect();
+}
+} // namespace
+
+CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, const Widgets& widgets,
+                       QObject* parent)
+    : QObject(parent), m_session(session), m_limits(limits), m_ui(widgets)
+{
+    setUpFields();
+    connect(&m_ui.reference, &QAbstractButton::toggled, this, &CwControls::animateSwitchRoscButton);
+    animateSwitchRoscButton(isRoscExt());
+    connect(&m_session, &ScpiSession::referenceUnlockSeen, this, &CwControls::showUnlockRosc);
+    connect(&m_session, &ScpiSession::referenceUnlockGone, this, &CwControls::hideUnlockRosc);
+}
+
+void CwControls::setUpFields()
+{
+    const struct {
+        QLineEdit& field;
+        FieldKind kind;
+    } fields[] = {{m_ui.frequency, FieldKind::Frequency},
+                  {m_ui.power, FieldKind::Power},
+                  {m_ui.referenceEntry, FieldKind::ExternalReference}};
+    for (const auto& entry : fields) {
+        setEntryValidator(&entry.field, entry.kind);
+        new UnitKeyFilter(&entry.field, entry.kind);
+        new selectLine(&entry.field);
+    }
+    new EventsLineEdit(&m_ui.frequency, StepKind::Frequency);
+    new EventsLineEdit(&m_ui.power, StepKind::Power);
+    connect(&m_ui.frequency, &QLineEdit::editingFinished, this,
+            &CwControls::on_FREQ_editingFinished);
+    connect(&m_ui.power, &QLineEdit::editingFinished, this, &CwControls::on_POW_editingFinished);
+    connect(&m_ui.referenceEntry, &QLineEdit::editingFinished, this,
+            &CwControls::RoscFreq_editingFinished);
+    connect(&m_ui.referenceEntry, &QLineEdit::textEdited, this, &CwControls::slotSetTextButtonRosc);
+}
+
+void CwControls::on_FREQ_editingFinished()
+{
+    QLineEdit& field = m_ui.frequency;
+    if (withoutBlanks(field.text()).isEmpty()) {
+        field.selectAll();
+        showAccepted(&field, QString());
+        field.deselect();
+        return;
+    }
+    clampField(m_limits.frequencyHz, FieldKind::Frequency, &field);
+    selectAndDeselect(field);
+    if (!m_session.isConnected())
+        return;
+    showAccepted(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
+                                                  FieldKind::Frequency));
+    m_session.checkErrors();
+}
+
+void CwControls::on_POW_editingFinished()
+{
+    if (!m_session.isConnected())
+        return;
+    QLineEdit& field = m_ui.power;
+    showAccepted(&field,
+                 m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
+    m_session.checkErrors();
+}
+
+void CwControls::on_Output_clicked()
+{
+    pushOutput();
+}
+
+void CwControls::pushOutput()
+{
+    if (m_session.isConnected())
+        m_session.writeChecked(m_ui.output.isChecked() ? outputOnCommand : outputOffCommand);
+}
+
+void CwControls::animateSwitchRoscButton(bool isExternal)
+{
+    m_ui.externalIndicator.setEnabled(isExternal);
+}
+
+bool CwControls::isRoscExt() const
+{
+    return m_ui.reference.isChecked();
+}
+
+void CwControls::on_ROSC_clicked()
+{
+    closeReferenceEntry();
+    if (isRoscExt())
+        captionReference(m_externalReferenceMHz);
+    pushReferenceSource();
+    pushExternalReference();
+}
+
+void CwControls::pushReferenceSource()
+{
+    if (m_session.isConnected())
+        m_session.writeChecked(isRoscExt() ? externalSourceCommand : internalSourceCommand);
+}
+
+void CwControls::pushExternalReference()
+{
+    if (isRoscExt())
+        sendExternalReference();
+}
+
+void CwControls::sendExternalReference()
+{
+    const QString captioned = captionedReferenceMHz();
+    const bool isOnlyCaption = captioned.isEmpty() && m_ui.referenceEntry.isHidden() && isRoscExt();
+    if (!isOnlyCaption) {
+        const Range<qint32>& range = m_limits.referenceMHz;
+        int frequencyMHz = captioned.toInt();
+        if (range.isKnown())
+            frequencyMHz = qMax(qMin(frequencyMHz, range.max), range.min);
+        if (m_session.isConnected()) {
+            m_session.write(externalFrequencyCommand.arg(frequencyMHz));
+            const QString reply = m_session.read(externalFrequencyQuery);
+            if (!m_session.lastFailed())
+                m_externalReferenceMHz = displayText(reply, FieldKind::ExternalReference);
+            m_session.checkErrors();
+        } else {
+            m_externalReferenceMHz = QString::number(frequencyMHz);
+        }
+    }
+    if (m_ui.referenceEntry.isHidden() && isRoscExt())
+        captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::setExternalReferenceMHz(const QString& frequencyMHz)
+{
+    m_externalReferenceMHz = frequencyMHz;
+    captionReference(frequencyMHz);
+}
+
+void CwControls::openReferenceEntry()
+{
+    showAccepted(&m_ui.referenceEntry, m_externalReferenceMHz);
+    m_ui.referenceEntry.show();
+    m_ui.referenceEntry.setFocus();
+    m_ui.referenceEntry.selectAll();
+}
+
+void CwControls::closeReferenceEntry()
+{
+    // Losing the focus by being hidden would commit the entry a second time.
+    const QSignalBlocker silent(m_ui.referenceEntry);
+    m_ui.referenceEntry.hide();
+}
+
+void CwControls::slotSetTextButtonRosc(const QString& typedMHz)
+{
+    captionReference(typedMHz);
+}
+
+void CwControls::RoscFreq_editingFinished()
+{
+    const QString typedMHz = withoutBlanks(m_ui.referenceEntry.text());
+    closeReferenceEntry();
+    if (typedMHz.isEmpty()) {
+        captionReference(m_externalReferenceMHz);
+        return;
+    }
+    captionReference(typedMHz);
+    sendExternalReference();
+    if (!m_session.isConnected())
+        captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::captionReference(const QString& frequencyMHz)
+{
+    m_ui.reference.setText(frequencyMHz.isEmpty() ? QString() : frequencyMHz + tr(" MHz"));
+}
+
+/// The frequency on the reference button, without its unit.
+QString CwControls::captionedReferenceMHz() const
+{
+    QString caption = m_ui.reference.text();
+    const QString unit = tr(" MHz");
+    if (caption.endsWith(unit))
+        caption.chop(unit.size());
+    return withoutBlanks(caption);
+}
+
+void CwControls::retranslate()
+{
+    captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::showUnlockRosc()
+{
+    m_ui.reference.setText(QString());
+    emit statusMessage(tr("The external reference is not locked"));
+    if (!isRoscExt())
+        m_ui.unlockIndicator.show();
+}
+
+void CwControls::hideUnlockRosc()
+{
+    m_ui.unlockIndicator.hide();
+    captionReference(m_externalReferenceMHz);
+}

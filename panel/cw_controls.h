@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class QAbstractButton;
+class QLineEdit;
+class QWidget;
+class ScpiSession;
+struct InstrumentLimits;
+
+/// The continuous-wave controls at work: frequency, power, RF output and reference oscillator go
+/// to the instrument, and what it answers goes back into their fields. Owns the stored external
+/// reference frequency and no widget. While disconnected the controls still edit and bound.
+class CwControls : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Widgets {
+        QLineEdit& frequency;
+        QLineEdit& power;
+        QAbstractButton& output;
+        QAbstractButton& reference; ///< checked: external
+        QLineEdit& referenceEntry;  ///< external frequency in whole MHz
+        QWidget& unlockIndicator;
+        QWidget& externalIndicator; ///< lit, that is enabled, while the reference is external
+    };
+
+    CwControls(ScpiSession& session, const InstrumentLimits& limits, const Widgets& widgets,
+               QObject* parent = nullptr);
+
+    /// The last external reference frequency that the instrument confirmed, or that was entered
+    /// without one; whole MHz without the unit.
+    QString externalReferenceMHz() const { return m_externalReferenceMHz; }
+    void setExternalReferenceMHz(const QString& frequencyMHz);
+
+    /// Shows the external-frequency entry for typing.
+    void openReferenceEntry();
+
+    /// Captions again after a change of language.
+    void retranslate();
+
+    /// The parts of the panel's state that a freshly connected instrument is given.
+    void pushReferenceSource();
+    void pushOutput();
+    /// Sends the external reference frequency while the switch is external.
+    void pushExternalReference();
+
+    /// Whether the reference switch is external.
+    bool isRoscExt() const;
+
+public slots:
+    void on_FREQ_editingFinished();
+    void on_POW_editingFinished();
+    void on_Output_clicked();
+    void on_ROSC_clicked();
+    void RoscFreq_editingFinished();
+    /// Captions the reference button with the frequency being typed.
+    void slotSetTextButtonRosc(const QString& typedMHz);
+    /// Shows which reference is selected.
+    void animateSwitchRoscButton(bool isExternal);
+    /// The external reference has lost its lock.
+    void showUnlockRosc();
+    void hideUnlockRosc();
+
+signals:
+    void statusMessage(const QString& message);
+
+private:
+    void setUpFields();
+    void sendExternalReference();
+    void captionReference(const QString& frequencyMHz);
+    QString captionedReferenceMHz() const;
+    void closeReferenceEntry();
+
+    ScpiSession& m_session;
+    const InstrumentLimits& m_limits;
+    Widgets m_ui;
+    QString m_externalReferenceMHz = QStringLiteral("10");
+};

@@ -1,0 +1,61 @@
+#include "panel/side_panel.h"
+
+#include <QEvent>
+#include <QIcon>
+#include <QLabel>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QVariant>
+
+namespace
+{
+constexpr int panelWidth = 440;
+constexpr int margin = 16;
+constexpr int spacing = 8;
+} // namespace
+
+SidePanel::SidePanel(const QString& objectName, QWidget* parent)
+    : QFrame(parent), m_title(new QLabel(this)), m_close(new QToolButton(this)),
+      m_content(new QVBoxLayout)
+{
+    setObjectName(objectName);
+    setProperty("sidePanel", true);
+    setFixedWidth(panelWidth);
+
+    m_title->setProperty("panelTitle", true);
+    m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
+    m_close->setAutoRaise(true);
+
+    auto* header = new QHBoxLayout;
+    header->addWidget(m_title, 1);
+    header->addWidget(m_close);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(spacing);
+    column->addLayout(header);
+    column->addLayout(m_content);
+    column->addStretch(1);
+    m_content->setSpacing(spacing);
+
+    connect(m_close, &QToolButton::clicked, this, &SidePanel::hide_);
+    SidePanel::retranslate();
+}
+
+void SidePanel::setTitle(const QString& title)
+{
+    m_title->setText(title);
+    setAccessibleName(title);
+}
+
+void SidePanel::retranslate()
+{
+    m_close->setToolTip(tr("Close panel"));
+    m_close->setAccessibleName(tr("Close panel"));
+}
+
+void SidePanel::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QFrame::changeEvent(event);
+}

@@ -1,0 +1,170 @@
+#include "service/about_box.h"
+
+#include "service/open_document.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace
+{
+constexpr int margin = 24;
+constexpr int spacing = 8;
+constexpr char supportAddress[] = "support@veltro.example";
+constexpr char softwareLink[] = "https://veltro.example/klv/software";
+constexpr char firmwareLink[] = "https://veltro.example/klv/firmware";
+const QString licenceFile = QStringLiteral("/license.txt");
+
+QString anchor(const QString& target, const QString& text)
+{
+    return QStringLiteral("<a href=\"%1\">%2</a>").arg(target, text);
+}
+} // namespace
+
+Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint)
+{
+    setObjectName(QStringLiteral("Form"));
+    setWindowModality(Qt::ApplicationModal);
+
+    auto* frame = new QFrame(this);
+    frame->setObjectName(QStringLiteral("frame"));
+    auto* header = new QLabel(frame);
+    header->setObjectName(QStringLiteral("header"));
+    header->setPixmap(QPixmap(QStringLiteral(":/images/header.png")));
+    m_title = new QLabel(frame);
+    m_title->setObjectName(QStringLiteral("title"));
+    m_close = new QPushButton(frame);
+    m_close->setObjectName(QStringLiteral("pushButton"));
+    m_calibrationCaption = new QLabel(frame);
+    m_calibrationCaption->setObjectName(QStringLiteral("lbl_Calibrate"));
+    m_calibrationDate = new QLabel(frame);
+    m_calibrationDate->setObjectName(QStringLiteral("lbl_CalibrateData"));
+    m_update = new QPushButton(frame);
+    m_update->setObjectName(QStringLiteral("butUpdate"));
+
+    auto* outer = new QVBoxLayout(this);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->addWidget(frame);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(spacing);
+    auto* top = new QHBoxLayout;
+    top->addWidget(header);
+    top->addWidget(m_title, 1);
+    column->addLayout(top);
+    for (QLabel** line :
+         {&m_product, &m_softwareRevision, &m_toolkit, &m_firmwareLine, &m_serialLine}) {
+        *line = new QLabel(frame);
+        column->addWidget(*line);
+    }
+    auto* calibration = new QHBoxLayout;
+    calibration->addWidget(m_calibrationCaption);
+    calibration->addWidget(m_calibrationDate, 1);
+    column->addLayout(calibration);
+    for (QLabel** line : {&m_support, &m_updateLinks, &m_license}) {
+        *line = new QLabel(frame);
+        (*line)->setTextInteractionFlags(Qt::LinksAccessibleByMouse |
+                                         Qt::LinksAccessibleByKeyboard);
+        column->addWidget(*line);
+    }
+    m_support->setOpenExternalLinks(true);
+    m_updateLinks->setOpenExternalLinks(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(m_update);
+    buttons->addWidget(m_close);
+    column->addSpacing(spacing);
+    column->addLayout(buttons);
+    m_close->setDefault(true);
+
+    connect(m_close, &QPushButton::clicked, this, &Form::on_pushButton_clicked);
+    connect(m_update, &QPushButton::clicked, this, &Form::requestUpdate);
+    connect(m_license, &QLabel::linkActivated, this, &Form::openLicense);
+    retranslate();
+    empty();
+}
+
+void Form::setSerial(const QString& serial)
+{
+    m_serial = serial;
+    m_serialLine->setText(tr("Serial: ") + serial);
+}
+
+void Form::setFirmware(const QString& version)
+{
+    m_firmware = version;
+    m_firmwareLine->setText(tr("Firmware revision:") + QLatin1Char(' ') + version);
+}
+
+void Form::setCalibrationDue(const QString& date)
+{
+    m_calibrationDate->setText(date);
+    const QDate due = QDate::fromString(date, QStringLiteral("dd.MM.yyyy"));
+    const bool isCurrent = date.isEmpty() || (due.isValid() && due > QDate::currentDate());
+    m_calibrationDate->setStyleSheet(isCurrent ? QStringLiteral("QLabel { color: black; }")
+                                               : QStringLiteral("QLabel { color: red; }"));
+}
+
+void Form::empty()
+{
+    setSerial(QString());
+    setFirmware(QString());
+    setCalibrationDue(QString());
+}
+
+void Form::openLicense(const QString&)
+{
+    openDocument(QCoreApplication::applicationDirPath() + licenceFile);
+}
+
+void Form::on_pushButton_clicked()
+{
+    close();
+}
+
+void Form::showAbout()
+{
+    show();
+    raise();
+    activateWindow();
+}
+
+void Form::requestUpdate()
+{
+    emit updateFirmware();
+    close();
+}
+
+void Form::retranslate()
+{
+    setWindowTitle(tr("About"));
+    m_title->setText(tr("About"));
+    m_product->setText(tr("KLV Client"));
+    m_softwareRevision->setText(tr("Software revision: 2.7.4"));
+    m_toolkit->setText(tr("This product uses  QT v 5.9.3"));
+    m_calibrationCaption->setText(tr("Calibration due date:"));
+    m_close->setText(tr("Close"));
+    m_update->setText(tr("Update"));
+    m_close->setToolTip(tr("Close this box (Escape)"));
+    m_update->setToolTip(tr("Update the firmware of the connected instrument"));
+    const QString support = QLatin1String(supportAddress);
+    m_support->setText(tr("Support: ") + anchor(QStringLiteral("mailto:") + support, support));
+    m_updateLinks->setText(tr("Update: ") + anchor(QLatin1String(softwareLink), tr("software")) +
+                           QLatin1Char(' ') + anchor(QLatin1String(firmwareLink), tr("firmware")));
+    m_license->setText(anchor(QStringLiteral("license"), tr("License")));
+    setSerial(m_serial);
+    setFirmware(m_firmware);
+}
+
+void Form::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QDialog::changeEvent(event);
+}

@@ -1,0 +1,9 @@
+#include "service/open_document.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+bool openDocument(const QString& path)
+{
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
