@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QLabel>
+
+/// A lamp of the display: a word or an icon, the icon drawn in the label's own text colour
+/// whatever colour it came in. It holds no state; being shown, enabled or filled is its state.
+class Indicator : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit Indicator(QWidget* parent = nullptr) : QLabel(parent) {}
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

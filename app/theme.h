@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+class QApplication;
+
+enum class ThemeName { Light, Dark };
+
+/// Names of the colours that the style sheet may use (written there with a leading "@").
+QStringList colourNames();
+
+/// The colour of that name; an unknown name gives an invalid colour.
+QColor themeColour(ThemeName theme, const QString& name);
+
+/// The panel's style sheet in the theme's colours. With `russianImages`, each image that has a
+/// "_ru.png" counterpart is replaced by it.
+QString styleSheet(ThemeName theme, bool russianImages);
+
+/// Gives the whole program its font, palette and style sheet, and keeps widgets in step with the
+/// dynamic properties that the sheet looks at ("connected", "lit", "edited", "warning"): setting
+/// such a property is all that an owner has to do. To be called before windows are made; a later
+/// call changes theme or language.
+void applyTheme(QApplication& application, ThemeName theme, bool russianImages);
