@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QDialog>
+
+/// The small box that shows one error message over the whole program until it is put away.
+/// It is shown without waiting and deletes itself when closed.
+class ErrorBox : public QDialog
+{
+    Q_OBJECT
+
+public:
+    explicit ErrorBox(const QString& message, QWidget* parent = nullptr);
+
+    /// Makes a box and shows it; returns at once.
+    static ErrorBox* report(const QString& message, QWidget* parent);
+};

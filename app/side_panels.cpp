@@ -1,0 +1,194 @@
+#include "app/side_panels.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QEvent>
+#include <QLayout>
+#include <QParallelAnimationGroup>
+#include <QPropertyAnimation>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int gap = 16;
+constexpr int grid = 8;
+constexpr int narrowest = 420;
+constexpr int widest = 560;
+constexpr int openingMs = 260;
+constexpr int closingMs = 200;
+
+QSize panelSize(const QWidget& panel)
+{
+    const QSize hint = panel.sizeHint().expandedTo(panel.minimumSize());
+    const int onGrid = (hint.width() + grid - 1) / grid * grid;
+    const int height = std::max(panel.minimumSizeHint().height(), panel.minimumHeight());
+    return {std::clamp(onGrid, narrowest, widest), std::max(height, 0)};
+}
+
+QPropertyAnimation* slide(QWidget* widget, const char* name, const QVariant& target, bool in)
+{
+    auto* animation = new QPropertyAnimation(widget, name);
+    animation->setDuration(in ? openingMs : closingMs);
+    animation->setEasingCurve(in ? QEasingCurve::OutCubic : QEasingCurve::InOutCubic);
+    animation->setStartValue(widget->property(name));
+    animation->setEndValue(target);
+    return animation;
+}
+} // namespace
+
+bool SidePanels::s_moving = false;
+
+SidePanels::SidePanels(QWidget* window, QWidget* drawer)
+    : QObject(window), m_window(window), m_drawer(drawer)
+{
+    window->layout()->setSizeConstraint(QLayout::SetFixedSize);
+    drawer->installEventFilter(this);
+}
+
+SidePanels::~SidePanels()
+{
+    if (m_running) {
+        delete m_running;
+        s_moving = false;
+    }
+}
+
+void SidePanels::add(QWidget* panel, QAbstractButton* toggle)
+{
+    panel->setParent(m_drawer);
+    panel->hide();
+    m_entries.push_back({panel, toggle});
+    showTogglesState();
+}
+
+void SidePanels::toggle(QWidget* panel)
+{
+    change(m_current == panel ? nullptr : panel);
+}
+
+void SidePanels::open(QWidget* panel)
+{
+    change(panel);
+}
+
+void SidePanels::close(QWidget* panel)
+{
+    if (m_current == panel)
+        change(nullptr);
+}
+
+QWidget* SidePanels::current() const
+{
+    return m_current;
+}
+
+void SidePanels::change(QWidget* next)
+{
+    if (s_moving || m_current == next) {
+        showTogglesState();
+        return;
+    }
+    s_moving = true;
+    QWidget* leaving = m_current;
+    m_current = next;
+    showTogglesState();
+    if (leaving)
+        slideOut(leaving, next);
+    else
+        slideIn(next);
+}
+
+void SidePanels::slideIn(QWidget* panel)
+{
+    const QSize size = panelSize(*panel);
+    panel->setGeometry(-size.width(), 0, size.width(), m_drawer->height());
+    panel->show();
+    panel->raise();
+    animate(panel, QPoint(gap, 0), size + QSize(gap, 0), true, [this, panel] {
+        emit opened(panel);
+        emit allMoved();
+    });
+}
+
+void SidePanels::slideOut(QWidget* panel, QWidget* next)
+{
+    takeFocusFrom(panel);
+    // When another follows, the window keeps its size in between: it does not breathe.
+    const QSize drawerSize = next ? m_drawer->minimumSize() : QSize(0, 0);
+    animate(panel, QPoint(-panel->width(), 0), drawerSize, false, [this, panel, next] {
+        panel->hide();
+        emit closed(panel);
+        if (next)
+            slideIn(next);
+        else
+            emit allMoved();
+    });
+}
+
+void SidePanels::animate(QWidget* panel, const QPoint& target, const QSize& drawerSize, bool in,
+                         const std::function<void()>& finished)
+{
+    auto* group = new QParallelAnimationGroup(this);
+    group->addAnimation(slide(panel, "pos", target, in));
+    group->addAnimation(slide(m_drawer, "minimumSize", drawerSize, in));
+    const QPoint windowPos = windowTarget(drawerSize);
+    if (windowPos != m_window->pos())
+        group->addAnimation(slide(m_window, "pos", windowPos, in));
+    connect(group, &QAbstractAnimation::finished, group, &QObject::deleteLater);
+    connect(group, &QAbstractAnimation::finished, this, finished);
+    m_running = group;
+    group->start();
+}
+
+/// Where the window has to stand so that it stays on the screen at its coming size, and back home
+/// once the drawer is shut, unless the user has moved it meanwhile.
+QPoint SidePanels::windowTarget(const QSize& drawerSize)
+{
+    const QPoint here = m_window->pos();
+    if (here != m_shiftedTo)
+        m_shift = QPoint();
+    if (drawerSize.isNull()) {
+        m_shiftedTo = here + m_shift;
+        const QPoint home = here + m_shift;
+        m_shift = QPoint();
+        return home;
+    }
+    const QRect screen = m_window->screen()->availableGeometry();
+    const QSize growth = (drawerSize - m_drawer->size()).expandedTo(QSize(0, 0));
+    const QPoint overhang =
+        QRect(here, m_window->frameSize() + growth).bottomRight() - screen.bottomRight();
+    const QPoint room = here - screen.topLeft();
+    const QPoint shift(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
+                       std::clamp(overhang.y(), 0, std::max(room.y(), 0)));
+    m_shift += shift;
+    m_shiftedTo = here - shift;
+    return m_shiftedTo;
+}
+
+void SidePanels::showTogglesState()
+{
+    for (const Entry& entry : m_entries)
+        if (entry.toggle)
+            entry.toggle->setChecked(entry.panel && entry.panel == m_current);
+}
+
+void SidePanels::takeFocusFrom(QWidget* panel)
+{
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus || !panel->isAncestorOf(focus))
+        return;
+    for (const Entry& entry : m_entries)
+        if (entry.panel == panel && entry.toggle)
+            entry.toggle->setFocus();
+}
+
+bool SidePanels::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        for (const Entry& entry : m_entries)
+            if (entry.panel)
+                entry.panel->resize(entry.panel->width(), m_drawer->height());
+    return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+#include <QPointer>
+#include <QSize>
+
+#include <functional>
+#include <vector>
+
+class QAbstractButton;
+class QParallelAnimationGroup;
+class QWidget;
+
+/// Slides the side panels in and out of the drawer, at most one open at a time, and grows the
+/// window with it. What a panel shows and when its contents are refreshed is the window's.
+class SidePanels : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `drawer` is an empty widget of `window`'s layout; the window is from now on as large as its
+    /// contents. Belongs to the window.
+    SidePanels(QWidget* window, QWidget* drawer);
+    ~SidePanels() override;
+
+    /// Takes a panel into the drawer, closed; `toggle` will always show whether it is open.
+    void add(QWidget* panel, QAbstractButton* toggle);
+
+    /// For a panel button's click: opens the panel, or closes it when it is the open one.
+    void toggle(QWidget* panel);
+    /// Opens `panel`, closing first whichever is open. Ignored while panels move.
+    void open(QWidget* panel);
+    /// Closes `panel` if it is the open one. Ignored while panels move.
+    void close(QWidget* panel);
+
+    /// The panel that is open or opening; null when none is.
+    QWidget* current() const;
+
+    /// Process-wide: set when panels start to move, cleared by whoever answers allMoved().
+    static bool moving() { return s_moving; }
+    static void setMoving(bool moving) { s_moving = moving; }
+
+signals:
+    void opened(QWidget* panel);
+    void closed(QWidget* panel);
+    /// The last animation of a sequence has finished.
+    void allMoved();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Entry {
+        QPointer<QWidget> panel;
+        QPointer<QAbstractButton> toggle;
+    };
+
+    void change(QWidget* next);
+    void slideIn(QWidget* panel);
+    void slideOut(QWidget* panel, QWidget* next);
+    void animate(QWidget* panel, const QPoint& target, const QSize& drawerSize, bool in,
+                 const std::function<void()>& finished);
+    QPoint windowTarget(const QSize& drawerSize);
+    void showTogglesState();
+    void takeFocusFrom(QWidget* panel);
+
+    static bool s_moving;
+
+    QWidget* m_window;
+    QWidget* m_drawer;
+    std::vector<Entry> m_entries;
+    QPointer<QWidget> m_current;
+    QPointer<QParallelAnimationGroup> m_running;
+    QPoint m_shift;
+    QPoint m_shiftedTo;
+};
