@@ -8,7 +8,7 @@ set -euo pipefail
 packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev qttools5-dev qttools5-dev-tools
-    libudev-dev libumockdev-dev
+    libudev-dev libumockdev-dev umockdev
     python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core
 )
 for option in "$@"; do
