@@ -1,0 +1,70 @@
+#pragma once
+
+#include "numbers/unit_keys.h"
+
+#include <QLatin1String>
+#include <QString>
+
+/// What a field holds. It decides which letters may be typed, how a reply is read and how many
+/// decimals are shown. Fields hold what travels on the wire; the unit stands behind each kind.
+enum class FieldKind {
+    Frequency,         ///< whole Hz
+    Power,             ///< dBm; replies are shown in whole dB
+    ExternalReference, ///< whole MHz
+    PulsePeriod,       ///< microseconds
+    PulseWidth,        ///< microseconds
+    ModulationRate,    ///< Hz
+    AmDepth,           ///< percent
+    FmDeviation,       ///< Hz
+    PmDeviation,       ///< radians
+    Duty,              ///< whole percent
+    LfFrequency,       ///< Hz
+    LfAmplitude,       ///< volts
+    LfDuty,            ///< whole percent
+    Dwell,             ///< microseconds
+    PointCount,
+};
+constexpr int fieldKindCount = 15;
+
+/// The sets of characters that fields accept.
+enum class EntryPattern {
+    Frequency,
+    SignedWhole,
+    SignedFrequency,
+    Time,
+    Voltage,
+    Percent,
+    Deviation,
+    PointCount,
+    Whole,
+};
+constexpr int entryPatternCount = 9;
+
+/// The case-sensitive regular expression that all of a field's text must match.
+QLatin1String patternText(EntryPattern pattern);
+
+EntryPattern entryPattern(FieldKind kind);
+UnitFamily unitFamily(FieldKind kind);
+
+/// Whether the digits of such a field are grouped: where its pattern admits the blank. Elsewhere a
+/// grouped text would not be valid.
+bool isGrouped(FieldKind kind);
+
+/// A value as a field of this kind shows it.
+QString fieldText(double value, FieldKind kind);
+
+/// A reply as a field of this kind shows it; empty for an empty reply. A reply that is not a number
+/// reads as 0.
+QString displayText(const QString& reply, FieldKind kind);
+
+/// A field's text with its unit letters carried out, bounded by the range and written as the kind
+/// is shown. Nothing is bounded while both limits are 0: no instrument has told them yet. Text that
+/// is empty but for blanks is returned as it is.
+QString clampText(const QString& text, double min, double max, FieldKind kind);
+
+/// A reply in microseconds: a plain number as it stands, with S, MS, US, U or NS converted.
+double microsecondsFromReply(const QString& reply);
+
+/// A reply in megahertz: with GHZ, MHZ, KHZ or HZ converted; a plain number of 100 000 or more is
+/// hertz, a smaller one megahertz.
+double megahertzFromReply(const QString& reply);

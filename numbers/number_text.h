@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QString>
+
+// The text of numbers as fields show and take it: a point before the fraction, a blank (U+0020)
+// between groups of three digits, whatever the locale. A reply is what the instrument answered.
+
+/// The text without any white space, wherever it stands.
+QString withoutBlanks(const QString& text);
+
+/// The number a text stands for, blanks removed first. Text that is not a number gives 0, one that
+/// is too large for the type the largest number of its sign. The result is always finite.
+double toNumber(const QString& text);
+
+/// The whole number a text stands for in base 10, blanks removed first. Text that is not a whole
+/// number ("2.5", "1e5") gives 0, one that is too large the largest number of its sign.
+qint64 toWholeNumber(const QString& text);
+
+/// Truncates toward zero; what 64 bits cannot hold becomes the nearest they can, NaN 0.
+qint64 truncated(double value);
+
+/// Fixed notation, halves rounded away from zero. Zero never carries a minus sign.
+QString fixedText(double value, int decimals);
+
+/// The shortest decimal text that reads back as the same number; never with an exponent.
+QString shortestText(double value);
+
+/// General format with 6 significant digits: 0.001, 5e-05, 1.23457e+09.
+QString generalText(double value);
+
+/// Groups the digits of a whole number by threes. A leading minus sign counts as a digit:
+/// "-1234" gives "-1 234" and "-123" gives "- 123".
+QString groupDigits(const QString& text);
+
+/// Groups the digits before the point. What follows a second point is dropped.
+QString formatGrouped(const QString& text);
+
+/// Removes the trailing zeros of a fraction, and its point or comma when nothing is left of it.
+QString trimZeros(const QString& text);
+
+/// Pads a fraction to two decimals. Three digits in a row count as a fraction of two decimals, so
+/// that "123.5" stays.
+QString padTwoDecimals(const QString& text);
+
+/// Turns a reply of a number, a blank and a word holding MHz, kHz or GHz in any case into hertz.
+/// Exact for whole numbers, 6 significant digits otherwise. Any other reply is returned without
+/// its line feeds.
+QString parseUnitReply(const QString& reply);
+
+/// The current setting in few characters: a frequency field's text as "2500 MHz".
+QString compactFrequency(const QString& fieldText);
+
+/// The current setting in few characters: a power field's text as "-10 dBm".
+QString compactPower(const QString& fieldText);

@@ -1,0 +1,80 @@
+#include "numbers/unit_keys.h"
+
+#include "numbers/number_text.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace
+{
+const QLatin1Char point('.');
+const QLatin1Char zero('0');
+
+struct UnitKey {
+    UnitFamily family;
+    char letter;
+    int powerOfTen;
+};
+constexpr UnitKey unitKeys[] = {
+    {UnitFamily::Frequency, 'k', 3}, {UnitFamily::Frequency, 'm', 6},
+    {UnitFamily::Frequency, 'g', 9}, {UnitFamily::Time, 'm', 3},
+    {UnitFamily::Time, 's', 6},      {UnitFamily::Voltage, 'm', -3},
+};
+
+const UnitKey* findUnitKey(QChar typed, UnitFamily family)
+{
+    const auto* key = std::find_if(std::begin(unitKeys), std::end(unitKeys), [=](const UnitKey& k) {
+        return k.family == family && typed.toLower() == QLatin1Char(k.letter);
+    });
+    return key == std::end(unitKeys) ? nullptr : key;
+}
+
+bool isPlainDecimal(const QString& text)
+{
+    static const QRegularExpression plainDecimal(
+        QStringLiteral("^-?([0-9]+\\.?[0-9]*|\\.[0-9]+)$"));
+    return plainDecimal.match(text).hasMatch();
+}
+} // namespace
+
+QString shiftedDecimal(const QString& number, int powerOfTen)
+{
+    const bool isNegative = number.startsWith(QLatin1Char('-'));
+    QString whole = number.section(point, 0, 0).mid(isNegative ? 1 : 0);
+    QString fraction = number.section(point, 1, 1);
+    if (powerOfTen >= 0) {
+        fraction = fraction.leftJustified(powerOfTen, zero);
+        whole += fraction.left(powerOfTen);
+        fraction.remove(0, powerOfTen);
+    } else {
+        whole = whole.rightJustified(-powerOfTen, zero);
+        fraction.prepend(whole.right(-powerOfTen));
+        whole.chop(-powerOfTen);
+    }
+    const auto* firstDigit =
+        std::find_if(whole.cbegin(), whole.cend(), [](QChar c) { return c != zero; });
+    whole.remove(0, static_cast<int>(firstDigit - whole.cbegin()));
+    if (whole.isEmpty())
+        whole = zero;
+    if (isNegative)
+        whole.prepend(QLatin1Char('-'));
+    return trimZeros(whole + point + fraction);
+}
+
+QString convertUnitKeys(const QString& text, UnitFamily family)
+{
+    QString typed = withoutBlanks(text).replace(QLatin1Char(','), point);
+    for (int i = 0; i < typed.size();) {
+        const UnitKey* key = findUnitKey(typed.at(i), family);
+        if (key == nullptr) {
+            ++i;
+            continue;
+        }
+        const QString number = typed.left(i);
+        if (isPlainDecimal(number))
+            return shiftedDecimal(number, key->powerOfTen);
+        typed.remove(i, 1);
+    }
+    return typed;
+}

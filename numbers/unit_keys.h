@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// What the unit letters typed into a field mean; in any case.
+enum class UnitFamily {
+    None,
+    Frequency, ///< k, m, g: kilo, mega, giga; the plain number is hertz
+    Time,      ///< m: milliseconds, s: seconds; the plain number is microseconds
+    Voltage,   ///< m: millivolt; the plain number is volts
+};
+
+/// A plain decimal number times a power of ten, exactly: the point is moved in the text. Needless
+/// zeros are dropped. The text holds an optional minus sign, digits and at most one point.
+QString shiftedDecimal(const QString& number, int powerOfTen);
+
+/// The number as typed, with its unit letter carried out: "2.5G" gives "2500000000". Blanks are
+/// removed and a comma counts as a point. A unit ends the number: what stands behind it is dropped.
+/// A letter without a number before it is dropped. Nothing else is checked or changed, so that an
+/// unfinished "-" or "1." stays as it is.
+QString convertUnitKeys(const QString& text, UnitFamily family);
