@@ -1,0 +1,42 @@
+#pragma once
+
+#include "numbers/stepping.h"
+
+#include <QObject>
+#include <QString>
+
+class QLineEdit;
+
+/// Steps the number in a focused line edit: the wheel and Up/Down by the step of its kind,
+/// Ctrl+Up/Down by the digit at the cursor. Each step commits at once. Installs itself on the line
+/// edit, which owns it; owns neither steps nor limits.
+class EventsLineEdit : public QObject
+{
+    Q_OBJECT
+
+public:
+    EventsLineEdit(QLineEdit* edit, StepKind kind, StepFlags flags = {});
+
+    void setKind(StepKind kind) { m_kind = kind; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    /// Where the last digit step left the cursor. The place is remembered because a number that
+    /// has become shorter no longer shows it.
+    struct DigitCursor {
+        QString text;
+        int position = -1;
+        int decimalPlace = 0;
+    };
+
+    void step(int direction);
+    void stepDigit(int direction);
+    void commit();
+
+    QLineEdit* m_edit;
+    StepKind m_kind;
+    StepFlags m_flags;
+    DigitCursor m_lastDigit;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QObject>
+
+class QLineEdit;
+
+/// Selects the whole text of a line edit when it takes the focus, so that typing replaces it. The
+/// click that brings the focus selects too, unless it drags a selection of its own; the next click
+/// places the cursor. Installs itself on the line edit, which owns it.
+class selectLine : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit selectLine(QLineEdit* edit);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QLineEdit* m_edit;
+    bool m_isFocusingClick = false;
+};

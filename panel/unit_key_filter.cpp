@@ -1,0 +1,110 @@
+#include "panel/unit_key_filter.h"
+
+#include "numbers/number_text.h"
+#include "panel/validators.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QValidator>
+#include <QVariant>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+constexpr char editedProperty[] = "edited";
+
+/// The cursor position behind so many characters that are not blanks.
+int positionBehind(const QString& text, int characters)
+{
+    int position = 0;
+    for (int i = 0; i < text.size() && characters > 0; ++i) {
+        if (!text.at(i).isSpace()) {
+            --characters;
+            position = i + 1;
+        }
+    }
+    return position;
+}
+
+bool isBlankAt(const QString& text, int position)
+{
+    return position >= 0 && position < text.size() && text.at(position) == QLatin1Char(' ');
+}
+/// While a field's text is invalid, as a grouped "- 123" is among digits and minus signs, its
+/// validator lets anything be typed.
+QString withoutForeign(const QString& text, FieldKind kind)
+{
+    const QValidator* validator = entryValidator(entryPattern(kind));
+    const auto isValid = [validator](QString part) {
+        int position = 0;
+        return validator->validate(part, position) != QValidator::Invalid;
+    };
+    if (isValid(text))
+        return text;
+    QString result;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(result),
+                 [&](QChar c) { return isValid(QString(c)); });
+    return result;
+}
+
+/// A typed text, or the part of it before the cursor, without blanks and unit letters.
+QString convertedText(const QString& typed, FieldKind kind)
+{
+    return withoutForeign(convertUnitKeys(typed, unitFamily(kind)), kind);
+}
+} // namespace
+
+void reformatEdited(QLineEdit* field, FieldKind kind)
+{
+    const QString typed = field->text();
+    const QString converted = convertedText(typed, kind);
+    const QString text = isGrouped(kind) ? formatGrouped(converted) : converted;
+    if (text == typed)
+        return;
+    const QString beforeCursor = typed.left(field->cursorPosition());
+    const int charactersBefore = convertedText(beforeCursor, kind).size();
+    field->setText(text);
+    field->setCursorPosition(positionBehind(text, charactersBefore));
+}
+
+void showAccepted(QLineEdit* field, const QString& text)
+{
+    if (field->text() != text)
+        field->setText(text);
+    setEdited(field, false);
+}
+
+void setEdited(QLineEdit* field, bool isEdited)
+{
+    if (field->property(editedProperty).toBool() == isEdited)
+        return;
+    field->setProperty(editedProperty, isEdited);
+    field->style()->unpolish(field);
+    field->style()->polish(field);
+}
+
+UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind) : QObject(field), m_field(field)
+{
+    field->installEventFilter(this);
+    connect(field, &QLineEdit::textEdited, this, [field, kind] {
+        setEdited(field, true);
+        reformatEdited(field, kind);
+    });
+}
+
+bool UnitKeyFilter::eventFilter(QObject* watched, QEvent* event)
+{
+    // Grouping would bring back a deleted blank at once: the digit beyond it is meant.
+    if (event->type() == QEvent::KeyPress && !m_field->hasSelectedText()) {
+        const auto* key = static_cast<const QKeyEvent*>(event);
+        const int cursor = m_field->cursorPosition();
+        if (key->key() == Qt::Key_Backspace && isBlankAt(m_field->text(), cursor - 1))
+            m_field->setCursorPosition(cursor - 1);
+        else if (key->key() == Qt::Key_Delete && isBlankAt(m_field->text(), cursor))
+            m_field->setCursorPosition(cursor + 1);
+    }
+    return QObject::eventFilter(watched, event);
+}

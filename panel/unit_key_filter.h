@@ -1,0 +1,36 @@
+#pragma once
+
+#include "numbers/field_kind.h"
+
+#include <QObject>
+
+class QLineEdit;
+
+/// Puts a text just typed into the form its kind is shown in: unit letters carried out, digits
+/// grouped, the cursor still at the same digit. Does not announce an edit; unfinished text such as
+/// "-" or "1." stays.
+void reformatEdited(QLineEdit* field, FieldKind kind);
+
+/// Shows a text that the instrument answered or that has been accepted. Announces nothing, and the
+/// field no longer counts as edited.
+void showAccepted(QLineEdit* field, const QString& text);
+
+/// Sets the dynamic property "edited": true while a field holds what the user typed and has not yet
+/// been accepted. The style sheet shows it.
+void setEdited(QLineEdit* field, bool isEdited);
+
+/// Keeps a line edit's text in the form of its kind while the user types, and marks it as edited.
+/// Commits nothing. Belongs to the line edit.
+class UnitKeyFilter : public QObject
+{
+    Q_OBJECT
+
+public:
+    UnitKeyFilter(QLineEdit* field, FieldKind kind);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QLineEdit* m_field;
+};
