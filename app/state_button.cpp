@@ -16,7 +16,7 @@ StateButton::StateButton(QWidget* parent) : QPushButton(parent), m_shortcut(new 
     connect(&m_fade, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(&m_fade, &QVariantAnimation::finished, this, [this] { m_lookBefore = QPixmap(); });
     connect(this, &QAbstractButton::toggled, this, &StateButton::showCaption);
-    connect(m_shortcut, &QShortcut::activated, this, [this] { animateClick(); });
+    connect(m_shortcut, &QShortcut::activated, this, &QAbstractButton::click);
 }
 
 void StateButton::setTextOff(const QString& text)
@@ -49,11 +49,12 @@ void StateButton::showCaption()
 
 void StateButton::nextCheckState()
 {
-    if (isVisible())
+    if (isCheckable() && isVisible()) {
         m_lookBefore = grab();
+        m_fade.stop();
+        m_fade.start();
+    }
     QPushButton::nextCheckState();
-    m_fade.stop();
-    m_fade.start();
 }
 
 void StateButton::paintEvent(QPaintEvent* event)

@@ -7,8 +7,9 @@
 
 class QShortcut;
 
-/// A checkable button that words its own state and fades from one look to the other when clicked.
-/// It keeps no state beside QAbstractButton's checked one and decides nothing about it.
+/// A button whose keys outlive a new caption and which, when checkable, words its own state and
+/// fades from one look to the other on a click. It keeps no state beside QAbstractButton's checked
+/// one and decides nothing about it.
 class StateButton : public QPushButton
 {
     Q_OBJECT
@@ -25,7 +26,7 @@ public:
     void setTextOff(const QString& text);
     void setTextOn(const QString& text);
 
-    /// Keys that click the button. Unlike QAbstractButton's shortcut they outlive a new caption.
+    /// Keys that click the button; setting a text takes away QAbstractButton's own shortcut.
     QKeySequence keys() const;
     void setKeys(const QKeySequence& keys);
 

@@ -34,7 +34,8 @@ constexpr NamedColour colours[] = {
     {"figures", "#eef6fc", "#eef6fc"},     {"displayMuted", "#93a6b6", "#93a6b6"},
     {"displayLine", "#33424e", "#33424e"}, {"displayUnlit", "#5b6b78", "#5b6b78"},
     {"on", "#ffb52e", "#ffb52e"},          {"onText", "#1d1400", "#1d1400"},
-    {"warning", "#8a4b00", "#ffb86b"},     {"error", "#ff7a6b", "#ff7a6b"},
+    {"paper", "#ffffff", "#ffffff"},       {"warning", "#8a4b00", "#ffb86b"},
+    {"error", "#ff7a6b", "#ff7a6b"},
 };
 
 /// Has the style look again at a widget when a property that the sheet selects by has changed.
