@@ -15,6 +15,8 @@ LockFile::LockFile(const std::string& name) : m_handle(new Handle)
     std::error_code error;
     const char* folder = std::getenv("XDG_RUNTIME_DIR");
     std::filesystem::path path = folder == nullptr ? "" : folder;
+    if (!path.empty())
+        std::filesystem::create_directories(path, error);
     if (path.empty() || !std::filesystem::is_directory(path, error))
         path = std::filesystem::temp_directory_path(error);
     path /= "klv-demo-" + std::to_string(getuid()) + "-" + name + ".lock";

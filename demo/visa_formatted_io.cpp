@@ -16,7 +16,10 @@ using Counts = IoCall::Counts;
 class SessionSource : public ScanSource
 {
 public:
-    explicit SessionSource(IoCall& call) : m_call(call), m_buffer(call.session().readBuffer) {}
+    explicit SessionSource(IoCall& call) : m_call(call), m_buffer(call.session().readBuffer)
+    {
+        beginConversion();
+    }
 
     std::string_view available() override
     {
@@ -29,7 +32,12 @@ public:
         return std::string_view(m_buffer.bytes).substr(m_buffer.position);
     }
     void consume(size_t count) override { m_buffer.position += count; }
-    void beginConversion() override { m_isEnded = false; }
+    void beginConversion() override
+    {
+        m_isEnded = false;
+        if (m_buffer.isEmpty())
+            m_buffer.discard();
+    }
     ViStatus status() const override { return m_status; }
 
 private:
