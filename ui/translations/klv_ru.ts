@@ -2,6 +2,70 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU" sourcelanguage="en">
 <context>
+    <name>Connection</name>
+    <message>
+        <source>Searching for instruments...</source>
+        <translation>Поиск приборов...</translation>
+    </message>
+    <message>
+        <source>Choose an instrument</source>
+        <translation>Выберите прибор</translation>
+    </message>
+    <message>
+        <source>No instrument found</source>
+        <translation>Прибор не найден</translation>
+    </message>
+    <message>
+        <source>Another running copy of the program holds this instrument</source>
+        <translation>Прибор занят другой запущенной копией программы</translation>
+    </message>
+    <message>
+        <source>Connecting...</source>
+        <translation>Подключение...</translation>
+    </message>
+    <message>
+        <source>The instrument could not be opened</source>
+        <translation>Не удалось открыть прибор</translation>
+    </message>
+    <message>
+        <source>Waiting for the instrument to leave its mass-storage mode</source>
+        <translation>Прибор выходит из режима запоминающего устройства</translation>
+    </message>
+    <message>
+        <source>no access to the device</source>
+        <translation>нет доступа к прибору</translation>
+    </message>
+    <message>
+        <source>Software version is not compatible with this version of KLV firmware. 
+ Please use KLV 2.3 software or lower.</source>
+        <translation>Версия программы несовместима с этой версией прошивки KLV. 
+ Используйте программу KLV версии 2.3 или ниже.</translation>
+    </message>
+    <message>
+        <source>connection error</source>
+        <translation>ошибка связи</translation>
+    </message>
+    <message>
+        <source>Setting up the instrument...</source>
+        <translation>Настройка прибора...</translation>
+    </message>
+    <message>
+        <source>The instrument has been unplugged</source>
+        <translation>Прибор отсоединён</translation>
+    </message>
+</context>
+<context>
+    <name>CwControls</name>
+    <message>
+        <source> MHz</source>
+        <translation> МГц</translation>
+    </message>
+    <message>
+        <source>The external reference is not locked</source>
+        <translation>Нет захвата внешнего опорного сигнала</translation>
+    </message>
+</context>
+<context>
     <name>ErrorBox</name>
     <message>
         <source>Error</source>
@@ -14,6 +78,76 @@
     <message>
         <source>Put the message away (Esc)</source>
         <translation>Убрать сообщение (Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>Form</name>
+    <message>
+        <source>Serial: </source>
+        <translation>Серийный номер: </translation>
+    </message>
+    <message>
+        <source>Firmware revision:</source>
+        <translation>Версия прошивки:</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>О программе</translation>
+    </message>
+    <message>
+        <source>KLV Client</source>
+        <translation>KLV Client</translation>
+    </message>
+    <message>
+        <source>Software revision: 2.7.4</source>
+        <translation>Версия программы: 2.7.4</translation>
+    </message>
+    <message>
+        <source>This product uses  QT v 5.9.3</source>
+        <translation>В программе использована библиотека QT v 5.9.3</translation>
+    </message>
+    <message>
+        <source>Calibration due date:</source>
+        <translation>Поверка действительна до:</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>Close this box (Escape)</source>
+        <translation>Закрыть окно (Esc)</translation>
+    </message>
+    <message>
+        <source>Update the firmware of the connected instrument</source>
+        <translation>Обновить прошивку подключённого прибора</translation>
+    </message>
+    <message>
+        <source>Support: </source>
+        <translation>Поддержка: </translation>
+    </message>
+    <message>
+        <source>Update: </source>
+        <translation>Обновления: </translation>
+    </message>
+    <message>
+        <source>software</source>
+        <translation>программа</translation>
+    </message>
+    <message>
+        <source>firmware</source>
+        <translation>прошивка</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Лицензия</translation>
+    </message>
+</context>
+<context>
+    <name>GuiListKLV</name>
+    <message>
+        <source>All Device</source>
+        <translation>Все приборы</translation>
     </message>
 </context>
 <context>
@@ -333,6 +467,101 @@
     <message>
         <source>Close (Ctrl+Q)</source>
         <translation>Закрыть (Ctrl+Q)</translation>
+    </message>
+    <message>
+        <source>The settings cannot be read: defaults are used</source>
+        <translation>Настройки не читаются: используются значения по умолчанию</translation>
+    </message>
+    <message>
+        <source>The settings cannot be written: changes will not be kept</source>
+        <translation>Настройки не записываются: изменения не сохранятся</translation>
+    </message>
+    <message>
+        <source>No VISA library found: install the maker&apos;s VISA library</source>
+        <translation>Библиотека VISA не найдена: установите библиотеку VISA изготовителя</translation>
+    </message>
+    <message>
+        <source>The help file is not beside the program</source>
+        <translation>Файла справки нет рядом с программой</translation>
+    </message>
+</context>
+<context>
+    <name>ScpiSession</name>
+    <message>
+        <source>connection error</source>
+        <translation>ошибка связи</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceCommands</name>
+    <message>
+        <source>error getting dac</source>
+        <translation>ошибка чтения ЦАП</translation>
+    </message>
+    <message>
+        <source>error getting temperature</source>
+        <translation>ошибка чтения температуры</translation>
+    </message>
+</context>
+<context>
+    <name>SidePanel</name>
+    <message>
+        <source>Close panel</source>
+        <translation>Закрыть панель</translation>
+    </message>
+</context>
+<context>
+    <name>WindowMenu</name>
+    <message>
+        <source>As the system</source>
+        <translation>Как в системе</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Светлая</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Тёмная</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Справка</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>О программе</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Язык</translation>
+    </message>
+    <message>
+        <source>Theme</source>
+        <translation>Тема</translation>
+    </message>
+    <message>
+        <source>Quit</source>
+        <translation>Выход</translation>
+    </message>
+</context>
+<context>
+    <name>service</name>
+    <message>
+        <source>Serial:</source>
+        <translation>Серийный номер:</translation>
+    </message>
+    <message>
+        <source>Reference oscillator DAC</source>
+        <translation>ЦАП опорного генератора</translation>
+    </message>
+    <message>
+        <source>Tuning of the reference oscillator; Return sends it</source>
+        <translation>Подстройка опорного генератора; отправка клавишей Enter</translation>
+    </message>
+    <message>
+        <source>Temperature inside the instrument</source>
+        <translation>Температура внутри прибора</translation>
     </message>
 </context>
 </TS>
