@@ -10,12 +10,12 @@ void Indicator::paintEvent(QPaintEvent* event)
         QLabel::paintEvent(event);
         return;
     }
-    QFrame::paintEvent(event);
     {
         QPainter tint(&icon);
         tint.setCompositionMode(QPainter::CompositionMode_SourceIn);
         tint.fillRect(icon.rect(), palette().color(foregroundRole()));
     }
     QPainter painter(this);
+    drawFrame(&painter);
     style()->drawItemPixmap(&painter, contentsRect(), Qt::AlignCenter, icon);
 }
