@@ -29,6 +29,7 @@ const UnitKey* findUnitKey(QChar typed, UnitFamily family)
     });
     return key == std::end(unitKeys) ? nullptr : key;
 }
+} // namespace
 
 bool isPlainDecimal(const QString& text)
 {
@@ -36,7 +37,6 @@ bool isPlainDecimal(const QString& text)
         QStringLiteral("^-?([0-9]+\\.?[0-9]*|\\.[0-9]+)$"));
     return plainDecimal.match(text).hasMatch();
 }
-} // namespace
 
 QString shiftedDecimal(const QString& number, int powerOfTen)
 {
@@ -62,7 +62,7 @@ QString shiftedDecimal(const QString& number, int powerOfTen)
     return trimZeros(whole + point + fraction);
 }
 
-QString convertUnitKeys(const QString& text, UnitFamily family)
+QString convertUnitKeys(const QString& text, UnitFamily family, int plainPower)
 {
     QString typed = withoutBlanks(text).replace(QLatin1Char(','), point);
     for (int i = 0; i < typed.size();) {
@@ -73,7 +73,7 @@ QString convertUnitKeys(const QString& text, UnitFamily family)
         }
         const QString number = typed.left(i);
         if (isPlainDecimal(number))
-            return shiftedDecimal(number, key->powerOfTen);
+            return shiftedDecimal(number, key->powerOfTen - plainPower);
         typed.remove(i, 1);
     }
     return typed;

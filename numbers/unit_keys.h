@@ -10,12 +10,16 @@ enum class UnitFamily {
     Voltage,   ///< m: millivolt; the plain number is volts
 };
 
+/// Whether a text is an optional minus sign, digits and at most one point, with a digit among them.
+bool isPlainDecimal(const QString& text);
+
 /// A plain decimal number times a power of ten, exactly: the point is moved in the text. Needless
-/// zeros are dropped. The text holds an optional minus sign, digits and at most one point.
+/// zeros are dropped.
 QString shiftedDecimal(const QString& number, int powerOfTen);
 
 /// The number as typed, with its unit letter carried out: "2.5G" gives "2500000000". Blanks are
 /// removed and a comma counts as a point. A unit ends the number: what stands behind it is dropped.
 /// A letter without a number before it is dropped. Nothing else is checked or changed, so that an
-/// unfinished "-" or "1." stays as it is.
-QString convertUnitKeys(const QString& text, UnitFamily family);
+/// unfinished "-" or "1." stays as it is. Where the plain number does not stand for the family's
+/// own unit but for a power of ten of it, `plainPower` is that power: 3 where it is milliseconds.
+QString convertUnitKeys(const QString& text, UnitFamily family, int plainPower = 0);

@@ -4,10 +4,8 @@
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "panel/clamp_field.h"
-#include "panel/events_line_edit.h"
-#include "panel/select_line.h"
+#include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
-#include "panel/validators.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -45,19 +43,9 @@ CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, con
 
 void CwControls::setUpFields()
 {
-    const struct {
-        QLineEdit& field;
-        FieldKind kind;
-    } fields[] = {{m_ui.frequency, FieldKind::Frequency},
-                  {m_ui.power, FieldKind::Power},
-                  {m_ui.referenceEntry, FieldKind::ExternalReference}};
-    for (const auto& entry : fields) {
-        setEntryValidator(&entry.field, entry.kind);
-        new UnitKeyFilter(&entry.field, entry.kind);
-        new selectLine(&entry.field);
-    }
-    new EventsLineEdit(&m_ui.frequency, StepKind::Frequency);
-    new EventsLineEdit(&m_ui.power, StepKind::Power);
+    setUpNumericField(&m_ui.frequency, FieldKind::Frequency, StepKind::Frequency);
+    setUpNumericField(&m_ui.power, FieldKind::Power, StepKind::Power);
+    setUpNumericField(&m_ui.referenceEntry, FieldKind::ExternalReference);
     connect(&m_ui.frequency, &QLineEdit::editingFinished, this,
             &CwControls::on_FREQ_editingFinished);
     connect(&m_ui.power, &QLineEdit::editingFinished, this, &CwControls::on_POW_editingFinished);

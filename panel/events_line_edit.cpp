@@ -1,6 +1,9 @@
 #include "panel/events_line_edit.h"
 
+#include "numbers/number_text.h"
 #include "numbers/step_table.h"
+#include "numbers/unit_keys.h"
+#include "panel/unit_key_filter.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -15,6 +18,15 @@ int wheelDirection(const QWheelEvent& event)
     const QPoint turn = event.angleDelta();
     const int delta = turn.y() != 0 ? turn.y() : turn.x();
     return delta > 0 ? 1 : delta < 0 ? -1 : 0;
+}
+
+/// A number in another unit, grouped; anything else as it is.
+QString shiftedText(const QString& text, int powerOfTen)
+{
+    const QString number = withoutBlanks(text);
+    if (powerOfTen == 0 || !isPlainDecimal(number))
+        return text;
+    return formatGrouped(shiftedDecimal(number, powerOfTen));
 }
 
 int keyDirection(const QKeyEvent& event)
@@ -58,7 +70,10 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
 void EventsLineEdit::step(int direction)
 {
     const double size = StepTable::global().step(m_kind);
-    m_edit->setText(steppedText(m_edit->text(), direction, m_kind, size, m_flags));
+    // Steps count in the kind's own unit, whatever unit the field shows.
+    const int power = unitPower(m_edit);
+    const QString text = shiftedText(m_edit->text(), power);
+    m_edit->setText(shiftedText(steppedText(text, direction, m_kind, size, m_flags), -power));
     commit();
 }
 

@@ -19,6 +19,9 @@ public:
 
     void setKind(StepKind kind) { m_kind = kind; }
 
+    /// One step up (direction 1) or down (-1), as by the wheel; the focus does not matter.
+    void step(int direction);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -31,7 +34,6 @@ private:
         int decimalPlace = 0;
     };
 
-    void step(int direction);
     void stepDigit(int direction);
     void commit();
 

@@ -15,6 +15,7 @@
 namespace
 {
 constexpr char editedProperty[] = "edited";
+constexpr char unitPowerProperty[] = "unitPower";
 
 /// The cursor position behind so many characters that are not blanks.
 int positionBehind(const QString& text, int characters)
@@ -51,21 +52,21 @@ QString withoutForeign(const QString& text, FieldKind kind)
 }
 
 /// A typed text, or the part of it before the cursor, without blanks and unit letters.
-QString convertedText(const QString& typed, FieldKind kind)
+QString convertedText(const QString& typed, FieldKind kind, int plainPower)
 {
-    return withoutForeign(convertUnitKeys(typed, unitFamily(kind)), kind);
+    return withoutForeign(convertUnitKeys(typed, unitFamily(kind), plainPower), kind);
 }
 } // namespace
 
 void reformatEdited(QLineEdit* field, FieldKind kind)
 {
     const QString typed = field->text();
-    const QString converted = convertedText(typed, kind);
+    const QString converted = convertedText(typed, kind, unitPower(field));
     const QString text = isGrouped(kind) ? formatGrouped(converted) : converted;
     if (text == typed)
         return;
     const QString beforeCursor = typed.left(field->cursorPosition());
-    const int charactersBefore = convertedText(beforeCursor, kind).size();
+    const int charactersBefore = convertedText(beforeCursor, kind, unitPower(field)).size();
     field->setText(text);
     field->setCursorPosition(positionBehind(text, charactersBefore));
 }
@@ -84,6 +85,16 @@ void setEdited(QLineEdit* field, bool isEdited)
     field->setProperty(editedProperty, isEdited);
     field->style()->unpolish(field);
     field->style()->polish(field);
+}
+
+void setUnitPower(QLineEdit* field, int powerOfTen)
+{
+    field->setProperty(unitPowerProperty, powerOfTen);
+}
+
+int unitPower(const QLineEdit* field)
+{
+    return field->property(unitPowerProperty).toInt();
 }
 
 UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind) : QObject(field), m_field(field)

@@ -19,6 +19,12 @@ void showAccepted(QLineEdit* field, const QString& text);
 /// been accepted. The style sheet shows it.
 void setEdited(QLineEdit* field, bool isEdited);
 
+/// The power of ten of its kind's own unit that a field's plain number counts in: 3 while a field
+/// of microseconds shows milliseconds, 0 unless set. Unit letters, steps and the keypad heed it;
+/// what bounds and sends the field has to convert.
+void setUnitPower(QLineEdit* field, int powerOfTen);
+int unitPower(const QLineEdit* field);
+
 /// Keeps a line edit's text in the form of its kind while the user types, and marks it as edited.
 /// Commits nothing. Belongs to the line edit.
 class UnitKeyFilter : public QObject

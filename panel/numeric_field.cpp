@@ -1,0 +1,46 @@
+#include "panel/numeric_field.h"
+
+#include "panel/events_line_edit.h"
+#include "panel/select_line.h"
+#include "panel/unit_key_filter.h"
+#include "panel/validators.h"
+
+#include <QLineEdit>
+#include <QVariant>
+
+namespace
+{
+constexpr char fieldKindProperty[] = "fieldKind";
+constexpr char stepKindProperty[] = "stepKind";
+} // namespace
+
+void setUpNumericField(QLineEdit* edit, FieldKind kind, std::optional<StepKind> step)
+{
+    setEntryValidator(edit, kind);
+    new UnitKeyFilter(edit, kind);
+    new selectLine(edit);
+    edit->setProperty(fieldKindProperty, static_cast<int>(kind));
+    if (!step)
+        return;
+    new EventsLineEdit(edit, *step);
+    edit->setProperty(stepKindProperty, static_cast<int>(*step));
+}
+
+std::optional<NumericField> numericField(QLineEdit* edit)
+{
+    const QVariant kind = edit->property(fieldKindProperty);
+    if (!kind.isValid())
+        return std::nullopt;
+    NumericField field{edit, static_cast<FieldKind>(kind.toInt()), std::nullopt};
+    const QVariant step = edit->property(stepKindProperty);
+    if (step.isValid())
+        field.step = static_cast<StepKind>(step.toInt());
+    return field;
+}
+
+void stepNumericField(QLineEdit* edit, int direction)
+{
+    auto* events = edit->findChild<EventsLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
+    if (events != nullptr)
+        events->step(direction);
+}
