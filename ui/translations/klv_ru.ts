@@ -66,6 +66,65 @@
     </message>
 </context>
 <context>
+    <name>EntryUnit</name>
+    <message>
+        <source>dB</source>
+        <translation>дБ</translation>
+    </message>
+    <message>
+        <source>ns</source>
+        <translation>нс</translation>
+    </message>
+    <message>
+        <source>dBm</source>
+        <translation>дБм</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>МГц</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>rad</source>
+        <translation>рад</translation>
+    </message>
+    <message>
+        <source>GHz</source>
+        <translation>ГГц</translation>
+    </message>
+    <message>
+        <source>kHz</source>
+        <translation>кГц</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Гц</translation>
+    </message>
+    <message>
+        <source>s</source>
+        <translation>с</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>мс</translation>
+    </message>
+    <message>
+        <source>µs</source>
+        <translation>мкс</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>В</translation>
+    </message>
+    <message>
+        <source>mV</source>
+        <translation>мВ</translation>
+    </message>
+</context>
+<context>
     <name>ErrorBox</name>
     <message>
         <source>Error</source>
@@ -148,6 +207,100 @@
     <message>
         <source>All Device</source>
         <translation>Все приборы</translation>
+    </message>
+</context>
+<context>
+    <name>Keypad</name>
+    <message>
+        <source>Close without a change (Esc)</source>
+        <translation>Закрыть без изменения (Esc)</translation>
+    </message>
+    <message>
+        <source>Close keypad</source>
+        <translation>Закрыть клавиатуру</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Ввод</translation>
+    </message>
+    <message>
+        <source>Enter the number as it stands (Return)</source>
+        <translation>Ввести число как есть (Enter)</translation>
+    </message>
+    <message>
+        <source>Enter the number</source>
+        <translation>Ввести число</translation>
+    </message>
+    <message>
+        <source>Enter the step of the arrows and the wheel</source>
+        <translation>Ввести шаг стрелок и колеса</translation>
+    </message>
+    <message>
+        <source>%1: step</source>
+        <translation>%1: шаг</translation>
+    </message>
+    <message>
+        <source>Step %1</source>
+        <translation>Шаг %1</translation>
+    </message>
+</context>
+<context>
+    <name>KeypadKeys</name>
+    <message>
+        <source>Digit %1</source>
+        <translation>Цифра %1</translation>
+    </message>
+    <message>
+        <source>Sign</source>
+        <translation>Знак</translation>
+    </message>
+    <message>
+        <source>Change the sign (-)</source>
+        <translation>Сменить знак (-)</translation>
+    </message>
+    <message>
+        <source>Decimal point</source>
+        <translation>Десятичная точка</translation>
+    </message>
+    <message>
+        <source>Decimal point (.)</source>
+        <translation>Десятичная точка (.)</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Стереть</translation>
+    </message>
+    <message>
+        <source>Delete the last character (Backspace)</source>
+        <translation>Стереть последний знак (Backspace)</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Очистить</translation>
+    </message>
+    <message>
+        <source>Clear the number</source>
+        <translation>Очистить число</translation>
+    </message>
+    <message>
+        <source>One step up</source>
+        <translation>На шаг вверх</translation>
+    </message>
+    <message>
+        <source>Set the value one step higher at once</source>
+        <translation>Сразу увеличить значение на шаг</translation>
+    </message>
+    <message>
+        <source>One step down</source>
+        <translation>На шаг вниз</translation>
+    </message>
+    <message>
+        <source>Set the value one step lower at once</source>
+        <translation>Сразу уменьшить значение на шаг</translation>
+    </message>
+    <message>
+        <source>Enter the number in %1</source>
+        <translation>Ввести число в единицах: %1</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "numbers/field_kind.h"
+
+#include <QString>
+
+#include <vector>
+
+/// A unit that a number may be given in.
+struct EntryUnit {
+    const char* symbol; ///< untranslated
+    int powerOfTen;     ///< of the kind's own unit
+
+    /// The symbol in the chosen language.
+    QString text() const;
+};
+
+/// The units that finish a number of that kind, the largest first; none for counts. `plainPower`
+/// is the unit that a number without one counts in; it is always among them.
+std::vector<EntryUnit> entryUnits(FieldKind kind, int plainPower);
+
+/// The units that finish the step of such a quantity.
+std::vector<EntryUnit> stepUnits(FieldKind kind);
+
+/// The symbol, in the chosen language, of the unit of that power of ten among these; empty where
+/// there is none.
+QString unitText(const std::vector<EntryUnit>& units, int powerOfTen);
