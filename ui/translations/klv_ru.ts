@@ -201,6 +201,10 @@
         <source>License</source>
         <translation>Лицензия</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
 </context>
 <context>
     <name>GuiListKLV</name>
@@ -639,6 +643,27 @@
     </message>
 </context>
 <context>
+    <name>Modulat</name>
+    <message>
+        <source>Modulation</source>
+        <translation>Модуляция</translation>
+    </message>
+</context>
+<context>
+    <name>ModulationGroup</name>
+    <message>
+        <source>Frequency</source>
+        <translation>Частота</translation>
+    </message>
+</context>
+<context>
+    <name>PulseGroup</name>
+    <message>
+        <source>Pulse modulation</source>
+        <translation>Импульсная модуляция</translation>
+    </message>
+</context>
+<context>
     <name>ScpiSession</name>
     <message>
         <source>connection error</source>
@@ -661,6 +686,13 @@
     <message>
         <source>Close panel</source>
         <translation>Закрыть панель</translation>
+    </message>
+</context>
+<context>
+    <name>Unit</name>
+    <message>
+        <source>Hz</source>
+        <translation>Гц</translation>
     </message>
 </context>
 <context>
@@ -699,6 +731,17 @@
     </message>
 </context>
 <context>
+    <name>generator</name>
+    <message>
+        <source>LF Generator</source>
+        <translation>Генератор НЧ</translation>
+    </message>
+    <message>
+        <source>Frequency</source>
+        <translation>Частота</translation>
+    </message>
+</context>
+<context>
     <name>service</name>
     <message>
         <source>Serial:</source>
@@ -715,6 +758,10 @@
     <message>
         <source>Temperature inside the instrument</source>
         <translation>Температура внутри прибора</translation>
+    </message>
+    <message>
+        <source>Service</source>
+        <translation>Сервис</translation>
     </message>
 </context>
 </TS>
