@@ -82,6 +82,8 @@ void MainWindow::start()
     QApplication::processEvents();
     if (m_session.isConnected())
         m_session.checkErrors();
+    if (!m_options.profilePath.isEmpty())
+        m_status->showMessage(tr("This version cannot apply profiles"));
     QTimer::singleShot(0, this, [this] { m_ui->connect->click(); });
     if (!m_options.screenshotPath.isEmpty())
         saveScreenshotOnceSettled();

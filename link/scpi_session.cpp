@@ -108,8 +108,9 @@ QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind 
     QByteArray message = QByteArray(format).append('\n');
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
+    const QString text = lastFailed() ? QString() : takeReply();
     if (!lastFailed())
-        return displayText(takeReply(), kind);
+        return displayText(text, kind);
     fetchStatusDescription();
     failConnection(tr("connection error"));
     return {};
@@ -129,7 +130,7 @@ void ScpiSession::checkErrors()
     bool seen329 = false;
     bool seen328 = false;
     const QByteArray message(errorQuery);
-    for (int round = 0;; ++round) {
+    for (int round = 1;; ++round) {
         QString reply = queryMessage(message);
         announceIndicators(reply, seen329, seen328);
         if (m_lastStatus != VI_SUCCESS || round >= mostErrorRounds) {
@@ -195,9 +196,11 @@ QString ScpiSession::takeReply()
         const ViStatus status = m_visa.viScanf(m_session, readFormat, excess);
         m_reply.back() = '\0';
         if (status < VI_SUCCESS || std::strlen(excess) < replyBytes - 1)
-            break;
+            return text;
     }
-    return text;
+    // A reply without end: there is no telling any more what answers what.
+    m_lastStatus = VI_ERROR_IO;
+    return {};
 }
 
 /// Lets the library describe the last status; kept for whoever watches the library's traffic.

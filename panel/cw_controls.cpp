@@ -65,6 +65,7 @@ void CwControls::on_FREQ_editingFinished()
     }
     clampField(m_limits.frequencyHz, FieldKind::Frequency, &field);
     selectAndDeselect(field);
+    setEdited(&field, false);
     if (!m_session.isConnected())
         return;
     showAccepted(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
@@ -74,9 +75,10 @@ void CwControls::on_FREQ_editingFinished()
 
 void CwControls::on_POW_editingFinished()
 {
+    QLineEdit& field = m_ui.power;
+    setEdited(&field, false);
     if (!m_session.isConnected())
         return;
-    QLineEdit& field = m_ui.power;
     showAccepted(&field,
                  m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
     m_session.checkErrors();

@@ -1,0 +1,50 @@
+#include "tests/support/panel_rig.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+PanelRig::PanelRig(const StartOptions& options) : m_window(std::make_unique<MainWindow>(options))
+{
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    m_window->activateWindow();
+}
+
+StartOptions PanelRig::defaultOptions()
+{
+    StartOptions options;
+    options.visaLibrary = Demo::libraryPath();
+    options.language = QStringLiteral("en");
+    return options;
+}
+
+void PanelRig::click(const char* objectName)
+{
+    QTest::mouseClick(&get(objectName), Qt::LeftButton);
+}
+
+void PanelRig::enter(const char* objectName, const QString& text)
+{
+    auto& field = get<QLineEdit>(objectName);
+    field.setFocus();
+    field.selectAll();
+    if (text.isEmpty())
+        QTest::keyClick(&field, Qt::Key_Delete);
+    else
+        QTest::keyClicks(&field, text);
+    QTest::keyClick(&field, Qt::Key_Return);
+}
+
+void PanelRig::connectDevice()
+{
+    click("connect");
+    // The attempt is over when the wait cursor of the search and of the push is gone.
+    QTRY_VERIFY(!QGuiApplication::overrideCursor());
+    QCoreApplication::processEvents();
+}
+
+bool PanelRig::isConnected() { return get<QPushButton>("connect").isChecked(); }
+
+QString PanelRig::device() { return get<QLabel>("device").text(); }
+
+QString PanelRig::status() { return get<QLabel>("status").text(); }
