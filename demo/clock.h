@@ -2,7 +2,8 @@
 
 #include <chrono>
 
-/// The instruments' time: the steady clock, which a test may push forward. Safe from any thread.
+/// The instruments' time: the steady clock, which a test may push forward or stop. Safe from any
+/// thread.
 namespace Clock
 {
 
@@ -10,6 +11,8 @@ using Microseconds = std::chrono::microseconds;
 
 Microseconds now();
 void advance(Microseconds interval);
+/// From now on only advance() moves it.
+void stop();
 void reset();
 
 } // namespace Clock

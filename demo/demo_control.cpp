@@ -98,7 +98,10 @@ Answer setTimeouts(Library& library, std::string_view rest)
 
 Answer pushClock(Library&, std::string_view rest)
 {
-    Clock::advance(Clock::Microseconds(numberOf(rest)));
+    if (rest == "stop")
+        Clock::stop();
+    else
+        Clock::advance(Clock::Microseconds(numberOf(rest)));
     return {};
 }
 

@@ -16,7 +16,7 @@
 ///   calls                         VISA calls so far
 ///   latency MICROSECONDS          added to every I/O call
 ///   timeouts immediate|real       whether a reply that never comes is waited for (real)
-///   clock MICROSECONDS            pushes the instruments' clock forward
+///   clock stop|MICROSECONDS       stops the instruments' clock, or pushes it forward
 ///   trigger rising|falling        an edge at the trigger input
 ///   reference present|absent      the signal at the external reference input
 ///   error CODE [TEXT]             puts an error into the queue
@@ -28,7 +28,8 @@
 ///   attribute CODE text TEXT      or yields this text
 ///   fault N status CODE [slow]    the N-th I/O call from now returns the status. On a time-out the
 ///                                 message got through and its reply is lost (slow: after the
-///                                 session's time-out); with any other nothing reaches the wire
+///                                 session's time-out). With another error nothing reaches the
+///                                 wire; a warning comes in place of success
 ///   fault N vanish                the instrument is unplugged at that call
 ///   fault N reply TEXT            these bytes come in place of the reply, none added
 ///   fault N length BYTES          so many bytes come and a line feed

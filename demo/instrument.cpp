@@ -119,39 +119,39 @@ void Instrument::execute(const std::string& bytes, const ReplyOverrides& overrid
         return;
     }
     std::string path;
-    std::string reply;
-    while (!message.empty())
-        executeUnit(trimmed(takeMessageUnit(message)), path, reply, overrides);
-    if (!reply.empty())
-        output.set(reply + '\n');
+    std::optional<std::string> reply;
+    while (!message.empty()) {
+        const auto answer = executeUnit(trimmed(takeMessageUnit(message)), path, overrides);
+        if (answer)
+            reply = reply ? *reply + ';' + *answer : *answer;
+    }
+    if (reply)
+        output.set(*reply + '\n');
 }
 
-void Instrument::executeUnit(std::string_view unit, std::string& path, std::string& reply,
-                             const ReplyOverrides& overrides)
+std::optional<std::string> Instrument::executeUnit(std::string_view unit, std::string& path,
+                                                   const ReplyOverrides& overrides)
 {
     if (unit.empty())
-        return;
+        return std::nullopt;
     const MessageUnit parts = splitUnit(unit);
     const Command* command = findCommand(resolveHeader(parts.header, path));
+    const auto override = overrides.empty() ? overrides.end() : overrides.find(upperCase(unit));
+    if (override != overrides.end())
+        return override->second.empty() ? std::nullopt : std::optional(override->second);
     const Handler handler = command == nullptr ? nullptr
                             : parts.isQuery    ? command->query
                                                : command->set;
-    std::string answer;
-    const auto override = overrides.empty() ? overrides.end() : overrides.find(upperCase(unit));
-    if (override != overrides.end()) {
-        answer = override->second;
-    } else if (handler == nullptr) {
+    if (handler == nullptr) {
         model.raise(ScpiError::UndefinedHeader);
-    } else {
-        const auto now = Clock::now();
-        model.run.advance(model.settings, now);
-        Request request{model, parts.parameters, answer};
-        const ScpiError error = handler(*command, request);
-        model.raise(error);
-        if (error != ScpiError::None)
-            answer.clear();
-        model.run.settingsChanged(model.settings, now);
+        return std::nullopt;
     }
-    if (!answer.empty())
-        reply += (reply.empty() ? "" : ";") + answer;
+    const auto now = Clock::now();
+    std::string answer;
+    model.run.advance(model.settings, now);
+    Request request{model, parts.parameters, answer};
+    const ScpiError error = handler(*command, request);
+    model.raise(error);
+    model.run.settingsChanged(model.settings, now);
+    return parts.isQuery && error == ScpiError::None ? std::optional(answer) : std::nullopt;
 }

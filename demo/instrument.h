@@ -2,6 +2,7 @@
 
 #include "demo/model.h"
 
+#include <optional>
 #include <unordered_map>
 
 /// Replies that a test puts in place of the instrument's own, by the upper-case text of the query;
@@ -60,8 +61,9 @@ public:
 private:
     void append(std::string_view bytes);
     void execute(const std::string& bytes, const ReplyOverrides& overrides);
-    void executeUnit(std::string_view unit, std::string& path, std::string& reply,
-                     const ReplyOverrides& overrides);
+    /// What a query answers; nothing for a command and for what fails.
+    std::optional<std::string> executeUnit(std::string_view unit, std::string& path,
+                                           const ReplyOverrides& overrides);
 
     std::string m_input;
     bool m_isPresent = true;

@@ -161,7 +161,9 @@ IoCall::IoCall(ViSession handle, Expects expects, Counts counts)
     m_status = m_session->check();
     if (m_status != VI_SUCCESS || !m_fault || m_fault->status == VI_SUCCESS)
         return;
-    if (m_fault->status != VI_ERROR_TMO)
+    if (m_fault->status > VI_SUCCESS)
+        m_warning = m_fault->status;
+    else if (m_fault->status != VI_ERROR_TMO)
         m_status = m_fault->status;
     else if (expects == Expects::NoReply)
         m_status = timeOut();

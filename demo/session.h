@@ -90,6 +90,8 @@ public:
 
     /// VI_SUCCESS when the call may go on.
     ViStatus status() const { return m_status; }
+    /// What the call returns after it went on: a warning that a fault asks for replaces success.
+    ViStatus outcome(ViStatus status) const { return status == VI_SUCCESS ? m_warning : status; }
     Session& session() { return *m_session; }
     /// Sends; a reply that a fault asks for then takes the place of the instrument's.
     ViStatus send(std::string_view bytes, bool end);
@@ -102,4 +104,5 @@ private:
     std::shared_ptr<Session> m_session;
     std::optional<Fault> m_fault;
     ViStatus m_status = VI_SUCCESS;
+    ViStatus m_warning = VI_SUCCESS;
 };

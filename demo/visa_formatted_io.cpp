@@ -112,13 +112,14 @@ ViStatus scan(IoCall& call, const char* format, Arguments& arguments)
 ViStatus printCall(ViSession session, ViConstString format, Arguments& arguments)
 {
     IoCall call(session, Expects::NoReply);
-    return call.status() < VI_SUCCESS ? call.status() : print(call, format, arguments, false);
+    return call.status() < VI_SUCCESS ? call.status()
+                                      : call.outcome(print(call, format, arguments, false));
 }
 
 ViStatus scanCall(ViSession session, ViConstString format, Arguments& arguments)
 {
     IoCall call(session, Expects::Reply);
-    return call.status() < VI_SUCCESS ? call.status() : scan(call, format, arguments);
+    return call.status() < VI_SUCCESS ? call.status() : call.outcome(scan(call, format, arguments));
 }
 
 ViStatus queryCall(ViSession session, ViConstString writeFormat, ViConstString readFormat,
@@ -128,7 +129,7 @@ ViStatus queryCall(ViSession session, ViConstString writeFormat, ViConstString r
     ViStatus status = call.status();
     if (status >= VI_SUCCESS)
         status = print(call, writeFormat, arguments, true);
-    return status < VI_SUCCESS ? status : scan(call, readFormat, arguments);
+    return status < VI_SUCCESS ? status : call.outcome(scan(call, readFormat, arguments));
 }
 
 ViStatus printToMemory(ViPBuf buffer, ViConstString format, Arguments& arguments)

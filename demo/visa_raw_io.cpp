@@ -57,7 +57,8 @@ ViStatus KLV_VISA_FIXED viRead(ViSession session, ViPBuf buffer, ViUInt32 count,
 {
     IoCall call(session, Expects::Reply);
     tell(returnCount, 0);
-    return call.status() < VI_SUCCESS ? call.status() : read(call, buffer, count, returnCount);
+    return call.status() < VI_SUCCESS ? call.status()
+                                      : call.outcome(read(call, buffer, count, returnCount));
 }
 
 ViStatus KLV_VISA_FIXED viReadAsync(ViSession session, ViPBuf buffer, ViUInt32 count, ViPJobId job)
@@ -94,7 +95,8 @@ ViStatus KLV_VISA_FIXED viWrite(ViSession session, ViConstBuf buffer, ViUInt32 c
 {
     IoCall call(session, Expects::NoReply);
     tell(returnCount, 0);
-    return call.status() < VI_SUCCESS ? call.status() : write(call, buffer, count, returnCount);
+    return call.status() < VI_SUCCESS ? call.status()
+                                      : call.outcome(write(call, buffer, count, returnCount));
 }
 
 ViStatus KLV_VISA_FIXED viWriteAsync(ViSession session, ViConstBuf buffer, ViUInt32 count,

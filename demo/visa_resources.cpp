@@ -40,7 +40,7 @@ ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& nam
     auto instrument = presentInstrument(library, name);
     if (fault && fault->kind == Fault::Kind::Vanish && instrument != nullptr)
         instrument->unplug();
-    if (fault && fault->status != VI_SUCCESS)
+    if (fault && fault->status < VI_SUCCESS)
         return fault->status;
     if (instrument == nullptr || !instrument->isPresent())
         return VI_ERROR_RSRC_NFOUND;
@@ -53,7 +53,7 @@ ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& nam
     session->owner = resourceManager;
     library.wire.event("open", session->instrument->model.description.address());
     *result = library.objects.add(std::move(session));
-    return VI_SUCCESS;
+    return fault ? fault->status : VI_SUCCESS;
 }
 
 } // namespace
