@@ -1,0 +1,134 @@
+"""Drives the simulated instrument through PyVISA, as a script of a user's would.
+
+Usage: pyvisa_test.py LIBRARY
+"""
+
+import subprocess
+import sys
+import time
+import unittest
+
+import pyvisa
+from pyvisa.constants import AccessModes, EventMechanism, EventType, StatusCode
+
+ADDRESS = "USB0::0x5645::0x0040::20215678::0::INSTR"
+LIBRARY = ""
+
+HOLD_LOCK = """
+import sys, pyvisa
+manager = pyvisa.ResourceManager(sys.argv[1])
+instrument = manager.open_resource(
+    sys.argv[2], access_mode=pyvisa.constants.AccessModes.exclusive_lock)
+print("held", flush=True)
+sys.stdin.read()
+"""
+
+
+class DemoThroughPyVisa(unittest.TestCase):
+    def setUp(self):
+        self.manager = pyvisa.ResourceManager(LIBRARY)
+        self.instrument = self.manager.open_resource(ADDRESS)
+        self.instrument.write("*RST;*CLS")
+
+    def tearDown(self):
+        self.manager.close()
+
+    def assert_visa_error(self, code, action, *arguments):
+        with self.assertRaises(pyvisa.VisaIOError) as caught:
+            action(*arguments)
+        self.assertEqual(caught.exception.error_code, code)
+
+    def test_finds_instruments(self):
+        self.assertEqual(self.manager.list_resources(), (ADDRESS,))
+        self.assertEqual(self.manager.list_resources("USB?*"), (ADDRESS,))
+        self.assertEqual(self.manager.list_resources("GPIB?*"), ())
+        info = self.manager.resource_info(ADDRESS)
+        self.assertEqual(info.resource_class, "INSTR")
+        self.assert_visa_error(StatusCode.error_resource_not_found, self.manager.open_resource,
+                               ADDRESS.replace("20215678", "1"))
+
+    def test_identifies(self):
+        self.assertEqual(self.instrument.query("*IDN?"), "Veltro,KLV-20G,20215678,2.7.1\n")
+        self.assertEqual(self.instrument.manufacturer_name, "Veltro")
+        self.assertEqual(self.instrument.model_name, "KLV-20G")
+        self.assertEqual(self.instrument.serial_number, "20215678")
+
+    def test_sets_and_queries(self):
+        self.instrument.write("FREQ 2.5 GHZ")
+        self.assertEqual(float(self.instrument.query("FREQ?")), 2.5e9)
+        self.assertEqual(self.instrument.query_ascii_values("POW? MIN;POW? MAX", separator=";"),
+                         [-20, 20])
+        self.instrument.write_ascii_values("LIST:FREQ ", [1e6, 2e6, 3e6], converter="f")
+        self.assertEqual(self.instrument.query_ascii_values("LIST:FREQ?"), [1e6, 2e6, 3e6])
+
+    def test_reads_long_replies_in_chunks(self):
+        self.instrument.chunk_size = 16
+        points = self.instrument.query("MEM:TABLE:POIN:ALL?").split()
+        self.assertEqual(len(points), 40)
+        self.assertEqual(points[-2], "20000000000")
+
+    def test_termination_character(self):
+        self.instrument.read_termination = ","
+        self.instrument.write("*IDN?")
+        self.assertEqual(self.instrument.read(), "Veltro")
+        self.assertEqual(self.instrument.read(), "KLV-20G")
+
+    def test_times_out(self):
+        self.instrument.timeout = 50
+        started = time.monotonic()
+        self.assert_visa_error(StatusCode.error_timeout, self.instrument.read)
+        self.assertGreaterEqual(time.monotonic() - started, 0.049)
+        self.assertIn("-420", self.instrument.query("SYST:ERR?"))
+
+    def test_error_queue(self):
+        self.instrument.write("FREQ 99 GHZ")
+        self.instrument.write("NONSENSE")
+        errors = [self.instrument.query("SYST:ERR?").strip() for _ in range(3)]
+        self.assertEqual(errors, ['-222,"Data out of range"', '-113,"Undefined header"',
+                                  '0,"No error"'])
+
+    def test_status_byte_and_service_request(self):
+        self.instrument.enable_event(EventType.service_request, EventMechanism.queue)
+        self.instrument.write("*ESE 32;*SRE 32;NONSENSE")
+        self.instrument.wait_on_event(EventType.service_request, 1000)
+        self.assertEqual(self.instrument.read_stb() & 0x60, 0x60)
+        self.instrument.disable_event(EventType.service_request, EventMechanism.queue)
+        self.instrument.clear()
+
+    def test_handler_is_called(self):
+        seen = []
+
+        def handle(session, event_type, context, user_handle):
+            seen.append(event_type)
+            return StatusCode.success
+
+        handle = self.instrument.wrap_handler(lambda resource, event, user: seen.append(event))
+        self.instrument.install_handler(EventType.service_request, handle)
+        self.instrument.enable_event(EventType.service_request, EventMechanism.handler)
+        self.instrument.write("*ESE 32;*SRE 32;NONSENSE")
+        self.assertEqual(len(seen), 1)
+
+    def test_lock_between_sessions(self):
+        other = self.manager.open_resource(ADDRESS)
+        with self.instrument.lock_context(requested_key="exclusive"):
+            self.assert_visa_error(StatusCode.error_resource_locked, other.write, "*CLS")
+        other.write("*CLS")
+        key = self.instrument.lock()
+        other.lock(requested_key=key)
+        self.assertTrue(other.query("*IDN?").startswith("Veltro"))
+
+    def test_lock_between_processes(self):
+        with subprocess.Popen([sys.executable, "-c", HOLD_LOCK, LIBRARY, ADDRESS],
+                              stdin=subprocess.PIPE, stdout=subprocess.PIPE) as holder:
+            self.assertEqual(holder.stdout.readline(), b"held\n")
+            self.assert_visa_error(StatusCode.error_resource_locked, self.manager.open_resource,
+                                   ADDRESS, AccessModes.exclusive_lock, 10)
+            self.assert_visa_error(StatusCode.error_resource_locked, self.instrument.write, "*CLS")
+            holder.stdin.close()
+            opened = self.manager.open_resource(ADDRESS, AccessModes.exclusive_lock, 30000)
+            opened.close()
+
+
+if __name__ == "__main__":
+    LIBRARY = sys.argv.pop()
+    unittest.main()
