@@ -78,6 +78,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::start()
 {
+    m_ui->FREQ->setFocus();
     show();
     QApplication::processEvents();
     if (m_session.isConnected())

@@ -1,6 +1,7 @@
 #include "app/status_line.h"
 
 #include <QLabel>
+#include <QVariant>
 
 namespace
 {
@@ -35,5 +36,6 @@ void StatusLine::showActivity(const QString& description)
 
 void StatusLine::refresh()
 {
+    m_label.setProperty("warning", !m_message.isEmpty());
     m_label.setText(m_message.isEmpty() ? m_activity : m_message);
 }

@@ -65,7 +65,7 @@ void CwControls::on_FREQ_editingFinished()
     }
     clampField(m_limits.frequencyHz, FieldKind::Frequency, &field);
     selectAndDeselect(field);
-    setEdited(&field, false);
+    showAccepted(&field, field.text());
     if (!m_session.isConnected())
         return;
     showAccepted(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
@@ -76,7 +76,7 @@ void CwControls::on_FREQ_editingFinished()
 void CwControls::on_POW_editingFinished()
 {
     QLineEdit& field = m_ui.power;
-    setEdited(&field, false);
+    showAccepted(&field, field.text());
     if (!m_session.isConnected())
         return;
     showAccepted(&field,
@@ -132,9 +132,9 @@ void CwControls::sendExternalReference()
     const bool isOnlyCaption = captioned.isEmpty() && m_ui.referenceEntry.isHidden() && isRoscExt();
     if (!isOnlyCaption) {
         const Range<qint32>& range = m_limits.referenceMHz;
-        int frequencyMHz = captioned.toInt();
+        qint64 frequencyMHz = toWholeNumber(captioned);
         if (range.isKnown())
-            frequencyMHz = qMax(qMin(frequencyMHz, range.max), range.min);
+            frequencyMHz = qMax(qMin(frequencyMHz, qint64(range.max)), qint64(range.min));
         if (m_session.isConnected()) {
             m_session.write(externalFrequencyCommand.arg(frequencyMHz));
             const QString reply = m_session.read(externalFrequencyQuery);

@@ -1,6 +1,7 @@
 #include "panel/numeric_field.h"
 
 #include "panel/events_line_edit.h"
+#include "panel/leave_filter.h"
 #include "panel/select_line.h"
 #include "panel/unit_key_filter.h"
 #include "panel/validators.h"
@@ -17,6 +18,8 @@ constexpr char stepKindProperty[] = "stepKind";
 void setUpNumericField(QLineEdit* edit, FieldKind kind, std::optional<StepKind> step)
 {
     setEntryValidator(edit, kind);
+    showAccepted(edit, edit->text());
+    new LeaveFilter(edit);
     new UnitKeyFilter(edit, kind);
     new selectLine(edit);
     edit->setProperty(fieldKindProperty, static_cast<int>(kind));

@@ -5,7 +5,6 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QStyle>
 #include <QValidator>
 #include <QVariant>
 
@@ -15,6 +14,7 @@
 namespace
 {
 constexpr char editedProperty[] = "edited";
+constexpr char acceptedProperty[] = "accepted";
 constexpr char unitPowerProperty[] = "unitPower";
 
 /// The cursor position behind so many characters that are not blanks.
@@ -34,6 +34,7 @@ bool isBlankAt(const QString& text, int position)
 {
     return position >= 0 && position < text.size() && text.at(position) == QLatin1Char(' ');
 }
+
 /// While a field's text is invalid, as a grouped "- 123" is among digits and minus signs, its
 /// validator lets anything be typed.
 QString withoutForeign(const QString& text, FieldKind kind)
@@ -75,16 +76,19 @@ void showAccepted(QLineEdit* field, const QString& text)
 {
     if (field->text() != text)
         field->setText(text);
+    field->setProperty(acceptedProperty, text);
     setEdited(field, false);
+}
+
+QString acceptedText(const QLineEdit* field)
+{
+    return field->property(acceptedProperty).toString();
 }
 
 void setEdited(QLineEdit* field, bool isEdited)
 {
-    if (field->property(editedProperty).toBool() == isEdited)
-        return;
-    field->setProperty(editedProperty, isEdited);
-    field->style()->unpolish(field);
-    field->style()->polish(field);
+    if (field->property(editedProperty).toBool() != isEdited)
+        field->setProperty(editedProperty, isEdited);
 }
 
 void setUnitPower(QLineEdit* field, int powerOfTen)

@@ -15,6 +15,9 @@ void reformatEdited(QLineEdit* field, FieldKind kind);
 /// field no longer counts as edited.
 void showAccepted(QLineEdit* field, const QString& text);
 
+/// The text that was last accepted in this field; before that, the one it was set up with.
+QString acceptedText(const QLineEdit* field);
+
 /// Sets the dynamic property "edited": true while a field holds what the user typed and has not yet
 /// been accepted. The style sheet shows it.
 void setEdited(QLineEdit* field, bool isEdited);

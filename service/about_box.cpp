@@ -104,7 +104,8 @@ void Form::setFirmware(const QString& version)
 
 void Form::setCalibrationDue(const QString& date)
 {
-    m_calibrationDate->setText(date);
+    // A null text would leave the rich-text label's own plate behind.
+    m_calibrationDate->setText(date.isNull() ? QStringLiteral("") : date);
     const QDate due = QDate::fromString(date, QStringLiteral("dd.MM.yyyy"));
     const bool isCurrent = date.isEmpty() || (due.isValid() && due > QDate::currentDate());
     m_calibrationDate->setStyleSheet(isCurrent ? QStringLiteral("QLabel { color: black; }")

@@ -8,4 +8,7 @@ KLV_EXPORT ViStatus KLV_VISA_FIXED viOpenDefaultRM(ViPSession resourceManager)
     return VI_SUCCESS;
 }
 
-KLV_EXPORT ViStatus KLV_VISA_FIXED viClose(ViObject) { return VI_SUCCESS; }
+KLV_EXPORT ViStatus KLV_VISA_FIXED viClose(ViObject)
+{
+    return VI_SUCCESS;
+}

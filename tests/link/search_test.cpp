@@ -41,13 +41,13 @@ void SearchTest::reportsInOrder_data()
         << QStringList{"KLV-20G/2222"};
     QTest::newRow("maker in capitals") << "attribute 0xBFFF0072 text VELTRO" << QStringList{one};
     QTest::newRow("another model") << "attribute 0xBFFF0077 text Scope" << QStringList{};
-    QTest::newRow("maker unreadable") << "attribute 0xBFFF0072 status 0xBFFF001D"
-                                      << QStringList{one};
-    QTest::newRow("model unreadable") << "attribute 0xBFFF0077 status 0xBFFF001D"
-                                      << QStringList{"/20215678"};
+    QTest::newRow("maker unreadable")
+        << "attribute 0xBFFF0072 status 0xBFFF001D" << QStringList{one};
+    QTest::newRow("model unreadable")
+        << "attribute 0xBFFF0077 status 0xBFFF001D" << QStringList{"/20215678"};
     QTest::newRow("serial empty") << "attribute 0xBFFF01A0 text " << QStringList{};
-    QTest::newRow("serial unreadable") << "attribute 0xBFFF01A0 status 0xBFFF001D"
-                                       << QStringList{"KLV-20G/"};
+    QTest::newRow("serial unreadable")
+        << "attribute 0xBFFF01A0 status 0xBFFF001D" << QStringList{"KLV-20G/"};
 }
 
 void SearchTest::reportsInOrder()

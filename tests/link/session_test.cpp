@@ -149,9 +149,11 @@ void SessionTest::settingIsReadBack_data()
     QTest::addColumn<QString>("shown");
 
     QTest::newRow("frequency") << QByteArray("FREQ %lf Hz;FREQ?") << 2.5e9 << FieldKind::Frequency
-                               << "FREQ 2500000000.000000 Hz;FREQ?\\n" << "2 500 000 000";
+                               << "FREQ 2500000000.000000 Hz;FREQ?\\n"
+                               << "2 500 000 000";
     QTest::newRow("power") << QByteArray("POW %lf;POW?") << -7.0 << FieldKind::Power
-                           << "POW -7.000000;POW?\\n" << "-7";
+                           << "POW -7.000000;POW?\\n"
+                           << "-7";
     QTest::newRow("refused") << QByteArray("FREQ %lf Hz;FREQ?") << 1e30 << FieldKind::Frequency
                              << "FREQ 1000000000000000019884624838656.000000 Hz;FREQ?\\n"
                              << "1 000 000 000";
@@ -193,12 +195,20 @@ void SessionTest::repliesOfAnyKindStayInside_data()
     QTest::addColumn<QString>("fault");
     QTest::addColumn<QString>("start");
     QTest::addColumn<int>("length");
-    QTest::newRow("100 kB") << "fault 1 length 100000" << "" << 65535;
-    QTest::newRow("exactly the buffer") << "fault 1 length 65534" << "" << 65535;
-    QTest::newRow("endless") << "fault 1 endless" << "" << 0;
-    QTest::newRow("with NUL") << "fault 1 reply AB\\x00CD\\n" << "AB" << 2;
-    QTest::newRow("high bytes") << "fault 1 reply \\xFF\\xFE\\n" << "\xC3\xBF\xC3\xBE\n" << 3;
-    QTest::newRow("nothing") << "fault 1 reply \\n" << "\n" << 1;
+    QTest::newRow("100 kB") << "fault 1 length 100000"
+                            << "" << 65535;
+    QTest::newRow("exactly the buffer") << "fault 1 length 65534"
+                                        << "" << 65535;
+    QTest::newRow("endless") << "fault 1 endless"
+                             << "" << 0;
+    QTest::newRow("with NUL") << "fault 1 reply AB\\x00CD\\n"
+                              << "AB" << 2;
+    QTest::newRow("high bytes") << "fault 1 reply \\xFF\\xFE\\n"
+                                << "\xC3\xBF\xC3\xBE\n"
+                                << 3;
+    QTest::newRow("nothing") << "fault 1 reply \\n"
+                             << "\n"
+                             << 1;
 }
 
 void SessionTest::repliesOfAnyKindStayInside()

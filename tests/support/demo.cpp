@@ -11,7 +11,10 @@ Demo::Demo() : m_library(libraryPath())
     (*this)(QStringLiteral("timeouts immediate"));
 }
 
-QString Demo::libraryPath() { return QStringLiteral(KLV_DEMO_LIBRARY); }
+QString Demo::libraryPath()
+{
+    return QStringLiteral(KLV_DEMO_LIBRARY);
+}
 
 QString Demo::operator()(const QString& command)
 {

@@ -39,12 +39,21 @@ void PanelRig::connectDevice()
 {
     click("connect");
     // The attempt is over when the wait cursor of the search and of the push is gone.
-    QTRY_VERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(QTest::qWaitFor([] { return !QGuiApplication::overrideCursor(); }));
     QCoreApplication::processEvents();
 }
 
-bool PanelRig::isConnected() { return get<QPushButton>("connect").isChecked(); }
+bool PanelRig::isConnected()
+{
+    return get<QPushButton>("connect").isChecked();
+}
 
-QString PanelRig::device() { return get<QLabel>("device").text(); }
+QString PanelRig::device()
+{
+    return get<QLabel>("device").text();
+}
 
-QString PanelRig::status() { return get<QLabel>("status").text(); }
+QString PanelRig::status()
+{
+    return get<QLabel>("status").text();
+}

@@ -1,0 +1,307 @@
+#include "link/instrument_limits.h"
+#include "tests/support/panel_rig.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+namespace
+{
+const QString drain = QStringLiteral("SYSTem:ERRor?\\n");
+}
+
+/// The continuous-wave controls by keys and clicks, against what reaches the wire.
+class CwControlsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+    void frequencyIsCommitted_data();
+    void frequencyIsCommitted();
+    void emptyFrequencySendsNothing();
+    void powerIsCommitted_data();
+    void powerIsCommitted();
+    void fieldShowsWhatTheInstrumentTook();
+    void stepsCommitAtOnce();
+    void outputAndReferenceSwitch();
+    void externalFrequencyIsEntered_data();
+    void externalFrequencyIsEntered();
+    void enteringTwiceSendsOnce();
+    void offlineOnlyThePanelChanges();
+    void unlockShowsAndGoes();
+    void indicator329ShowsAndGoes();
+    void failureEmptiesTheFieldAndDisconnects_data();
+    void failureEmptiesTheFieldAndDisconnects();
+
+private:
+    QLineEdit& field(const char* name) { return m_rig->get<QLineEdit>(name); }
+
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+};
+
+void CwControlsTest::init()
+{
+    m_demo = std::make_unique<Demo>();
+    InstrumentLimits::global() = {};
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    m_rig = std::make_unique<PanelRig>();
+    m_rig->connectDevice();
+    QVERIFY(m_rig->isConnected());
+    m_demo->takeTranscript();
+}
+
+void CwControlsTest::frequencyIsCommitted_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("hertz") << "2500000"
+                           << "2500000.000000"
+                           << "2 500 000";
+    QTest::newRow("grouped") << "2 500 000"
+                             << "2500000.000000"
+                             << "2 500 000";
+    QTest::newRow("giga") << "2.5G"
+                          << "2500000000.000000"
+                          << "2 500 000 000";
+    QTest::newRow("comma, kilo") << "1500,25k"
+                                 << "1500250.000000"
+                                 << "1 500 250";
+    QTest::newRow("above MAX") << "99G"
+                               << "20000000000.000000"
+                               << "20 000 000 000";
+    QTest::newRow("below MIN") << "1"
+                               << "100000.000000"
+                               << "100 000";
+    QTest::newRow("fraction") << "1000000.6"
+                              << "1000001.000000"
+                              << "1 000 001";
+    QTest::newRow("not a number") << "1.2.3"
+                                  << "100000.000000"
+                                  << "100 000";
+    QTest::newRow("letters are refused") << "5xyzM"
+                                         << "5000000.000000"
+                                         << "5 000 000";
+    QTest::newRow("huge") << QString(60, '9') << "20000000000.000000"
+                          << "20 000 000 000";
+}
+
+void CwControlsTest::frequencyIsCommitted()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, sent);
+    QFETCH(QString, shown);
+    m_rig->enter("FREQ", typed);
+    QCOMPARE(m_demo->takeSent(), QStringList({"FREQ " + sent + " Hz;FREQ?\\n", drain}));
+    QCOMPARE(field("FREQ").text(), shown);
+    QVERIFY(!field("FREQ").hasSelectedText());
+    QVERIFY(!field("FREQ").property("edited").toBool());
+}
+
+void CwControlsTest::emptyFrequencySendsNothing()
+{
+    m_rig->enter("FREQ", "");
+    QVERIFY(m_demo->takeSent().isEmpty());
+    QCOMPARE(field("FREQ").text(), QString());
+}
+
+void CwControlsTest::powerIsCommitted_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("positive") << "7"
+                              << "7.000000"
+                              << "7";
+    QTest::newRow("negative") << "-17"
+                              << "-17.000000"
+                              << "-17";
+    QTest::newRow("not bounded here") << "123"
+                                      << "123.000000"
+                                      << "0";
+    QTest::newRow("fraction is refused") << "-5.5"
+                                         << "-55.000000"
+                                         << "0";
+}
+
+void CwControlsTest::powerIsCommitted()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, sent);
+    QFETCH(QString, shown);
+    m_rig->enter("POW", typed);
+    const QStringList messages = m_demo->takeSent();
+    QCOMPARE(messages.first(), "POW " + sent + ";POW?\\n");
+    QCOMPARE(messages.at(1), drain);
+    QCOMPARE(field("POW").text(), shown);
+}
+
+void CwControlsTest::fieldShowsWhatTheInstrumentTook()
+{
+    (*m_demo)(QStringLiteral("fault 1 reply 1.25 GHZ\\n"));
+    m_rig->enter("FREQ", "2G");
+    QCOMPARE(field("FREQ").text(), QString("1 250 000 000"));
+    (*m_demo)(QStringLiteral("fault 1 reply -9.6\\n"));
+    m_rig->enter("POW", "-9");
+    QCOMPARE(field("POW").text(), QString("-10"));
+}
+
+void CwControlsTest::stepsCommitAtOnce()
+{
+    field("FREQ").setFocus();
+    QTest::keyClick(&field("FREQ"), Qt::Key_Up);
+    QTest::keyClick(&field("FREQ"), Qt::Key_Up);
+    QTest::keyClick(&field("FREQ"), Qt::Key_Down);
+    field("FREQ").setCursorPosition(7);
+    QTest::keyClick(&field("FREQ"), Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(m_demo->takeSent(), QStringList({"FREQ 1001000000.000000 Hz;FREQ?\\n", drain,
+                                              "FREQ 1002000000.000000 Hz;FREQ?\\n", drain,
+                                              "FREQ 1001000000.000000 Hz;FREQ?\\n", drain,
+                                              "FREQ 1001100000.000000 Hz;FREQ?\\n", drain}));
+
+    field("POW").setFocus();
+    m_demo->takeSent();
+    for (int notch : {120, -120, -120}) {
+        QWheelEvent turn(QPointF(5, 5), field("POW").mapToGlobal(QPoint(5, 5)), QPoint(),
+                         QPoint(0, notch), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&field("POW"), &turn);
+    }
+    QCOMPARE(m_demo->takeSent(), QStringList({"POW 1.000000;POW?\\n", drain, "POW 0.000000;POW?\\n",
+                                              drain, "POW -1.000000;POW?\\n", drain}));
+}
+
+void CwControlsTest::outputAndReferenceSwitch()
+{
+    m_rig->click("Output");
+    QVERIFY(m_rig->get("label_RF").isEnabled());
+    m_rig->click("Output");
+    QVERIFY(!m_rig->get("label_RF").isEnabled());
+    m_rig->click("ROSC");
+    QVERIFY(m_rig->get("label_ExtRef").isEnabled());
+    m_rig->click("ROSC");
+    QVERIFY(!m_rig->get("label_ExtRef").isEnabled());
+    QCOMPARE(m_demo->takeSent(),
+             QStringList({"OUTPut ON\\n", drain, "OUTPut OFF\\n", drain,
+                          "ROSCillator:SOURce EXTernal\\n", drain, "ROSC:EXT:FREQ 10 MHZ\\n",
+                          "ROSC:EXT:FREQ?\\n", drain, "ROSCillator:SOURce INTernal\\n", drain}));
+}
+
+void CwControlsTest::externalFrequencyIsEntered_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("inside") << "25"
+                            << "25"
+                            << "25 MHz";
+    QTest::newRow("above MAX") << "5000"
+                               << "100"
+                               << "100 MHz";
+    QTest::newRow("below MIN") << "0"
+                               << "1"
+                               << "1 MHz";
+    QTest::newRow("overflow") << "99999999999999"
+                              << "100"
+                              << "100 MHz";
+}
+
+void CwControlsTest::externalFrequencyIsEntered()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, sent);
+    QFETCH(QString, caption);
+    m_rig->click("ROSC");
+    m_demo->takeSent();
+    m_rig->click("open_ROSC_FREQ");
+    QVERIFY(field("ROSC_FREQ").isVisible());
+    m_rig->enter("ROSC_FREQ", typed);
+    QVERIFY(field("ROSC_FREQ").isHidden());
+    QCOMPARE(m_demo->takeSent(),
+             QStringList({"ROSC:EXT:FREQ " + sent + " MHZ\\n", "ROSC:EXT:FREQ?\\n", drain}));
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), caption);
+}
+
+void CwControlsTest::enteringTwiceSendsOnce()
+{
+    m_rig->click("open_ROSC_FREQ");
+    QTest::keyClicks(&field("ROSC_FREQ"), "20");
+    QTest::keyClick(&field("ROSC_FREQ"), Qt::Key_Return);
+    field("FREQ").setFocus();
+    QCOMPARE(m_demo->takeSent().count("ROSC:EXT:FREQ 20 MHZ\\n"), 1);
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString("20 MHz"));
+    // Opened and left without a word: nothing to send.
+    m_rig->click("open_ROSC_FREQ");
+    m_rig->enter("ROSC_FREQ", "");
+    QVERIFY(m_demo->takeSent().isEmpty());
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString("20 MHz"));
+}
+
+void CwControlsTest::offlineOnlyThePanelChanges()
+{
+    m_rig->click("connect");
+    m_demo->takeSent();
+    m_rig->click("open_ROSC_FREQ");
+    m_rig->enter("ROSC_FREQ", "33");
+    m_rig->click("ROSC");
+    m_rig->click("Output");
+    m_rig->enter("POW", "-8");
+    m_rig->enter("FREQ", "50G");
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString("33 MHz"));
+    QCOMPARE(field("FREQ").text(), QString("20 000 000 000"));
+    QVERIFY(m_demo->takeSent().isEmpty());
+}
+
+void CwControlsTest::unlockShowsAndGoes()
+{
+    (*m_demo)(QStringLiteral("error 328"));
+    m_rig->click("Output");
+    QVERIFY(m_rig->get("label_328").isVisible());
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString());
+    m_rig->click("Output");
+    QVERIFY(!m_rig->get("label_328").isVisible());
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString("10 MHz"));
+
+    // With the external source selected the lamp is left as it is.
+    (*m_demo)(QStringLiteral("reference absent"));
+    m_rig->click("ROSC");
+    QVERIFY(!m_rig->get("label_328").isVisible());
+    QVERIFY(!m_rig->status().isEmpty());
+    QVERIFY(m_rig->isConnected());
+}
+
+void CwControlsTest::indicator329ShowsAndGoes()
+{
+    (*m_demo)(QStringLiteral("error 329 Reverse power"));
+    m_rig->click("Output");
+    QVERIFY(m_rig->get("label_329").isVisible());
+    QVERIFY(m_rig->get("label_329").toolTip().contains("Reverse power"));
+    m_rig->click("connect");
+    QVERIFY(!m_rig->get("label_329").isVisible());
+}
+
+void CwControlsTest::failureEmptiesTheFieldAndDisconnects_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::newRow("time-out") << "fault 1 status 0xBFFF0015";
+    QTest::newRow("unplugged") << "unplug";
+}
+
+void CwControlsTest::failureEmptiesTheFieldAndDisconnects()
+{
+    QFETCH(QString, fault);
+    (*m_demo)(fault);
+    m_rig->enter("FREQ", "3G");
+    QCOMPARE(field("FREQ").text(), QString());
+    QVERIFY(!m_rig->isConnected());
+    QCOMPARE(m_rig->device(), QString("Disconnected"));
+    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(field("FREQ").isEnabled());
+    m_rig->enter("FREQ", "4G");
+    QCOMPARE(field("FREQ").text(), QString("4 000 000 000"));
+}
+
+QTEST_MAIN(CwControlsTest)
+#include "cw_controls_test.moc"
