@@ -60,9 +60,9 @@ QString withUnit(const QString& number, const QString& unit)
 } // namespace
 
 Keypad::Keypad(QWidget* window)
-    : QFrame(window, Qt::Popup), m_title(new QLabel(this)), m_close(new QToolButton(this)),
-      m_entry(new QLineEdit(this)), m_unit(new QLabel(this)), m_limits(new QLabel(this)),
-      m_keys(new KeypadKeys(this)),
+    : QFrame(window, Qt::Popup | Qt::FramelessWindowHint), m_title(new QLabel(this)),
+      m_close(new QToolButton(this)), m_entry(new QLineEdit(this)), m_unit(new QLabel(this)),
+      m_limits(new QLabel(this)), m_keys(new KeypadKeys(this)),
       m_stepButton(KeypadKeys::makeButton(QStringLiteral("keypad_step"), this)),
       m_enter(KeypadKeys::makeButton(QStringLiteral("keypad_enter"), this))
 {
@@ -159,7 +159,11 @@ void Keypad::watch(QLineEdit* field)
     m_field = field;
     field->installEventFilter(this);
     field->window()->installEventFilter(this);
-    connect(field, &QObject::destroyed, this, &Keypad::close);
+    connect(field, &QObject::destroyed, this, [this] {
+        // A widget tells its end while it is no longer a line edit, yet still known by its pointer.
+        m_field.clear();
+        close();
+    });
     connect(field, &QLineEdit::textChanged, this, [this] {
         if (!m_isTyped && !m_isStepPage)
             showPresent();
