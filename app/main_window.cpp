@@ -51,7 +51,8 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
       m_search(m_visa, m_session.defaultRM()),
       m_watch(m_demo ? std::make_unique<DemoPlugWatch>(m_demo->instrumentsFile())
                      : createBusWatch()),
-      m_connection({m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, *m_watch})
+      m_connection({m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, *m_watch},
+                   this)
 {
     loadUiResources();
     applyLook();

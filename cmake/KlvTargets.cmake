@@ -30,7 +30,11 @@ function(klv_test name)
     AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test klv_options)
   add_test(NAME ${name} COMMAND ${name})
+  # Folders of its own, as private as the system's: settings, locks and sockets of no other test.
+  set(private ${PROJECT_BINARY_DIR}/tests/private/${name})
+  file(MAKE_DIRECTORY ${private})
+  file(CHMOD ${private} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/tests/config;XDG_RUNTIME_DIR=${PROJECT_BINARY_DIR}/tests/runtime")
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${private};XDG_RUNTIME_DIR=${private};LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.txt")
 endfunction()

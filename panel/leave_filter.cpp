@@ -6,16 +6,18 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 
-LeaveFilter::LeaveFilter(QLineEdit* field) : QObject(field), m_field(field)
+LeaveFilter::LeaveFilter(QLineEdit* field) : QObject(field)
 {
     field->installEventFilter(this);
 }
 
 bool LeaveFilter::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::FocusOut || m_field->text() != acceptedText(m_field))
+    // A field that is being destroyed loses its focus too, but is no line edit any more.
+    auto* field = event->type() == QEvent::FocusOut ? qobject_cast<QLineEdit*>(watched) : nullptr;
+    if (!field || field->text() != acceptedText(field))
         return QObject::eventFilter(watched, event);
-    const QSignalBlocker quiet(m_field);
-    m_field->event(event);
+    const QSignalBlocker quiet(field);
+    field->event(event);
     return true;
 }

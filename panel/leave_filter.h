@@ -15,7 +15,4 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    QLineEdit* m_field;
 };

@@ -1,0 +1,13 @@
+#!/usr/bin/env bash
+# Prints what the panel costs on this machine: ratios within one run, since machines differ.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+cmake --preset release >/dev/null
+cmake --build --preset release --target link_bench window_bench >/dev/null
+export QT_QPA_PLATFORM=offscreen
+XDG_CONFIG_HOME=$(mktemp -d)
+export XDG_CONFIG_HOME
+trap 'rm -rf "$XDG_CONFIG_HOME"' EXIT
+build/release/bench/link_bench
+/usr/bin/python3 bench/pyvisa_bench.py build/release/demo/libVeVISA32.so
+build/release/bench/window_bench
