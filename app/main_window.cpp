@@ -13,6 +13,7 @@
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
 #include "panel/cw_controls.h"
+#include "panel/keypad.h"
 #include "panel/side_panel.h"
 #include "service/about_box.h"
 #include "service/service_commands.h"
@@ -59,6 +60,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     setUpForm();
     setUpPanels();
     m_about = std::make_unique<Form>(this);
+    m_keypad = new Keypad(this);
     setUpMenu();
     wireStatusLine();
     wireConnection();
@@ -203,9 +205,10 @@ void MainWindow::wireCwControls()
     connect(m_cw.get(), &CwControls::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_ui->Output, &QAbstractButton::toggled, m_ui->label_RF, &QWidget::setEnabled);
     m_ui->label_RF->setEnabled(m_ui->Output->isChecked());
-    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_ui->FREQ,
-            [this] { m_ui->FREQ->setFocus(); });
-    connect(m_ui->key_POW, &QAbstractButton::clicked, m_ui->POW, [this] { m_ui->POW->setFocus(); });
+    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->FREQ); });
+    connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->POW); });
 }
 
 void MainWindow::wireService()

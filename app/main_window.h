@@ -17,6 +17,7 @@ class CwControls;
 class DemoMode;
 class Form;
 class HotPlugWatch;
+class Keypad;
 class Language;
 class ServiceCommands;
 class SidePanel;
@@ -124,6 +125,7 @@ private:
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
+    Keypad* m_keypad = nullptr;
     SidePanel* m_modulation = nullptr;
     SidePanel* m_list = nullptr;
     SidePanel* m_generator = nullptr;

@@ -61,7 +61,8 @@ void SearchTest::reportsInOrder()
     QSignalSpy found(&search, &SearchKLV::sendData);
     QSignalSpy finished(&search, &SearchKLV::finish);
     search.start();
-    QVERIFY(finished.wait());
+    QVERIFY(search.wait(5000));
+    QCOMPARE(finished.count(), 1);
     QStringList told;
     for (const QList<QVariant>& report : found) {
         QVERIFY(report.at(0).toString().startsWith("USB"));
@@ -83,7 +84,8 @@ void SearchTest::findsNothing()
         QSignalSpy error(&search, &SearchKLV::error);
         QSignalSpy finished(&search, &SearchKLV::finish);
         search.start();
-        QVERIFY(error.wait());
+        QVERIFY(search.wait(5000));
+        QCOMPARE(error.count(), 1);
         QCOMPARE(finished.count(), 0);
     }
 }

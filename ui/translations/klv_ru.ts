@@ -140,6 +140,17 @@
     </message>
 </context>
 <context>
+    <name>FoldBox</name>
+    <message>
+        <source>Fold the settings away</source>
+        <translation>Свернуть настройки</translation>
+    </message>
+    <message>
+        <source>Show the settings</source>
+        <translation>Показать настройки</translation>
+    </message>
+</context>
+<context>
     <name>Form</name>
     <message>
         <source>Serial: </source>
@@ -641,6 +652,10 @@
         <source>The help file is not beside the program</source>
         <translation>Файла справки нет рядом с программой</translation>
     </message>
+    <message>
+        <source>This version cannot apply profiles</source>
+        <translation>Эта версия не умеет применять профили</translation>
+    </message>
 </context>
 <context>
     <name>Modulat</name>
@@ -652,15 +667,139 @@
 <context>
     <name>ModulationGroup</name>
     <message>
+        <source>AM</source>
+        <translation>АМ</translation>
+    </message>
+    <message>
+        <source>Amplitude modulation</source>
+        <translation>Амплитудная модуляция</translation>
+    </message>
+    <message>
+        <source>Depth</source>
+        <translation>Глубина</translation>
+    </message>
+    <message>
+        <source>FM</source>
+        <translation>ЧМ</translation>
+    </message>
+    <message>
+        <source>Frequency modulation</source>
+        <translation>Частотная модуляция</translation>
+    </message>
+    <message>
+        <source>Deviation</source>
+        <translation>Девиация</translation>
+    </message>
+    <message>
+        <source>PM</source>
+        <translation>ФМ</translation>
+    </message>
+    <message>
+        <source>Phase modulation</source>
+        <translation>Фазовая модуляция</translation>
+    </message>
+    <message>
+        <source>External source</source>
+        <translation>Внешний источник</translation>
+    </message>
+    <message>
+        <source>Switch the modulation on or off</source>
+        <translation>Включить или выключить модуляцию</translation>
+    </message>
+    <message>
+        <source>Shape of the internal source: %1</source>
+        <translation>Форма сигнала внутреннего источника: %1</translation>
+    </message>
+    <message>
+        <source>%1 source</source>
+        <translation>Источник %1</translation>
+    </message>
+    <message>
+        <source>Settings of the modulation</source>
+        <translation>Настройки модуляции</translation>
+    </message>
+    <message>
         <source>Frequency</source>
         <translation>Частота</translation>
+    </message>
+    <message>
+        <source>DUTY</source>
+        <translation>Заполн.</translation>
+    </message>
+    <message>
+        <source>AM depth in percent</source>
+        <translation>Глубина АМ в процентах</translation>
+    </message>
+    <message>
+        <source>FM deviation in hertz</source>
+        <translation>Девиация ЧМ в герцах</translation>
+    </message>
+    <message>
+        <source>PM deviation in radians</source>
+        <translation>Девиация ФМ в радианах</translation>
+    </message>
+    <message>
+        <source>Frequency of the internal source in hertz</source>
+        <translation>Частота внутреннего источника в герцах</translation>
+    </message>
+    <message>
+        <source>Duty of the rectangle in whole percent</source>
+        <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
     </message>
 </context>
 <context>
     <name>PulseGroup</name>
     <message>
+        <source>External source</source>
+        <translation>Внешний источник</translation>
+    </message>
+    <message>
         <source>Pulse modulation</source>
         <translation>Импульсная модуляция</translation>
+    </message>
+    <message>
+        <source>PulM</source>
+        <translation>ИМ</translation>
+    </message>
+    <message>
+        <source>Switch pulse modulation on or off</source>
+        <translation>Включить или выключить импульсную модуляцию</translation>
+    </message>
+    <message>
+        <source>Source of the pulses</source>
+        <translation>Источник импульсов</translation>
+    </message>
+    <message>
+        <source>Period</source>
+        <translation>Период</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>Длительность</translation>
+    </message>
+    <message>
+        <source>Pulse period</source>
+        <translation>Период импульсов</translation>
+    </message>
+    <message>
+        <source>Pulse width</source>
+        <translation>Длительность импульсов</translation>
+    </message>
+    <message>
+        <source>%1: unit</source>
+        <translation>%1: единица</translation>
+    </message>
+    <message>
+        <source>Unit shown and typed: µs, ms, s or ns; a click takes the next one</source>
+        <translation>Единица показа и ввода: мкс, мс, с или нс; щелчок выбирает следующую</translation>
+    </message>
+    <message>
+        <source>Period of the pulses in the unit beside it</source>
+        <translation>Период импульсов в единицах, указанных рядом</translation>
+    </message>
+    <message>
+        <source>Width of the pulses in the unit beside it</source>
+        <translation>Длительность импульсов в единицах, указанных рядом</translation>
     </message>
 </context>
 <context>
@@ -682,6 +821,37 @@
     </message>
 </context>
 <context>
+    <name>Shape</name>
+    <message>
+        <source>Sine</source>
+        <translation>Синус</translation>
+    </message>
+    <message>
+        <source>Saw positive</source>
+        <translation>Пила прямая</translation>
+    </message>
+    <message>
+        <source>Saw negative</source>
+        <translation>Пила обратная</translation>
+    </message>
+    <message>
+        <source>Triangle</source>
+        <translation>Треугольник</translation>
+    </message>
+    <message>
+        <source>Random</source>
+        <translation>Случайный</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Прямоугольник</translation>
+    </message>
+    <message>
+        <source>DC</source>
+        <translation>Постоянный</translation>
+    </message>
+</context>
+<context>
     <name>SidePanel</name>
     <message>
         <source>Close panel</source>
@@ -691,8 +861,126 @@
 <context>
     <name>Unit</name>
     <message>
+        <source>s</source>
+        <translation>с</translation>
+    </message>
+    <message>
         <source>Hz</source>
         <translation>Гц</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>rad</source>
+        <translation>рад</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>В</translation>
+    </message>
+    <message>
+        <source>p</source>
+        <translation>п</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>н</translation>
+    </message>
+    <message>
+        <source>µ</source>
+        <translation>мк</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>м</translation>
+    </message>
+    <message>
+        <source>k</source>
+        <translation>к</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <translation>М</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>Г</translation>
+    </message>
+</context>
+<context>
+    <name>ValueRow</name>
+    <message>
+        <source>k, m or g after the number: kilo, mega, giga</source>
+        <translation>k, m или g после числа: кило, мега, гига</translation>
+    </message>
+    <message>
+        <source>m or s after the number: milliseconds, seconds</source>
+        <translation>m или s после числа: миллисекунды, секунды</translation>
+    </message>
+    <message>
+        <source>m after the number: millivolts</source>
+        <translation>m после числа: милливольты</translation>
+    </message>
+    <message>
+        <source>Up and Down or the wheel: one step</source>
+        <translation>Стрелки вверх и вниз или колесо: один шаг</translation>
+    </message>
+    <message>
+        <source>%1: keypad</source>
+        <translation>%1: клавиатура</translation>
+    </message>
+    <message>
+        <source>Enter the value with the keypad</source>
+        <translation>Ввести значение с экранной клавиатуры</translation>
+    </message>
+    <message>
+        <source>Int-Ext switch: internal or external source of the modulation</source>
+        <translation>Переключатель внутр./внеш.: источник модуляции</translation>
+    </message>
+    <message>
+        <source>Checked: external source</source>
+        <translation>Нажата: внешний источник</translation>
+    </message>
+</context>
+<context>
+    <name>WaveformPicture</name>
+    <message>
+        <source>Picture of the waveform</source>
+        <translation>График сигнала</translation>
+    </message>
+    <message>
+        <source>Pulses: period %1, width %2</source>
+        <translation>Импульсы: период %1, длительность %2</translation>
+    </message>
+    <message>
+        <source>Pulses: no period is set</source>
+        <translation>Импульсы: период не задан</translation>
+    </message>
+    <message>
+        <source>, %1 (period %2)</source>
+        <translation>, %1 (период %2)</translation>
+    </message>
+    <message>
+        <source>, level %1</source>
+        <translation>, уровень %1</translation>
+    </message>
+    <message>
+        <source>, from %1 to %2</source>
+        <translation>, от %1 до %2</translation>
+    </message>
+    <message>
+        <source>, duty %1</source>
+        <translation>, заполнение %1</translation>
+    </message>
+    <message>
+        <source>ON</source>
+        <translation>ВКЛ</translation>
+    </message>
+    <message>
+        <source>OFF</source>
+        <translation>ВЫКЛ</translation>
     </message>
 </context>
 <context>
@@ -733,12 +1021,44 @@
 <context>
     <name>generator</name>
     <message>
+        <source>The LF generator is off</source>
+        <translation>Генератор НЧ выключен</translation>
+    </message>
+    <message>
         <source>LF Generator</source>
         <translation>Генератор НЧ</translation>
     </message>
     <message>
+        <source>LF generator: %1</source>
+        <translation>Генератор НЧ: %1</translation>
+    </message>
+    <message>
+        <source>Switch the LF generator on with this waveform; a click on the chosen one switches it off</source>
+        <translation>Включить генератор НЧ с этим сигналом; щелчок по выбранному выключает его</translation>
+    </message>
+    <message>
         <source>Frequency</source>
         <translation>Частота</translation>
+    </message>
+    <message>
+        <source>Magnitude</source>
+        <translation>Амплитуда</translation>
+    </message>
+    <message>
+        <source>DUTY</source>
+        <translation>Заполн.</translation>
+    </message>
+    <message>
+        <source>Frequency in hertz</source>
+        <translation>Частота в герцах</translation>
+    </message>
+    <message>
+        <source>Amplitude in volts</source>
+        <translation>Амплитуда в вольтах</translation>
+    </message>
+    <message>
+        <source>Duty of the rectangle in whole percent</source>
+        <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
     </message>
 </context>
 <context>
