@@ -1,0 +1,238 @@
+#include "modulation/generator.h"
+
+#include "modulation/readable_quantity.h"
+#include "modulation/waveform_picture.h"
+#include "numbers/number_text.h"
+#include "panel/numeric_field.h"
+#include "panel/unit_key_filter.h"
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace
+{
+constexpr char initialFrequency[] = "10 000.0";
+constexpr char initialAmplitude[] = "1.000";
+constexpr char initialDuty[] = "50";
+constexpr int shapeColumns = 3;
+/// Of the one shape that stands alone: as wide as those in the columns above it.
+constexpr int shapeWidth = 170;
+
+struct ShapeButton {
+    WaveShape shape;
+    const char* name;
+};
+constexpr std::array<ShapeButton, shapeCount> shapeRows = {{
+    {WaveShape::Sine, "sine_select"},
+    {WaveShape::SawPositive, "sawPos_select"},
+    {WaveShape::SawNegative, "sawNeg_select"},
+    {WaveShape::Triangle, "triangle_select"},
+    {WaveShape::Random, "random_select"},
+    {WaveShape::Square, "rectangle_select"},
+    {WaveShape::Dc, "dc_select"},
+}};
+} // namespace
+
+generator::generator(QWidget* parent)
+    : SidePanel(QStringLiteral("generator"), parent), m_picture(new WaveformPicture(this))
+{
+    build();
+    wire();
+    generator::retranslate();
+}
+
+void generator::build()
+{
+    setFixedWidth(modulationPanelWidth);
+    title()->setObjectName(QStringLiteral("name_generator"));
+    content()->addLayout(buildShapes());
+    shapeButton(WaveShape::Dc)->setFixedWidth(shapeWidth);
+    auto* values = new QGridLayout;
+    values->setSpacing(panelSpacing);
+    m_frequency = addValueRow(values,
+                              {QStringLiteral("caption_FREQ"), QStringLiteral("FREQ"),
+                               QStringLiteral("unit_generator_FREQ")},
+                              QLatin1String(initialFrequency), this);
+    m_amplitude = addValueRow(values,
+                              {QStringLiteral("caption_VOLTAGE"), QStringLiteral("VOLTAGE"),
+                               QStringLiteral("unit_VOLTAGE")},
+                              QLatin1String(initialAmplitude), this);
+    m_duty = addValueRow(
+        values,
+        {QStringLiteral("vvod_Percent"), QStringLiteral("percent"), QStringLiteral("unit_percent")},
+        QLatin1String(initialDuty), this);
+    auto* settings = new QVBoxLayout;
+    settings->setSpacing(panelSpacing);
+    settings->addWidget(shapeButton(WaveShape::Dc));
+    settings->addLayout(values);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(2 * panelSpacing);
+    row->addLayout(settings);
+    row->addWidget(m_picture, 1);
+    content()->addLayout(row);
+}
+
+QGridLayout* generator::buildShapes()
+{
+    auto* grid = new QGridLayout;
+    grid->setSpacing(panelSpacing);
+    for (int i = 0; i < shapeCount; ++i) {
+        const ShapeButton& row = shapeRows[static_cast<std::size_t>(i)];
+        QPushButton* button = newShapeButton(row.shape, QLatin1String(row.name), this);
+        if (row.shape != WaveShape::Dc)
+            grid->addWidget(button, i / shapeColumns, i % shapeColumns);
+        grid->setColumnStretch(i % shapeColumns, 1);
+        m_shapes[static_cast<std::size_t>(i)] = button;
+    }
+    return grid;
+}
+
+void generator::wire()
+{
+    setUpNumericField(frequency(), FieldKind::LfFrequency, StepKind::LfFrequency);
+    setUpNumericField(amplitude(), FieldKind::LfAmplitude, StepKind::LfAmplitude);
+    setUpNumericField(duty(), FieldKind::LfDuty, StepKind::LfDuty);
+    connect(frequency(), &QLineEdit::textEdited, this, &generator::FREQ_Edit);
+    connect(amplitude(), &QLineEdit::textEdited, this, &generator::Volt_Edit);
+    for (const QLineEdit* field : {frequency(), amplitude(), duty()})
+        connect(field, &QLineEdit::textChanged, this, &generator::refresh);
+
+    // Made here, so that the choice is exclusive before any other listener hears of the click.
+    for (QPushButton* button : m_shapes) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] { chooseShape(button); });
+        connect(button, &QAbstractButton::toggled, this, &generator::refresh);
+        button->installEventFilter(this);
+    }
+    const struct {
+        const ValueRow& row;
+        void (generator::*slot)();
+    } keys[] = {{m_frequency, &generator::F_click},
+                {m_amplitude, &generator::A_click},
+                {m_duty, &generator::vvod_Percent_click}};
+    for (const auto& key : keys) {
+        connect(key.row.caption, &QAbstractButton::clicked, this, key.slot);
+        joinUnitToCaption(key.row);
+    }
+}
+
+QPushButton* generator::shapeButton(WaveShape shape) const
+{
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        if (shapeRows[i].shape == shape)
+            return m_shapes[i];
+    }
+    return nullptr;
+}
+
+std::optional<WaveShape> generator::checkedShape() const
+{
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        if (m_shapes[i]->isChecked())
+            return shapeRows[i].shape;
+    }
+    return std::nullopt;
+}
+
+/// The click itself has already checked the button, or unchecked the one that was on.
+void generator::chooseShape(const QAbstractButton* clicked)
+{
+    for (QPushButton* each : m_shapes) {
+        if (each != clicked)
+            each->setChecked(false);
+    }
+}
+
+std::optional<WaveShape> generator::pointedShape() const
+{
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        if (m_shapes[i]->underMouse() || m_shapes[i]->hasFocus())
+            return shapeRows[i].shape;
+    }
+    return std::nullopt;
+}
+
+bool generator::eventFilter(QObject* watched, QEvent* event)
+{
+    static const std::array<QEvent::Type, 4> pointing = {QEvent::Enter, QEvent::Leave,
+                                                         QEvent::FocusIn, QEvent::FocusOut};
+    if (std::find(pointing.begin(), pointing.end(), event->type()) != pointing.end())
+        QTimer::singleShot(0, this, &generator::refresh);
+    return SidePanel::eventFilter(watched, event);
+}
+
+void generator::autoOff()
+{
+    if (const std::optional<WaveShape> shape = checkedShape())
+        shapeButton(*shape)->click();
+    emit hide_();
+}
+
+void generator::FREQ_Edit(const QString&)
+{
+    reformatEdited(frequency(), FieldKind::LfFrequency);
+}
+void generator::Volt_Edit()
+{
+    reformatEdited(amplitude(), FieldKind::LfAmplitude);
+}
+
+void generator::A_click()
+{
+    emit keypadRequested(amplitude());
+}
+void generator::F_click()
+{
+    emit keypadRequested(frequency());
+}
+void generator::vvod_Percent_click()
+{
+    emit keypadRequested(duty());
+}
+
+/// Brings everything into line with the waveform and the fields.
+void generator::refresh()
+{
+    const std::optional<WaveShape> shape = checkedShape();
+    m_duty.setEnabled(shape == WaveShape::Square);
+    const std::optional<WaveShape> shown = shape ? shape : pointedShape();
+    if (!shown) {
+        m_picture->showNote(tr("The LF generator is off"));
+        return;
+    }
+    const bool hasFrequency = *shown != WaveShape::Random && *shown != WaveShape::Dc;
+    const double frequencyHz = hasFrequency ? toNumber(frequency()->text()) : 0.0;
+    const double amplitudeV = toNumber(amplitude()->text());
+    m_picture->showWaveform({*shown, frequencyHz > 0.0 ? 1.0 / frequencyHz : 0.0,
+                             toNumber(duty()->text()),
+                             *shown == WaveShape::Dc ? amplitudeV : -amplitudeV, amplitudeV},
+                            Unit::Volt);
+}
+
+void generator::retranslate()
+{
+    SidePanel::retranslate();
+    setTitle(tr("LF Generator"));
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        const QString shapeName = shapeCaption(shapeRows[i].shape);
+        m_shapes[i]->setText(shapeName);
+        describe(m_shapes[i], tr("LF generator: %1").arg(shapeName),
+                 tr("Switch the LF generator on with this waveform; a click on the chosen one "
+                    "switches it off"));
+    }
+    const auto fullName = [](const QString& name) { return tr("LF generator: %1").arg(name); };
+    retranslateValueRow(m_frequency, {fullName(tr("Frequency")), tr("Frequency"),
+                                      unitSymbol(Unit::Hertz), tr("Frequency in hertz")});
+    retranslateValueRow(m_amplitude, {fullName(tr("Magnitude")), tr("Magnitude"),
+                                      unitSymbol(Unit::Volt), tr("Amplitude in volts")});
+    retranslateValueRow(m_duty, {fullName(tr("DUTY")), tr("DUTY"), unitSymbol(Unit::Percent),
+                                 tr("Duty of the rectangle in whole percent")});
+    refresh();
+}

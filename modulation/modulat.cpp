@@ -1,0 +1,379 @@
+#include "modulation/modulat.h"
+
+#include "panel/unit_key_filter.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+
+#include <algorithm>
+#include <vector>
+
+/// Where the groups stand below each other. Always tall enough for the pulse group and one of the
+/// others, so that the panel keeps its size while groups fold.
+class Modulat::GroupColumn : public QWidget
+{
+public:
+    explicit GroupColumn(QWidget* parent) : QWidget(parent), m_column(new QVBoxLayout(this))
+    {
+        m_column->setContentsMargins(0, 0, 0, 0);
+        m_column->setSpacing(panelSpacing);
+        m_column->setAlignment(Qt::AlignTop);
+    }
+
+    void add(FoldBox* box, bool isAlone)
+    {
+        m_column->addWidget(box);
+        m_boxes.push_back({box, isAlone});
+    }
+
+    QSize sizeHint() const override
+    {
+        int height = -panelSpacing;
+        int tallestBody = 0;
+        for (const Entry& entry : m_boxes) {
+            const int folded = entry.box->heightWhen(false);
+            const int expanded = entry.box->heightWhen(true);
+            height += panelSpacing + (entry.isAlone ? expanded : folded);
+            if (!entry.isAlone)
+                tallestBody = std::max(tallestBody, expanded - folded);
+        }
+        return {QWidget::sizeHint().width(), height + tallestBody};
+    }
+
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+private:
+    struct Entry {
+        FoldBox* box;
+        bool isAlone; ///< it stays expanded beside another
+    };
+
+    QVBoxLayout* m_column;
+    std::vector<Entry> m_boxes;
+};
+
+Modulat::Modulat(QWidget* parent)
+    : SidePanel(QStringLiteral("Modulat"), parent), m_selection(new QGroupBox(this)),
+      m_column(new GroupColumn(this)), m_pulseGroup(new PulseGroup(m_selection, m_column))
+{
+    for (const Modulation modulation : modulations)
+        m_groups[static_cast<std::size_t>(modulation)] =
+            new ModulationGroup(modulation, m_selection, m_column);
+    build();
+    wireButtons();
+    wireFields();
+    wireGroups();
+    m_pulseGroup->setExpanded(true, false);
+    Modulat::retranslate();
+}
+
+void Modulat::build()
+{
+    setFixedWidth(modulationPanelWidth);
+    title()->setObjectName(QStringLiteral("titleModulation"));
+    m_selection->setObjectName(QStringLiteral("Box_modulation"));
+    auto* buttons = new QHBoxLayout(m_selection);
+    buttons->setContentsMargins(0, 0, 0, 0);
+    buttons->setSpacing(panelSpacing);
+    content()->addWidget(m_selection);
+    content()->addWidget(m_column);
+    m_column->add(m_pulseGroup, true);
+    for (ModulationGroup* each : m_groups) {
+        buttons->addWidget(each->state(), 1);
+        m_column->add(each, false);
+    }
+    buttons->addWidget(m_pulseGroup->state(), 1);
+    const std::array<QWidget*, 5> tabOrder = {pulse(), stateButton(Modulation::Am),
+                                              stateButton(Modulation::Fm),
+                                              stateButton(Modulation::Pm), pulse()};
+    for (std::size_t i = 1; i < tabOrder.size(); ++i)
+        setTabOrder(tabOrder[i - 1], tabOrder[i]);
+}
+
+void Modulat::wireButtons()
+{
+    const ModulationGroup& am = group(Modulation::Am);
+    const ModulationGroup& fm = group(Modulation::Fm);
+    const ModulationGroup& pm = group(Modulation::Pm);
+    const ValueRow& period = m_pulseGroup->periodRow();
+    const ValueRow& width = m_pulseGroup->widthRow();
+
+    const struct {
+        QPushButton* button;
+        void (Modulat::*slot)();
+    } clicks[] = {
+        {m_pulseGroup->state(), &Modulat::on_Pulse_clicked},
+        {am.state(), &Modulat::on_AM_clicked},
+        {fm.state(), &Modulat::on_FM_clicked},
+        {pm.state(), &Modulat::on_PM_clicked},
+        {period.unit, &Modulat::on_us_per_clicked},
+        {width.unit, &Modulat::on_us_wid_clicked},
+        {am.rate().caption, &Modulat::on_Ampl_F_clicked},
+        {fm.rate().caption, &Modulat::on_FREQ_T_clicked},
+        {fm.level().caption, &Modulat::on_FREQ_Dev_clicked},
+        {pm.rate().caption, &Modulat::on_Phase_T_clicked},
+        {am.level().caption, &Modulat::Ampl_depth_click},
+        {pm.level().caption, &Modulat::Phase_Dev_click},
+        {am.duty().caption, &Modulat::percentButton_AM_click},
+        {pm.duty().caption, &Modulat::percentButton_PM_click},
+        {fm.duty().caption, &Modulat::percentButton_FM_click},
+    };
+    for (const auto& row : clicks)
+        connect(row.button, &QAbstractButton::clicked, this, row.slot);
+    connect(period.caption, &QAbstractButton::clicked, this,
+            [this] { emit keypadRequested(pulsePeriod().field()); });
+    connect(width.caption, &QAbstractButton::clicked, this,
+            [this] { emit keypadRequested(pulseWidth().field()); });
+    connect(pulseSource(), &QAbstractButton::clicked, this, &Modulat::setEnabledModulationSetting);
+}
+
+void Modulat::wireFields()
+{
+    const ModulationGroup& am = group(Modulation::Am);
+    const ModulationGroup& fm = group(Modulation::Fm);
+    const ModulationGroup& pm = group(Modulation::Pm);
+    const struct {
+        QLineEdit* field;
+        void (Modulat::*slot)(const QString&);
+    } edits[] = {
+        {pulsePeriod().field(), &Modulat::on_line_period_textEdited},
+        {pulseWidth().field(), &Modulat::on_line_width_textEdited},
+        {am.rate().field, &Modulat::on_line_Ampl_1_textEdited},
+        {fm.rate().field, &Modulat::on_line_FREQ_1_textEdited},
+        {fm.level().field, &Modulat::on_line_FREQ_2_textEdited},
+        {pm.rate().field, &Modulat::on_line_Phase_1_textEdited},
+        {am.level().field, &Modulat::line_Ampl_2_Edited},
+        {pm.level().field, &Modulat::line_Phase_2_Edited},
+    };
+    for (const auto& row : edits)
+        connect(row.field, &QLineEdit::textEdited, this, row.slot);
+}
+
+void Modulat::wireGroups()
+{
+    for (ModulationGroup* each : m_groups) {
+        for (const QPushButton* shape : each->shapeButtons())
+            connect(shape, &QAbstractButton::clicked, this, &Modulat::correct_this);
+        connect(each, &FoldBox::headerClicked, this, [this, each] {
+            expandOnly(each->isExpanded() ? std::nullopt : std::optional(each->modulation()), true);
+        });
+        connect(each, &FoldBox::settled, this, &Modulat::allow_move);
+    }
+    connect(m_pulseGroup, &FoldBox::headerClicked, this,
+            [this] { fold(*m_pulseGroup, !m_pulseGroup->isExpanded(), true); });
+    connect(m_pulseGroup, &FoldBox::settled, this, &Modulat::allow_move);
+}
+
+ModulationGroup& Modulat::group(Modulation modulation) const
+{
+    return *m_groups[static_cast<std::size_t>(modulation)];
+}
+
+std::optional<Modulation> Modulat::modulationNamed(const QString& name) const
+{
+    for (const ModulationGroup* each : m_groups) {
+        if (each->name() == name)
+            return each->modulation();
+    }
+    return std::nullopt;
+}
+
+std::optional<Modulation> Modulat::checkedModulation() const
+{
+    for (const ModulationGroup* each : m_groups) {
+        if (each->state()->isChecked())
+            return each->modulation();
+    }
+    return std::nullopt;
+}
+
+double Modulat::pulsePeriodUs() const
+{
+    return pulsePeriod().microseconds();
+}
+double Modulat::pulseWidthUs() const
+{
+    return pulseWidth().microseconds();
+}
+void Modulat::showPulsePeriodUs(const QString& acceptedUs)
+{
+    pulsePeriod().showAcceptedUs(acceptedUs);
+}
+void Modulat::showPulseWidthUs(const QString& acceptedUs)
+{
+    pulseWidth().showAcceptedUs(acceptedUs);
+}
+
+void Modulat::usePulseMicroseconds()
+{
+    pulsePeriod().useMicroseconds();
+    pulseWidth().useMicroseconds();
+}
+
+void Modulat::fold(FoldBox& box, bool isExpanded, bool isAnimated)
+{
+    box.setExpanded(isExpanded, isAnimated);
+    m_isMoving = m_isMoving || box.isMoving();
+}
+
+void Modulat::expand(Modulation modulation, bool isAnimated)
+{
+    expandOnly(modulation, isAnimated);
+}
+
+void Modulat::collapse(Modulation modulation, bool isAnimated)
+{
+    fold(group(modulation), false, isAnimated);
+}
+
+void Modulat::expandOnly(std::optional<Modulation> modulation, bool isAnimated)
+{
+    for (ModulationGroup* each : m_groups)
+        fold(*each, each->modulation() == modulation, isAnimated);
+}
+
+void Modulat::update_AM_PM_FM()
+{
+    expandOnly(checkedModulation(), true);
+}
+
+/// The one just clicked counts, whichever others its owner is about to switch off.
+void Modulat::showSwitched(Modulation modulation)
+{
+    if (stateButton(modulation)->isChecked())
+        expandOnly(modulation, true);
+    else
+        update_AM_PM_FM();
+}
+
+void Modulat::on_Pulse_clicked()
+{
+    if (pulse()->isChecked())
+        fold(*m_pulseGroup, true, true);
+}
+void Modulat::on_AM_clicked()
+{
+    showSwitched(Modulation::Am);
+}
+void Modulat::on_FM_clicked()
+{
+    showSwitched(Modulation::Fm);
+}
+void Modulat::on_PM_clicked()
+{
+    showSwitched(Modulation::Pm);
+}
+
+void Modulat::on_us_per_clicked()
+{
+    pulsePeriod().nextUnit();
+}
+void Modulat::on_us_wid_clicked()
+{
+    pulseWidth().nextUnit();
+}
+
+void Modulat::on_Ampl_F_clicked()
+{
+    emit keypadRequested(group(Modulation::Am).rate().field);
+}
+void Modulat::on_FREQ_T_clicked()
+{
+    emit keypadRequested(group(Modulation::Fm).rate().field);
+}
+void Modulat::on_FREQ_Dev_clicked()
+{
+    emit keypadRequested(group(Modulation::Fm).level().field);
+}
+void Modulat::on_Phase_T_clicked()
+{
+    emit keypadRequested(group(Modulation::Pm).rate().field);
+}
+void Modulat::Ampl_depth_click()
+{
+    emit keypadRequested(group(Modulation::Am).level().field);
+}
+void Modulat::Phase_Dev_click()
+{
+    emit keypadRequested(group(Modulation::Pm).level().field);
+}
+void Modulat::percentButton_AM_click()
+{
+    emit keypadRequested(group(Modulation::Am).duty().field);
+}
+void Modulat::percentButton_PM_click()
+{
+    emit keypadRequested(group(Modulation::Pm).duty().field);
+}
+void Modulat::percentButton_FM_click()
+{
+    emit keypadRequested(group(Modulation::Fm).duty().field);
+}
+
+void Modulat::on_line_period_textEdited(const QString&)
+{
+    reformatEdited(pulsePeriod().field(), FieldKind::PulsePeriod);
+}
+void Modulat::on_line_width_textEdited(const QString&)
+{
+    reformatEdited(pulseWidth().field(), FieldKind::PulseWidth);
+}
+void Modulat::on_line_Ampl_1_textEdited(const QString&)
+{
+    reformatEdited(group(Modulation::Am).rate().field, FieldKind::ModulationRate);
+}
+void Modulat::on_line_FREQ_1_textEdited(const QString&)
+{
+    reformatEdited(group(Modulation::Fm).rate().field, FieldKind::ModulationRate);
+}
+void Modulat::on_line_FREQ_2_textEdited(const QString&)
+{
+    reformatEdited(group(Modulation::Fm).level().field, FieldKind::FmDeviation);
+}
+void Modulat::on_line_Phase_1_textEdited(const QString&)
+{
+    reformatEdited(group(Modulation::Pm).rate().field, FieldKind::ModulationRate);
+}
+void Modulat::line_Ampl_2_Edited(const QString&)
+{
+    reformatEdited(group(Modulation::Am).level().field, FieldKind::AmDepth);
+}
+void Modulat::line_Phase_2_Edited(const QString&)
+{
+    reformatEdited(group(Modulation::Pm).level().field, FieldKind::PmDeviation);
+}
+
+void Modulat::correct_this()
+{
+    const auto* clicked = qobject_cast<QPushButton*>(sender());
+    for (ModulationGroup* each : m_groups)
+        each->chooseShape(clicked);
+}
+
+void Modulat::setEnabledModulationSetting(bool isDisabled)
+{
+    m_pulseGroup->setSettingsEnabled(!isDisabled);
+}
+
+void Modulat::allow_move()
+{
+    m_isMoving = false;
+}
+
+void Modulat::mousePressEvent(QMouseEvent* event)
+{
+    event->setAccepted(m_isMoving);
+}
+
+void Modulat::retranslate()
+{
+    SidePanel::retranslate();
+    setTitle(tr("Modulation"));
+    m_selection->setAccessibleName(tr("Modulation"));
+    for (ModulationGroup* each : m_groups)
+        each->retranslate();
+    m_pulseGroup->retranslate();
+}

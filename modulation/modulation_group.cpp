@@ -1,0 +1,287 @@
+#include "modulation/modulation_group.h"
+
+#include "modulation/readable_quantity.h"
+#include "modulation/waveform_picture.h"
+#include "numbers/number_text.h"
+#include "panel/numeric_field.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVariant>
+
+#include <algorithm>
+#include <iterator>
+
+/// What tells one of the three groups from the others.
+struct ModulationGroup::Row {
+    const char* name;
+    const char* image;
+    const char* suffix;
+    const char* heading;
+    const char* levelCaption;
+    const char* levelTip;
+    Unit levelUnit;
+    FieldKind levelKind;
+    const char* levelText;
+    StepKind steps[3];
+    const char* rateNames[2]; ///< caption button, unit button
+    const char* levelNames[2];
+    const char* dutyUnitName;
+    const char* labelNames[2]; ///< summary, caption of the duty
+};
+
+namespace
+{
+using Row = ModulationGroup::Row;
+using S = StepKind;
+
+const Row rows[] = {
+    {QT_TRANSLATE_NOOP("ModulationGroup", "AM"),
+     ":/images/am.png",
+     "Ampl",
+     QT_TRANSLATE_NOOP("ModulationGroup", "Amplitude modulation"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "Depth"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "AM depth in percent"),
+     Unit::Percent,
+     FieldKind::AmDepth,
+     "1.00",
+     {S::AmRate, S::AmDepth, S::AmDuty},
+     {"Ampl_F", "pushButton"},
+     {"Ampl_depth", "pushButton_2"},
+     "pushButton_7",
+     {"label_3", "label_4"}},
+    {QT_TRANSLATE_NOOP("ModulationGroup", "FM"),
+     ":/images/fm.png",
+     "FREQ",
+     QT_TRANSLATE_NOOP("ModulationGroup", "Frequency modulation"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "FM deviation in hertz"),
+     Unit::Hertz,
+     FieldKind::FmDeviation,
+     "0.0015625",
+     {S::FmRate, S::FmDeviation, S::FmDuty},
+     {"FREQ_T", "pushButton_3"},
+     {"FREQ_Dev", "pushButton_4"},
+     "pushButton_8",
+     {"label_7", "label_8"}},
+    {QT_TRANSLATE_NOOP("ModulationGroup", "PM"),
+     ":/images/pm.png",
+     "Phase",
+     QT_TRANSLATE_NOOP("ModulationGroup", "Phase modulation"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
+     QT_TRANSLATE_NOOP("ModulationGroup", "PM deviation in radians"),
+     Unit::Radian,
+     FieldKind::PmDeviation,
+     "0.001",
+     {S::PmRate, S::PmDeviation, S::PmDuty},
+     {"Phase_T", "pushButton_5"},
+     {"Phase_Dev", "pushButton_6"},
+     "pushButton_9",
+     {"label_9", "label_10"}},
+};
+
+struct ShapePrefix {
+    WaveShape shape;
+    const char* prefix;
+};
+constexpr ShapePrefix shapePrefixes[] = {
+    {WaveShape::Sine, "Sin_"},           {WaveShape::SawPositive, "SawPos_"},
+    {WaveShape::SawNegative, "SawNeg_"}, {WaveShape::Triangle, "Triangle_"},
+    {WaveShape::Random, "Random_"},      {WaveShape::Square, "Rect_"},
+};
+static_assert(std::size(shapePrefixes) == modulationShapeCount);
+
+constexpr char initialRate[] = "1 000";
+constexpr char initialDuty[] = "50";
+constexpr int shapeColumns = 3;
+constexpr int dutyButtonWidth = 48;
+} // namespace
+
+ModulationGroup::ModulationGroup(Modulation modulation, QWidget* selection, QWidget* parent)
+    : FoldBox(QLatin1String(rows[static_cast<int>(modulation)].name) + QLatin1Char('_'),
+              QStringLiteral("title") + QLatin1String(rows[static_cast<int>(modulation)].name),
+              parent),
+      m_row(rows[static_cast<int>(modulation)]), m_state(newStateButton(name(), selection)),
+      m_summary(addSummary()), m_source(newSourceSwitch(QStringLiteral("IntExt_") + name(), this)),
+      m_dutyCaption(new QLabel(body())), m_picture(new WaveformPicture(body()))
+{
+    m_state->setIcon(QIcon(QLatin1String(m_row.image)));
+    build();
+    shapeButton(WaveShape::Sine)->setChecked(true);
+    setUpNumericField(m_rate.field, FieldKind::ModulationRate, m_row.steps[0]);
+    setUpNumericField(m_level.field, m_row.levelKind, m_row.steps[1]);
+    setUpNumericField(m_duty.field, FieldKind::Duty, m_row.steps[2]);
+
+    for (const QLineEdit* field : {m_rate.field, m_level.field, m_duty.field})
+        connect(field, &QLineEdit::textChanged, this, &ModulationGroup::refresh);
+    for (const QPushButton* button : m_shapes)
+        connect(button, &QAbstractButton::toggled, this, &ModulationGroup::refresh);
+    connect(m_source, &QAbstractButton::toggled, this, &ModulationGroup::refresh);
+    connect(m_state, &QAbstractButton::toggled, this, &ModulationGroup::setLit);
+    retranslate();
+}
+
+void ModulationGroup::build()
+{
+    m_summary->setObjectName(QLatin1String(m_row.labelNames[0]));
+    header()->addWidget(m_source);
+    auto* lower = new QHBoxLayout;
+    auto* column = new QVBoxLayout(body());
+    column->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
+    column->setSpacing(panelSpacing);
+    column->addLayout(buildShapes());
+    column->addLayout(lower);
+    lower->setSpacing(2 * panelSpacing);
+    lower->addLayout(buildValues());
+    lower->addWidget(m_picture, 1);
+}
+
+QGridLayout* ModulationGroup::buildShapes()
+{
+    auto* grid = new QGridLayout;
+    grid->setSpacing(panelSpacing);
+    for (int i = 0; i < modulationShapeCount; ++i) {
+        const ShapePrefix& row = shapePrefixes[i];
+        QPushButton* button = newShapeButton(
+            row.shape, QLatin1String(row.prefix) + QLatin1String(m_row.suffix), body());
+        grid->addWidget(button, i / shapeColumns, i % shapeColumns);
+        grid->setColumnStretch(i % shapeColumns, 1);
+        m_shapes[static_cast<std::size_t>(i)] = button;
+    }
+    return grid;
+}
+
+QGridLayout* ModulationGroup::buildValues()
+{
+    const QString suffix = QLatin1String(m_row.suffix);
+    const auto names = [](const char* const(&keys)[2], const QString& field) {
+        return ValueRowNames{QLatin1String(keys[0]), field, QLatin1String(keys[1])};
+    };
+    auto* grid = new QGridLayout;
+    grid->setSpacing(panelSpacing);
+    m_rate = addValueRow(grid, names(m_row.rateNames, QStringLiteral("line_%1_1").arg(suffix)),
+                         QLatin1String(initialRate), body());
+    m_level = addValueRow(grid, names(m_row.levelNames, QStringLiteral("line_%1_2").arg(suffix)),
+                          QLatin1String(m_row.levelText), body());
+    m_duty =
+        addValueRow(grid,
+                    {QStringLiteral("percentButton_") + suffix,
+                     QStringLiteral("percentLine_") + suffix, QLatin1String(m_row.dutyUnitName)},
+                    QLatin1String(initialDuty), body());
+    for (const ValueRow* row : {&m_rate, &m_level, &m_duty})
+        joinUnitToCaption(*row);
+
+    // The button tells the duty itself; its caption stands beside it.
+    m_dutyCaption->setObjectName(QLatin1String(m_row.labelNames[1]));
+    m_duty.caption->setFixedWidth(dutyButtonWidth);
+    m_duty.caption->setProperty("dutyCaption", true);
+    auto* captions = new QHBoxLayout;
+    captions->setSpacing(panelSpacing / 2);
+    grid->removeWidget(m_duty.caption);
+    captions->addWidget(m_dutyCaption, 1);
+    captions->addWidget(m_duty.caption);
+    grid->addLayout(captions, grid->rowCount() - 1, 0);
+    return grid;
+}
+
+Modulation ModulationGroup::modulation() const
+{
+    return static_cast<Modulation>(&m_row - rows);
+}
+
+QString ModulationGroup::name() const
+{
+    return QLatin1String(m_row.name);
+}
+
+QString ModulationGroup::caption() const
+{
+    return tr(m_row.name);
+}
+
+bool ModulationGroup::isExternal() const
+{
+    return m_source->isChecked();
+}
+
+QPushButton* ModulationGroup::shapeButton(WaveShape shape) const
+{
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        if (shapePrefixes[i].shape == shape)
+            return m_shapes[i];
+    }
+    return nullptr;
+}
+
+WaveShape ModulationGroup::checkedShape() const
+{
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        if (m_shapes[i]->isChecked())
+            return shapePrefixes[i].shape;
+    }
+    return WaveShape::Sine;
+}
+
+bool ModulationGroup::chooseShape(const QPushButton* button)
+{
+    if (std::find(m_shapes.begin(), m_shapes.end(), button) == m_shapes.end())
+        return false;
+    for (QPushButton* each : m_shapes)
+        each->setChecked(each == button);
+    return true;
+}
+
+/// Brings everything into line with the shape, the source and the fields.
+void ModulationGroup::refresh()
+{
+    const WaveShape shape = checkedShape();
+    m_rate.setEnabled(shape != WaveShape::Random);
+    m_duty.setEnabled(shape == WaveShape::Square);
+    m_dutyCaption->setEnabled(shape == WaveShape::Square);
+    m_duty.caption->setText(withoutBlanks(m_duty.field->text()));
+
+    const double level = toNumber(m_level.field->text());
+    const double rateHz = shape == WaveShape::Random ? 0.0 : toNumber(m_rate.field->text());
+    const double duty = toNumber(m_duty.field->text());
+    if (isExternal())
+        m_picture->showNote(tr("External source"));
+    else
+        m_picture->showWaveform({shape, rateHz > 0.0 ? 1.0 / rateHz : 0.0, duty, -level, level},
+                                m_row.levelUnit);
+    QStringList summary;
+    if (rateHz > 0.0 && !isExternal())
+        summary << readableQuantity(rateHz, Unit::Hertz);
+    summary << readableQuantity(level, m_row.levelUnit);
+    m_summary->setText(summaryText(summary));
+}
+
+void ModulationGroup::retranslate()
+{
+    setHeading(tr(m_row.heading));
+    m_state->setText(caption());
+    describe(m_state, tr(m_row.heading), tr("Switch the modulation on or off"));
+    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
+        const QString shapeName = shapeCaption(shapePrefixes[i].shape);
+        m_shapes[i]->setText(shapeName);
+        describe(m_shapes[i], caption() + QLatin1Char(' ') + shapeName,
+                 tr("Shape of the internal source: %1").arg(shapeName));
+    }
+    retranslateSourceSwitch(m_source, tr("%1 source").arg(caption()));
+    m_summary->setToolTip(tr("Settings of the modulation"));
+
+    const auto fullName = [this](const QString& name) {
+        return caption() + QLatin1Char(' ') + name;
+    };
+    m_dutyCaption->setText(tr("DUTY"));
+    retranslateValueRow(m_rate,
+                        {fullName(tr("Frequency")), tr("Frequency"), unitSymbol(Unit::Hertz),
+                         tr("Frequency of the internal source in hertz")});
+    retranslateValueRow(m_level, {fullName(tr(m_row.levelCaption)), tr(m_row.levelCaption),
+                                  unitSymbol(m_row.levelUnit), tr(m_row.levelTip)});
+    retranslateValueRow(m_duty, {fullName(tr("DUTY")), QString(), unitSymbol(Unit::Percent),
+                                 tr("Duty of the rectangle in whole percent")});
+    refresh();
+}

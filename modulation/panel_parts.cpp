@@ -1,0 +1,140 @@
+#include "modulation/panel_parts.h"
+
+#include "panel/numeric_field.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVariant>
+
+namespace
+{
+constexpr int captionWidth = 112;
+constexpr int fieldWidth = 112;
+constexpr int unitWidth = 40;
+constexpr int iconSide = 24;
+constexpr QSize sourcePictureSize(120, 24);
+constexpr int sourceWidth = 128;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ValueRow", text);
+}
+
+QString unitLettersHint(UnitFamily units)
+{
+    switch (units) {
+    case UnitFamily::Frequency:
+        return translated(
+            QT_TRANSLATE_NOOP("ValueRow", "k, m or g after the number: kilo, mega, giga"));
+    case UnitFamily::Time:
+        return translated(
+            QT_TRANSLATE_NOOP("ValueRow", "m or s after the number: milliseconds, seconds"));
+    case UnitFamily::Voltage:
+        return translated(QT_TRANSLATE_NOOP("ValueRow", "m after the number: millivolts"));
+    case UnitFamily::None:
+        break;
+    }
+    return QString();
+}
+} // namespace
+
+void ValueRow::setEnabled(bool isEnabled) const
+{
+    caption->setEnabled(isEnabled);
+    field->setEnabled(isEnabled);
+    unit->setEnabled(isEnabled);
+}
+
+ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, const QString& text,
+                     QWidget* parent)
+{
+    ValueRow row{new QPushButton(parent), new QLineEdit(text, parent), new QPushButton(parent)};
+    row.caption->setObjectName(names.caption);
+    row.caption->setProperty("valueCaption", true);
+    row.caption->setFixedWidth(captionWidth);
+    // A click must not take the focus from a field, which would commit what is half typed.
+    row.caption->setFocusPolicy(Qt::TabFocus);
+    row.field->setObjectName(names.field);
+    row.field->setAlignment(Qt::AlignRight);
+    row.field->setFixedWidth(fieldWidth);
+    row.unit->setObjectName(names.unit);
+    row.unit->setFixedWidth(unitWidth);
+    row.unit->setFocusPolicy(Qt::TabFocus);
+
+    const int line = grid->rowCount();
+    grid->addWidget(row.caption, line, 0);
+    grid->addWidget(row.field, line, 1);
+    grid->addWidget(row.unit, line, 2);
+    return row;
+}
+
+void joinUnitToCaption(const ValueRow& row)
+{
+    row.unit->setProperty("valueUnit", true);
+    row.unit->setFocusPolicy(Qt::NoFocus);
+    QObject::connect(row.unit, &QAbstractButton::clicked, row.caption, &QAbstractButton::click);
+}
+
+QPushButton* newStateButton(const QString& objectName, QWidget* parent)
+{
+    auto* button = new QPushButton(parent);
+    button->setObjectName(objectName);
+    button->setCheckable(true);
+    button->setIconSize(QSize(iconSide, iconSide));
+    return button;
+}
+
+QPushButton* newShapeButton(WaveShape shape, const QString& objectName, QWidget* parent)
+{
+    QPushButton* button = newStateButton(objectName, parent);
+    button->setProperty("shape", true);
+    button->setIcon(shapeIcon(shape));
+    return button;
+}
+
+QPushButton* newSourceSwitch(const QString& objectName, QWidget* parent)
+{
+    auto* button = newStateButton(objectName, parent);
+    button->setProperty("sourceSwitch", true);
+    button->setIconSize(sourcePictureSize);
+    button->setFixedWidth(sourceWidth);
+    return button;
+}
+
+QString summaryText(const QStringList& values)
+{
+    return values.join(QStringLiteral("  ·  "));
+}
+
+void retranslateValueRow(const ValueRow& row, const ValueRowTexts& texts)
+{
+    QStringList hints = {texts.toolTip};
+    if (const std::optional<NumericField> number = numericField(row.field))
+        hints << unitLettersHint(unitFamily(number->kind));
+    hints << translated(QT_TRANSLATE_NOOP("ValueRow", "Up and Down or the wheel: one step"));
+    hints.removeAll(QString());
+    describe(row.field, texts.name, hints.join(QLatin1Char('\n')));
+    if (!texts.caption.isEmpty())
+        row.caption->setText(texts.caption);
+    row.unit->setText(texts.unit);
+    for (QPushButton* key : {row.caption, row.unit})
+        describe(key, translated(QT_TRANSLATE_NOOP("ValueRow", "%1: keypad")).arg(texts.name),
+                 translated(QT_TRANSLATE_NOOP("ValueRow", "Enter the value with the keypad")));
+}
+
+void retranslateSourceSwitch(QPushButton* button, const QString& name)
+{
+    describe(button, name,
+             translated(QT_TRANSLATE_NOOP(
+                 "ValueRow", "Int-Ext switch: internal or external source of the modulation")));
+    button->setAccessibleDescription(
+        translated(QT_TRANSLATE_NOOP("ValueRow", "Checked: external source")));
+}
+
+void describe(QWidget* control, const QString& name, const QString& toolTip)
+{
+    control->setAccessibleName(name);
+    control->setToolTip(toolTip);
+}

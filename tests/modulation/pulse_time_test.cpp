@@ -1,0 +1,249 @@
+#include "modulation/pulse_time.h"
+#include "numbers/step_table.h"
+#include "panel/unit_key_filter.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+
+#include <memory>
+
+namespace
+{
+struct Bench {
+    Bench()
+    {
+        auto* column = new QVBoxLayout(&window);
+        column->addWidget(&field);
+        column->addWidget(&other);
+        column->addWidget(&unit);
+        time = std::make_unique<PulseTime>(&field, &unit, FieldKind::PulsePeriod,
+                                           StepKind::PulsePeriod);
+        window.show();
+        window.activateWindow();
+        (void)QTest::qWaitForWindowActive(&window);
+        field.setFocus();
+    }
+
+    void useUnit(const QString& symbol)
+    {
+        for (int i = 0; i < 4 && unit.text() != symbol; ++i)
+            time->nextUnit();
+        QCOMPARE(unit.text(), symbol);
+    }
+
+    std::unique_ptr<PulseTime> time;
+    QWidget window;
+    QLineEdit& field = *new QLineEdit(&window);
+    QLineEdit& other = *new QLineEdit(&window);
+    QPushButton& unit = *new QPushButton(&window);
+};
+} // namespace
+
+class PulseTimeTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cyclesWithoutLoss_data();
+    void cyclesWithoutLoss();
+    void typing_data();
+    void typing();
+    void steps_data();
+    void steps();
+    void newUnitCommitsNothing();
+    void acceptedValue();
+    void emptyFieldHasNoValue();
+};
+
+void PulseTimeTest::cyclesWithoutLoss_data()
+{
+    QTest::addColumn<QString>("us");
+    QTest::addColumn<QString>("ms");
+    QTest::addColumn<QString>("s");
+    QTest::addColumn<QString>("ns");
+    QTest::newRow("1 000") << "1 000"
+                           << "1"
+                           << "0.001"
+                           << "1 000 000";
+    QTest::newRow("decimals") << "12 345.678"
+                              << "12.345678"
+                              << "0.012345678"
+                              << "12 345 678";
+    QTest::newRow("smallest") << "0.000001"
+                              << "0.000000001"
+                              << "0.000000000001"
+                              << "0.001";
+    QTest::newRow("long") << "40 000 000"
+                          << "40 000"
+                          << "40"
+                          << "40 000 000 000";
+    QTest::newRow("zero") << "0"
+                          << "0"
+                          << "0"
+                          << "0";
+    QTest::newRow("empty") << ""
+                           << ""
+                           << ""
+                           << "";
+}
+
+void PulseTimeTest::cyclesWithoutLoss()
+{
+    QFETCH(QString, us);
+    QFETCH(QString, ms);
+    QFETCH(QString, s);
+    QFETCH(QString, ns);
+    Bench bench;
+    bench.field.setText(us);
+    const double microseconds = bench.time->microseconds();
+    const struct {
+        const char* unit;
+        QString text;
+    } views[] = {{"ms", ms}, {"s", s}, {"ns", ns}, {"µs", us}};
+    for (const auto& view : views) {
+        bench.time->nextUnit();
+        QCOMPARE(bench.unit.text(), QString(view.unit));
+        QCOMPARE(bench.field.text(), view.text);
+        QCOMPARE(bench.time->microseconds(), microseconds);
+        QCOMPARE(bench.time->textUs(), us);
+    }
+    bench.time->nextUnit();
+    bench.time->useMicroseconds();
+    QCOMPARE(bench.field.text(), us);
+}
+
+void PulseTimeTest::typing_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<double>("microseconds");
+    QTest::newRow("µs") << "µs"
+                        << "2500"
+                        << "2 500" << 2500.0;
+    QTest::newRow("ms") << "ms"
+                        << "2500"
+                        << "2 500" << 2.5e6;
+    QTest::newRow("ns") << "ns"
+                        << "2500"
+                        << "2 500" << 2.5;
+    QTest::newRow("comma") << "ms"
+                           << "2,5"
+                           << "2.5" << 2500.0;
+    QTest::newRow("ms letter into µs") << "µs"
+                                       << "2.5m"
+                                       << "2 500" << 2500.0;
+    QTest::newRow("ms letter into ms") << "ms"
+                                       << "2.5m"
+                                       << "2.5" << 2500.0;
+    QTest::newRow("s letter into ms") << "ms"
+                                      << "2s"
+                                      << "2 000" << 2e6;
+    QTest::newRow("ms letter into ns") << "ns"
+                                       << "2m"
+                                       << "2 000 000" << 2000.0;
+    QTest::newRow("letter without a number") << "s"
+                                             << "m2"
+                                             << "2" << 2e6;
+}
+
+void PulseTimeTest::typing()
+{
+    QFETCH(QString, unit);
+    QFETCH(QString, keys);
+    Bench bench;
+    bench.useUnit(unit);
+    bench.field.clear();
+    QTest::keyClicks(&bench.field, keys);
+    QTEST(bench.field.text(), "shown");
+    QTEST(bench.time->microseconds(), "microseconds");
+    QCOMPARE(bench.field.property("edited").toBool(), true);
+}
+
+void PulseTimeTest::steps_data()
+{
+    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("stepped");
+    QTest::newRow("µs") << "µs"
+                        << "1 000"
+                        << "1 100";
+    QTest::newRow("ms") << "ms"
+                        << "1"
+                        << "1.1";
+    QTest::newRow("s") << "s"
+                       << "0.001"
+                       << "0.0011";
+    QTest::newRow("ns") << "ns"
+                        << "1 000 000"
+                        << "1 100 000";
+}
+
+// One step is 100 µs, whatever unit is shown.
+void PulseTimeTest::steps()
+{
+    QFETCH(QString, unit);
+    QString announced;
+    Bench bench;
+    QVERIFY(StepTable::global().setStep(StepKind::PulsePeriod, 100.0));
+    bench.field.setText("1 000");
+    bench.useUnit(unit);
+    QTEST(bench.field.text(), "shown");
+    connect(&bench.field, &QLineEdit::editingFinished, &bench.window,
+            [&] { announced = bench.time->textUs(); });
+    QTest::keyClick(&bench.field, Qt::Key_Up);
+    QTEST(bench.field.text(), "stepped");
+    QCOMPARE(announced, QString("1 100"));
+}
+
+void PulseTimeTest::newUnitCommitsNothing()
+{
+    Bench bench;
+    bench.time->showAcceptedUs("1 000");
+    const QSignalSpy announced(&bench.field, &QLineEdit::editingFinished);
+    bench.time->nextUnit();
+    bench.other.setFocus();
+    QCOMPARE(announced.size(), 0);
+    // What was typed before is still to be committed, in whatever unit.
+    bench.field.setFocus();
+    bench.field.selectAll();
+    QTest::keyClicks(&bench.field, "2");
+    bench.time->nextUnit();
+    QCOMPARE(bench.field.property("edited").toBool(), true);
+    bench.other.setFocus();
+    QCOMPARE(announced.size(), 1);
+    QCOMPARE(bench.time->textUs(), QString("2 000"));
+}
+
+void PulseTimeTest::acceptedValue()
+{
+    Bench bench;
+    bench.useUnit("ms");
+    setEdited(&bench.field, true);
+    const QSignalSpy announced(&bench.field, &QLineEdit::editingFinished);
+    bench.time->showAcceptedUs("12 500.5");
+    QCOMPARE(bench.field.text(), QString("12.5005"));
+    QCOMPARE(bench.time->textUs(), QString("12 500.5"));
+    QCOMPARE(bench.field.property("edited").toBool(), false);
+    QCOMPARE(announced.size(), 0);
+    // A failed read leaves an empty text.
+    bench.time->showAcceptedUs(QString());
+    QCOMPARE(bench.field.text(), QString());
+}
+
+void PulseTimeTest::emptyFieldHasNoValue()
+{
+    Bench bench;
+    for (const char* text : {"", "  ", "m", "."}) {
+        bench.field.setText(text);
+        QCOMPARE(bench.time->microseconds(), 0.0);
+    }
+    bench.field.setText("  ");
+    QCOMPARE(bench.time->textUs(), QString());
+}
+
+QTEST_MAIN(PulseTimeTest)
+#include "pulse_time_test.moc"
