@@ -106,7 +106,7 @@ int Printer::parseCount()
 {
     if (*m_format == '*') {
         ++m_format;
-        return va_arg(m_arguments.list, int);
+        return m_arguments.next<int>();
     }
     int count = 0;
     for (; *m_format >= '0' && *m_format <= '9'; ++m_format)
@@ -158,7 +158,7 @@ ViStatus Printer::put(const Conversion& conversion)
         putFloating(conversion);
         return VI_SUCCESS;
     case 'c':
-        putWith(conversion, "", va_arg(m_arguments.list, int));
+        putWith(conversion, "", m_arguments.next<int>());
         return VI_SUCCESS;
     case 's':
         putString(conversion);
@@ -199,43 +199,41 @@ void Printer::putWith(const Conversion& conversion, const char* size, Value valu
 
 void Printer::putInteger(const Conversion& conversion)
 {
-    va_list& list = m_arguments.list;
     if (conversion.size == "ll")
-        putWith(conversion, "ll", va_arg(list, long long));
+        putWith(conversion, "ll", m_arguments.next<long long>());
     else if (conversion.size == "l")
-        putWith(conversion, "l", va_arg(list, long));
+        putWith(conversion, "l", m_arguments.next<long>());
     else if (conversion.size == "h")
-        putWith(conversion, "", static_cast<int>(static_cast<short>(va_arg(list, int))));
+        putWith(conversion, "", static_cast<int>(static_cast<short>(m_arguments.next<int>())));
     else
-        putWith(conversion, "", va_arg(list, int));
+        putWith(conversion, "", m_arguments.next<int>());
 }
 
 void Printer::putUnsigned(const Conversion& conversion)
 {
-    va_list& list = m_arguments.list;
     if (conversion.size == "ll")
-        putWith(conversion, "ll", va_arg(list, unsigned long long));
+        putWith(conversion, "ll", m_arguments.next<unsigned long long>());
     else if (conversion.size == "l")
-        putWith(conversion, "l", va_arg(list, unsigned long));
+        putWith(conversion, "l", m_arguments.next<unsigned long>());
     else if (conversion.size == "h")
         putWith(conversion, "",
-                static_cast<unsigned>(static_cast<unsigned short>(va_arg(list, unsigned))));
+                static_cast<unsigned>(static_cast<unsigned short>(m_arguments.next<unsigned>())));
     else
-        putWith(conversion, "", va_arg(list, unsigned));
+        putWith(conversion, "", m_arguments.next<unsigned>());
 }
 
 // float and double are the same in an argument list, so that %f and %lf are too.
 void Printer::putFloating(const Conversion& conversion)
 {
     if (conversion.size == "L")
-        putWith(conversion, "L", va_arg(m_arguments.list, long double));
+        putWith(conversion, "L", m_arguments.next<long double>());
     else
-        putWith(conversion, "", va_arg(m_arguments.list, double));
+        putWith(conversion, "", m_arguments.next<double>());
 }
 
 void Printer::putString(const Conversion& conversion)
 {
-    const char* text = va_arg(m_arguments.list, const char*);
+    const char* text = m_arguments.next<const char*>();
     putWith(conversion, "", text == nullptr ? "" : text);
 }
 
@@ -243,7 +241,7 @@ ViStatus Printer::putBlock(const Conversion& conversion)
 {
     if (conversion.width < 0 || !conversion.size.empty())
         return conversion.width < 0 ? VI_ERROR_INV_FMT : VI_ERROR_NSUP_FMT;
-    const char* bytes = va_arg(m_arguments.list, const char*);
+    const char* bytes = m_arguments.next<const char*>();
     const auto count = static_cast<size_t>(conversion.width);
     const std::string digits = std::to_string(count);
     m_printed.text += "#" + std::to_string(digits.size()) + digits;

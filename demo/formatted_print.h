@@ -8,6 +8,13 @@
 /// A variable argument list that can be handed on and goes on where it stands.
 struct Arguments {
     va_list list;
+
+    template <typename Value>
+    Value next()
+    {
+        // Whoever fills the list begins it. NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+        return va_arg(list, Value);
+    }
 };
 
 /// What a write format and its arguments come to.

@@ -99,7 +99,7 @@ bool Scanner::parse(Conversion& conversion)
         ++m_format;
     }
     if (*m_format == '#') {
-        conversion.countResult = va_arg(m_arguments.list, ViUInt32*);
+        conversion.countResult = m_arguments.next<ViUInt32*>();
         // The room holds the closing NUL as well, where there is one.
         conversion.width = *conversion.countResult;
         ++m_format;
@@ -248,25 +248,24 @@ ViStatus Scanner::storeNumber(const Conversion& conversion)
 
 void Scanner::storeInteger(const Conversion& conversion, long long value)
 {
-    va_list& list = m_arguments.list;
     if (conversion.size == "h")
-        *va_arg(list, short*) = static_cast<short>(value);
+        *m_arguments.next<short*>() = static_cast<short>(value);
     else if (conversion.size == "l")
-        *va_arg(list, long*) = static_cast<long>(value);
+        *m_arguments.next<long*>() = static_cast<long>(value);
     else if (conversion.size == "ll")
-        *va_arg(list, long long*) = value;
+        *m_arguments.next<long long*>() = value;
     else
-        *va_arg(list, int*) = static_cast<int>(value);
+        *m_arguments.next<int*>() = static_cast<int>(value);
 }
 
 void Scanner::storeFloating(const Conversion& conversion, double value)
 {
     if (conversion.size == "l")
-        *va_arg(m_arguments.list, double*) = value;
+        *m_arguments.next<double*>() = value;
     else if (conversion.size == "L")
-        *va_arg(m_arguments.list, long double*) = value;
+        *m_arguments.next<long double*>() = value;
     else
-        *va_arg(m_arguments.list, float*) = static_cast<float>(value);
+        *m_arguments.next<float*>() = static_cast<float>(value);
 }
 
 // Copies bytes up to the room and up to the first that stops, by its own account before or behind
@@ -294,7 +293,7 @@ ViStatus Scanner::storeText(const Conversion& conversion)
     const char letter = conversion.letter;
     const bool isCharacters = letter == 'c';
     const size_t room = isCharacters && conversion.width == unlimited ? 1 : conversion.width;
-    char* target = conversion.isSkipped ? nullptr : va_arg(m_arguments.list, char*);
+    char* target = conversion.isSkipped ? nullptr : m_arguments.next<char*>();
     const auto stops = [&](std::string_view bytes, bool& isDone) {
         if (letter == 't' || isCharacters)
             return bytes.size();
@@ -323,7 +322,7 @@ ViStatus Scanner::storeText(const Conversion& conversion)
 // "#213" and 13 bytes, or "#0" and bytes to the end of the message.
 ViStatus Scanner::storeBlock(const Conversion& conversion)
 {
-    char* target = conversion.isSkipped ? nullptr : va_arg(m_arguments.list, char*);
+    char* target = conversion.isSkipped ? nullptr : m_arguments.next<char*>();
     if (target != nullptr && conversion.width == unlimited)
         return VI_ERROR_INV_FMT;
     const auto all = [](std::string_view bytes, bool&) { return bytes.size(); };

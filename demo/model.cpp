@@ -1,12 +1,14 @@
 #include "demo/model.h"
 
 #include <algorithm>
+#include <cmath>
 
 CalibrationTable::CalibrationTable(double maximumHz)
 {
     const double stepHz = 1e9;
-    for (double frequencyHz = stepHz; frequencyHz <= maximumHz; frequencyHz += stepHz)
-        m_stored.emplace_back(frequencyHz, static_cast<int>(frequencyHz / stepHz) * 7 % 23 - 11);
+    const int count = static_cast<int>(maximumHz / stepHz);
+    for (int i = 1; i <= count; ++i)
+        m_stored.emplace_back(i * stepHz, i * 7 % 23 - 11);
     m_working = m_stored;
 }
 

@@ -48,8 +48,8 @@ struct QuantityInfo {
     const char* keyUnit; ///< unit of those keys: "frequencyMaxHz"
     double keyScale;     ///< a key's number times this is the value
     Unit unit;
-    double replyScale;
     int decimals;
+    double replyScale;
     const char* replySuffix;
     double minimum;
     double maximum;

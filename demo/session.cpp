@@ -96,7 +96,7 @@ ViStatus Session::receive(VisaCall& call, size_t count, std::string& bytes)
     return output.isEmpty() ? VI_SUCCESS : VI_SUCCESS_MAX_CNT;
 }
 
-void Session::post(VisaCall& call, std::shared_ptr<EventContext> event)
+void Session::post(VisaCall& call, const std::shared_ptr<EventContext>& event)
 {
     const unsigned mechanisms = events.enabled[event->type];
     if ((mechanisms & VI_QUEUE) != 0 && events.queue.size() < events.capacity)

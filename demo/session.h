@@ -48,7 +48,7 @@ public:
     /// VI_SUCCESS with the end of the message, VI_SUCCESS_TERM_CHAR, VI_SUCCESS_MAX_CNT, or errors.
     ViStatus receive(VisaCall& call, size_t count, std::string& bytes);
     /// Queues an event and has its handlers called, where it is enabled.
-    void post(VisaCall& call, std::shared_ptr<EventContext> event);
+    void post(VisaCall& call, const std::shared_ptr<EventContext>& event);
     /// Drops all that is on its way, in the session's buffers and the instrument's.
     void clear();
 

@@ -13,7 +13,7 @@ using Expects = IoCall::Expects;
 using Counts = IoCall::Counts;
 
 /// The messages of an instrument, read through the session's read buffer.
-class SessionSource : public ScanSource
+class SessionSource final : public ScanSource
 {
 public:
     explicit SessionSource(IoCall& call) : m_call(call), m_buffer(call.session().readBuffer)

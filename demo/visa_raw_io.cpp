@@ -3,7 +3,6 @@
 #include "demo/visa_api.h"
 
 #include <algorithm>
-#include <cstring>
 #include <fstream>
 #include <iterator>
 
@@ -23,7 +22,7 @@ ViStatus read(IoCall& call, ViPBuf buffer, ViUInt32 count, ViPUInt32 returnCount
 {
     std::string bytes;
     const ViStatus status = call.receive(count, bytes);
-    std::memcpy(buffer, bytes.data(), bytes.size());
+    std::copy(bytes.begin(), bytes.end(), buffer);
     tell(returnCount, bytes.size());
     return status;
 }
@@ -46,7 +45,7 @@ ViStatus finishJob(IoCall& call, ViStatus status, ViUInt32 count, ViBuf buffer, 
     event->job = ++call.session().lastJob;
     if (job != nullptr)
         *job = event->job;
-    call.session().post(call, std::move(event));
+    call.session().post(call, event);
     return VI_SUCCESS_SYNC;
 }
 

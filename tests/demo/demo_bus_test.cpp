@@ -53,7 +53,8 @@ template <typename Value>
 Value attributeOf(ViObject object, ViAttr attribute)
 {
     Value value = {};
-    return viGetAttribute(object, attribute, &value) == VI_SUCCESS ? value : Value(-1);
+    viGetAttribute(object, attribute, &value);
+    return value;
 }
 
 QByteArray textOf(ViObject object, ViAttr attribute)
