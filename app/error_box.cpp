@@ -54,6 +54,12 @@ ErrorBox::ErrorBox(const QString& message, QWidget* parent) : QDialog(parent)
 
 ErrorBox* ErrorBox::report(const QString& message, QWidget* parent)
 {
+    // The newest says it; a pile of them would have to be put away one by one.
+    if (parent) {
+        const auto older = parent->findChildren<ErrorBox*>();
+        for (ErrorBox* box : older)
+            box->close();
+    }
     auto* box = new ErrorBox(message, parent);
     box->show();
     return box;

@@ -33,5 +33,7 @@ int main(int argc, char* argv[])
         window.start();
         exitCode = QApplication::exec();
     }
+    // The VISA loader leaves by a deferred deletion.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return exitCode;
 }

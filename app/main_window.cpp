@@ -11,6 +11,8 @@
 #include "app/window_menu.h"
 #include "link/demo_plug_watch.h"
 #include "link/instrument_limits.h"
+#include "modulation/generator.h"
+#include "modulation/modulat.h"
 #include "numbers/step_table.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
@@ -121,9 +123,9 @@ void MainWindow::setUpForm()
 // with the form.
 void MainWindow::setUpPanels()
 {
-    m_modulation = new SidePanel(QStringLiteral("Modulat"), this);
+    m_modulation = new Modulat(this);
     m_list = new SidePanel(QStringLiteral("List"), this);
-    m_generator = new SidePanel(QStringLiteral("generator"), this);
+    m_generator = new generator(this);
     m_profiles = new SidePanel(QStringLiteral("openSaveProfile"), this);
     m_service = new service(this);
 
@@ -191,6 +193,7 @@ void MainWindow::wireConnection()
     connect(&m_connection, &Connection::refused, this,
             [this](const QString& message) { ErrorBox::report(message, this); });
     connect(&m_connection, &Connection::ready, this, &MainWindow::showReady);
+    connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
     connect(&m_connection, &Connection::disconnected, this, &MainWindow::showDisconnected);
     connect(&m_session, &ScpiSession::error329Seen, this, &MainWindow::showIndicator329);
     connect(&m_session, &ScpiSession::error329Gone, m_ui->label_329, &QWidget::hide);
@@ -353,6 +356,10 @@ void MainWindow::animate_move_service()
 {
     m_sidePanels->toggle(m_service);
 }
+void MainWindow::update_Modulation()
+{
+    m_modulation->update_AM_PM_FM();
+}
 void MainWindow::initial_service()
 {
     m_serviceCommands->initial_service();
@@ -380,7 +387,6 @@ void MainWindow::showIdentity(const InstrumentIdentity& identity)
 void MainWindow::showReady()
 {
     showConnectedState(true);
-    activateWindow();
 }
 
 void MainWindow::showDisconnected()
@@ -413,13 +419,13 @@ void MainWindow::refreshPanel(QWidget* panel)
 {
     if (panel == m_service)
         initial_service();
+    else if (panel == m_modulation)
+        update_Modulation();
 }
 
 void MainWindow::retranslate()
 {
-    m_modulation->setTitle(tr("Modulation"));
     m_list->setTitle(tr("Sweep/List"));
-    m_generator->setTitle(tr("LF Generator"));
     m_profiles->setTitle(tr("Profiles"));
     m_cw->retranslate();
 }
@@ -438,6 +444,8 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
+    // Gone at once, whatever the search and the instrument still take.
+    hide();
     m_connection.shutDown();
     QMainWindow::closeEvent(event);
 }

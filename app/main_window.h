@@ -19,10 +19,12 @@ class Form;
 class HotPlugWatch;
 class Keypad;
 class Language;
+class Modulat;
 class ServiceCommands;
 class SidePanel;
 class SidePanels;
 class StatusLine;
+class generator;
 class service;
 
 namespace Ui
@@ -72,6 +74,7 @@ public slots:
     void service_close();
     void initial_service();
     void animate_move_service();
+    void update_Modulation();
 
     void toHelp();
 
@@ -126,9 +129,9 @@ private:
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
     Keypad* m_keypad = nullptr;
-    SidePanel* m_modulation = nullptr;
+    Modulat* m_modulation = nullptr;
     SidePanel* m_list = nullptr;
-    SidePanel* m_generator = nullptr;
+    generator* m_generator = nullptr;
     SidePanel* m_profiles = nullptr;
     service* m_service = nullptr;
 };

@@ -16,6 +16,8 @@ StateButton::StateButton(QWidget* parent) : QPushButton(parent), m_shortcut(new 
     connect(&m_fade, &QVariantAnimation::valueChanged, this, qOverload<>(&QWidget::update));
     connect(&m_fade, &QVariantAnimation::finished, this, [this] { m_lookBefore = QPixmap(); });
     connect(this, &QAbstractButton::toggled, this, &StateButton::showCaption);
+    // A held key is one click, not RF power on and off and on.
+    m_shortcut->setAutoRepeat(false);
     connect(m_shortcut, &QShortcut::activated, this, &QAbstractButton::click);
 }
 

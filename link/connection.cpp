@@ -65,8 +65,7 @@ void Connection::on_connect_clicked(bool isChecked)
     m_isButtonGuarded = true;
     m_isUserDisconnected = false;
     emit buttonShouldBe(false);
-    pause(settleMs);
-    if (!m_isShutDown)
+    if (pause(settleMs) && !m_isShutDown)
         startSearch();
 }
 
@@ -76,7 +75,7 @@ void Connection::startSearch()
     m_isSearching = true;
     emit activity(tr("Searching for instruments..."));
     m_chooser.reset(m_neighbour);
-    m_search.start();
+    m_search.begin();
 }
 
 void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
@@ -157,9 +156,8 @@ void Connection::slot_connect(const QString& address)
     m_session.write(resetCommand);
     m_session.setConnected();
     emit buttonShouldBe(true);
-    pause(settleMs);
     // The user may have disconnected, or even connected anew, meanwhile.
-    if (attempt != m_attempt)
+    if (!pause(settleMs) || attempt != m_attempt)
         return;
 
     if (!identify() || !readCalibrationDue())
@@ -168,11 +166,12 @@ void Connection::slot_connect(const QString& address)
     m_connectedSerial = identity.serial;
     emit identified(identity);
     pushPanel();
-    if (attempt != m_attempt)
-        return;
-    QCoreApplication::processEvents();
-    if (attempt == m_attempt)
-        emit ready();
+    if (attempt == m_attempt) {
+        QCoreApplication::processEvents();
+        if (attempt == m_attempt)
+            emit ready();
+    }
+    emit pushed();
 }
 
 /// An instrument in mass-storage mode leaves the bus to come back as an instrument; the hot-plug

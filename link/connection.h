@@ -92,6 +92,8 @@ signals:
     void refused(const QString& message);
     /// The panel has been pushed and the instrument is ready.
     void ready();
+    /// The push is over, with or without the connection still there.
+    void pushed();
     void disconnected();
     /// Something to be read once, for a few seconds.
     void statusMessage(const QString& message);

@@ -1,16 +1,18 @@
 #include "link/gui_list_klv.h"
 
 #include <QCloseEvent>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QIcon>
 #include <QPixmap>
 #include <QPushButton>
+#include <QScreen>
 
 namespace
 {
 constexpr int gapToWindow = 16;
 constexpr int mostHeight = 480;
-constexpr int extraPoints = 3;
+constexpr int extraPixels = 4;
 constexpr int contentMargin = 16;
 constexpr int contentSpacing = 8;
 } // namespace
@@ -55,7 +57,7 @@ void GuiListKLV::createButton(const QString& objectName, const QString& name)
     button->setAutoDefault(false);
     button->setIconSize(picture.size() / picture.devicePixelRatio());
     QFont font = button->font();
-    font.setPointSize(QFont().pointSize() + extraPoints);
+    font.setPixelSize(QFontInfo(font).pixelSize() + extraPixels);
     button->setFont(font);
     button->setObjectName(objectName);
     button->setAccessibleName(name.simplified());
@@ -84,7 +86,18 @@ void GuiListKLV::slotSendAddress()
 
 void GuiListKLV::closeEvent(QCloseEvent* event)
 {
+    const bool isGivenUp = isVisible() && !m_hasChosen;
     QScrollArea::closeEvent(event);
-    if (!m_hasChosen)
+    if (isGivenUp)
         emit dismissed();
+}
+
+// Beside the window there may be no screen left, and nothing else can be used meanwhile.
+void GuiListKLV::showEvent(QShowEvent* event)
+{
+    QScrollArea::showEvent(event);
+    const QRect room = screen()->availableGeometry();
+    const int rightmost = qMax(room.left(), room.right() - frameGeometry().width());
+    const int lowest = qMax(room.top(), room.bottom() - frameGeometry().height());
+    move(qBound(room.left(), x(), rightmost), qBound(room.top(), y(), lowest));
 }

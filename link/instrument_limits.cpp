@@ -66,7 +66,7 @@ void readLimit(ScpiSession& session, const LimitRow& row, const char* which, T& 
     if (session.lastStatus() != VI_SUCCESS)
         return;
     const QString reply = session.read(QLatin1String(row.query) + QLatin1String(which));
-    if (session.lastStatus() == VI_SUCCESS)
+    if (!session.lastFailed())
         limit = stored<T>(row.conversion(reply));
 }
 } // namespace

@@ -3,9 +3,11 @@
 #include <QEventLoop>
 #include <QTimer>
 
-void pause(int pauseMs)
+bool pause(int pauseMs)
 {
+    // Ended from outside, the loop returns another code than its own.
+    constexpr int elapsed = 0x4B4C56;
     QEventLoop loop;
-    QTimer::singleShot(pauseMs, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
+    QTimer::singleShot(pauseMs, Qt::PreciseTimer, &loop, [&loop] { loop.exit(elapsed); });
+    return loop.exec() == elapsed;
 }

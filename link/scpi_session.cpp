@@ -1,5 +1,6 @@
 #include "link/scpi_session.h"
 
+#include <algorithm>
 #include <cstring>
 
 namespace
@@ -10,7 +11,8 @@ constexpr std::size_t replyBytes = 65536;
 constexpr char readFormat[] = "%65535T";
 constexpr int mostExcessReads = 16;
 constexpr int mostErrorRounds = 10000;
-constexpr int longestErrorText = 512;
+/// Cleared before every read; no honest reply is longer.
+constexpr std::size_t honestReplyBytes = 4096;
 
 constexpr char errorQuery[] = "SYSTem:ERRor?\n";
 /// Goes out without a line feed: the end of the USB message marks its end.
@@ -112,7 +114,7 @@ QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind 
     if (!lastFailed())
         return displayText(text, kind);
     fetchStatusDescription();
-    failConnection(tr("connection error"));
+    failConnection();
     return {};
 }
 
@@ -126,46 +128,31 @@ void ScpiSession::checkErrors()
 {
     if (!m_connected)
         return;
-    QString collected;
     bool seen329 = false;
     bool seen328 = false;
     const QByteArray message(errorQuery);
     for (int round = 1;; ++round) {
-        QString reply = queryMessage(message);
-        announceIndicators(reply, seen329, seen328);
+        const QString reply = queryMessage(message);
+        const QStringRef code = reply.leftRef(reply.indexOf(QLatin1Char(','))).trimmed();
+        if (code.toInt() == indicatorCode)
+            emit error329Seen(reply.trimmed());
+        else if (code.toInt() == unlockCode)
+            emit referenceUnlockSeen();
         if (m_lastStatus != VI_SUCCESS || round >= mostErrorRounds) {
             fetchStatusDescription();
-            const QString& reason = collected.isEmpty() ? reply : collected;
-            failConnection(reason.isEmpty() ? tr("connection error") : reason);
+            failConnection();
             return;
         }
         if (isEmptyQueueReply(reply))
             break;
-        if (!collected.isEmpty())
-            collected += QLatin1Char('\n');
-        collected += reply.leftRef(longestErrorText);
+        // Instrument errors are not shown; a mention of an indicator's code keeps it as it is.
+        seen329 = seen329 || reply.contains(QLatin1String("329"));
+        seen328 = seen328 || reply.contains(QLatin1String("328"));
     }
-    if (!seen329 && !collected.contains(QLatin1String("329")))
+    if (!seen329)
         emit error329Gone();
-    if (!seen328 && !collected.contains(QLatin1String("328")))
+    if (!seen328)
         emit referenceUnlockGone();
-}
-
-/// Tells the two codes that are indicators and not errors, and blanks their reply.
-void ScpiSession::announceIndicators(QString& reply, bool& seen329, bool& seen328)
-{
-    const int comma = reply.indexOf(QLatin1Char(','));
-    const int code = reply.leftRef(comma).trimmed().toInt();
-    if (code == indicatorCode) {
-        emit error329Seen(reply.trimmed());
-        seen329 = true;
-    } else if (code == unlockCode) {
-        emit referenceUnlockSeen();
-        seen328 = true;
-    } else {
-        return;
-    }
-    reply.clear();
 }
 
 QString ScpiSession::queryMessage(const QByteArray& message)
@@ -178,8 +165,9 @@ QString ScpiSession::queryMessage(const QByteArray& message)
 
 char* ScpiSession::clearedReply()
 {
-    // Everything up to the last reply's NUL: clearing all of it would cost more than the call.
-    std::memset(m_reply.data(), 0, std::strlen(m_reply.data()));
+    // All of it would cost more than the call itself.
+    const std::size_t used = std::strlen(m_reply.data()) + 1;
+    std::memset(m_reply.data(), 0, std::min(std::max(used, honestReplyBytes), m_reply.size()));
     return m_reply.data();
 }
 
@@ -210,8 +198,8 @@ void ScpiSession::fetchStatusDescription()
     m_visa.viStatusDesc(m_session, m_lastStatus, description);
 }
 
-void ScpiSession::failConnection(const QString& reason)
+void ScpiSession::failConnection()
 {
     if (m_connected)
-        emit connectionFailed(reason);
+        emit connectionFailed(tr("connection error"));
 }

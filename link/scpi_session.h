@@ -69,7 +69,8 @@ public:
     void checkErrors();
 
 signals:
-    /// The session is of no more use; `reason` is the composed text of what was learnt last.
+    /// The session is of no more use. `reason` is for the status line; what the instrument itself
+    /// said is not told.
     void connectionFailed(const QString& reason);
     /// Error 329 is in the queue; `message` is the instrument's own text.
     void error329Seen(const QString& message);
@@ -83,8 +84,7 @@ private:
     QString takeReply();
     QString queryMessage(const QByteArray& message);
     void fetchStatusDescription();
-    void announceIndicators(QString& reply, bool& seen329, bool& seen328);
-    void failConnection(const QString& reason);
+    void failConnection();
 
     VisaLibrary& m_visa;
     ViSession m_defaultRM = VI_NULL;

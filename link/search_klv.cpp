@@ -38,6 +38,14 @@ SearchKLV::~SearchKLV()
     wait();
 }
 
+void SearchKLV::begin()
+{
+    // The last signal comes a moment before the thread is over; start() would then do nothing.
+    wait();
+    m_stop = false;
+    start();
+}
+
 void SearchKLV::slotStop()
 {
     m_stop = true;
@@ -45,7 +53,6 @@ void SearchKLV::slotStop()
 
 void SearchKLV::run()
 {
-    m_stop = false;
     std::array<char, 256> address{};
     ViFindList findList = VI_NULL;
     ViUInt32 count = 0;

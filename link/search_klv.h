@@ -20,6 +20,9 @@ public:
     /// Stops the search and waits for the thread.
     ~SearchKLV() override;
 
+    /// Starts a search afresh.
+    void begin();
+
 signals:
     /// An instrument: its VISA resource, model name and USB serial number (empty if unreadable).
     void sendData(const QString& address, const QString& model, const QString& series);

@@ -206,7 +206,9 @@ QString CwControls::captionedReferenceMHz() const
 
 void CwControls::retranslate()
 {
-    captionReference(m_externalReferenceMHz);
+    // Blank while not locked, and the user's own while being typed.
+    if (!m_ui.reference.text().isEmpty() && m_ui.referenceEntry.isHidden())
+        captionReference(m_externalReferenceMHz);
 }
 
 void CwControls::showUnlockRosc()

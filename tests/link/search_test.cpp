@@ -60,7 +60,7 @@ void SearchTest::reportsInOrder()
     SearchKLV search(m_visa, session.defaultRM());
     QSignalSpy found(&search, &SearchKLV::sendData);
     QSignalSpy finished(&search, &SearchKLV::finish);
-    search.start();
+    search.begin();
     QVERIFY(search.wait(5000));
     QCOMPARE(finished.count(), 1);
     QStringList told;
@@ -83,7 +83,7 @@ void SearchTest::findsNothing()
         SearchKLV search(*visa, session.defaultRM());
         QSignalSpy error(&search, &SearchKLV::error);
         QSignalSpy finished(&search, &SearchKLV::finish);
-        search.start();
+        search.begin();
         QVERIFY(search.wait(5000));
         QCOMPARE(error.count(), 1);
         QCOMPARE(finished.count(), 0);
@@ -103,7 +103,7 @@ void SearchTest::stopsWithoutASignal()
     // Stopped from its own thread at the first report, so that it is surely still walking.
     QSignalSpy found(&search, &SearchKLV::sendData);
     connect(&search, &SearchKLV::sendData, &search, &SearchKLV::slotStop, Qt::DirectConnection);
-    search.start();
+    search.begin();
     QVERIFY(search.wait(5000));
     QCoreApplication::processEvents();
     QCOMPARE(found.count(), 1);
