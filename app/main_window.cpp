@@ -117,6 +117,8 @@ void MainWindow::setUpForm()
     m_ui->setupUi(this);
     new WindowChrome(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
+    // Not in this version yet: better grey than deaf.
+    m_ui->butSetModePow->setEnabled(false);
 }
 
 // Only after the form: connectSlotsByName takes the first child of a name, and panels share names

@@ -82,6 +82,8 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
     column->addSpacing(spacing);
     column->addLayout(buttons);
     m_close->setDefault(true);
+    // Not in this version yet: better grey than deaf.
+    m_update->setEnabled(false);
 
     connect(m_close, &QPushButton::clicked, this, &Form::on_pushButton_clicked);
     connect(m_update, &QPushButton::clicked, this, &Form::requestUpdate);
