@@ -1,0 +1,36 @@
+#include "modulation/field_exchange.h"
+
+#include "link/scpi_session.h"
+#include "numbers/number_text.h"
+#include "panel/clamp_field.h"
+#include "panel/numeric_field.h"
+#include "panel/unit_key_filter.h"
+
+#include <QLineEdit>
+
+void FieldExchange::accept(QLineEdit* field, double min, double max)
+{
+    clampField(min, max, numericField(field)->kind, field);
+    showAccepted(field, field->text());
+}
+
+void FieldExchange::setAccepted(const char* format, QLineEdit* field)
+{
+    const QString number = withoutBlanks(field->text());
+    if (!m_session.isConnected() || number.isEmpty())
+        return;
+    showAccepted(field,
+                 m_session.setAndReadBack(format, toNumber(number), numericField(field)->kind));
+    m_session.checkErrors();
+}
+
+void FieldExchange::writeAccepted(const TwoStep& texts, QLineEdit* field)
+{
+    const QString number = withoutBlanks(field->text());
+    if (!m_session.isConnected() || number.isEmpty())
+        return;
+    m_session.write(texts.command + number + texts.unit);
+    const QString shown = displayText(m_session.read(texts.query), numericField(field)->kind);
+    if (!shown.isEmpty())
+        showAccepted(field, shown);
+}

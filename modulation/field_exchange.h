@@ -1,0 +1,55 @@
+#pragma once
+
+#include "link/instrument_limits.h"
+
+#include <QString>
+
+class QLineEdit;
+class ScpiSession;
+
+/// Sends the numbers of fields and shows what the instrument answers. Every number is bounded
+/// first, and the bounded one is shown; without a connection that is all. An empty field sends
+/// nothing. Owns neither the fields nor the session.
+class FieldExchange
+{
+public:
+    /// A set command ahead of its number, what follows the number, and the query of its own.
+    struct TwoStep {
+        QString command;
+        QString unit;
+        QString query;
+    };
+
+    explicit FieldExchange(ScpiSession& session) : m_session(session) {}
+
+    /// Sends `format` with the field's number, shows the reply and drains the error queue.
+    template <typename T>
+    void setAndShow(const char* format, QLineEdit* field, const Range<T>& range)
+    {
+        accept(field, range);
+        setAccepted(format, field);
+    }
+
+    /// Writes the command with the field's text, then the query, and shows its reply; a failed
+    /// read leaves the field. Checks no errors.
+    template <typename T>
+    void writeAndShow(const TwoStep& texts, QLineEdit* field, const Range<T>& range)
+    {
+        accept(field, range);
+        writeAccepted(texts, field);
+    }
+
+    /// Bounds the field's number and shows it as accepted.
+    template <typename T>
+    static void accept(QLineEdit* field, const Range<T>& range)
+    {
+        accept(field, static_cast<double>(range.min), static_cast<double>(range.max));
+    }
+
+private:
+    static void accept(QLineEdit* field, double min, double max);
+    void setAccepted(const char* format, QLineEdit* field);
+    void writeAccepted(const TwoStep& texts, QLineEdit* field);
+
+    ScpiSession& m_session;
+};

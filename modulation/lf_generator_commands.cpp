@@ -1,0 +1,172 @@
+#include "modulation/lf_generator_commands.h"
+
+#include "link/pause.h"
+#include "link/scpi_session.h"
+#include "modulation/generator.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+constexpr int settleMs = 400;
+
+const QString onCommand = QStringLiteral("LFO:STAT ON");
+const QString offCommand = QStringLiteral("LFO:STAT OFF");
+const FieldExchange::TwoStep frequencyTexts = {
+    QStringLiteral("LFO:FUNC:FREQ "), QStringLiteral(" Hz"), QStringLiteral("LFO:FUNC:FREQ?")};
+constexpr char frequencyFormat[] = "LFO:FUNC:FREQ %lf Hz;FREQ?";
+constexpr char amplitudeFormat[] = "LFO:AMPLitude %lf;AMPLitude?";
+constexpr char dutyFormat[] = "LFO:FUNC:SHAP:SQU:DUTY %lf;DUTY?";
+
+const char rampCommand[] = "LFO:FUNC:SHAP RAMP";
+struct ShapeRow {
+    WaveShape shape;
+    void (LfGeneratorCommands::*slot)();
+    const char* shapeCommand;
+    const char* directionCommand; ///< of a ramp
+    bool pausesBefore;            ///< when clicked
+};
+using Self = LfGeneratorCommands;
+const ShapeRow shapeRows[] = {
+    {WaveShape::Sine, &Self::Gen_Sine, "LFO:FUNC:SHAP SIN", nullptr, true},
+    {WaveShape::SawPositive, &Self::Gen_SawPos, rampCommand, "LFO:FUNC:SHAP:RAMP POS", true},
+    {WaveShape::SawNegative, &Self::Gen_SawNeg, rampCommand, "LFO:FUNC:SHAP:RAMP NEG", true},
+    {WaveShape::Triangle, &Self::Gen_Train, "LFO:FUNC:SHAP TRI", nullptr, true},
+    {WaveShape::Random, &Self::Gen_Rand, "LFO:FUNC:SHAP RAND", nullptr, true},
+    {WaveShape::Square, &Self::Gen_Rect, "LFO:FUNC:SHAP SQU", nullptr, false},
+    {WaveShape::Dc, &Self::Gen_Dc, "LFO:FUNC:SHAP DC", nullptr, false},
+};
+static_assert(std::size(shapeRows) == shapeCount);
+} // namespace
+
+LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, const InstrumentLimits& limits,
+                                         generator& panel, QLabel& indicator, QObject* parent)
+    : QObject(parent), m_session(session), m_limits(limits), m_panel(panel), m_indicator(indicator),
+      m_exchange(session)
+{
+    wire();
+    update_Generator();
+}
+
+void LfGeneratorCommands::wire()
+{
+    for (const ShapeRow& row : shapeRows)
+        connect(m_panel.shapeButton(row.shape), &QAbstractButton::clicked, this, row.slot);
+    connect(m_panel.frequency(), &QLineEdit::editingFinished, this, &Self::editFreqGenerator);
+    connect(m_panel.amplitude(), &QLineEdit::editingFinished, this, &Self::editVoltGenerator);
+    connect(m_panel.duty(), &QLineEdit::editingFinished, this, &Self::editPercentGenerator);
+}
+
+void LfGeneratorCommands::update_Generator()
+{
+    if (const std::optional<WaveShape> shape = m_panel.checkedShape()) {
+        const QPushButton* button = m_panel.shapeButton(*shape);
+        m_indicator.setPixmap(button->icon().pixmap(button->iconSize()));
+    } else {
+        m_indicator.clear();
+    }
+}
+
+void LfGeneratorCommands::switchClicked(WaveShape shape)
+{
+    const int run = ++m_run;
+    if (m_panel.shapeButton(shape)->isChecked()) {
+        Gen_On(run, shape);
+        return;
+    }
+    update_Generator();
+    if (m_session.isConnected())
+        m_session.writeChecked(offCommand);
+}
+
+/// Switched on first and shaped second: the instrument takes its time to settle in between.
+void LfGeneratorCommands::Gen_On(int run, WaveShape shape)
+{
+    emit wantsModulationOff();
+    if (!isCurrent(run, shape))
+        return;
+    if (m_session.isConnected())
+        m_session.writeChecked(onCommand);
+    update_Generator();
+    if (m_session.isConnected() && sendShape(run, shape, false))
+        initial_FREQ_AMPL_GENER();
+    if (isCurrent(run, shape))
+        emit wantsSweepOff();
+}
+
+bool LfGeneratorCommands::isCurrent(int run, WaveShape shape) const
+{
+    return run == m_run && m_panel.checkedShape() == shape;
+}
+
+bool LfGeneratorCommands::pauseWhile(int run, WaveShape shape) const
+{
+    pause(settleMs);
+    return isCurrent(run, shape) && m_session.isConnected();
+}
+
+/// False when it was cut short.
+bool LfGeneratorCommands::sendShape(int run, WaveShape shape, bool isRestore)
+{
+    const auto* row = std::find_if(std::begin(shapeRows), std::end(shapeRows),
+                                   [shape](const ShapeRow& each) { return each.shape == shape; });
+    if (row->pausesBefore && !isRestore && !pauseWhile(run, shape))
+        return false;
+    m_session.writeChecked(QLatin1String(row->shapeCommand));
+    if (!row->directionCommand || !m_session.isConnected())
+        return m_session.isConnected();
+    if (!pauseWhile(run, shape))
+        return false;
+    m_session.writeChecked(QLatin1String(row->directionCommand));
+    return m_session.isConnected() && pauseWhile(run, shape);
+}
+
+void LfGeneratorCommands::initial_FREQ_AMPL_GENER()
+{
+    const std::optional<WaveShape> shape = m_panel.checkedShape();
+    if (shape == WaveShape::Random)
+        return;
+    if (shape != WaveShape::Dc)
+        m_exchange.writeAndShow(frequencyTexts, m_panel.frequency(), m_limits.lfFrequencyHz);
+    editVoltGenerator();
+    if (shape == WaveShape::Square)
+        editPercentGenerator();
+}
+
+void LfGeneratorCommands::editFreqGenerator()
+{
+    m_exchange.setAndShow(frequencyFormat, m_panel.frequency(), m_limits.lfFrequencyHz);
+}
+
+void LfGeneratorCommands::editVoltGenerator()
+{
+    m_exchange.setAndShow(amplitudeFormat, m_panel.amplitude(), m_limits.lfAmplitudeV);
+}
+
+void LfGeneratorCommands::editPercentGenerator()
+{
+    m_exchange.setAndShow(dutyFormat, m_panel.duty(), m_limits.lfDuty);
+}
+
+void LfGeneratorCommands::restore()
+{
+    const std::optional<WaveShape> shape = m_panel.checkedShape();
+    if (!shape || !m_session.isConnected())
+        return;
+    const int run = ++m_run;
+    m_session.writeChecked(onCommand);
+    if (!m_session.isConnected() || !sendShape(run, *shape, true))
+        return;
+    if (shape == WaveShape::Square)
+        editPercentGenerator();
+    if (shape == WaveShape::Random)
+        return;
+    if (shape != WaveShape::Dc)
+        editFreqGenerator();
+    editVoltGenerator();
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "modulation/field_exchange.h"
+#include "modulation/waveform.h"
+
+#include <QObject>
+
+class QLabel;
+class ScpiSession;
+class generator;
+
+/// The LF generator at work: the panel's waveform and values go to the instrument, and what it
+/// answers goes back into the fields. Shows on an indicator whether the generator is on. Owns no
+/// widget. In the 400 ms pauses of its sequences anything may be clicked: the newest click wins.
+class LfGeneratorCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    LfGeneratorCommands(ScpiSession& session, const InstrumentLimits& limits, generator& panel,
+                        QLabel& indicator, QObject* parent = nullptr);
+
+    /// Sends the panel's state to a freshly connected instrument; nothing while the generator is
+    /// off.
+    void restore();
+
+public slots:
+    void Gen_Sine() { switchClicked(WaveShape::Sine); }
+    void Gen_SawNeg() { switchClicked(WaveShape::SawNegative); }
+    void Gen_SawPos() { switchClicked(WaveShape::SawPositive); }
+    void Gen_Train() { switchClicked(WaveShape::Triangle); }
+    void Gen_Rand() { switchClicked(WaveShape::Random); }
+    void Gen_Rect() { switchClicked(WaveShape::Square); }
+    void Gen_Dc() { switchClicked(WaveShape::Dc); }
+    void editFreqGenerator();
+    void editVoltGenerator();
+    void editPercentGenerator();
+    /// Sends what the chosen waveform takes of frequency, amplitude and duty.
+    void initial_FREQ_AMPL_GENER();
+    /// Brings the indicator into line with the panel's buttons.
+    void update_Generator();
+
+signals:
+    /// The generator goes on: every modulation has to go off, before this returns.
+    void wantsModulationOff();
+    /// The generator is on: sweep or list has to go off.
+    void wantsSweepOff();
+
+private:
+    void wire();
+    void switchClicked(WaveShape shape);
+    bool isCurrent(int run, WaveShape shape) const;
+    bool pauseWhile(int run, WaveShape shape) const;
+    void Gen_On(int run, WaveShape shape);
+    bool sendShape(int run, WaveShape shape, bool isRestore);
+
+    ScpiSession& m_session;
+    const InstrumentLimits& m_limits;
+    generator& m_panel;
+    QLabel& m_indicator;
+    FieldExchange m_exchange;
+    /// Numbers the sequences, so that one that has paused knows of a newer one.
+    int m_run = 0;
+};

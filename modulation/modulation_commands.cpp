@@ -1,0 +1,471 @@
+#include "modulation/modulation_commands.h"
+
+#include "link/pause.h"
+#include "link/scpi_session.h"
+#include "numbers/field_kind.h"
+#include "numbers/number_text.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+constexpr int settleMs = 400;
+
+/// What tells the commands of the three from each other.
+struct ModulationRow {
+    const char* levelFormat;
+    bool isLevelBeforeRate;
+    Range<double> InstrumentLimits::*rate;
+    Range<double> InstrumentLimits::*level;
+    Range<qint32> InstrumentLimits::*duty;
+};
+constexpr ModulationRow modulationRows[] = {
+    {"AM %lf;AM?", false, &InstrumentLimits::amRateHz, &InstrumentLimits::amDepth,
+     &InstrumentLimits::amDuty},
+    {"FM %lf Hz;FM?", true, &InstrumentLimits::fmRateHz, &InstrumentLimits::fmDeviationHz,
+     &InstrumentLimits::fmDuty},
+    {"PM %lf;PM?", false, &InstrumentLimits::pmRateHz, &InstrumentLimits::pmDeviationRad,
+     &InstrumentLimits::pmDuty},
+};
+static_assert(std::size(modulationRows) == modulations.size());
+/// The order in which it is asked which of the three is on.
+constexpr std::array<Modulation, modulations.size()> askingOrder = {Modulation::Am, Modulation::Pm,
+                                                                    Modulation::Fm};
+
+// Of each modulation, behind its name.
+const QString restoredOnSuffix = QStringLiteral(":STAT ON");
+const QString stateSuffix = QStringLiteral(":STATe");
+const QString onWord = QStringLiteral(" ON");
+const QString offWord = QStringLiteral(" OFF");
+const QString internalSuffix = QStringLiteral(":SOUR INT");
+const QString externalSuffix = QStringLiteral(":SOUR EXT");
+const QString rateSuffix = QStringLiteral(":INT:FUNC:FREQ");
+const QString dutySuffix = QStringLiteral(":INT:FUNC:SHAP:SQU:DUTY");
+const QString hertzUnit = QStringLiteral(" Hz");
+
+struct ShapeSuffixes {
+    WaveShape shape;
+    const char* shapeSuffix;
+    const char* directionSuffix; ///< of a ramp
+};
+constexpr ShapeSuffixes shapeSuffixes[] = {
+    {WaveShape::Sine, ":INT:FUNC:SHAP SIN", nullptr},
+    {WaveShape::SawPositive, ":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP POS"},
+    {WaveShape::SawNegative, ":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP NEG"},
+    {WaveShape::Triangle, ":INT:FUNC:SHAP TRI", nullptr},
+    {WaveShape::Random, ":INT:FUNC:SHAP RAND", nullptr},
+    {WaveShape::Square, ":INT:FUNC:SHAP SQU", nullptr},
+};
+static_assert(std::size(shapeSuffixes) == modulationShapeCount);
+
+const QString pulseName = QStringLiteral("PULM");
+constexpr char periodFormat[] = "PULM:INT:PER %lf U;PER?";
+constexpr char widthFormat[] = "PULM:INT:PWID %lf U;PWID?";
+/// The resolution of the period: the least by which it exceeds the width.
+constexpr double periodResolutionUs = 0.1;
+
+const ModulationRow& rowOf(Modulation modulation)
+{
+    return modulationRows[static_cast<std::size_t>(modulation)];
+}
+
+void showIcon(QLabel& indicator, const QPushButton* button)
+{
+    if (button->isChecked())
+        indicator.setPixmap(button->icon().pixmap(button->iconSize()));
+    else
+        indicator.clear();
+}
+
+template <typename T>
+QString boundedText(const QString& text, const Range<T>& range, FieldKind kind)
+{
+    return clampText(text, static_cast<double>(range.min), static_cast<double>(range.max), kind);
+}
+} // namespace
+
+ModulationCommands::ModulationCommands(ScpiSession& session, const InstrumentLimits& limits,
+                                       Modulat& panel, const Indicators& indicators,
+                                       QObject* parent)
+    : QObject(parent), m_session(session), m_limits(limits), m_panel(panel),
+      m_indicators(indicators), m_exchange(session)
+{
+    wireButtons();
+    wireFields();
+    showIndicators();
+}
+
+void ModulationCommands::wireButtons()
+{
+    using Self = ModulationCommands;
+    const struct {
+        QPushButton* button;
+        void (Self::*slot)();
+    } clicks[] = {
+        {m_panel.stateButton(Modulation::Am), &Self::on_AM_clicked},
+        {m_panel.stateButton(Modulation::Fm), &Self::on_FM_clicked},
+        {m_panel.stateButton(Modulation::Pm), &Self::on_PM_clicked},
+        {m_panel.pulse(), &Self::on_Pulse_clicked},
+        {m_panel.pulseSource(), &Self::switchExtInt_PULM},
+        {m_panel.group(Modulation::Am).source(), &Self::switchExtInt_AM_FM_PM},
+        {m_panel.group(Modulation::Fm).source(), &Self::switchExtInt_AM_FM_PM},
+        {m_panel.group(Modulation::Pm).source(), &Self::switchExtInt_AM_FM_PM},
+    };
+    for (const auto& row : clicks)
+        connect(row.button, &QAbstractButton::clicked, this, row.slot);
+    for (const Modulation modulation : modulations) {
+        for (const ShapeSuffixes& row : shapeSuffixes) {
+            const WaveShape shape = row.shape;
+            connect(m_panel.group(modulation).shapeButton(shape), &QAbstractButton::clicked, this,
+                    [this, modulation, shape] { sendClickedShape(modulation, shape); });
+        }
+    }
+}
+
+void ModulationCommands::wireFields()
+{
+    using Self = ModulationCommands;
+    const ModulationGroup& am = m_panel.group(Modulation::Am);
+    const ModulationGroup& fm = m_panel.group(Modulation::Fm);
+    const ModulationGroup& pm = m_panel.group(Modulation::Pm);
+    const struct {
+        QLineEdit* field;
+        void (Self::*slot)();
+    } fields[] = {
+        {am.rate().field, &Self::line_Ampl_1_Finished},
+        {am.level().field, &Self::line_Ampl_2_Finished},
+        {am.duty().field, &Self::on_percentLine_Ampl_editingFinished},
+        {fm.rate().field, &Self::line_FREQ_1_Finished},
+        {fm.level().field, &Self::line_FREQ_2_Finished},
+        {fm.duty().field, &Self::on_percentLine_FREQ_editingFinished},
+        {pm.rate().field, &Self::line_Phase_1_Finished},
+        {pm.level().field, &Self::on_line_Phase_2_editingFinished},
+        {pm.duty().field, &Self::on_percentLine_Phase_editingFinished},
+        {m_panel.pulsePeriod().field(), &Self::on_line_period_editingFinished},
+        {m_panel.pulseWidth().field(), &Self::on_line_width_editingFinished},
+    };
+    for (const auto& row : fields)
+        connect(row.field, &QLineEdit::editingFinished, this, row.slot);
+}
+
+std::optional<Modulation> ModulationCommands::checkedModulation() const
+{
+    for (const Modulation modulation : askingOrder) {
+        if (m_panel.stateButton(modulation)->isChecked())
+            return modulation;
+    }
+    return std::nullopt;
+}
+
+bool ModulationCommands::isInternalOn(Modulation modulation) const
+{
+    const ModulationGroup& group = m_panel.group(modulation);
+    return group.state()->isChecked() && !group.isExternal();
+}
+
+void ModulationCommands::showIndicators()
+{
+    m_indicators.amPmFm.clear();
+    if (const std::optional<Modulation> modulation = checkedModulation())
+        showIcon(m_indicators.amPmFm, m_panel.stateButton(*modulation));
+    showIcon(m_indicators.pulse, m_panel.pulse());
+}
+
+void ModulationCommands::update_Modulation()
+{
+    showIndicators();
+    m_panel.update_AM_PM_FM();
+}
+
+void ModulationCommands::switchClicked(Modulation modulation)
+{
+    const int run = ++m_switchRun;
+    const int setup = ++m_setupRun;
+    if (m_panel.stateButton(modulation)->isChecked()) {
+        for (const Modulation other : modulations) {
+            QPushButton* button = m_panel.stateButton(other);
+            if (other == modulation || !button->isChecked())
+                continue;
+            button->setChecked(false);
+            switch_ImageText_commandExtInt(other, run);
+            if (run != m_switchRun)
+                return;
+        }
+    }
+    switch_ImageText_commandExtInt(modulation, run);
+    if (run == m_switchRun && isInternalOn(modulation))
+        pauseAndSetUp(modulation, setup);
+}
+
+/// Switches one of the three to what its button says.
+void ModulationCommands::switch_ImageText_commandExtInt(Modulation modulation, int run)
+{
+    const ModulationGroup& group = m_panel.group(modulation);
+    const bool isOn = group.state()->isChecked();
+    showIcon(m_indicators.amPmFm, group.state());
+    if (isOn)
+        emit switchedOn();
+    if (!m_session.isConnected())
+        return;
+    if (!isOn)
+        m_isOffPending[static_cast<std::size_t>(modulation)] = true;
+    pause(settleMs);
+    sendPendingOff();
+    if (!isOn || run != m_switchRun || !group.state()->isChecked() || !m_session.isConnected())
+        return;
+    m_session.write(group.name() + stateSuffix + onWord);
+    if (group.isExternal())
+        m_session.write(group.name() + externalSuffix);
+}
+
+/// The first to wake up sends all of it: a newer sequence ends before the one it interrupted, and
+/// what is off has to be off before something else goes on.
+void ModulationCommands::sendPendingOff()
+{
+    for (const Modulation modulation : modulations) {
+        bool& isPending = m_isOffPending[static_cast<std::size_t>(modulation)];
+        const ModulationGroup& group = m_panel.group(modulation);
+        if (isPending && m_session.isConnected() && !group.state()->isChecked())
+            m_session.write(group.name() + stateSuffix + offWord);
+        isPending = false;
+    }
+}
+
+void ModulationCommands::switchExtInt_AM_FM_PM()
+{
+    const std::optional<Modulation> modulation = checkedModulation();
+    if (!modulation)
+        return;
+    const int setup = ++m_setupRun;
+    const ModulationGroup& group = m_panel.group(*modulation);
+    if (!group.isExternal())
+        pauseAndSetUp(*modulation, setup);
+    else if (m_session.isConnected())
+        m_session.write(group.name() + externalSuffix);
+}
+
+void ModulationCommands::pauseAndSetUp(Modulation modulation, int setup)
+{
+    if (setup != m_setupRun || !m_session.isConnected())
+        return;
+    pause(settleMs);
+    if (setup == m_setupRun && isInternalOn(modulation) && m_session.isConnected())
+        setUpInternalSource(modulation);
+}
+
+void ModulationCommands::setUpInternalSource(Modulation modulation)
+{
+    m_session.write(m_panel.group(modulation).name() + internalSuffix);
+    sendShape(modulation, m_panel.checkedShape(modulation));
+    sendValues(modulation);
+}
+
+void ModulationCommands::sendValues(Modulation modulation)
+{
+    if (rowOf(modulation).isLevelBeforeRate) {
+        sendLevel(modulation);
+        sendRate(modulation);
+    } else {
+        sendRate(modulation);
+        sendLevel(modulation);
+    }
+    sendDuty(modulation);
+}
+
+void ModulationCommands::sendClickedShape(Modulation modulation, WaveShape shape)
+{
+    sendShape(modulation, shape);
+    sendRate(modulation);
+}
+
+void ModulationCommands::sendShape(Modulation modulation, WaveShape shape)
+{
+    const auto* row =
+        std::find_if(std::begin(shapeSuffixes), std::end(shapeSuffixes),
+                     [shape](const ShapeSuffixes& each) { return each.shape == shape; });
+    for (const char* suffix : {row->shapeSuffix, row->directionSuffix}) {
+        if (suffix && m_session.isConnected())
+            m_session.writeChecked(m_panel.group(modulation).name() + QLatin1String(suffix));
+    }
+}
+
+void ModulationCommands::sendRate(Modulation modulation)
+{
+    const ModulationGroup& group = m_panel.group(modulation);
+    const QString header = group.name() + rateSuffix;
+    m_exchange.writeAndShow({header + QLatin1Char(' '), hertzUnit, header + QLatin1Char('?')},
+                            group.rate().field, m_limits.*rowOf(modulation).rate);
+}
+
+void ModulationCommands::sendLevel(Modulation modulation)
+{
+    const ModulationRow& row = rowOf(modulation);
+    m_exchange.setAndShow(row.levelFormat, m_panel.group(modulation).level().field,
+                          m_limits.*row.level);
+}
+
+void ModulationCommands::sendDuty(Modulation modulation)
+{
+    const ModulationGroup& group = m_panel.group(modulation);
+    const QString header = group.name() + dutySuffix;
+    m_exchange.writeAndShow({header + QLatin1Char(' '), QString(), header + QLatin1Char('?')},
+                            group.duty().field, m_limits.*rowOf(modulation).duty);
+}
+
+void ModulationCommands::on_Pulse_clicked()
+{
+    sendPulse();
+    if (m_panel.pulse()->isChecked())
+        emit switchedOn();
+}
+
+void ModulationCommands::switchExtInt_PULM()
+{
+    sendPulse();
+}
+
+void ModulationCommands::sendPulse()
+{
+    const int run = ++m_pulseRun;
+    const QPushButton* pulse = m_panel.pulse();
+    const QPushButton* source = m_panel.pulseSource();
+    showIcon(m_indicators.pulse, pulse);
+    if (!m_session.isConnected())
+        return;
+    m_session.write(pulseName + stateSuffix + (pulse->isChecked() ? onWord : offWord));
+    m_session.write(pulseName + (source->isChecked() ? externalSuffix : internalSuffix));
+    if (!pulse->isChecked() || source->isChecked())
+        return;
+    pause(settleMs);
+    if (run != m_pulseRun || !pulse->isChecked() || source->isChecked())
+        return;
+    boundPulse();
+    sendPeriod();
+    sendWidth();
+}
+
+void ModulationCommands::commitPulse(bool isPeriod)
+{
+    const double periodUs = m_panel.pulsePeriodUs();
+    const double widthUs = m_panel.pulseWidthUs();
+    boundPulse();
+    // What bounding one has changed of the other goes out too. The period first: the instrument
+    // may refuse a width that is longer.
+    const bool isPeriodChanged = m_panel.pulsePeriodUs() != periodUs;
+    const bool isWidthChanged = m_panel.pulseWidthUs() != widthUs;
+    if (isPeriod || isPeriodChanged)
+        sendPeriod();
+    if (!isPeriod || isWidthChanged)
+        sendWidth();
+}
+
+/// Bounds period and width and keeps the width below the period.
+void ModulationCommands::boundPulse()
+{
+    const auto periodText = [this](const QString& text) {
+        return boundedText(text, m_limits.pulsePeriodUs, FieldKind::PulsePeriod);
+    };
+    const auto widthText = [this](const QString& text) {
+        return boundedText(text, m_limits.pulseWidthUs, FieldKind::PulseWidth);
+    };
+    m_panel.showPulseWidthUs(widthText(m_panel.pulseWidth().textUs()));
+    m_panel.showPulsePeriodUs(periodText(m_panel.pulsePeriod().textUs()));
+    const double widthUs = m_panel.pulseWidthUs();
+    if (widthUs < m_panel.pulsePeriodUs() || m_panel.pulsePeriod().textUs().isEmpty())
+        return;
+    m_panel.showPulsePeriodUs(
+        periodText(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
+    const double periodUs = m_panel.pulsePeriodUs();
+    if (widthUs >= periodUs)
+        m_panel.showPulseWidthUs(
+            widthText(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
+}
+
+void ModulationCommands::sendPeriod()
+{
+    const QString periodUs = m_panel.pulsePeriod().textUs();
+    if (!m_session.isConnected() || periodUs.isEmpty())
+        return;
+    m_panel.showPulsePeriodUs(
+        m_session.setAndReadBack(periodFormat, toNumber(periodUs), FieldKind::PulsePeriod));
+    m_session.checkErrors();
+}
+
+void ModulationCommands::sendWidth()
+{
+    const QString widthUs = m_panel.pulseWidth().textUs();
+    if (!m_session.isConnected() || widthUs.isEmpty())
+        return;
+    m_panel.showPulseWidthUs(
+        m_session.setAndReadBack(widthFormat, toNumber(widthUs), FieldKind::PulseWidth));
+    m_session.checkErrors();
+}
+
+void ModulationCommands::restore()
+{
+    const std::optional<Modulation> modulation = checkedModulation();
+    const bool isPulseOn = m_panel.pulse()->isChecked();
+    if (!m_session.isConnected())
+        return;
+    if (!modulation) {
+        if (isPulseOn)
+            sendPulse();
+        return;
+    }
+    if (isPulseOn)
+        m_session.write(pulseName + restoredOnSuffix);
+    m_session.write(m_panel.group(*modulation).name() + restoredOnSuffix);
+    if (isPulseOn && !m_panel.pulseSource()->isChecked()) {
+        boundPulse();
+        sendWidth();
+        sendPeriod();
+    }
+    if (!isInternalOn(*modulation))
+        return;
+    if (*modulation == Modulation::Pm) {
+        const ValueRow& duty = m_panel.group(*modulation).duty();
+        duty.field->setText(duty.caption->text());
+    }
+    sendValues(*modulation);
+}
+
+void ModulationCommands::switchEverythingOff(bool isAnimated)
+{
+    const int pulseRun = m_pulseRun;
+    sendPendingOff();
+    for (const Modulation modulation : modulations) {
+        QPushButton* button = m_panel.stateButton(modulation);
+        if (!button->isChecked())
+            continue;
+        // A disabled button takes no click.
+        const int run = m_switchRun + (button->isEnabled() ? 1 : 0);
+        button->click();
+        if (m_session.isConnected())
+            pause(settleMs);
+        if (run != m_switchRun)
+            return;
+    }
+    QPushButton* pulse = m_panel.pulse();
+    if (pulse->isChecked() && pulseRun == m_pulseRun) {
+        if (m_session.isConnected())
+            m_session.write(pulseName + stateSuffix + offWord);
+        pulse->setChecked(false);
+        m_indicators.pulse.clear();
+    }
+    for (const Modulation modulation : modulations)
+        m_panel.collapse(modulation, isAnimated);
+    for (const Modulation modulation : modulations) {
+        const ModulationGroup& group = m_panel.group(modulation);
+        if (!group.state()->isChecked())
+            continue;
+        if (m_session.isConnected())
+            m_session.write(group.name() + stateSuffix + offWord);
+        group.state()->setChecked(false);
+        m_indicators.amPmFm.clear();
+    }
+}

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "modulation/field_exchange.h"
+#include "modulation/modulat.h"
+
+#include <QObject>
+
+#include <array>
+
+class QLabel;
+class ScpiSession;
+
+/// AM, FM, PM and pulse modulation at work: the modulation panel's choices and values go to the
+/// instrument, and what it answers goes back into the fields. Shows on two indicators what is on.
+/// Owns no widget. In the 400 ms pauses of its sequences anything may be clicked: the newest click
+/// wins, and panel, indicators and instrument agree when all is over.
+class ModulationCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Indicators {
+        QLabel& amPmFm; ///< the icon of the one of AM, FM and PM that is on, else empty
+        QLabel& pulse;
+    };
+
+    ModulationCommands(ScpiSession& session, const InstrumentLimits& limits, Modulat& panel,
+                       const Indicators& indicators, QObject* parent = nullptr);
+
+    /// Sends the panel's state to a freshly connected instrument; nothing while no modulation is
+    /// on.
+    void restore();
+
+    /// Switches AM, FM, PM and pulse off and folds their groups. A modulation switched on in a
+    /// pause of this stays on.
+    void switchEverythingOff(bool isAnimated);
+
+public slots:
+    void on_AM_clicked() { switchClicked(Modulation::Am); }
+    void on_FM_clicked() { switchClicked(Modulation::Fm); }
+    void on_PM_clicked() { switchClicked(Modulation::Pm); }
+    void switchExtInt_AM_FM_PM();
+    void on_Pulse_clicked();
+    void switchExtInt_PULM();
+    /// Sends a shape just clicked and the rate that goes with it.
+    void sendClickedShape(Modulation modulation, WaveShape shape);
+
+    void line_Ampl_1_Finished() { sendRate(Modulation::Am); }
+    void line_Ampl_2_Finished() { sendLevel(Modulation::Am); }
+    void line_FREQ_1_Finished() { sendRate(Modulation::Fm); }
+    void line_FREQ_2_Finished() { sendLevel(Modulation::Fm); }
+    void line_Phase_1_Finished() { sendRate(Modulation::Pm); }
+    void on_line_Phase_2_editingFinished() { sendLevel(Modulation::Pm); }
+    void on_percentLine_Ampl_editingFinished() { sendDuty(Modulation::Am); }
+    void on_percentLine_FREQ_editingFinished() { sendDuty(Modulation::Fm); }
+    void on_percentLine_Phase_editingFinished() { sendDuty(Modulation::Pm); }
+    void on_line_period_editingFinished() { commitPulse(true); }
+    void on_line_width_editingFinished() { commitPulse(false); }
+
+    /// Brings indicators and groups into line with the panel's buttons.
+    void update_Modulation();
+
+signals:
+    /// A modulation goes on: LF generator and sweep or list have to go off, before this returns.
+    void switchedOn();
+
+private:
+    void wireButtons();
+    void wireFields();
+    std::optional<Modulation> checkedModulation() const;
+    bool isInternalOn(Modulation modulation) const;
+    void showIndicators();
+
+    void switchClicked(Modulation modulation);
+    void switch_ImageText_commandExtInt(Modulation modulation, int run);
+    void sendPendingOff();
+    void pauseAndSetUp(Modulation modulation, int setup);
+    void setUpInternalSource(Modulation modulation);
+    void sendValues(Modulation modulation);
+    void sendPulse();
+
+    void sendShape(Modulation modulation, WaveShape shape);
+    void sendRate(Modulation modulation);
+    void sendLevel(Modulation modulation);
+    void sendDuty(Modulation modulation);
+    /// Period or width has been typed.
+    void commitPulse(bool isPeriod);
+    void boundPulse();
+    void sendPeriod();
+    void sendWidth();
+
+    ScpiSession& m_session;
+    const InstrumentLimits& m_limits;
+    Modulat& m_panel;
+    Indicators m_indicators;
+    FieldExchange m_exchange;
+
+    // Each kind of sequence numbers its starts, so that one that has paused knows of a newer one.
+    int m_switchRun = 0;
+    int m_setupRun = 0;
+    int m_pulseRun = 0;
+    /// Unchecked, but not yet switched off at the instrument.
+    std::array<bool, modulations.size()> m_isOffPending{};
+};
