@@ -12,7 +12,9 @@
 #include "link/demo_plug_watch.h"
 #include "link/instrument_limits.h"
 #include "modulation/generator.h"
+#include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
+#include "modulation/modulation_commands.h"
 #include "numbers/step_table.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
@@ -67,6 +69,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireStatusLine();
     wireConnection();
     wireCwControls();
+    wireModulation();
     wireService();
     setUpPush();
     loadSettings();
@@ -119,6 +122,8 @@ void MainWindow::setUpForm()
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     // Not in this version yet: better grey than deaf.
     m_ui->butSetModePow->setEnabled(false);
+    // A click that took the focus would close the entry it is to close or open.
+    m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
 }
 
 // Only after the form: connectSlotsByName takes the first child of a name, and panels share names
@@ -216,6 +221,25 @@ void MainWindow::wireCwControls()
             [this] { m_keypad->openFor(m_ui->POW); });
 }
 
+// AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
+void MainWindow::wireModulation()
+{
+    const InstrumentLimits& limits = InstrumentLimits::global();
+    m_modulationCommands = std::make_unique<ModulationCommands>(
+        m_session, limits, *m_modulation,
+        ModulationCommands::Indicators{*m_ui->label_AmPmFm, *m_ui->label_PULM});
+    m_lfGenerator =
+        std::make_unique<LfGeneratorCommands>(m_session, limits, *m_generator, *m_ui->label_Gener);
+    connect(m_modulationCommands.get(), &ModulationCommands::switchedOn, this, [this] {
+        if (m_generator->isOn())
+            m_generator->autoOff();
+    });
+    connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsModulationOff, this,
+            [this] { m_modulationCommands->switchEverythingOff(true); });
+    connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
+    connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
+}
+
 void MainWindow::wireService()
 {
     m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
@@ -237,6 +261,8 @@ void MainWindow::setUpPush()
         [this] { m_cw->pushOutput(); },
         [this] { m_cw->on_FREQ_editingFinished(); },
         [this] { m_cw->on_POW_editingFinished(); },
+        [this] { m_lfGenerator->restore(); },
+        [this] { m_modulationCommands->restore(); },
         [this] { m_cw->pushExternalReference(); },
         [this] { m_serviceCommands->readDac(); },
     });
@@ -360,7 +386,11 @@ void MainWindow::animate_move_service()
 }
 void MainWindow::update_Modulation()
 {
-    m_modulation->update_AM_PM_FM();
+    m_modulationCommands->update_Modulation();
+}
+void MainWindow::update_Generator()
+{
+    m_lfGenerator->update_Generator();
 }
 void MainWindow::initial_service()
 {
@@ -397,7 +427,7 @@ void MainWindow::showDisconnected()
     m_ui->device->setText(tr("Disconnected"));
     m_about->empty();
     m_service->showSerial(QString());
-    m_cw->hideUnlockRosc();
+    m_cw->forgetInstrument();
     m_ui->label_329->hide();
     showConnectedState(false);
 }
@@ -423,6 +453,8 @@ void MainWindow::refreshPanel(QWidget* panel)
         initial_service();
     else if (panel == m_modulation)
         update_Modulation();
+    else if (panel == m_generator)
+        update_Generator();
 }
 
 void MainWindow::retranslate()

@@ -19,7 +19,9 @@ class Form;
 class HotPlugWatch;
 class Keypad;
 class Language;
+class LfGeneratorCommands;
 class Modulat;
+class ModulationCommands;
 class ServiceCommands;
 class SidePanel;
 class SidePanels;
@@ -75,6 +77,7 @@ public slots:
     void initial_service();
     void animate_move_service();
     void update_Modulation();
+    void update_Generator();
 
     void toHelp();
 
@@ -95,6 +98,7 @@ private:
     void wireStatusLine();
     void wireConnection();
     void wireCwControls();
+    void wireModulation();
     void wireService();
     void openVisa();
     QString themeSetting() const;
@@ -124,6 +128,8 @@ private:
     Connection m_connection;
 
     std::unique_ptr<CwControls> m_cw;
+    std::unique_ptr<ModulationCommands> m_modulationCommands;
+    std::unique_ptr<LfGeneratorCommands> m_lfGenerator;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<Form> m_about;

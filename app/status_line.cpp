@@ -21,21 +21,23 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
 void StatusLine::showMessage(const QString& message)
 {
     m_message = message;
-    m_messageTimer.start();
+    if (m_activity.isEmpty())
+        m_messageTimer.start();
     refresh();
 }
 
 void StatusLine::showActivity(const QString& description)
 {
-    // What begins now is more worth reading than what was said before.
-    if (!description.isEmpty())
-        m_message.clear();
     m_activity = description;
+    // A message waits until what goes on is over, and then has its full time.
+    if (description.isEmpty() && !m_message.isEmpty())
+        m_messageTimer.start();
     refresh();
 }
 
 void StatusLine::refresh()
 {
-    m_label.setProperty("warning", !m_message.isEmpty());
-    m_label.setText(m_message.isEmpty() ? m_activity : m_message);
+    const bool isMessage = m_activity.isEmpty() && !m_message.isEmpty();
+    m_label.setProperty("warning", isMessage);
+    m_label.setText(isMessage ? m_message : m_activity);
 }

@@ -5,8 +5,8 @@
 
 class QLabel;
 
-/// The line at the foot of the window: what is going on, and over it, for a few seconds, what is
-/// to be read once. Owns the texts, not the label.
+/// The line at the foot of the window: what is going on, and when that is over, for a few seconds,
+/// what is to be read once. Owns the texts, not the label.
 class StatusLine : public QObject
 {
     Q_OBJECT

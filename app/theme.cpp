@@ -32,7 +32,7 @@ constexpr NamedColour colours[] = {
     {"tint", "#d8e8f5", "#173049"},        {"fill", "#2a6fa6", "#2a6fa6"},
     {"onFill", "#ffffff", "#ffffff"},      {"display", "#10171d", "#0c1116"},
     {"figures", "#eef6fc", "#eef6fc"},     {"displayMuted", "#93a6b6", "#93a6b6"},
-    {"displayLine", "#33424e", "#33424e"}, {"displayUnlit", "#5b6b78", "#5b6b78"},
+    {"displayLine", "#33424e", "#33424e"}, {"displayUnlit", "#7a8b99", "#7a8b99"},
     {"on", "#ffb52e", "#ffb52e"},          {"onText", "#1d1400", "#1d1400"},
     {"paper", "#ffffff", "#ffffff"},       {"warning", "#8a4b00", "#ffb86b"},
     {"error", "#ff7a6b", "#ff7a6b"},

@@ -297,5 +297,8 @@ void Connection::devicesChanged()
         !m_watch.presentSerials(false).contains(m_connectedSerial)) {
         disconnectInstrument();
         emit statusMessage(tr("The instrument has been unplugged"));
+        // Another one may have come in the same burst.
+        if (!m_watch.presentSerials(true).isEmpty())
+            emit buttonShouldBeClicked();
     }
 }

@@ -27,6 +27,7 @@ GuiListKLV::GuiListKLV()
     setAccessibleName(windowTitle());
     setObjectName(QStringLiteral("GuiListKLV"));
     setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     reset(nullptr);
 }
 
@@ -96,6 +97,8 @@ void GuiListKLV::closeEvent(QCloseEvent* event)
 void GuiListKLV::showEvent(QShowEvent* event)
 {
     QScrollArea::showEvent(event);
+    m_content->ensurePolished();
+    resize(m_content->sizeHint().boundedTo({screen()->availableGeometry().width(), mostHeight}));
     const QRect room = screen()->availableGeometry();
     const int rightmost = qMax(room.left(), room.right() - frameGeometry().width());
     const int lowest = qMax(room.top(), room.bottom() - frameGeometry().height());

@@ -8,11 +8,17 @@
 #include "panel/unit_key_filter.h"
 
 #include <QAbstractButton>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
 namespace
 {
+// In characters, blanks and unit letters included.
+constexpr int longestFrequency = 24;
+constexpr int longestPower = 8;
+constexpr int longestReference = 5;
+
 constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
 constexpr char powerFormat[] = "POW %lf;POW?";
 const QString outputOnCommand = QStringLiteral("OUTPut ON");
@@ -21,6 +27,13 @@ const QString externalSourceCommand = QStringLiteral("ROSCillator:SOURce EXTerna
 const QString internalSourceCommand = QStringLiteral("ROSCillator:SOURce INTernal");
 const QString externalFrequencyCommand = QStringLiteral("ROSC:EXT:FREQ %1 MHZ");
 const QString externalFrequencyQuery = QStringLiteral("ROSC:EXT:FREQ?");
+
+/// The focus went to another control, not to a menu or another window from which it comes back.
+bool isGoneForGood(const QEvent& focusOut)
+{
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(focusOut).reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
 
 /// Marks the text as what was set, with the cursor at its end and nothing selected.
 void selectAndDeselect(QLineEdit& field)
@@ -46,6 +59,10 @@ void CwControls::setUpFields()
     setUpNumericField(&m_ui.frequency, FieldKind::Frequency, StepKind::Frequency);
     setUpNumericField(&m_ui.power, FieldKind::Power, StepKind::Power);
     setUpNumericField(&m_ui.referenceEntry, FieldKind::ExternalReference);
+    m_ui.frequency.setMaxLength(longestFrequency);
+    m_ui.power.setMaxLength(longestPower);
+    m_ui.referenceEntry.setMaxLength(longestReference);
+    m_ui.referenceEntry.installEventFilter(this);
     connect(&m_ui.frequency, &QLineEdit::editingFinished, this,
             &CwControls::on_FREQ_editingFinished);
     connect(&m_ui.power, &QLineEdit::editingFinished, this, &CwControls::on_POW_editingFinished);
@@ -157,6 +174,10 @@ void CwControls::setExternalReferenceMHz(const QString& frequencyMHz)
 
 void CwControls::openReferenceEntry()
 {
+    if (m_ui.referenceEntry.isVisible()) {
+        cancelReferenceEntry();
+        return;
+    }
     showAccepted(&m_ui.referenceEntry, m_externalReferenceMHz);
     m_ui.referenceEntry.show();
     m_ui.referenceEntry.setFocus();
@@ -168,6 +189,32 @@ void CwControls::closeReferenceEntry()
     // Losing the focus by being hidden would commit the entry a second time.
     const QSignalBlocker silent(m_ui.referenceEntry);
     m_ui.referenceEntry.hide();
+}
+
+void CwControls::forgetInstrument()
+{
+    closeReferenceEntry();
+    hideUnlockRosc();
+}
+
+void CwControls::cancelReferenceEntry()
+{
+    closeReferenceEntry();
+    captionReference(m_externalReferenceMHz);
+}
+
+/// The entry goes with Escape, and when it is left as it was opened.
+bool CwControls::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isEscape = event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    const bool isLeft = event->type() == QEvent::FocusOut && isGoneForGood(*event) &&
+                        m_ui.referenceEntry.isVisible() &&
+                        m_ui.referenceEntry.text() == acceptedText(&m_ui.referenceEntry);
+    if (!isEscape && !isLeft)
+        return QObject::eventFilter(watched, event);
+    cancelReferenceEntry();
+    return true;
 }
 
 void CwControls::slotSetTextButtonRosc(const QString& typedMHz)
@@ -214,8 +261,9 @@ void CwControls::retranslate()
 void CwControls::showUnlockRosc()
 {
     m_ui.reference.setText(QString());
-    emit statusMessage(tr("The external reference is not locked"));
-    if (!isRoscExt())
+    if (isRoscExt())
+        emit statusMessage(tr("The external reference is not locked"));
+    else
         m_ui.unlockIndicator.show();
 }
 

@@ -38,6 +38,9 @@ public:
     /// Shows the external-frequency entry for typing.
     void openReferenceEntry();
 
+    /// No instrument any more: no unlock lamp, no entry left open.
+    void forgetInstrument();
+
     /// Captions again after a change of language.
     void retranslate();
 
@@ -67,8 +70,12 @@ public slots:
 signals:
     void statusMessage(const QString& message);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void setUpFields();
+    void cancelReferenceEntry();
     void sendExternalReference();
     void captionReference(const QString& frequencyMHz);
     QString captionedReferenceMHz() const;

@@ -2,7 +2,7 @@
 
 #include "panel/unit_key_filter.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -13,10 +13,18 @@ LeaveFilter::LeaveFilter(QLineEdit* field) : QObject(field)
 
 bool LeaveFilter::eventFilter(QObject* watched, QEvent* event)
 {
+    const bool isLeaving = event->type() == QEvent::FocusOut;
+    const bool isEscape = event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     // A field that is being destroyed loses its focus too, but is no line edit any more.
-    auto* field = event->type() == QEvent::FocusOut ? qobject_cast<QLineEdit*>(watched) : nullptr;
-    if (!field || field->text() != acceptedText(field))
+    auto* field = isLeaving || isEscape ? qobject_cast<QLineEdit*>(watched) : nullptr;
+    if (!field || (field->text() == acceptedText(field)) != isLeaving)
         return QObject::eventFilter(watched, event);
+    if (isEscape) {
+        showAccepted(field, acceptedText(field));
+        field->selectAll();
+        return true;
+    }
     const QSignalBlocker quiet(field);
     field->event(event);
     return true;

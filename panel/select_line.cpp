@@ -1,6 +1,7 @@
 #include "panel/select_line.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 
@@ -19,6 +20,12 @@ bool selectLine::eventFilter(QObject* watched, QEvent* event)
             reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
         if (!m_isFocusingClick && !isReturn)
             m_edit->selectAll();
+        m_isReplacing = !isReturn || !m_hasHadFocus;
+        m_hasHadFocus = true;
+    } else if (event->type() == QEvent::KeyPress) {
+        typed(*static_cast<QKeyEvent*>(event));
+    } else if (event->type() == QEvent::MouseButtonPress) {
+        m_isReplacing = false;
     } else if (event->type() == QEvent::MouseButtonRelease && m_isFocusingClick) {
         // The press has placed the cursor; only its release ends the click.
         m_isFocusingClick = false;
@@ -27,4 +34,21 @@ bool selectLine::eventFilter(QObject* watched, QEvent* event)
             m_edit->selectAll();
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// A committed number stands there unselected; the next number typed still replaces it, unless the
+/// cursor has been moved into it.
+void selectLine::typed(const QKeyEvent& key)
+{
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
+        m_isReplacing = true;
+        return;
+    }
+    const bool isCharacter = !key.text().isEmpty() && key.text().at(0).isPrint() &&
+                             !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier));
+    if (m_isReplacing && isCharacter)
+        m_edit->selectAll();
+    const bool isModifier = key.key() == Qt::Key_Shift || key.key() == Qt::Key_Control ||
+                            key.key() == Qt::Key_Alt || key.key() == Qt::Key_Meta;
+    m_isReplacing = m_isReplacing && isModifier;
 }

@@ -105,8 +105,8 @@ UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind) : QObject(field),
 {
     field->installEventFilter(this);
     connect(field, &QLineEdit::textEdited, this, [field, kind] {
-        setEdited(field, true);
         reformatEdited(field, kind);
+        setEdited(field, field->text() != acceptedText(field));
     });
 }
 

@@ -31,6 +31,7 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
 {
     setObjectName(QStringLiteral("Form"));
     setWindowModality(Qt::ApplicationModal);
+    setAttribute(Qt::WA_TranslucentBackground);
 
     auto* frame = new QFrame(this);
     frame->setObjectName(QStringLiteral("frame"));

@@ -21,6 +21,7 @@ service::service(QWidget* parent)
     m_temperature->setObjectName(QStringLiteral("text_temp"));
     m_temperatureIcon->setPixmap(QPixmap(QStringLiteral(":/images/grad.png")));
     m_dacCaption->setBuddy(m_referenceDac);
+    m_referenceDac->setValidator(entryValidator(EntryPattern::Whole));
 
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(16);
@@ -48,8 +49,10 @@ void service::showTemperature(double degreesCelsius)
 void service::showSerial(const QString& serial)
 {
     m_serial->setText(serial);
-    if (serial.isEmpty())
+    if (serial.isEmpty()) {
         m_temperature->clear();
+        showDac(QString());
+    }
 }
 
 void service::retranslate()

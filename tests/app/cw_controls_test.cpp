@@ -21,6 +21,8 @@ private slots:
     void frequencyIsCommitted_data();
     void frequencyIsCommitted();
     void emptyFrequencySendsNothing();
+    void typingReplacesTheCommittedNumber();
+    void escapeBringsTheAcceptedBack();
     void powerIsCommitted_data();
     void powerIsCommitted();
     void fieldShowsWhatTheInstrumentTook();
@@ -106,6 +108,41 @@ void CwControlsTest::emptyFrequencySendsNothing()
     m_rig->enter("FREQ", "");
     QVERIFY(m_demo->takeSent().isEmpty());
     QCOMPARE(field("FREQ").text(), QString());
+}
+
+void CwControlsTest::typingReplacesTheCommittedNumber()
+{
+    field("FREQ").setFocus();
+    QTest::keyClicks(&field("FREQ"), "25M");
+    QTest::keyClick(&field("FREQ"), Qt::Key_Return);
+    QTest::keyClicks(&field("FREQ"), "7M");
+    QTest::keyClick(&field("FREQ"), Qt::Key_Return);
+    QCOMPARE(field("FREQ").text(), QString("7 000 000"));
+    // With the cursor moved into it, it is edited.
+    QTest::keyClick(&field("FREQ"), Qt::Key_Home);
+    QTest::keyClicks(&field("FREQ"), "1");
+    QTest::keyClick(&field("FREQ"), Qt::Key_Return);
+    QCOMPARE(field("FREQ").text(), QString("17 000 000"));
+}
+
+void CwControlsTest::escapeBringsTheAcceptedBack()
+{
+    field("FREQ").setFocus();
+    QTest::keyClicks(&field("FREQ"), "25");
+    QVERIFY(field("FREQ").property("edited").toBool());
+    QTest::keyClick(&field("FREQ"), Qt::Key_Escape);
+    QCOMPARE(field("FREQ").text(), QString("1 000 000 000"));
+    QVERIFY(!field("FREQ").property("edited").toBool());
+
+    m_rig->click("open_ROSC_FREQ");
+    QTest::keyClicks(&field("ROSC_FREQ"), "77");
+    QTest::keyClick(&field("ROSC_FREQ"), Qt::Key_Escape);
+    QVERIFY(field("ROSC_FREQ").isHidden());
+    m_rig->click("open_ROSC_FREQ");
+    field("FREQ").setFocus();
+    QVERIFY(field("ROSC_FREQ").isHidden());
+    QCOMPARE(m_rig->get<QPushButton>("ROSC").text(), QString("10 MHz"));
+    QVERIFY(m_demo->takeSent().isEmpty());
 }
 
 void CwControlsTest::powerIsCommitted_data()

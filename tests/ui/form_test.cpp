@@ -132,7 +132,7 @@ private slots:
         const QList<QPair<QString, QString>> table = {
             {"connect", "Ctrl+D"},     {"menuButton", "F10"},  {"minimize", "Ctrl+M"},
             {"closeWindow", "Ctrl+Q"}, {"key_FREQ", "Ctrl+F"}, {"key_POW", "Ctrl+P"},
-            {"Output", "Ctrl+R"},      {"ROSC", "Ctrl+E"},     {"open_ROSC_FREQ", "Ctrl+Shift+E"},
+            {"Output", "Ctrl+R"},      {"ROSC", "Ctrl+T"},     {"open_ROSC_FREQ", "Ctrl+Shift+E"},
             {"open_mod", "F2"},        {"open_list", "F3"},    {"open_gener", "F4"},
             {"profiles", "F5"},        {"service", "F6"},      {"butSetModePow", "Ctrl+B"}};
         for (const auto& [name, keys] : table)

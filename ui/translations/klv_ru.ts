@@ -533,8 +533,8 @@
         <translation>Частота внешнего опорного сигнала в целых мегагерцах</translation>
     </message>
     <message>
-        <source>Reference oscillator: internal, or external at the frequency shown (Ctrl+E)</source>
-        <translation>Опорный генератор: внутренний или внешний с указанной частотой (Ctrl+E)</translation>
+        <source>Reference oscillator: internal, or external at the frequency shown (Ctrl+T)</source>
+        <translation>Опорный генератор: внутренний или внешний с указанной частотой (Ctrl+T)</translation>
     </message>
     <message>
         <source>External reference</source>
