@@ -106,8 +106,7 @@ bool LfGeneratorCommands::isCurrent(int run, WaveShape shape) const
 
 bool LfGeneratorCommands::pauseWhile(int run, WaveShape shape) const
 {
-    pause(settleMs);
-    return isCurrent(run, shape) && m_session.isConnected();
+    return pause(settleMs) && isCurrent(run, shape) && m_session.isConnected();
 }
 
 /// False when it was cut short.

@@ -192,18 +192,17 @@ void ModulationCommands::switchClicked(Modulation modulation)
             if (other == modulation || !button->isChecked())
                 continue;
             button->setChecked(false);
-            switch_ImageText_commandExtInt(other, run);
-            if (run != m_switchRun)
+            if (!switch_ImageText_commandExtInt(other, run))
                 return;
         }
     }
-    switch_ImageText_commandExtInt(modulation, run);
-    if (run == m_switchRun && isInternalOn(modulation))
+    if (switch_ImageText_commandExtInt(modulation, run) && isInternalOn(modulation))
         pauseAndSetUp(modulation, setup);
 }
 
-/// Switches one of the three to what its button says.
-void ModulationCommands::switch_ImageText_commandExtInt(Modulation modulation, int run)
+/// Switches one of the three to what its button says. False when the sequence is over: there is a
+/// newer one, or the program ends.
+bool ModulationCommands::switch_ImageText_commandExtInt(Modulation modulation, int run)
 {
     const ModulationGroup& group = m_panel.group(modulation);
     const bool isOn = group.state()->isChecked();
@@ -211,16 +210,20 @@ void ModulationCommands::switch_ImageText_commandExtInt(Modulation modulation, i
     if (isOn)
         emit switchedOn();
     if (!m_session.isConnected())
-        return;
+        return true;
     if (!isOn)
         m_isOffPending[static_cast<std::size_t>(modulation)] = true;
-    pause(settleMs);
+    if (!pause(settleMs))
+        return false;
     sendPendingOff();
-    if (!isOn || run != m_switchRun || !group.state()->isChecked() || !m_session.isConnected())
-        return;
-    m_session.write(group.name() + stateSuffix + onWord);
-    if (group.isExternal())
-        m_session.write(group.name() + externalSuffix);
+    if (run != m_switchRun)
+        return false;
+    if (isOn && group.state()->isChecked() && m_session.isConnected()) {
+        m_session.write(group.name() + stateSuffix + onWord);
+        if (group.isExternal())
+            m_session.write(group.name() + externalSuffix);
+    }
+    return true;
 }
 
 /// The first to wake up sends all of it: a newer sequence ends before the one it interrupted, and
@@ -253,8 +256,8 @@ void ModulationCommands::pauseAndSetUp(Modulation modulation, int setup)
 {
     if (setup != m_setupRun || !m_session.isConnected())
         return;
-    pause(settleMs);
-    if (setup == m_setupRun && isInternalOn(modulation) && m_session.isConnected())
+    const bool isGoingOn = pause(settleMs) && setup == m_setupRun && m_session.isConnected();
+    if (isGoingOn && isInternalOn(modulation))
         setUpInternalSource(modulation);
 }
 
@@ -341,8 +344,7 @@ void ModulationCommands::sendPulse()
     m_session.write(pulseName + (source->isChecked() ? externalSuffix : internalSuffix));
     if (!pulse->isChecked() || source->isChecked())
         return;
-    pause(settleMs);
-    if (run != m_pulseRun || !pulse->isChecked() || source->isChecked())
+    if (!pause(settleMs) || run != m_pulseRun || !pulse->isChecked() || source->isChecked())
         return;
     boundPulse();
     sendPeriod();
@@ -445,8 +447,8 @@ void ModulationCommands::switchEverythingOff(bool isAnimated)
         // A disabled button takes no click.
         const int run = m_switchRun + (button->isEnabled() ? 1 : 0);
         button->click();
-        if (m_session.isConnected())
-            pause(settleMs);
+        if (m_session.isConnected() && !pause(settleMs))
+            return;
         if (run != m_switchRun)
             return;
     }

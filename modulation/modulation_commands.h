@@ -72,7 +72,7 @@ private:
     void showIndicators();
 
     void switchClicked(Modulation modulation);
-    void switch_ImageText_commandExtInt(Modulation modulation, int run);
+    bool switch_ImageText_commandExtInt(Modulation modulation, int run);
     void sendPendingOff();
     void pauseAndSetUp(Modulation modulation, int setup);
     void setUpInternalSource(Modulation modulation);

@@ -1,0 +1,441 @@
+#include "tests/modulation/modulation_rig.h"
+
+#include <memory>
+
+namespace
+{
+const QStringList names = {"AM", "FM", "PM"};
+const QStringList suffixes = {"Ampl", "FREQ", "Phase"};
+const QStringList levels = {"AM 1.000000;AM?!", "FM 0.001563 Hz;FM?!", "PM 0.001000;PM?!"};
+
+QStringList twoStep(const QString& header, const QString& value)
+{
+    return {header + ' ' + value, header + '?'};
+}
+
+/// Rate, depth or deviation and duty in the order that is the modulation's own.
+QStringList valuesOf(int index)
+{
+    const QString header = names.at(index) + ":INT:FUNC:";
+    const QStringList rate = twoStep(header + "FREQ", "1000 Hz");
+    const QStringList duty = twoStep(header + "SHAP:SQU:DUTY", "50");
+    const QStringList level = {levels.at(index)};
+    return names.at(index) == "FM" ? level + rate + duty : rate + level + duty;
+}
+
+QStringList setUpOf(int index)
+{
+    const QString& name = names.at(index);
+    return QStringList{name + ":SOUR INT", name + ":INT:FUNC:SHAP SIN!"} + valuesOf(index);
+}
+
+QTestData& newRow(const QString& tag)
+{
+    return QTest::newRow(qPrintable(tag));
+}
+
+const QStringList pulseValues = {"PULM:INT:PER 1000.000000 U;PER?!",
+                                 "PULM:INT:PWID 1.000000 U;PWID?!"};
+} // namespace
+
+/// What the modulation panel's controls send, and what is left when sequences meet.
+class ModulationCommandsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { loadUiResources(); }
+    void init() { m_rig = std::make_unique<ModulationRig>(); }
+    void cleanup() { m_rig.reset(); }
+
+    void switches_data();
+    void switches();
+    void shapes_data();
+    void shapes();
+    void setUpSendsTheShape();
+    void fields_data();
+    void fields();
+    void emptyFieldSendsNothing();
+    void failedReads();
+    void widthStaysBelowThePeriod_data();
+    void widthStaysBelowThePeriod();
+    void restores_data();
+    void restores();
+    void exclusionsComeInOrder();
+    void everythingOff();
+    void newestClickWins_data();
+    void newestClickWins();
+    void lostConnectionEndsSequences_data();
+    void lostConnectionEndsSequences();
+    void offlineOnlyThePanelChanges();
+
+private:
+    std::unique_ptr<ModulationRig> m_rig;
+};
+
+void ModulationCommandsTest::switches_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QString>("on");
+    for (int i = 0; i < names.size(); ++i) {
+        const QString& name = names.at(i);
+        const QString source = "IntExt_" + name;
+        const QString on = name + ":STATe ON";
+        const QString external = name + ":SOUR EXT";
+        newRow(name + " on") << "" << name << QStringList(on) + setUpOf(i) << name;
+        newRow(name + " on, external") << source << name << QStringList{on, external} << name;
+        newRow(name + " off") << name << name << QStringList(name + ":STATe OFF") << "";
+        newRow(name + " to external") << name << source << QStringList(external) << name;
+        newRow(name + " to internal") << source + ' ' + name << source << setUpOf(i) << name;
+        newRow(name + " off, source") << "" << source << QStringList() << "";
+    }
+    QTest::newRow("FM after AM") << "AM"
+                                 << "FM" << QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1)
+                                 << "FM";
+    QTest::newRow("PM beside pulse")
+        << "Pulse"
+        << "PM" << QStringList("PM:STATe ON") + setUpOf(2) << "PM PULM";
+    const QStringList pulseOn = {"PULM:STATe ON", "PULM:SOUR INT"};
+    const QStringList pulseExternal = {"PULM:STATe ON", "PULM:SOUR EXT"};
+    QTest::newRow("Pulse on") << ""
+                              << "Pulse" << pulseOn + pulseValues << "PULM";
+    QTest::newRow("Pulse on, external") << "IntExt_PULM"
+                                        << "Pulse" << pulseExternal << "PULM";
+    QTest::newRow("Pulse off") << "Pulse"
+                               << "Pulse" << QStringList{"PULM:STATe OFF", "PULM:SOUR INT"} << "";
+    QTest::newRow("Pulse to external") << "Pulse"
+                                       << "IntExt_PULM" << pulseExternal << "PULM";
+    QTest::newRow("Pulse to internal") << "IntExt_PULM Pulse"
+                                       << "IntExt_PULM" << pulseOn + pulseValues << "PULM";
+}
+
+void ModulationCommandsTest::switches()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, clicked);
+    m_rig->clickAll(before);
+    m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
+    m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
+    m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
+    m_rig->sent();
+    m_rig->click(clicked);
+    QTEST(m_rig->sent(), "sent");
+    QTEST(m_rig->whatIsOn(), "on");
+}
+
+void ModulationCommandsTest::shapes_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("shape");
+    const QStringList prefixes = {"Sin", "SawPos", "SawNeg", "Triangle", "Random", "Rect"};
+    const QList<QStringList> commands = {
+        {"SIN!"}, {"RAMP!", ":RAMP POS!"}, {"RAMP!", ":RAMP NEG!"}, {"TRI!"}, {"RAND!"}, {"SQU!"}};
+    for (int i = 0; i < names.size(); ++i) {
+        for (int k = 0; k < prefixes.size(); ++k)
+            newRow(prefixes.at(k) + '_' + suffixes.at(i)) << names.at(i) << commands.at(k);
+    }
+}
+
+void ModulationCommandsTest::shapes()
+{
+    QFETCH(QString, name);
+    QFETCH(QStringList, shape);
+    QStringList expected;
+    for (const QString& each : shape)
+        expected << name + ":INT:FUNC:SHAP" + (each.startsWith(':') ? "" : " ") + each;
+    m_rig->click(QTest::currentDataTag());
+    QCOMPARE(m_rig->sent(), expected + twoStep(name + ":INT:FUNC:FREQ", "1000 Hz"));
+    QVERIFY(m_rig->get(QTest::currentDataTag())->isChecked());
+}
+
+void ModulationCommandsTest::setUpSendsTheShape()
+{
+    m_rig->clickAll("SawNeg_Phase Rect_Ampl");
+    m_rig->sent();
+    m_rig->click("PM");
+    const QStringList sent = m_rig->sent();
+    QCOMPARE(sent.mid(1, 3),
+             QStringList({"PM:SOUR INT", "PM:INT:FUNC:SHAP RAMP!", "PM:INT:FUNC:SHAP:RAMP NEG!"}));
+}
+
+void ModulationCommandsTest::fields_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QString>("shown");
+    const auto row = [](const QString& tag, const QString& field, const QString& typed,
+                        const QStringList& sent,
+                        const QString& shown) { newRow(tag) << field << typed << sent << shown; };
+    for (int i = 0; i < names.size(); ++i) {
+        const QString header = names.at(i) + ":INT:FUNC:";
+        const QString rate = "line_" + suffixes.at(i) + "_1";
+        const QString duty = "percentLine_" + suffixes.at(i);
+        const QString& tag = names.at(i);
+        row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
+        row(tag + " rate, high", rate, "9M", twoStep(header + "FREQ", "100000 Hz"), "100 000");
+        row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
+        row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", "1"), "1");
+    }
+    row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
+    row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
+    row("depth, not a number", "line_Ampl_2", "1.2.3", {"AM 0.000000;AM?!"}, "0.00");
+    row("FM deviation", "line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
+    row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
+    row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
+    row("period, low", "line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
+    row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
+}
+
+void ModulationCommandsTest::fields()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    m_rig->enter(field, typed);
+    QTEST(m_rig->sent(), "sent");
+    QTEST(m_rig->text(field), "shown");
+}
+
+void ModulationCommandsTest::emptyFieldSendsNothing()
+{
+    for (const char* name : {"line_Ampl_1", "line_Ampl_2", "percentLine_FREQ", "line_period"}) {
+        m_rig->enter(name, " ");
+        QCOMPARE(m_rig->sent(), QStringList());
+    }
+}
+
+void ModulationCommandsTest::failedReads()
+{
+    m_rig->demo("fault 2 status 0xBFFF0015");
+    m_rig->enter("line_Ampl_1", "500");
+    QCOMPARE(m_rig->text("line_Ampl_1"), QString("500"));
+    QVERIFY(m_rig->session.isConnected());
+    m_rig->demo("fault 1 status 0xBFFF0015");
+    m_rig->enter("line_Ampl_2", "5");
+    QCOMPARE(m_rig->text("line_Ampl_2"), QString());
+    QVERIFY(!m_rig->session.isConnected());
+}
+
+void ModulationCommandsTest::widthStaysBelowThePeriod_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QStringList>("sent");
+    QTest::addColumn<QString>("shown");
+    QTest::newRow("period below") << "line_period"
+                                  << "8" << QStringList{"PULM:INT:PER 20.100000 U;PER?!"}
+                                  << "20.1, 20.00";
+    QTest::newRow("width above") << "line_width"
+                                 << "2000"
+                                 << QStringList{"PULM:INT:PER 2000.100000 U;PER?!",
+                                                "PULM:INT:PWID 2000.000000 U;PWID?!"}
+                                 << "2 000.1, 2 000.00";
+}
+
+void ModulationCommandsTest::widthStaysBelowThePeriod()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    m_rig->enter("line_width", "20");
+    m_rig->sent();
+    m_rig->enter(field, typed);
+    QTEST(m_rig->sent(), "sent");
+    QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
+}
+
+void ModulationCommandsTest::restores_data()
+{
+    QTest::addColumn<QString>("checked");
+    QTest::addColumn<QStringList>("sent");
+    const QStringList reversed = {pulseValues.at(1), pulseValues.at(0)};
+    for (int i = 0; i < names.size(); ++i) {
+        const QString& name = names.at(i);
+        const QStringList on = {name + ":STAT ON"};
+        QStringList values = valuesOf(i);
+        if (name == "PM")
+            values.replaceInStrings("DUTY 50", "DUTY 30");
+        newRow(name) << name << on + values;
+        newRow(name + ", external") << name + " IntExt_" + name << on;
+        newRow(name + " and pulse")
+            << name + " Pulse" << QStringList("PULM:STAT ON") + on + reversed + values;
+    }
+    QTest::newRow("all external") << "AM IntExt_AM Pulse IntExt_PULM"
+                                  << QStringList{"PULM:STAT ON", "AM:STAT ON"};
+    QTest::newRow("pulse alone") << "Pulse"
+                                 << QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues;
+    QTest::newRow("none") << "IntExt_FM" << QStringList();
+}
+
+void ModulationCommandsTest::restores()
+{
+    QFETCH(QString, checked);
+    for (const QString& name : checked.split(' '))
+        m_rig->get(name)->setChecked(true);
+    m_rig->get<QLineEdit>("line_FREQ_2")->setText("0.0015626");
+    m_rig->get("percentButton_Phase")->setText("30");
+    m_rig->modulation.restore();
+    QTEST(m_rig->sent(), "sent");
+}
+
+void ModulationCommandsTest::exclusionsComeInOrder()
+{
+    m_rig->click("dc_select");
+    m_rig->clickAll("IntExt_AM IntExt_PULM");
+    m_rig->sent();
+    m_rig->sweepOffs = 0;
+    m_rig->click("AM");
+    QCOMPARE(m_rig->sent(), QStringList({"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}));
+    QCOMPARE(m_rig->whatIsOn(), QString("AM"));
+
+    m_rig->clickAll("AM dc_select");
+    m_rig->sent();
+    m_rig->sweepOffs = 0;
+    m_rig->click("Pulse");
+    QCOMPARE(m_rig->sent(), QStringList({"PULM:STATe ON", "PULM:SOUR EXT", "LFO:STAT OFF!"}));
+    QCOMPARE(m_rig->sweepOffs, 1);
+    m_rig->click("Pulse");
+    QCOMPARE(m_rig->sweepOffs, 1);
+    QCOMPARE(m_rig->whatIsOn(), QString());
+}
+
+void ModulationCommandsTest::everythingOff()
+{
+    m_rig->clickAll("IntExt_FM FM Pulse");
+    m_rig->panel.expand(Modulation::Fm, false);
+    m_rig->sent();
+    m_rig->modulation.switchEverythingOff(false);
+    QCOMPARE(m_rig->sent(), QStringList({"FM:STATe OFF", "PULM:STATe OFF"}));
+    QCOMPARE(m_rig->whatIsOn(), QString());
+    QVERIFY(!m_rig->panel.group(Modulation::Fm).isExpanded());
+    m_rig->modulation.switchEverythingOff(false);
+    QCOMPARE(m_rig->sent(), QStringList());
+
+    // A button that cannot be clicked goes off all the same.
+    m_rig->click("FM");
+    m_rig->get("FM")->setEnabled(false);
+    m_rig->modulation.switchEverythingOff(false);
+    QCOMPARE(m_rig->whatIsOn(), QString());
+}
+
+void ModulationCommandsTest::newestClickWins_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("seen");
+    QTest::addColumn<QString>("second");
+    QTest::addColumn<QString>("on");
+    const auto row = [](const char* tag, const char* before, const char* first, const char* seen,
+                        const char* second, const char* on) {
+        QTest::newRow(tag) << before << first << seen << second << on;
+    };
+    row("off again before on", "", "AM", "", "AM", "");
+    row("off again before set-up", "", "AM", "AM:STATe ON", "AM", "");
+    row("on again before off", "AM", "AM", "", "AM", "AM");
+    row("another before on", "", "AM", "", "FM", "FM");
+    row("another before set-up", "", "AM", "AM:STATe ON", "FM", "FM");
+    row("back before the other's off", "AM", "FM", "", "AM", "AM");
+    row("a third before the first's off", "AM", "FM", "", "PM", "PM");
+    row("neither before the first's off", "AM", "FM", "", "FM", "");
+    row("pulse before on", "", "AM", "", "Pulse", "AM PULM");
+    row("source before on", "", "PM", "", "IntExt_PM", "PM");
+    row("source there and back", "", "PM", "", "IntExt_PM IntExt_PM", "PM");
+    row("pulse off again", "", "Pulse", "", "Pulse", "");
+    row("pulse external", "", "Pulse", "", "IntExt_PULM", "PULM");
+    row("AM before pulse's values", "", "Pulse", "PULM:SOUR INT", "AM", "AM PULM");
+    row("LF before on", "", "AM", "", "dc_select", "LFO");
+    row("LF before set-up", "", "AM", "AM:STATe ON", "sine_select", "LFO");
+    row("LF before off", "AM", "AM", "", "dc_select", "LFO");
+    row("LF before pulse's values", "", "Pulse", "PULM:SOUR INT", "dc_select", "LFO");
+    row("AM while all go off for LF", "FM Pulse", "dc_select", "", "AM", "AM PULM");
+    row("AM once more while all go off", "AM", "dc_select", "AM:STATe OFF", "AM", "AM");
+    row("pulse while all go off for LF", "FM", "dc_select", "", "Pulse", "PULM");
+    row("AM before LF's shape", "", "sine_select", "LFO:STAT ON", "AM", "AM");
+    row("pulse in LF's ramp", "", "sawPos_select", "SHAP RAMP", "Pulse", "PULM");
+}
+
+void ModulationCommandsTest::newestClickWins()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, first);
+    QFETCH(QString, seen);
+    QFETCH(QString, second);
+    m_rig->clickAll(before);
+    m_rig->sent();
+    bool isClicked = false;
+    m_rig->whenSent(seen, [&] {
+        isClicked = true;
+        m_rig->clickAll(second);
+    });
+    m_rig->click(first);
+    QVERIFY(isClicked);
+    const QStringList sent = m_rig->sent();
+    QTEST(m_rig->whatIsOn(), "on");
+    QVERIFY2(sent.filter("!!").isEmpty(), "the instrument refused something");
+    // However they met, the last word on a source is the panel's.
+    for (const QString& name : names) {
+        const QStringList sources = sent.filter(name + ":SOUR ");
+        const QString panel = m_rig->get("IntExt_" + name)->isChecked() ? "EXT" : "INT";
+        QVERIFY(sources.isEmpty() || sources.last().endsWith(panel));
+    }
+}
+
+void ModulationCommandsTest::lostConnectionEndsSequences_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<QString>("seen");
+    QTest::addColumn<QStringList>("sent");
+    QTest::newRow("before on") << ""
+                               << "AM"
+                               << "" << QStringList();
+    QTest::newRow("before set-up") << ""
+                                   << "AM"
+                                   << "AM:STATe ON" << QStringList("AM:STATe ON");
+    QTest::newRow("before the other's off") << "AM"
+                                            << "FM"
+                                            << "" << QStringList();
+    QTest::newRow("before pulse's values")
+        << ""
+        << "Pulse"
+        << "PULM:SOUR" << QStringList{"PULM:STATe ON", "PULM:SOUR INT"};
+    QTest::newRow("source") << "IntExt_PM PM"
+                            << "IntExt_PM"
+                            << "" << QStringList();
+}
+
+void ModulationCommandsTest::lostConnectionEndsSequences()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, clicked);
+    QFETCH(QString, seen);
+    m_rig->clickAll(before);
+    m_rig->sent();
+    m_rig->whenSent(seen, [this] { m_rig->session.close(); });
+    m_rig->click(clicked);
+    QVERIFY(!m_rig->session.isConnected());
+    QTEST(m_rig->sent(), "sent");
+}
+
+void ModulationCommandsTest::offlineOnlyThePanelChanges()
+{
+    m_rig->session.close();
+    m_rig->demo.takeTranscript();
+    m_rig->clickAll("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
+    QVERIFY(!m_rig->get("AM")->isChecked());
+    QVERIFY(m_rig->get("FM")->isChecked());
+    QVERIFY(!m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
+    m_rig->enter("line_Ampl_2", "120");
+    QCOMPARE(m_rig->text("line_Ampl_2"), QString("100.00"));
+    m_rig->modulation.restore();
+    m_rig->click("triangle_select");
+    QVERIFY(!m_rig->get("FM")->isChecked());
+    QVERIFY(!m_rig->get("Pulse")->isChecked());
+    QVERIFY(m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
+    QVERIFY(m_rig->pulse.pixmap(Qt::ReturnByValue).isNull());
+    QCOMPARE(m_rig->demo.takeTranscript(), QStringList());
+}
+
+QTEST_MAIN(ModulationCommandsTest)
+#include "modulation_commands_test.moc"
