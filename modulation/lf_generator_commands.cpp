@@ -26,20 +26,20 @@ constexpr char dutyFormat[] = "LFO:FUNC:SHAP:SQU:DUTY %lf;DUTY?";
 const char rampCommand[] = "LFO:FUNC:SHAP RAMP";
 struct ShapeRow {
     WaveShape shape;
+    bool pausesBefore; ///< when clicked
     void (LfGeneratorCommands::*slot)();
     const char* shapeCommand;
     const char* directionCommand; ///< of a ramp
-    bool pausesBefore;            ///< when clicked
 };
 using Self = LfGeneratorCommands;
 const ShapeRow shapeRows[] = {
-    {WaveShape::Sine, &Self::Gen_Sine, "LFO:FUNC:SHAP SIN", nullptr, true},
-    {WaveShape::SawPositive, &Self::Gen_SawPos, rampCommand, "LFO:FUNC:SHAP:RAMP POS", true},
-    {WaveShape::SawNegative, &Self::Gen_SawNeg, rampCommand, "LFO:FUNC:SHAP:RAMP NEG", true},
-    {WaveShape::Triangle, &Self::Gen_Train, "LFO:FUNC:SHAP TRI", nullptr, true},
-    {WaveShape::Random, &Self::Gen_Rand, "LFO:FUNC:SHAP RAND", nullptr, true},
-    {WaveShape::Square, &Self::Gen_Rect, "LFO:FUNC:SHAP SQU", nullptr, false},
-    {WaveShape::Dc, &Self::Gen_Dc, "LFO:FUNC:SHAP DC", nullptr, false},
+    {WaveShape::Sine, true, &Self::Gen_Sine, "LFO:FUNC:SHAP SIN", nullptr},
+    {WaveShape::SawPositive, true, &Self::Gen_SawPos, rampCommand, "LFO:FUNC:SHAP:RAMP POS"},
+    {WaveShape::SawNegative, true, &Self::Gen_SawNeg, rampCommand, "LFO:FUNC:SHAP:RAMP NEG"},
+    {WaveShape::Triangle, true, &Self::Gen_Train, "LFO:FUNC:SHAP TRI", nullptr},
+    {WaveShape::Random, true, &Self::Gen_Rand, "LFO:FUNC:SHAP RAND", nullptr},
+    {WaveShape::Square, false, &Self::Gen_Rect, "LFO:FUNC:SHAP SQU", nullptr},
+    {WaveShape::Dc, false, &Self::Gen_Dc, "LFO:FUNC:SHAP DC", nullptr},
 };
 static_assert(std::size(shapeRows) == shapeCount);
 } // namespace
