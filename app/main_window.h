@@ -102,6 +102,8 @@ private:
     void wireService();
     void openVisa();
     QString themeSetting() const;
+    void chooseLanguage(const QString& code);
+    void chooseTheme(const QString& name);
     void applyLook();
     void retranslate();
 

@@ -1,0 +1,155 @@
+#include "app/main_window.h"
+
+#include "app/error_box.h"
+#include "app/language.h"
+#include "app/side_panels.h"
+#include "app/status_line.h"
+#include "app/window_menu.h"
+#include "link/instrument_limits.h"
+#include "modulation/generator.h"
+#include "modulation/lf_generator_commands.h"
+#include "modulation/modulat.h"
+#include "modulation/modulation_commands.h"
+#include "panel/cw_controls.h"
+#include "panel/keypad.h"
+#include "service/about_box.h"
+#include "service/service_commands.h"
+#include "service/service_panel.h"
+#include "ui_mainwindow.h"
+
+// Who hears whom: the form, the side panels, the operations and the connection, one function each.
+
+// Only after the form: connectSlotsByName takes the first child of a name, and panels share names
+// with the form.
+void MainWindow::setUpPanels()
+{
+    m_modulation = new Modulat(this);
+    m_list = new SidePanel(QStringLiteral("List"), this);
+    m_generator = new generator(this);
+    m_profiles = new SidePanel(QStringLiteral("openSaveProfile"), this);
+    m_service = new service(this);
+
+    m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
+    m_sidePanels->add(m_modulation, m_ui->open_mod);
+    m_sidePanels->add(m_list, m_ui->open_list);
+    m_sidePanels->add(m_generator, m_ui->open_gener);
+    m_sidePanels->add(m_profiles, m_ui->profiles);
+    m_sidePanels->add(m_service, m_ui->service);
+
+    connect(m_modulation, &SidePanel::hide_, this, &MainWindow::closeFromModulation);
+    connect(m_list, &SidePanel::hide_, this, &MainWindow::closeFromList);
+    connect(m_generator, &SidePanel::hide_, this, &MainWindow::closeFromGenerator);
+    connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
+    connect(m_service, &SidePanel::hide_, this, &MainWindow::service_close);
+    connect(this, &MainWindow::service_animate, this, &MainWindow::animate_move_service);
+    connect(m_sidePanels.get(), &SidePanels::allMoved, this, &MainWindow::allow_move);
+    connect(m_sidePanels.get(), &SidePanels::opened, this, &MainWindow::refreshPanel);
+}
+
+void MainWindow::setUpMenu()
+{
+    auto* menu = new WindowMenu(m_language->code(), themeSetting(), this);
+    // The shortcuts work without the menu being open.
+    addActions(menu->actions());
+    m_ui->menuButton->setMenu(menu);
+    connect(menu, &WindowMenu::helpChosen, this, &MainWindow::toHelp);
+    connect(menu, &WindowMenu::aboutChosen, m_about.get(), &Form::showAbout);
+    connect(menu, &WindowMenu::quitChosen, this, &MainWindow::close);
+    connect(menu, &WindowMenu::languageChosen, this, &MainWindow::chooseLanguage);
+    connect(menu, &WindowMenu::themeChosen, this, &MainWindow::chooseTheme);
+}
+
+void MainWindow::wireStatusLine()
+{
+    m_status = std::make_unique<StatusLine>(*m_ui->status);
+    connect(&m_connection, &Connection::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(&m_connection, &Connection::activity, m_status.get(), &StatusLine::showActivity);
+}
+
+void MainWindow::wireConnection()
+{
+    connect(&m_search, &SearchKLV::sendData, this, &MainWindow::showKLVDevice);
+    connect(&m_search, &SearchKLV::finish, this, &MainWindow::finishVisaSearch);
+    connect(&m_search, &SearchKLV::error, this, &MainWindow::failVisaSearch);
+    connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
+
+    m_connection.setNeighbour(this);
+    connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
+        m_ui->connect->setChecked(isChecked);
+        m_ui->connect->repaint();
+    });
+    connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
+            &QAbstractButton::click);
+    connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);
+    connect(&m_connection, &Connection::identified, this, &MainWindow::showIdentity);
+    connect(&m_connection, &Connection::calibrationDue, m_about.get(), &Form::setCalibrationDue);
+    connect(&m_connection, &Connection::refused, this,
+            [this](const QString& message) { ErrorBox::report(message, this); });
+    connect(&m_connection, &Connection::ready, this, &MainWindow::showReady);
+    connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
+    connect(&m_connection, &Connection::disconnected, this, &MainWindow::showDisconnected);
+    connect(&m_session, &ScpiSession::error329Seen, this, &MainWindow::showIndicator329);
+    connect(&m_session, &ScpiSession::error329Gone, m_ui->label_329, &QWidget::hide);
+}
+
+void MainWindow::wireCwControls()
+{
+    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(),
+                                        CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
+                                                            *m_ui->ROSC, *m_ui->ROSC_FREQ,
+                                                            *m_ui->label_328, *m_ui->label_ExtRef});
+    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_ui->Output, &QAbstractButton::toggled, m_ui->label_RF, &QWidget::setEnabled);
+    m_ui->label_RF->setEnabled(m_ui->Output->isChecked());
+    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->FREQ); });
+    connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->POW); });
+}
+
+// AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
+void MainWindow::wireModulation()
+{
+    const InstrumentLimits& limits = InstrumentLimits::global();
+    m_modulationCommands = std::make_unique<ModulationCommands>(
+        m_session, limits, *m_modulation,
+        ModulationCommands::Indicators{*m_ui->label_AmPmFm, *m_ui->label_PULM});
+    m_lfGenerator =
+        std::make_unique<LfGeneratorCommands>(m_session, limits, *m_generator, *m_ui->label_Gener);
+    connect(m_modulationCommands.get(), &ModulationCommands::switchedOn, this, [this] {
+        if (m_generator->isOn())
+            m_generator->autoOff();
+    });
+    connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsModulationOff, this,
+            [this] { m_modulationCommands->switchEverythingOff(true); });
+    connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
+    connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
+}
+
+void MainWindow::wireService()
+{
+    m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
+    connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(&m_service->referenceDac(), &QLineEdit::returnPressed, m_serviceCommands.get(),
+            &ServiceCommands::on_REF_OSC_returnPressed);
+    connect(&m_connection, &Connection::pollDue, this, [this] {
+        if (m_ui->service->isChecked())
+            m_serviceCommands->readTemperature();
+    });
+}
+
+/// The order in which a freshly reset instrument is brought into line with the panel.
+void MainWindow::setUpPush()
+{
+    m_connection.setPushSteps({
+        [this] { m_cw->pushReferenceSource(); },
+        [this] { m_cw->pushOutput(); },
+        [this] { m_cw->on_FREQ_editingFinished(); },
+        [this] { m_cw->on_POW_editingFinished(); },
+        [this] { m_lfGenerator->restore(); },
+        [this] { m_modulationCommands->restore(); },
+        [this] { m_cw->pushExternalReference(); },
+        [this] { m_serviceCommands->readDac(); },
+    });
+}
