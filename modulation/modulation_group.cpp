@@ -1,8 +1,8 @@
 #include "modulation/modulation_group.h"
 
-#include "modulation/readable_quantity.h"
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
+#include "numbers/readable_quantity.h"
 #include "panel/numeric_field.h"
 
 #include <QBoxLayout>

@@ -1,7 +1,7 @@
 #include "modulation/pulse_group.h"
 
-#include "modulation/readable_quantity.h"
 #include "modulation/waveform_picture.h"
+#include "numbers/readable_quantity.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "modulation/pulse_time.h"
 
-#include "modulation/readable_quantity.h"
 #include "numbers/number_text.h"
+#include "numbers/readable_quantity.h"
 #include "numbers/unit_keys.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"

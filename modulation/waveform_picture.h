@@ -1,7 +1,7 @@
 #pragma once
 
-#include "modulation/readable_quantity.h"
 #include "modulation/waveform.h"
+#include "numbers/readable_quantity.h"
 
 #include <QWidget>
 

@@ -1,6 +1,6 @@
-#include "modulation/readable_quantity.h"
 #include "modulation/waveform.h"
 #include "modulation/waveform_picture.h"
+#include "numbers/readable_quantity.h"
 
 #include <QTest>
 
@@ -50,8 +50,6 @@ private slots:
     void pointsCoverTheSpan();
     void spans_data();
     void spans();
-    void readable_data();
-    void readable();
     void words_data();
     void words();
     void paintsInTheColoursOfThePalette();
@@ -144,31 +142,6 @@ void WaveformTest::spans()
 {
     QFETCH(double, length);
     QTEST(axisSpan(length), "span");
-}
-
-void WaveformTest::readable_data()
-{
-    QTest::addColumn<double>("value");
-    QTest::addColumn<Unit>("unit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("plain") << 1.0 << Unit::Volt << "1 V";
-    QTest::newRow("kilo") << 1000.0 << Unit::Hertz << "1 kHz";
-    QTest::newRow("giga") << 2.5e9 << Unit::Hertz << "2.5 GHz";
-    QTest::newRow("milli") << 0.0015625 << Unit::Hertz << "1.5625 mHz";
-    QTest::newRow("micro") << 0.25e-3 << Unit::Second << "250 µs";
-    QTest::newRow("rounds up into the next prefix") << 999999.9 << Unit::Hertz << "1 MHz";
-    QTest::newRow("negative") << -0.001 << Unit::Radian << "\u22121 mrad";
-    QTest::newRow("percent has no prefix") << 0.001 << Unit::Percent << "0.001 %";
-    QTest::newRow("zero") << -0.0 << Unit::Second << "0 s";
-    QTest::newRow("beyond the prefixes") << 5e12 << Unit::Hertz << "5000 GHz";
-    QTest::newRow("below the prefixes") << 1e-13 << Unit::Second << "0.1 ps";
-}
-
-void WaveformTest::readable()
-{
-    QFETCH(double, value);
-    QFETCH(Unit, unit);
-    QTEST(readableQuantity(value, unit), "text");
 }
 
 void WaveformTest::words_data()

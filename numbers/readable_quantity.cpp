@@ -1,4 +1,4 @@
-#include "modulation/readable_quantity.h"
+#include "numbers/readable_quantity.h"
 
 #include <QCoreApplication>
 
@@ -9,14 +9,14 @@
 namespace
 {
 constexpr char context[] = "Unit";
-constexpr int digits = 5;
 
 const char* const unitSymbols[] = {"",
                                    QT_TRANSLATE_NOOP("Unit", "s"),
                                    QT_TRANSLATE_NOOP("Unit", "Hz"),
                                    QT_TRANSLATE_NOOP("Unit", "%"),
                                    QT_TRANSLATE_NOOP("Unit", "rad"),
-                                   QT_TRANSLATE_NOOP("Unit", "V")};
+                                   QT_TRANSLATE_NOOP("Unit", "V"),
+                                   QT_TRANSLATE_NOOP("Unit", "dBm")};
 
 struct Prefix {
     int powerOfTen;
@@ -30,9 +30,19 @@ const Prefix prefixes[] = {
 };
 
 /// The power of ten of the first of the digits that are shown.
-int leadingPower(double value)
+int leadingPower(double value, int digits)
 {
     return QString::number(value, 'e', digits - 1).section(QLatin1Char('e'), 1).toInt();
+}
+
+bool takesPrefix(Unit unit)
+{
+    return unit != Unit::None && unit != Unit::Percent && unit != Unit::Dbm;
+}
+
+int largestPower(Unit unit)
+{
+    return unit == Unit::Second ? 0 : std::prev(std::end(prefixes))->powerOfTen;
 }
 } // namespace
 
@@ -48,13 +58,14 @@ QString unitSymbol(Unit unit, int powerOfTen)
     return prefix == std::end(prefixes) ? symbol : translated(prefix->letter) + symbol;
 }
 
-QString readableQuantity(double value, Unit unit)
+QString readableQuantity(double value, Unit unit, int digits)
 {
-    const bool takesPrefix = unit != Unit::Percent && unit != Unit::None && value != 0.0;
-    const int thousands = takesPrefix ? static_cast<int>(std::floor(leadingPower(value) / 3.0)) : 0;
-    const int power = std::clamp(3 * thousands, prefixes[0].powerOfTen,
-                                 std::prev(std::end(prefixes))->powerOfTen);
-    QString number = QString::number(value * std::pow(10.0, -power), 'g', digits);
+    const int leading = value == 0.0 ? 0 : leadingPower(value, digits);
+    const int thousands = takesPrefix(unit) ? static_cast<int>(std::floor(leading / 3.0)) : 0;
+    const int power = std::clamp(3 * thousands, prefixes[0].powerOfTen, largestPower(unit));
+    // Beyond the largest prefix all digits before the point are written.
+    QString number =
+        QString::number(value * std::pow(10.0, -power), 'g', std::max(digits, leading - power + 1));
     number.replace(QLatin1Char('-'), QChar(0x2212));
     const QString symbol = unitSymbol(unit, power);
     const QString text = value == 0.0 ? QStringLiteral("0") : number;
