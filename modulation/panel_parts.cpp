@@ -1,7 +1,5 @@
 #include "modulation/panel_parts.h"
 
-#include "panel/numeric_field.h"
-
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -20,23 +18,6 @@ constexpr int sourceWidth = 128;
 QString translated(const char* text)
 {
     return QCoreApplication::translate("ValueRow", text);
-}
-
-QString unitLettersHint(UnitFamily units)
-{
-    switch (units) {
-    case UnitFamily::Frequency:
-        return translated(
-            QT_TRANSLATE_NOOP("ValueRow", "k, m or g after the number: kilo, mega, giga"));
-    case UnitFamily::Time:
-        return translated(
-            QT_TRANSLATE_NOOP("ValueRow", "m or s after the number: milliseconds, seconds"));
-    case UnitFamily::Voltage:
-        return translated(QT_TRANSLATE_NOOP("ValueRow", "m after the number: millivolts"));
-    case UnitFamily::None:
-        break;
-    }
-    return QString();
 }
 } // namespace
 
@@ -110,18 +91,12 @@ QString summaryText(const QStringList& values)
 
 void retranslateValueRow(const ValueRow& row, const ValueRowTexts& texts)
 {
-    QStringList hints = {texts.toolTip};
-    if (const std::optional<NumericField> number = numericField(row.field))
-        hints << unitLettersHint(unitFamily(number->kind));
-    hints << translated(QT_TRANSLATE_NOOP("ValueRow", "Up and Down or the wheel: one step"));
-    hints.removeAll(QString());
-    describe(row.field, texts.name, hints.join(QLatin1Char('\n')));
+    describeField(row.field, texts.name, texts.toolTip);
     if (!texts.caption.isEmpty())
         row.caption->setText(texts.caption);
     row.unit->setText(texts.unit);
     for (QPushButton* key : {row.caption, row.unit})
-        describe(key, translated(QT_TRANSLATE_NOOP("ValueRow", "%1: keypad")).arg(texts.name),
-                 translated(QT_TRANSLATE_NOOP("ValueRow", "Enter the value with the keypad")));
+        describeKeypadKey(key, texts.name);
 }
 
 void retranslateSourceSwitch(QPushButton* button, const QString& name)
@@ -131,10 +106,4 @@ void retranslateSourceSwitch(QPushButton* button, const QString& name)
                  "ValueRow", "Int-Ext switch: internal or external source of the modulation")));
     button->setAccessibleDescription(
         translated(QT_TRANSLATE_NOOP("ValueRow", "Checked: external source")));
-}
-
-void describe(QWidget* control, const QString& name, const QString& toolTip)
-{
-    control->setAccessibleName(name);
-    control->setToolTip(toolTip);
 }

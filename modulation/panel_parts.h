@@ -1,6 +1,7 @@
 #pragma once
 
 #include "modulation/waveform.h"
+#include "panel/describe.h"
 
 #include <QStringList>
 
@@ -59,6 +60,3 @@ struct ValueRowTexts {
 };
 void retranslateValueRow(const ValueRow& row, const ValueRowTexts& texts);
 void retranslateSourceSwitch(QPushButton* button, const QString& name);
-
-/// Tool-tip and accessible name of a control.
-void describe(QWidget* control, const QString& name, const QString& toolTip);

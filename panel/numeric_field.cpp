@@ -13,6 +13,12 @@ namespace
 {
 constexpr char fieldKindProperty[] = "fieldKind";
 constexpr char stepKindProperty[] = "stepKind";
+
+template <typename Filter>
+Filter* filterOf(QLineEdit* edit)
+{
+    return edit->findChild<Filter*>(QString(), Qt::FindDirectChildrenOnly);
+}
 } // namespace
 
 void setUpNumericField(QLineEdit* edit, FieldKind kind, std::optional<StepKind> step)
@@ -29,6 +35,15 @@ void setUpNumericField(QLineEdit* edit, FieldKind kind, std::optional<StepKind> 
     edit->setProperty(stepKindProperty, static_cast<int>(*step));
 }
 
+void changeFieldKind(QLineEdit* edit, FieldKind kind, StepKind step)
+{
+    setEntryValidator(edit, kind);
+    filterOf<UnitKeyFilter>(edit)->setKind(kind);
+    filterOf<EventsLineEdit>(edit)->setKind(step);
+    edit->setProperty(fieldKindProperty, static_cast<int>(kind));
+    edit->setProperty(stepKindProperty, static_cast<int>(step));
+}
+
 std::optional<NumericField> numericField(QLineEdit* edit)
 {
     const QVariant kind = edit->property(fieldKindProperty);
@@ -43,7 +58,6 @@ std::optional<NumericField> numericField(QLineEdit* edit)
 
 void stepNumericField(QLineEdit* edit, int direction)
 {
-    auto* events = edit->findChild<EventsLineEdit*>(QString(), Qt::FindDirectChildrenOnly);
-    if (events != nullptr)
+    if (auto* events = filterOf<EventsLineEdit>(edit))
         events->step(direction);
 }

@@ -21,6 +21,9 @@ struct NumericField {
 void setUpNumericField(QLineEdit* edit, FieldKind kind,
                        std::optional<StepKind> step = std::nullopt);
 
+/// Makes a field that was set up one for another kind, stepped as `step`. Its text is the caller's.
+void changeFieldKind(QLineEdit* edit, FieldKind kind, StepKind step);
+
 /// What a line edit was set up for; none for one that was not.
 std::optional<NumericField> numericField(QLineEdit* edit);
 

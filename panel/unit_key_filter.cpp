@@ -101,12 +101,13 @@ int unitPower(const QLineEdit* field)
     return field->property(unitPowerProperty).toInt();
 }
 
-UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind) : QObject(field), m_field(field)
+UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind)
+    : QObject(field), m_field(field), m_kind(kind)
 {
     field->installEventFilter(this);
-    connect(field, &QLineEdit::textEdited, this, [field, kind] {
-        reformatEdited(field, kind);
-        setEdited(field, field->text() != acceptedText(field));
+    connect(field, &QLineEdit::textEdited, this, [this] {
+        reformatEdited(m_field, m_kind);
+        setEdited(m_field, m_field->text() != acceptedText(m_field));
     });
 }
 

@@ -37,9 +37,12 @@ class UnitKeyFilter : public QObject
 public:
     UnitKeyFilter(QLineEdit* field, FieldKind kind);
 
+    void setKind(FieldKind kind) { m_kind = kind; }
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QLineEdit* m_field;
+    FieldKind m_kind;
 };
