@@ -7,7 +7,7 @@ set -euo pipefail
 
 packages=(
     cmake ninja-build g++ pkg-config
-    qtbase5-dev qttools5-dev qttools5-dev-tools
+    qtbase5-dev qttools5-dev qttools5-dev-tools libqwt-qt5-dev
     libudev-dev libumockdev-dev umockdev
     python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core
 )

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "panel/side_panel.h"
+#include "sweep/trigger_group.h"
+
+class ListGroup;
+class PointTable;
+class QLineEdit;
+class QPushButton;
+class SweepGroup;
+struct SweepValues;
+
+/// The sweep and list panel: the settings of a sweep, the points of a list and the trigger of both,
+/// kept consistent with each other. One of the two is shown and may run. It sends nothing.
+class List : public SidePanel
+{
+    Q_OBJECT
+
+public:
+    explicit List(QWidget* parent = nullptr);
+
+    QPushButton& runSweep() const;
+    QPushButton& runList() const;
+    /// Sweep or list.
+    bool isRunning() const;
+
+    bool isPowerSweep() const;
+    /// Frequency in hertz of a power sweep, power in dBm of a frequency sweep.
+    QLineEdit& fixedValue() const;
+    QLineEdit& start() const;
+    QLineEdit& stop() const;
+    /// How many.
+    QLineEdit& points() const;
+    /// Microseconds.
+    QLineEdit& dwell() const;
+    /// What the sweep over the other quantity holds meanwhile.
+    SweepValues& valuesAside() const;
+
+    TriggerChoice triggerChoice() const;
+    /// One trigger runs all points, not one.
+    bool isAllPoints() const;
+    bool isContinuous() const;
+    QPushButton& previousPoint() const;
+    QPushButton& nextPoint() const;
+    QPushButton& continuousMode() const;
+    QPushButton& allPointsMode() const;
+
+    PointTable& table() const;
+
+public slots:
+    /// Stops a run by a click on its button, and asks to be closed.
+    void autoOff();
+    /// Marks the point, counted from 1, that a list run has reached; 0 for none.
+    void highlightPoint(int number);
+
+signals:
+    /// The user wants to enter the number of this field on a keypad.
+    void keypadRequested(QLineEdit* field);
+    /// The user moves the list run to a point, counted from 1.
+    void pointChosen(int number);
+    /// The user has chosen another trigger source.
+    void triggerChosen();
+    /// What the sweep would run through has changed.
+    void sweepChanged();
+
+protected:
+    void retranslate() override;
+
+private:
+    void build();
+    void wire();
+
+    SweepGroup* m_sweep;
+    TriggerGroup* m_trigger;
+    ListGroup* m_list;
+};

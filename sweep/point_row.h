@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <vector>
+
+constexpr int pointColumnCount = 3;
+
+/// One point of a list: the texts of its cells in column order, as shown and as sent.
+using PointRow = std::array<QString, pointColumnCount>;
+using PointRows = std::vector<PointRow>;

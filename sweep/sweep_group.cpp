@@ -1,0 +1,212 @@
+#include "sweep/sweep_group.h"
+
+#include "link/instrument_limits.h"
+#include "panel/clamp_field.h"
+#include "panel/describe.h"
+#include "panel/keypad_units.h"
+#include "panel/numeric_field.h"
+#include "panel/unit_key_filter.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVariant>
+
+#include <utility>
+
+namespace
+{
+constexpr int spacing = 8;
+constexpr int margin = 12;
+constexpr int labelWidth = 72;
+constexpr int fieldWidth = 120;
+constexpr int keyWidth = 40;
+
+struct Row {
+    const char* name;
+    FieldKind kind;      ///< in a sweep over frequency
+    FieldKind powerKind; ///< in a sweep over power
+    int line;
+    int column;
+    const char* text;
+};
+
+using K = FieldKind;
+constexpr std::array<Row, 5> rows = {{
+    {"Freq_Pow", K::Power, K::Frequency, 0, 0, "0"},
+    {"Start", K::Frequency, K::Power, 1, 0, "25 000 000"},
+    {"Stop", K::Frequency, K::Power, 1, 1, "1 000 000 000"},
+    {"Step", K::PointCount, K::PointCount, 2, 0, "100"},
+    {"Time", K::Dwell, K::Dwell, 2, 1, "1 000"},
+}};
+/// Those whose kind depends on the mode.
+constexpr std::size_t modeRowCount = 3;
+
+FieldKind kindOf(const Row& row, bool isPowerSweep)
+{
+    return isPowerSweep ? row.powerKind : row.kind;
+}
+
+StepKind stepOf(FieldKind kind)
+{
+    switch (kind) {
+    case FieldKind::Power:
+        return StepKind::Power;
+    case FieldKind::PointCount:
+        return StepKind::PointCount;
+    case FieldKind::Dwell:
+        return StepKind::Time;
+    default:
+        return StepKind::Frequency;
+    }
+}
+
+void clampToLimits(QLineEdit* field, FieldKind kind)
+{
+    const InstrumentLimits& limits = InstrumentLimits::global();
+    switch (kind) {
+    case FieldKind::Power:
+        return clampField(limits.powerDbm, kind, field);
+    case FieldKind::Dwell:
+        return clampField(limits.sweepDwellUs, kind, field);
+    case FieldKind::PointCount:
+        // No instrument tells how many points there may be.
+        return clampField(0.0, 0.0, kind, field);
+    default:
+        return clampField(limits.frequencyHz, kind, field);
+    }
+}
+} // namespace
+
+SweepGroup::SweepGroup(QWidget* parent)
+    : QGroupBox(parent), m_title(new QLabel(this)), m_mode(new QPushButton(this)),
+      m_run(new QPushButton(this)), m_valuesAside{QStringLiteral("1 000 000 000"),
+                                                  QStringLiteral("-10"), QStringLiteral("0")}
+{
+    setObjectName(QStringLiteral("Sweep__"));
+    setProperty("section", true);
+    build();
+    wire();
+    retranslate();
+}
+
+void SweepGroup::build()
+{
+    m_title->setObjectName(QStringLiteral("title_Sweep"));
+    m_title->setProperty("sectionTitle", true);
+    m_mode->setObjectName(QStringLiteral("power_toFrom_freq"));
+    m_mode->setCheckable(true);
+    m_run->setObjectName(QStringLiteral("button_Sweep"));
+    m_run->setCheckable(true);
+
+    auto* header = new QHBoxLayout;
+    header->setSpacing(spacing);
+    header->addWidget(m_title, 1);
+    header->addWidget(m_mode);
+    header->addWidget(m_run);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, spacing, margin, margin);
+    column->setSpacing(spacing);
+    column->addLayout(header);
+    column->addLayout(buildFields());
+}
+
+QGridLayout* SweepGroup::buildFields()
+{
+    constexpr int cellsOfRow = 4; // the last one parts the two columns
+    auto* grid = new QGridLayout;
+    grid->setSpacing(spacing);
+    grid->setColumnStretch(cellsOfRow - 1, 1);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Row& row = rows[i];
+        const QString name = QLatin1String(row.name);
+        FieldRow& made = m_rows[i];
+        made.label = new QLabel(this);
+        made.field = new QLineEdit(QLatin1String(row.text), this);
+        made.key = new QPushButton(this);
+        made.label->setObjectName(QStringLiteral("label_") + name);
+        made.label->setMinimumWidth(labelWidth);
+        made.label->setBuddy(made.field);
+        made.field->setObjectName(name);
+        made.field->setAlignment(Qt::AlignRight);
+        made.field->setFixedWidth(fieldWidth);
+        made.key->setObjectName(QStringLiteral("key_") + name);
+        made.key->setProperty("valueUnit", true);
+        made.key->setFixedWidth(keyWidth);
+        // A click must not take the focus from a field, which would commit what is half typed.
+        made.key->setFocusPolicy(Qt::TabFocus);
+        const int first = row.column * cellsOfRow;
+        grid->addWidget(made.label, row.line, first);
+        grid->addWidget(made.field, row.line, first + 1);
+        grid->addWidget(made.key, row.line, first + 2);
+    }
+    return grid;
+}
+
+void SweepGroup::wire()
+{
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        QLineEdit* field = m_rows[i].field;
+        setUpNumericField(field, rows[i].kind, stepOf(rows[i].kind));
+        connect(field, &QLineEdit::editingFinished, this, [this, i] { commit(i); });
+        connect(field, &QLineEdit::textChanged, this, &SweepGroup::settingsChanged);
+        connect(m_rows[i].key, &QAbstractButton::clicked, this,
+                [this, field] { emit keypadRequested(field); });
+    }
+    connect(m_mode, &QAbstractButton::toggled, this, &SweepGroup::changeMode);
+}
+
+bool SweepGroup::isPowerSweep() const
+{
+    return m_mode->isChecked();
+}
+
+void SweepGroup::changeMode()
+{
+    QString* const asides[] = {&m_valuesAside.fixed, &m_valuesAside.start, &m_valuesAside.stop};
+    for (std::size_t i = 0; i < modeRowCount; ++i) {
+        QLineEdit* field = m_rows[i].field;
+        // Until all three are changed, they are the values of no mode.
+        const QSignalBlocker quiet(field);
+        const FieldKind kind = kindOf(rows[i], isPowerSweep());
+        changeFieldKind(field, kind, stepOf(kind));
+        const QString shown = std::exchange(*asides[i], field->text());
+        showAccepted(field, shown);
+    }
+    retranslate();
+    emit settingsChanged();
+}
+
+void SweepGroup::commit(std::size_t index)
+{
+    QLineEdit* field = m_rows[index].field;
+    clampToLimits(field, kindOf(rows[index], isPowerSweep()));
+    showAccepted(field, field->text());
+}
+
+void SweepGroup::retranslate()
+{
+    m_title->setText(tr("Sweep"));
+    setAccessibleName(m_title->text());
+    m_mode->setText(isPowerSweep() ? tr("Power sweep") : tr("Frequency sweep"));
+    describe(m_mode, m_mode->text(), tr("Freq-Pow switch"));
+    m_run->setText(tr("Run"));
+    describe(m_run, tr("Run the sweep"), tr("Run the sweep while pressed in"));
+
+    const QString captions[] = {isPowerSweep() ? tr("Frequency") : tr("Power"), tr("Start"),
+                                tr("Stop"), tr("Points"), tr("Dwell")};
+    const QString hints[] = {tr("The value that stays"), tr("First value of the sweep"),
+                             tr("Last value of the sweep"), tr("Number of points of the sweep"),
+                             tr("Time at each point in microseconds")};
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const FieldRow& row = m_rows[i];
+        row.label->setText(captions[i]);
+        const QString name = tr("Sweep: %1").arg(captions[i]);
+        describeField(row.field, name, hints[i]);
+        describeKeypadKey(row.key, name);
+        const std::vector<EntryUnit> units = entryUnits(kindOf(rows[i], isPowerSweep()), 0);
+        row.key->setText(unitText(units, 0));
+    }
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QGroupBox>
+
+#include <array>
+
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// What a sweep holds besides its points and dwell: frequencies in hertz or powers in dBm, as the
+/// fields show them.
+struct SweepValues {
+    QString fixed;
+    QString start;
+    QString stop;
+};
+
+/// The settings of a stepped sweep over frequency or over power, and its run button. Bounds what is
+/// entered; sends nothing.
+class SweepGroup : public QGroupBox
+{
+    Q_OBJECT
+
+public:
+    explicit SweepGroup(QWidget* parent = nullptr);
+
+    QPushButton& run() const { return *m_run; }
+    bool isPowerSweep() const;
+    QLineEdit& fixedValue() const { return *m_rows[0].field; }
+    QLineEdit& start() const { return *m_rows[1].field; }
+    QLineEdit& stop() const { return *m_rows[2].field; }
+    QLineEdit& points() const { return *m_rows[3].field; }
+    QLineEdit& dwell() const { return *m_rows[4].field; }
+
+    /// The values of the mode that is not chosen; the next change of mode shows them.
+    SweepValues& valuesAside() { return m_valuesAside; }
+
+    void retranslate();
+
+signals:
+    void keypadRequested(QLineEdit* field);
+    /// What the sweep would run through has changed.
+    void settingsChanged();
+
+private:
+    struct FieldRow {
+        QLabel* label = nullptr;
+        QLineEdit* field = nullptr;
+        QPushButton* key = nullptr;
+    };
+
+    void build();
+    QGridLayout* buildFields();
+    void wire();
+    void changeMode();
+    void applyKinds();
+    void commit(std::size_t index);
+
+    QLabel* m_title;
+    QPushButton* m_mode;
+    std::array<FieldRow, 5> m_rows{};
+    QPushButton* m_run;
+    SweepValues m_valuesAside;
+};

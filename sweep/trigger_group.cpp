@@ -1,0 +1,138 @@
+#include "sweep/trigger_group.h"
+
+#include "panel/describe.h"
+
+#include <QGridLayout>
+#include <QIcon>
+#include <QPushButton>
+#include <QVariant>
+
+namespace
+{
+constexpr int spacing = 8;
+constexpr int margin = 12;
+constexpr int iconSide = 24;
+
+struct Button {
+    const char* name;
+    const char* icon;
+    int line;
+    int column;
+    int columns;
+};
+constexpr std::array<Button, 8> buttons = {{
+    {"List_is_Checked", "", 0, 0, 2},
+    {"time_select", "", 1, 0, 1},
+    {"int_select", ":/images/trigger_rise.png", 1, 1, 1},
+    {"ext_select", ":/images/trigger_fall.png", 1, 2, 1},
+    {"left_select", ":/images/step_back.png", 1, 3, 1},
+    {"right_select", ":/images/step_forward.png", 1, 4, 1},
+    {"trigMode", ":/images/repeat.png", 0, 2, 1},
+    {"modeFront", "", 0, 3, 2},
+}};
+constexpr int columnCount = 5;
+constexpr std::array<TriggerChoice, 3> sources = {
+    TriggerChoice::FreeRun, TriggerChoice::ExternalRising, TriggerChoice::ExternalFalling};
+} // namespace
+
+TriggerGroup::TriggerGroup(QWidget* parent) : QGroupBox(parent)
+{
+    setObjectName(QStringLiteral("Trigger__"));
+    setProperty("section", true);
+    build();
+    wire();
+    source(TriggerChoice::FreeRun).setChecked(true);
+    retranslate();
+}
+
+void TriggerGroup::build()
+{
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(margin, margin, margin, margin);
+    grid->setSpacing(spacing);
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        const Button& row = buttons[i];
+        auto* button = new QPushButton(this);
+        button->setObjectName(QLatin1String(row.name));
+        button->setCheckable(true);
+        button->setIcon(QIcon(QLatin1String(row.icon)));
+        button->setIconSize(QSize(iconSide, iconSide));
+        grid->addWidget(button, row.line, row.column, 1, row.columns);
+        m_buttons[i] = button;
+    }
+    for (int column = 0; column < columnCount; ++column)
+        grid->setColumnStretch(column, 1);
+}
+
+void TriggerGroup::wire()
+{
+    for (QPushButton* button : m_buttons)
+        connect(button, &QAbstractButton::toggled, this, &TriggerGroup::changed);
+    for (const TriggerChoice each : sources) {
+        QPushButton* button = &source(each);
+        connect(button, &QAbstractButton::toggled, this, [this, button](bool isChecked) {
+            if (isChecked)
+                excludeOthers(button);
+        });
+        connect(button, &QAbstractButton::clicked, this, &TriggerGroup::triggerChosen);
+    }
+    // A step is over at once; made here, before any other listener hears of the click.
+    for (QPushButton* button : {&previousPoint(), &nextPoint()}) {
+        connect(button, &QAbstractButton::clicked, this, [this, button] {
+            button->setChecked(false);
+            excludeOthers(button);
+        });
+    }
+    connect(&listShown(), &QAbstractButton::toggled, this, &TriggerGroup::retranslate);
+}
+
+QPushButton& TriggerGroup::source(TriggerChoice choice) const
+{
+    return *m_buttons[1 + static_cast<std::size_t>(choice)];
+}
+
+TriggerChoice TriggerGroup::choice() const
+{
+    for (const TriggerChoice each : sources) {
+        if (source(each).isChecked())
+            return each;
+    }
+    return TriggerChoice::Manual;
+}
+
+void TriggerGroup::choose(TriggerChoice wanted)
+{
+    const TriggerChoice present = choice();
+    if (present == wanted)
+        return;
+    // A click on the checked source leaves none.
+    source(wanted == TriggerChoice::Manual ? present : wanted).click();
+}
+
+void TriggerGroup::excludeOthers(const QPushButton* chosen)
+{
+    for (const TriggerChoice each : sources) {
+        QPushButton& button = source(each);
+        if (&button != chosen)
+            button.setChecked(false);
+    }
+}
+
+void TriggerGroup::retranslate()
+{
+    setAccessibleName(tr("Trigger"));
+    listShown().setText(listShown().isChecked() ? tr("List") : tr("Sweep"));
+    describe(&listShown(), tr("Sweep-List switch"), tr("Sweep-List switch"));
+    QPushButton& automatic = source(TriggerChoice::FreeRun);
+    automatic.setText(tr("AUTO"));
+    describe(&automatic, tr("Automatic trigger"), tr("Automatic sweep/list control"));
+    describe(&source(TriggerChoice::ExternalRising), tr("External trigger, rising edge"),
+             tr("External trigger (positive polarity)"));
+    describe(&source(TriggerChoice::ExternalFalling), tr("External trigger, falling edge"),
+             tr("External trigger (negative polarity)"));
+    describe(&previousPoint(), tr("Previous point"), tr("Go to previous point"));
+    describe(&nextPoint(), tr("Next point"), tr("Go to next point"));
+    describe(&continuousMode(), tr("Continuous"), tr("Continuous sweep/list mode"));
+    allPointsMode().setText(tr("ALLPOINTS"));
+    describe(&allPointsMode(), tr("All points"), tr("Sweep all points by the trigger signal"));
+}
