@@ -19,8 +19,6 @@ constexpr int longestFrequency = 24;
 constexpr int longestPower = 8;
 constexpr int longestReference = 5;
 
-constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
-constexpr char powerFormat[] = "POW %lf;POW?";
 const QString outputOnCommand = QStringLiteral("OUTPut ON");
 const QString outputOffCommand = QStringLiteral("OUTPut OFF");
 const QString externalSourceCommand = QStringLiteral("ROSCillator:SOURce EXTernal");

@@ -17,6 +17,10 @@ class CwControls : public QObject
     Q_OBJECT
 
 public:
+    // Both set a number and ask for it back.
+    static constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
+    static constexpr char powerFormat[] = "POW %lf;POW?";
+
     struct Widgets {
         QLineEdit& frequency;
         QLineEdit& power;
