@@ -1,0 +1,197 @@
+#include "sweep/sweep_commands.h"
+
+#include "link/scpi_session.h"
+#include "numbers/number_text.h"
+#include "panel/cw_controls.h"
+#include "panel/unit_key_filter.h"
+#include "sweep/list_panel.h"
+#include "sweep/list_transfer.h"
+#include "sweep/panel_wait_cursor.h"
+#include "sweep/trigger_commands.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace
+{
+constexpr double secondsPerMicrosecond = 1e-6;
+
+// Start and stop go out without a unit, and powers as they stand.
+const QString pointsCommand = QStringLiteral("SWEep:POINts ");
+const QString frequencyCommand = QStringLiteral("FREQ ");
+const QString hertzUnit = QStringLiteral(" Hz");
+const QString startFrequencyCommand = QStringLiteral("FREQ:START ");
+const QString stopFrequencyCommand = QStringLiteral("FREQ:STOP ");
+const QString powerCommand = QStringLiteral("POW ");
+const QString startPowerCommand = QStringLiteral("POW:START ");
+const QString stopPowerCommand = QStringLiteral("POW:STOP ");
+const QString dwellCommand = QStringLiteral("SWEep:DWELl ");
+
+const QString fixedFrequencyCommand = QStringLiteral("FREQ:MODE FIX");
+const QString fixedPowerCommand = QStringLiteral("POW:MODE FIX");
+const QString initiateCommand = QStringLiteral("INIT:IMM");
+const QStringList powerSweepStart = {QStringLiteral("POW:MODE SWE"), fixedFrequencyCommand,
+                                     initiateCommand, QStringLiteral("*TRG")};
+const QStringList frequencySweepStart = {QStringLiteral("FREQ:MODE SWE"), fixedPowerCommand,
+                                         initiateCommand, QStringLiteral("*TRG")};
+const QStringList listStart = {QStringLiteral("FREQ:MODE LIST"), QStringLiteral("POW:MODE LIST"),
+                               initiateCommand};
+const QString singleCommand = QStringLiteral("INIT:CONT OFF");
+const QString abortSweepCommand = QStringLiteral("ABORt");
+const QString abortListCommand = QStringLiteral("*ABORt");
+} // namespace
+
+SweepCommands::SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
+                             ListTransfer& transfer, const CwWidgets& cw, QObject* parent)
+    : QObject(parent), m_session(session), m_panel(panel), m_triggers(triggers),
+      m_transfer(transfer), m_cw(cw)
+{
+    connect(&m_panel.runSweep(), &QAbstractButton::toggled, this, &SweepCommands::CommandSweep);
+    connect(&m_panel.runList(), &QAbstractButton::toggled, this, &SweepCommands::CommandList);
+}
+
+QPushButton& SweepCommands::runButton(Mode mode) const
+{
+    return mode == Mode::List ? m_panel.runList() : m_panel.runSweep();
+}
+
+void SweepCommands::command(Mode mode)
+{
+    QPushButton& button = runButton(mode);
+    QPushButton& other = runButton(mode == Mode::List ? Mode::Sweep : Mode::List);
+    if (m_session.isConnected() && button.isChecked() && other.isChecked())
+        other.click();
+    enableCw(!m_session.isConnected() || !button.isChecked());
+    if (!button.isChecked())
+        endRun();
+    if (!m_session.isConnected()) {
+        if (button.isChecked())
+            button.click();
+    } else if (button.isChecked()) {
+        start(mode);
+    } else {
+        stop(mode);
+    }
+}
+
+void SweepCommands::enableCw(bool isEnabled)
+{
+    m_cw.frequency.setEnabled(isEnabled);
+    m_cw.power.setEnabled(isEnabled);
+    for (QWidget* widget : m_cw.others)
+        widget->setEnabled(isEnabled);
+}
+
+bool SweepCommands::isWanted(int run, Mode mode) const
+{
+    return run == m_run && m_session.isConnected() && runButton(mode).isChecked();
+}
+
+void SweepCommands::start(Mode mode)
+{
+    const int run = ++m_run;
+    m_transfer.abandon();
+    emit runStarting();
+    if (!isWanted(run, mode))
+        return;
+    m_triggers.forgetPreparation();
+    if (mode == Mode::Sweep)
+        sendSweep();
+    else if (!m_transfer.transferTable())
+        return;
+    if (startPrepared(run, mode)) {
+        m_isStarted = true;
+        emit runStarted();
+    }
+    // Stopped while the table was loading: that stop went out amid the lists. Now they are over.
+    if (mode == Mode::List && m_session.isConnected() && !runButton(mode).isChecked())
+        stop(mode);
+}
+
+/// Starts what the instrument has been given. False when that is not wanted any more.
+bool SweepCommands::startPrepared(int run, Mode mode)
+{
+    if (!isWanted(run, mode))
+        return false;
+    m_triggers.setUpTrigger();
+    if (!isWanted(run, mode))
+        return false;
+    m_triggers.setUpContinuousMode();
+    if (!isWanted(run, mode))
+        return false;
+    const QStringList& sweepStart = m_panel.isPowerSweep() ? powerSweepStart : frequencySweepStart;
+    for (const QString& text : mode == Mode::List ? listStart : sweepStart)
+        m_session.write(text);
+    return true;
+}
+
+void SweepCommands::sendSweep()
+{
+    const PanelWaitCursor busy(m_panel);
+    const QStringList commands = sweepCommands();
+    for (const QString& text : commands) {
+        m_session.writeChecked(text);
+        if (!m_session.isConnected())
+            return;
+    }
+}
+
+QStringList SweepCommands::sweepCommands() const
+{
+    const QString fixed = m_panel.fixedValue().text();
+    const QString start = m_panel.start().text();
+    const QString stop = m_panel.stop().text();
+    QStringList commands = {pointsCommand + withoutBlanks(m_panel.points().text())};
+    if (m_panel.isPowerSweep())
+        commands << frequencyCommand + withoutBlanks(fixed) + hertzUnit << startPowerCommand + start
+                 << stopPowerCommand + stop;
+    else
+        commands << powerCommand + fixed << startFrequencyCommand + withoutBlanks(start)
+                 << stopFrequencyCommand + withoutBlanks(stop);
+    const double dwellSeconds = toNumber(m_panel.dwell().text()) * secondsPerMicrosecond;
+    commands << dwellCommand + generalText(dwellSeconds);
+    return commands;
+}
+
+void SweepCommands::stop(Mode mode)
+{
+    for (const QString& text :
+         {singleCommand, mode == Mode::List ? abortListCommand : abortSweepCommand,
+          fixedFrequencyCommand, fixedPowerCommand}) {
+        m_session.writeChecked(text);
+        if (!m_session.isConnected())
+            return;
+    }
+    restoreCw();
+}
+
+void SweepCommands::restoreCw()
+{
+    showAccepted(&m_cw.frequency,
+                 m_session.setAndReadBack(CwControls::frequencyFormat,
+                                          toNumber(m_cw.frequency.text()), FieldKind::Frequency));
+    m_session.checkErrors();
+    if (!m_session.isConnected())
+        return;
+    // Whole dB only: any other text is 0 dBm.
+    const auto powerDbm = static_cast<double>(toWholeNumber(m_cw.power.text()));
+    showAccepted(&m_cw.power,
+                 m_session.setAndReadBack(CwControls::powerFormat, powerDbm, FieldKind::Power));
+    m_session.checkErrors();
+}
+
+void SweepCommands::endRun()
+{
+    if (!m_isStarted)
+        return;
+    m_isStarted = false;
+    emit runStopped();
+}
+
+void SweepCommands::connectionLost()
+{
+    ++m_run;
+    m_transfer.abandon();
+    for (const Mode mode : {Mode::Sweep, Mode::List})
+        runButton(mode).setChecked(false);
+}

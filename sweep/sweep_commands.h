@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QStringList>
+
+class List;
+class ListTransfer;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+class ScpiSession;
+class TriggerCommands;
+
+/// Starts and stops the sweep and the list by the run buttons of their panel. Owns no widget; the
+/// loading of the table and the triggers are others' work. Only one of the two runs. In the pauses
+/// of a start anything may be clicked: the newest click wins, and panel and instrument agree when
+/// all is over.
+class SweepCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The continuous-wave controls, which rest while sweep or list runs and are set again when it
+    /// stops.
+    struct CwWidgets {
+        QLineEdit& frequency; ///< hertz
+        QLineEdit& power;     ///< dBm
+        QList<QWidget*> others;
+    };
+
+    SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
+                  ListTransfer& transfer, const CwWidgets& cw, QObject* parent = nullptr);
+
+public slots:
+    /// The run button of the sweep or the list has changed: starts or stops what it says.
+    void CommandSweep() { command(Mode::Sweep); }
+    void CommandList() { command(Mode::List); }
+    /// The instrument is gone, and the session says so: nothing runs any more, and nothing is sent.
+    void connectionLost();
+
+signals:
+    /// A run is about to be sent to the instrument: modulation and LF generator have to go off,
+    /// before this returns.
+    void runStarting();
+    /// All of a run has been sent, and the instrument begins it.
+    void runStarted();
+    /// What had started is over, by the button or with the connection.
+    void runStopped();
+
+private:
+    enum class Mode { Sweep, List };
+
+    QPushButton& runButton(Mode mode) const;
+    void command(Mode mode);
+    void enableCw(bool isEnabled);
+    bool isWanted(int run, Mode mode) const;
+    void start(Mode mode);
+    bool startPrepared(int run, Mode mode);
+    void sendSweep();
+    QStringList sweepCommands() const;
+    void stop(Mode mode);
+    void restoreCw();
+    void endRun();
+
+    ScpiSession& m_session;
+    List& m_panel;
+    TriggerCommands& m_triggers;
+    ListTransfer& m_transfer;
+    CwWidgets m_cw;
+    /// Numbers the starts, so that one that has paused knows of a newer one.
+    int m_run = 0;
+    bool m_isStarted = false;
+};

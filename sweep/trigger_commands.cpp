@@ -1,0 +1,142 @@
+#include "sweep/trigger_commands.h"
+
+#include "link/scpi_session.h"
+#include "sweep/list_panel.h"
+#include "sweep/point_table.h"
+#include "sweep/trigger_group.h"
+
+#include <QPushButton>
+
+namespace
+{
+const QString immediateCommand = QStringLiteral("TRIG:SOUR IMM");
+const QString externalCommand = QStringLiteral("TRIG:SOUR EXT");
+const QString busCommand = QStringLiteral("TRIG:SOUR BUS");
+const QString risingCommand = QStringLiteral("TRIG:SLOP POS");
+const QString fallingCommand = QStringLiteral("TRIG:SLOP NEG");
+const QString allPointsCommand = QStringLiteral("LIST:MODE AUTO");
+const QString onePointCommand = QStringLiteral("LIST:MODE MAN");
+const QString continuousCommand = QStringLiteral("INIT:CONT ON");
+const QString singleCommand = QStringLiteral("INIT:CONT OFF");
+const QString upCommand = QStringLiteral("LIST:MAN UP");
+const QString downCommand = QStringLiteral("LIST:MAN DOWN");
+const QString pointCommand = QStringLiteral("LIST:MAN %1");
+
+/// Whether a table within `place` is being read or written.
+bool hasProgressBar(const QWidget& place)
+{
+    return place.findChild<QWidget*>(QStringLiteral("progressBarForTable"));
+}
+} // namespace
+
+TriggerCommands::TriggerCommands(ScpiSession& session, List& panel, QAbstractButton& pulse,
+                                 QObject* parent)
+    : QObject(parent), m_session(session), m_panel(panel), m_pulse(pulse)
+{
+    for (const QPushButton* button : {&m_panel.previousPoint(), &m_panel.nextPoint()})
+        connect(button, &QAbstractButton::clicked, this,
+                &TriggerCommands::sharedCommand_List_Sweep);
+    connect(&m_panel.continuousMode(), &QAbstractButton::toggled, this,
+            &TriggerCommands::setUpContinuousMode);
+    connect(&m_panel.allPointsMode(), &QAbstractButton::toggled, this,
+            [this](bool isAllPoints) { slotModeIntFront(!isAllPoints); });
+    connect(&m_panel, &List::triggerChosen, this, &TriggerCommands::choiceChanged);
+    connect(&m_panel, &List::pointChosen, this, &TriggerCommands::pointChosen);
+}
+
+void TriggerCommands::setUpTrigger()
+{
+    switch (m_panel.triggerChoice()) {
+    case TriggerChoice::FreeRun:
+        m_session.writeChecked(immediateCommand);
+        break;
+    case TriggerChoice::ExternalRising:
+        setUpExternal(risingCommand);
+        break;
+    case TriggerChoice::ExternalFalling:
+        setUpExternal(fallingCommand);
+        break;
+    case TriggerChoice::Manual:
+        prepareManual();
+        break;
+    }
+}
+
+void TriggerCommands::setUpExternal(const QString& slopeCommand)
+{
+    if (m_pulse.isChecked())
+        m_pulse.click();
+    if (!m_session.isConnected())
+        return;
+    m_session.write(slopeCommand);
+    m_session.write(m_panel.isAllPoints() ? allPointsCommand : onePointCommand);
+    m_session.writeChecked(externalCommand);
+}
+
+void TriggerCommands::prepareManual()
+{
+    if (m_isManualPrepared)
+        return;
+    m_session.write(busCommand);
+    m_session.writeChecked(onePointCommand);
+    m_isManualPrepared = true;
+}
+
+void TriggerCommands::setUpContinuousMode()
+{
+    if (isRunConnected() && !hasProgressBar(*m_panel.window()))
+        m_session.writeChecked(m_panel.isContinuous() ? continuousCommand : singleCommand);
+}
+
+void TriggerCommands::sharedCommand_List_Sweep()
+{
+    if (!isRunConnected() || hasProgressBar(m_panel.table()))
+        return;
+    const QString name = sender() ? sender()->objectName() : QString();
+    setUpTrigger();
+    if (m_panel.runSweep().isChecked() && m_isManualPrepared && m_session.isConnected()) {
+        const bool isUp = name == m_panel.nextPoint().objectName();
+        if (isUp || name == m_panel.previousPoint().objectName()) {
+            m_session.writeChecked(isUp ? upCommand : downCommand);
+            emit stepped(isUp ? 1 : -1);
+        }
+    }
+    emit refreshWanted();
+}
+
+void TriggerCommands::dowloadPointList(int number)
+{
+    if (!m_session.isConnected() || !m_panel.runList().isChecked())
+        return;
+    m_session.writeChecked(pointCommand.arg(number));
+    emit movedTo(number);
+}
+
+void TriggerCommands::slotModeIntFront(bool isManual)
+{
+    if (isRunConnected())
+        m_session.writeChecked(isManual ? onePointCommand : allPointsCommand);
+}
+
+/// Another trigger was chosen: a run that goes on follows at once, one that still loads its table
+/// takes it up when it starts.
+void TriggerCommands::choiceChanged()
+{
+    if (!isRunConnected() || hasProgressBar(m_panel.table()))
+        return;
+    if (m_panel.triggerChoice() != TriggerChoice::Manual)
+        m_isManualPrepared = false;
+    setUpTrigger();
+}
+
+/// A row was chosen. Only a list that is stepped by hand goes there.
+void TriggerCommands::pointChosen(int number)
+{
+    if (m_panel.triggerChoice() == TriggerChoice::Manual && !hasProgressBar(m_panel.table()))
+        dowloadPointList(number);
+}
+
+bool TriggerCommands::isRunConnected() const
+{
+    return m_session.isConnected() && m_panel.isRunning();
+}

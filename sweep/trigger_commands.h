@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QObject>
+
+class List;
+class QAbstractButton;
+class QString;
+class ScpiSession;
+
+/// Triggers and point stepping at work: what the list panel's trigger group chooses goes to the
+/// instrument, at the start of a run and while it goes on. Keeps whether the instrument is prepared
+/// for manual steps. Owns no widget, and starts and stops no run.
+class TriggerCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `pulse` is the pulse modulation's switch: a trigger from outside clicks it off, since both
+    /// use the same input.
+    TriggerCommands(ScpiSession& session, List& panel, QAbstractButton& pulse,
+                    QObject* parent = nullptr);
+
+    /// A run is about to start: manual stepping has to be prepared anew.
+    void forgetPreparation() { m_isManualPrepared = false; }
+
+    /// Sends the trigger commands of the panel's choice; for manual stepping only once.
+    void setUpTrigger();
+
+    /// Says whether the run repeats. Only in a run, and not while a table is being transferred.
+    void setUpContinuousMode();
+
+public slots:
+    /// Previous or next point; which, the sender's name tells. A sweep steps; a list only becomes
+    /// ready for it.
+    void sharedCommand_List_Sweep();
+    /// Moves a running list to a point, counted from 1.
+    void dowloadPointList(int number);
+    /// In a run: a trigger runs one point (true) or all of them.
+    void slotModeIntFront(bool isManual);
+
+signals:
+    /// What the window shows may have changed.
+    void refreshWanted();
+    /// The instrument was told to step a sweep by one point: 1 up, -1 down.
+    void stepped(int direction);
+    /// The instrument was told to go to this point of a list, counted from 1.
+    void movedTo(int number);
+
+private:
+    void wire();
+    bool isRunConnected() const;
+    bool isTableTransferred() const;
+    void choiceChanged();
+    void pointChosen(int number);
+    void setUpExternal(const QString& slopeCommand);
+    void prepareManual();
+
+    ScpiSession& m_session;
+    List& m_panel;
+    QAbstractButton& m_pulse;
+    /// The instrument waits for triggers from the bus, point by point.
+    bool m_isManualPrepared = false;
+};
