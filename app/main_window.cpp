@@ -16,6 +16,7 @@
 #include "numbers/step_table.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
+#include "panel/power_mode.h"
 #include "panel/side_panel.h"
 #include "service/about_box.h"
 #include "service/service_commands.h"
@@ -67,6 +68,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireStatusLine();
     wireConnection();
     wireCwControls();
+    wirePowerMode();
     wireModulation();
     wireService();
     setUpPush();
@@ -118,8 +120,6 @@ void MainWindow::setUpForm()
     m_ui->setupUi(this);
     new WindowChrome(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
-    // Not in this version yet: better grey than deaf.
-    m_ui->butSetModePow->setEnabled(false);
     // A click that took the focus would close the entry it is to close or open.
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
 }

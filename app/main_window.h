@@ -22,6 +22,7 @@ class Language;
 class LfGeneratorCommands;
 class Modulat;
 class ModulationCommands;
+class PowerMode;
 class ServiceCommands;
 class SidePanel;
 class SidePanels;
@@ -98,6 +99,7 @@ private:
     void wireStatusLine();
     void wireConnection();
     void wireCwControls();
+    void wirePowerMode();
     void wireModulation();
     void wireService();
     void openVisa();
@@ -130,6 +132,7 @@ private:
     Connection m_connection;
 
     std::unique_ptr<CwControls> m_cw;
+    std::unique_ptr<PowerMode> m_powerMode;
     std::unique_ptr<ModulationCommands> m_modulationCommands;
     std::unique_ptr<LfGeneratorCommands> m_lfGenerator;
     std::unique_ptr<ServiceCommands> m_serviceCommands;

@@ -12,6 +12,8 @@
 #include "modulation/modulation_commands.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
+#include "panel/power_mode.h"
+#include "panel/wgt_mode_pow.h"
 #include "service/about_box.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
@@ -107,6 +109,18 @@ void MainWindow::wireCwControls()
             [this] { m_keypad->openFor(m_ui->POW); });
 }
 
+void MainWindow::wirePowerMode()
+{
+    m_powerMode = std::make_unique<PowerMode>(m_session, *m_ui->wgtMaxPow);
+    auto* prompt = new WgtModePow(*m_ui->butSetModePow, this);
+    connect(m_ui->butSetModePow, &QAbstractButton::clicked, prompt, &WgtModePow::open);
+    // The command is chosen by the indicator as it was.
+    connect(prompt, &WgtModePow::signalSwitchMode, m_powerMode.get(),
+            &PowerMode::slotCommandSwitchModePow);
+    connect(prompt, &WgtModePow::signalSwitchMode, m_powerMode.get(),
+            &PowerMode::slotGuiSwitchModePow);
+}
+
 // AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
 void MainWindow::wireModulation()
 {
@@ -147,6 +161,7 @@ void MainWindow::setUpPush()
         [this] { m_cw->pushOutput(); },
         [this] { m_cw->on_FREQ_editingFinished(); },
         [this] { m_cw->on_POW_editingFinished(); },
+        [this] { m_powerMode->restore(); },
         [this] { m_lfGenerator->restore(); },
         [this] { m_modulationCommands->restore(); },
         [this] { m_cw->pushExternalReference(); },

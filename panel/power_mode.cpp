@@ -1,0 +1,44 @@
+#include "panel/power_mode.h"
+
+#include "link/scpi_session.h"
+
+#include <QWidget>
+
+namespace
+{
+const QString boostOnCommand = QStringLiteral("POW:BOOST ON");
+const QString boostOffCommand = QStringLiteral("POW:BOOST OFF");
+} // namespace
+
+PowerMode::PowerMode(ScpiSession& session, QWidget& indicator, QObject* parent)
+    : QObject(parent), m_session(session), m_indicator(indicator)
+{
+}
+
+bool PowerMode::isModeOn() const
+{
+    // Not isVisible(): the mode stays on while the window is minimised.
+    return !m_indicator.isHidden();
+}
+
+void PowerMode::restore()
+{
+    if (isModeOn())
+        setModeMaxPow(true);
+}
+
+void PowerMode::setModeMaxPow(bool isOn)
+{
+    if (m_session.isConnected())
+        m_session.writeChecked(isOn ? boostOnCommand : boostOffCommand);
+}
+
+void PowerMode::slotCommandSwitchModePow()
+{
+    setModeMaxPow(!isModeOn());
+}
+
+void PowerMode::slotGuiSwitchModePow()
+{
+    m_indicator.setHidden(isModeOn());
+}

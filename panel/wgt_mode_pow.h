@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QDialog>
+
+class QFrame;
+class QLabel;
+class QPushButton;
+
+/// Asks whether to switch the maximum-power mode, beside the button that opens it. Knows which of
+/// its two questions comes next and nothing of the instrument.
+class WgtModePow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `opener` is the widget beside which it opens; it outlives the prompt.
+    WgtModePow(const QWidget& opener, QWidget* parent);
+
+signals:
+    void signalSwitchMode();
+
+public slots:
+    void open() override;
+    /// The next opening asks the opposite question.
+    void slotSwitchText();
+    void slotShowChilds();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void build();
+    void fadeIn();
+    void retranslate();
+    void confirm();
+
+    const QWidget& m_opener;
+    QFrame* m_plate;
+    QPushButton* m_yes;
+    QPushButton* m_cancel;
+    QLabel* m_firstLabel;
+    QLabel* m_lastLabel;
+    QString m_firstPrompt;
+    QString m_lastPrompt;
+    bool m_asksLast = false;
+};
