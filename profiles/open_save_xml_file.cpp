@@ -1,0 +1,207 @@
+#include "profiles/open_save_xml_file.h"
+
+#include "profiles/profile_dialogs.h"
+#include "profiles/profile_folder.h"
+#include "profiles/profile_writer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+openSave_XML_FILE::openSave_XML_FILE(const QString& documentName, const QString& folder,
+                                     const Owner& owner, QWidget* window)
+    : QObject(window), m_store(documentName), m_folder(folder), m_owner(owner), m_window(window),
+      m_replay(m_store, owner.pause)
+{
+}
+
+QString openSave_XML_FILE::nameOf(const QString& path) const
+{
+    const QString name = readProfileName(path, m_store);
+    return name.isEmpty() ? nameInPath(path) : name;
+}
+
+bool openSave_XML_FILE::hasQuickProfile(const QString& name) const
+{
+    return QFileInfo::exists(quickProfilePath(m_folder, name));
+}
+
+bool openSave_XML_FILE::save(const QString& path, const QString& name)
+{
+    m_owner.settle();
+    return write(path, profileDocument(m_store, name));
+}
+
+bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
+{
+    if (path.size() >= pathLengthLimit) {
+        emit error(tr("File name is too long"));
+        return false;
+    }
+    if (!writeWhole(path, document)) {
+        emit error(tr("Error saving file"));
+        return false;
+    }
+    return true;
+}
+
+bool openSave_XML_FILE::open(const QString& path)
+{
+    if (m_replay.isRunning())
+        return false;
+    const QString refusal = m_owner.refusal();
+    if (!refusal.isEmpty()) {
+        emit message(refusal);
+        return false;
+    }
+    const ProfileFile file = readProfile(path, m_store);
+    if (file.fault != ProfileFault::None) {
+        emit message(faultText(file.fault, path));
+        return false;
+    }
+    const QString name = file.name.isEmpty() ? QFileInfo(path).completeBaseName() : file.name;
+    m_owner.setBusy(true);
+    const bool isComplete = replay(file, true);
+    m_owner.setBusy(false);
+    emit message(isComplete ? tr("Profile applied: %1").arg(name)
+                            : tr("Profile only partly applied: %1").arg(name));
+    return isComplete;
+}
+
+bool openSave_XML_FILE::replay(const ProfileFile& file, bool isWaiting)
+{
+    m_owner.settle();
+    const bool isComplete = m_replay.run(file.entries, isWaiting);
+    m_owner.refresh();
+    return isComplete;
+}
+
+QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& path) const
+{
+    const QString name = QFileInfo(path).fileName();
+    switch (fault) {
+    case ProfileFault::None:
+        break;
+    case ProfileFault::Missing:
+        return tr("There is no profile %1").arg(name);
+    case ProfileFault::Unreadable:
+        return tr("The profile cannot be read, nothing applied: %1").arg(name);
+    case ProfileFault::TooLarge:
+        return tr("Too large for a profile, nothing applied: %1").arg(name);
+    case ProfileFault::Damaged:
+        return tr("The profile is damaged, nothing applied: %1").arg(name);
+    case ProfileFault::Foreign:
+        return tr("Not a profile, nothing applied: %1").arg(name);
+    }
+    return QString();
+}
+
+bool openSave_XML_FILE::saveLast()
+{
+    m_owner.settle();
+    QDir().mkpath(m_folder);
+    const QString path = lastProfilePath(m_folder);
+    return writeWhole(path, profileDocument(m_store, nameInPath(path)));
+}
+
+void openSave_XML_FILE::applyAtStart(const QString& path)
+{
+    const bool isLast = path.isEmpty();
+    const ProfileFile file = readProfile(isLast ? lastProfilePath(m_folder) : path, m_store);
+    if (file.fault == ProfileFault::None)
+        replay(file, false);
+    else if (!isLast)
+        emit message(faultText(file.fault, path));
+    else if (file.fault != ProfileFault::Missing)
+        emit message(tr("The settings of the last run are damaged: defaults are used"));
+}
+
+void openSave_XML_FILE::stop()
+{
+    m_replay.stop();
+}
+
+void openSave_XML_FILE::getQuickProfiles()
+{
+    const QStringList paths = quickProfilePaths(m_folder);
+    for (const QString& path : paths)
+        emit sendQuickProfile(path);
+}
+
+void openSave_XML_FILE::openProfile()
+{
+    askProfileToOpen(m_window, m_folder, [this](const QString& path) { open(path); });
+}
+
+void openSave_XML_FILE::saveProfile()
+{
+    QDir().mkpath(m_folder);
+    askProfileToSave(m_window, m_folder, [this](const QString& path) { saveAs(path); });
+}
+
+void openSave_XML_FILE::saveAs(const QString& path)
+{
+    const QFileInfo file(path);
+    if (isNameRefused(file.fileName()) || !save(path, file.completeBaseName()))
+        return;
+    emit message(tr("Profile saved: %1").arg(file.fileName()));
+}
+
+/// Tells why, if a file cannot have this name.
+bool openSave_XML_FILE::isNameRefused(const QString& name)
+{
+    if (isPossibleFileName(name))
+        return false;
+    emit error(tr("A file name can't contain any of the following characters:") +
+               QLatin1Char('\n') + forbiddenCharacters());
+    return true;
+}
+
+void openSave_XML_FILE::saveQuickProfile(const QString& name)
+{
+    const QString plain = name.simplified();
+    if (plain.isEmpty() || isNameRefused(plain))
+        return;
+    if (isReservedName(plain)) {
+        emit message(tr("This name is reserved: %1").arg(plain));
+        return;
+    }
+    QDir().mkpath(m_folder);
+    if (save(quickProfilePath(m_folder, plain), plain))
+        emit message(tr("Profile saved: %1").arg(plain));
+}
+
+bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& name)
+{
+    const QString plain = name.simplified();
+    if (plain.isEmpty() || plain == nameOf(path) || isNameRefused(plain))
+        return false;
+    const QString newPath = quickProfilePath(m_folder, plain);
+    // To some file systems a name that differs in its case alone is the same file.
+    const bool isSameFile = QFileInfo(newPath) == QFileInfo(path);
+    if (isReservedName(plain) || (hasQuickProfile(plain) && !isSameFile)) {
+        emit message(tr("There is already a profile of this name: %1").arg(plain));
+        return false;
+    }
+    ProfileFault fault = readProfile(path, m_store).fault;
+    const QByteArray bytes =
+        fault == ProfileFault::None ? profileBytes(path, &fault) : QByteArray();
+    if (fault != ProfileFault::None) {
+        emit message(faultText(fault, path));
+        return false;
+    }
+    if (!write(newPath, renamedDocument(bytes, m_store, plain)))
+        return false;
+    if (!isSameFile)
+        QFile::remove(path);
+    return true;
+}
+
+void openSave_XML_FILE::deleteProfile()
+{
+    const QString name = nameOf(m_chosen);
+    if (!QFile::remove(m_chosen))
+        emit message(tr("The profile could not be deleted: %1").arg(name));
+    else
+        emit message(tr("Profile deleted: %1").arg(name));
+}

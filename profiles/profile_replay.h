@@ -1,0 +1,37 @@
+#pragma once
+
+#include "profiles/profile_reader.h"
+
+#include <functional>
+
+class ProfileStore;
+
+/// Makes of a profile the user's clicks and entries again, one after the other. Owns no widget and
+/// knows no instrument: the slots of the panels answer as they answer the user.
+class ProfileReplay
+{
+public:
+    /// Waits milliseconds while events go on; false when the program is being ended.
+    using Pause = std::function<bool(int)>;
+
+    ProfileReplay(const ProfileStore& store, Pause pause);
+
+    /// False when it has been stopped before its end. Not while another one runs. Without waiting
+    /// it is over at once.
+    bool run(const std::vector<ProfileEntry>& entries, bool isWaiting);
+    /// Ends the replay after the click or entry that is under way.
+    void stop() { m_isStopped = true; }
+    bool isRunning() const { return m_isRunning; }
+
+private:
+    void replay(const ProfileEntry& entry, bool isWaiting);
+    void setVariable(const ProfileEntry& entry) const;
+    void setButton(const ProfileEntry& entry, bool isWaiting);
+    void setField(const ProfileEntry& entry) const;
+    void setBox(const ProfileEntry& entry) const;
+
+    const ProfileStore& m_store;
+    Pause m_pause;
+    bool m_isRunning = false;
+    bool m_isStopped = false;
+};

@@ -1,0 +1,122 @@
+#include "profiles/profile_writer.h"
+
+#include "profiles/profile_store.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDomDocument>
+#include <QLineEdit>
+#include <QSaveFile>
+
+namespace
+{
+constexpr int indentation = 1;
+
+/// Without what no XML document can hold, and which would make the whole of it unreadable.
+QString xmlText(const QString& text)
+{
+    QString kept;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar character = text.at(i);
+        const bool isPair =
+            character.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair)
+            kept += text.at(i++);
+        const ushort code = character.unicode();
+        const bool isControl = code < 0x20 && code != '\t' && code != '\n';
+        if (isPair || (!isControl && !character.isSurrogate() && code < 0xFFFE))
+            kept += text.at(i);
+    }
+    return kept;
+}
+
+QString textOf(const QAbstractButton& button)
+{
+    return button.isChecked() ? QStringLiteral("ON") : QStringLiteral("OFF");
+}
+
+QString textOf(const QLineEdit& field)
+{
+    return field.text() + QStringLiteral(" 0");
+}
+
+QString textOf(const QComboBox& box)
+{
+    return box.currentText() + QStringLiteral(" 1");
+}
+
+QString textOf(const SharedVariable& variable)
+{
+    const QVariant value = variable.value();
+    switch (variable.type) {
+    case SharedVariable::Type::Text:
+        break;
+    case SharedVariable::Type::Double:
+        return QString::number(value.toDouble(), 'g', 6) + QStringLiteral(" 1");
+    case SharedVariable::Type::Int32:
+        return QString::number(value.toInt()) + QStringLiteral(" 2");
+    case SharedVariable::Type::Int64:
+        return QString::number(value.toLongLong()) + QStringLiteral(" 3");
+    }
+    return value.toString() + QStringLiteral(" 0");
+}
+
+void append(QDomDocument& document, QDomElement& parent, const QString& name, const QString& text)
+{
+    QDomElement element = document.createElement(name);
+    element.appendChild(document.createTextNode(xmlText(text)));
+    parent.appendChild(element);
+}
+
+template <typename Control>
+void appendControls(QDomDocument& document, QDomElement& element, const ProfileStore& store,
+                    const QWidget& panel)
+{
+    for (const Control* control : store.controls<Control>(panel))
+        append(document, element, control->objectName(), textOf(*control));
+}
+} // namespace
+
+QByteArray profileDocument(const ProfileStore& store, const QString& profileName)
+{
+    QDomDocument document(store.documentName());
+    QDomElement root = document.createElement(store.documentName());
+    document.appendChild(root);
+    append(document, root, store.nameElement(), profileName);
+    for (const QWidget* panel : store.panels()) {
+        QDomElement element = document.createElement(panel->objectName());
+        appendControls<QAbstractButton>(document, element, store, *panel);
+        appendControls<QLineEdit>(document, element, store, *panel);
+        appendControls<QComboBox>(document, element, store, *panel);
+        root.appendChild(element);
+    }
+    QDomElement variables = document.createElement(ProfileStore::variablesElement());
+    for (const SharedVariable& variable : store.variables())
+        append(document, variables, variable.name, textOf(variable));
+    root.appendChild(variables);
+    return document.toString(indentation).toUtf8();
+}
+
+QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store,
+                           const QString& profileName)
+{
+    QDomDocument renamed;
+    if (!renamed.setContent(document))
+        return QByteArray();
+    QDomElement root = renamed.documentElement();
+    QDomElement element = renamed.createElement(store.nameElement());
+    element.appendChild(renamed.createTextNode(xmlText(profileName)));
+    const QDomElement old = root.firstChildElement(store.nameElement());
+    if (old.isNull())
+        root.insertBefore(element, QDomNode());
+    else
+        root.replaceChild(element, old);
+    return renamed.toString(indentation).toUtf8();
+}
+
+bool writeWhole(const QString& path, const QByteArray& document)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(document) == document.size() &&
+           file.commit();
+}

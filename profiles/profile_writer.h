@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class ProfileStore;
+
+// Profile files are written as one document of one element each for the name, every panel with its
+// controls, and the variables.
+
+/// The present state of everything in the store, as the file holds it: UTF-8, indented by one.
+QByteArray profileDocument(const ProfileStore& store, const QString& profileName);
+
+/// The same profile under another name; empty if it is none.
+QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store,
+                           const QString& profileName);
+
+/// Writes beside the target and renames into place: whatever happens, there is a whole file there,
+/// the new one or the old one. False if there is no new one.
+bool writeWhole(const QString& path, const QByteArray& document);
