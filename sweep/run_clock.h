@@ -1,0 +1,59 @@
+#pragma once
+
+#include "sweep/run_points.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+/// Tells which point a run has reached and how far its pass is. It asks no instrument: a free run
+/// is computed from the dwell times since its start, a stepped one counts the steps it is told of.
+/// At rest, and while nothing moves by itself, it needs no timer.
+class RunClock : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What moves a run on: time, the steps told here, or something that nobody tells of.
+    enum class Pace { Free, Stepped, Unknown };
+
+    explicit RunClock(QObject* parent = nullptr);
+
+    void start(const RunPoints& points, Pace pace, bool isContinuous);
+    /// Nothing is reached any more.
+    void stop();
+    bool isRunning() const { return m_isRunning; }
+    int reached() const { return m_reached; }
+
+    /// Follows a change in a run: stepping goes on from the point that a free run has reached, and
+    /// a free run from the one that was stepped to.
+    void setPace(Pace pace);
+    /// An ended pass begins anew when it shall repeat; the last one ends where it would.
+    void setContinuous(bool isContinuous);
+    /// A stepped run goes to a point, or by some points from where it is; both within the run.
+    void moveTo(int number);
+    void stepBy(int points) { moveTo(m_reached + points); }
+
+signals:
+    /// From 1; 0 stands for none.
+    void pointReached(int number);
+    /// Since the start of the pass, and of the whole pass.
+    void timeChanged(double elapsedMs, double totalMs);
+
+private:
+    void tick();
+    void show(int number, double elapsedUs);
+    void restartAt(double elapsedUs);
+    double sinceStartUs() const;
+
+    RunPoints m_points;
+    Pace m_pace = Pace::Stepped;
+    bool m_isContinuous = false;
+    bool m_isRunning = false;
+    int m_reached = 0;
+    double m_elapsedUs = 0.0;
+    // Time of the run when the timer was started.
+    double m_offsetUs = 0.0;
+    QElapsedTimer m_sinceStart;
+    QTimer m_ticker;
+};
