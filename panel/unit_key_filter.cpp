@@ -57,6 +57,16 @@ QString convertedText(const QString& typed, FieldKind kind, int plainPower)
 {
     return withoutForeign(convertUnitKeys(typed, unitFamily(kind), plainPower), kind);
 }
+/// A unit letter among what was typed has made another number of the digits.
+bool isScaled(QString typed, const QString& result)
+{
+    const auto* lettersEnd =
+        std::remove_if(typed.begin(), typed.end(), [](QChar c) { return c.isLetter(); });
+    const int digits = static_cast<int>(lettersEnd - typed.cbegin());
+    const bool hasLetter = digits < typed.size();
+    typed.truncate(digits);
+    return hasLetter && convertUnitKeys(typed, UnitFamily::None) != withoutBlanks(result);
+}
 } // namespace
 
 void reformatEdited(QLineEdit* field, FieldKind kind)
@@ -105,14 +115,29 @@ UnitKeyFilter::UnitKeyFilter(QLineEdit* field, FieldKind kind)
     : QObject(field), m_field(field), m_kind(kind)
 {
     field->installEventFilter(this);
-    connect(field, &QLineEdit::textEdited, this, [this] {
+    connect(field, &QLineEdit::textEdited, this, [this](const QString& typed) {
         reformatEdited(m_field, m_kind);
         setEdited(m_field, m_field->text() != acceptedText(m_field));
+        const QString result = m_field->text();
+        m_convertedText = isScaled(typed, result) ? result : QString();
     });
+}
+
+/// One unit letter is all a number takes: a second one, as a key that bounces gives, would scale it
+/// once more.
+bool UnitKeyFilter::isSurplusLetter(const QKeyEvent& key) const
+{
+    const QString text = key.text();
+    return !m_convertedText.isEmpty() && m_field->text() == m_convertedText &&
+           !m_field->hasSelectedText() && !text.isEmpty() && text.at(0).isLetter();
 }
 
 bool UnitKeyFilter::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusIn)
+        m_convertedText.clear();
+    if (event->type() == QEvent::KeyPress && isSurplusLetter(*static_cast<QKeyEvent*>(event)))
+        return true;
     // Grouping would bring back a deleted blank at once: the digit beyond it is meant.
     if (event->type() == QEvent::KeyPress && !m_field->hasSelectedText()) {
         const auto* key = static_cast<const QKeyEvent*>(event);

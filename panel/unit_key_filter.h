@@ -3,7 +3,9 @@
 #include "numbers/field_kind.h"
 
 #include <QObject>
+#include <QString>
 
+class QKeyEvent;
 class QLineEdit;
 
 /// Puts a text just typed into the form its kind is shown in: unit letters carried out, digits
@@ -43,6 +45,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    bool isSurplusLetter(const QKeyEvent& key) const;
+
     QLineEdit* m_field;
     FieldKind m_kind;
+    /// What a unit letter has made, until something else is typed or the field is entered anew.
+    QString m_convertedText;
 };

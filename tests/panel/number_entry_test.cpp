@@ -341,7 +341,12 @@ void NumberEntryTest::typing_data()
     } rows[] = {
         {"unit", K::Frequency, "|", "2.5G", "2 500 000 000|"},
         {"comma", K::Frequency, "|", "2,5k", "2 500|"},
-        {"units in turn", K::Frequency, "|", "2kk7", "20 000 007|"},
+        {"unit twice", K::Frequency, "|", "10MMk", "10 000 000|"},
+        {"unit, digit, unit", K::Frequency, "|", "2kk7k", "20 007 000|"},
+        {"unit, deleted, unit", K::Frequency, "|", "2k<k", "200 000|"},
+        {"milliseconds twice", K::PulsePeriod, "|", "5mm", "5 000|"},
+        {"millivolts twice", K::LfAmplitude, "|", "5mm", "0.005|"},
+        {"misplaced unit, unit", K::Frequency, "|25", "M>5k", "5 000|"},
         {"unit without number", K::Frequency, "|25", "M", "|25"},
         {"unit in the middle", K::Frequency, "2|5", "k", "2 000|"},
         {"grouping", K::Frequency, "|", "1234567", "1 234 567|"},
