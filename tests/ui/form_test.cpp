@@ -1,6 +1,7 @@
 #include "app/theme.h"
 #include "ui_mainwindow.h"
 
+#include <QToolTip>
 #include <QTranslator>
 #include <QtTest>
 
@@ -123,6 +124,27 @@ private slots:
         device.setText("KLV-20G 5678");
         device.setFixedWidth(171);
         QVERIFY(device.sizeHint().width() <= device.width());
+    }
+
+    void aLongDeviceNameIsElided()
+    {
+        Panel panel(false);
+        panel.showEverything();
+        QLabel& device = *panel.ui.device;
+        device.setFixedWidth(171);
+        const QString name = "KLV-20G with all options 5678";
+        device.setText(name);
+        const QImage elided = device.grab().toImage();
+        QCOMPARE(device.text(), name);
+        QHelpEvent hover(QEvent::ToolTip, QPoint(5, 5), device.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&device, &hover);
+        QVERIFY(QToolTip::text().startsWith(name));
+        QVERIFY(QToolTip::text().contains(device.toolTip()));
+        // What comes behind the ellipsis does not show.
+        device.setText(name + "9");
+        QCOMPARE(device.grab().toImage(), elided);
+        device.setText("KLV-20G 5678");
+        QVERIFY(device.grab().toImage() != elided);
     }
 
     void keysClickTheirButton_data()

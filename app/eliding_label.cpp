@@ -1,0 +1,29 @@
+#include "app/eliding_label.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QToolTip>
+
+QString ElidingLabel::shownText() const
+{
+    return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+bool ElidingLabel::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip || shownText() == text())
+        return QLabel::event(event);
+    const QStringList lines = {text(), toolTip()};
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       lines.join(QLatin1Char('\n')).trimmed(), this);
+    return true;
+}
+
+void ElidingLabel::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    drawFrame(&painter);
+    style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(),
+                          shownText(), foregroundRole());
+}
