@@ -56,7 +56,8 @@ protected:
 private:
     static void refresh(QWidget& widget, const QByteArray& property)
     {
-        static const std::array<QByteArray, 4> states = {"connected", "lit", "edited", "warning"};
+        static const std::array<QByteArray, 5> states = {"connected", "lit", "edited", "warning",
+                                                         "unlocked"};
         const bool known = std::find(states.begin(), states.end(), property) != states.end();
         if (!known || !widget.testAttribute(Qt::WA_WState_Polished))
             return;

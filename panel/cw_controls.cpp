@@ -19,6 +19,9 @@ constexpr int longestFrequency = 24;
 constexpr int longestPower = 8;
 constexpr int longestReference = 5;
 
+/// Of the lamp of the external reference; the style sheet shows it.
+constexpr char unlockedProperty[] = "unlocked";
+
 const QString outputOnCommand = QStringLiteral("OUTPut ON");
 const QString outputOffCommand = QStringLiteral("OUTPut OFF");
 const QString externalSourceCommand = QStringLiteral("ROSCillator:SOURce EXTernal");
@@ -259,6 +262,7 @@ void CwControls::retranslate()
 void CwControls::showUnlockRosc()
 {
     m_ui.reference.setText(QString());
+    m_ui.externalIndicator.setProperty(unlockedProperty, isRoscExt());
     if (isRoscExt())
         emit statusMessage(tr("The external reference is not locked"));
     else
@@ -268,5 +272,6 @@ void CwControls::showUnlockRosc()
 void CwControls::hideUnlockRosc()
 {
     m_ui.unlockIndicator.hide();
+    m_ui.externalIndicator.setProperty(unlockedProperty, false);
     captionReference(m_externalReferenceMHz);
 }

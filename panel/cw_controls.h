@@ -28,7 +28,9 @@ public:
         QAbstractButton& reference; ///< checked: external
         QLineEdit& referenceEntry;  ///< external frequency in whole MHz
         QWidget& unlockIndicator;
-        QWidget& externalIndicator; ///< lit, that is enabled, while the reference is external
+        /// Lit, that is enabled, while the reference is external; "unlocked" while it has lost its
+        /// lock.
+        QWidget& externalIndicator;
     };
 
     CwControls(ScpiSession& session, const InstrumentLimits& limits, const Widgets& widgets,

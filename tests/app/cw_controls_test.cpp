@@ -307,6 +307,10 @@ void CwControlsTest::unlockShowsAndGoes()
     QVERIFY(!m_rig->get("label_328").isVisible());
     QVERIFY(!m_rig->status().isEmpty());
     QVERIFY(m_rig->isConnected());
+    QVERIFY(m_rig->get("label_ExtRef").property("unlocked").toBool());
+    (*m_demo)(QStringLiteral("reference present"));
+    m_rig->click("Output");
+    QVERIFY(!m_rig->get("label_ExtRef").property("unlocked").toBool());
 }
 
 void CwControlsTest::indicator329ShowsAndGoes()
