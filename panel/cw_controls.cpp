@@ -189,7 +189,10 @@ void CwControls::closeReferenceEntry()
 {
     // Losing the focus by being hidden would commit the entry a second time.
     const QSignalBlocker silent(m_ui.referenceEntry);
+    const bool hadFocus = m_ui.referenceEntry.hasFocus();
     m_ui.referenceEntry.hide();
+    if (hadFocus)
+        m_ui.reference.setFocus();
 }
 
 void CwControls::forgetInstrument()

@@ -138,6 +138,7 @@ void CwControlsTest::escapeBringsTheAcceptedBack()
     QTest::keyClicks(&field("ROSC_FREQ"), "77");
     QTest::keyClick(&field("ROSC_FREQ"), Qt::Key_Escape);
     QVERIFY(field("ROSC_FREQ").isHidden());
+    QVERIFY(m_rig->get("ROSC").hasFocus());
     m_rig->click("open_ROSC_FREQ");
     field("FREQ").setFocus();
     QVERIFY(field("ROSC_FREQ").isHidden());
