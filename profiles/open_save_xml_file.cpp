@@ -157,18 +157,20 @@ bool openSave_XML_FILE::isNameRefused(const QString& name)
     return true;
 }
 
-void openSave_XML_FILE::saveQuickProfile(const QString& name)
+bool openSave_XML_FILE::saveQuickProfile(const QString& name)
 {
     const QString plain = name.simplified();
     if (plain.isEmpty() || isNameRefused(plain))
-        return;
+        return false;
     if (isReservedName(plain)) {
         emit message(tr("This name is reserved: %1").arg(plain));
-        return;
+        return false;
     }
     QDir().mkpath(m_folder);
-    if (save(quickProfilePath(m_folder, plain), plain))
-        emit message(tr("Profile saved: %1").arg(plain));
+    if (!save(quickProfilePath(m_folder, plain), plain))
+        return false;
+    emit message(tr("Profile saved: %1").arg(plain));
+    return true;
 }
 
 bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& name)

@@ -71,8 +71,9 @@ public slots:
     void openProfile();
     /// Asks for a file and saves into it.
     void saveProfile();
-    /// Saves under a name, over an older quick profile of that name.
-    void saveQuickProfile(const QString& name);
+    /// Saves under a name, over an older quick profile of that name. False, with error() or
+    /// message(), if there is no new one.
+    bool saveQuickProfile(const QString& name);
     /// Deletes the chosen quick profile.
     void deleteProfile();
 

@@ -27,7 +27,7 @@ QFileDialog* newDialog(QWidget* window, const QString& title, const QString& fol
 QString proposedName()
 {
     const QDateTime now = QDateTime::currentDateTime();
-    return now.toString(QStringLiteral("dd.MM.yy hh.mm.ss")) + suffix;
+    return now.toString(QStringLiteral("dd.MM.yy_hh.mm.ss")) + suffix;
 }
 } // namespace
 

@@ -30,3 +30,6 @@ QString forbiddenCharacters();
 
 /// In characters, the folder included; a path has to be shorter.
 constexpr int pathLengthLimit = 260;
+
+/// In characters, as typed.
+constexpr int nameLengthLimit = 64;

@@ -1,0 +1,225 @@
+#include "profiles/open_save_profile.h"
+
+#include "panel/describe.h"
+#include "profiles/open_save_xml_file.h"
+#include "profiles/profile_dialogs.h"
+#include "profiles/profile_folder.h"
+#include "profiles/quick_profile_row.h"
+
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int spacing = 8;
+constexpr int sectionSpacing = 16;
+constexpr int rowHeight = 32;
+constexpr int mostRowsInSight = 9;
+/// Files that change together are looked at once.
+constexpr int changesMs = 100;
+} // namespace
+
+openSaveProfile::openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent)
+    : SidePanel(QStringLiteral("openSaveProfile"), parent), m_profiles(profiles),
+      m_heading(new QLabel(this)), m_none(new QLabel(this)), m_scroll(new QScrollArea(this)),
+      m_name(new QLineEdit(this)), m_save(new QPushButton(this)), m_open(new QPushButton(this)),
+      m_saveFile(new QPushButton(this))
+{
+    build();
+    wire();
+    for (int number = 1; number <= quickProfileKeys; ++number) {
+        connect(new QShortcut(quickProfileKey(number), parent), &QShortcut::activated, this,
+                [this, number] { applyNumber(number); });
+    }
+    openSaveProfile::retranslate();
+    refresh();
+}
+
+void openSaveProfile::build()
+{
+    m_name->setObjectName(QStringLiteral("profile_name"));
+    m_save->setObjectName(QStringLiteral("save_quick"));
+    m_open->setObjectName(QStringLiteral("open_profile"));
+    m_saveFile->setObjectName(QStringLiteral("save_profile"));
+    m_heading->setProperty("sectionTitle", true);
+    m_none->setProperty("sectionSummary", true);
+    m_none->setWordWrap(true);
+    m_name->setMaxLength(nameLengthLimit);
+
+    auto* rows = new QWidget(m_scroll);
+    m_list = new QVBoxLayout(rows);
+    m_list->setContentsMargins(0, 0, 0, 0);
+    m_list->setSpacing(spacing);
+    m_list->addStretch(1);
+    m_scroll->setWidget(rows);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+
+    auto* save = new QHBoxLayout;
+    save->setSpacing(spacing);
+    save->addWidget(m_name, 1);
+    save->addWidget(m_save);
+    auto* files = new QHBoxLayout;
+    files->setSpacing(spacing);
+    files->addWidget(m_open, 1);
+    files->addWidget(m_saveFile, 1);
+    content()->addWidget(m_heading);
+    content()->addWidget(m_none);
+    content()->addWidget(m_scroll);
+    content()->addLayout(save);
+    content()->addSpacing(sectionSpacing);
+    content()->addLayout(files);
+}
+
+void openSaveProfile::wire()
+{
+    connect(m_save, &QAbstractButton::clicked, this, &openSaveProfile::saveNamed);
+    connect(m_name, &QLineEdit::returnPressed, this, &openSaveProfile::saveNamed);
+    connect(m_open, &QAbstractButton::clicked, &m_profiles, &openSave_XML_FILE::openProfile);
+    connect(m_saveFile, &QAbstractButton::clicked, &m_profiles, &openSave_XML_FILE::saveProfile);
+    // It has made the folder by now.
+    connect(m_saveFile, &QAbstractButton::clicked, this, &openSaveProfile::watchFolder);
+    connect(&m_profiles, &openSave_XML_FILE::sendQuickProfile, this, [this](const QString& path) {
+        m_found << QuickProfile{path, m_profiles.nameOf(path)};
+    });
+    m_changes.setSingleShot(true);
+    m_changes.setInterval(changesMs);
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_changes,
+            QOverload<>::of(&QTimer::start));
+    connect(&m_changes, &QTimer::timeout, this, &openSaveProfile::refresh);
+}
+
+void openSaveProfile::watchFolder()
+{
+    const QString& folder = m_profiles.folder();
+    if (m_watcher.directories().isEmpty() && QFileInfo(folder).isDir())
+        m_watcher.addPath(folder);
+}
+
+void openSaveProfile::refresh()
+{
+    watchFolder();
+    m_found.clear();
+    m_profiles.getQuickProfiles();
+    // What is shown may be in use: a name may be being typed.
+    if (m_found == m_shown && m_rows.size() == m_shown.size())
+        return;
+    m_shown = m_found;
+    showRows();
+}
+
+void openSaveProfile::showRows()
+{
+    int focused = -1;
+    for (QuickProfileRow* row : qAsConst(m_rows)) {
+        if (row->isAncestorOf(focusWidget()))
+            focused = m_rows.indexOf(row);
+        // Its name is its successor's at once, but it may be what has led here.
+        row->hide();
+        row->setParent(nullptr);
+        row->deleteLater();
+    }
+    m_rows.clear();
+    for (const QuickProfile& profile : qAsConst(m_shown))
+        addRow(profile);
+    m_none->setVisible(m_shown.isEmpty());
+    fitList();
+    if (focused >= 0 && !m_rows.isEmpty())
+        m_rows.at(std::min(focused, m_rows.size() - 1))->apply()->setFocus();
+}
+
+void openSaveProfile::addRow(const QuickProfile& profile)
+{
+    auto* row = new QuickProfileRow(m_rows.size() + 1, profile.name, m_scroll->widget());
+    m_list->insertWidget(m_rows.size(), row);
+    row->show();
+    m_rows << row;
+    connect(row, &QuickProfileRow::applyWanted, this,
+            [this, profile] { m_profiles.open(profile.path); });
+    connect(row, &QuickProfileRow::renameWanted, this, [this, profile](const QString& name) {
+        if (m_profiles.renameQuickProfile(profile.path, name))
+            refresh();
+    });
+    connect(row, &QuickProfileRow::deleteWanted, this, [this, profile] { askToDelete(profile); });
+}
+
+/// As tall as the rows, up to what fits beside the front panel.
+void openSaveProfile::fitList()
+{
+    const int rows = std::min(m_rows.size(), mostRowsInSight);
+    m_scroll->setFixedHeight(std::max(rows * (rowHeight + spacing) - spacing, 0));
+    m_scroll->setVisible(rows > 0);
+}
+
+void openSaveProfile::applyNumber(int number)
+{
+    if (number <= m_rows.size())
+        m_rows.at(number - 1)->apply()->click();
+}
+
+void openSaveProfile::saveNamed()
+{
+    const QString name = m_name->text().simplified();
+    if (name.isEmpty()) {
+        m_name->setFocus();
+        return;
+    }
+    if (!isPossibleName(name) || !m_profiles.hasQuickProfile(name)) {
+        saveAs(name);
+        return;
+    }
+    askBefore(window(), tr("Replace the quick profile \"%1\" by the present settings?").arg(name),
+              tr("Replace"), [this, name] { saveAs(name); });
+}
+
+void openSaveProfile::saveAs(const QString& name)
+{
+    if (m_profiles.saveQuickProfile(name))
+        m_name->clear();
+    refresh();
+}
+
+void openSaveProfile::askToDelete(const QuickProfile& profile)
+{
+    askBefore(window(), tr("Delete the quick profile \"%1\"?").arg(profile.name), tr("Delete"),
+              [this, profile] {
+                  m_profiles.choose(profile.path);
+                  m_profiles.deleteProfile();
+                  refresh();
+              });
+}
+
+void openSaveProfile::showEvent(QShowEvent* event)
+{
+    refresh();
+    SidePanel::showEvent(event);
+}
+
+void openSaveProfile::retranslate()
+{
+    SidePanel::retranslate();
+    setTitle(tr("Profiles"));
+    m_heading->setText(tr("Quick profiles"));
+    m_none->setText(tr("None yet: give the present settings a name and save them."));
+    m_name->setPlaceholderText(tr("Name"));
+    m_save->setText(tr("Save"));
+    m_open->setText(tr("Open file..."));
+    m_saveFile->setText(tr("Save file..."));
+    describe(m_name, tr("Name of a new quick profile"),
+             tr("Name under which the present settings are saved; Return saves"));
+    describe(m_save, tr("Save as quick profile"),
+             tr("Save the present settings as a quick profile of this name"));
+    describe(m_open, tr("Open file"), tr("Apply a profile from a file"));
+    describe(m_saveFile, tr("Save file"), tr("Save the present settings to a file"));
+    for (QuickProfileRow* row : qAsConst(m_rows))
+        row->retranslate();
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "panel/side_panel.h"
+
+#include <QFileSystemWatcher>
+#include <QTimer>
+#include <QVector>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QScrollArea;
+class QVBoxLayout;
+class QuickProfileRow;
+class openSave_XML_FILE;
+
+/// The profiles panel: quick profiles to apply, save, rename and delete, and the files of profiles.
+/// Follows what files appear and vanish in the folder. It reads and writes none itself.
+class openSaveProfile : public SidePanel
+{
+    Q_OBJECT
+
+public:
+    /// The keys that apply quick profiles work all over the window that `parent` is of.
+    openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent);
+
+    /// Applies the quick profile of that number, which counts from 1, if there is one.
+    void applyNumber(int number);
+
+public slots:
+    /// Shows the quick profiles that there are now.
+    void refresh();
+
+protected:
+    void retranslate() override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    struct QuickProfile {
+        QString path;
+        QString name;
+        bool operator==(const QuickProfile& other) const
+        {
+            return path == other.path && name == other.name;
+        }
+    };
+
+    void build();
+    void wire();
+    void watchFolder();
+    void showRows();
+    void addRow(const QuickProfile& profile);
+    void fitList();
+    void saveNamed();
+    void saveAs(const QString& name);
+    void askToDelete(const QuickProfile& profile);
+
+    openSave_XML_FILE& m_profiles;
+    QFileSystemWatcher m_watcher;
+    QTimer m_changes;
+    QVector<QuickProfile> m_found;
+    QVector<QuickProfile> m_shown;
+    QVector<QuickProfileRow*> m_rows;
+
+    QLabel* m_heading;
+    QLabel* m_none;
+    QScrollArea* m_scroll;
+    QVBoxLayout* m_list;
+    QLineEdit* m_name;
+    QPushButton* m_save;
+    QPushButton* m_open;
+    QPushButton* m_saveFile;
+};
