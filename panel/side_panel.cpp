@@ -41,6 +41,14 @@ SidePanel::SidePanel(const QString& objectName, QWidget* parent)
     SidePanel::retranslate();
 }
 
+void SidePanel::growContent()
+{
+    auto* column = static_cast<QVBoxLayout*>(layout());
+    // What keeps the controls to the top is the last item.
+    delete column->takeAt(column->count() - 1);
+    column->setStretchFactor(m_content, 1);
+}
+
 void SidePanel::setTitle(const QString& title)
 {
     m_title->setText(title);

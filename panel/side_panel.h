@@ -24,6 +24,8 @@ signals:
 protected:
     /// Where a panel puts its controls, below the title.
     QVBoxLayout* content() const { return m_content; }
+    /// Gives the controls all the height that the panel has; otherwise they keep to its top.
+    void growContent();
     QLabel* title() const { return m_title; }
     void changeEvent(QEvent* event) override;
     /// Sets the texts of the panel's own controls, at first and after a change of language.

@@ -1,6 +1,8 @@
 #include "sweep/list_group.h"
 
 #include "panel/describe.h"
+#include "sweep/mode_list.h"
+#include "sweep/point_actions.h"
 #include "sweep/point_table.h"
 
 #include <QLabel>
@@ -12,6 +14,27 @@ namespace
 {
 constexpr int spacing = 8;
 constexpr int margin = 12;
+constexpr int leastTableHeight = 112;
+
+struct Tool {
+    PointActions::Command command;
+    const char* name;
+    bool startsGroup;
+};
+constexpr Tool tools[] = {
+    {PointActions::Insert, "add_List", false},
+    {PointActions::Delete, "delete_List", false},
+    {PointActions::Duplicate, "duplicate_List", false},
+    {PointActions::MoveUp, "up_List", false},
+    {PointActions::MoveDown, "down_List", false},
+    {PointActions::FillLinear, "fill_List", true}, // opens the menu of the ways to fill
+    {PointActions::Generate, "generate_List", false},
+    {PointActions::Copy, "copy_List", true},
+    {PointActions::Paste, "paste_List", false},
+    {PointActions::Undo, "undo_List", true},
+    {PointActions::Redo, "redo_List", false},
+    {PointActions::Clear, "clear_List", true},
+};
 
 QPushButton* namedButton(const char* name, QWidget* parent)
 {
@@ -21,8 +44,10 @@ QPushButton* namedButton(const char* name, QWidget* parent)
 }
 } // namespace
 
-ListGroup::ListGroup(QWidget* parent)
+ListGroup::ListGroup(TriggerGroup& trigger, QWidget* parent)
     : QGroupBox(parent), m_title(new QLabel(this)), m_table(new PointTable(this)),
+      m_actions(new PointActions(m_table)), m_mode(new ModeList(trigger, this)),
+      m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
       m_run(namedButton("button_List", this)), m_save(namedButton("save_List", this)),
       m_open(namedButton("open_List", this))
 {
@@ -31,7 +56,15 @@ ListGroup::ListGroup(QWidget* parent)
     m_title->setObjectName(QStringLiteral("title_List"));
     m_title->setProperty("sectionTitle", true);
     m_run->setCheckable(true);
+    m_table->setMinimumHeight(leastTableHeight);
+    build();
+    connect(m_table, &PointTable::pointsChanged, this,
+            [this] { m_mode->showPoint(m_table->highlightedPoint(), m_table->rowCount()); });
+    retranslate();
+}
 
+void ListGroup::build()
+{
     auto* header = new QHBoxLayout;
     header->setSpacing(spacing);
     header->addWidget(m_title, 1);
@@ -42,8 +75,23 @@ ListGroup::ListGroup(QWidget* parent)
     column->setContentsMargins(margin, spacing, margin, margin);
     column->setSpacing(spacing);
     column->addLayout(header);
+    column->addWidget(m_mode);
     column->addWidget(m_table, 1);
-    retranslate();
+    column->addLayout(buildTools());
+}
+
+QHBoxLayout* ListGroup::buildTools()
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(spacing / 2);
+    for (const Tool& tool : tools) {
+        const bool isFill = tool.command == PointActions::FillLinear;
+        if (tool.startsGroup)
+            row->addStretch(1);
+        row->addWidget(isFill ? m_fill
+                              : m_actions->newButton(tool.command, QLatin1String(tool.name), this));
+    }
+    return row;
 }
 
 void ListGroup::retranslate()
@@ -56,5 +104,9 @@ void ListGroup::retranslate()
     describe(m_save, m_save->text(), tr("Save the list as a CSV file"));
     m_open->setText(tr("Open List"));
     describe(m_open, m_open->text(), tr("Replace the list by that of a CSV file"));
+    describe(m_fill, tr("Fill a column"),
+             tr("Fill a column between its first and its last value, or down"));
     m_table->retranslate();
+    m_actions->retranslate();
+    m_mode->retranslate();
 }

@@ -2,9 +2,13 @@
 
 #include <QGroupBox>
 
+class ModeList;
+class PointActions;
 class PointTable;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class TriggerGroup;
 
 /// The list of points with all that edits it, and its run button. Sends nothing.
 class ListGroup : public QGroupBox
@@ -12,18 +16,27 @@ class ListGroup : public QGroupBox
     Q_OBJECT
 
 public:
-    explicit ListGroup(QWidget* parent = nullptr);
+    /// `trigger` is what the compact form of the trigger's choices acts on.
+    ListGroup(TriggerGroup& trigger, QWidget* parent);
 
     QPushButton& run() const { return *m_run; }
     QPushButton& save() const { return *m_save; }
     QPushButton& open() const { return *m_open; }
     PointTable& table() const { return *m_table; }
+    PointActions& actions() const { return *m_actions; }
+    ModeList& mode() const { return *m_mode; }
 
     void retranslate();
 
 private:
+    void build();
+    QHBoxLayout* buildTools();
+
     QLabel* m_title;
     PointTable* m_table;
+    PointActions* m_actions;
+    ModeList* m_mode;
+    QPushButton* m_fill;
     QPushButton* m_run;
     QPushButton* m_save;
     QPushButton* m_open;

@@ -1,34 +1,66 @@
 #include "sweep/list_panel.h"
 
+#include "sweep/list_file.h"
+#include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"
+#include "sweep/mode_list.h"
+#include "sweep/point_actions.h"
 #include "sweep/point_table.h"
 #include "sweep/sweep_group.h"
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace
 {
 constexpr int panelWidth = 560;
+constexpr int leastHeight = 600;
+constexpr int spacing = 8;
+
+/// Whether a table anywhere in the window is being read or written.
+bool isTableTransferred(const QWidget& window)
+{
+    return window.findChild<QWidget*>(QStringLiteral("progressBarForTable")) != nullptr;
+}
 } // namespace
 
 List::List(QWidget* parent)
     : SidePanel(QStringLiteral("List"), parent), m_sweep(new SweepGroup(this)),
-      m_trigger(new TriggerGroup(this)), m_list(new ListGroup(this))
+      m_trigger(new TriggerGroup(this)), m_list(new ListGroup(*m_trigger, this)),
+      m_files(new ListFileDialogs(&m_list->table()))
 {
     build();
     wire();
+    wireList();
     List::retranslate();
 }
 
 void List::build()
 {
     setFixedWidth(panelWidth);
-    content()->addWidget(m_trigger);
-    content()->addWidget(m_sweep);
-    content()->addWidget(m_list, 1);
-    m_list->hide();
+    auto* scroll = new QScrollArea(this);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* groups = new QWidget(scroll);
+    groups->setObjectName(QStringLiteral("list_groups"));
+    scroll->setWidget(groups);
+    scroll->setMinimumHeight(leastHeight);
+    content()->addWidget(scroll, 1);
+    growContent();
+
+    auto* column = new QVBoxLayout(groups);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(spacing);
+    column->addWidget(m_trigger);
+    column->addWidget(m_sweep);
+    column->addWidget(m_list, 1);
+    column->addStretch();
+    showChosenGroup();
 }
 
 void List::wire()
@@ -36,6 +68,62 @@ void List::wire()
     connect(m_sweep, &SweepGroup::keypadRequested, this, &List::keypadRequested);
     connect(m_sweep, &SweepGroup::settingsChanged, this, &List::sweepChanged);
     connect(m_trigger, &TriggerGroup::triggerChosen, this, &List::triggerChosen);
+    connect(&m_trigger->listShown(), &QAbstractButton::toggled, this, &List::showChosenGroup);
+    // One of the two runs, and it is the one that is seen.
+    connect(&runSweep(), &QAbstractButton::toggled, this, [this](bool isChecked) {
+        if (isChecked)
+            m_trigger->listShown().setChecked(false);
+    });
+    connect(&runList(), &QAbstractButton::toggled, this, [this](bool isChecked) {
+        m_chosenRow = -1;
+        if (isChecked)
+            m_trigger->listShown().setChecked(true);
+    });
+    connect(m_files, &ListFileDialogs::statusMessage, this, &List::statusMessage);
+    connect(m_files, &ListFileDialogs::errorMessage, this, &List::errorMessage);
+}
+
+void List::wireList()
+{
+    connect(&table(), &QTableWidget::cellChanged, this, &List::editTable);
+    connect(&table(), &PointTable::refused, this, &List::statusMessage);
+    connect(&m_list->actions(), &PointActions::refused, this, &List::statusMessage);
+    connect(&m_list->actions(), &PointActions::generateWanted, this, &List::generateList);
+    connect(&m_list->save(), &QAbstractButton::clicked, m_files, &ListFileDialogs::save);
+    connect(&m_list->open(), &QAbstractButton::clicked, this, &List::openList);
+
+    connect(&table(), &QTableWidget::currentCellChanged, this, &List::chooseRow);
+    connect(&table(), &QTableWidget::cellPressed, this, &List::chooseRow);
+    connect(m_trigger, &TriggerGroup::changed, this, [this] {
+        if (triggerChoice() != TriggerChoice::Manual)
+            m_chosenRow = -1;
+    });
+    // Queued: the instrument has to be ready for manual steps before it is moved to a point.
+    connect(
+        &previousPoint(), &QAbstractButton::clicked, this, [this] { stepRow(-1); },
+        Qt::QueuedConnection);
+    connect(
+        &nextPoint(), &QAbstractButton::clicked, this, [this] { stepRow(1); },
+        Qt::QueuedConnection);
+}
+
+void List::showChosenGroup()
+{
+    stopRun(isListShown() ? runSweep() : runList());
+    m_sweep->setVisible(!isListShown());
+    m_list->setVisible(isListShown());
+    emit shownChanged();
+}
+
+void List::stopRun(QPushButton& run)
+{
+    if (run.isChecked())
+        run.click();
+}
+
+bool List::isListShown() const
+{
+    return m_trigger->listShown().isChecked();
 }
 
 QPushButton& List::runSweep() const
@@ -74,6 +162,10 @@ QLineEdit& List::points() const
 QLineEdit& List::dwell() const
 {
     return m_sweep->dwell();
+}
+SweepTexts List::sweepTexts() const
+{
+    return m_sweep->texts();
 }
 SweepValues& List::valuesAside() const
 {
@@ -116,16 +208,67 @@ PointTable& List::table() const
 
 void List::autoOff()
 {
-    for (QPushButton* run : {&runSweep(), &runList()}) {
-        if (run->isChecked())
-            run->click();
-    }
+    stopRun(runSweep());
+    stopRun(runList());
     emit hide_();
 }
 
 void List::highlightPoint(int number)
 {
     table().highlightPoint(number);
+    m_list->mode().showPoint(number, table().rowCount());
+}
+
+void List::editTable(int row, int column)
+{
+    table().acceptCell(row, column);
+}
+
+void List::openList()
+{
+    if (isTableTransferred(*window())) {
+        emit statusMessage(tr("No list can be opened while a table is being transferred"));
+        return;
+    }
+    stopRun(runSweep());
+    stopRun(runList());
+    m_files->open();
+}
+
+void List::generateList()
+{
+    const RunPoints run = RunPoints::ofSweep(sweepTexts());
+    if (run.isEmpty() || run.firstWrong() > 0 || run.count() > mostListLines)
+        emit statusMessage(tr("The fields of the sweep give no list"));
+    else
+        m_list->actions().generate(rowsOfRun(run));
+}
+
+bool List::isManualListRun() const
+{
+    return runList().isChecked() && triggerChoice() == TriggerChoice::Manual &&
+           !isTableTransferred(*window());
+}
+
+/// Moves a list that is stepped by hand to a row, unless it stands there already.
+void List::chooseRow(int row)
+{
+    if (row < 0 || row == m_chosenRow || !isManualListRun())
+        return;
+    m_chosenRow = row;
+    emit pointChosen(row + 1);
+}
+
+void List::stepRow(int direction)
+{
+    if (!isManualListRun())
+        return;
+    const int present = m_chosenRow >= 0 ? m_chosenRow : table().highlightedPoint() - 1;
+    const int row = present + direction;
+    if (row < 0 || row >= table().rowCount())
+        return;
+    table().setCurrentCell(row, std::max(table().currentColumn(), 0));
+    chooseRow(row);
 }
 
 void List::retranslate()

@@ -3,11 +3,14 @@
 #include "panel/side_panel.h"
 #include "sweep/trigger_group.h"
 
+class ListFileDialogs;
 class ListGroup;
 class PointTable;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 class SweepGroup;
+struct SweepTexts;
 struct SweepValues;
 
 /// The sweep and list panel: the settings of a sweep, the points of a list and the trigger of both,
@@ -24,6 +27,9 @@ public:
     /// Sweep or list.
     bool isRunning() const;
 
+    /// The list, not the sweep, is chosen and shown.
+    bool isListShown() const;
+
     bool isPowerSweep() const;
     /// Frequency in hertz of a power sweep, power in dBm of a frequency sweep.
     QLineEdit& fixedValue() const;
@@ -33,6 +39,7 @@ public:
     QLineEdit& points() const;
     /// Microseconds.
     QLineEdit& dwell() const;
+    SweepTexts sweepTexts() const;
     /// What the sweep over the other quantity holds meanwhile.
     SweepValues& valuesAside() const;
 
@@ -52,6 +59,8 @@ public slots:
     void autoOff();
     /// Marks the point, counted from 1, that a list run has reached; 0 for none.
     void highlightPoint(int number);
+    /// Takes the text now in a cell of the table as entered by the user.
+    void editTable(int row, int column);
 
 signals:
     /// The user wants to enter the number of this field on a keypad.
@@ -62,6 +71,12 @@ signals:
     void triggerChosen();
     /// What the sweep would run through has changed.
     void sweepChanged();
+    /// Sweep or list: the other one is shown now.
+    void shownChanged();
+    /// Said in passing.
+    void statusMessage(const QString& message);
+    /// Something went wrong that the user must not miss.
+    void errorMessage(const QString& message);
 
 protected:
     void retranslate() override;
@@ -69,8 +84,19 @@ protected:
 private:
     void build();
     void wire();
+    void wireList();
+    void showChosenGroup();
+    void stopRun(QPushButton& run);
+    void openList();
+    void generateList();
+    void chooseRow(int row);
+    void stepRow(int direction);
+    bool isManualListRun() const;
 
     SweepGroup* m_sweep;
     TriggerGroup* m_trigger;
     ListGroup* m_list;
+    ListFileDialogs* m_files;
+    /// The row that a list stepped by hand was moved to; -1 for none yet.
+    int m_chosenRow = -1;
 };

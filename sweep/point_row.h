@@ -10,3 +10,10 @@ constexpr int pointColumnCount = 3;
 /// One point of a list: the texts of its cells in column order, as shown and as sent.
 using PointRow = std::array<QString, pointColumnCount>;
 using PointRows = std::vector<PointRow>;
+
+/// A change of a list: `count` rows from `first` on give way to others.
+struct RowsEdit {
+    int first = 0;
+    int count = 0;
+    PointRows rows;
+};

@@ -1,12 +1,75 @@
 #include "sweep/point_table.h"
 
+#include "link/instrument_limits.h"
+#include "sweep/point_delegate.h"
+
 #include <QHeaderView>
+#include <QSignalBlocker>
+#include <QUndoCommand>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int lineHeight = 26;
+constexpr int undoSteps = 100;
+
+Range<double> limitsOf(int column)
+{
+    const InstrumentLimits& limits = InstrumentLimits::global();
+    const auto wide = [](auto range) {
+        return Range<double>{static_cast<double>(range.min), static_cast<double>(range.max)};
+    };
+    switch (column) {
+    case PointTable::Frequency:
+        return wide(limits.frequencyHz);
+    case PointTable::Power:
+        return limits.powerDbm;
+    default:
+        return wide(limits.listDwellUs);
+    }
+}
+} // namespace
+
+/// Rows in the place of others, and back.
+class PointTable::RowsChange : public QUndoCommand
+{
+public:
+    RowsChange(PointTable& table, const RowsEdit& edit, const QString& what)
+        : QUndoCommand(what), m_table(table), m_first(edit.first),
+          m_before(table.m_points.begin() + edit.first,
+                   table.m_points.begin() + edit.first + edit.count),
+          m_after(edit.rows)
+    {
+    }
+
+    void redo() override { m_table.apply(m_first, size(m_before), m_after); }
+    void undo() override { m_table.apply(m_first, size(m_after), m_before); }
+
+private:
+    static int size(const PointRows& rows) { return static_cast<int>(rows.size()); }
+
+    PointTable& m_table;
+    int m_first;
+    PointRows m_before;
+    PointRows m_after;
+};
 
 PointTable::PointTable(QWidget* parent) : QTableWidget(0, pointColumnCount, parent)
 {
     setObjectName(QStringLiteral("table_List"));
+    setItemDelegate(new PointDelegate(this));
+    setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
+    setTabKeyNavigation(true);
+    setAlternatingRowColors(true);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
-    connect(this, &QTableWidget::cellChanged, this, &PointTable::pointsChanged);
+    horizontalHeader()->setHighlightSections(false);
+    // Of one height all: rows without end are never measured.
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(lineHeight);
+    m_history.setUndoLimit(undoSteps);
+    connect(model(), &QAbstractItemModel::rowsInserted, this, &PointTable::foreignRowsChanged);
+    connect(model(), &QAbstractItemModel::rowsRemoved, this, &PointTable::foreignRowsChanged);
     retranslate();
 }
 
@@ -16,20 +79,179 @@ FieldKind PointTable::kind(int column)
     return kinds[column];
 }
 
+QString PointTable::enteredText(const QString& typed, int column)
+{
+    const Range<double> limits = limitsOf(column);
+    return clampText(typed, limits.min, limits.max, kind(column));
+}
+
 QString PointTable::text(int row, int column) const
 {
     const QTableWidgetItem* cell = item(row, column);
     return cell == nullptr ? QString() : cell->text();
 }
 
+const PointRows& PointTable::points()
+{
+    takeOverRows(0, rowCount());
+    return m_points;
+}
+
+/// Cells may have been set past this class, and past its signals, too.
+void PointTable::takeOverRows(int first, int count)
+{
+    for (int row = first; row < first + count; ++row)
+        m_points[static_cast<std::size_t>(row)] = {text(row, Frequency), text(row, Power),
+                                                   text(row, Dwell)};
+}
+
+bool PointTable::change(const RowsEdit& edit, const QString& what)
+{
+    if (refuseDuringTransfer())
+        return false;
+    takeOverRows(edit.first, edit.count);
+    m_history.push(new RowsChange(*this, edit, what));
+    return true;
+}
+
+void PointTable::takeBack()
+{
+    if (!refuseDuringTransfer())
+        m_history.undo();
+}
+
+void PointTable::bringBack()
+{
+    if (!refuseDuringTransfer())
+        m_history.redo();
+}
+
+void PointTable::acceptCell(int row, int column)
+{
+    PointRow accepted = m_points.at(static_cast<std::size_t>(row));
+    QString& held = accepted.at(static_cast<std::size_t>(column));
+    const QString typed = text(row, column);
+    if (typed == held)
+        return;
+    const QString entered = enteredText(typed, column);
+    const bool isNew = entered != held;
+    held = entered;
+    // The change starts from what was there before the user typed.
+    showRow(row);
+    if (isNew)
+        change({row, 1, {accepted}}, tr("Edit"));
+}
+
+/// Makes `rows` what the table holds in the place of `count` rows. Only the rows concerned are
+/// touched, and only once.
+void PointTable::apply(int first, int count, const PointRows& rows)
+{
+    const int newCount = static_cast<int>(rows.size());
+    const int common = std::min(count, newCount);
+    const auto begin = m_points.begin() + first;
+    std::copy_n(rows.begin(), common, begin);
+    if (newCount > count)
+        m_points.insert(begin + common, rows.begin() + common, rows.end());
+    else
+        m_points.erase(begin + common, begin + count);
+    {
+        const QSignalBlocker quiet(this);
+        if (newCount > count)
+            model()->insertRows(first + common, newCount - count);
+        else if (newCount < count)
+            model()->removeRows(first + common, count - newCount);
+        for (int row = first; row < first + newCount; ++row)
+            showRow(row);
+    }
+    emit pointsChanged();
+}
+
+void PointTable::showRow(int row)
+{
+    const QSignalBlocker quiet(this);
+    const PointRow& point = m_points[static_cast<std::size_t>(row)];
+    for (int column = 0; column < pointColumnCount; ++column) {
+        const QString& shown = point[static_cast<std::size_t>(column)];
+        if (QTableWidgetItem* cell = item(row, column))
+            cell->setText(shown);
+        else
+            setItem(row, column, new QTableWidgetItem(shown));
+    }
+}
+
+/// Somebody else has inserted or removed rows: what can be taken back ends there.
+void PointTable::foreignRowsChanged()
+{
+    if (static_cast<int>(m_points.size()) == rowCount())
+        return;
+    m_points.resize(static_cast<std::size_t>(rowCount()));
+    takeOverRows(0, rowCount());
+    m_history.clear();
+    emit pointsChanged();
+}
+
+/// What the instrument is getting block by block must not change under way.
+bool PointTable::refuseDuringTransfer()
+{
+    const bool isTransferred =
+        findChild<QObject*>(QStringLiteral("progressBarForTable")) != nullptr;
+    if (isTransferred)
+        emit refused(tr("The list is being transferred"));
+    return isTransferred;
+}
+
+std::vector<int> PointTable::chosenRows() const
+{
+    std::vector<bool> isChosen(m_points.size(), false);
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        std::fill(isChosen.begin() + range.top(), isChosen.begin() + range.bottom() + 1, true);
+    std::vector<int> rows;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (isChosen[static_cast<std::size_t>(row)])
+            rows.push_back(row);
+    }
+    if (rows.empty() && currentRow() >= 0)
+        rows.push_back(currentRow());
+    return rows;
+}
+
+void PointTable::selectRows(int first, int last)
+{
+    setCurrentCell(first, std::max(currentColumn(), 0), QItemSelectionModel::NoUpdate);
+    const QItemSelection rows(model()->index(first, 0), model()->index(last, pointColumnCount - 1));
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    scrollTo(model()->index(last, currentColumn()));
+    scrollTo(currentIndex());
+}
+
 void PointTable::highlightPoint(int number)
 {
-    m_highlightedPoint = number;
-    viewport()->update();
+    const int previous = std::exchange(m_highlightedPoint, number);
+    if (previous == number)
+        return;
+    for (const int point : {previous, number}) {
+        if (point < 1 || point > rowCount())
+            continue;
+        const QModelIndex first = model()->index(point - 1, 0);
+        const QModelIndex last = model()->index(point - 1, pointColumnCount - 1);
+        viewport()->update(visualRect(first) | visualRect(last));
+        if (point == number && state() != EditingState)
+            scrollTo(first);
+    }
+}
+
+/// Return goes on below, as in a spreadsheet.
+void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    QTableWidget::closeEditor(editor, hint);
+    if (hint == QAbstractItemDelegate::SubmitModelCache && currentRow() + 1 < rowCount())
+        setCurrentCell(currentRow() + 1, currentColumn());
 }
 
 void PointTable::retranslate()
 {
     setHorizontalHeaderLabels({tr("Freq [Hz]"), tr("Pow [dBm]"), tr("Dwell [μs]")});
     setAccessibleName(tr("List of points"));
+    setToolTip(tr("Double-click or type to edit a cell; k, m or g after a frequency, m or s after "
+                  "a dwell: unit letters"));
 }

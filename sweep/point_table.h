@@ -4,8 +4,11 @@
 #include "sweep/point_row.h"
 
 #include <QTableWidget>
+#include <QUndoStack>
 
-/// The table of a list's points. Formats and bounds what is entered; sends nothing.
+/// The table of a list's points. Keeps what its rows hold, formats and bounds what is entered, and
+/// knows how to take back every change. What changes rows at the user's wish is PointActions'; it
+/// reads and writes no file and sends nothing.
 class PointTable : public QTableWidget
 {
     Q_OBJECT
@@ -17,8 +20,29 @@ public:
 
     static FieldKind kind(int column);
 
+    /// What a cell of the column holds after this text has been entered: unit letters carried out,
+    /// bounded where an instrument has told limits, and written as the column is shown.
+    static QString enteredText(const QString& typed, int column);
+
     /// Empty where there is no such cell.
     QString text(int row, int column) const;
+    /// All rows as the cells show them now.
+    const PointRows& points();
+
+    /// Replaces `edit.count` rows from `edit.first` on by others, as they stand. One step of undo,
+    /// called `what`. While the table is being transferred nothing is changed: false.
+    bool change(const RowsEdit& edit, const QString& what);
+    void takeBack();
+    void bringBack();
+    const QUndoStack& history() const { return m_history; }
+
+    /// Takes the text now in a cell as entered by the user. Nothing happens where the text is still
+    /// the one that the cell held.
+    void acceptCell(int row, int column);
+
+    /// The rows with a selected cell in rising order; without a selection the current row.
+    std::vector<int> chosenRows() const;
+    void selectRows(int first, int last);
 
     /// The point, counted from 1, that a run has reached; 0 for none.
     int highlightedPoint() const { return m_highlightedPoint; }
@@ -29,7 +53,22 @@ public:
 signals:
     /// The texts of one or many cells have changed, by whatever hand.
     void pointsChanged();
+    /// Something could not be done; the message says why.
+    void refused(const QString& message);
+
+protected:
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    class RowsChange;
+
+    void apply(int first, int count, const PointRows& rows);
+    void showRow(int row);
+    void takeOverRows(int first, int count);
+    void foreignRowsChanged();
+    bool refuseDuringTransfer();
+
+    PointRows m_points;
+    QUndoStack m_history;
     int m_highlightedPoint = 0;
 };

@@ -20,8 +20,8 @@ namespace
 {
 constexpr int spacing = 8;
 constexpr int margin = 12;
-constexpr int labelWidth = 72;
-constexpr int fieldWidth = 120;
+constexpr int labelWidth = 60;
+constexpr int fieldWidth = 116;
 constexpr int keyWidth = 40;
 
 struct Row {
@@ -87,6 +87,7 @@ SweepGroup::SweepGroup(QWidget* parent)
 {
     setObjectName(QStringLiteral("Sweep__"));
     setProperty("section", true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     build();
     wire();
     retranslate();
@@ -161,6 +162,12 @@ void SweepGroup::wire()
 bool SweepGroup::isPowerSweep() const
 {
     return m_mode->isChecked();
+}
+
+SweepTexts SweepGroup::texts() const
+{
+    return {isPowerSweep(), fixedValue().text(), start().text(),
+            stop().text(),  points().text(),     dwell().text()};
 }
 
 void SweepGroup::changeMode()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sweep/run_points.h"
+
 #include <QGroupBox>
 
 #include <array>
@@ -34,6 +36,7 @@ public:
     QLineEdit& points() const { return *m_rows[3].field; }
     QLineEdit& dwell() const { return *m_rows[4].field; }
 
+    SweepTexts texts() const;
     /// The values of the mode that is not chosen; the next change of mode shows them.
     SweepValues& valuesAside() { return m_valuesAside; }
 

@@ -39,6 +39,7 @@ TriggerGroup::TriggerGroup(QWidget* parent) : QGroupBox(parent)
 {
     setObjectName(QStringLiteral("Trigger__"));
     setProperty("section", true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     build();
     wire();
     source(TriggerChoice::FreeRun).setChecked(true);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "sweep/point_row.h"
+
+#include <optional>
+
+struct CellSpan;
+
+// Cells as tab-separated text, as spreadsheets exchange them.
+
+/// The cells of a span: plain numbers without blanks between their digits, which a spreadsheet
+/// would take for text.
+QString copiedText(const PointRows& points, const CellSpan& span);
+
+/// What a pasted text holds.
+struct PastedCells {
+    std::vector<std::vector<QString>> texts; ///< lines of plain decimal numbers or empty texts
+    QString strange;                         ///< the first cell that is no number; none otherwise
+};
+
+/// Reads cells as spreadsheets write them: digits grouped by blanks, commas or points, a comma or
+/// a point before the fraction, an exponent.
+PastedCells pastedCells(const QString& text);

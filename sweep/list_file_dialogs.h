@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+class PointTable;
+
+/// Asks for the files that a list is saved to and opened from, and does so. Owns no list.
+class ListFileDialogs : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ListFileDialogs(PointTable* table);
+
+    void save();
+    /// The table keeps what it holds unless all of the file is a list.
+    void open();
+
+signals:
+    /// Said in passing.
+    void statusMessage(const QString& message);
+    /// Something went wrong that the user must not miss.
+    void errorMessage(const QString& message);
+
+private:
+    void saveTo(const QString& path);
+    void openFrom(const QString& path);
+    bool mayBeReplaced(const QString& path) const;
+
+    PointTable* m_table;
+};

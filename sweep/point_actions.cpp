@@ -1,0 +1,281 @@
+#include "sweep/point_actions.h"
+
+#include "panel/describe.h"
+#include "sweep/cell_clipboard.h"
+#include "sweep/point_table.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QIcon>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int iconSide = 20;
+/// Fewer rows than these have nothing between their ends.
+constexpr int fewestRowsToFill = 3;
+
+bool isFill(std::size_t command)
+{
+    return command >= PointActions::FillLinear && command <= PointActions::FillDown;
+}
+} // namespace
+
+struct PointActions::Row {
+    const char* icon;
+    const char* shortcut;
+    const char* text;
+    void (PointActions::*slot)();
+    bool startsSection;
+};
+
+// In the order of the commands, which is that of the menu.
+const PointActions::Row PointActions::rows[] = {
+    {"row_add", "Ins", QT_TR_NOOP("Insert row"), &PointActions::insert, false},
+    {"row_delete", "Del", QT_TR_NOOP("Delete rows"), &PointActions::remove, false},
+    {"row_duplicate", "Ctrl+D", QT_TR_NOOP("Duplicate rows"), &PointActions::duplicate, false},
+    {"row_up", "Alt+Up", QT_TR_NOOP("Move rows up"), &PointActions::moveUp, false},
+    {"row_down", "Alt+Down", QT_TR_NOOP("Move rows down"), &PointActions::moveDown, false},
+    {"fill", "Ctrl+L", QT_TR_NOOP("Fill linearly"), &PointActions::fillLinear, true},
+    {"fill", "Ctrl+Shift+L", QT_TR_NOOP("Fill logarithmically"), &PointActions::fillLogarithmic,
+     false},
+    {"fill", "Ctrl+Shift+D", QT_TR_NOOP("Fill down"), &PointActions::fillDown, false},
+    {"generate", "Ctrl+G", QT_TR_NOOP("Make the list from the sweep"),
+     &PointActions::generateWanted, false},
+    {"copy", "Ctrl+C", QT_TR_NOOP("Copy"), &PointActions::copy, true},
+    {"paste", "Ctrl+V", QT_TR_NOOP("Paste"), &PointActions::paste, false},
+    {"", "Ctrl+A", QT_TR_NOOP("Select all"), &PointActions::selectAll, false},
+    {"undo", "Ctrl+Z", QT_TR_NOOP("Undo"), &PointActions::undo, true},
+    {"redo", "Ctrl+Shift+Z", QT_TR_NOOP("Redo"), &PointActions::redo, false},
+    {"clear", "Ctrl+Shift+Del", QT_TR_NOOP("Clear list"), &PointActions::clear, true},
+};
+
+PointActions::PointActions(PointTable* table)
+    : QObject(table), m_table(table), m_menu(new QMenu(table)), m_fillMenu(new QMenu(table))
+{
+    build();
+    const QUndoStack& history = table->history();
+    connect(&history, &QUndoStack::canUndoChanged, action(Undo), &QAction::setEnabled);
+    connect(&history, &QUndoStack::canRedoChanged, action(Redo), &QAction::setEnabled);
+    action(Undo)->setEnabled(false);
+    action(Redo)->setEnabled(false);
+    table->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(table, &QWidget::customContextMenuRequested, this, [this](const QPoint& position) {
+        m_menu->popup(m_table->viewport()->mapToGlobal(position));
+    });
+    retranslate();
+}
+
+void PointActions::build()
+{
+    for (std::size_t i = 0; i < commandCount; ++i) {
+        const Row& row = rows[i];
+        auto* made = new QAction(this);
+        made->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+        made->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        made->setShortcutVisibleInContextMenu(true);
+        if (row.icon[0] != '\0')
+            made->setIcon(QIcon(QStringLiteral(":/images/%1.png").arg(QLatin1String(row.icon))));
+        connect(made, &QAction::triggered, this, row.slot);
+        m_actions[i] = made;
+        m_table->addAction(made);
+        if (row.startsSection)
+            m_menu->addSeparator();
+        m_menu->addAction(made);
+        if (isFill(i))
+            m_fillMenu->addAction(made);
+    }
+}
+
+QAction* PointActions::action(Command command) const
+{
+    return m_actions[command];
+}
+
+QPushButton* PointActions::newButton(Command command, const QString& objectName,
+                                     QWidget* parent) const
+{
+    auto* button = new QPushButton(parent);
+    button->setObjectName(objectName);
+    button->setProperty("tool", true);
+    button->setIconSize(QSize(iconSide, iconSide));
+    // A click leaves the focus, and with it the selection's look, in the table.
+    button->setFocusPolicy(Qt::TabFocus);
+    QAction* source = action(command);
+    const auto follow = [button, source] {
+        button->setIcon(source->icon());
+        button->setEnabled(source->isEnabled());
+        const QString key = source->shortcut().toString(QKeySequence::NativeText);
+        describe(button, source->text(), QStringLiteral("%1 (%2)").arg(source->text(), key));
+    };
+    connect(source, &QAction::changed, button, follow);
+    connect(button, &QAbstractButton::clicked, source, &QAction::trigger);
+    follow();
+    return button;
+}
+
+QPushButton* PointActions::newFillButton(const QString& objectName, QWidget* parent) const
+{
+    auto* button = new QPushButton(parent);
+    button->setObjectName(objectName);
+    button->setProperty("tool", true);
+    button->setIconSize(QSize(iconSide, iconSide));
+    button->setIcon(action(FillLinear)->icon());
+    button->setMenu(m_fillMenu);
+    button->setFocusPolicy(Qt::TabFocus);
+    return button;
+}
+
+bool PointActions::change(const RowsEdit& edit, Command command)
+{
+    return m_table->change(edit, action(command)->text());
+}
+
+/// The rectangle around the selection; without one the current cell.
+CellSpan PointActions::chosenCells() const
+{
+    CellSpan span{m_table->currentRow(), m_table->currentRow(), m_table->currentColumn(),
+                  m_table->currentColumn()};
+    bool isFirst = true;
+    for (const QItemSelectionRange& range : m_table->selectionModel()->selection()) {
+        span.firstRow = isFirst ? range.top() : std::min(span.firstRow, range.top());
+        span.lastRow = isFirst ? range.bottom() : std::max(span.lastRow, range.bottom());
+        span.firstColumn = isFirst ? range.left() : std::min(span.firstColumn, range.left());
+        span.lastColumn = isFirst ? range.right() : std::max(span.lastColumn, range.right());
+        isFirst = false;
+    }
+    return span;
+}
+
+void PointActions::insert()
+{
+    const int row = m_table->currentRow() < 0 ? m_table->rowCount() : m_table->currentRow() + 1;
+    if (change({row, 0, PointRows(1)}, Insert))
+        m_table->setCurrentCell(row, PointTable::Frequency);
+}
+
+void PointActions::remove()
+{
+    const std::vector<int> chosen = m_table->chosenRows();
+    if (chosen.empty() || !change(withoutRows(m_table->points(), chosen), Delete))
+        return;
+    const int next = std::min(chosen.front(), m_table->rowCount() - 1);
+    m_table->setCurrentCell(next, std::max(m_table->currentColumn(), 0));
+}
+
+void PointActions::duplicate()
+{
+    const std::vector<int> chosen = m_table->chosenRows();
+    if (chosen.empty())
+        return;
+    const RowsEdit edit = withDuplicates(m_table->points(), chosen);
+    if (change(edit, Duplicate))
+        m_table->selectRows(edit.first, edit.first + static_cast<int>(edit.rows.size()) - 1);
+}
+
+void PointActions::move(int direction)
+{
+    const std::vector<int> chosen = m_table->chosenRows();
+    if (chosen.empty())
+        return;
+    const auto edit = withRowsMoved(m_table->points(), chosen.front(), chosen.back(), direction);
+    if (edit && change(*edit, direction < 0 ? MoveUp : MoveDown))
+        m_table->selectRows(chosen.front() + direction, chosen.back() + direction);
+}
+
+/// Between the ends of the selection. A selection without anything between stands for its whole
+/// columns, for filling down for all that lies below it.
+void PointActions::fill(Fill fill)
+{
+    CellSpan span = chosenCells();
+    const bool isDown = fill == Fill::Down;
+    if (span.lastRow - span.firstRow + 1 < (isDown ? 2 : fewestRowsToFill)) {
+        span.firstRow = isDown ? span.firstRow : 0;
+        span.lastRow = m_table->rowCount() - 1;
+    }
+    if (span.firstColumn < 0 || span.firstRow < 0 || span.lastRow <= span.firstRow)
+        return;
+    const auto edit = withFilled(m_table->points(), span, fill);
+    if (!edit) {
+        emit refused(fill == Fill::Logarithmic
+                         ? tr("To fill logarithmically, the first and the last cell must both "
+                              "hold numbers above 0, or both below")
+                         : tr("To fill, the first and the last cell must hold numbers"));
+        return;
+    }
+    const Command commands[] = {FillLinear, FillLogarithmic, FillDown};
+    change(*edit, commands[static_cast<int>(fill)]);
+}
+
+void PointActions::generate(const PointRows& made)
+{
+    if (!made.empty() && change({0, m_table->rowCount(), made}, Generate))
+        m_table->setCurrentCell(0, PointTable::Frequency);
+}
+
+void PointActions::copy()
+{
+    const CellSpan span = chosenCells();
+    if (span.firstRow >= 0 && span.firstColumn >= 0)
+        QApplication::clipboard()->setText(copiedText(m_table->points(), span));
+}
+
+/// A single number goes into every cell chosen; a range from the first cell chosen on.
+void PointActions::paste()
+{
+    const PastedCells pasted = pastedCells(QApplication::clipboard()->text());
+    if (!pasted.strange.isEmpty()) {
+        emit refused(tr("Not pasted: \"%1\" is no number").arg(pasted.strange.trimmed()));
+        return;
+    }
+    if (pasted.texts.empty())
+        return;
+    CellSpan span = chosenCells();
+    const bool isSingle = pasted.texts.size() == 1 && pasted.texts.front().size() == 1;
+    if (isSingle && span.firstRow >= 0) {
+        change(withEntered(m_table->points(), span, pasted.texts.front().front()), Paste);
+        return;
+    }
+    const int row = std::max(span.firstRow, 0);
+    const int column = std::max(span.firstColumn, 0);
+    if (change(withEntered(m_table->points(), row, column, pasted.texts), Paste))
+        m_table->selectRows(row, row + static_cast<int>(pasted.texts.size()) - 1);
+}
+
+void PointActions::selectAll()
+{
+    m_table->selectAll();
+}
+
+void PointActions::undo()
+{
+    m_table->takeBack();
+}
+
+void PointActions::redo()
+{
+    m_table->bringBack();
+}
+
+void PointActions::clear()
+{
+    QMessageBox question(QMessageBox::Question, tr("Clear List"), tr("Do you want to clear List?"),
+                         QMessageBox::Yes | QMessageBox::No, m_table->window());
+    question.setObjectName(QStringLiteral("clear_question"));
+    question.setDefaultButton(QMessageBox::No);
+    if (question.exec() == QMessageBox::Yes)
+        change({0, m_table->rowCount(), {}}, Clear);
+}
+
+void PointActions::retranslate()
+{
+    for (std::size_t i = 0; i < commandCount; ++i)
+        m_actions[i]->setText(tr(rows[i].text));
+    m_fillMenu->setTitle(tr("Fill a column"));
+}

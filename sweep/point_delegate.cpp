@@ -1,0 +1,66 @@
+#include "sweep/point_delegate.h"
+
+#include "panel/numeric_field.h"
+#include "panel/unit_key_filter.h"
+#include "sweep/point_table.h"
+
+#include <QLineEdit>
+#include <QPainter>
+
+namespace
+{
+constexpr int markSide = 8;
+constexpr int markAlpha = 70;
+} // namespace
+
+PointDelegate::PointDelegate(PointTable* table) : QStyledItemDelegate(table), m_table(table) {}
+
+QWidget* PointDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                     const QModelIndex& index) const
+{
+    auto* editor = new QLineEdit(parent);
+    editor->setProperty("cellEditor", true);
+    editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    editor->setAccessibleName(m_table->horizontalHeaderItem(index.column())->text());
+    setUpNumericField(editor, PointTable::kind(index.column()));
+    return editor;
+}
+
+void PointDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    showAccepted(static_cast<QLineEdit*>(editor), index.data().toString());
+}
+
+bool PointDelegate::isReached(const QModelIndex& index) const
+{
+    return index.row() + 1 == m_table->highlightedPoint();
+}
+
+void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
+{
+    QStyledItemDelegate::initStyleOption(option, index);
+    option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    if (isReached(index)) {
+        QColor tint = option->palette.color(QPalette::Link);
+        tint.setAlpha(markAlpha);
+        option->backgroundBrush = tint;
+        option->font.setBold(true);
+    }
+}
+
+void PointDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const
+{
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!isReached(index) || index.column() != 0)
+        return;
+    const QRect& cell = option.rect;
+    const QPointF tip(cell.left() + 1.5 * markSide, cell.center().y() + 0.5);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.palette.color(QPalette::Text));
+    painter->drawPolygon(QPolygonF(
+        {tip - QPointF(markSide, markSide / 2.0), tip, tip - QPointF(markSide, -markSide / 2.0)}));
+    painter->restore();
+}

@@ -1,0 +1,140 @@
+#include "sweep/point_edits.h"
+
+#include "numbers/number_text.h"
+#include "sweep/point_table.h"
+#include "sweep/run_points.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+PointRows rowsFrom(const PointRows& points, int first, int end)
+{
+    return PointRows(points.begin() + first, points.begin() + end);
+}
+
+QString& cellOf(PointRows& rows, int row, int column)
+{
+    return rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+}
+
+/// The number of a cell; none for an empty one and for what is no number.
+std::optional<double> numberOf(const QString& text)
+{
+    bool isNumber = false;
+    const double number = withoutBlanks(text).toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional<double>(number) : std::nullopt;
+}
+
+bool fillBetweenEnds(PointRows& rows, int column, Fill fill)
+{
+    const int last = static_cast<int>(rows.size()) - 1;
+    const std::optional<double> from = numberOf(cellOf(rows, 0, column));
+    const std::optional<double> to = numberOf(cellOf(rows, last, column));
+    const bool isLogarithmic = fill == Fill::Logarithmic;
+    if (!from || !to || (isLogarithmic && !(*from * *to > 0.0)))
+        return false;
+    for (int row = 1; row < last; ++row) {
+        const double part = static_cast<double>(row) / last;
+        const double value =
+            isLogarithmic ? *from * std::pow(*to / *from, part) : *from + (*to - *from) * part;
+        cellOf(rows, row, column) = fieldText(value, PointTable::kind(column));
+    }
+    return true;
+}
+} // namespace
+
+RowsEdit withoutRows(const PointRows& points, const std::vector<int>& rows)
+{
+    RowsEdit edit{rows.front(), rows.back() - rows.front() + 1, {}};
+    auto next = rows.begin();
+    for (int row = rows.front(); row <= rows.back(); ++row) {
+        if (row == *next)
+            ++next;
+        else
+            edit.rows.push_back(points[static_cast<std::size_t>(row)]);
+    }
+    return edit;
+}
+
+RowsEdit withDuplicates(const PointRows& points, const std::vector<int>& rows)
+{
+    RowsEdit edit{rows.back() + 1, 0, {}};
+    for (const int row : rows)
+        edit.rows.push_back(points[static_cast<std::size_t>(row)]);
+    return edit;
+}
+
+std::optional<RowsEdit> withRowsMoved(const PointRows& points, int first, int last, int direction)
+{
+    const int begin = std::min(first, first + direction);
+    const int end = std::max(last, last + direction) + 1;
+    if (begin < 0 || end > static_cast<int>(points.size()))
+        return std::nullopt;
+    RowsEdit edit{begin, end - begin, rowsFrom(points, begin, end)};
+    auto& rows = edit.rows;
+    std::rotate(rows.begin(), direction < 0 ? rows.begin() + 1 : rows.end() - 1, rows.end());
+    return edit;
+}
+
+std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill)
+{
+    const int count = span.lastRow - span.firstRow + 1;
+    RowsEdit edit{span.firstRow, count, rowsFrom(points, span.firstRow, span.lastRow + 1)};
+    for (int column = span.firstColumn; column <= span.lastColumn; ++column) {
+        if (fill != Fill::Down) {
+            if (!fillBetweenEnds(edit.rows, column, fill))
+                return std::nullopt;
+            continue;
+        }
+        for (int row = 1; row < count; ++row)
+            cellOf(edit.rows, row, column) = cellOf(edit.rows, 0, column);
+    }
+    return edit;
+}
+
+RowsEdit withEntered(const PointRows& points, int row, int column,
+                     const std::vector<std::vector<QString>>& texts)
+{
+    const int rowCount = static_cast<int>(points.size());
+    const int end = std::min(row + static_cast<int>(texts.size()), rowCount);
+    RowsEdit edit{row, end - row, rowsFrom(points, row, end)};
+    edit.rows.resize(texts.size());
+    for (std::size_t line = 0; line < texts.size(); ++line) {
+        int target = column;
+        for (const QString& text : texts[line]) {
+            if (target == pointColumnCount)
+                break;
+            edit.rows[line][static_cast<std::size_t>(target)] =
+                PointTable::enteredText(text, target);
+            ++target;
+        }
+    }
+    return edit;
+}
+
+RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text)
+{
+    RowsEdit edit{span.firstRow, span.lastRow - span.firstRow + 1,
+                  rowsFrom(points, span.firstRow, span.lastRow + 1)};
+    for (int column = span.firstColumn; column <= span.lastColumn; ++column) {
+        const QString entered = PointTable::enteredText(text, column);
+        for (PointRow& row : edit.rows)
+            row[static_cast<std::size_t>(column)] = entered;
+    }
+    return edit;
+}
+
+PointRows rowsOfRun(const RunPoints& run)
+{
+    PointRows rows;
+    rows.reserve(static_cast<std::size_t>(run.count()));
+    for (int number = 1; number <= run.count(); ++number) {
+        const RunPoint point = run.point(number);
+        rows.push_back({fieldText(point.frequencyHz, FieldKind::Frequency),
+                        fieldText(point.powerDbm, FieldKind::Power),
+                        fieldText(point.dwellUs, FieldKind::Dwell)});
+    }
+    return rows;
+}

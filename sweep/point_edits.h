@@ -1,0 +1,47 @@
+#pragma once
+
+#include "sweep/point_row.h"
+
+#include <optional>
+
+class RunPoints;
+
+// Changes of a list as values: what they would change, for a table to carry out. Rows and columns
+// count from 0; rows given as numbers are in rising order and not empty.
+
+/// Cells in a rectangle, both ends included.
+struct CellSpan {
+    int firstRow = 0;
+    int lastRow = -1;
+    int firstColumn = 0;
+    int lastColumn = -1;
+};
+
+enum class Fill {
+    Linear,      ///< equal differences between the ends
+    Logarithmic, ///< equal ratios between the ends
+    Down,        ///< the first row's value in all others
+};
+
+RowsEdit withoutRows(const PointRows& points, const std::vector<int>& rows);
+
+/// Copies of the rows below the last of them.
+RowsEdit withDuplicates(const PointRows& points, const std::vector<int>& rows);
+
+/// The rows from `first` to `last`, by one up (-1) or down (1); none where there is no room.
+std::optional<RowsEdit> withRowsMoved(const PointRows& points, int first, int last, int direction);
+
+/// Each column of a span filled from its first row on, the ends as they are. None where the ends
+/// are no numbers, or for equal ratios not both above or both below 0.
+std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill);
+
+/// Texts entered into the cells from a row and column on: what stands beyond the last column is
+/// dropped, missing rows are added.
+RowsEdit withEntered(const PointRows& points, int row, int column,
+                     const std::vector<std::vector<QString>>& texts);
+
+/// One text entered into all cells of a span.
+RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text);
+
+/// The rows that a run's points make, as the table shows such numbers.
+PointRows rowsOfRun(const RunPoints& run);
