@@ -2,16 +2,28 @@
 
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
+#include "numbers/unit_keys.h"
 #include "panel/clamp_field.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
 
 #include <QLineEdit>
 
-void FieldExchange::accept(QLineEdit* field, double min, double max)
+void FieldExchange::accept(QLineEdit* field, const Range<double>& range)
 {
-    clampField(min, max, numericField(field)->kind, field);
+    clampField(range, numericField(field)->kind, field);
     showAccepted(field, field->text());
+}
+
+void FieldExchange::acceptAsItStands(QLineEdit* field, const Range<double>& range)
+{
+    const QString number = withoutBlanks(field->text());
+    const double value = toNumber(number);
+    const bool isWithin = !range.isKnown() || (range.min <= value && value <= range.max);
+    if (isWithin && isPlainDecimal(number))
+        showAccepted(field, field->text());
+    else
+        accept(field, range);
 }
 
 void FieldExchange::setAccepted(const char* format, QLineEdit* field)

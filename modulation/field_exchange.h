@@ -26,28 +26,28 @@ public:
     template <typename T>
     void setAndShow(const char* format, QLineEdit* field, const Range<T>& range)
     {
-        accept(field, range);
+        accept(field, asReal(range));
         setAccepted(format, field);
     }
 
-    /// Writes the command with the field's text, then the query, and shows its reply; a failed
-    /// read leaves the field. Checks no errors.
+    /// Writes the command with the field's text, which stays as it stands while it is within the
+    /// range, then the query, and shows its reply; a failed read leaves the field. Checks no
+    /// errors.
     template <typename T>
     void writeAndShow(const TwoStep& texts, QLineEdit* field, const Range<T>& range)
     {
-        accept(field, range);
+        acceptAsItStands(field, asReal(range));
         writeAccepted(texts, field);
     }
 
-    /// Bounds the field's number and shows it as accepted.
-    template <typename T>
-    static void accept(QLineEdit* field, const Range<T>& range)
-    {
-        accept(field, static_cast<double>(range.min), static_cast<double>(range.max));
-    }
-
 private:
-    static void accept(QLineEdit* field, double min, double max);
+    template <typename T>
+    static Range<double> asReal(const Range<T>& range)
+    {
+        return {static_cast<double>(range.min), static_cast<double>(range.max)};
+    }
+    static void accept(QLineEdit* field, const Range<double>& range);
+    static void acceptAsItStands(QLineEdit* field, const Range<double>& range);
     void setAccepted(const char* format, QLineEdit* field);
     void writeAccepted(const TwoStep& texts, QLineEdit* field);
 

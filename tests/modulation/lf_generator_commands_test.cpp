@@ -64,6 +64,7 @@ private slots:
     void restores();
     void fields_data();
     void fields();
+    void frequencyGoesOutAsTyped();
     void modulationGoesOffFirst();
     void newestClickWins_data();
     void newestClickWins();
@@ -136,6 +137,18 @@ void LfGeneratorCommandsTest::fields()
     QTEST(m_rig->text(QTest::currentDataTag()), "shown");
     m_rig->enter(QTest::currentDataTag(), "");
     QCOMPARE(m_rig->sent(), QStringList());
+}
+
+void LfGeneratorCommandsTest::frequencyGoesOutAsTyped()
+{
+    m_rig->get<QLineEdit>("FREQ")->setText("2 500");
+    m_rig->click("rectangle_select");
+    QCOMPARE(m_rig->sent().at(2), QString("LFO:FUNC:FREQ 2500 Hz"));
+    QCOMPARE(m_rig->text("FREQ"), QString("2 500.0"));
+    m_rig->get<QLineEdit>("FREQ")->setText("9G");
+    m_rig->click("rectangle_select");
+    m_rig->click("rectangle_select");
+    QVERIFY(m_rig->sent().contains("LFO:FUNC:FREQ 1000000.0 Hz"));
 }
 
 void LfGeneratorCommandsTest::modulationGoesOffFirst()

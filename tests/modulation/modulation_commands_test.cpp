@@ -175,6 +175,7 @@ void ModulationCommandsTest::fields_data()
         const QString duty = "percentLine_" + suffixes.at(i);
         const QString& tag = names.at(i);
         row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
+        row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
         row(tag + " rate, high", rate, "9M", twoStep(header + "FREQ", "100000 Hz"), "100 000");
         row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
         row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", "1"), "1");
