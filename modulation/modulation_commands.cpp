@@ -440,6 +440,8 @@ void ModulationCommands::switchEverythingOff(bool isAnimated)
 {
     const int pulseRun = m_pulseRun;
     sendPendingOff();
+    if (!checkedModulation() && !m_panel.pulse()->isChecked())
+        return;
     for (const Modulation modulation : modulations) {
         QPushButton* button = m_panel.stateButton(modulation);
         if (!button->isChecked())

@@ -313,6 +313,11 @@ void ModulationCommandsTest::everythingOff()
     m_rig->modulation.switchEverythingOff(false);
     QCOMPARE(m_rig->sent(), QStringList());
 
+    // With nothing on, the groups stay as they are.
+    m_rig->panel.expand(Modulation::Pm, false);
+    m_rig->modulation.switchEverythingOff(false);
+    QVERIFY(m_rig->panel.group(Modulation::Pm).isExpanded());
+
     // A button that cannot be clicked goes off all the same.
     m_rig->click("FM");
     m_rig->get("FM")->setEnabled(false);
