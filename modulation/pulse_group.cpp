@@ -31,7 +31,10 @@ PulseGroup::PulseGroup(QWidget* selection, QWidget* parent)
     m_width.emplace(m_widthRow.field, m_widthRow.unit, FieldKind::PulseWidth, StepKind::PulseWidth);
     for (const QLineEdit* field : {m_periodRow.field, m_widthRow.field})
         connect(field, &QLineEdit::textChanged, this, &PulseGroup::refresh);
-    connect(m_source, &QAbstractButton::toggled, this, &PulseGroup::refresh);
+    connect(m_source, &QAbstractButton::toggled, this, [this](bool isChecked) {
+        setSettingsEnabled(!isChecked);
+        refresh();
+    });
     connect(m_state, &QAbstractButton::toggled, this, &PulseGroup::setLit);
     retranslate();
 }

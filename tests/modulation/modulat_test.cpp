@@ -451,6 +451,10 @@ void ModulatTest::externalPulsesDisablePeriodAndWidth()
         for (const char* name : {"line_period", "line_width", "us_per", "us_wid", "pulse_period"})
             QCOMPARE(bench.find<QWidget>(name)->isEnabled(), !isExternal);
     }
+    // As a profile may switch it.
+    bench.button("IntExt_PULM")->setChecked(true);
+    QVERIFY(!bench.field("line_period")->isEnabled());
+    bench.button("IntExt_PULM")->setChecked(false);
     bench.panel.setEnabledModulationSetting(true);
     QVERIFY(!bench.field("line_width")->isEnabled());
 }
