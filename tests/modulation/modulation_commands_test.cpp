@@ -59,6 +59,7 @@ private slots:
     void failedReads();
     void widthStaysBelowThePeriod_data();
     void widthStaysBelowThePeriod();
+    void periodAtItsLimitLowersTheWidth();
     void restores_data();
     void restores();
     void exclusionsComeInOrder();
@@ -70,6 +71,8 @@ private slots:
     void offlineOnlyThePanelChanges();
 
 private:
+    void checkInstrumentHoldsPulse();
+
     std::unique_ptr<ModulationRig> m_rig;
 };
 
@@ -233,17 +236,59 @@ void ModulationCommandsTest::widthStaysBelowThePeriod_data()
                                  << QStringList{"PULM:INT:PER 2000.100000 U;PER?!",
                                                 "PULM:INT:PWID 2000.000000 U;PWID?!"}
                                  << "2 000.1, 2 000.00";
+    // No period is long enough for such a width: the width has to give way.
+    QTest::newRow("width at the limit")
+        << "line_width"
+        << "5000"
+        << QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"}
+        << "5 000, 4 999.9";
+    QTest::newRow("width beyond the limit")
+        << "line_width"
+        << "9s"
+        << QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"}
+        << "5 000, 4 999.9";
 }
 
 void ModulationCommandsTest::widthStaysBelowThePeriod()
 {
     QFETCH(QString, field);
     QFETCH(QString, typed);
+    m_rig->limits.pulsePeriodUs.max = 5000;
+    m_rig->limits.pulseWidthUs.max = 5000;
     m_rig->enter("line_width", "20");
     m_rig->sent();
     m_rig->enter(field, typed);
     QTEST(m_rig->sent(), "sent");
     QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
+    checkInstrumentHoldsPulse();
+}
+
+/// A width from before the connection, which no limits bound.
+void ModulationCommandsTest::periodAtItsLimitLowersTheWidth()
+{
+    m_rig->limits.pulsePeriodUs.max = 5000;
+    m_rig->limits.pulseWidthUs.max = 5000;
+    m_rig->get<QLineEdit>("line_width")->setText("5 000");
+    m_rig->enter("line_period", "100");
+    QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
+                                         "PULM:INT:PWID 4999.900000 U;PWID?!"}));
+    checkInstrumentHoldsPulse();
+    m_rig->get<QLineEdit>("line_width")->setText("5 000");
+    m_rig->click("Pulse");
+    QCOMPARE(m_rig->sent().mid(2), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
+                                                "PULM:INT:PWID 4999.900000 U;PWID?!"}));
+    checkInstrumentHoldsPulse();
+}
+
+/// What the instrument holds is what the panel shows, the width below the period.
+void ModulationCommandsTest::checkInstrumentHoldsPulse()
+{
+    const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
+    const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
+    m_rig->demo.takeTranscript();
+    QCOMPARE(periodUs, m_rig->panel.pulsePeriodUs());
+    QCOMPARE(widthUs, m_rig->panel.pulseWidthUs());
+    QVERIFY(widthUs < periodUs);
 }
 
 void ModulationCommandsTest::restores_data()

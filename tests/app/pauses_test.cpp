@@ -1,0 +1,308 @@
+#include "app/side_panels.h"
+#include "link/instrument_limits.h"
+#include "tests/support/panel_rig.h"
+
+#include <QLabel>
+
+#include <functional>
+
+namespace
+{
+const QString closing = QStringLiteral("closeWindow");
+const QString disconnecting = QStringLiteral("connect");
+const QString unplugging = QStringLiteral("unplug");
+const QStringList endings = {closing, disconnecting, unplugging};
+const QStringList handBack = {"*RST\\n", "MEM:MSC ON\\n"};
+
+/// Faster than any pause of a sequence.
+constexpr int clickIntervalMs = 100;
+constexpr int longestRunMs = 20000;
+} // namespace
+
+/// What may happen to the window while a sequence pauses: it is closed, the user disconnects, the
+/// cable is pulled, a button is hit again.
+class PausesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+    void endsInAPause_data();
+    void endsInAPause();
+    void endsWhileConnecting_data();
+    void endsWhileConnecting();
+    void doubleClicks_data();
+    void doubleClicks();
+
+private:
+    QPushButton& button(const QString& name);
+    void setOffline(const QString& names);
+    void openPanelOf(const QString& name);
+    static bool runAsProgram(const std::function<void()>& start);
+    void endOnceSent(const QString& text, const QString& ending);
+    void checkEnded(const QString& ending);
+    QString panelState();
+    QString indicatorState();
+    QString wireState() const;
+
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+    QStringList m_sent; ///< so far, by a sequence that has been interrupted
+    QString m_calls;    ///< of the library, up to the end of the interruption
+    bool m_isInterrupted = false;
+};
+
+void PausesTest::init()
+{
+    m_demo = std::make_unique<Demo>();
+    InstrumentLimits::global() = {};
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    m_rig = std::make_unique<PanelRig>();
+    m_sent.clear();
+    m_isInterrupted = false;
+}
+
+QPushButton& PausesTest::button(const QString& name)
+{
+    return m_rig->get<QPushButton>(qPrintable(name));
+}
+
+/// Without an instrument a click takes no time.
+void PausesTest::setOffline(const QString& names)
+{
+    for (const QString& name : names.split(' ', Qt::SkipEmptyParts))
+        button(name).click();
+}
+
+void PausesTest::openPanelOf(const QString& name)
+{
+    const bool isGenerator = m_rig->get("generator").isAncestorOf(&button(name));
+    m_rig->click(isGenerator ? "open_gener" : "open_mod");
+    QTRY_VERIFY(!SidePanels::moving());
+    QVERIFY(button(name).isVisible());
+}
+
+/// Within the program's own event loop, which the last window ends. False when it does not end.
+bool PausesTest::runAsProgram(const std::function<void()>& start)
+{
+    constexpr int tooLong = 1;
+    QTimer watchdog;
+    connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(tooLong); });
+    watchdog.start(longestRunMs);
+    QTimer::singleShot(0, start);
+    return QCoreApplication::exec() != tooLong;
+}
+
+void PausesTest::endOnceSent(const QString& text, const QString& ending)
+{
+    auto* timer = new QTimer(&m_rig->window());
+    connect(timer, &QTimer::timeout, [=] {
+        if (!(*m_demo)(QStringLiteral("transcript")).contains(text))
+            return;
+        timer->stop();
+        m_sent = m_demo->takeSent();
+        m_isInterrupted = true;
+        if (ending == unplugging)
+            (*m_demo)(unplugging);
+        else
+            m_rig->click(qPrintable(ending));
+        m_calls = (*m_demo)(QStringLiteral("calls"));
+    });
+    timer->start(1);
+}
+
+void PausesTest::checkEnded(const QString& ending)
+{
+    QVERIFY(m_isInterrupted);
+    // Once handed back, the library is not called any more.
+    if (ending != unplugging)
+        QCOMPARE((*m_demo)(QStringLiteral("calls")), m_calls);
+    QCOMPARE(m_demo->takeSent(), ending == unplugging ? QStringList() : handBack);
+    QVERIFY(!m_rig->isConnected());
+    QCOMPARE(m_rig->device(), QString("Disconnected"));
+    QCOMPARE(m_rig->window().isVisible(), ending != closing);
+    QVERIFY(!QApplication::activeModalWidget());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    if (ending != closing)
+        QCOMPARE(indicatorState(), panelState());
+    m_rig->end();
+    QCOMPARE(m_demo->takeSent(), QStringList());
+}
+
+void PausesTest::endsInAPause_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<QString>("seen");
+    QTest::addColumn<QString>("ending");
+    const struct {
+        const char* tag;
+        const char* before;
+        const char* clicked;
+        const char* seen;
+    } rows[] = {
+        {"before on", "", "AM", ""},
+        {"before the set-up", "", "AM", "AM:STATe ON"},
+        {"before the other's off", "AM", "FM", ""},
+        {"between off and on", "AM", "FM", "AM:STATe OFF"},
+        {"back to internal", "IntExt_PM PM", "IntExt_PM", ""},
+        {"before the pulse's values", "", "Pulse", "PULM:SOUR INT"},
+        {"before LF's shape", "", "sine_select", "LFO:STAT ON"},
+        {"before LF's direction", "", "sawPos_select", "SHAP RAMP\\n"},
+        {"behind LF's direction", "", "sawPos_select", "RAMP POS"},
+        {"before AM's off for LF", "AM Pulse", "sine_select", ""},
+        {"behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF"},
+    };
+    for (const auto& row : rows) {
+        for (const QString& ending : endings)
+            QTest::addRow("%s: %s", row.tag, qPrintable(ending))
+                << row.before << row.clicked << row.seen << ending;
+    }
+}
+
+void PausesTest::endsInAPause()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, clicked);
+    QFETCH(QString, seen);
+    QFETCH(QString, ending);
+    setOffline(before);
+    m_rig->connectDevice();
+    openPanelOf(clicked);
+    m_demo->takeTranscript();
+    QVERIFY(runAsProgram([&] {
+        endOnceSent(seen, ending);
+        m_rig->click(qPrintable(clicked));
+        QCoreApplication::exit();
+    }));
+    checkEnded(ending);
+}
+
+void PausesTest::endsWhileConnecting_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("seen");
+    QTest::addColumn<QString>("ending");
+    for (const QString& ending : endings) {
+        QTest::addRow("LF ramp: %s", qPrintable(ending)) << "sawNeg_select"
+                                                         << "SHAP RAMP\\n"
+                                                         << ending;
+        QTest::addRow("pulse: %s", qPrintable(ending)) << "Pulse"
+                                                       << "PULM:SOUR INT" << ending;
+    }
+}
+
+void PausesTest::endsWhileConnecting()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, seen);
+    QFETCH(QString, ending);
+    setOffline(before);
+    m_demo->takeTranscript();
+    QVERIFY(runAsProgram([&] {
+        endOnceSent(seen, ending);
+        m_rig->connectDevice();
+        QCoreApplication::exit();
+    }));
+    checkEnded(ending);
+}
+
+void PausesTest::doubleClicks_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("clicks");
+    QTest::addColumn<QString>("on");
+    const auto row = [](const char* before, const char* clicks, const char* on) {
+        QTest::addRow("%s then %s", before, clicks) << before << clicks << on;
+    };
+    row("", "AM AM", "");
+    row("", "AM AM AM", "AM");
+    row("", "AM FM FM", "");
+    row("AM", "FM FM", "");
+    row("AM", "IntExt_AM IntExt_AM", "AM");
+    row("", "Pulse Pulse", "");
+    row("", "Pulse Pulse Pulse", "PULM");
+    row("", "Pulse IntExt_PULM IntExt_PULM", "PULM");
+    row("", "sine_select sine_select", "");
+    row("", "sawPos_select dc_select dc_select", "");
+    row("", "sine_select triangle_select triangle_select triangle_select", "LFO");
+    row("AM Pulse", "sine_select sine_select", "");
+    row("AM Pulse", "sine_select sine_select sine_select", "LFO");
+}
+
+void PausesTest::doubleClicks()
+{
+    QFETCH(QString, before);
+    QFETCH(QString, clicks);
+    QFETCH(QString, on);
+    setOffline(before);
+    m_rig->connectDevice();
+    const QStringList names = clicks.split(' ');
+    openPanelOf(names.first());
+    int open = names.size();
+    QVERIFY(runAsProgram([&] {
+        for (int i = 0; i < names.size(); ++i) {
+            QTimer::singleShot(i * clickIntervalMs, &m_rig->window(), [&, i] {
+                QTest::mouseClick(&button(names.at(i)), Qt::LeftButton);
+                if (--open == 0)
+                    QCoreApplication::exit();
+            });
+        }
+    }));
+    m_sent = m_demo->takeSent();
+    QCOMPARE(panelState(), on);
+    QCOMPARE(indicatorState(), on);
+    QCOMPARE(wireState(), on);
+    QVERIFY(m_rig->isConnected());
+}
+
+QString PausesTest::panelState()
+{
+    QStringList on;
+    for (const char* name : {"AM", "FM", "PM"}) {
+        if (button(name).isChecked())
+            on << name;
+    }
+    if (button("Pulse").isChecked())
+        on << "PULM";
+    const auto shapes = m_rig->get("generator").findChildren<QPushButton*>();
+    if (std::any_of(shapes.begin(), shapes.end(), [](auto* shape) { return shape->isChecked(); }))
+        on << "LFO";
+    return on.join(' ');
+}
+
+QString PausesTest::indicatorState()
+{
+    const auto picture = [this](const char* name) {
+        return m_rig->get<QLabel>(name).pixmap(Qt::ReturnByValue).toImage();
+    };
+    QStringList on;
+    for (const char* name : {"AM", "FM", "PM"}) {
+        const QPixmap icon = button(name).icon().pixmap(button(name).iconSize());
+        if (picture("label_AmPmFm") == icon.toImage())
+            on << name;
+    }
+    if (!picture("label_PULM").isNull())
+        on << "PULM";
+    if (!picture("label_Gener").isNull())
+        on << "LFO";
+    return on.join(' ');
+}
+
+/// What the instrument has been told last of each.
+QString PausesTest::wireState() const
+{
+    QStringList on;
+    for (const char* name : {"AM", "FM", "PM", "PULM", "LFO"}) {
+        const QStringList states = m_sent.filter(
+            QRegularExpression(QStringLiteral("^%1:STATe? ").arg(QLatin1String(name))));
+        if (!states.isEmpty() && states.last().endsWith(" ON\\n"))
+            on << name;
+    }
+    return on.join(' ');
+}
+
+QTEST_MAIN(PausesTest)
+#include "pauses_test.moc"
