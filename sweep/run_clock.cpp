@@ -11,7 +11,7 @@ constexpr double usPerMs = 1000.0;
 constexpr double nsPerUs = 1000.0;
 } // namespace
 
-RunClock::RunClock(QObject* parent) : QObject(parent)
+RunClock::RunClock(QObject* parent) : QObject(parent), m_ticker(this)
 {
     m_ticker.setInterval(tickMs);
     connect(&m_ticker, &QTimer::timeout, this, &RunClock::tick);

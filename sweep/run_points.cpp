@@ -25,7 +25,7 @@ double readNumber(const QString& text)
 
 double readCell(const QString& text, double valueWhenEmpty)
 {
-    return text.isEmpty() ? valueWhenEmpty : readNumber(text);
+    return withoutBlanks(text).isEmpty() ? valueWhenEmpty : readNumber(text);
 }
 
 /// A dwell that cannot run takes no time.
