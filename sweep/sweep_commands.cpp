@@ -190,7 +190,6 @@ void SweepCommands::endRun()
 
 void SweepCommands::connectionLost()
 {
-    ++m_run;
     m_transfer.abandon();
     for (const Mode mode : {Mode::Sweep, Mode::List})
         runButton(mode).setChecked(false);

@@ -1,0 +1,215 @@
+#include "panel/progress_bar_for_table.h"
+#include "tests/sweep/sweep_rig.h"
+
+#include <memory>
+
+namespace
+{
+constexpr int shortPauseMs = 20;
+
+/// One list as it goes out, in the blocks "0-32 32-70" of its values.
+QStringList listCommands(const QString& name, const QStringList& values, const QString& blocks)
+{
+    QStringList commands;
+    for (const QString& block : blocks.split(' ', Qt::SkipEmptyParts)) {
+        const int first = block.section('-', 0, 0).toInt();
+        const QStringList part = values.mid(first, block.section('-', 1).toInt() - first);
+        commands << "LIST:" + name + (first == 0 ? " " : ":ADD ") + part.join(',') + "~";
+    }
+    if (commands.isEmpty())
+        return {"!"};
+    commands.last() += '!';
+    return commands;
+}
+
+/// All three, of the rows that SweepRig::fillRows makes.
+QStringList tableCommands(int rows, const QString& blocks)
+{
+    QStringList frequencies;
+    QStringList powers;
+    QStringList dwells;
+    for (int row = 0; row < rows; ++row) {
+        frequencies << QString("1 %1 000Hz").arg(100 + row);
+        powers << QString::number(-(row % 21));
+        // 1000 to 1999 microseconds
+        const QString digits = QString::number(1000 + row);
+        QString seconds = "0.00" + digits;
+        while (seconds.endsWith('0'))
+            seconds.chop(1);
+        dwells << seconds;
+    }
+    if (rows == 0)
+        return {"!!!"};
+    return listCommands("FREQ", frequencies, blocks) + listCommands("POW", powers, blocks) +
+           listCommands("DWEL", dwells, blocks);
+}
+} // namespace
+
+/// How the table gets into the instrument.
+class ListTransferTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { make(shortPauseMs); }
+    void cleanup() { m_rig.reset(); }
+
+    void sizes_data();
+    void sizes();
+    void cells_data();
+    void cells();
+    void waitsBetweenBlocks();
+    void barShowsTheProgress();
+    void uncheckedInAPause_data();
+    void uncheckedInAPause();
+    void tableChangedInAPause();
+
+private:
+    void make(int pauseMs)
+    {
+        m_rig.reset();
+        m_rig = std::make_unique<SweepRig>(pauseMs);
+        // The transfer alone, without the run.
+        const QSignalBlocker quiet(m_rig->panel.runList());
+        m_rig->panel.runList().setChecked(true);
+    }
+
+    std::unique_ptr<SweepRig> m_rig;
+};
+
+void ListTransferTest::sizes_data()
+{
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<QString>("blocks");
+    QTest::newRow("0") << 0 << "";
+    QTest::newRow("1") << 1 << "0-1";
+    QTest::newRow("31") << 31 << "0-31";
+    QTest::newRow("32") << 32 << "0-32";
+    QTest::newRow("33") << 33 << "0-32 32-33";
+    QTest::newRow("64") << 64 << "0-32 32-64";
+    QTest::newRow("70") << 70 << "0-32 32-64 64-70";
+    QString blocks;
+    for (int first = 0; first < 992; first += 32)
+        blocks += QString("%1-%2 ").arg(first).arg(first + 32);
+    QTest::newRow("1000") << 1000 << blocks + "992-1000";
+}
+
+void ListTransferTest::sizes()
+{
+    QFETCH(int, rows);
+    QFETCH(QString, blocks);
+    m_rig->fillRows(rows);
+    QVERIFY(m_rig->transfer.transferTable());
+    QCOMPARE(m_rig->sent(), tableCommands(rows, blocks));
+    QVERIFY(m_rig->isTidy());
+    for (const char* list : {"FREQ", "POW", "DWEL"})
+        QCOMPARE(m_rig->ask(QString("LIST:%1:POIN?").arg(list)).toInt(), rows);
+}
+
+void ListTransferTest::cells_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QStringList>("sent");
+    QTest::newRow("short dwell") << "1 000 000;-5;50"
+                                 << QStringList{"FREQ 1 000 000Hz", "POW -5", "DWEL 5e-05"};
+    QTest::newRow("grouped dwell")
+        << "1 000 000;0;1 000" << QStringList{"FREQ 1 000 000Hz", "POW 0", "DWEL 0.001"};
+    QTest::newRow("six digits") << "1 000.5;-5.50;1 234 567.8"
+                                << QStringList{"FREQ 1 000.5Hz", "POW -5.50", "DWEL 1.23457"};
+    QTest::newRow("empty") << ";;" << QStringList{"FREQ 1 000Hz", "POW -7", "DWEL 0.001"};
+    QTest::newRow("formats") << "%s %1;%n%lf;%d"
+                             << QStringList{"FREQ %s %1Hz", "POW %n%lf", "DWEL 0"};
+}
+
+void ListTransferTest::cells()
+{
+    QFETCH(QString, row);
+    QFETCH(QStringList, sent);
+    m_rig->fill({row});
+    m_rig->transfer.transferTable();
+    for (QString& command : sent)
+        command = "LIST:" + command + "~";
+    QStringList onTheWire = m_rig->sent();
+    onTheWire.replaceInStrings("!", "");
+    QCOMPARE(onTheWire, sent);
+    for (int column = 0; column < 3; ++column)
+        QCOMPARE(m_rig->panel.table().text(0, column), row.section(';', column, column));
+}
+
+void ListTransferTest::waitsBetweenBlocks()
+{
+    make(ListTransfer::usualPauseMs);
+    m_rig->fillRows(70);
+    int turns = 0;
+    QTimer ticker;
+    connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
+    ticker.start(50);
+    QElapsedTimer clock;
+    clock.start();
+    m_rig->transfer.transferTable();
+    // One pause in each list: behind its second block, not behind the first or the remainder.
+    QCOMPARE((clock.elapsed() + 50) / 500, qint64(3));
+    QVERIFY(turns >= 15);
+}
+
+void ListTransferTest::barShowsTheProgress()
+{
+    make(ListTransfer::usualPauseMs);
+    QStringList seen;
+    const auto look = [&] {
+        auto* bar = m_rig->host.findChild<progressBarForTable*>("progressBarForTable");
+        PointTable& table = m_rig->panel.table();
+        QVERIFY(bar && bar == table.findChild<QWidget*>("progressBarForTable"));
+        seen << QString("%1/%2 %3").arg(bar->value()).arg(bar->maximum()).arg(bar->format());
+        QCOMPARE(m_rig->panel.cursor().shape(), Qt::WaitCursor);
+        table.resize(table.width() + 5, table.height() + 5);
+        QCOMPARE(bar->geometry(), table.rect());
+    };
+    m_rig->panel.table().parentWidget()->show();
+    m_rig->fillRows(64);
+    m_rig->whenSent("1 132 000Hz", look);
+    m_rig->whenSent(",0.001063", look);
+    m_rig->transfer.transferTable();
+    QCOMPARE(seen, QStringList({"1/6 List 1 of 3, 0:02 left", "3/6 List 3 of 3, 0:01 left"}));
+    QVERIFY(m_rig->isTidy());
+}
+
+void ListTransferTest::uncheckedInAPause_data()
+{
+    QTest::addColumn<QString>("seen");
+    QTest::addColumn<int>("commands");
+    QTest::newRow("first") << "1 132 000Hz" << 2;
+    QTest::newRow("last of a list") << "1 164 000Hz" << 3;
+    QTest::newRow("power") << ":POW:ADD" << 6;
+    QTest::newRow("dwell") << "0.001032" << 10;
+    QTest::newRow("last") << "0.001064" << 11;
+}
+
+/// What remains of the list is not sent, nor are the lists after it.
+void ListTransferTest::uncheckedInAPause()
+{
+    QFETCH(QString, seen);
+    QFETCH(int, commands);
+    m_rig->fillRows(100);
+    m_rig->whenSent(seen, [this] {
+        const QSignalBlocker quiet(m_rig->panel.runList());
+        m_rig->panel.runList().setChecked(false);
+    });
+    QVERIFY(m_rig->transfer.transferTable());
+    QStringList expected = tableCommands(100, "0-32 32-64 64-96 96-100").mid(0, commands);
+    expected.last() += '!';
+    QCOMPARE(m_rig->sent(), expected);
+    QVERIFY(m_rig->isTidy());
+}
+
+/// The three lists fit each other whatever becomes of the table meanwhile.
+void ListTransferTest::tableChangedInAPause()
+{
+    m_rig->fillRows(70);
+    m_rig->whenSent("1 132 000Hz", [this] { m_rig->panel.table().setRowCount(3); });
+    m_rig->transfer.transferTable();
+    QCOMPARE(m_rig->sent(), tableCommands(70, "0-32 32-64 64-70"));
+}
+
+QTEST_MAIN(ListTransferTest)
+#include "list_transfer_test.moc"

@@ -1,0 +1,181 @@
+#pragma once
+
+#include "link/scpi_session.h"
+#include "panel/numeric_field.h"
+#include "sweep/list_panel.h"
+#include "sweep/list_transfer.h"
+#include "sweep/point_table.h"
+#include "sweep/sweep_commands.h"
+#include "sweep/trigger_commands.h"
+#include "tests/support/demo.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <clocale>
+#include <functional>
+
+/// The sweep and list panel and its commands over the simulated instrument, joined as the window
+/// joins them.
+class SweepRig
+{
+public:
+    explicit SweepRig(int pauseMs) : transfer(session, panel, power, pauseMs)
+    {
+        std::setlocale(LC_NUMERIC, "C");
+        setUpNumericField(&frequency, FieldKind::Frequency);
+        setUpNumericField(&power, FieldKind::Power);
+        frequency.setText("1 500 000 000");
+        power.setText("-7");
+        pulse.setCheckable(true);
+        visa.load(Demo::libraryPath().toLocal8Bit().constData());
+        session.openResourceManager();
+        open();
+        QObject::connect(&session, &ScpiSession::connectionFailed, [this] { disconnect(); });
+        QObject::connect(&sweep, &SweepCommands::runStarting, [this] { whenStarting(); });
+        QObject::connect(&sweep, &SweepCommands::runStarted, [this] { events << "started"; });
+        QObject::connect(&sweep, &SweepCommands::runStopped, [this] { events << "stopped"; });
+        QObject::connect(&triggers, &TriggerCommands::stepped,
+                         [this](int direction) { events << QString::number(direction); });
+        QObject::connect(&triggers, &TriggerCommands::movedTo,
+                         [this](int number) { events << QString("to %1").arg(number); });
+        QObject::connect(&triggers, &TriggerCommands::refreshWanted,
+                         [this] { events << "refresh"; });
+        host.show();
+    }
+
+    ~SweepRig() { session.close(); }
+
+    void open()
+    {
+        if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
+            qFatal("no instrument");
+        session.setConnected();
+        demo.takeTranscript();
+    }
+
+    void disconnect()
+    {
+        session.close();
+        sweep.connectionLost();
+    }
+
+    QPushButton& button(const QString& name)
+    {
+        auto* found = host.findChild<QPushButton*>(name);
+        if (!found)
+            qFatal("no %s", qUtf8Printable(name));
+        return *found;
+    }
+
+    /// Clicks one after the other, separated by blanks. Returns when all that this starts is over.
+    void click(const QString& names)
+    {
+        for (const QString& name : names.split(' ', Qt::SkipEmptyParts))
+            button(name).click();
+    }
+
+    /// Rows of "frequency;power;dwell", into the cells as they stand.
+    void fill(const QStringList& rows)
+    {
+        const QSignalBlocker asTheyStand(panel.table());
+        panel.table().setRowCount(static_cast<int>(rows.size()));
+        for (int row = 0; row < rows.size(); ++row) {
+            const QStringList cells = rows.at(row).split(';');
+            for (int column = 0; column < cells.size(); ++column)
+                panel.table().setItem(row, column, new QTableWidgetItem(cells.at(column)));
+        }
+    }
+
+    /// Rows that differ from each other, so that none can be taken for another.
+    void fillRows(int count)
+    {
+        QStringList rows;
+        for (int row = 0; row < count; ++row)
+            rows << QString("1 %1 000;%2;%3").arg(100 + row).arg(-(row % 21)).arg(1000 + row);
+        fill(rows);
+    }
+
+    /// Once what has been sent contains a text, in a pause of whatever sends it.
+    void whenSent(const QString& text, const std::function<void()>& action)
+    {
+        auto* timer = new QTimer(&host);
+        QObject::connect(timer, &QTimer::timeout, &host, [=] {
+            if (!demo("transcript").contains(text))
+                return;
+            timer->stop();
+            action();
+        });
+        timer->start(1);
+    }
+
+    /// What has been sent since the last call, without line feeds; "!" stands for each look into
+    /// the error queue and "~" for each "*OPC?" without one, behind the command before it.
+    QStringList sent()
+    {
+        QStringList commands = {QString()};
+        for (const QString& line : demo.takeSent()) {
+            if (line == "SYSTem:ERRor?\\n")
+                commands.last() += '!';
+            else if (line == "*OPC?")
+                commands.last() += '~';
+            else if (line.endsWith("\\n"))
+                commands << line.chopped(2);
+            else
+                commands << line + " without line feed";
+        }
+        if (commands.first().isEmpty())
+            commands.removeFirst();
+        return commands;
+    }
+
+    /// The instrument's own answer; leaves no trace in the transcript.
+    QString ask(const QString& query)
+    {
+        const QString answer = session.query(query).trimmed();
+        demo.takeTranscript();
+        return answer;
+    }
+
+    /// Point, state and values that the instrument has reached.
+    QString whereItIs()
+    {
+        return QStringList{ask("LIST:POIN:CURR?"), ask("TRIG:STAT?"), ask("FREQ:CURR?"),
+                           ask("POW:CURR?")}
+            .join(' ');
+    }
+
+    /// Whether a transfer has left something behind.
+    bool isTidy()
+    {
+        return !host.findChild<QWidget*>("progressBarForTable") &&
+               panel.cursor().shape() == Qt::ArrowCursor && !QGuiApplication::overrideCursor();
+    }
+
+    /// "+" for each that can be used of frequency, power and the two other controls, else "-".
+    QString usableCw()
+    {
+        QString usable;
+        for (const QWidget* widget : QList<const QWidget*>{&frequency, &power, &key, &otherKey})
+            usable += widget->isEnabled() ? '+' : '-';
+        return usable;
+    }
+
+    Demo demo;
+    VisaLibrary visa;
+    ScpiSession session{visa};
+    QWidget host;
+    List panel{&host};
+    QLineEdit frequency{&host};
+    QLineEdit power{&host};
+    QPushButton key{&host};
+    QPushButton otherKey{&host};
+    QPushButton pulse{&host};
+    TriggerCommands triggers{session, panel, pulse};
+    ListTransfer transfer;
+    SweepCommands sweep{session, panel, triggers, transfer, {frequency, power, {&key, &otherKey}}};
+    std::function<void()> whenStarting = [this] { events << "starting"; };
+    /// What has been announced, in order.
+    QStringList events;
+};
