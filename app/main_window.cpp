@@ -21,6 +21,10 @@
 #include "service/about_box.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
+#include "sweep/list_panel.h"
+#include "sweep/list_transfer.h"
+#include "sweep/sweep_commands.h"
+#include "sweep/trigger_commands.h"
 #include "ui/resources.h"
 #include "ui_mainwindow.h"
 
@@ -70,6 +74,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireCwControls();
     wirePowerMode();
     wireModulation();
+    wireSweep();
     wireService();
     setUpPush();
     loadSettings();
@@ -261,6 +266,14 @@ void MainWindow::update_Generator()
 {
     m_lfGenerator->update_Generator();
 }
+void MainWindow::CommandSweep()
+{
+    m_sweepCommands->CommandSweep();
+}
+void MainWindow::CommandList()
+{
+    m_sweepCommands->CommandList();
+}
 void MainWindow::initial_service()
 {
     m_serviceCommands->initial_service();
@@ -328,7 +341,6 @@ void MainWindow::refreshPanel(QWidget* panel)
 
 void MainWindow::retranslate()
 {
-    m_list->setTitle(tr("Sweep/List"));
     m_profiles->setTitle(tr("Profiles"));
     m_cw->retranslate();
 }

@@ -20,6 +20,8 @@ class HotPlugWatch;
 class Keypad;
 class Language;
 class LfGeneratorCommands;
+class List;
+class ListTransfer;
 class Modulat;
 class ModulationCommands;
 class PowerMode;
@@ -27,6 +29,8 @@ class ServiceCommands;
 class SidePanel;
 class SidePanels;
 class StatusLine;
+class SweepCommands;
+class TriggerCommands;
 class generator;
 class service;
 
@@ -79,6 +83,8 @@ public slots:
     void animate_move_service();
     void update_Modulation();
     void update_Generator();
+    void CommandSweep();
+    void CommandList();
 
     void toHelp();
 
@@ -101,6 +107,7 @@ private:
     void wireCwControls();
     void wirePowerMode();
     void wireModulation();
+    void wireSweep();
     void wireService();
     void openVisa();
     QString themeSetting() const;
@@ -135,13 +142,16 @@ private:
     std::unique_ptr<PowerMode> m_powerMode;
     std::unique_ptr<ModulationCommands> m_modulationCommands;
     std::unique_ptr<LfGeneratorCommands> m_lfGenerator;
+    std::unique_ptr<ListTransfer> m_listTransfer;
+    std::unique_ptr<TriggerCommands> m_triggers;
+    std::unique_ptr<SweepCommands> m_sweepCommands;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
-    SidePanel* m_list = nullptr;
+    List* m_list = nullptr;
     generator* m_generator = nullptr;
     SidePanel* m_profiles = nullptr;
     service* m_service = nullptr;

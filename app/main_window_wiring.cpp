@@ -17,6 +17,10 @@
 #include "service/about_box.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
+#include "sweep/list_panel.h"
+#include "sweep/list_transfer.h"
+#include "sweep/sweep_commands.h"
+#include "sweep/trigger_commands.h"
 #include "ui_mainwindow.h"
 
 // Who hears whom: the form, the side panels, the operations and the connection, one function each.
@@ -26,7 +30,7 @@
 void MainWindow::setUpPanels()
 {
     m_modulation = new Modulat(this);
-    m_list = new SidePanel(QStringLiteral("List"), this);
+    m_list = new List(this);
     m_generator = new generator(this);
     m_profiles = new SidePanel(QStringLiteral("openSaveProfile"), this);
     m_service = new service(this);
@@ -133,11 +137,31 @@ void MainWindow::wireModulation()
     connect(m_modulationCommands.get(), &ModulationCommands::switchedOn, this, [this] {
         if (m_generator->isOn())
             m_generator->autoOff();
+        if (m_list->isRunning())
+            m_list->autoOff();
     });
+    connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsSweepOff, m_list, &List::autoOff);
     connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsModulationOff, this,
             [this] { m_modulationCommands->switchEverythingOff(true); });
     connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
+}
+
+void MainWindow::wireSweep()
+{
+    m_triggers = std::make_unique<TriggerCommands>(m_session, *m_list, *m_modulation->pulse());
+    m_listTransfer = std::make_unique<ListTransfer>(m_session, *m_list, *m_ui->POW);
+    m_sweepCommands = std::make_unique<SweepCommands>(
+        m_session, *m_list, *m_triggers, *m_listTransfer,
+        SweepCommands::CwWidgets{*m_ui->FREQ, *m_ui->POW, {m_ui->key_FREQ, m_ui->key_POW}});
+    connect(m_sweepCommands.get(), &SweepCommands::runStarting, this, [this] {
+        m_modulationCommands->switchEverythingOff(true);
+        if (m_generator->isOn())
+            m_generator->autoOff();
+    });
+    connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
+            &SweepCommands::connectionLost);
+    connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
 }
 
 void MainWindow::wireService()
