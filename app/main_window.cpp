@@ -3,6 +3,7 @@
 #include "app/demo_mode.h"
 #include "app/help_file.h"
 #include "app/language.h"
+#include "app/panel_profiles.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
 #include "app/theme_choice.h"
@@ -17,7 +18,7 @@
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
 #include "panel/power_mode.h"
-#include "panel/side_panel.h"
+#include "profiles/open_save_profile.h"
 #include "service/about_box.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
@@ -76,6 +77,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireModulation();
     wireSweep();
     wireService();
+    wireProfiles();
     setUpPush();
     loadSettings();
     openVisa();
@@ -87,17 +89,17 @@ MainWindow::~MainWindow()
 {
     m_connection.shutDown();
     m_session.closeResourceManager();
+    m_panelProfiles->saveLast();
 }
 
 void MainWindow::start()
 {
     m_ui->FREQ->setFocus();
     show();
+    m_panelProfiles->applyAtStart(m_options.profilePath, m_options.isClean);
     QApplication::processEvents();
     if (m_session.isConnected())
         m_session.checkErrors();
-    if (!m_options.profilePath.isEmpty())
-        m_status->showMessage(tr("This version cannot apply profiles"));
     QTimer::singleShot(0, this, [this] { m_ui->connect->click(); });
     if (!m_options.screenshotPath.isEmpty())
         saveScreenshotOnceSettled();
@@ -341,7 +343,6 @@ void MainWindow::refreshPanel(QWidget* panel)
 
 void MainWindow::retranslate()
 {
-    m_profiles->setTitle(tr("Profiles"));
     m_cw->retranslate();
 }
 

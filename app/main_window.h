@@ -24,14 +24,15 @@ class List;
 class ListTransfer;
 class Modulat;
 class ModulationCommands;
+class PanelProfiles;
 class PowerMode;
 class ServiceCommands;
-class SidePanel;
 class SidePanels;
 class StatusLine;
 class SweepCommands;
 class TriggerCommands;
 class generator;
+class openSaveProfile;
 class service;
 
 namespace Ui
@@ -109,6 +110,7 @@ private:
     void wireModulation();
     void wireSweep();
     void wireService();
+    void wireProfiles();
     void openVisa();
     QString themeSetting() const;
     void chooseLanguage(const QString& code);
@@ -147,12 +149,13 @@ private:
     std::unique_ptr<SweepCommands> m_sweepCommands;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<StatusLine> m_status;
+    std::unique_ptr<PanelProfiles> m_panelProfiles;
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
     List* m_list = nullptr;
     generator* m_generator = nullptr;
-    SidePanel* m_profiles = nullptr;
+    openSaveProfile* m_profiles = nullptr;
     service* m_service = nullptr;
 };

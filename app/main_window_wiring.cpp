@@ -2,6 +2,7 @@
 
 #include "app/error_box.h"
 #include "app/language.h"
+#include "app/panel_profiles.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
@@ -14,6 +15,7 @@
 #include "panel/keypad.h"
 #include "panel/power_mode.h"
 #include "panel/wgt_mode_pow.h"
+#include "profiles/open_save_profile.h"
 #include "service/about_box.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
@@ -32,20 +34,17 @@ void MainWindow::setUpPanels()
     m_modulation = new Modulat(this);
     m_list = new List(this);
     m_generator = new generator(this);
-    m_profiles = new SidePanel(QStringLiteral("openSaveProfile"), this);
     m_service = new service(this);
 
     m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
     m_sidePanels->add(m_modulation, m_ui->open_mod);
     m_sidePanels->add(m_list, m_ui->open_list);
     m_sidePanels->add(m_generator, m_ui->open_gener);
-    m_sidePanels->add(m_profiles, m_ui->profiles);
     m_sidePanels->add(m_service, m_ui->service);
 
     connect(m_modulation, &SidePanel::hide_, this, &MainWindow::closeFromModulation);
     connect(m_list, &SidePanel::hide_, this, &MainWindow::closeFromList);
     connect(m_generator, &SidePanel::hide_, this, &MainWindow::closeFromGenerator);
-    connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
     connect(m_service, &SidePanel::hide_, this, &MainWindow::service_close);
     connect(this, &MainWindow::service_animate, this, &MainWindow::animate_move_service);
     connect(m_sidePanels.get(), &SidePanels::allMoved, this, &MainWindow::allow_move);
@@ -188,6 +187,34 @@ void MainWindow::setUpPush()
         [this] { m_powerMode->restore(); },
         [this] { m_lfGenerator->restore(); },
         [this] { m_modulationCommands->restore(); },
+void MainWindow::wireProfiles()
+{
+    PanelProfiles::Parts parts{*this,
+                               *m_modulation,
+                               *m_generator,
+                               *m_list,
+                               *m_cw,
+                               *m_ui->ROSC_FREQ,
+                               m_session,
+                               m_connection,
+                               *m_status,
+                               [this] {
+                                   update_Modulation();
+                                   update_Generator();
+                               },
+                               // A profile switches no RF output, connects to nothing, starts no
+                               // run and opens no panel.
+                               {m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list,
+                                m_ui->open_gener, m_ui->profiles, m_ui->service, m_service,
+                                &m_list->runSweep(), &m_list->runList()},
+                               {m_ui->closeWindow, m_ui->minimize}};
+    m_panelProfiles = std::make_unique<PanelProfiles>(parts);
+    m_profiles = new openSaveProfile(m_panelProfiles->files(), this);
+    m_panelProfiles->files().store().exclude(m_profiles);
+    m_sidePanels->add(m_profiles, m_ui->profiles);
+    connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
+}
+
         [this] { m_cw->pushExternalReference(); },
         [this] { m_serviceCommands->readDac(); },
     });

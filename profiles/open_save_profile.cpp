@@ -22,7 +22,7 @@ namespace
 constexpr int spacing = 8;
 constexpr int sectionSpacing = 16;
 constexpr int rowHeight = 32;
-constexpr int mostRowsInSight = 9;
+constexpr int leastRowsInSight = 6;
 /// Files that change together are looked at once.
 constexpr int changesMs = 100;
 } // namespace
@@ -30,8 +30,8 @@ constexpr int changesMs = 100;
 openSaveProfile::openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent)
     : SidePanel(QStringLiteral("openSaveProfile"), parent), m_profiles(profiles),
       m_heading(new QLabel(this)), m_none(new QLabel(this)), m_scroll(new QScrollArea(this)),
-      m_name(new QLineEdit(this)), m_save(new QPushButton(this)), m_open(new QPushButton(this)),
-      m_saveFile(new QPushButton(this))
+      m_nameCaption(new QLabel(this)), m_name(new QLineEdit(this)), m_save(new QPushButton(this)),
+      m_open(new QPushButton(this)), m_saveFile(new QPushButton(this))
 {
     build();
     wire();
@@ -40,6 +40,7 @@ openSaveProfile::openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent)
                 [this, number] { applyNumber(number); });
     }
     openSaveProfile::retranslate();
+    showRows();
     refresh();
 }
 
@@ -54,7 +55,10 @@ void openSaveProfile::build()
     m_none->setWordWrap(true);
     m_name->setMaxLength(nameLengthLimit);
 
+    m_nameCaption->setBuddy(m_name);
+
     auto* rows = new QWidget(m_scroll);
+    rows->setObjectName(QStringLiteral("profile_rows"));
     m_list = new QVBoxLayout(rows);
     m_list->setContentsMargins(0, 0, 0, 0);
     m_list->setSpacing(spacing);
@@ -63,9 +67,11 @@ void openSaveProfile::build()
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::NoFrame);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setMinimumHeight(leastRowsInSight * (rowHeight + spacing) - spacing);
 
     auto* save = new QHBoxLayout;
     save->setSpacing(spacing);
+    save->addWidget(m_nameCaption);
     save->addWidget(m_name, 1);
     save->addWidget(m_save);
     auto* files = new QHBoxLayout;
@@ -74,10 +80,11 @@ void openSaveProfile::build()
     files->addWidget(m_saveFile, 1);
     content()->addWidget(m_heading);
     content()->addWidget(m_none);
-    content()->addWidget(m_scroll);
+    content()->addWidget(m_scroll, 1);
     content()->addLayout(save);
     content()->addSpacing(sectionSpacing);
     content()->addLayout(files);
+    growContent();
 }
 
 void openSaveProfile::wire()
@@ -111,7 +118,7 @@ void openSaveProfile::refresh()
     m_found.clear();
     m_profiles.getQuickProfiles();
     // What is shown may be in use: a name may be being typed.
-    if (m_found == m_shown && m_rows.size() == m_shown.size())
+    if (m_found == m_shown)
         return;
     m_shown = m_found;
     showRows();
@@ -132,7 +139,6 @@ void openSaveProfile::showRows()
     for (const QuickProfile& profile : qAsConst(m_shown))
         addRow(profile);
     m_none->setVisible(m_shown.isEmpty());
-    fitList();
     if (focused >= 0 && !m_rows.isEmpty())
         m_rows.at(std::min(focused, m_rows.size() - 1))->apply()->setFocus();
 }
@@ -150,14 +156,6 @@ void openSaveProfile::addRow(const QuickProfile& profile)
             refresh();
     });
     connect(row, &QuickProfileRow::deleteWanted, this, [this, profile] { askToDelete(profile); });
-}
-
-/// As tall as the rows, up to what fits beside the front panel.
-void openSaveProfile::fitList()
-{
-    const int rows = std::min(m_rows.size(), mostRowsInSight);
-    m_scroll->setFixedHeight(std::max(rows * (rowHeight + spacing) - spacing, 0));
-    m_scroll->setVisible(rows > 0);
 }
 
 void openSaveProfile::applyNumber(int number)
@@ -210,7 +208,7 @@ void openSaveProfile::retranslate()
     setTitle(tr("Profiles"));
     m_heading->setText(tr("Quick profiles"));
     m_none->setText(tr("None yet: give the present settings a name and save them."));
-    m_name->setPlaceholderText(tr("Name"));
+    m_nameCaption->setText(tr("Name"));
     m_save->setText(tr("Save"));
     m_open->setText(tr("Open file..."));
     m_saveFile->setText(tr("Save file..."));

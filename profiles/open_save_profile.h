@@ -50,7 +50,6 @@ private:
     void watchFolder();
     void showRows();
     void addRow(const QuickProfile& profile);
-    void fitList();
     void saveNamed();
     void saveAs(const QString& name);
     void askToDelete(const QuickProfile& profile);
@@ -66,6 +65,7 @@ private:
     QLabel* m_none;
     QScrollArea* m_scroll;
     QVBoxLayout* m_list;
+    QLabel* m_nameCaption;
     QLineEdit* m_name;
     QPushButton* m_save;
     QPushButton* m_open;

@@ -17,6 +17,7 @@ namespace
 {
 constexpr int spacing = 8;
 constexpr int keyWidth = 48;
+constexpr int toolSide = 32;
 /// Frame and padding of the button, beside its text.
 constexpr int aroundText = 32;
 
@@ -26,6 +27,7 @@ QToolButton* newTool(const QString& objectName, const QString& image, QWidget* p
     tool->setObjectName(objectName);
     tool->setIcon(QIcon(image));
     tool->setAutoRaise(true);
+    tool->setFixedSize(toolSide, toolSide);
     return tool;
 }
 } // namespace

@@ -1,0 +1,175 @@
+#include "app/panel_profiles.h"
+
+#include "app/error_box.h"
+#include "app/status_line.h"
+#include "link/connection.h"
+#include "link/pause.h"
+#include "link/scpi_session.h"
+#include "modulation/generator.h"
+#include "modulation/modulat.h"
+#include "numbers/number_text.h"
+#include "numbers/step_table.h"
+#include "numbers/unit_keys.h"
+#include "panel/cw_controls.h"
+#include "panel/unit_key_filter.h"
+#include "panel/user_folder.h"
+#include "sweep/list_panel.h"
+#include "sweep/sweep_group.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <utility>
+
+namespace
+{
+const QString documentName = QStringLiteral("KLV");
+/// A little longer than the pauses of the sequences that the clicks start.
+constexpr int waitMs = 450;
+
+SharedVariable::Type typeOf(StepKind kind)
+{
+    if (kind == StepKind::Frequency || kind == StepKind::Time)
+        return SharedVariable::Type::Int64;
+    return isWholeStep(kind) ? SharedVariable::Type::Int32 : SharedVariable::Type::Double;
+}
+
+SharedVariable stepVariable(StepKind kind)
+{
+    return {stepKey(kind), typeOf(kind), [kind] { return StepTable::global().step(kind); },
+            [kind](const QVariant& step) { StepTable::global().setStep(kind, step.toDouble()); }};
+}
+
+SharedVariable numberVariable(const QString& name, QString& text)
+{
+    const auto take = [&text](const QVariant& value) {
+        if (isPlainDecimal(withoutBlanks(value.toString())))
+            text = value.toString();
+    };
+    return {name, SharedVariable::Type::Text, [&text] { return text; }, take};
+}
+} // namespace
+
+PanelProfiles::PanelProfiles(const Parts& parts)
+    : m_parts(parts),
+      m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), &parts.window))
+{
+    registerPanels();
+    registerWaits();
+    registerVariables();
+    connect(m_files, &openSave_XML_FILE::message, &m_parts.status, &StatusLine::showMessage);
+    connect(m_files, &openSave_XML_FILE::error, this,
+            [this](const QString& text) { ErrorBox::report(text, &m_parts.window); });
+    connect(&m_parts.connection, &Connection::disconnected, m_files, &openSave_XML_FILE::stop);
+    connect(&m_parts.connection, &Connection::activity, this,
+            [this](const QString& description) { m_isConnecting = !description.isEmpty(); });
+}
+
+openSave_XML_FILE::Owner PanelProfiles::owner()
+{
+    openSave_XML_FILE::Owner owner;
+    // Without an instrument nothing takes its time.
+    owner.pause = [this](int ms) { return !m_parts.session.isConnected() || pause(ms); };
+    owner.refusal = [this] { return refusal(); };
+    owner.settle = [this] { settle(); };
+    owner.refresh = m_parts.refreshIndicators;
+    owner.setBusy = [this](bool isBusy) { setBusy(isBusy); };
+    return owner;
+}
+
+/// Why no profile may be applied just now; empty if one may.
+QString PanelProfiles::refusal() const
+{
+    if (m_parts.session.isConnected() && m_isConnecting)
+        return tr("The instrument is still being set up");
+    if (m_parts.window.findChild<QWidget*>(QStringLiteral("progressBarForTable")))
+        return tr("No profile is applied while a table is transferred");
+    return QString();
+}
+
+/// Brings the fields into the form in which files hold them.
+void PanelProfiles::settle()
+{
+    m_parts.modulation.usePulseMicroseconds();
+    // The entry is open only while a frequency is being typed.
+    if (m_parts.referenceEntry.isHidden())
+        showAccepted(&m_parts.referenceEntry, m_parts.cw.externalReferenceMHz());
+}
+
+void PanelProfiles::setBusy(bool isBusy)
+{
+    if (isBusy) {
+        // A run keeps the front panel for itself.
+        if (m_parts.list.isRunning())
+            m_parts.list.autoOff();
+        m_guard.emplace(m_parts.alwaysUsable);
+    } else {
+        m_guard.reset();
+    }
+    m_parts.status.showActivity(isBusy ? tr("Applying the profile...") : QString());
+}
+
+void PanelProfiles::registerPanels()
+{
+    ProfileStore& store = m_files->store();
+    for (QWidget* panel : std::initializer_list<QWidget*>{&m_parts.window, &m_parts.modulation,
+                                                          &m_parts.lfGenerator, &m_parts.list})
+        store.addPanel(panel);
+    for (QWidget* control : qAsConst(m_parts.excluded))
+        store.exclude(control);
+}
+
+void PanelProfiles::registerWaits()
+{
+    const Modulat& panel = m_parts.modulation;
+    QStringList names = {panel.pulse()->objectName(), panel.pulseSource()->objectName()};
+    for (const Modulation modulation : modulations) {
+        const ModulationGroup& group = panel.group(modulation);
+        names << group.state()->objectName() << group.source()->objectName();
+    }
+    for (int shape = 0; shape < shapeCount; ++shape)
+        names << m_parts.lfGenerator.shapeButton(static_cast<WaveShape>(shape))->objectName();
+    m_files->store().waitAfter(names, waitMs);
+}
+
+void PanelProfiles::registerVariables()
+{
+    ProfileStore& store = m_files->store();
+    SweepValues& aside = m_parts.list.valuesAside();
+    store.addVariable(numberVariable(QStringLiteral("FREQ_POW"), aside.fixed));
+    store.addVariable(numberVariable(QStringLiteral("FREQ_POW_start"), aside.start));
+    store.addVariable(numberVariable(QStringLiteral("FREQ_POW_stop"), aside.stop));
+    store.addVariable({QStringLiteral("ROSC_EXT_FREQ"), SharedVariable::Type::Text,
+                       [this] { return m_parts.cw.externalReferenceMHz(); },
+                       [this](const QVariant& value) { takeExternalReference(value.toString()); }});
+    // Time comes before the point count in the files, behind it in the step table.
+    QVector<StepKind> kinds;
+    for (int kind = 0; kind < stepKindCount; ++kind)
+        kinds << static_cast<StepKind>(kind);
+    std::swap(kinds[static_cast<int>(StepKind::PointCount)],
+              kinds[static_cast<int>(StepKind::Time)]);
+    for (const StepKind kind : qAsConst(kinds))
+        store.addVariable(stepVariable(kind));
+}
+
+void PanelProfiles::takeExternalReference(const QString& frequencyMHz)
+{
+    const bool isNumber = frequencyMHz.toUInt() > 0;
+    if (!isNumber || frequencyMHz == m_parts.cw.externalReferenceMHz())
+        return;
+    m_parts.cw.setExternalReferenceMHz(frequencyMHz);
+    m_parts.cw.pushExternalReference();
+}
+
+void PanelProfiles::applyAtStart(const QString& path, bool isClean)
+{
+    m_keepsLast = true;
+    if (!path.isEmpty() || !isClean)
+        m_files->applyAtStart(path);
+}
+
+void PanelProfiles::saveLast()
+{
+    if (m_keepsLast && !m_files->saveLast())
+        qWarning("The settings could not be kept in %s", qUtf8Printable(m_files->folder()));
+}

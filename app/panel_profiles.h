@@ -1,0 +1,76 @@
+#pragma once
+
+#include "link/busy_cursor.h"
+#include "profiles/input_block.h"
+#include "profiles/open_save_xml_file.h"
+
+#include <QObject>
+#include <QVector>
+
+#include <functional>
+#include <optional>
+
+class Connection;
+class CwControls;
+class List;
+class Modulat;
+class QLineEdit;
+class ScpiSession;
+class StatusLine;
+class generator;
+
+/// What a profile holds of this program, and what goes on around saving and applying one. Reads and
+/// writes no file itself, and sends nothing.
+class PanelProfiles : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Parts {
+        QWidget& window;
+        Modulat& modulation;
+        generator& lfGenerator;
+        List& list;
+        CwControls& cw;
+        QLineEdit& referenceEntry;
+        ScpiSession& session;
+        Connection& connection;
+        StatusLine& status;
+        /// Brings indicators into line with the panels' buttons.
+        std::function<void()> refreshIndicators;
+        QVector<QWidget*> excluded; ///< controls, or panels with all in them
+        QVector<QWidget*> alwaysUsable;
+    };
+
+    explicit PanelProfiles(const Parts& parts);
+
+    openSave_XML_FILE& files() { return *m_files; }
+
+    /// Applies the file, or what the last run has kept if there is none. From now on the end of the
+    /// program keeps the state.
+    void applyAtStart(const QString& path, bool isClean);
+    void saveLast();
+
+private:
+    /// What the user sees, and cannot do, while a profile is replayed.
+    struct ReplayGuard {
+        explicit ReplayGuard(const QVector<QWidget*>& alwaysUsable) : block(alwaysUsable) {}
+        BusyCursor cursor;
+        InputBlock block;
+    };
+
+    openSave_XML_FILE::Owner owner();
+    QString refusal() const;
+    void settle();
+    void setBusy(bool isBusy);
+    void registerPanels();
+    void registerWaits();
+    void registerVariables();
+    void takeExternalReference(const QString& frequencyMHz);
+
+    Parts m_parts;
+    openSave_XML_FILE* m_files;
+    std::optional<ReplayGuard> m_guard;
+    bool m_isConnecting = false;
+    bool m_keepsLast = false;
+};
