@@ -3,6 +3,7 @@
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"
+#include "sweep/list_plot.h"
 #include "sweep/mode_list.h"
 #include "sweep/point_actions.h"
 #include "sweep/point_table.h"
@@ -31,7 +32,7 @@ bool isTableTransferred(const QWidget& window)
 List::List(QWidget* parent)
     : SidePanel(QStringLiteral("List"), parent), m_sweep(new SweepGroup(this)),
       m_trigger(new TriggerGroup(this)), m_list(new ListGroup(*m_trigger, this)),
-      m_files(new ListFileDialogs(&m_list->table()))
+      m_plot(new ListPlot(this)), m_files(new ListFileDialogs(&m_list->table()))
 {
     build();
     wire();
@@ -58,8 +59,8 @@ void List::build()
     column->setSpacing(spacing);
     column->addWidget(m_trigger);
     column->addWidget(m_sweep);
-    column->addWidget(m_list, 1);
-    column->addStretch();
+    column->addWidget(m_list, 2);
+    column->addWidget(m_plot, 1);
     showChosenGroup();
 }
 

@@ -5,6 +5,7 @@
 
 class ListFileDialogs;
 class ListGroup;
+class ListPlot;
 class PointTable;
 class QLineEdit;
 class QPushButton;
@@ -53,6 +54,7 @@ public:
     QPushButton& allPointsMode() const;
 
     PointTable& table() const;
+    ListPlot& plot() const { return *m_plot; }
 
 public slots:
     /// Stops a run by a click on its button, and asks to be closed.
@@ -96,6 +98,7 @@ private:
     SweepGroup* m_sweep;
     TriggerGroup* m_trigger;
     ListGroup* m_list;
+    ListPlot* m_plot;
     ListFileDialogs* m_files;
     /// The row that a list stepped by hand was moved to; -1 for none yet.
     int m_chosenRow = -1;

@@ -50,7 +50,6 @@ ListPlot::ListPlot(QWidget* parent)
         m_plots.front()->setLogarithmic(isLogarithmic);
         later();
     });
-    applyColours();
     retranslate();
     fit();
 }
@@ -121,7 +120,7 @@ void ListPlot::setTime(double elapsedMs, double totalMs)
 void ListPlot::setMarkerColour(const QColor& colour)
 {
     m_markerColour = colour;
-    applyColours();
+    recolour();
 }
 
 void ListPlot::fit()
@@ -170,6 +169,8 @@ void ListPlot::later()
 
 void ListPlot::redraw()
 {
+    if (m_hasOldColours)
+        applyColours();
     const bool isEmpty = m_points.isEmpty();
     const QString words = runWords(m_kind, m_points);
     setAccessibleDescription(words);
@@ -346,18 +347,25 @@ void ListPlot::changeEvent(QEvent* event)
     if (event->type() == QEvent::LanguageChange)
         retranslate();
     else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
-        applyColours();
+        recolour();
     QWidget::changeEvent(event);
+}
+
+/// Not at once: a new style sheet has yet to reach the parts, and takes their colours back.
+void ListPlot::recolour()
+{
+    m_hasOldColours = true;
+    later();
 }
 
 void ListPlot::applyColours()
 {
+    m_hasOldColours = false;
     const auto colour = [this](QPalette::ColorRole role) { return palette().color(role); };
     for (RunPlot* plot : m_plots)
         plot->setColours({colour(QPalette::Base), colour(QPalette::PlaceholderText),
                           colour(QPalette::Link), colour(QPalette::PlaceholderText),
                           m_markerColour.isValid() ? m_markerColour : colour(QPalette::Text)});
-    later();
 }
 
 void ListPlot::retranslate()

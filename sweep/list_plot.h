@@ -43,8 +43,8 @@ public:
     double fromUs() const { return m_fromUs; }
     double toUs() const { return m_toUs; }
 
-    QSize sizeHint() const override { return {400, 240}; }
-    QSize minimumSizeHint() const override { return {280, 200}; }
+    QSize sizeHint() const override { return {400, 232}; }
+    QSize minimumSizeHint() const override { return {280, 192}; }
 
 public slots:
     /// Shows the whole pass.
@@ -61,6 +61,7 @@ protected:
 private:
     void build();
     void retranslate();
+    void recolour();
     void applyColours();
     void later();
     void redraw();
@@ -87,6 +88,7 @@ private:
     double m_toUs = 0.0;
     std::optional<double> m_heldUs;
     QColor m_markerColour;
+    bool m_hasOldColours = true;
     QTimer m_redraw;
 
     QLabel* m_header;
