@@ -355,8 +355,12 @@ void ModulationCommands::commitPulse(bool isPeriod)
 {
     const double periodUs = m_panel.pulsePeriodUs();
     const double widthUs = m_panel.pulseWidthUs();
-    boundPulse();
-    // What bounding one has changed of the other goes out too. The period first: the instrument
+    if (isPeriod)
+        boundPeriod();
+    else
+        boundWidth();
+    keepWidthBelowPeriod();
+    // What the one has changed of the other goes out too. The period first: the instrument
     // may refuse a width that is longer.
     const bool isPeriodChanged = m_panel.pulsePeriodUs() != periodUs;
     const bool isWidthChanged = m_panel.pulseWidthUs() != widthUs;
@@ -366,26 +370,45 @@ void ModulationCommands::commitPulse(bool isPeriod)
         sendWidth();
 }
 
-/// Bounds period and width and keeps the width below the period.
 void ModulationCommands::boundPulse()
 {
-    const auto periodText = [this](const QString& text) {
-        return boundedText(text, m_limits.pulsePeriodUs, FieldKind::PulsePeriod);
-    };
-    const auto widthText = [this](const QString& text) {
-        return boundedText(text, m_limits.pulseWidthUs, FieldKind::PulseWidth);
-    };
-    m_panel.showPulseWidthUs(widthText(m_panel.pulseWidth().textUs()));
-    m_panel.showPulsePeriodUs(periodText(m_panel.pulsePeriod().textUs()));
+    boundWidth();
+    boundPeriod();
+    keepWidthBelowPeriod();
+}
+
+void ModulationCommands::boundPeriod()
+{
+    m_panel.showPulsePeriodUs(periodWithinLimits(m_panel.pulsePeriod().textUs()));
+}
+
+void ModulationCommands::boundWidth()
+{
+    m_panel.showPulseWidthUs(widthWithinLimits(m_panel.pulseWidth().textUs()));
+}
+
+/// The width is the one kept, unless no period is longer.
+void ModulationCommands::keepWidthBelowPeriod()
+{
     const double widthUs = m_panel.pulseWidthUs();
     if (widthUs < m_panel.pulsePeriodUs() || m_panel.pulsePeriod().textUs().isEmpty())
         return;
     m_panel.showPulsePeriodUs(
-        periodText(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
+        periodWithinLimits(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
     const double periodUs = m_panel.pulsePeriodUs();
     if (widthUs >= periodUs)
         m_panel.showPulseWidthUs(
-            widthText(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
+            widthWithinLimits(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
+}
+
+QString ModulationCommands::periodWithinLimits(const QString& textUs) const
+{
+    return boundedText(textUs, m_limits.pulsePeriodUs, FieldKind::PulsePeriod);
+}
+
+QString ModulationCommands::widthWithinLimits(const QString& textUs) const
+{
+    return boundedText(textUs, m_limits.pulseWidthUs, FieldKind::PulseWidth);
 }
 
 void ModulationCommands::sendPeriod()

@@ -86,6 +86,11 @@ private:
     /// Period or width has been typed.
     void commitPulse(bool isPeriod);
     void boundPulse();
+    void boundPeriod();
+    void boundWidth();
+    void keepWidthBelowPeriod();
+    QString periodWithinLimits(const QString& textUs) const;
+    QString widthWithinLimits(const QString& textUs) const;
     void sendPeriod();
     void sendWidth();
 

@@ -59,6 +59,7 @@ private slots:
     void failedReads();
     void widthStaysBelowThePeriod_data();
     void widthStaysBelowThePeriod();
+    void pulseValuesGoOutAlone();
     void periodAtItsLimitLowersTheWidth();
     void restores_data();
     void restores();
@@ -261,6 +262,17 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
     QTEST(m_rig->sent(), "sent");
     QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
     checkInstrumentHoldsPulse();
+}
+
+/// A value that only the next instrument refuses is no business of the other one's.
+void ModulationCommandsTest::pulseValuesGoOutAlone()
+{
+    m_rig->limits.pulseWidthUs.min = 5;
+    m_rig->enter("line_period", "500");
+    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
+    m_rig->limits.pulsePeriodUs.max = 100;
+    m_rig->enter("line_width", "3");
+    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
 }
 
 /// A width from before the connection, which no limits bound.
