@@ -176,17 +176,6 @@ void MainWindow::wireService()
     });
 }
 
-/// The order in which a freshly reset instrument is brought into line with the panel.
-void MainWindow::setUpPush()
-{
-    m_connection.setPushSteps({
-        [this] { m_cw->pushReferenceSource(); },
-        [this] { m_cw->pushOutput(); },
-        [this] { m_cw->on_FREQ_editingFinished(); },
-        [this] { m_cw->on_POW_editingFinished(); },
-        [this] { m_powerMode->restore(); },
-        [this] { m_lfGenerator->restore(); },
-        [this] { m_modulationCommands->restore(); },
 void MainWindow::wireProfiles()
 {
     PanelProfiles::Parts parts{*this,
@@ -215,6 +204,17 @@ void MainWindow::wireProfiles()
     connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
 }
 
+/// The order in which a freshly reset instrument is brought into line with the panel.
+void MainWindow::setUpPush()
+{
+    m_connection.setPushSteps({
+        [this] { m_cw->pushReferenceSource(); },
+        [this] { m_cw->pushOutput(); },
+        [this] { m_cw->on_FREQ_editingFinished(); },
+        [this] { m_cw->on_POW_editingFinished(); },
+        [this] { m_powerMode->restore(); },
+        [this] { m_lfGenerator->restore(); },
+        [this] { m_modulationCommands->restore(); },
         [this] { m_cw->pushExternalReference(); },
         [this] { m_serviceCommands->readDac(); },
     });
