@@ -294,7 +294,7 @@ void MainWindow::showIdentity(const InstrumentIdentity& identity)
     m_ui->device->setFixedWidth(deviceWidthConnected);
     m_about->setSerial(identity.serial);
     m_about->setFirmware(identity.firmware);
-    m_service->showSerial(identity.serial);
+    m_service->showInstrument(identity.serial, identity.firmware);
     if (m_demo)
         qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
               qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
@@ -310,7 +310,7 @@ void MainWindow::showDisconnected()
     m_ui->device->setFixedWidth(deviceWidthDisconnected);
     m_ui->device->setText(tr("Disconnected"));
     m_about->empty();
-    m_service->showSerial(QString());
+    m_service->forgetInstrument();
     m_cw->forgetInstrument();
     m_ui->label_329->hide();
     showConnectedState(false);

@@ -168,8 +168,19 @@ void MainWindow::wireService()
     m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
     connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
             &StatusLine::showMessage);
-    connect(&m_service->referenceDac(), &QLineEdit::returnPressed, m_serviceCommands.get(),
-            &ServiceCommands::on_REF_OSC_returnPressed);
+    connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
+    // An instrument that comes to an open panel fills it, as opening it does.
+    connect(&m_connection, &Connection::ready, this, [this] {
+        if (m_ui->service->isChecked())
+            initial_service();
+    });
+    connect(&m_connection, &Connection::disconnected, m_serviceCommands.get(),
+            &ServiceCommands::stopWriting);
+    connect(m_ui->service, &QAbstractButton::toggled, m_serviceCommands.get(), [this](bool isOpen) {
+        if (!isOpen)
+            m_serviceCommands->stopWriting();
+    });
     connect(&m_connection, &Connection::pollDue, this, [this] {
         if (m_ui->service->isChecked())
             m_serviceCommands->readTemperature();

@@ -23,8 +23,9 @@ enum class FieldKind {
     LfDuty,            ///< whole percent
     Dwell,             ///< microseconds
     PointCount,
+    DacValue, ///< a whole number, its digits not grouped
 };
-constexpr int fieldKindCount = 15;
+constexpr int fieldKindCount = 16;
 
 /// The sets of characters that fields accept.
 enum class EntryPattern {

@@ -1,13 +1,30 @@
 #include "service/service_commands.h"
 
+#include "link/busy_cursor.h"
+#include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
+#include "panel/progress_bar_for_table.h"
+#include "panel/unit_key_filter.h"
+#include "service/calibration_table.h"
+#include "service/calibration_text.h"
 #include "service/service_panel.h"
 
+#include <QCoreApplication>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QScopeGuard>
 
 namespace
 {
+constexpr int pauseMs = 100;
+/// Many more than a reply can hold: a larger count is no count.
+constexpr double mostPoints = 100000;
+
+const QString pointCountQuery = QStringLiteral("MEM:TABLE:POIN?");
+const QString allPointsQuery = QStringLiteral("MEM:TABLE:POINt:ALL?");
+const QString addPointCommand = QStringLiteral("MEM:TABLE:ADD %1 %2");
+const QString saveTableCommand = QStringLiteral("MEM:TABLE:SAVE");
 const QString dacCommand = QStringLiteral("MEM:DAC ");
 const QString dacQuery = QStringLiteral("MEM:DAC?");
 const QString temperatureQuery = QStringLiteral("TEMP?");
@@ -16,12 +33,112 @@ const QString temperatureQuery = QStringLiteral("TEMP?");
 ServiceCommands::ServiceCommands(ScpiSession& session, service& panel, QObject* parent)
     : QObject(parent), m_session(session), m_panel(panel)
 {
+    connect(&panel.applyCalibrate(), &QPushButton::clicked, this,
+            &ServiceCommands::commandCalibrate);
+    connect(&panel.referenceDac(), &QLineEdit::returnPressed, this,
+            &ServiceCommands::on_REF_OSC_returnPressed);
 }
 
 void ServiceCommands::initial_service()
 {
+    if (m_isBusy)
+        return;
+    readTable();
     readDac();
     readTemperature();
+}
+
+void ServiceCommands::readTable()
+{
+    if (!m_session.isConnected())
+        return;
+    m_isBusy = true;
+    m_panel.setState(service::State::Loading);
+    // The label is painted before the wire blocks.
+    QCoreApplication::processEvents();
+    if (m_session.isConnected() && !queryTable())
+        emit statusMessage(tr("error get calibrate"));
+    m_panel.setState(service::State::Ready);
+    m_isBusy = false;
+}
+
+/// False when the instrument does not tell its table; what was shown then stays.
+bool ServiceCommands::queryTable()
+{
+    const QString countReply = m_session.query(pointCountQuery);
+    if (m_session.lastFailed())
+        return false;
+    bool isNumber = false;
+    const double count = withoutBlanks(countReply).toDouble(&isNumber);
+    if (!isNumber || count < 0 || count > mostPoints)
+        return false;
+    const QString points = m_session.query(allPointsQuery);
+    if (m_session.lastFailed())
+        return false;
+
+    const int pointCount = static_cast<int>(count);
+    const QStringList numbers = wholeNumbersOfReply(points);
+    m_panel.showPoints(pointCount, numbers);
+    const int expected = pointCount * CalibrationTable::ColumnCount;
+    if (numbers.size() > expected)
+        emit statusMessage(tr("The instrument sent more numbers than it has calibration points"));
+    else if (numbers.size() < expected)
+        emit statusMessage(tr("The instrument sent fewer numbers than it has calibration points"));
+    return true;
+}
+
+void ServiceCommands::commandCalibrate()
+{
+    if (m_isBusy) {
+        stopWriting();
+        return;
+    }
+    if (!m_session.isConnected())
+        return;
+    const QString complaint = m_panel.table().firstComplaint();
+    if (!complaint.isEmpty()) {
+        emit statusMessage(complaint);
+        return;
+    }
+    emit statusMessage(QString());
+    m_isBusy = true;
+    m_isStopped = false;
+    const bool isStored = writeTable();
+    m_isBusy = false;
+    if (m_session.isConnected())
+        emit statusMessage(isStored ? tr("The calibration table is stored in the instrument")
+                                    : tr("Writing was stopped: the stored table is as it was"));
+}
+
+void ServiceCommands::stopWriting()
+{
+    m_isStopped = true;
+}
+
+/// False when it was stopped, or the connection went.
+bool ServiceCommands::writeTable()
+{
+    const BusyCursor busy;
+    m_panel.setState(service::State::Writing);
+    const auto ready = qScopeGuard([this] { m_panel.setState(service::State::Ready); });
+    const std::vector<CalibrationPoint> points = m_panel.table().points();
+    progressBarForTable bar(static_cast<int>(points.size()), &m_panel.table());
+    bar.showText(tr("Writing the calibration table..."));
+    for (const CalibrationPoint& point : points) {
+        m_session.write(addPointCommand.arg(point.frequencyHz, point.value));
+        if (!pauseWhileWriting())
+            return false;
+        bar.advance();
+    }
+    if (!pauseWhileWriting())
+        return false;
+    m_session.writeChecked(saveTableCommand);
+    return m_session.isConnected() && pause(pauseMs);
+}
+
+bool ServiceCommands::pauseWhileWriting() const
+{
+    return pause(pauseMs) && m_session.isConnected() && !m_isStopped;
 }
 
 void ServiceCommands::readDac()
@@ -32,7 +149,7 @@ void ServiceCommands::readDac()
     if (m_session.lastFailed())
         emit statusMessage(tr("error getting dac"));
     else
-        m_panel.showDac(withoutBlanks(reply).remove(QLatin1Char('\n')));
+        m_panel.showDac(withoutBlanks(reply));
 }
 
 void ServiceCommands::readTemperature()
@@ -48,8 +165,12 @@ void ServiceCommands::readTemperature()
 
 void ServiceCommands::sendCommandRefOsc()
 {
+    const QString value = m_panel.referenceDac().text();
+    if (value.isEmpty() || !m_session.isConnected())
+        return;
+    m_session.writeChecked(dacCommand + value);
     if (m_session.isConnected())
-        m_session.writeChecked(dacCommand + m_panel.referenceDac().text());
+        showAccepted(&m_panel.referenceDac(), value);
 }
 
 void ServiceCommands::on_REF_OSC_returnPressed()

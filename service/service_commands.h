@@ -5,8 +5,8 @@
 class ScpiSession;
 class service;
 
-/// Service work on the wire: reference-oscillator DAC and temperature. Owns neither the session
-/// nor the panel it shows the answers in. Does nothing while disconnected.
+/// Service work on the wire: calibration table, reference-oscillator DAC and temperature. Owns
+/// neither the session nor the panel it shows the answers in. Does nothing while disconnected.
 class ServiceCommands : public QObject
 {
     Q_OBJECT
@@ -20,13 +20,26 @@ public:
 public slots:
     /// Fills the panel from the instrument.
     void initial_service();
+    /// Writes the table into the instrument and has it stored there; while that goes on, stops it
+    /// after the present row, unstored. A table with a cell that is no number is not written.
+    void commandCalibrate();
+    void stopWriting();
     void sendCommandRefOsc();
     void on_REF_OSC_returnPressed();
 
 signals:
+    /// Something to be read once, for a few seconds.
     void statusMessage(const QString& message);
 
 private:
+    void readTable();
+    bool queryTable();
+    bool writeTable();
+    bool pauseWhileWriting() const;
+
     ScpiSession& m_session;
     service& m_panel;
+    /// Loading or writing: events are processed meanwhile, and may ask for either again.
+    bool m_isBusy = false;
+    bool m_isStopped = false;
 };

@@ -1,39 +1,197 @@
 #include "service/service_panel.h"
 
+#include "panel/describe.h"
+#include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
-#include "panel/validators.h"
+#include "service/calibration_table.h"
 
 #include <QGridLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
+#include <QPushButton>
+#include <QStyle>
 #include <QVBoxLayout>
 
-service::service(QWidget* parent)
-    : SidePanel(QStringLiteral("service_panel"), parent), m_serialCaption(new QLabel(this)),
-      m_serial(new QLabel(this)), m_dacCaption(new QLabel(this)),
-      m_referenceDac(new QLineEdit(this)), m_temperatureIcon(new QLabel(this)),
-      m_temperature(new QLabel(this))
+namespace
 {
-    m_serial->setObjectName(QStringLiteral("serias"));
-    m_referenceDac->setObjectName(QStringLiteral("REF_OSC"));
-    m_temperatureIcon->setObjectName(QStringLiteral("icon_temp"));
-    m_temperature->setObjectName(QStringLiteral("text_temp"));
-    m_temperatureIcon->setPixmap(QPixmap(QStringLiteral(":/images/grad.png")));
-    m_dacCaption->setBuddy(m_referenceDac);
-    m_referenceDac->setValidator(entryValidator(EntryPattern::Whole));
+constexpr int spacing = 8;
+constexpr int margin = 12;
+constexpr int buttonWidth = 128;
 
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(16);
+QIcon sendIcon()
+{
+    return QIcon(QStringLiteral(":/images/List_send.png"));
+}
+} // namespace
+
+service::service(QWidget* parent)
+    : SidePanel(QStringLiteral("service_panel"), parent), m_controls(new QWidget(this))
+{
+    title()->setObjectName(QStringLiteral("title"));
+    m_controls->setObjectName(QStringLiteral("widget_Service"));
+    auto* rows = new QVBoxLayout(m_controls);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(spacing);
+    rows->addWidget(buildInstrument());
+    rows->addWidget(buildDac());
+    rows->addWidget(buildTable(), 1);
+    content()->addWidget(m_controls, 1);
+
+    m_hint = newLabel("label");
+    m_hint->setProperty("sectionSummary", true);
+    m_hint->setWordWrap(true);
+    m_applyCalibrate = new QPushButton(this);
+    m_applyCalibrate->setObjectName(QStringLiteral("applyCalibrate"));
+    m_applyCalibrate->setMinimumWidth(buttonWidth);
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(spacing);
+    foot->addWidget(m_hint, 1);
+    foot->addWidget(m_applyCalibrate);
+    content()->addLayout(foot);
+
+    connect(m_dacKey, &QPushButton::clicked, this, &service::call_manual_input_for_RefOsc);
+    connect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
+    service::retranslate();
+}
+
+QLabel* service::newLabel(const char* name)
+{
+    auto* label = new QLabel(this);
+    label->setObjectName(QLatin1String(name));
+    return label;
+}
+
+QWidget* service::buildInstrument()
+{
+    auto* info = new QFrame(this);
+    info->setObjectName(QStringLiteral("info"));
+    m_serialCaption = newLabel("label_4");
+    m_serial = newLabel("serias");
+    m_firmwareCaption = newLabel("label_6");
+    m_firmware = newLabel("label_firmware");
+    m_temperatureIcon = newLabel("icon_temp");
+    m_temperature = newLabel("text_temp");
+    m_temperatureIcon->setPixmap(QPixmap(QStringLiteral(":/images/grad.png")));
+    for (QLabel* value : {m_serial, m_firmware})
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    auto* temperature = new QWidget(info);
+    temperature->setObjectName(QStringLiteral("widget_temperature"));
+    auto* temperatureRow = new QHBoxLayout(temperature);
+    temperatureRow->setContentsMargins(0, 0, 0, 0);
+    temperatureRow->addWidget(m_temperatureIcon);
+    temperatureRow->addWidget(m_temperature);
+
+    auto* grid = new QGridLayout(info);
+    grid->setContentsMargins(margin, spacing, margin, spacing);
+    grid->setHorizontalSpacing(spacing);
     grid->addWidget(m_serialCaption, 0, 0);
     grid->addWidget(m_serial, 0, 1);
-    grid->addWidget(m_dacCaption, 1, 0);
-    grid->addWidget(m_referenceDac, 1, 1);
-    grid->addWidget(m_temperatureIcon, 2, 0);
-    grid->addWidget(m_temperature, 2, 1);
+    grid->addWidget(m_firmwareCaption, 1, 0);
+    grid->addWidget(m_firmware, 1, 1);
+    grid->addWidget(temperature, 0, 2, 2, 1);
     grid->setColumnStretch(1, 1);
-    content()->addLayout(grid);
-    service::retranslate();
+    return info;
+}
+
+QWidget* service::buildDac()
+{
+    auto* dac = new QWidget(this);
+    m_dacCaption = newLabel("label_3");
+    m_referenceDac = new QLineEdit(this);
+    m_referenceDac->setObjectName(QStringLiteral("REF_OSC"));
+    m_referenceDac->setAlignment(Qt::AlignRight);
+    setUpNumericField(m_referenceDac, FieldKind::DacValue);
+    m_dacCaption->setBuddy(m_referenceDac);
+    m_dacKey = new QPushButton(this);
+    m_dacKey->setObjectName(QStringLiteral("key_REF_OSC"));
+    m_dacKey->setIcon(QIcon(QStringLiteral(":/images/edit.png")));
+    // A click that took the focus would leave the field before the keypad is there.
+    m_dacKey->setFocusPolicy(Qt::TabFocus);
+
+    auto* row = new QHBoxLayout(dac);
+    row->setContentsMargins(margin, 0, 0, 0);
+    row->setSpacing(spacing);
+    row->addWidget(m_dacCaption, 1);
+    row->addWidget(m_referenceDac);
+    row->addWidget(m_dacKey);
+    return dac;
+}
+
+QWidget* service::buildTable()
+{
+    auto* section = new QWidget(this);
+    m_tableCaption = newLabel("labelAttenuation");
+    m_tableCaption->setProperty("sectionTitle", true);
+    m_pointCount = newLabel("label_2");
+    m_pointCount->setProperty("sectionSummary", true);
+    m_table = new CalibrationTable(this);
+    m_loading = new QLabel(m_table);
+    m_loading->setObjectName(QStringLiteral("label_loading"));
+    m_loading->setAlignment(Qt::AlignCenter);
+    m_loading->hide();
+
+    auto* head = new QHBoxLayout;
+    head->setContentsMargins(margin, 0, 0, 0);
+    head->addWidget(m_tableCaption, 1);
+    head->addWidget(m_pointCount);
+    auto* rows = new QVBoxLayout(section);
+    rows->setContentsMargins(0, spacing, 0, 0);
+    rows->setSpacing(spacing);
+    rows->addLayout(head);
+    rows->addWidget(m_table, 1);
+    return section;
+}
+
+void service::setState(State state)
+{
+    m_state = state;
+    m_controls->setEnabled(state == State::Ready);
+    m_applyCalibrate->setEnabled(state != State::Loading);
+    m_loading->setGeometry(m_table->rect());
+    m_loading->setVisible(state == State::Loading);
+    m_loading->raise();
+    showState();
+}
+
+/// What the button does now, and the count of points.
+void service::showState()
+{
+    const bool isWriting = m_state == State::Writing;
+    m_applyCalibrate->setIcon(isWriting ? QIcon() : sendIcon());
+    m_applyCalibrate->setText(isWriting ? tr("Cancel") : tr("Write"));
+    describe(m_applyCalibrate, m_applyCalibrate->text(),
+             isWriting ? tr("Stop after the present row; nothing is stored")
+                       : tr("Write the table into the instrument and store it there"));
+}
+
+void service::showPointCount()
+{
+    const int count = m_table->rowCount();
+    m_pointCount->setText(count > 0 ? tr("Points: %1").arg(count) : QString());
+}
+
+void service::showPoints(int pointCount, const QStringList& numbers)
+{
+    // What is read is no edit.
+    disconnect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
+    m_table->showPoints(pointCount, numbers);
+    connect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
+    showPointCount();
+}
+
+void service::editTable(int row, int column)
+{
+    const QString complaint = m_table->acceptCell(row, column);
+    if (!complaint.isEmpty())
+        emit statusMessage(complaint);
+}
+
+void service::call_manual_input_for_RefOsc()
+{
+    emit keypadRequested(m_referenceDac);
 }
 
 void service::showDac(const QString& value)
@@ -46,13 +204,19 @@ void service::showTemperature(double degreesCelsius)
     m_temperature->setText(QString::number(degreesCelsius, 'f', 1) + QStringLiteral(" °C"));
 }
 
-void service::showSerial(const QString& serial)
+void service::showInstrument(const QString& serial, const QString& firmware)
 {
     m_serial->setText(serial);
-    if (serial.isEmpty()) {
-        m_temperature->clear();
-        showDac(QString());
-    }
+    m_firmware->setText(firmware);
+}
+
+void service::forgetInstrument()
+{
+    showInstrument(QString(), QString());
+    m_temperature->clear();
+    showDac(QString());
+    // Another instrument must not be given this one's table.
+    showPoints(0, {});
 }
 
 void service::retranslate()
@@ -60,9 +224,18 @@ void service::retranslate()
     SidePanel::retranslate();
     setTitle(tr("Service"));
     m_serialCaption->setText(tr("Serial:"));
-    m_dacCaption->setText(tr("Reference oscillator DAC"));
-    m_referenceDac->setToolTip(tr("Tuning of the reference oscillator; Return sends it"));
-    m_referenceDac->setAccessibleName(tr("Reference oscillator DAC"));
+    m_firmwareCaption->setText(tr("Firmware:"));
     m_temperatureIcon->setToolTip(tr("Temperature inside the instrument"));
-    m_temperature->setAccessibleName(tr("Temperature inside the instrument"));
+    m_temperature->setToolTip(m_temperatureIcon->toolTip());
+    m_temperature->setAccessibleName(m_temperatureIcon->toolTip());
+    m_dacCaption->setText(tr("Reference oscillator DAC"));
+    describe(m_referenceDac, m_dacCaption->text(),
+             tr("Tuning of the reference oscillator; Return sends it"));
+    describeKeypadKey(m_dacKey, m_dacCaption->text());
+    m_tableCaption->setText(tr("Attenuation at  0 dBm"));
+    m_hint->setText(tr("Frequencies in whole hertz, or with k, M or G"));
+    m_loading->setText(tr("Loading..."));
+    m_table->retranslate();
+    showPointCount();
+    showState();
 }

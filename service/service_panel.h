@@ -2,33 +2,75 @@
 
 #include "panel/side_panel.h"
 
+class CalibrationTable;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 
-/// The maintenance view: reference-oscillator DAC and temperature. Sends nothing itself.
+/// The maintenance view: who the instrument is, its temperature, its reference-oscillator DAC and
+/// its calibration table. Sends nothing itself.
 class service : public SidePanel
 {
     Q_OBJECT
 
 public:
+    /// While loading nothing can be used; while writing only the button, which then cancels.
+    enum class State { Ready, Loading, Writing };
+
     explicit service(QWidget* parent = nullptr);
 
     QLineEdit& referenceDac() const { return *m_referenceDac; }
+    CalibrationTable& table() const { return *m_table; }
+    QPushButton& applyCalibrate() const { return *m_applyCalibrate; }
 
+    void setState(State state);
+
+    /// Calibration points as read, frequency and value in turn; see CalibrationTable::showPoints.
+    void showPoints(int pointCount, const QStringList& numbers);
     /// DAC value as the instrument tells it: a whole number.
     void showDac(const QString& value);
     void showTemperature(double degreesCelsius);
-    /// Serial number of the connected instrument; empty when there is none.
-    void showSerial(const QString& serial);
+    void showInstrument(const QString& serial, const QString& firmware);
+    /// Empties everything that was an instrument's.
+    void forgetInstrument();
+
+public slots:
+    void call_manual_input_for_RefOsc();
+    /// A cell was edited.
+    void editTable(int row, int column);
+
+signals:
+    /// The user wants to enter the number of this field on a keypad.
+    void keypadRequested(QLineEdit* field);
+    /// Something to be read once, for a few seconds.
+    void statusMessage(const QString& message);
 
 protected:
     void retranslate() override;
 
 private:
+    QWidget* buildInstrument();
+    QWidget* buildDac();
+    QWidget* buildTable();
+    QLabel* newLabel(const char* name);
+    void showState();
+    void showPointCount();
+
     QLabel* m_serialCaption;
     QLabel* m_serial;
-    QLabel* m_dacCaption;
-    QLineEdit* m_referenceDac;
+    QLabel* m_firmwareCaption;
+    QLabel* m_firmware;
     QLabel* m_temperatureIcon;
     QLabel* m_temperature;
+    QLabel* m_dacCaption;
+    QLineEdit* m_referenceDac;
+    QPushButton* m_dacKey;
+    QLabel* m_tableCaption;
+    QLabel* m_pointCount;
+    CalibrationTable* m_table;
+    QLabel* m_loading;
+    QLabel* m_hint;
+    QPushButton* m_applyCalibrate;
+    QWidget* m_controls;
+    State m_state = State::Ready;
 };

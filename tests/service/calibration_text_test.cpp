@@ -1,0 +1,119 @@
+#include "service/calibration_text.h"
+
+#include <QtTest>
+
+/// What may be typed into a calibration point, and what an instrument may answer.
+class CalibrationTextTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void frequencyBecomesWholeHertz_data();
+    void frequencyBecomesWholeHertz();
+    void valueIsWhole_data();
+    void valueIsWhole();
+    void replyBecomesNumbers_data();
+    void replyBecomesNumbers();
+};
+
+void CalibrationTextTest::frequencyBecomesWholeHertz_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("hertz");
+    const struct {
+        const char* typed;
+        const char* hertz;
+    } rows[] = {
+        {"1000000000", "1000000000"},
+        {"1 000 000 000", "1000000000"},
+        {"2.25 GHZ", "2250000000"},
+        {"1.5 GHz", "1500000000"},
+        {"100 KHZ", "100000"},
+        {"100k", "100000"},
+        {"2,5 m", "2500000"},
+        {"0.5G", "500000000"},
+        {"007 HZ", "7"},
+        {".5K", "500"},
+        {"0", "0"},
+        // No double holds these exactly after a multiplication.
+        {"19.999999999 GHZ", "19999999999"},
+        {"1.1 GHZ", "1100000000"},
+        // Finer than one hertz.
+        {"1.23456 KHZ", "1234"},
+        {"19.9999999999 GHZ", "19999999999"},
+        {"15.9", "15"},
+        {"999999999999999", "999999999999999"},
+        {"", ""},
+        {" ", ""},
+        {"abc", ""},
+        {"GHZ", ""},
+        {"5 THZ", ""},
+        {"5 GHZ 3", ""},
+        {"1.5.2", ""},
+        {"-5", ""},
+        {"1e9", ""},
+        {"5%n", ""},
+        {"1000000000000000", ""},
+        {"5;MEM:TABLE:SAVE", ""},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row.typed) << row.typed << row.hertz;
+}
+
+void CalibrationTextTest::frequencyBecomesWholeHertz()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, hertz);
+    QCOMPARE(wholeHertz(typed), hertz);
+}
+
+void CalibrationTextTest::valueIsWhole_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("value");
+    const struct {
+        const char* typed;
+        const char* value;
+    } rows[] = {{"7", "7"},        {" - 12 ", "-12"},          {"+3", "3"}, {"-0", "0"},
+                {"1 000", "1000"}, {"999999999", "999999999"}, {"", ""},    {"2.5", ""},
+                {"3 dB", ""},      {"1234567890", ""},         {"-", ""}};
+    for (const auto& row : rows)
+        QTest::newRow(row.typed) << row.typed << row.value;
+}
+
+void CalibrationTextTest::valueIsWhole()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, value);
+    QCOMPARE(wholeValue(typed), value);
+}
+
+void CalibrationTextTest::replyBecomesNumbers_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<QString>("numbers");
+    QTest::newRow("plain") << "1000000000 -4 2000000000 3\n"
+                           << "1000000000|-4|2000000000|3";
+    QTest::newRow("many blanks") << "  5   6 \r\n"
+                                 << "5|6";
+    QTest::newRow("exponents and fractions") << "+1.000000E+09 -3.000 2.6"
+                                             << "1000000000|-3|3";
+    QTest::newRow("units, commas, quotes") << "\"25000000Hz, -7dBm;\""
+                                           << "25000000|-7";
+    QTest::newRow("grouped by commas") << "1,000,000"
+                                       << "1000000";
+    QTest::newRow("no number among them") << "5 ERROR 6"
+                                          << "5||6";
+    QTest::newRow("nothing") << "\n"
+                             << "";
+}
+
+void CalibrationTextTest::replyBecomesNumbers()
+{
+    QFETCH(QString, reply);
+    QFETCH(QString, numbers);
+    QCOMPARE(wholeNumbersOfReply(reply).join('|'), numbers);
+}
+
+QTEST_GUILESS_MAIN(CalibrationTextTest)
+#include "calibration_text_test.moc"

@@ -1,0 +1,431 @@
+#include "link/scpi_session.h"
+#include "panel/progress_bar_for_table.h"
+#include "service/calibration_table.h"
+#include "service/service_commands.h"
+#include "service/service_panel.h"
+#include "tests/support/demo.h"
+#include "ui/resources.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QtTest>
+
+#include <memory>
+
+namespace
+{
+const QStringList opening = {"MEM:TABLE:POIN?\\n", "MEM:TABLE:POINt:ALL?\\n", "MEM:DAC?\\n",
+                             "TEMP?\\n"};
+const QStringList adding = {"MEM:TABLE:ADD 1000000000 -4\\n", "MEM:TABLE:ADD 2000000000 3\\n",
+                            "MEM:TABLE:ADD 3000000000 10\\n"};
+const QStringList saving = {"MEM:TABLE:SAVE\\n", "SYSTem:ERRor?\\n"};
+
+/// The service panel and its commands over the simulated instrument, which has three points.
+class Bench
+{
+public:
+    Bench()
+    {
+        loadUiResources();
+        visa.load(Demo::libraryPath().toLocal8Bit().constData());
+        session.openResourceManager();
+        if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
+            qFatal("no instrument");
+        session.setConnected();
+        QObject::connect(&session, &ScpiSession::connectionFailed, [this] {
+            session.close();
+            commands.stopWriting();
+        });
+        demo(QStringLiteral("reply MEM:TABLE:POIN? -> 3"));
+        demo(QStringLiteral("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2e9 3 3e9 10"));
+        panel.resize(440, 480);
+        panel.show();
+        if (!QTest::qWaitForWindowExposed(&panel))
+            qFatal("not shown");
+        demo.takeTranscript();
+    }
+    ~Bench() { session.close(); }
+
+    void open()
+    {
+        commands.initial_service();
+        demo.takeTranscript();
+    }
+    QPushButton& button() { return panel.applyCalibrate(); }
+    progressBarForTable* bar() { return panel.findChild<progressBarForTable*>(); }
+    QString cell(int row, int column) { return panel.table().item(row, column)->text(); }
+    QString cells()
+    {
+        QStringList texts;
+        for (int row = 0; row < panel.table().rowCount(); ++row)
+            texts << cell(row, 0) + ' ' + cell(row, 1);
+        return texts.join('|');
+    }
+    QString messages()
+    {
+        QStringList texts;
+        for (const QList<QVariant>& call : told + toldByPanel)
+            texts << call.value(0).toString();
+        texts.removeAll(QString());
+        told.clear();
+        toldByPanel.clear();
+        return texts.join('|');
+    }
+
+    /// Opens the cell's editor, types and commits.
+    void type(int row, int column, const QString& text)
+    {
+        CalibrationTable& table = panel.table();
+        table.setCurrentCell(row, column);
+        table.edit(table.currentIndex());
+        QWidget* editor = table.viewport()->findChild<QLineEdit*>();
+        if (!editor)
+            qFatal("no editor");
+        QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(editor, text);
+        QTest::keyClick(editor, Qt::Key_Return);
+        // The view takes the text later, and lets the editor go later still.
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    /// Does `action` once `condition` holds, in whatever pause that is.
+    void when(const std::function<bool()>& condition, const std::function<void()>& action)
+    {
+        auto* timer = new QTimer(&panel);
+        QObject::connect(timer, &QTimer::timeout, &panel, [=] {
+            if (!condition())
+                return;
+            timer->stop();
+            action();
+        });
+        timer->start(1);
+    }
+    void whenSent(const QString& text, const std::function<void()>& action)
+    {
+        when([=] { return demo(QStringLiteral("transcript")).contains(text); }, action);
+    }
+    bool isReady()
+    {
+        return panel.table().isEnabled() && button().isEnabled() && button().text() == "Write" &&
+               !button().icon().isNull() && !bar() && !QGuiApplication::overrideCursor();
+    }
+
+    Demo demo;
+    VisaLibrary visa;
+    ScpiSession session{visa};
+    service panel;
+    ServiceCommands commands{session, panel};
+    QSignalSpy told{&commands, &ServiceCommands::statusMessage};
+    QSignalSpy toldByPanel{&panel, &service::statusMessage};
+};
+} // namespace
+
+class ServiceCommandsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void openingReadsInOrder();
+    void loadingIsShown();
+    void failedQueriesLeaveWhatWasShown_data();
+    void failedQueriesLeaveWhatWasShown();
+    void countAndPointsMayDisagree_data();
+    void countAndPointsMayDisagree();
+    void editedCellsAreNormalised();
+    void rubbishIsRefusedBeforeAnythingIsSent_data();
+    void rubbishIsRefusedBeforeAnythingIsSent();
+    void writingSendsEveryRowAndSaves();
+    void anEmptyTableIsOnlySaved();
+    void cancellingStopsAfterTheRow_data();
+    void cancellingStopsAfterTheRow();
+    void aLostConnectionEndsWriting_data();
+    void aLostConnectionEndsWriting();
+    void theEndOfTheProgramEndsWriting();
+    void theDacIsSentAsTyped();
+    void nothingIsSentWhileDisconnected();
+};
+
+void ServiceCommandsTest::openingReadsInOrder()
+{
+    Bench bench;
+    bench.demo("reply MEM:DAC? -> 1 234");
+    bench.demo("reply TEMP? -> 36.62");
+    bench.commands.initial_service();
+    QCOMPARE(bench.demo.takeSent(), opening);
+    QCOMPARE(bench.cells(), QString("1000000000 -4|2000000000 3|3000000000 10"));
+    QCOMPARE(bench.panel.referenceDac().text(), QString("1234"));
+    QCOMPARE(bench.panel.findChild<QLabel*>("text_temp")->text(), QString("36.6 °C"));
+    const CalibrationTable& table = bench.panel.table();
+    QCOMPARE(table.horizontalHeaderItem(0)->text(), QString("Freq [Hz]"));
+    QCOMPARE(table.horizontalHeaderItem(1)->text(), QString("Attenuation at  0 dBm"));
+    QCOMPARE(bench.messages(), QString());
+    QVERIFY(bench.isReady());
+}
+
+void ServiceCommandsTest::loadingIsShown()
+{
+    Bench bench;
+    bool wasSeen = false;
+    QTimer::singleShot(0, &bench.panel, [&] {
+        const auto* label = bench.panel.findChild<QLabel*>("label_loading");
+        wasSeen = label->isVisible() && label->text() == "Loading..." &&
+                  !bench.panel.table().isEnabled() && !bench.button().isEnabled() &&
+                  !bench.panel.referenceDac().isEnabled();
+        // Events that come meanwhile start nothing of their own.
+        bench.commands.initial_service();
+        bench.commands.commandCalibrate();
+    });
+    bench.commands.initial_service();
+    QVERIFY(wasSeen);
+    QCOMPARE(bench.demo.takeSent(), opening);
+    QVERIFY(!bench.panel.findChild<QLabel*>("label_loading")->isVisible());
+    QVERIFY(bench.isReady());
+}
+
+void ServiceCommandsTest::failedQueriesLeaveWhatWasShown_data()
+{
+    QTest::addColumn<QString>("reply");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("sentOfTable");
+    const QString table = "error get calibrate";
+    QTest::newRow("count") << "MEM:TABLE:POIN? ->" << table << 1;
+    QTest::newRow("count is none") << "MEM:TABLE:POIN? -> many" << table << 1;
+    QTest::newRow("count is negative") << "MEM:TABLE:POIN? -> -1" << table << 1;
+    QTest::newRow("count is absurd") << "MEM:TABLE:POIN? -> 2000000000" << table << 1;
+    QTest::newRow("points") << "MEM:TABLE:POINt:ALL? ->" << table << 2;
+    QTest::newRow("DAC") << "MEM:DAC? ->"
+                         << "error getting dac" << 2;
+    QTest::newRow("temperature") << "TEMP? ->"
+                                 << "error getting temperature" << 2;
+}
+
+void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
+{
+    QFETCH(QString, reply);
+    QFETCH(QString, message);
+    QFETCH(int, sentOfTable);
+    Bench bench;
+    bench.open();
+    const QString cells = bench.cells();
+    const QString dac = bench.panel.referenceDac().text();
+    bench.demo("reply " + reply);
+    bench.commands.initial_service();
+    QCOMPARE(bench.messages(), message);
+    QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
+    QCOMPARE(bench.cells(), cells);
+    QCOMPARE(bench.panel.referenceDac().text(), dac);
+    QVERIFY(bench.panel.findChild<QLabel*>("text_temp")->text().endsWith("°C"));
+    QVERIFY(bench.isReady());
+}
+
+void ServiceCommandsTest::countAndPointsMayDisagree_data()
+{
+    QTest::addColumn<QString>("count");
+    QTest::addColumn<QString>("cells");
+    QTest::addColumn<QString>("word");
+    QTest::newRow("more numbers") << "2"
+                                  << "1000000000 -4|2000000000 3"
+                                  << "more";
+    QTest::newRow("fewer numbers") << "4"
+                                   << "1000000000 -4|2000000000 3|3000000000 10| "
+                                   << "fewer";
+    QTest::newRow("no points") << "0"
+                               << ""
+                               << "more";
+}
+
+void ServiceCommandsTest::countAndPointsMayDisagree()
+{
+    QFETCH(QString, count);
+    QFETCH(QString, cells);
+    QFETCH(QString, word);
+    Bench bench;
+    bench.demo("reply MEM:TABLE:POIN? -> " + count);
+    bench.commands.initial_service();
+    QCOMPARE(bench.cells(), cells);
+    QVERIFY(bench.messages().contains(word));
+}
+
+void ServiceCommandsTest::editedCellsAreNormalised()
+{
+    Bench bench;
+    bench.open();
+    bench.type(1, CalibrationTable::Frequency, "2.25 GHZ");
+    bench.type(1, CalibrationTable::Value, "- 7");
+    QCOMPARE(bench.cells(), QString("1000000000 -4|2250000000 -7|3000000000 10"));
+    QCOMPARE(bench.messages(), QString());
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+}
+
+void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent_data()
+{
+    QTest::addColumn<int>("column");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("frequency") << 0 << "abc"
+                               << "Row 3, Freq [Hz]: \"abc\" is not a frequency";
+    QTest::newRow("value") << 1 << "1.5"
+                           << "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number";
+    QTest::newRow("format") << 0 << "%1%n"
+                            << "Row 3, Freq [Hz]: \"%1%n\" is not a frequency";
+}
+
+void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent()
+{
+    QFETCH(int, column);
+    QFETCH(QString, typed);
+    QFETCH(QString, message);
+    Bench bench;
+    bench.open();
+    bench.type(2, column, typed);
+    QCOMPARE(bench.messages(), message);
+    QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
+    bench.panel.table().setCurrentCell(0, 0);
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.messages(), message);
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+    QCOMPARE(bench.panel.table().currentRow(), 2);
+    QCOMPARE(bench.panel.table().currentColumn(), column);
+    bench.type(2, column, "5");
+    QVERIFY(bench.panel.table().item(2, column)->icon().isNull());
+}
+
+void ServiceCommandsTest::writingSendsEveryRowAndSaves()
+{
+    Bench bench;
+    bench.open();
+    QStringList seen;
+    bench.whenSent("3000000000", [&] {
+        seen << bench.button().text() << QString::number(bench.bar()->maximum())
+             << QString::number(bench.bar()->value());
+        if (bench.button().icon().isNull() && !bench.panel.table().isEnabled() &&
+            QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor)
+            seen << "busy";
+    });
+    QElapsedTimer clock;
+    clock.start();
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QVERIFY(clock.elapsed() >= 500);
+    QCOMPARE(seen.join(' '), QString("Cancel 3 2 busy"));
+    QCOMPARE(bench.demo.takeSent(), adding + saving);
+    QVERIFY(bench.isReady());
+    QVERIFY(bench.messages().contains("stored"));
+}
+
+void ServiceCommandsTest::anEmptyTableIsOnlySaved()
+{
+    Bench bench;
+    bench.demo("reply MEM:TABLE:POIN? -> 0");
+    bench.open();
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), saving);
+}
+
+void ServiceCommandsTest::cancellingStopsAfterTheRow_data()
+{
+    QTest::addColumn<int>("rows");
+    for (int rows = 1; rows <= 3; ++rows)
+        QTest::addRow("row %d", rows) << rows;
+    QTest::newRow("before it is saved") << 4;
+}
+
+void ServiceCommandsTest::cancellingStopsAfterTheRow()
+{
+    QFETCH(int, rows);
+    Bench bench;
+    bench.open();
+    const auto isThere = [&bench, rows] {
+        return rows > 3 ? bench.bar() && bench.bar()->value() == 3
+                        : bench.demo("transcript").contains(adding[rows - 1]);
+    };
+    bench.when(isThere, [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), adding.mid(0, rows));
+    QVERIFY(bench.isReady());
+    QVERIFY(bench.messages().contains("stopped"));
+    // Cancelled is not for ever.
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), adding + saving);
+}
+
+void ServiceCommandsTest::aLostConnectionEndsWriting_data()
+{
+    QTest::addColumn<QString>("at");
+    QTest::addColumn<QStringList>("sent");
+    QTest::newRow("first row") << adding[0] << QStringList(adding[0]);
+    QTest::newRow("last row") << adding[2] << adding;
+    QTest::newRow("after saving") << saving[1] << QStringList(adding + saving);
+}
+
+void ServiceCommandsTest::aLostConnectionEndsWriting()
+{
+    QFETCH(QString, at);
+    QFETCH(QStringList, sent);
+    Bench bench;
+    bench.open();
+    // Back at once: the new connection is not written to.
+    bench.whenSent(at, [&bench] {
+        bench.session.close();
+        bench.commands.stopWriting();
+        bench.session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR"));
+        bench.session.setConnected();
+    });
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), sent);
+    QVERIFY(bench.isReady());
+
+    // A dead cable shows when the errors are asked for.
+    bench.demo("unplug");
+    bench.messages();
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QVERIFY(!bench.session.isConnected());
+    QVERIFY(!bench.messages().contains("stored in"));
+    QVERIFY(bench.isReady());
+}
+
+void ServiceCommandsTest::theEndOfTheProgramEndsWriting()
+{
+    Bench bench;
+    bench.open();
+    bench.whenSent(adding[1], [] { QCoreApplication::quit(); });
+    QTimer::singleShot(0, &bench.panel,
+                       [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
+    QCoreApplication::exec();
+    QCOMPARE(bench.demo.takeSent(), adding.mid(0, 2));
+    QVERIFY(bench.isReady());
+}
+
+void ServiceCommandsTest::theDacIsSentAsTyped()
+{
+    Bench bench;
+    bench.open();
+    QLineEdit& field = bench.panel.referenceDac();
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, "40000");
+    QVERIFY(field.property("edited").toBool());
+    QTest::keyClick(&field, Qt::Key_Return);
+    QCOMPARE(bench.demo.takeSent(), QStringList({"MEM:DAC 40000\\n", "SYSTem:ERRor?\\n"}));
+    QVERIFY(!field.property("edited").toBool());
+    field.clear();
+    QTest::keyClick(&field, Qt::Key_Return);
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+}
+
+void ServiceCommandsTest::nothingIsSentWhileDisconnected()
+{
+    Bench bench;
+    bench.open();
+    bench.session.close();
+    bench.commands.initial_service();
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    bench.commands.sendCommandRefOsc();
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+    QVERIFY(bench.isReady());
+}
+
+QTEST_MAIN(ServiceCommandsTest)
+#include "service_commands_test.moc"
