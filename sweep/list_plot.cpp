@@ -41,7 +41,9 @@ ListPlot::ListPlot(QWidget* parent)
                                          new RunPlot(RunQuantity::Power, m_area)}
 {
     setObjectName(QStringLiteral("plot_List"));
-    setFocusPolicy(Qt::StrongFocus);
+    // By keys alone: a click must not take the focus from a field that is half typed.
+    setFocusPolicy(Qt::TabFocus);
+    m_logarithmic->setFocusPolicy(Qt::TabFocus);
     m_redraw.setSingleShot(true);
     m_redraw.setInterval(0);
     connect(&m_redraw, &QTimer::timeout, this, &ListPlot::redraw);
@@ -253,6 +255,8 @@ bool ListPlot::handleMouse(const RunPlot& plot, QEvent* event)
     }
     case QEvent::MouseMove: {
         const auto& mouse = *static_cast<const QMouseEvent*>(event);
+        if (!mouse.buttons().testFlag(Qt::LeftButton))
+            m_heldUs.reset();
         // The time that was taken hold of stays under the mouse.
         if (m_heldUs)
             showPart(m_fromUs + *m_heldUs - timeAt(plot, mouse.localPos().x()), m_toUs - m_fromUs);
@@ -265,6 +269,8 @@ bool ListPlot::handleMouse(const RunPlot& plot, QEvent* event)
         return true;
     case QEvent::MouseButtonDblClick:
         fit();
+        return true;
+    case QEvent::ToolTip: // the point's stands there
         return true;
     case QEvent::Leave:
         m_pointed = 0;
@@ -371,8 +377,8 @@ void ListPlot::applyColours()
 void ListPlot::retranslate()
 {
     setAccessibleName(tr("Picture of the run"));
-    m_header->setToolTip(tr("Wheel: zoom. Drag: move. Double click: whole pass.\n"
-                            "Keys: +, −, Left, Right, Home"));
+    setToolTip(tr("Wheel: zoom. Drag: move. Double click: whole pass.\n"
+                  "Keys: +, −, Left, Right, Home"));
     m_logarithmic->setText(tr("Log"));
     describe(m_logarithmic, tr("Logarithmic frequency"), tr("Logarithmic frequency axis"));
     later();

@@ -56,6 +56,9 @@ public:
         return readableQuantity(isZero ? 0.0 : value, m_unit, std::clamp(digits, 3, 12));
     }
 
+    /// Labels are kept, and they hold words.
+    void retranslate() { invalidateCache(); }
+
 private:
     Unit m_unit;
 };
@@ -275,6 +278,17 @@ void RunPlot::keepRoom(const ScaleRoom& room)
 {
     axisScaleDraw(yLeft)->setMinimumExtent(room.left);
     axisWidget(xBottom)->setMinBorderDist(0, room.right);
+}
+
+void RunPlot::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        for (const int axis : {yLeft, xBottom}) {
+            static_cast<QuantityScaleDraw*>(axisScaleDraw(axis))->retranslate();
+            axisWidget(axis)->update();
+        }
+    }
+    QwtPlot::changeEvent(event);
 }
 
 double RunPlot::partAt(double x) const

@@ -52,6 +52,9 @@ public:
     /// Where a point is on the canvas: at the middle of its time.
     QPointF place(int number) const;
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void fitValues();
 

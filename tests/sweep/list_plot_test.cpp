@@ -7,9 +7,11 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolTip>
+#include <QTranslator>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <qwt_scale_widget.h>
 
 Q_DECLARE_METATYPE(RunKind)
 Q_DECLARE_METATYPE(RunPoints)
@@ -58,6 +60,16 @@ int count(const QImage& image, const QColor& colour, const QRect& wanted = QRect
     return found;
 }
 
+class UnitTranslator : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return qstrcmp(context, "Unit") == 0 && qstrcmp(text, "Hz") == 0 ? QString("Ц") : QString();
+    }
+};
+
 class PaintCounter : public QObject
 {
 public:
@@ -92,6 +104,7 @@ private slots:
     void keys();
     void tellsThePointUnderTheMouse();
     void followsThePalette();
+    void speaksTheNewLanguage();
     void drawsOnceARound();
 
 private:
@@ -359,6 +372,22 @@ void ListPlotTest::followsThePalette()
     QCOMPARE(count(found, lineColour), 0);
     QVERIFY(count(found, Qt::blue) > 100);
     QVERIFY(count(found, Qt::white) > found.width() * found.height() / 2);
+}
+
+void ListPlotTest::speaksTheNewLanguage()
+{
+    const auto scale = [this] {
+        QCoreApplication::processEvents();
+        return plot(0).axisWidget(QwtPlot::yLeft)->grab().toImage();
+    };
+    m_plot->showRun(RunKind::Sweep, sweep);
+    const QImage before = scale();
+    UnitTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    QTRY_VERIFY(scale() != before);
+    QTRY_VERIFY(m_plot->accessibleDescription().contains("GЦ"));
+    QCoreApplication::removeTranslator(&translator);
+    QTRY_COMPARE(scale(), before);
 }
 
 void ListPlotTest::drawsOnceARound()
