@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset release >/dev/null
-cmake --build --preset release --target link_bench window_bench >/dev/null
+cmake --build --preset release --target link_bench list_bench window_bench >/dev/null
 export QT_QPA_PLATFORM=offscreen
 XDG_CONFIG_HOME=$(mktemp -d)
 export XDG_CONFIG_HOME
@@ -11,3 +11,4 @@ trap 'rm -rf "$XDG_CONFIG_HOME"' EXIT
 build/release/bench/link_bench
 /usr/bin/python3 bench/pyvisa_bench.py build/release/demo/libVeVISA32.so
 build/release/bench/window_bench
+build/release/bench/list_bench

@@ -16,34 +16,43 @@ struct ParsedLine {
     QString strangeField;
 };
 
-bool isNumberCharacter(QChar c)
+bool isDigit(QChar c)
 {
-    static const QLatin1String others("+-.eE");
-    return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || others.contains(c) ||
-           c.category() == QChar::Separator_Space;
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
+bool isBlank(QChar c)
+{
+    return c == QLatin1Char(' ') || c.category() == QChar::Separator_Space;
+}
+
+/// Digits with what may stand among them in a number, or nothing but blanks.
 bool isNumberOrEmpty(const QString& field)
 {
-    const auto isBlank = [](QChar c) { return c.category() == QChar::Separator_Space; };
-    const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
-    return std::all_of(field.begin(), field.end(), isNumberCharacter) &&
-           (std::any_of(field.begin(), field.end(), isDigit) ||
-            std::all_of(field.begin(), field.end(), isBlank));
+    static const QLatin1String signsAndPoint("+-.eE");
+    bool hasDigit = false;
+    bool hasSign = false;
+    for (const QChar c : field) {
+        if (isDigit(c))
+            hasDigit = true;
+        else if (signsAndPoint.contains(c))
+            hasSign = true;
+        else if (!isBlank(c))
+            return false;
+    }
+    return hasDigit || !hasSign;
 }
 
 /// A line without its line feed. Separators are single bytes in UTF-8, so that only the fields
 /// need be decoded.
-ParsedLine parsedLine(const QByteArray& line)
+ParsedLine parsedLine(const char* begin, const char* end)
 {
     ParsedLine parsed;
-    const bool hasDecimalComma = line.contains(';');
+    const bool hasDecimalComma = std::find(begin, end, ';') != end;
     const char separator = hasDecimalComma ? ';' : ',';
-    int begin = 0;
     for (QString& field : parsed.row) {
-        const int found = line.indexOf(separator, begin);
-        const int end = found < 0 ? line.size() : found;
-        field = QString::fromUtf8(line.constData() + begin, end - begin);
+        const char* fieldEnd = std::find(begin, end, separator);
+        field = QString::fromUtf8(begin, static_cast<int>(fieldEnd - begin));
         if (hasDecimalComma)
             field.replace(QLatin1Char(','), QLatin1Char('.'));
         if (!isNumberOrEmpty(field)) {
@@ -53,16 +62,16 @@ ParsedLine parsedLine(const QByteArray& line)
             parsed.strangeField = field;
             break;
         }
-        if (found < 0)
+        if (fieldEnd == end)
             break;
-        begin = found + 1;
+        begin = fieldEnd + 1;
     }
     return parsed;
 }
 
-bool isBlankLine(const QByteArray& line)
+bool isBlankLine(const char* begin, const char* end)
 {
-    return std::all_of(line.begin(), line.end(), [](char c) { return c == ' ' || c == '\t'; });
+    return std::all_of(begin, end, [](char c) { return c == ' ' || c == '\t'; });
 }
 } // namespace
 
@@ -95,24 +104,27 @@ ReadList readListFile(const QString& path)
         read.detail = detail;
         return read;
     };
-    while (!file.atEnd()) {
-        QByteArray line = file.readLine(longestLine);
-        ++read.line;
-        if (line.isEmpty())
+    std::array<char, longestLine + 1> line;
+    for (;;) {
+        const qint64 length = file.readLine(line.data(), line.size());
+        if (length <= 0)
             break;
-        if (read.line > mostListLines)
+        if (++read.line > mostListLines)
             return failed(ListFileError::TooManyLines, QString());
-        if (line.endsWith('\n'))
-            line.chop(1);
-        else if (line.size() == longestLine)
+        const char* begin = line.data();
+        const char* end = begin + length;
+        if (end[-1] == '\n')
+            --end;
+        else if (length == longestLine)
             return failed(ListFileError::NotText, QString());
-        if (line.endsWith('\r'))
-            line.chop(1);
-        if (read.line == 1 && line.startsWith(byteOrderMark))
-            line.remove(0, static_cast<int>(qstrlen(byteOrderMark)));
-        if (isBlankLine(line))
+        if (end > begin && end[-1] == '\r')
+            --end;
+        if (read.line == 1 &&
+            QByteArray::fromRawData(begin, static_cast<int>(end - begin)).startsWith(byteOrderMark))
+            begin += qstrlen(byteOrderMark);
+        if (isBlankLine(begin, end))
             continue;
-        ParsedLine parsed = parsedLine(line);
+        ParsedLine parsed = parsedLine(begin, end);
         if (parsed.error != ListFileError::None)
             return failed(parsed.error, parsed.strangeField);
         read.rows.push_back(std::move(parsed.row));

@@ -46,6 +46,8 @@ void List::build()
     auto* scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    // Otherwise it takes the focus that a button under the mouse leaves where it is.
+    scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* groups = new QWidget(scroll);
     groups->setObjectName(QStringLiteral("list_groups"));

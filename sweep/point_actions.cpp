@@ -53,7 +53,7 @@ const PointActions::Row PointActions::rows[] = {
     {"", "Ctrl+A", QT_TR_NOOP("Select all"), &PointActions::selectAll, false},
     {"undo", "Ctrl+Z", QT_TR_NOOP("Undo"), &PointActions::undo, true},
     {"redo", "Ctrl+Shift+Z", QT_TR_NOOP("Redo"), &PointActions::redo, false},
-    {"clear", "Ctrl+Shift+Del", QT_TR_NOOP("Clear list"), &PointActions::clear, true},
+    {"trash", "Ctrl+Shift+Del", QT_TR_NOOP("Clear list"), &PointActions::clear, true},
 };
 
 PointActions::PointActions(PointTable* table)

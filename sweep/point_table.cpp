@@ -35,11 +35,11 @@ Range<double> limitsOf(int column)
 class PointTable::RowsChange : public QUndoCommand
 {
 public:
-    RowsChange(PointTable& table, const RowsEdit& edit, const QString& what)
+    RowsChange(PointTable& table, RowsEdit edit, const QString& what)
         : QUndoCommand(what), m_table(table), m_first(edit.first),
           m_before(table.m_points.begin() + edit.first,
                    table.m_points.begin() + edit.first + edit.count),
-          m_after(edit.rows)
+          m_after(std::move(edit.rows))
     {
     }
 
@@ -105,12 +105,12 @@ void PointTable::takeOverRows(int first, int count)
                                                    text(row, Dwell)};
 }
 
-bool PointTable::change(const RowsEdit& edit, const QString& what)
+bool PointTable::change(RowsEdit edit, const QString& what)
 {
     if (refuseDuringTransfer())
         return false;
     takeOverRows(edit.first, edit.count);
-    m_history.push(new RowsChange(*this, edit, what));
+    m_history.push(new RowsChange(*this, std::move(edit), what));
     return true;
 }
 
@@ -160,9 +160,14 @@ void PointTable::apply(int first, int count, const PointRows& rows)
             model()->insertRows(first + common, newCount - count);
         else if (newCount < count)
             model()->removeRows(first + common, count - newCount);
-        for (int row = first; row < first + newCount; ++row)
+        for (int row = first; row < first + common; ++row)
             showRow(row);
+        // New rows are drawn when they come into view: not a word of each of their cells.
+        const QSignalBlocker quietModel(model());
+        for (int row = first + common; row < first + newCount; ++row)
+            fillRow(row);
     }
+    viewport()->update();
     emit pointsChanged();
 }
 
@@ -171,11 +176,19 @@ void PointTable::showRow(int row)
     const QSignalBlocker quiet(this);
     const PointRow& point = m_points[static_cast<std::size_t>(row)];
     for (int column = 0; column < pointColumnCount; ++column) {
-        const QString& shown = point[static_cast<std::size_t>(column)];
         if (QTableWidgetItem* cell = item(row, column))
-            cell->setText(shown);
-        else
-            setItem(row, column, new QTableWidgetItem(shown));
+            cell->setText(point[static_cast<std::size_t>(column)]);
+    }
+    fillRow(row);
+}
+
+/// Gives the cells of a row that are not there yet.
+void PointTable::fillRow(int row)
+{
+    const PointRow& point = m_points[static_cast<std::size_t>(row)];
+    for (int column = 0; column < pointColumnCount; ++column) {
+        if (item(row, column) == nullptr)
+            setItem(row, column, new QTableWidgetItem(point[static_cast<std::size_t>(column)]));
     }
 }
 

@@ -31,7 +31,7 @@ public:
 
     /// Replaces `edit.count` rows from `edit.first` on by others, as they stand. One step of undo,
     /// called `what`. While the table is being transferred nothing is changed: false.
-    bool change(const RowsEdit& edit, const QString& what);
+    bool change(RowsEdit edit, const QString& what);
     void takeBack();
     void bringBack();
     const QUndoStack& history() const { return m_history; }
@@ -64,6 +64,7 @@ private:
 
     void apply(int first, int count, const PointRows& rows);
     void showRow(int row);
+    void fillRow(int row);
     void takeOverRows(int first, int count);
     void foreignRowsChanged();
     bool refuseDuringTransfer();

@@ -1,23 +1,446 @@
-#include "sweep/list_panel.h"
+#include "link/instrument_limits.h"
+#include "panel/numeric_field.h"
+#include "sweep/sweep_group.h"
+#include "tests/sweep/list_bench.h"
 
-#include <QPushButton>
-#include <QTest>
+#include <QGroupBox>
+#include <QLabel>
+
+namespace
+{
+struct NamedButton {
+    const char* name;
+    const char* text;
+    const char* toolTip;
+};
+const NamedButton triggers[] = {
+    {"List_is_Checked", "Sweep", "Sweep-List switch"},
+    {"time_select", "AUTO", "Automatic sweep/list control"},
+    {"int_select", "", "External trigger (positive polarity)"},
+    {"ext_select", "", "External trigger (negative polarity)"},
+    {"left_select", "", "Go to previous point"},
+    {"right_select", "", "Go to next point"},
+    {"trigMode", "", "Continuous sweep/list mode"},
+    {"modeFront", "ALLPOINTS", "Sweep all points by the trigger signal"},
+};
+const char* const sources[] = {"time_select", "int_select", "ext_select"};
+
+QString checkedSources(const ListBench& bench)
+{
+    QStringList checked;
+    for (const char* name : sources) {
+        if (bench.get<QPushButton>(name).isChecked())
+            checked << name;
+    }
+    return checked.join(' ');
+}
+} // namespace
 
 class ListPanelTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void autoOffStopsARun();
+    void cleanup() { InstrumentLimits::global() = InstrumentLimits(); }
+    void hasEveryWidget();
+    void fields_data();
+    void fields();
+    void limitsBoundFields_data();
+    void limitsBoundFields();
+    void modesKeepTheirValues();
+    void keypad();
+    void sourcesExcludeOneAnother_data();
+    void sourcesExcludeOneAnother();
+    void stepsLeaveNoSource();
+    void oneRunAndItIsSeen();
+    void autoOff();
+    void choosingRows();
+    void steppingRows();
+    void highlight();
+    void compactMode_data();
+    void compactMode();
 };
 
-void ListPanelTest::autoOffStopsARun()
+void ListPanelTest::hasEveryWidget()
 {
-    List panel;
-    panel.runSweep().click();
-    QVERIFY(panel.isRunning());
-    panel.autoOff();
-    QVERIFY(!panel.isRunning());
+    const ListBench bench(false);
+    QCOMPARE(bench.panel.objectName(), QString("List"));
+    QCOMPARE(bench.get<QLabel>("title_Sweep").text(), QString("Sweep"));
+    QVERIFY(bench.get<QGroupBox>("Sweep__").isVisible());
+    QVERIFY(!bench.get<QGroupBox>("List__").isVisible());
+    for (const NamedButton& row : triggers) {
+        const auto& button = bench.get<QPushButton>(row.name);
+        QVERIFY2(button.isCheckable(), row.name);
+        QCOMPARE(button.text(), QString(row.text));
+        QCOMPARE(button.toolTip(), QString(row.toolTip));
+    }
+    QCOMPARE(checkedSources(bench), QString("time_select"));
+    QCOMPARE(bench.get<QPushButton>("power_toFrom_freq").toolTip(), QString("Freq-Pow switch"));
+    for (const char* name : {"button_Sweep", "button_List"}) {
+        QVERIFY(bench.get<QPushButton>(name).isCheckable());
+        QCOMPARE(bench.get<QPushButton>(name).text(), QString("Run"));
+    }
+    const auto& table = bench.get<QTableWidget>("table_List");
+    const char* const headers[] = {"Freq [Hz]", "Pow [dBm]", "Dwell [μs]"};
+    for (int column = 0; column < 3; ++column)
+        QCOMPARE(table.horizontalHeaderItem(column)->text(), QString(headers[column]));
+    for (const QWidget* each : bench.panel.findChildren<QWidget*>()) {
+        const bool isOwn = !each->objectName().startsWith("qt_");
+        if (isOwn && (each->inherits("QPushButton") || each->inherits("QLineEdit")))
+            QVERIFY2(!each->toolTip().isEmpty() && !each->accessibleName().isEmpty(),
+                     qPrintable(each->objectName()));
+    }
+}
+
+void ListPanelTest::fields_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<QString>("initial");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("powerSweepKeys");
+    QTest::addColumn<QString>("powerSweepShown");
+    QTest::newRow("Freq_Pow") << "Power"
+                              << "0"
+                              << "-1m5"
+                              << "-15"
+                              << "1.5G"
+                              << "1 500 000 000";
+    QTest::newRow("Start") << "Start"
+                           << "25 000 000"
+                           << "-2,5k"
+                           << "2 500"
+                           << "-7"
+                           << "-7";
+    QTest::newRow("Stop") << "Stop"
+                          << "1 000 000 000"
+                          << "3m"
+                          << "3 000 000"
+                          << "1k2"
+                          << "12";
+    QTest::newRow("Step") << "Points"
+                          << "100"
+                          << "1m200"
+                          << "1 200"
+                          << "3"
+                          << "3";
+    QTest::newRow("Time") << "Dwell"
+                          << "1 000"
+                          << "2s"
+                          << "2 000 000"
+                          << "5m"
+                          << "5 000";
+}
+
+void ListPanelTest::fields()
+{
+    QFETCH(QString, keys);
+    QFETCH(QString, powerSweepKeys);
+    const QString name = QTest::currentDataTag();
+    const ListBench bench(false);
+    auto& field = bench.get<QLineEdit>(name);
+    QTEST(bench.get<QLabel>("label_" + name).text(), "caption");
+    QTEST(field.text(), "initial");
+    const auto enter = [&](const QString& text) {
+        field.setFocus();
+        field.selectAll();
+        bench.type(text);
+        bench.press(Qt::Key_Return);
+        return field.text();
+    };
+    QTEST(enter(keys), "shown");
+    bench.click("power_toFrom_freq");
+    QTEST(enter(powerSweepKeys), "powerSweepShown");
+}
+
+void ListPanelTest::limitsBoundFields_data()
+{
+    QTest::addColumn<bool>("isPowerSweep");
+    QTest::addColumn<QStringList>("typed");
+    QTest::addColumn<QStringList>("bounded");
+    QTest::newRow("frequency") << false << QStringList{"50", "1", "90000000000", "5000", "1"}
+                               << QStringList{"20", "9 000", "20 000 000 000", "5 000", "50"};
+    QTest::newRow("power") << true << QStringList{"1", "-99", "99", "7", "99000000000"}
+                           << QStringList{"9 000", "-30", "20", "7", "1 000 000"};
+}
+
+void ListPanelTest::limitsBoundFields()
+{
+    QFETCH(bool, isPowerSweep);
+    QFETCH(QStringList, typed);
+    QFETCH(QStringList, bounded);
+    InstrumentLimits& limits = InstrumentLimits::global();
+    limits.frequencyHz = {9000, 20000000000};
+    limits.powerDbm = {-30.0, 20.0};
+    limits.sweepDwellUs = {50, 1000000};
+    const ListBench bench(false);
+    if (isPowerSweep)
+        bench.click("power_toFrom_freq");
+    const char* const names[] = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
+    for (int i = 0; i < typed.size(); ++i) {
+        auto& field = bench.get<QLineEdit>(names[i]);
+        field.setText(typed.at(i));
+        emit field.editingFinished();
+        QCOMPARE(field.text(), bounded.at(i));
+        QVERIFY(!field.property("edited").toBool());
+    }
+}
+
+void ListPanelTest::modesKeepTheirValues()
+{
+    ListBench bench(false);
+    const auto shown = [&] {
+        return QStringList{bench.field("Freq_Pow"), bench.field("Start"), bench.field("Stop")};
+    };
+    const QStringList frequencySweep = shown();
+    QStringList heard;
+    connect(&bench.panel, &List::sweepChanged, [&] { heard << shown().join('|'); });
+    bench.click("power_toFrom_freq");
+    QVERIFY(bench.panel.isPowerSweep());
+    const QStringList powerSweep = {"1 000 000 000", "-10", "0"};
+    QCOMPARE(shown(), powerSweep);
+    // The three change at once: nobody sees the values of one mode under the other.
+    QCOMPARE(heard, QStringList(powerSweep.join('|')));
+    QCOMPARE(bench.get<QLabel>("label_Freq_Pow").text(), QString("Frequency"));
+    const auto fixed = numericField(&bench.get<QLineEdit>("Freq_Pow"));
+    QVERIFY(fixed->kind == FieldKind::Frequency && fixed->step == StepKind::Frequency);
+    const auto start = numericField(&bench.get<QLineEdit>("Start"));
+    QVERIFY(start->kind == FieldKind::Power && start->step == StepKind::Power);
+
+    QCOMPARE(bench.panel.valuesAside().start, frequencySweep.at(1));
+    bench.panel.valuesAside().start = "30 000 000";
+    bench.get<QLineEdit>("Stop").setText("5");
+    bench.click("power_toFrom_freq");
+    QCOMPARE(shown(), QStringList({"0", "30 000 000", "1 000 000 000"}));
+    bench.click("power_toFrom_freq");
+    QCOMPARE(shown(), QStringList({"1 000 000 000", "-10", "5"}));
+}
+
+void ListPanelTest::keypad()
+{
+    ListBench bench(false);
+    QStringList asked;
+    connect(&bench.panel, &List::keypadRequested,
+            [&](const QLineEdit* field) { asked << field->objectName(); });
+    const QStringList names = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
+    for (const QString& name : names)
+        bench.click("key_" + name);
+    QCOMPARE(asked, names);
+}
+
+void ListPanelTest::sourcesExcludeOneAnother_data()
+{
+    QTest::addColumn<QString>("clicks");
+    QTest::addColumn<QString>("checked");
+    QTest::addColumn<int>("choice");
+    const auto row = [](const char* clicks, const char* checked, TriggerChoice choice) {
+        QTest::newRow(clicks) << clicks << checked << static_cast<int>(choice);
+    };
+    row("time_select", "", TriggerChoice::Manual);
+    row("int_select", "int_select", TriggerChoice::ExternalRising);
+    row("int_select ext_select", "ext_select", TriggerChoice::ExternalFalling);
+    row("ext_select time_select", "time_select", TriggerChoice::FreeRun);
+    row("ext_select ext_select", "", TriggerChoice::Manual);
+}
+
+void ListPanelTest::sourcesExcludeOneAnother()
+{
+    QFETCH(QString, clicks);
+    ListBench bench;
+    QStringList heard;
+    connect(&bench.panel, &List::triggerChosen, [&] { heard << checkedSources(bench); });
+    const QStringList names = clicks.split(' ');
+    for (const QString& name : names)
+        bench.click(name);
+    QTEST(checkedSources(bench), "checked");
+    QTEST(static_cast<int>(bench.panel.triggerChoice()), "choice");
+    // Others hear of a choice once, and after it has been made.
+    QCOMPARE(heard.size(), names.size());
+    QCOMPARE(heard.last(), checkedSources(bench));
+}
+
+void ListPanelTest::stepsLeaveNoSource()
+{
+    ListBench bench;
+    int chosen = 0;
+    connect(&bench.panel, &List::triggerChosen, [&] { ++chosen; });
+    QStringList heard;
+    for (QPushButton* button : {&bench.panel.previousPoint(), &bench.panel.nextPoint()}) {
+        connect(button, &QAbstractButton::clicked, [&, button] {
+            heard << button->objectName() + checkedSources(bench);
+            QVERIFY(!button->isChecked());
+        });
+    }
+    bench.click("left_select");
+    bench.click("int_select");
+    bench.click("right_select");
+    QCOMPARE(heard, QStringList({"left_select", "right_select"}));
+    QCOMPARE(chosen, 1);
+}
+
+void ListPanelTest::oneRunAndItIsSeen()
+{
+    const ListBench bench(false);
+    const auto state = [&] {
+        return QString("%1%2%3%4")
+            .arg(bench.panel.runSweep().isChecked() ? 'S' : '-')
+            .arg(bench.panel.runList().isChecked() ? 'L' : '-')
+            .arg(bench.get<QGroupBox>("Sweep__").isVisible() ? 's' : '-')
+            .arg(bench.get<QGroupBox>("List__").isVisible() ? 'l' : '-');
+    };
+    bench.click("button_Sweep");
+    QCOMPARE(state(), QString("S-s-"));
+    bench.click("List_is_Checked");
+    QCOMPARE(state(), QString("---l"));
+    bench.click("button_List");
+    QCOMPARE(state(), QString("-L-l"));
+    bench.click("List_is_Checked");
+    QCOMPARE(state(), QString("--s-"));
+    bench.panel.runList().click();
+    QCOMPARE(state(), QString("-L-l"));
+    bench.panel.runSweep().click();
+    QCOMPARE(state(), QString("S-s-"));
+}
+
+void ListPanelTest::autoOff()
+{
+    ListBench bench;
+    QSignalSpy hide(&bench.panel, &SidePanel::hide_);
+    bench.click("button_List");
+    int hiddenAtClick = -1;
+    connect(&bench.panel.runList(), &QAbstractButton::clicked,
+            [&] { hiddenAtClick = static_cast<int>(hide.size()); });
+    bench.panel.autoOff();
+    QVERIFY(!bench.panel.isRunning());
+    QCOMPARE(hiddenAtClick, 0);
+    QCOMPARE(hide.size(), 1);
+    bench.panel.autoOff();
+    QVERIFY(!bench.panel.isRunning());
+    QCOMPARE(hide.size(), 2);
+}
+
+void ListPanelTest::choosingRows()
+{
+    ListBench bench;
+    bench.setRows({"1,,", "2,,", "3,,"});
+    QStringList chosen;
+    connect(&bench.panel, &List::pointChosen,
+            [&](int number) { chosen << QString::number(number); });
+    bench.clickCell(0, 0);
+    bench.click("button_List");
+    bench.clickCell(1, 0); // time runs through the list
+    QCOMPARE(chosen, QStringList());
+    bench.click("time_select");
+    bench.clickCell(1, 1);
+    bench.clickCell(1, 2);
+    bench.table().setFocus();
+    bench.press(Qt::Key_Down);
+    bench.clickCell(0, 0);
+    QCOMPARE(chosen, QStringList({"2", "3", "1"}));
+    {
+        QWidget bar(&bench.table());
+        bar.setObjectName("progressBarForTable");
+        bench.clickCell(2, 0);
+    }
+    bench.click("button_List");
+    bench.clickCell(1, 0);
+    QCOMPARE(chosen.size(), 3);
+}
+
+void ListPanelTest::steppingRows()
+{
+    ListBench bench;
+    bench.setRows({"1,,", "2,,", "3,,"});
+    QStringList chosen;
+    connect(&bench.panel, &List::pointChosen,
+            [&](int number) { chosen << QString::number(number); });
+    // The instrument is made ready by those who hear of the click itself.
+    connect(&bench.panel.nextPoint(), &QAbstractButton::clicked, [&] { chosen << "next"; });
+    const auto step = [&](const char* name) {
+        bench.click(name);
+        QCoreApplication::processEvents();
+        return std::exchange(chosen, {}).join(' ');
+    };
+    QCOMPARE(step("right_select"), QString("next"));
+    bench.click("button_List");
+    QCOMPARE(step("right_select"), QString("next 1"));
+    QCOMPARE(step("right_select"), QString("next 2"));
+    QCOMPARE(bench.table().currentRow(), 1);
+    QCOMPARE(step("left_select"), QString("1"));
+    QCOMPARE(step("left_select"), QString());
+    bench.clickCell(2, 0);
+    QCOMPARE(step("right_select"), QString("3 next"));
+
+    // A free run goes on by hand from the point that it has reached.
+    bench.click("time_select");
+    bench.panel.highlightPoint(2);
+    QCOMPARE(step("right_select"), QString("next 3"));
+}
+
+void ListPanelTest::highlight()
+{
+    ListBench bench;
+    bench.setRows({"1,2,3", "4,5,6", "7,8,9"});
+    const auto picture = [&] { return bench.table().viewport()->grab().toImage(); };
+    const QStringList rows = bench.rows();
+    const QImage plain = picture();
+    bench.panel.highlightPoint(2);
+    const QImage second = picture();
+    bench.panel.highlightPoint(3);
+    const QImage third = picture();
+    bench.panel.highlightPoint(0);
+    QVERIFY(second != plain && third != second);
+    QCOMPARE(picture(), plain);
+    QCOMPARE(bench.rows(), rows);
+    bench.panel.highlightPoint(99);
+    QCOMPARE(picture(), plain);
+}
+
+void ListPanelTest::compactMode_data()
+{
+    QTest::addColumn<QString>("clicks");
+    QTest::addColumn<QString>("checked");
+    QTest::addColumn<QString>("status");
+    QTest::newRow("as at first") << ""
+                                 << "time_select"
+                                 << "Single";
+    QTest::newRow("continuous") << "trigMode"
+                                << "time_select"
+                                << "Freq -  Pow";
+    QTest::newRow("manual") << "pushButton_Manual"
+                            << ""
+                            << "Freq -  Pow";
+    QTest::newRow("manual twice") << "pushButton_Manual pushButton_Manual"
+                                  << ""
+                                  << "Freq -  Pow";
+    QTest::newRow("back") << "pushButton_Manual pushButton_Auto"
+                          << "time_select"
+                          << "Single";
+    QTest::newRow("external stays automatic") << "ext_select pushButton_Auto"
+                                              << "ext_select"
+                                              << "TRIG POINT";
+    QTest::newRow("external, all points") << "int_select modeFront"
+                                          << "int_select"
+                                          << "Single";
+    QTest::newRow("left") << "leftButton"
+                          << ""
+                          << "Freq -  Pow";
+    QTest::newRow("right") << "int_select rightButton"
+                           << ""
+                           << "Freq -  Pow";
+}
+
+void ListPanelTest::compactMode()
+{
+    QFETCH(QString, clicks);
+    const ListBench bench;
+    for (const QString& name : clicks.split(' ', Qt::SkipEmptyParts))
+        bench.click(name);
+    QTEST(checkedSources(bench), "checked");
+    QTEST(bench.get<QLabel>("lableStatus").text(), "status");
+    const bool isManual = bench.panel.triggerChoice() == TriggerChoice::Manual;
+    QCOMPARE(bench.get<QPushButton>("pushButton_Manual").isChecked(), isManual);
+    QCOMPARE(bench.get<QPushButton>("pushButton_Auto").isChecked(), !isManual);
 }
 
 QTEST_MAIN(ListPanelTest)

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "sweep/list_panel.h"
+#include "sweep/point_table.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <functional>
+
+/// A shown list panel, driven by the object names of its controls and by keys.
+struct ListBench {
+    explicit ListBench(bool isListShown = true)
+    {
+        panel.resize(panel.width(), 900);
+        panel.show();
+        panel.activateWindow();
+        (void)QTest::qWaitForWindowActive(&panel);
+        if (isListShown)
+            click("List_is_Checked");
+        QObject::connect(&panel, &List::statusMessage, [this](const QString& m) { said << m; });
+        QObject::connect(&panel, &List::errorMessage,
+                         [this](const QString& m) { said << "error: " + m; });
+    }
+
+    template <typename Widget>
+    Widget& get(const QString& name) const
+    {
+        auto* widget = panel.findChild<Widget*>(name);
+        if (!widget)
+            qFatal("no %s", qUtf8Printable(name));
+        return *widget;
+    }
+    void click(const QString& name) const
+    {
+        QTest::mouseClick(&get<QAbstractButton>(name), Qt::LeftButton);
+    }
+    QString field(const QString& name) const { return get<QLineEdit>(name).text(); }
+
+    PointTable& table() const { return panel.table(); }
+    /// "frequency,power,dwell" for each row.
+    QStringList rows() const
+    {
+        QStringList rows;
+        for (int row = 0; row < table().rowCount(); ++row)
+            rows << QStringList{table().text(row, 0), table().text(row, 1), table().text(row, 2)}
+                        .join(',');
+        return rows;
+    }
+    /// Replaces all rows, as they stand.
+    void setRows(const QStringList& rows) const
+    {
+        PointRows points;
+        for (const QString& row : rows) {
+            const QStringList cells = row.split(',');
+            points.push_back({cells.value(0), cells.value(1), cells.value(2)});
+        }
+        table().change({0, table().rowCount(), points}, "set");
+        // The table lays itself out when control returns to the event loop.
+        QCoreApplication::processEvents();
+    }
+    void clickCell(int row, int column, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const
+    {
+        const QModelIndex index = table().model()->index(row, column);
+        table().scrollTo(index);
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, modifiers,
+                          table().visualRect(index).center());
+    }
+    /// Keys go where the focus is by then: the first one into a cell opens its editor.
+    static void type(const QString& text)
+    {
+        for (const QChar c : text)
+            QTest::keyClick(QApplication::focusWidget(), c.toLatin1());
+    }
+    static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+        // A cell's editor commits when control returns to the event loop.
+        QCoreApplication::processEvents();
+    }
+    /// Does something to the next dialog once it is there.
+    template <typename Dialog>
+    void whenAsked(const std::function<void(Dialog&)>& answer)
+    {
+        auto* timer = new QTimer(&panel);
+        QObject::connect(timer, &QTimer::timeout, &panel, [timer, answer] {
+            if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
+                timer->deleteLater();
+                answer(*dialog);
+            }
+        });
+        timer->start(1);
+    }
+
+    List panel;
+    QStringList said;
+};

@@ -1,0 +1,330 @@
+#include "sweep/list_file.h"
+#include "tests/sweep/list_bench.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+
+namespace
+{
+QByteArray contentsOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
+}
+
+void write(const QString& path, const QByteArray& contents)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
+        qFatal("no %s", qUtf8Printable(path));
+}
+
+QStringList linesOf(const PointRows& rows)
+{
+    QStringList lines;
+    for (const PointRow& row : rows)
+        lines << QStringList{row[0], row[1], row[2]}.join('|');
+    return lines;
+}
+} // namespace
+
+class ListFileTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void reads_data();
+    void reads();
+    void refuses_data();
+    void refuses();
+    void takesAMillionLines();
+    void writesBytes();
+    void saving_data();
+    void saving();
+    void savingAsksBeforeItReplaces();
+    void savingNeverHarmsTheOldFile();
+    void opening();
+    void openingKeepsTheTable_data();
+    void openingKeepsTheTable();
+    void openingStopsARun();
+
+private:
+    QString path(const QString& name) const { return m_folder->filePath(name); }
+    QString listFolder() const { return path("home/Documents/Veltro KLV"); }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void ListFileTest::initTestCase()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("HOME", QFile::encodeName(path("home")));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(path("home")));
+}
+
+void ListFileTest::init()
+{
+    QDir(path("home")).removeRecursively();
+    QDir().mkpath(path("home/Documents"));
+}
+
+void ListFileTest::reads_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QStringList>("rows");
+    const auto row = [](const char* name, const QByteArray& contents, const QStringList& rows) {
+        QTest::newRow(name) << contents << rows;
+    };
+    row("semicolons", "1 000 000;-5,5;1000\n", {"1 000 000|-5.5|1000"});
+    row("commas", "1000000,0,50\n", {"1000000|0|50"});
+    row("both forms", "1;2;3\n4,5,6\n", {"1|2|3", "4|5|6"});
+    row("as they stand", "1e6, +0.50,\n", {"1e6| +0.50|"});
+    row("no-break spaces", "1\u00a0000\u202f000;0;1\n", {"1\u00a0000\u202f000|0|1"});
+    row("no last line feed", "1,2,3\n4,5,6", {"1|2|3", "4|5|6"});
+    row("carriage returns", "1,2,3\r\n\r\n4,5,6\r\n", {"1|2|3", "4|5|6"});
+    row("blank lines", "\n  \n1,2,3\n\t\n", {"1|2|3"});
+    row("missing fields", "1\n1,2\n,,\n", {"1||", "1|2|", "||"});
+    row("fields beyond the third", "1,2,3,4,five\n", {"1|2|3"});
+    row("byte order mark",
+        "\xEF\xBB\xBF"
+        "1,2,3\n",
+        {"1|2|3"});
+    row("empty", "", {});
+}
+
+void ListFileTest::reads()
+{
+    QFETCH(QByteArray, contents);
+    write(path("a.csv"), contents);
+    const ReadList read = readListFile(path("a.csv"));
+    QCOMPARE(static_cast<int>(read.error), 0);
+    QTEST(linesOf(read.rows), "rows");
+}
+
+void ListFileTest::refuses_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<int>("line");
+    const auto row = [](const char* name, const QByteArray& contents, ListFileError error,
+                        int line) {
+        QTest::newRow(name) << contents << static_cast<int>(error) << line;
+    };
+    using E = ListFileError;
+    row("a header", "Freq,Pow,Dwell\n1,2,3\n", E::NoNumber, 1);
+    row("a word", "1,2,3\n4,five,6\n", E::NoNumber, 2);
+    row("quotes", "1,2,3\n\"4\",5,6\n", E::NoNumber, 2);
+    row("signs without a digit", "1,-,3\n", E::NoNumber, 1);
+    row("old line ends", "1,2,3\r4,5,6\r", E::NoNumber, 1);
+    row("zeros", QByteArray(100, '\0'), E::NotText, 1);
+    row("UTF-16",
+        QByteArray("\xFF\xFE"
+                   "1\0,\0"
+                   "2\0",
+                   8),
+        E::NotText, 1);
+    row("not UTF-8",
+        "1,2,3\n4,\xA0"
+        "5,6\n",
+        E::NotText, 2);
+    row("a picture", QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16), E::NotText, 1);
+    row("a line without end", QByteArray(1 << 20, '1'), E::NotText, 1);
+    row("too many lines", QByteArray("1,2,3\n").repeated(mostListLines + 1), E::TooManyLines,
+        mostListLines + 1);
+}
+
+void ListFileTest::refuses()
+{
+    QFETCH(QByteArray, contents);
+    write(path("a.csv"), contents);
+    const ReadList read = readListFile(path("a.csv"));
+    QTEST(static_cast<int>(read.error), "error");
+    QTEST(read.line, "line");
+    QVERIFY(read.rows.empty());
+}
+
+void ListFileTest::takesAMillionLines()
+{
+    write(path("a.csv"), QByteArray("1,2,3\n").repeated(mostListLines));
+    const ReadList read = readListFile(path("a.csv"));
+    QCOMPARE(static_cast<int>(read.error), 0);
+    QCOMPARE(static_cast<int>(read.rows.size()), mostListLines);
+}
+
+void ListFileTest::writesBytes()
+{
+    const PointRows rows = {{"1 000 000", "-5.5", "1000"}, {"", "", ""}, {"20", "0", "5e-05"}};
+    QCOMPARE(writeListFile(path("a.csv"), rows), QString());
+    QCOMPARE(contentsOf(path("a.csv")), QByteArray("1 000 000,-5.5,1000\n,,\n20,0,5e-05\n"));
+    QCOMPARE(linesOf(readListFile(path("a.csv")).rows), linesOf(rows));
+    QCOMPARE(writeListFile(path("a.csv"), {}), QString());
+    QCOMPARE(contentsOf(path("a.csv")), QByteArray());
+    QVERIFY(!writeListFile(path("nowhere/a.csv"), rows).isEmpty());
+}
+
+void ListFileTest::saving_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("saved");
+    QTest::newRow("with suffix") << "points.csv"
+                                 << "points.csv";
+    QTest::newRow("without") << "points"
+                             << "points.csv";
+    QTest::newRow("another suffix") << "points.txt"
+                                    << "points.txt";
+    QTest::newRow("as proposed") << ""
+                                 << "";
+}
+
+void ListFileTest::saving()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, saved);
+    ListBench bench;
+    bench.setRows({"1 000,2,3", "4,5,6"});
+    QString proposed;
+    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), QString("Save List"));
+        QCOMPARE(dialog.nameFilters(), QStringList("*.csv"));
+        QCOMPARE(dialog.directory().absolutePath(), listFolder());
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        proposed = name->text();
+        if (!typed.isEmpty())
+            name->setText(typed);
+        QTest::keyClick(name, Qt::Key_Return);
+    });
+    bench.click("save_List");
+    QVERIFY2(QRegularExpression("^List_\\d\\d\\.\\d\\d\\.\\d\\d_\\d\\d\\.\\d\\d\\.\\d\\d$")
+                 .match(proposed)
+                 .hasMatch(),
+             qPrintable(proposed));
+    const QString expected = saved.isEmpty() ? proposed + ".csv" : saved;
+    QCOMPARE(QDir(listFolder()).entryList(QDir::Files), QStringList(expected));
+    QCOMPARE(contentsOf(listFolder() + '/' + expected), QByteArray("1 000,2,3\n4,5,6\n"));
+    QCOMPARE(bench.said, QStringList("List saved: " + expected));
+}
+
+void ListFileTest::savingAsksBeforeItReplaces()
+{
+    ListBench bench;
+    QDir().mkpath(listFolder());
+    const QString old = listFolder() + "/points.csv";
+    write(old, "old");
+    const auto save = [&](QMessageBox::StandardButton answer) {
+        bench.whenAsked<QFileDialog>([&bench, answer](QFileDialog& dialog) {
+            bench.whenAsked<QMessageBox>(
+                [answer](QMessageBox& box) { box.button(answer)->click(); });
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points");
+            QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        });
+        bench.click("save_List");
+    };
+    save(QMessageBox::No);
+    QCOMPARE(contentsOf(old), QByteArray("old"));
+    save(QMessageBox::Yes);
+    QCOMPARE(contentsOf(old), QByteArray());
+}
+
+/// What is being written lies beside the target until it is whole: whoever reads the old file goes
+/// on reading it.
+void ListFileTest::savingNeverHarmsTheOldFile()
+{
+    write(path("a.csv"), "old");
+    QFile reader(path("a.csv"));
+    QVERIFY(reader.open(QIODevice::ReadOnly));
+    QCOMPARE(writeListFile(path("a.csv"), {{"1", "2", "3"}}), QString());
+    QCOMPARE(reader.readAll(), QByteArray("old"));
+    QCOMPARE(contentsOf(path("a.csv")), QByteArray("1,2,3\n"));
+    QCOMPARE(QDir(m_folder->path()).entryList({"a.csv*"}, QDir::Files), QStringList("a.csv"));
+}
+
+void ListFileTest::opening()
+{
+    ListBench bench;
+    bench.setRows({"9,9,9"});
+    QDir().mkpath(listFolder());
+    write(listFolder() + "/points.csv", "1 000 000;-5,5;1000\n");
+    const auto open = [&](bool isAccepted) {
+        bench.whenAsked<QFileDialog>([&, isAccepted](QFileDialog& dialog) {
+            QCOMPARE(dialog.windowTitle(), QString("Open List"));
+            QCOMPARE(dialog.nameFilters(), QStringList("CSV File ( *.csv )"));
+            QCOMPARE(dialog.directory().absolutePath(), listFolder());
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
+            static_cast<QDialog&>(dialog).done(isAccepted ? QDialog::Accepted : QDialog::Rejected);
+        });
+        bench.click("open_List");
+    };
+    open(false);
+    QCOMPARE(bench.rows(), QStringList("9,9,9"));
+    open(true);
+    QCOMPARE(bench.rows(), QStringList("1 000 000,-5.5,1000"));
+    // Not one cell was taken for an edit, but the next one is.
+    bench.table().item(0, 2)->setText("2m");
+    QCOMPARE(bench.rows(), QStringList("1 000 000,-5.5,2 000"));
+    bench.click("undo_List");
+    bench.click("undo_List");
+    QCOMPARE(bench.rows(), QStringList("9,9,9"));
+}
+
+void ListFileTest::openingKeepsTheTable_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("damaged") << QByteArray("1,2,3\n4,%1,6\n")
+                             << "error: points.csv is not a list: \"%1\" in line 2 is no number";
+    QTest::newRow("binary") << QByteArray(10, '\0')
+                            << "error: points.csv is not a list: it is no text in UTF-8";
+    QTest::newRow("huge") << QByteArray("1\n").repeated(mostListLines + 1)
+                          << "error: points.csv is not a list: it has more than 1000000 lines";
+    QTest::newRow("gone") << QByteArray() << "points.csv cannot be opened: ";
+}
+
+void ListFileTest::openingKeepsTheTable()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, message);
+    ListBench bench;
+    bench.setRows({"9,9,9"});
+    QDir().mkpath(listFolder());
+    const QString file = listFolder() + "/points.csv";
+    write(file, contents);
+    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
+        // Gone between the choice and the reading.
+        if (contents.isEmpty())
+            connect(&dialog, &QDialog::accepted, [&] { QFile::remove(file); });
+        static_cast<QDialog&>(dialog).accept();
+    });
+    bench.click("open_List");
+    QCOMPARE(bench.rows(), QStringList("9,9,9"));
+    QCOMPARE(bench.said.size(), 1);
+    QVERIFY2(bench.said.first().startsWith(message), qPrintable(bench.said.first()));
+}
+
+void ListFileTest::openingStopsARun()
+{
+    ListBench bench;
+    bench.click("button_List");
+    bool wasRunning = true;
+    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+        wasRunning = bench.panel.isRunning();
+        dialog.reject();
+    });
+    bench.click("open_List");
+    QVERIFY(!wasRunning && !bench.panel.isRunning());
+
+    bench.click("button_List");
+    QWidget bar(&bench.table());
+    bar.setObjectName("progressBarForTable");
+    bench.click("open_List");
+    QVERIFY(bench.panel.isRunning());
+    QCOMPARE(bench.said, QStringList("No list can be opened while a table is being transferred"));
+}
+
+QTEST_MAIN(ListFileTest)
+#include "list_file_test.moc"
