@@ -11,6 +11,7 @@
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QVBoxLayout>
 
@@ -19,7 +20,11 @@
 namespace
 {
 constexpr int panelWidth = 560;
-constexpr int leastHeight = 600;
+/// What the groups take so that nothing has to be scrolled, and what they can do with.
+constexpr int wholeHeight = 640;
+constexpr int leastHeight = 320;
+/// What the window and the panel take besides.
+constexpr int frameHeight = 200;
 constexpr int spacing = 8;
 
 /// Whether a table anywhere in the window is being read or written.
@@ -127,6 +132,14 @@ void List::stopRun(QPushButton& run)
 bool List::isListShown() const
 {
     return m_trigger->listShown().isChecked();
+}
+
+QSize List::minimumSizeHint() const
+{
+    const QSize least = SidePanel::minimumSizeHint();
+    const int room = screen()->availableGeometry().height() - frameHeight;
+    return {least.width(),
+            least.height() + std::clamp(room, leastHeight, wholeHeight) - leastHeight};
 }
 
 QPushButton& List::runSweep() const

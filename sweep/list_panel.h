@@ -56,6 +56,9 @@ public:
     PointTable& table() const;
     ListPlot& plot() const { return *m_plot; }
 
+    /// As tall as the screen lets everything be seen.
+    QSize minimumSizeHint() const override;
+
 public slots:
     /// Stops a run by a click on its button, and asks to be closed.
     void autoOff();

@@ -39,13 +39,14 @@ struct PointActions::Row {
 const PointActions::Row PointActions::rows[] = {
     {"row_add", "Ins", QT_TR_NOOP("Insert row"), &PointActions::insert, false},
     {"row_delete", "Del", QT_TR_NOOP("Delete rows"), &PointActions::remove, false},
-    {"row_duplicate", "Ctrl+D", QT_TR_NOOP("Duplicate rows"), &PointActions::duplicate, false},
+    {"row_duplicate", "Ctrl+Shift+D", QT_TR_NOOP("Duplicate rows"), &PointActions::duplicate,
+     false},
     {"row_up", "Alt+Up", QT_TR_NOOP("Move rows up"), &PointActions::moveUp, false},
     {"row_down", "Alt+Down", QT_TR_NOOP("Move rows down"), &PointActions::moveDown, false},
     {"fill", "Ctrl+L", QT_TR_NOOP("Fill linearly"), &PointActions::fillLinear, true},
     {"fill", "Ctrl+Shift+L", QT_TR_NOOP("Fill logarithmically"), &PointActions::fillLogarithmic,
      false},
-    {"fill", "Ctrl+Shift+D", QT_TR_NOOP("Fill down"), &PointActions::fillDown, false},
+    {"fill", "Alt+Shift+Down", QT_TR_NOOP("Fill down"), &PointActions::fillDown, false},
     {"generate", "Ctrl+G", QT_TR_NOOP("Make the list from the sweep"),
      &PointActions::generateWanted, false},
     {"copy", "Ctrl+C", QT_TR_NOOP("Copy"), &PointActions::copy, true},
@@ -82,7 +83,11 @@ void PointActions::build()
         made->setShortcutVisibleInContextMenu(true);
         if (row.icon[0] != '\0')
             made->setIcon(QIcon(QStringLiteral(":/images/%1.png").arg(QLatin1String(row.icon))));
-        connect(made, &QAction::triggered, this, row.slot);
+        connect(made, &QAction::triggered, this, [this, slot = row.slot] {
+            // A cell that is being edited is entered first.
+            m_table->setFocus();
+            (this->*slot)();
+        });
         m_actions[i] = made;
         m_table->addAction(made);
         if (row.startsSection)
@@ -105,7 +110,6 @@ QPushButton* PointActions::newButton(Command command, const QString& objectName,
     button->setObjectName(objectName);
     button->setProperty("tool", true);
     button->setIconSize(QSize(iconSide, iconSide));
-    // A click leaves the focus, and with it the selection's look, in the table.
     button->setFocusPolicy(Qt::TabFocus);
     QAction* source = action(command);
     const auto follow = [button, source] {

@@ -60,7 +60,8 @@ PointTable::PointTable(QWidget* parent) : QTableWidget(0, pointColumnCount, pare
     setObjectName(QStringLiteral("table_List"));
     setItemDelegate(new PointDelegate(this));
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
-    setTabKeyNavigation(true);
+    // Tab leaves the table; in an editor it goes on to the next cell.
+    setTabKeyNavigation(false);
     setAlternatingRowColors(true);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
@@ -237,20 +238,27 @@ void PointTable::selectRows(int first, int last)
     scrollTo(currentIndex());
 }
 
+QRect PointTable::rectOfPoint(int number) const
+{
+    if (number < 1 || number > rowCount())
+        return QRect();
+    return visualRect(model()->index(number - 1, 0)) |
+           visualRect(model()->index(number - 1, pointColumnCount - 1));
+}
+
 void PointTable::highlightPoint(int number)
 {
-    const int previous = std::exchange(m_highlightedPoint, number);
-    if (previous == number)
+    if (number == m_highlightedPoint)
         return;
-    for (const int point : {previous, number}) {
-        if (point < 1 || point > rowCount())
-            continue;
-        const QModelIndex first = model()->index(point - 1, 0);
-        const QModelIndex last = model()->index(point - 1, pointColumnCount - 1);
-        viewport()->update(visualRect(first) | visualRect(last));
-        if (point == number && state() != EditingState)
-            scrollTo(first);
-    }
+    const QRect previous = rectOfPoint(m_highlightedPoint);
+    // A user who has scrolled away, or edits, wants to see something else.
+    const bool isFollowed =
+        state() != EditingState && (previous.isEmpty() || viewport()->rect().intersects(previous));
+    m_highlightedPoint = number;
+    viewport()->update(previous);
+    if (number >= 1 && number <= rowCount() && isFollowed)
+        scrollTo(model()->index(number - 1, std::max(currentColumn(), 0)));
+    viewport()->update(rectOfPoint(number));
 }
 
 /// Return goes on below, as in a spreadsheet.

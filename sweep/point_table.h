@@ -68,6 +68,8 @@ private:
     void takeOverRows(int first, int count);
     void foreignRowsChanged();
     bool refuseDuringTransfer();
+    /// Empty where there is no such point; beyond the viewport for one that is not in view.
+    QRect rectOfPoint(int number) const;
 
     PointRows m_points;
     QUndoStack m_history;

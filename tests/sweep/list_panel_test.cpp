@@ -394,6 +394,22 @@ void ListPanelTest::highlight()
     QCOMPARE(bench.rows(), rows);
     bench.panel.highlightPoint(99);
     QCOMPARE(picture(), plain);
+
+    // The table follows the run, unless the user has scrolled away.
+    QStringList many;
+    for (int row = 0; row < 1000; ++row)
+        many << "1,2,3";
+    bench.panel.highlightPoint(0);
+    bench.setRows(many);
+    const auto isInView = [&](int row) {
+        return bench.table().viewport()->rect().contains(
+            bench.table().visualRect(bench.table().model()->index(row, 0)).center());
+    };
+    bench.panel.highlightPoint(500);
+    QVERIFY(isInView(499));
+    bench.table().scrollToTop();
+    bench.panel.highlightPoint(501);
+    QVERIFY(isInView(0));
 }
 
 void ListPanelTest::compactMode_data()

@@ -16,6 +16,7 @@ private slots:
     void typedCells();
     void limitsBoundCells();
     void editedCellIsFormatted();
+    void commandsEnterTheOpenCell();
     void returnGoesOnBelow();
     void rowCommands_data();
     void rowCommands();
@@ -102,6 +103,20 @@ void ListTableTest::editedCellIsFormatted()
     QCOMPARE(changes.size(), 1);
 }
 
+void ListTableTest::commandsEnterTheOpenCell()
+{
+    const ListBench bench;
+    bench.setRows({"1,2,3"});
+    bench.clickCell(0, 0);
+    bench.type("7k");
+    bench.click("duplicate_List");
+    QCOMPARE(bench.rows(), QStringList({"7 000,2,3", "7 000,2,3"}));
+    bench.clickCell(1, 1);
+    bench.type("4");
+    bench.press(Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(bench.rows(), QStringList({"7 000,4,3", "7 000,2,3"}));
+}
+
 void ListTableTest::returnGoesOnBelow()
 {
     const ListBench bench;
@@ -174,7 +189,7 @@ void ListTableTest::keysOfRows()
     bench.press(Qt::Key_Insert);
     bench.type("2");
     bench.press(Qt::Key_Return);
-    bench.press(Qt::Key_D, Qt::ControlModifier);
+    bench.press(Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(bench.rows(), QStringList({"1,,", "2,,", "2,,"}));
     bench.press(Qt::Key_Up, Qt::AltModifier);
     bench.press(Qt::Key_Up, Qt::AltModifier);
