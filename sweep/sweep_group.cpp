@@ -19,6 +19,7 @@
 namespace
 {
 constexpr int spacing = 8;
+constexpr int gap = 6;
 constexpr int margin = 12;
 constexpr int labelWidth = 60;
 constexpr int fieldWidth = 116;
@@ -118,7 +119,8 @@ QGridLayout* SweepGroup::buildFields()
 {
     constexpr int cellsOfRow = 4; // the last one parts the two columns
     auto* grid = new QGridLayout;
-    grid->setSpacing(spacing);
+    grid->setVerticalSpacing(spacing);
+    grid->setHorizontalSpacing(gap);
     grid->setColumnStretch(cellsOfRow - 1, 1);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
