@@ -4,10 +4,15 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLibrary>
+#include <QSaveFile>
+#include <QTimer>
 
 namespace
 {
 constexpr char fileVariable[] = "KLV_DEMO_FILE";
+/// How the simulated instrument marks itself there.
+constexpr char bootloaderSection[] = "[bootloader ";
+constexpr int bootloaderMs = 3000;
 constexpr char libraryName[] = "VeVISA32";
 constexpr char oneInstrument[] = "[20215678]\nmodel=KLV-20G\nfirmware=2.7.1\n";
 } // namespace
@@ -23,6 +28,18 @@ DemoMode::DemoMode() : m_instrumentsFile(qEnvironmentVariable(fileVariable))
     if (file.open(QIODevice::WriteOnly))
         file.write(oneInstrument);
     qputenv(fileVariable, QFile::encodeName(m_instrumentsFile));
+}
+
+void DemoMode::endBootloaderSoon()
+{
+    QTimer::singleShot(bootloaderMs, this, [this] {
+        QFile before(m_instrumentsFile);
+        QSaveFile after(m_instrumentsFile);
+        if (!before.open(QIODevice::ReadOnly) || !after.open(QIODevice::WriteOnly))
+            return;
+        after.write(before.readAll().replace(bootloaderSection, "["));
+        after.commit();
+    });
 }
 
 QString DemoMode::libraryPath()

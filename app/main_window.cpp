@@ -20,6 +20,7 @@
 #include "panel/power_mode.h"
 #include "profiles/open_save_profile.h"
 #include "service/about_box.h"
+#include "service/firmware_update.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
@@ -77,6 +78,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireModulation();
     wireSweep();
     wireService();
+    wireFirmware();
     wireProfiles();
     setUpPush();
     loadSettings();

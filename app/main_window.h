@@ -15,6 +15,7 @@
 
 class CwControls;
 class DemoMode;
+class FirmwareUpdate;
 class Form;
 class HotPlugWatch;
 class Keypad;
@@ -110,6 +111,7 @@ private:
     void wireModulation();
     void wireSweep();
     void wireService();
+    void wireFirmware();
     void wireProfiles();
     void openVisa();
     QString themeSetting() const;
@@ -148,6 +150,7 @@ private:
     std::unique_ptr<TriggerCommands> m_triggers;
     std::unique_ptr<SweepCommands> m_sweepCommands;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
+    std::unique_ptr<FirmwareUpdate> m_firmwareUpdate;
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<PanelProfiles> m_panelProfiles;
     std::unique_ptr<Form> m_about;

@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/demo_mode.h"
 #include "app/error_box.h"
 #include "app/language.h"
 #include "app/panel_profiles.h"
@@ -17,6 +18,8 @@
 #include "panel/wgt_mode_pow.h"
 #include "profiles/open_save_profile.h"
 #include "service/about_box.h"
+#include "service/firmware_dialog.h"
+#include "service/firmware_update.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
@@ -182,9 +185,31 @@ void MainWindow::wireService()
             m_serviceCommands->stopWriting();
     });
     connect(&m_connection, &Connection::pollDue, this, [this] {
-        if (m_ui->service->isChecked())
+        if (m_ui->service->isChecked() && !m_firmwareUpdate->isRunning())
             m_serviceCommands->readTemperature();
     });
+}
+
+void MainWindow::wireFirmware()
+{
+    m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
+        FirmwareUpdate::Parts{m_session, m_connection, *m_watch});
+    auto* dialog = new Firmware(this);
+    connect(m_about.get(), &Form::updateFirmware, dialog, &QWidget::show);
+    connect(dialog, &Firmware::update, m_firmwareUpdate.get(),
+            &FirmwareUpdate::slotUpdateFirmware);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::activity, m_status.get(),
+            &StatusLine::showActivity);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
+            &QAbstractButton::click);
+    // Before the click tells of its own search.
+    connect(m_ui->connect, &QAbstractButton::pressed, m_firmwareUpdate.get(),
+            &FirmwareUpdate::stop);
+    if (m_demo)
+        connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, m_demo.get(),
+                &DemoMode::endBootloaderSoon);
 }
 
 void MainWindow::wireProfiles()

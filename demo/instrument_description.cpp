@@ -5,6 +5,8 @@
 namespace
 {
 
+constexpr std::string_view bootloaderMark = "bootloader ";
+
 bool isOn(std::string_view value)
 {
     return equalIgnoringCase(value, "on") || equalIgnoringCase(value, "true") || value == "1";
@@ -63,14 +65,18 @@ std::vector<InstrumentDescription> parseDescriptions(std::string_view text)
     };
     std::vector<InstrumentDescription> descriptions;
     std::vector<Line> lines;
+    bool isSkipped = false;
     while (!text.empty()) {
         std::string_view line = trimmed(takePart(text, '\n'));
         if (line.empty() || line.front() == '#' || line.front() == ';')
             continue;
         if (const std::string_view serial = sectionName(line); !serial.empty()) {
+            isSkipped = serial.substr(0, bootloaderMark.size()) == bootloaderMark;
+            if (isSkipped)
+                continue;
             descriptions.emplace_back();
             descriptions.back().serial = serial;
-        } else if (!descriptions.empty() && line.find('=') != line.npos) {
+        } else if (!descriptions.empty() && !isSkipped && line.find('=') != line.npos) {
             const std::string_view key = trimmed(takePart(line, '='));
             lines.push_back({descriptions.size() - 1, key, trimmed(line)});
             if (equalIgnoringCase(key, "model"))
@@ -83,6 +89,20 @@ std::vector<InstrumentDescription> parseDescriptions(std::string_view text)
     for (const Line& line : lines)
         applyKey(descriptions[line.instrument], line.key, line.value);
     return descriptions;
+}
+
+std::string inBootloader(std::string_view text, std::string_view serial)
+{
+    std::string result;
+    while (!text.empty()) {
+        const bool isEnded = text.find('\n') != text.npos;
+        const std::string_view line = takePart(text, '\n');
+        result += sectionName(line) == serial
+                      ? '[' + std::string(bootloaderMark) + std::string(serial) + ']'
+                      : std::string(line);
+        result += isEnded ? "\n" : "";
+    }
+    return result;
 }
 
 std::string withMassStorage(std::string_view text, std::string_view serial, bool on)

@@ -25,5 +25,9 @@ struct InstrumentDescription {
 /// (on or off), latencyUs, and limits such as frequencyMaxHz. What is not understood is skipped.
 std::vector<InstrumentDescription> parseDescriptions(std::string_view text);
 
+/// The same text with that instrument marked as being in its bootloader, off the bus: its section
+/// is named "bootloader SERIAL". Such sections are skipped when read.
+std::string inBootloader(std::string_view text, std::string_view serial);
+
 /// The same text with the massStorage key of that instrument changed or added, all else kept.
 std::string withMassStorage(std::string_view text, std::string_view serial, bool on);

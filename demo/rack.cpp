@@ -92,8 +92,12 @@ void Rack::refresh()
 void Rack::settle(Instrument& instrument)
 {
     Model& model = instrument.model;
-    if (model.leavesBus)
+    if (model.leavesBus) {
         instrument.unplug();
+        // Read again afterwards: it comes back as an instrument just switched on.
+        if (!m_fileName.empty())
+            replaceFile(m_fileName, inBootloader(contentOf(m_fileName), model.description.serial));
+    }
     if (model.reenumerates && instrument.isPresent())
         instrument.plug();
     if (model.reenumerates && !m_fileName.empty()) {

@@ -61,6 +61,9 @@ public:
 
     bool isSearching() const { return m_isSearching; }
 
+    /// Empty while nothing is connected and identified.
+    const QString& connectedSerial() const { return m_connectedSerial; }
+
     /// The identity reply's fields: maker, model, serial, firmware; kept until the next connect.
     const QStringList& identity() const { return m_identity; }
 

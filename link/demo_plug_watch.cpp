@@ -3,6 +3,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+namespace
+{
+/// The simulated instrument names its section so while it is in its bootloader.
+const QLatin1String bootloaderMark("bootloader ");
+} // namespace
+
 DemoPlugWatch::DemoPlugWatch(const QString& filePath)
     : m_filePath(filePath.isEmpty() ? QString() : QFileInfo(filePath).absoluteFilePath())
 {
@@ -55,7 +61,7 @@ QStringList DemoPlugWatch::presentSerials(bool firstOnly) const
         if (!text.startsWith(QLatin1Char('[')) || !text.endsWith(QLatin1Char(']')))
             continue;
         const QString serial = text.mid(1, text.size() - 2).trimmed();
-        if (!serial.isEmpty() && !serials.contains(serial))
+        if (!serial.isEmpty() && !serial.startsWith(bootloaderMark) && !serials.contains(serial))
             serials += serial;
         if (firstOnly && !serials.isEmpty())
             break;

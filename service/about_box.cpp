@@ -66,7 +66,8 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
     }
     auto* calibration = new QHBoxLayout;
     calibration->addWidget(m_calibrationCaption);
-    calibration->addWidget(m_calibrationDate, 1);
+    calibration->addWidget(m_calibrationDate);
+    calibration->addStretch(1);
     column->addLayout(calibration);
     for (QLabel** line : {&m_support, &m_updateLinks, &m_license}) {
         *line = new QLabel(frame);
@@ -83,8 +84,6 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
     column->addSpacing(spacing);
     column->addLayout(buttons);
     m_close->setDefault(true);
-    // Not in this version yet: better grey than deaf.
-    m_update->setEnabled(false);
 
     connect(m_close, &QPushButton::clicked, this, &Form::on_pushButton_clicked);
     connect(m_update, &QPushButton::clicked, this, &Form::requestUpdate);

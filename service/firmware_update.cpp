@@ -1,0 +1,76 @@
+#include "service/firmware_update.h"
+
+#include "link/connection.h"
+#include "link/hot_plug_watch.h"
+#include "link/scpi_session.h"
+
+namespace
+{
+const QString bootloaderCommand = QStringLiteral("MEM:REPROGRAM");
+}
+
+FirmwareUpdate::FirmwareUpdate(const Parts& parts, int longestMs, QObject* parent)
+    : QObject(parent), m_session(parts.session), m_connection(parts.connection),
+      m_watch(parts.watch)
+{
+    m_longest.setSingleShot(true);
+    m_longest.setInterval(longestMs);
+    connect(&m_longest, &QTimer::timeout, this, &FirmwareUpdate::giveUp);
+    connect(&m_watch, &HotPlugWatch::devicesChanged, this, &FirmwareUpdate::restartDevice);
+    connect(&m_connection, &Connection::disconnected, this, &FirmwareUpdate::waitForReturn);
+}
+
+void FirmwareUpdate::slotUpdateFirmware()
+{
+    if (!m_session.isConnected())
+        return;
+    m_serial = m_connection.connectedSerial();
+    m_stage = Stage::Leaving;
+    m_connection.setFirmwareUpdateRunning(true);
+    m_longest.start();
+    // Neither a reply nor an error check: the instrument leaves its command mode at once.
+    m_session.write(bootloaderCommand);
+    emit activity(tr("The instrument is in its bootloader: waiting for it to come back"));
+    emit started();
+}
+
+/// Devices have come or gone.
+void FirmwareUpdate::restartDevice()
+{
+    if (!isRunning())
+        return;
+    const bool isPresent = m_watch.presentSerials(false).contains(m_serial);
+    if (m_stage == Stage::Leaving && !isPresent) {
+        m_connection.disconnectInstrument();
+    } else if (m_stage == Stage::Away && isPresent) {
+        stop();
+        emit cameBack();
+    }
+}
+
+/// The connection has been given up, here or where it was found dead.
+void FirmwareUpdate::waitForReturn()
+{
+    if (m_stage != Stage::Leaving)
+        return;
+    m_stage = Stage::Away;
+    emit activity(tr("The instrument is in its bootloader: waiting for it to come back"));
+}
+
+void FirmwareUpdate::giveUp()
+{
+    const bool isAway = m_stage == Stage::Away;
+    stop();
+    if (isAway)
+        emit statusMessage(tr("The instrument has not come back from its bootloader"));
+}
+
+void FirmwareUpdate::stop()
+{
+    if (!isRunning())
+        return;
+    m_stage = Stage::None;
+    m_longest.stop();
+    m_connection.setFirmwareUpdateRunning(false);
+    emit activity(QString());
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class Connection;
+class HotPlugWatch;
+class ScpiSession;
+
+/// The instrument's way through its bootloader: sends it there, gives the connection up once it has
+/// left the bus, and says when it is back. Meanwhile the connection does not heed the hot-plug
+/// watch. Loading a firmware image is other programs' work.
+class FirmwareUpdate : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What it works with; all outlive it.
+    struct Parts {
+        ScpiSession& session;
+        Connection& connection;
+        HotPlugWatch& watch;
+    };
+    static constexpr int longestUpdateMs = 120000;
+
+    /// After `longestMs` it no longer waits.
+    explicit FirmwareUpdate(const Parts& parts, int longestMs = longestUpdateMs,
+                            QObject* parent = nullptr);
+
+    bool isRunning() const { return m_stage != Stage::None; }
+
+public slots:
+    /// Switches the connected instrument into its bootloader.
+    void slotUpdateFirmware();
+    /// Waits no longer: whoever connects by hand knows better.
+    void stop();
+
+signals:
+    void started();
+    /// The instrument is back on the bus and can be connected.
+    void cameBack();
+    /// What is going on now; empty when it is over.
+    void activity(const QString& description);
+    /// Something to be read once, for a few seconds.
+    void statusMessage(const QString& message);
+
+private:
+    enum class Stage { None, Leaving, Away };
+
+    void restartDevice();
+    void waitForReturn();
+    void giveUp();
+
+    ScpiSession& m_session;
+    Connection& m_connection;
+    HotPlugWatch& m_watch;
+    QTimer m_longest;
+    QString m_serial;
+    Stage m_stage = Stage::None;
+};

@@ -1,0 +1,157 @@
+#include "link/connection.h"
+#include "link/gui_list_klv.h"
+#include "link/hot_plug_watch.h"
+#include "link/instrument_limits.h"
+#include "link/running_copies.h"
+#include "link/scpi_session.h"
+#include "link/search_klv.h"
+#include "link/visa_library.h"
+#include "service/firmware_update.h"
+#include "tests/support/demo.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace
+{
+const QString serial = QStringLiteral("20215678");
+constexpr int longestMs = 200;
+
+class FakeWatch : public HotPlugWatch
+{
+public:
+    QStringList presentSerials(bool) const override { return serials; }
+    void tell(const QStringList& present)
+    {
+        serials = present;
+        emit devicesChanged();
+    }
+    QStringList serials = {serial};
+};
+
+/// A connected instrument, and a bus on which devices come and go when told.
+class Bench
+{
+public:
+    Bench()
+    {
+        visa.load(Demo::libraryPath().toLocal8Bit().constData());
+        session.openResourceManager();
+        QObject::connect(&search, &SearchKLV::sendData, &connection, &Connection::showKLVDevice);
+        QObject::connect(&search, &SearchKLV::finish, &connection, &Connection::finishVisaSearch);
+        QObject::connect(&chooser, &GuiListKLV::sendAddress, &connection,
+                         &Connection::slot_connect);
+        connection.on_connect_clicked(true);
+        if (!QTest::qWaitFor([this] { return session.isConnected() && !connection.isSearching(); }))
+            qFatal("not connected");
+        QCoreApplication::processEvents();
+        update.slotUpdateFirmware();
+        demo.takeTranscript();
+    }
+    ~Bench() { connection.shutDown(); }
+
+    QString lastActivity()
+    {
+        return activity.isEmpty() ? QString() : activity.last()[0].toString();
+    }
+
+    Demo demo;
+    VisaLibrary visa;
+    ScpiSession session{visa};
+    InstrumentLimits limits;
+    SearchKLV search{visa, session.defaultRM()};
+    GuiListKLV chooser;
+    RunningCopies copies;
+    FakeWatch watch;
+    Connection connection{{session, limits, search, chooser, copies, watch}};
+    FirmwareUpdate update{{session, connection, watch}, longestMs};
+    QSignalSpy activity{&update, &FirmwareUpdate::activity};
+    QSignalSpy back{&update, &FirmwareUpdate::cameBack};
+    QSignalSpy told{&update, &FirmwareUpdate::statusMessage};
+    QSignalSpy watchWantsToConnect{&connection, &Connection::buttonShouldBeClicked};
+};
+} // namespace
+
+/// Waiting for an instrument that is in its bootloader.
+class FirmwareUpdateTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void waitsForThisInstrument();
+    void aDeadConnectionIsNoEnd();
+    void givesUpAfterTheLongestTime_data();
+    void givesUpAfterTheLongestTime();
+    void stopsWhenToldTo();
+};
+
+void FirmwareUpdateTest::waitsForThisInstrument()
+{
+    Bench bench;
+    bench.watch.tell({serial, "another"});
+    QVERIFY(bench.session.isConnected());
+    bench.watch.tell({"another"});
+    QVERIFY(!bench.session.isConnected());
+    // Given up without a word: nobody listens any more.
+    QCOMPARE(bench.demo.takeTranscript(), QStringList("close"));
+    QVERIFY(bench.lastActivity().contains("bootloader"));
+    bench.watch.tell({"another", "third"});
+    QCOMPARE(bench.back.size(), 0);
+    QCOMPARE(bench.watchWantsToConnect.size(), 0);
+    bench.watch.tell({serial});
+    QCOMPARE(bench.back.size(), 1);
+    QCOMPARE(bench.watchWantsToConnect.size(), 0);
+    QCOMPARE(bench.lastActivity(), QString());
+    // Over: the watch is the connection's again.
+    bench.watch.tell({serial});
+    QCOMPARE(bench.back.size(), 1);
+    QCOMPARE(bench.watchWantsToConnect.size(), 1);
+}
+
+void FirmwareUpdateTest::aDeadConnectionIsNoEnd()
+{
+    Bench bench;
+    bench.session.checkErrors();
+    QVERIFY(!bench.session.isConnected());
+    QVERIFY(bench.lastActivity().contains("bootloader"));
+    bench.watch.tell({serial});
+    QCOMPARE(bench.back.size(), 1);
+}
+
+void FirmwareUpdateTest::givesUpAfterTheLongestTime_data()
+{
+    QTest::addColumn<bool>("hasLeft");
+    QTest::newRow("away") << true;
+    QTest::newRow("never left") << false;
+}
+
+void FirmwareUpdateTest::givesUpAfterTheLongestTime()
+{
+    QFETCH(bool, hasLeft);
+    Bench bench;
+    if (hasLeft)
+        bench.watch.tell({});
+    QTRY_VERIFY(!bench.update.isRunning());
+    QCOMPARE(bench.told.size(), hasLeft ? 1 : 0);
+    QCOMPARE(bench.lastActivity(), QString());
+    QCOMPARE(bench.session.isConnected(), !hasLeft);
+    bench.watch.tell(hasLeft ? QStringList(serial) : QStringList());
+    QCOMPARE(bench.back.size(), 0);
+    // Then the hot-plug watch works as ever.
+    QCOMPARE(bench.watchWantsToConnect.size(), hasLeft ? 1 : 0);
+    QVERIFY(!bench.session.isConnected());
+}
+
+void FirmwareUpdateTest::stopsWhenToldTo()
+{
+    Bench bench;
+    bench.watch.tell({});
+    bench.update.stop();
+    QCOMPARE(bench.lastActivity(), QString());
+    bench.watch.tell({serial});
+    QCOMPARE(bench.back.size(), 0);
+    QCOMPARE(bench.watchWantsToConnect.size(), 1);
+}
+
+QTEST_MAIN(FirmwareUpdateTest)
+#include "firmware_update_test.moc"
