@@ -20,6 +20,7 @@
 #include "panel/power_mode.h"
 #include "profiles/open_save_profile.h"
 #include "service/about_box.h"
+#include "service/driver_check.h"
 #include "service/firmware_update.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
@@ -102,9 +103,18 @@ void MainWindow::start()
     QApplication::processEvents();
     if (m_session.isConnected())
         m_session.checkErrors();
-    QTimer::singleShot(0, this, [this] { m_ui->connect->click(); });
+    QTimer::singleShot(0, this, &MainWindow::connectAtStart);
     if (!m_options.screenshotPath.isEmpty())
         saveScreenshotOnceSettled();
+}
+
+void MainWindow::connectAtStart()
+{
+    const DriverCheck driver = m_demo ? DriverCheck{true, QString()} : checkDriver();
+    if (driver.mayConnect)
+        m_ui->connect->click();
+    else
+        m_status->showMessage(driver.message);
 }
 
 void MainWindow::loadSettings()

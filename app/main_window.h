@@ -99,6 +99,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void connectAtStart();
     void loadSettings();
     void setUpForm();
     void setUpPanels();
