@@ -24,6 +24,7 @@
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
+#include "sweep/run_picture.h"
 #include "sweep/sweep_commands.h"
 #include "sweep/trigger_commands.h"
 #include "ui_mainwindow.h"
@@ -163,7 +164,12 @@ void MainWindow::wireSweep()
     });
     connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
             &SweepCommands::connectionLost);
+    connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
+    (new RunPicture(*m_list, *m_ui->POW, m_list))->follow(*m_sweepCommands, *m_triggers);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
+    connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_list, &List::errorMessage, this,
+            [this](const QString& message) { ErrorBox::report(message, this); });
 }
 
 void MainWindow::wireService()
@@ -192,12 +198,11 @@ void MainWindow::wireService()
 
 void MainWindow::wireFirmware()
 {
-    m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
-        FirmwareUpdate::Parts{m_session, m_connection, *m_watch});
+    m_firmwareUpdate =
+        std::make_unique<FirmwareUpdate>(FirmwareUpdate::Parts{m_session, m_connection, *m_watch});
     auto* dialog = new Firmware(this);
     connect(m_about.get(), &Form::updateFirmware, dialog, &QWidget::show);
-    connect(dialog, &Firmware::update, m_firmwareUpdate.get(),
-            &FirmwareUpdate::slotUpdateFirmware);
+    connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::activity, m_status.get(),
             &StatusLine::showActivity);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::statusMessage, m_status.get(),
