@@ -122,6 +122,16 @@ Answer setReference(Library& library, std::string_view rest)
     return {};
 }
 
+Answer ask(Library& library, std::string_view rest)
+{
+    const auto instrument = library.rack.first();
+    if (instrument == nullptr)
+        return noSuchInstrument;
+    instrument->receive(rest, true, {});
+    const std::string answer = instrument->output.take(std::string::npos, '\n');
+    return answer.empty() ? "error: no answer" : std::string(trimmed(answer));
+}
+
 Answer pushError(Library& library, std::string_view rest)
 {
     const auto instrument = library.rack.first();
@@ -217,6 +227,7 @@ const ControlCommand controlCommands[] = {
     {"clock", pushClock},
     {"trigger", pulseTrigger},
     {"reference", setReference},
+    {"ask", ask},
     {"error", pushError},
     {"errors", setErrors},
     {"condition", setCondition},

@@ -19,6 +19,8 @@
 ///   clock stop|MICROSECONDS       stops the instruments' clock, or pushes it forward
 ///   trigger rising|falling        an edge at the trigger input
 ///   reference present|absent      the signal at the external reference input
+///   ask QUERY                     what the instrument answers, unseen on the wire and whoever has
+///                                 locked it
 ///   error CODE [TEXT]             puts an error into the queue
 ///   errors endless CODE|normal    a queue that never runs empty, and back
 ///   condition CODE on|off         an error that stands: reported once per drain of the queue
