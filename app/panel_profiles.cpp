@@ -111,6 +111,9 @@ void PanelProfiles::setBusy(bool isBusy)
 
 void PanelProfiles::registerPanels()
 {
+    // Behind the width in the files: entered before it, the period would give way to a width that
+    // is still the old one.
+    m_parts.modulation.pulsePeriod().field()->raise();
     ProfileStore& store = m_files->store();
     for (QWidget* panel : std::initializer_list<QWidget*>{&m_parts.window, &m_parts.modulation,
                                                           &m_parts.lfGenerator, &m_parts.list})
@@ -163,7 +166,7 @@ void PanelProfiles::takeExternalReference(const QString& frequencyMHz)
 
 void PanelProfiles::applyAtStart(const QString& path, bool isClean)
 {
-    m_keepsLast = true;
+    m_keepsLast = !isClean;
     if (!path.isEmpty() || !isClean)
         m_files->applyAtStart(path);
 }

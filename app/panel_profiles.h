@@ -47,7 +47,7 @@ public:
     openSave_XML_FILE& files() { return *m_files; }
 
     /// Applies the file, or what the last run has kept if there is none. From now on the end of the
-    /// program keeps the state.
+    /// program keeps the state; after a clean start nothing is taken over and nothing kept.
     void applyAtStart(const QString& path, bool isClean);
     void saveLast();
 

@@ -69,9 +69,10 @@ public:
     template <typename Control>
     Control* control(const QWidget& panel, const QString& objectName) const
     {
-        for (Control* each : controls<Control>(panel)) {
-            if (each->objectName() == objectName)
-                return each;
+        for (QWidget* widget : ownWidgets(panel)) {
+            auto* control = qobject_cast<Control*>(widget);
+            if (control && control->objectName() == objectName && isWritable(*control))
+                return control;
         }
         return nullptr;
     }

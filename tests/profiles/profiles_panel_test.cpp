@@ -314,6 +314,7 @@ void ProfilesPanelTest::refusesFileNames()
 
 void ProfilesPanelTest::liesInTheUsersDocuments()
 {
+    qputenv("HOME", QFile::encodeName(m_rig->folder().path()));
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     QCOMPARE(userFolder(), QDir::toNativeSeparators(documents + "/Veltro KLV"));
     QCOMPARE(madeUserFolder(), userFolder());

@@ -1,0 +1,644 @@
+#include "app/language.h"
+#include "app/side_panels.h"
+#include "link/instrument_limits.h"
+#include "numbers/step_table.h"
+#include "panel/user_folder.h"
+#include "tests/support/panel_rig.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+namespace
+{
+const QStringList commonQueries = {"FREQ?", "POW?", "OUTP?", "ROSC:SOUR?", "ROSC:EXT:FREQ?"};
+const QStringList modulationQueries = {"STAT?",
+                                       "SOUR?",
+                                       "INT:FUNC:FREQ?",
+                                       "INT:FUNC:SHAP?",
+                                       "INT:FUNC:SHAP:RAMP?",
+                                       "INT:FUNC:SHAP:SQU:DUTY?"};
+const QStringList pulseQueries = {"PULM:STAT?", "PULM:SOUR?", "PULM:INT:PER?", "PULM:INT:PWID?"};
+const QStringList lfQueries = {"LFO:STAT?",      "LFO:AMPL?",           "LFO:FUNC:FREQ?",
+                               "LFO:FUNC:SHAP?", "LFO:FUNC:SHAP:RAMP?", "LFO:FUNC:SHAP:SQU:DUTY?"};
+
+// Each a set-up of all panels: clicks, and entries after an equals sign.
+const QStringList amAndPowerSweep = {"MainWindow/FREQ=5M",
+                                     "MainWindow/POW=-7",
+                                     "MainWindow/ROSC",
+                                     "MainWindow/open_ROSC_FREQ",
+                                     "MainWindow/ROSC_FREQ=25",
+                                     "Modulat/AM",
+                                     "Modulat/Rect_Ampl",
+                                     "Modulat/line_Ampl_1=2500",
+                                     "Modulat/line_Ampl_2=37.5",
+                                     "Modulat/percentLine_Ampl=30",
+                                     "Modulat/Pulse",
+                                     "Modulat/line_period=700",
+                                     "Modulat/line_width=600",
+                                     "Modulat/SawPos_FREQ",
+                                     "Modulat/SawNeg_Phase",
+                                     "List/List_is_Checked",
+                                     "List/int_select",
+                                     "List/trigMode",
+                                     "List/modeFront",
+                                     "List/power_toFrom_freq",
+                                     "List/Freq_Pow=3G",
+                                     "List/Start=-15",
+                                     "List/Stop=5",
+                                     "List/Step=7",
+                                     "List/Time=2m",
+                                     "List/logarithmicFrequency"};
+const QStringList fmAndExternal = {"MainWindow/FREQ=2.5G",
+                                   "MainWindow/POW=3",
+                                   "Modulat/FM",
+                                   "Modulat/SawNeg_FREQ",
+                                   "Modulat/line_FREQ_1=4000",
+                                   "Modulat/line_FREQ_2=12.5",
+                                   "Modulat/percentLine_FREQ=20",
+                                   "Modulat/IntExt_FM",
+                                   "Modulat/line_period=9",
+                                   "Modulat/line_width=2",
+                                   "Modulat/IntExt_PULM",
+                                   "Modulat/Pulse",
+                                   "Modulat/SawPos_Ampl",
+                                   "Modulat/Random_Phase",
+                                   "List/ext_select",
+                                   "List/Freq_Pow=4",
+                                   "List/Start=1G",
+                                   "List/Stop=2G"};
+const QStringList pmByHand = {"MainWindow/FREQ=100k",
+                              "Modulat/PM",
+                              "Modulat/Triangle_Phase",
+                              "Modulat/line_Phase_1=99",
+                              "Modulat/line_Phase_2=1.5",
+                              "Modulat/Rect_Phase",
+                              "Modulat/percentLine_Phase=77",
+                              "Modulat/SawPos_Phase",
+                              "Modulat/IntExt_AM",
+                              "Modulat/Triangle_Ampl",
+                              "Modulat/Random_FREQ",
+                              "Modulat/line_period=100000",
+                              "Modulat/line_width=50000",
+                              "List/time_select",
+                              "List/power_toFrom_freq",
+                              "List/Start=-1"};
+const QStringList lfSquare = {
+    "Modulat/IntExt_PM",     "Modulat/Random_Ampl",        "Modulat/Triangle_FREQ",
+    "Modulat/Rect_FREQ",     "generator/rectangle_select", "generator/FREQ=333",
+    "generator/VOLTAGE=2.5", "generator/percent=25",       "Modulat/SawNeg_Ampl"};
+
+struct SetUp {
+    const char* name;
+    QStringList actions;
+};
+const SetUp setUps[] = {
+    {"AM, power sweep", amAndPowerSweep},
+    {"FM, external", fmAndExternal},
+    {"PM, by hand", pmByHand},
+    {"LF square", lfSquare},
+    {"LF sine",
+     {"generator/sine_select", "MainWindow/ROSC", "Modulat/Rect_Phase", "Modulat/Triangle_FREQ"}},
+    {"LF ramp up", {"generator/sawPos_select", "Modulat/Random_Ampl", "Modulat/Triangle_Phase"}},
+    {"LF ramp down", {"generator/sawNeg_select"}},
+    {"LF triangle", {"generator/triangle_select"}},
+    {"LF noise", {"generator/random_select"}},
+    {"LF DC", {"generator/dc_select", "generator/VOLTAGE=0.75"}}};
+
+QByteArray bytesOf(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A number without what an instrument's answer and a default differ in.
+QString plain(const QString& text)
+{
+    bool isNumber = false;
+    const double number = QString(text).chopped(2).remove(' ').toDouble(&isNumber);
+    return isNumber ? QString::number(number, 'g', 12) + text.right(2) : text;
+}
+
+/// What a profile file says, by element names.
+QMap<QString, QString> contentOf(const QByteArray& bytes)
+{
+    QMap<QString, QString> content;
+    QString panel;
+    QXmlStreamReader xml(bytes);
+    for (xml.readNextStartElement(); !xml.atEnd(); xml.readNext()) {
+        if (!xml.isStartElement())
+            continue;
+        const QString name = xml.name().toString();
+        xml.readNext();
+        const QString text = xml.text().toString();
+        if (text.trimmed().isEmpty())
+            panel = name;
+        else
+            content[panel + '/' + name] = plain(text);
+    }
+    return content;
+}
+using Content = QMap<QString, QString>;
+
+QStringList differences(const Content& first, const Content& second)
+{
+    QStringList found;
+    const QStringList names = first.keys() + second.keys();
+    for (const QString& name : names) {
+        if (first.value(name) != second.value(name))
+            found << name + ": " + first.value(name) + ", " + second.value(name);
+    }
+    return found;
+}
+} // namespace
+
+/// Profiles of the real window: whatever is set comes back, on the panels and in the instrument.
+class ProfilesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void everyControlIsSet();
+    void comesBackOnThePanels_data();
+    void comesBackOnThePanels();
+    void comesBackInTheInstrument_data();
+    void comesBackInTheInstrument();
+    void neverTouchesTheOutput();
+    void keepsTheStateBetweenRuns_data();
+    void keepsTheStateBetweenRuns();
+    void startsWithTheGivenProfile();
+    void startsClean();
+    void stopsARun();
+    void takesNoClicksMeanwhile();
+    void endsInTheMiddle_data();
+    void endsInTheMiddle();
+
+private:
+    void putAway();
+    void begin(const QString& language = QStringLiteral("en"));
+    void start(const StartOptions& options);
+    void act(const QString& action);
+    void apply(const SetUp& setUp);
+    QString save(const QString& name);
+    void open(const QString& name);
+    QByteArray stateBytes();
+    Content instrumentState();
+    QString indicators();
+
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+    QTemporaryDir m_home;
+};
+
+void ProfilesTest::initTestCase()
+{
+    qputenv("HOME", QFile::encodeName(m_home.path()));
+    QVERIFY(userFolder().startsWith(m_home.path()));
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void ProfilesTest::init()
+{
+    QVERIFY(QDir(madeUserFolder()).removeRecursively());
+    m_demo = std::make_unique<Demo>();
+    InstrumentLimits::global() = {};
+    StepTable::global() = StepTable();
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+}
+
+void ProfilesTest::cleanup()
+{
+    m_rig.reset();
+}
+
+/// Ends the program, and gives the instrument time to come back from its mass-storage mode.
+void ProfilesTest::putAway()
+{
+    m_rig.reset();
+    m_demo = std::make_unique<Demo>();
+}
+
+void ProfilesTest::begin(const QString& language)
+{
+    putAway();
+    StartOptions options = PanelRig::defaultOptions();
+    options.language = language;
+    m_rig = std::make_unique<PanelRig>(options);
+}
+
+/// As the program starts, with what it kept before.
+void ProfilesTest::start(const StartOptions& options)
+{
+    putAway();
+    m_rig = std::make_unique<PanelRig>(options);
+    m_rig->window().start();
+}
+
+/// "Panel/button" or "Panel/field=text". What a closed panel hides is acted on from within.
+void ProfilesTest::act(const QString& action)
+{
+    const QString panelName = action.section('/', 0, 0);
+    const QString name = action.section('/', 1).section('=', 0, 0);
+    QWidget* panel = &m_rig->window();
+    if (panel->objectName() != panelName)
+        panel = &m_rig->get(qPrintable(panelName));
+    auto* widget = panel->findChild<QWidget*>(name);
+    if (!widget)
+        qFatal("no %s", qPrintable(action));
+    auto* field = qobject_cast<QLineEdit*>(widget);
+    if (!field) {
+        if (widget->isVisible())
+            QTest::mouseClick(widget, Qt::LeftButton);
+        else
+            qobject_cast<QPushButton*>(widget)->click();
+        return;
+    }
+    if (widget->isVisible()) {
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, action.section('=', 1));
+        QTest::keyClick(field, Qt::Key_Return);
+    } else {
+        field->setText(action.section('=', 1));
+        emit field->editingFinished();
+    }
+}
+
+void ProfilesTest::apply(const SetUp& setUp)
+{
+    for (const QString& action : setUp.actions)
+        act(action);
+    // Step sizes belong to a set-up as well.
+    const double factor = 1.0 + double(QString(setUp.name).size());
+    for (int kind = 0; kind < stepKindCount; ++kind) {
+        const auto step = static_cast<StepKind>(kind);
+        StepTable::global().setStep(step, std::min(defaultStep(step) * factor, 90000.0));
+    }
+}
+
+QString ProfilesTest::save(const QString& name)
+{
+    m_rig->get<QLineEdit>("profile_name").setText(name);
+    m_rig->get<QPushButton>("save_quick").click();
+    return userFolder() + "/QUICK_Profile_" + name + ".xml";
+}
+
+/// By a click on its button.
+void ProfilesTest::open(const QString& name)
+{
+    for (int number = 1;; ++number) {
+        auto& button = m_rig->get<QPushButton>(qPrintable(QString("quick_%1").arg(number)));
+        if (button.accessibleName() != name)
+            continue;
+        if (button.isVisible())
+            QTest::mouseClick(&button, Qt::LeftButton);
+        else
+            button.click();
+        return;
+    }
+}
+
+/// All that a profile would hold now.
+QByteArray ProfilesTest::stateBytes()
+{
+    const QString path = save("state");
+    const QByteArray bytes = bytesOf(path);
+    if (!QFile::remove(path))
+        qFatal("not saved");
+    return bytes;
+}
+
+/// Everything that a profile can bring to an instrument and that makes a difference there: what
+/// is off gets its source and waveform when it is switched on, and only ramps have a direction.
+Content ProfilesTest::instrumentState()
+{
+    QStringList queries = commonQueries + pulseQueries + lfQueries;
+    for (const QString modulation : {"AM", "FM", "PM"}) {
+        queries << modulation + '?';
+        for (const QString& query : modulationQueries)
+            queries << modulation + ':' + query;
+    }
+    const QStringList answers = (*m_demo)("ask " + queries.join(";:")).split(';');
+    Content state;
+    for (int i = 0; i < queries.size(); ++i)
+        state[queries[i]] = answers.value(i);
+    for (const QString header : {"AM:INT", "FM:INT", "PM:INT", "LFO"}) {
+        if (state[header + ":FUNC:SHAP?"] != "RAMP")
+            state.remove(header + ":FUNC:SHAP:RAMP?");
+    }
+    for (const QString header : {"AM", "FM", "PM"}) {
+        if (state[header + ":STAT?"] == "0")
+            state.remove(header + ":SOUR?");
+    }
+    if (state["LFO:STAT?"] == "0") {
+        state.remove("LFO:FUNC:SHAP?");
+        state.remove("LFO:FUNC:SHAP:RAMP?");
+    }
+    return state;
+}
+
+QString ProfilesTest::indicators()
+{
+    QString lit;
+    for (const char* name : {"label_AmPmFm", "label_PULM", "label_Gener"}) {
+        const QPixmap picture = m_rig->get<QLabel>(name).pixmap(Qt::ReturnByValue);
+        lit += picture.isNull() ? "-" : "+";
+    }
+    return lit + (m_rig->get("label_ExtRef").isEnabled() ? "+" : "-");
+}
+
+void ProfilesTest::everyControlIsSet()
+{
+    begin();
+    const QMap<QString, QString> defaults = contentOf(stateBytes());
+    QVERIFY(defaults.size() > 80);
+    QSet<QString> untouched;
+    for (auto it = defaults.begin(); it != defaults.end(); ++it)
+        untouched << it.key();
+    for (const SetUp& setUp : setUps) {
+        StepTable::global() = StepTable();
+        begin();
+        apply(setUp);
+        const QMap<QString, QString> content = contentOf(stateBytes());
+        QCOMPARE(content.keys(), defaults.keys());
+        for (auto it = content.begin(); it != content.end(); ++it) {
+            if (it.value() != defaults[it.key()])
+                untouched.remove(it.key());
+        }
+    }
+    // Steps to a point are over at once.
+    QStringList names = untouched.values();
+    names.sort();
+    QCOMPARE(names,
+             QStringList({"KLV/QUICK_Profile_KLV", "List/left_select", "List/right_select"}));
+}
+
+void ProfilesTest::comesBackOnThePanels_data()
+{
+    QTest::addColumn<int>("setUp");
+    QTest::addColumn<int>("other");
+    QTest::addColumn<QString>("language");
+    const int count = int(std::size(setUps));
+    for (int i = 0; i < count; ++i) {
+        for (const char* language : {"en", "ru"}) {
+            const int other = (i + 1) % count;
+            QTest::addRow("%s after %s, %s", setUps[i].name, setUps[other].name, language)
+                << i << other << language;
+        }
+    }
+    QTest::newRow("from long to short pulses") << 1 << 0 << "en";
+    QTest::newRow("from short to long pulses") << 2 << 1 << "en";
+}
+
+void ProfilesTest::comesBackOnThePanels()
+{
+    QFETCH(int, setUp);
+    QFETCH(int, other);
+    QFETCH(QString, language);
+    begin(language);
+    apply(setUps[setUp]);
+    const QByteArray state = stateBytes();
+    const QString lit = indicators();
+    save("it");
+
+    begin(language);
+    apply(setUps[other]);
+    QVERIFY(stateBytes() != state);
+    open("it");
+    QCOMPARE(stateBytes(), state);
+    QCOMPARE(indicators(), lit);
+    for (const char* panel : {"display", "Modulat", "generator", "List"}) {
+        const auto fields = m_rig->get(panel).findChildren<QLineEdit*>();
+        for (const QLineEdit* field : fields)
+            QVERIFY2(!field->property("edited").toBool(), qPrintable(field->objectName()));
+    }
+    QCOMPARE((*m_demo)("transcript").count('>'), 0);
+}
+
+void ProfilesTest::comesBackInTheInstrument_data()
+{
+    QTest::addColumn<int>("setUp");
+    QTest::addColumn<int>("other");
+    QTest::addColumn<QString>("language");
+    QTest::newRow("AM after FM") << 0 << 1 << "en";
+    QTest::newRow("FM after PM") << 1 << 2 << "ru";
+    QTest::newRow("PM after LF") << 2 << 3 << "en";
+    QTest::newRow("LF after AM") << 3 << 0 << "ru";
+    QTest::newRow("sine after square") << 4 << 3 << "en";
+}
+
+void ProfilesTest::comesBackInTheInstrument()
+{
+    QFETCH(int, setUp);
+    QFETCH(int, other);
+    QFETCH(QString, language);
+    begin(language);
+    m_rig->connectDevice();
+    apply(setUps[setUp]);
+    save("it");
+    // What is off has not been sent yet, but is by a profile; the answers are shown.
+    open("it");
+    const Content state = contentOf(stateBytes());
+    const Content instrument = instrumentState();
+
+    begin(language);
+    m_rig->connectDevice();
+    apply(setUps[other]);
+    QVERIFY(instrumentState() != instrument);
+    open("it");
+    QVERIFY(m_rig->isConnected());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(m_rig->status().right(3), QString(" it"));
+    QCOMPARE(differences(contentOf(stateBytes()), state), QStringList());
+    QCOMPARE(differences(instrumentState(), instrument), QStringList());
+}
+
+void ProfilesTest::neverTouchesTheOutput()
+{
+    begin();
+    m_rig->connectDevice();
+    m_rig->click("Output");
+    const QString path = save("on");
+    QVERIFY(!contentOf(bytesOf(path)).contains("MainWindow/Output"));
+    m_rig->click("Output");
+    m_demo->takeSent();
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<KLV><MainWindow><Output>ON</Output><connect>OFF</connect><open_mod>ON</open_mod>"
+               "<closeWindow>ON</closeWindow></MainWindow><List><button_Sweep>ON</button_Sweep>"
+               "</List></KLV>");
+    file.close();
+    open("on");
+    QVERIFY(m_rig->status().contains("applied"));
+    QCOMPARE(m_demo->takeSent(), QStringList());
+    QVERIFY(m_rig->isConnected());
+    QVERIFY(!m_rig->get<QPushButton>("Output").isChecked());
+    QVERIFY(!SidePanels::moving());
+}
+
+void ProfilesTest::keepsTheStateBetweenRuns_data()
+{
+    QTest::addColumn<int>("setUp");
+    for (int i = 0; i < 4; ++i)
+        QTest::newRow(setUps[i].name) << i;
+}
+
+void ProfilesTest::keepsTheStateBetweenRuns()
+{
+    QFETCH(int, setUp);
+    start(PanelRig::defaultOptions());
+    QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
+    m_rig->click("Output");
+    apply(setUps[setUp]);
+    const QByteArray state = stateBytes();
+    m_rig->click("Output");
+    const Content instrument = instrumentState();
+    m_rig->click("Output");
+    // The step table's own settings are not what brings the steps back here.
+    m_rig.reset();
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    StepTable::global() = StepTable();
+
+    QElapsedTimer timer;
+    timer.start();
+    start(PanelRig::defaultOptions());
+    QVERIFY(timer.elapsed() < 1500);
+    // Without an instrument so far, and therefore without a word.
+    QCOMPARE(m_demo->takeSent(), QStringList());
+    QCOMPARE(stateBytes(), state);
+    QVERIFY(!m_rig->get<QPushButton>("Output").isChecked());
+    QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
+    // What is off is sent when it is switched on.
+    const Content restored = instrumentState();
+    for (const char* always : {"FREQ?", "POW?", "OUTP?", "ROSC:SOUR?", "AM:STAT?", "FM:STAT?",
+                               "PM:STAT?", "PULM:STAT?", "LFO:STAT?"}) {
+        QVERIFY(restored.contains(always));
+        QCOMPARE(restored[always], instrument[always]);
+    }
+}
+
+void ProfilesTest::startsWithTheGivenProfile()
+{
+    begin();
+    m_rig->enter("FREQ", "7M");
+    const QString path = save("given");
+    StartOptions options = PanelRig::defaultOptions();
+    options.profilePath = path;
+    start(options);
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("7 000 000"));
+
+    // Instead of what was kept.
+    m_rig->enter("FREQ", "8M");
+    start(options);
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("7 000 000"));
+    options.profilePath = path + ".gone";
+    start(options);
+    QVERIFY(m_rig->status().contains("QUICK_Profile_given.xml.gone"));
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("1 000 000 000"));
+}
+
+void ProfilesTest::startsClean()
+{
+    start(PanelRig::defaultOptions());
+    m_rig->enter("FREQ", "7M");
+    StartOptions options = PanelRig::defaultOptions();
+    options.isClean = true;
+    start(options);
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("1 000 000 000"));
+    m_rig->enter("FREQ", "8M");
+    start(PanelRig::defaultOptions());
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("7 000 000"));
+
+    // A damaged file leaves the defaults, too, and that is said.
+    m_rig.reset();
+    QFile last(userFolder() + "/QUICK_Profile_last.xml");
+    QVERIFY(last.resize(last.size() / 2));
+    start(PanelRig::defaultOptions());
+    QVERIFY(m_rig->status().contains("damaged"));
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("1 000 000 000"));
+}
+
+void ProfilesTest::stopsARun()
+{
+    begin();
+    m_rig->connectDevice();
+    save("still");
+    m_rig->get<QPushButton>("button_Sweep").click();
+    QVERIFY(m_rig->get<QPushButton>("button_Sweep").isChecked());
+    QVERIFY(!m_rig->get("FREQ").isEnabled());
+    open("still");
+    QVERIFY(!m_rig->get<QPushButton>("button_Sweep").isChecked());
+    QVERIFY(m_rig->get("FREQ").isEnabled());
+    QCOMPARE((*m_demo)("ask FREQ:MODE?;:TRIG:STAT?"), QString("FIX;IDLE"));
+}
+
+void ProfilesTest::takesNoClicksMeanwhile()
+{
+    begin();
+    save("off");
+    m_rig->connectDevice();
+    act("Modulat/AM");
+    m_demo->takeSent();
+    bool isDone = false;
+    QTimer::singleShot(200, [&] {
+        QVERIFY(QGuiApplication::overrideCursor());
+        QVERIFY(m_rig->status().contains("Applying"));
+        const QWidget& output = m_rig->get("Output");
+        const QPoint position = output.mapTo(&m_rig->window(), output.rect().center());
+        QTest::mouseClick(m_rig->window().windowHandle(), Qt::LeftButton, {}, position);
+        QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_1, Qt::ControlModifier);
+        QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_D, Qt::ControlModifier);
+        isDone = true;
+    });
+    open("off");
+    QVERIFY(isDone);
+    QVERIFY(m_rig->isConnected());
+    QVERIFY(!m_rig->get<QPushButton>("Output").isChecked());
+    QCOMPARE(m_demo->takeSent().count("AM:STATe OFF\\n"), 1);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    m_rig->click("Output");
+    QVERIFY(m_rig->get<QPushButton>("Output").isChecked());
+}
+
+void ProfilesTest::endsInTheMiddle_data()
+{
+    QTest::addColumn<QString>("ending");
+    QTest::newRow("cable pulled") << "unplug";
+    QTest::newRow("window closed") << "closeWindow";
+}
+
+void ProfilesTest::endsInTheMiddle()
+{
+    QFETCH(QString, ending);
+    begin();
+    apply(setUps[3]);
+    save("it");
+    act("generator/rectangle_select");
+    act("Modulat/AM");
+    act("Modulat/Pulse");
+    m_rig->connectDevice();
+    QTimer::singleShot(200, [&] {
+        QVERIFY(QGuiApplication::overrideCursor());
+        if (ending == "unplug")
+            (*m_demo)(ending);
+        else
+            m_rig->click(qPrintable(ending));
+        m_demo->takeTranscript();
+    });
+    open("it");
+    QTRY_VERIFY(!m_rig->isConnected());
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(m_rig->status().contains("partly") || ending == "unplug");
+    // It has not gone on to the generator.
+    QVERIFY(!m_rig->get<QPushButton>("rectangle_select").isChecked());
+    if (ending == "closeWindow")
+        QCOMPARE(m_demo->takeTranscript(), QStringList());
+}
+
+QTEST_MAIN(ProfilesTest)
+#include "profiles_test.moc"
