@@ -28,7 +28,7 @@ QString withOnePoint(QString number)
 /// A plain decimal number; empty where the text is no number.
 QString plainNumber(const QString& cell)
 {
-    const QString number = withOnePoint(withoutBlanks(cell));
+    QString number = withOnePoint(withoutBlanks(cell));
     if (isPlainDecimal(number))
         return number;
     bool isNumber = false;

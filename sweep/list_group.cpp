@@ -17,23 +17,23 @@ constexpr int margin = 12;
 constexpr int leastTableHeight = 112;
 
 struct Tool {
-    PointActions::Command command;
     const char* name;
+    PointActions::Command command;
     bool startsGroup;
 };
 constexpr Tool tools[] = {
-    {PointActions::Insert, "add_List", false},
-    {PointActions::Delete, "delete_List", false},
-    {PointActions::Duplicate, "duplicate_List", false},
-    {PointActions::MoveUp, "up_List", false},
-    {PointActions::MoveDown, "down_List", false},
-    {PointActions::FillLinear, "fill_List", true}, // opens the menu of the ways to fill
-    {PointActions::Generate, "generate_List", false},
-    {PointActions::Copy, "copy_List", true},
-    {PointActions::Paste, "paste_List", false},
-    {PointActions::Undo, "undo_List", true},
-    {PointActions::Redo, "redo_List", false},
-    {PointActions::Clear, "clear_List", true},
+    {"add_List", PointActions::Insert, false},
+    {"delete_List", PointActions::Delete, false},
+    {"duplicate_List", PointActions::Duplicate, false},
+    {"up_List", PointActions::MoveUp, false},
+    {"down_List", PointActions::MoveDown, false},
+    {"fill_List", PointActions::FillLinear, true}, // opens the menu of the ways to fill
+    {"generate_List", PointActions::Generate, false},
+    {"copy_List", PointActions::Copy, true},
+    {"paste_List", PointActions::Paste, false},
+    {"undo_List", PointActions::Undo, true},
+    {"redo_List", PointActions::Redo, false},
+    {"clear_List", PointActions::Clear, true},
 };
 
 QPushButton* namedButton(const char* name, QWidget* parent)
