@@ -18,6 +18,7 @@
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVariant>
 
 #include <utility>
 
@@ -26,6 +27,11 @@ namespace
 const QString documentName = QStringLiteral("KLV");
 /// A little longer than the pauses of the sequences that the clicks start.
 constexpr int waitMs = 450;
+
+bool isEdited(const QLineEdit& field)
+{
+    return field.property("edited").toBool();
+}
 
 SharedVariable::Type typeOf(StepKind kind)
 {
@@ -90,6 +96,14 @@ QString PanelProfiles::refusal() const
 /// Brings the fields into the form in which files hold them.
 void PanelProfiles::settle()
 {
+    const ProfileStore& store = m_files->store();
+    for (const QWidget* panel : store.panels()) {
+        // What is half typed is no setting, and may be no number that could come back.
+        for (QLineEdit* field : store.controls<QLineEdit>(*panel)) {
+            if (isEdited(*field))
+                showAccepted(field, acceptedText(field));
+        }
+    }
     m_parts.modulation.usePulseMicroseconds();
     // The entry is open only while a frequency is being typed.
     if (m_parts.referenceEntry.isHidden())

@@ -546,6 +546,9 @@ void ProfilesTest::startsClean()
 {
     start(PanelRig::defaultOptions());
     m_rig->enter("FREQ", "7M");
+    // What is half typed at the end is not kept.
+    m_rig->get<QLineEdit>("FREQ").selectAll();
+    QTest::keyClicks(&m_rig->get("FREQ"), "9");
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;
     start(options);
