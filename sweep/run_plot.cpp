@@ -170,6 +170,9 @@ RunPlot::RunPlot(RunQuantity quantity, QWidget* parent)
     setAutoReplot(false);
     auto* area = static_cast<QwtPlotCanvas*>(canvas());
     area->setFrameStyle(QFrame::NoFrame);
+    // At a scale of the screen that is no whole number its buffer may end a pixel early.
+    area->setPaintAttribute(QwtPlotCanvas::Opaque, false);
+    area->setAttribute(Qt::WA_OpaquePaintEvent, false);
     area->setFocusPolicy(Qt::NoFocus);
     area->setMouseTracking(true);
     area->setCursor(Qt::ArrowCursor);
