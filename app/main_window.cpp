@@ -26,6 +26,7 @@
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
+#include "sweep/run_picture.h"
 #include "sweep/sweep_commands.h"
 #include "sweep/trigger_commands.h"
 #include "ui/resources.h"

@@ -27,6 +27,7 @@ class Modulat;
 class ModulationCommands;
 class PanelProfiles;
 class PowerMode;
+class RunPicture;
 class ServiceCommands;
 class SidePanels;
 class StatusLine;
@@ -150,6 +151,7 @@ private:
     std::unique_ptr<ListTransfer> m_listTransfer;
     std::unique_ptr<TriggerCommands> m_triggers;
     std::unique_ptr<SweepCommands> m_sweepCommands;
+    std::unique_ptr<RunPicture> m_runPicture;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<FirmwareUpdate> m_firmwareUpdate;
     std::unique_ptr<StatusLine> m_status;

@@ -165,7 +165,8 @@ void MainWindow::wireSweep()
     connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
             &SweepCommands::connectionLost);
     connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
-    (new RunPicture(*m_list, *m_ui->POW, m_list))->follow(*m_sweepCommands, *m_triggers);
+    m_runPicture = std::make_unique<RunPicture>(*m_list, *m_ui->POW);
+    m_runPicture->follow(*m_sweepCommands, *m_triggers);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_list, &List::errorMessage, this,
