@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru_RU" sourcelanguage="en">
 <context>
+    <name>CalibrationTable</name>
+    <message>
+        <source>Freq [Hz]</source>
+        <translation>Част. [Гц]</translation>
+    </message>
+    <message>
+        <source>Row %1, %2: &quot;%3&quot; is not a frequency</source>
+        <translation>Строка %1, %2: «%3» — не частота</translation>
+    </message>
+    <message>
+        <source>Attenuation at  0 dBm</source>
+        <translation>Ослабление при  0 дБм</translation>
+    </message>
+    <message>
+        <source>Row %1, %2: &quot;%3&quot; is not a whole number</source>
+        <translation>Строка %1, %2: «%3» — не целое число</translation>
+    </message>
+    <message>
+        <source>Calibration table</source>
+        <translation>Таблица калибровки</translation>
+    </message>
+    <message>
+        <source>Frequencies in whole hertz, or with k, M or G; whole numbers beside them</source>
+        <translation>Частоты в целых герцах или с k, M, G; рядом целые числа</translation>
+    </message>
+</context>
+<context>
     <name>Connection</name>
     <message>
         <source>Searching for instruments...</source>
@@ -63,6 +90,13 @@
     <message>
         <source>The external reference is not locked</source>
         <translation>Нет захвата внешнего опорного сигнала</translation>
+    </message>
+</context>
+<context>
+    <name>DriverCheck</name>
+    <message>
+        <source>No access to the instrument at %1: install the udev rule 70-klv.rules and plug it in again</source>
+        <translation>Нет доступа к прибору %1: установите правило udev 70-klv.rules и подключите его заново</translation>
     </message>
 </context>
 <context>
@@ -137,6 +171,48 @@
     <message>
         <source>Put the message away (Esc)</source>
         <translation>Убрать сообщение (Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>Firmware</name>
+    <message>
+        <source>Firmware update</source>
+        <translation>Обновление прошивки</translation>
+    </message>
+    <message>
+        <source>Clicking &quot;OK&quot; will switch the&lt;br&gt;device to &quot;Bootloader&quot; mode.&lt;br&gt;Uploading an incorrect file will&lt;br&gt;damage your device!&lt;br&gt;Proceed to update a firmware?</source>
+        <translation>Нажатие «OK» переведёт&lt;br&gt;прибор в режим «Bootloader».&lt;br&gt;Загрузка неверного файла&lt;br&gt;повредит прибор!&lt;br&gt;Обновить прошивку?</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Leave the instrument as it is (Esc)</source>
+        <translation>Оставить прибор как есть (Esc)</translation>
+    </message>
+    <message>
+        <source>Switch the instrument into its bootloader</source>
+        <translation>Перевести прибор в режим загрузчика</translation>
+    </message>
+</context>
+<context>
+    <name>FirmwareUpdate</name>
+    <message>
+        <source>The instrument is in its bootloader: waiting for it to come back</source>
+        <translation>Прибор в режиме загрузчика: ожидается его возвращение</translation>
+    </message>
+    <message>
+        <source>The instrument has not come back from its bootloader</source>
+        <translation>Прибор не вернулся из режима загрузчика</translation>
     </message>
 </context>
 <context>
@@ -319,6 +395,165 @@
     </message>
 </context>
 <context>
+    <name>List</name>
+    <message>
+        <source>No list can be opened while a table is being transferred</source>
+        <translation>Пока передаётся таблица, открыть список нельзя</translation>
+    </message>
+    <message>
+        <source>The fields of the sweep give no list</source>
+        <translation>По полям качания список составить нельзя</translation>
+    </message>
+    <message>
+        <source>Sweep/List</source>
+        <translation>Качание/Список</translation>
+    </message>
+    <message>
+        <source>Step a list by its rows or by the arrows above them</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ListFileDialogs</name>
+    <message>
+        <source>Save List</source>
+        <translation>Сохранить список</translation>
+    </message>
+    <message>
+        <source>%1 already exists.
+Do you want to replace it?</source>
+        <translation>%1 уже есть.
+Заменить?</translation>
+    </message>
+    <message>
+        <source>List saved: %1</source>
+        <translation>Список сохранён: %1</translation>
+    </message>
+    <message>
+        <source>The list could not be saved as %1: %2</source>
+        <translation>Не удалось сохранить список как %1: %2</translation>
+    </message>
+    <message>
+        <source>Open List</source>
+        <translation>Открыть список</translation>
+    </message>
+    <message>
+        <source>Open list</source>
+        <translation>Открытие списка</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 не открывается: %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read: %2</source>
+        <translation>%1 не читается: %2</translation>
+    </message>
+    <message>
+        <source>%1 is not a list: it is no text in UTF-8</source>
+        <translation>%1 — не список: это не текст в UTF-8</translation>
+    </message>
+    <message>
+        <source>%1 is not a list: &quot;%3&quot; in line %2 is no number</source>
+        <translation>%1 — не список: «%3» в строке %2 — не число</translation>
+    </message>
+    <message>
+        <source>%1 is not a list: it has more than %2 lines</source>
+        <translation>%1 — не список: в нём больше %2 строк</translation>
+    </message>
+</context>
+<context>
+    <name>ListGroup</name>
+    <message>
+        <source>List</source>
+        <translation>Список</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Пуск</translation>
+    </message>
+    <message>
+        <source>Run the list</source>
+        <translation>Пуск списка</translation>
+    </message>
+    <message>
+        <source>Run the list while pressed in</source>
+        <translation>Пока нажата, список выполняется</translation>
+    </message>
+    <message>
+        <source>Save List</source>
+        <translation>Сохранить список</translation>
+    </message>
+    <message>
+        <source>Save the list as a CSV file</source>
+        <translation>Сохранить список в файл CSV</translation>
+    </message>
+    <message>
+        <source>Open List</source>
+        <translation>Открыть список</translation>
+    </message>
+    <message>
+        <source>Replace the list by that of a CSV file</source>
+        <translation>Заменить список содержимым файла CSV</translation>
+    </message>
+    <message>
+        <source>Fill a column</source>
+        <translation>Заполнить столбец</translation>
+    </message>
+    <message>
+        <source>Fill a column between its first and its last value, or down</source>
+        <translation>Заполнить столбец между первым и последним значением или вниз</translation>
+    </message>
+</context>
+<context>
+    <name>ListPlot</name>
+    <message>
+        <source>Runs by triggers from outside</source>
+        <translation>Выполняется по внешним запускам</translation>
+    </message>
+    <message>
+        <source>Waits for the first step</source>
+        <translation>Ожидает первого шага</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2  ·  %3</source>
+        <translation>Точка %1 из %2  ·  %3</translation>
+    </message>
+    <message>
+        <source>  ·  Point %1 cannot run as it stands</source>
+        <translation>  ·  Точка %1 так выполняться не может</translation>
+    </message>
+    <message>
+        <source>Picture of the run</source>
+        <translation>График выполнения</translation>
+    </message>
+    <message>
+        <source>Wheel: zoom. Drag: move. Double click: whole pass.
+Keys: +, −, Left, Right, Home</source>
+        <translation>Колесо: масштаб. Перетаскивание: сдвиг. Двойной щелчок: весь проход.
+Клавиши: +, −, влево, вправо, Home</translation>
+    </message>
+    <message>
+        <source>Log</source>
+        <translation>Лог.</translation>
+    </message>
+    <message>
+        <source>Logarithmic frequency</source>
+        <translation>Логарифмическая частота</translation>
+    </message>
+    <message>
+        <source>Logarithmic frequency axis</source>
+        <translation>Логарифмическая ось частоты</translation>
+    </message>
+</context>
+<context>
+    <name>ListTransfer</name>
+    <message>
+        <source>List %1 of %2, %3 left</source>
+        <translation>Список %1 из %2, осталось %3</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>Lit while an instrument is connected</source>
@@ -443,10 +678,6 @@
     <message>
         <source>RF</source>
         <translation>ВЧ</translation>
-    </message>
-    <message>
-        <source>Lit while the external reference is selected</source>
-        <translation>Горит, пока выбран внешний опорный сигнал</translation>
     </message>
     <message>
         <source>External reference lamp</source>
@@ -653,8 +884,87 @@
         <translation>Файла справки нет рядом с программой</translation>
     </message>
     <message>
-        <source>This version cannot apply profiles</source>
-        <translation>Эта версия не умеет применять профили</translation>
+        <source>Lit while the external reference is selected; red while it is not locked</source>
+        <translation>Горит, пока выбран внешний опорный сигнал; красным, пока нет захвата</translation>
+    </message>
+</context>
+<context>
+    <name>ModeList</name>
+    <message>
+        <source>TRIG POINT</source>
+        <translation>ТОЧКА ПО ЗАПУСКУ</translation>
+    </message>
+    <message>
+        <source>Single</source>
+        <translation>Однократно</translation>
+    </message>
+    <message>
+        <source>Freq -  Pow</source>
+        <translation>Част. -  Мощн.</translation>
+    </message>
+    <message>
+        <source>Internal timing</source>
+        <translation>Внутренний отсчёт</translation>
+    </message>
+    <message>
+        <source>External, rising</source>
+        <translation>Внешний, фронт</translation>
+    </message>
+    <message>
+        <source>External, falling</source>
+        <translation>Внешний, спад</translation>
+    </message>
+    <message>
+        <source>Step by step</source>
+        <translation>По шагам</translation>
+    </message>
+    <message>
+        <source>one point</source>
+        <translation>одна точка</translation>
+    </message>
+    <message>
+        <source>all points</source>
+        <translation>все точки</translation>
+    </message>
+    <message>
+        <source>repeated</source>
+        <translation>повторно</translation>
+    </message>
+    <message>
+        <source>once</source>
+        <translation>однократно</translation>
+    </message>
+    <message>
+        <source>points: %1</source>
+        <translation>точек: %1</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2</source>
+        <translation>Точка %1 из %2</translation>
+    </message>
+    <message>
+        <source>List mode</source>
+        <translation>Режим списка</translation>
+    </message>
+    <message>
+        <source>Manual</source>
+        <translation>Вручную</translation>
+    </message>
+    <message>
+        <source>Step through the points by hand</source>
+        <translation>Переходить по точкам вручную</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Авто</translation>
+    </message>
+    <message>
+        <source>Let time or a trigger run through the points</source>
+        <translation>Переходить по точкам по времени или запуску</translation>
+    </message>
+    <message>
+        <source>What a run steps through</source>
+        <translation>По чему идёт выполнение</translation>
     </message>
 </context>
 <context>
@@ -748,6 +1058,170 @@
     </message>
 </context>
 <context>
+    <name>PanelProfiles</name>
+    <message>
+        <source>The instrument is still being set up</source>
+        <translation>Прибор ещё настраивается</translation>
+    </message>
+    <message>
+        <source>No profile is applied while a table is transferred</source>
+        <translation>Пока передаётся таблица, профиль не применяется</translation>
+    </message>
+    <message>
+        <source>Applying the profile...</source>
+        <translation>Применение профиля...</translation>
+    </message>
+</context>
+<context>
+    <name>PointActions</name>
+    <message>
+        <source>Insert row</source>
+        <translation>Вставить строку</translation>
+    </message>
+    <message>
+        <source>Delete rows</source>
+        <translation>Удалить строки</translation>
+    </message>
+    <message>
+        <source>Duplicate rows</source>
+        <translation>Дублировать строки</translation>
+    </message>
+    <message>
+        <source>Move rows up</source>
+        <translation>Переместить строки вверх</translation>
+    </message>
+    <message>
+        <source>Move rows down</source>
+        <translation>Переместить строки вниз</translation>
+    </message>
+    <message>
+        <source>Fill linearly</source>
+        <translation>Заполнить линейно</translation>
+    </message>
+    <message>
+        <source>Fill logarithmically</source>
+        <translation>Заполнить логарифмически</translation>
+    </message>
+    <message>
+        <source>Fill down</source>
+        <translation>Заполнить вниз</translation>
+    </message>
+    <message>
+        <source>Make the list from the sweep</source>
+        <translation>Составить список из качания</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Вставить</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Выделить всё</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Отменить</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Вернуть</translation>
+    </message>
+    <message>
+        <source>Clear list</source>
+        <translation>Очистить список</translation>
+    </message>
+    <message>
+        <source>To fill logarithmically, the first and the last cell must both hold numbers above 0, or both below</source>
+        <translation>Для логарифмического заполнения в первой и последней ячейках нужны числа больше 0 либо меньше 0</translation>
+    </message>
+    <message>
+        <source>To fill, the first and the last cell must hold numbers</source>
+        <translation>Для заполнения в первой и последней ячейках нужны числа</translation>
+    </message>
+    <message>
+        <source>Not pasted: &quot;%1&quot; is no number</source>
+        <translation>Не вставлено: «%1» — не число</translation>
+    </message>
+    <message>
+        <source>Clear List</source>
+        <translation>Очистить список</translation>
+    </message>
+    <message>
+        <source>Do you want to clear List?</source>
+        <translation>Очистить список?</translation>
+    </message>
+    <message>
+        <source>Fill a column</source>
+        <translation>Заполнить столбец</translation>
+    </message>
+</context>
+<context>
+    <name>PointTable</name>
+    <message>
+        <source>Edit</source>
+        <translation>Правка</translation>
+    </message>
+    <message>
+        <source>The list is being transferred</source>
+        <translation>Список передаётся</translation>
+    </message>
+    <message>
+        <source>Freq [Hz]</source>
+        <translation>Част. [Гц]</translation>
+    </message>
+    <message>
+        <source>Pow [dBm]</source>
+        <translation>Мощн. [дБм]</translation>
+    </message>
+    <message>
+        <source>Dwell [μs]</source>
+        <translation>Время [мкс]</translation>
+    </message>
+    <message>
+        <source>List of points</source>
+        <translation>Список точек</translation>
+    </message>
+    <message>
+        <source>Double-click or type to edit a cell; k, m or g after a frequency, m or s after a dwell: unit letters</source>
+        <translation>Двойной щелчок или ввод изменяет ячейку; буквы единиц: k, m или g после частоты, m или s после времени</translation>
+    </message>
+</context>
+<context>
+    <name>ProfileDialogs</name>
+    <message>
+        <source>XML File (*.xml)</source>
+        <translation>Файл XML (*.xml)</translation>
+    </message>
+    <message>
+        <source>Open file</source>
+        <translation>Открыть файл</translation>
+    </message>
+    <message>
+        <source>Save file</source>
+        <translation>Сохранить файл</translation>
+    </message>
+    <message>
+        <source>%1 already exists. Replace it?</source>
+        <translation>%1 уже есть. Заменить?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Заменить</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Профили</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+</context>
+<context>
     <name>PulseGroup</name>
     <message>
         <source>External source</source>
@@ -803,6 +1277,88 @@
     </message>
 </context>
 <context>
+    <name>QuickProfileRow</name>
+    <message>
+        <source>Apply %1</source>
+        <translation>Применить %1</translation>
+    </message>
+    <message>
+        <source>New name of %1</source>
+        <translation>Новое имя: %1</translation>
+    </message>
+    <message>
+        <source>Return renames, Esc leaves it</source>
+        <translation>Enter переименует, Esc оставит как есть</translation>
+    </message>
+    <message>
+        <source>Rename %1</source>
+        <translation>Переименовать %1</translation>
+    </message>
+    <message>
+        <source>Delete %1</source>
+        <translation>Удалить %1</translation>
+    </message>
+</context>
+<context>
+    <name>RunWords</name>
+    <message>
+        <source>not readable</source>
+        <translation>не читается</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>от %1 до %2</translation>
+    </message>
+    <message>
+        <source>Sweep of one point</source>
+        <translation>Качание из одной точки</translation>
+    </message>
+    <message numerus="yes">
+        <source>Sweep of %n points</source>
+        <translation>
+            <numerusform>Качание из %n точки</numerusform>
+            <numerusform>Качание из %n точек</numerusform>
+            <numerusform>Качание из %n точек</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>List of one point</source>
+        <translation>Список из одной точки</translation>
+    </message>
+    <message numerus="yes">
+        <source>List of %n points</source>
+        <translation>
+            <numerusform>Список из %n точки</numerusform>
+            <numerusform>Список из %n точек</numerusform>
+            <numerusform>Список из %n точек</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The fields of the sweep give no points</source>
+        <translation>По полям качания точек нет</translation>
+    </message>
+    <message>
+        <source>The list has no points</source>
+        <translation>В списке нет точек</translation>
+    </message>
+    <message>
+        <source>%1: %2, %3, %4 per pass</source>
+        <translation>%1: %2, %3, %4 за проход</translation>
+    </message>
+    <message>
+        <source>Points: %1, %2 per pass</source>
+        <translation>Точек: %1, %2 за проход</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2, from %3 on</source>
+        <translation>Точка %1 из %2, начиная с %3</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 из %2</translation>
+    </message>
+</context>
+<context>
     <name>ScpiSession</name>
     <message>
         <source>connection error</source>
@@ -818,6 +1374,30 @@
     <message>
         <source>error getting temperature</source>
         <translation>ошибка чтения температуры</translation>
+    </message>
+    <message>
+        <source>error get calibrate</source>
+        <translation>ошибка чтения калибровки</translation>
+    </message>
+    <message>
+        <source>The instrument sent more numbers than it has calibration points</source>
+        <translation>Прибор прислал больше чисел, чем у него точек калибровки</translation>
+    </message>
+    <message>
+        <source>The instrument sent fewer numbers than it has calibration points</source>
+        <translation>Прибор прислал меньше чисел, чем у него точек калибровки</translation>
+    </message>
+    <message>
+        <source>The calibration table is stored in the instrument</source>
+        <translation>Таблица калибровки сохранена в приборе</translation>
+    </message>
+    <message>
+        <source>Writing was stopped: the stored table is as it was</source>
+        <translation>Запись остановлена: сохранённая таблица прежняя</translation>
+    </message>
+    <message>
+        <source>Writing the calibration table...</source>
+        <translation>Запись таблицы калибровки...</translation>
     </message>
 </context>
 <context>
@@ -859,54 +1439,165 @@
     </message>
 </context>
 <context>
-    <name>Unit</name>
+    <name>SweepGroup</name>
     <message>
-        <source>s</source>
-        <translation>с</translation>
+        <source>Sweep</source>
+        <translation>Качание</translation>
     </message>
     <message>
-        <source>Hz</source>
-        <translation>Гц</translation>
+        <source>Power sweep</source>
+        <translation>Качание мощности</translation>
     </message>
     <message>
-        <source>%</source>
-        <translation>%</translation>
+        <source>Frequency sweep</source>
+        <translation>Качание частоты</translation>
     </message>
     <message>
-        <source>rad</source>
-        <translation>рад</translation>
+        <source>Freq-Pow switch</source>
+        <translation>Переключатель частота-мощность</translation>
     </message>
     <message>
-        <source>V</source>
-        <translation>В</translation>
+        <source>Run</source>
+        <translation>Пуск</translation>
     </message>
     <message>
-        <source>p</source>
-        <translation>п</translation>
+        <source>Run the sweep</source>
+        <translation>Пуск качания</translation>
     </message>
     <message>
-        <source>n</source>
-        <translation>н</translation>
+        <source>Run the sweep while pressed in</source>
+        <translation>Пока нажата, качание выполняется</translation>
     </message>
     <message>
-        <source>µ</source>
-        <translation>мк</translation>
+        <source>Frequency</source>
+        <translation>Частота</translation>
     </message>
     <message>
-        <source>m</source>
-        <translation>м</translation>
+        <source>Power</source>
+        <translation>Мощность</translation>
     </message>
     <message>
-        <source>k</source>
-        <translation>к</translation>
+        <source>Start</source>
+        <translation>Начало</translation>
     </message>
     <message>
-        <source>M</source>
-        <translation>М</translation>
+        <source>Stop</source>
+        <translation>Конец</translation>
     </message>
     <message>
-        <source>G</source>
-        <translation>Г</translation>
+        <source>Points</source>
+        <translation>Точки</translation>
+    </message>
+    <message>
+        <source>Dwell</source>
+        <translation>Время</translation>
+    </message>
+    <message>
+        <source>The value that stays</source>
+        <translation>Постоянное значение</translation>
+    </message>
+    <message>
+        <source>First value of the sweep</source>
+        <translation>Первое значение качания</translation>
+    </message>
+    <message>
+        <source>Last value of the sweep</source>
+        <translation>Последнее значение качания</translation>
+    </message>
+    <message>
+        <source>Number of points of the sweep</source>
+        <translation>Число точек качания</translation>
+    </message>
+    <message>
+        <source>Time at each point in microseconds</source>
+        <translation>Время в каждой точке в микросекундах</translation>
+    </message>
+    <message>
+        <source>Sweep: %1</source>
+        <translation>Качание: %1</translation>
+    </message>
+</context>
+<context>
+    <name>TriggerGroup</name>
+    <message>
+        <source>Trigger</source>
+        <translation>Запуск</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Список</translation>
+    </message>
+    <message>
+        <source>Sweep</source>
+        <translation>Качание</translation>
+    </message>
+    <message>
+        <source>Sweep-List switch</source>
+        <translation>Переключатель качание-список</translation>
+    </message>
+    <message>
+        <source>AUTO</source>
+        <translation>АВТО</translation>
+    </message>
+    <message>
+        <source>Automatic trigger</source>
+        <translation>Автоматический запуск</translation>
+    </message>
+    <message>
+        <source>Automatic sweep/list control</source>
+        <translation>Автоматическое управление качанием/списком</translation>
+    </message>
+    <message>
+        <source>External trigger, rising edge</source>
+        <translation>Внешний запуск, фронт</translation>
+    </message>
+    <message>
+        <source>External trigger (positive polarity)</source>
+        <translation>Внешний запуск (положительная полярность)</translation>
+    </message>
+    <message>
+        <source>External trigger, falling edge</source>
+        <translation>Внешний запуск, спад</translation>
+    </message>
+    <message>
+        <source>External trigger (negative polarity)</source>
+        <translation>Внешний запуск (отрицательная полярность)</translation>
+    </message>
+    <message>
+        <source>Previous point</source>
+        <translation>Предыдущая точка</translation>
+    </message>
+    <message>
+        <source>Go to previous point</source>
+        <translation>Перейти к предыдущей точке</translation>
+    </message>
+    <message>
+        <source>Next point</source>
+        <translation>Следующая точка</translation>
+    </message>
+    <message>
+        <source>Go to next point</source>
+        <translation>Перейти к следующей точке</translation>
+    </message>
+    <message>
+        <source>Continuous</source>
+        <translation>Непрерывно</translation>
+    </message>
+    <message>
+        <source>Continuous sweep/list mode</source>
+        <translation>Непрерывный режим качания/списка</translation>
+    </message>
+    <message>
+        <source>ALLPOINTS</source>
+        <translation>ВСЕ ТОЧКИ</translation>
+    </message>
+    <message>
+        <source>All points</source>
+        <translation>Все точки</translation>
+    </message>
+    <message>
+        <source>Sweep all points by the trigger signal</source>
+        <translation>Пройти все точки по сигналу запуска</translation>
     </message>
 </context>
 <context>
@@ -981,6 +1672,37 @@
     <message>
         <source>OFF</source>
         <translation>ВЫКЛ</translation>
+    </message>
+</context>
+<context>
+    <name>WgtModePow</name>
+    <message>
+        <source>Turn ON maximum&lt;br&gt;(non-calibrated)&lt;br&gt;power mode?</source>
+        <translation>ВКЛЮЧИТЬ режим&lt;br&gt;максимальной (некалиброванной)&lt;br&gt;мощности?</translation>
+    </message>
+    <message>
+        <source>Turn OFF maximum&lt;br&gt;(non-calibrated)&lt;br&gt;power mode?</source>
+        <translation>ВЫКЛЮЧИТЬ режим&lt;br&gt;максимальной (некалиброванной)&lt;br&gt;мощности?</translation>
+    </message>
+    <message>
+        <source>Maximum power mode</source>
+        <translation>Режим максимальной мощности</translation>
+    </message>
+    <message>
+        <source>Yes</source>
+        <translation>Да</translation>
+    </message>
+    <message>
+        <source>Switch the mode</source>
+        <translation>Переключить режим</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Leave the mode as it is (Esc)</source>
+        <translation>Оставить режим как есть (Esc)</translation>
     </message>
 </context>
 <context>
@@ -1062,6 +1784,163 @@
     </message>
 </context>
 <context>
+    <name>openSaveProfile</name>
+    <message>
+        <source>Replace the quick profile &quot;%1&quot; by the present settings?</source>
+        <translation>Заменить быстрый профиль «%1» текущими настройками?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Заменить</translation>
+    </message>
+    <message>
+        <source>Delete the quick profile &quot;%1&quot;?</source>
+        <translation>Удалить быстрый профиль «%1»?</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Удалить</translation>
+    </message>
+    <message>
+        <source>Profiles</source>
+        <translation>Профили</translation>
+    </message>
+    <message>
+        <source>Quick profiles</source>
+        <translation>Быстрые профили</translation>
+    </message>
+    <message>
+        <source>None yet: give the present settings a name and save them.</source>
+        <translation>Пока пусто: назовите текущие настройки и сохраните их.</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Имя</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Сохранить</translation>
+    </message>
+    <message>
+        <source>Open file...</source>
+        <translation>Открыть файл...</translation>
+    </message>
+    <message>
+        <source>Save file...</source>
+        <translation>Сохранить файл...</translation>
+    </message>
+    <message>
+        <source>Name of a new quick profile</source>
+        <translation>Имя нового быстрого профиля</translation>
+    </message>
+    <message>
+        <source>Name under which the present settings are saved; Return saves</source>
+        <translation>Имя, под которым сохраняются текущие настройки; Enter сохраняет</translation>
+    </message>
+    <message>
+        <source>Save as quick profile</source>
+        <translation>Сохранить как быстрый профиль</translation>
+    </message>
+    <message>
+        <source>Save the present settings as a quick profile of this name</source>
+        <translation>Сохранить текущие настройки как быстрый профиль с этим именем</translation>
+    </message>
+    <message>
+        <source>Open file</source>
+        <translation>Открыть файл</translation>
+    </message>
+    <message>
+        <source>Apply a profile from a file</source>
+        <translation>Применить профиль из файла</translation>
+    </message>
+    <message>
+        <source>Save file</source>
+        <translation>Сохранить файл</translation>
+    </message>
+    <message>
+        <source>Save the present settings to a file</source>
+        <translation>Сохранить текущие настройки в файл</translation>
+    </message>
+</context>
+<context>
+    <name>openSave_XML_FILE</name>
+    <message>
+        <source>File name is too long</source>
+        <translation>Имя файла слишком длинное</translation>
+    </message>
+    <message>
+        <source>Error saving file</source>
+        <translation>Ошибка сохранения файла</translation>
+    </message>
+    <message>
+        <source>Profile applied: %1</source>
+        <translation>Профиль применён: %1</translation>
+    </message>
+    <message>
+        <source>Profile only partly applied: %1</source>
+        <translation>Профиль применён лишь частично: %1</translation>
+    </message>
+    <message>
+        <source>There is no profile %1</source>
+        <translation>Нет профиля %1</translation>
+    </message>
+    <message>
+        <source>The profile cannot be read, nothing applied: %1</source>
+        <translation>Профиль не читается, ничего не применено: %1</translation>
+    </message>
+    <message>
+        <source>Too large for a profile, nothing applied: %1</source>
+        <translation>Слишком велик для профиля, ничего не применено: %1</translation>
+    </message>
+    <message>
+        <source>The profile is damaged, nothing applied: %1</source>
+        <translation>Профиль повреждён, ничего не применено: %1</translation>
+    </message>
+    <message>
+        <source>Not a profile, nothing applied: %1</source>
+        <translation>Это не профиль, ничего не применено: %1</translation>
+    </message>
+    <message>
+        <source>The settings of the last run are damaged: defaults are used</source>
+        <translation>Настройки прошлого запуска повреждены: используются значения по умолчанию</translation>
+    </message>
+    <message>
+        <source>Profile saved: %1</source>
+        <translation>Профиль сохранён: %1</translation>
+    </message>
+    <message>
+        <source>A file name can&apos;t contain any of the following characters:</source>
+        <translation>Имя файла не должно содержать следующих знаков:</translation>
+    </message>
+    <message>
+        <source>This name is reserved: %1</source>
+        <translation>Это имя занято программой: %1</translation>
+    </message>
+    <message>
+        <source>There is already a profile of this name: %1</source>
+        <translation>Профиль с таким именем уже есть: %1</translation>
+    </message>
+    <message>
+        <source>The profile could not be deleted: %1</source>
+        <translation>Не удалось удалить профиль: %1</translation>
+    </message>
+    <message>
+        <source>Profile deleted: %1</source>
+        <translation>Профиль удалён: %1</translation>
+    </message>
+</context>
+<context>
+    <name>progressBarForTable</name>
+    <message>
+        <source>Progress</source>
+        <translation>Ход</translation>
+    </message>
+    <message>
+        <source>How far the table has got</source>
+        <translation>Сколько таблицы уже передано</translation>
+    </message>
+</context>
+<context>
     <name>service</name>
     <message>
         <source>Serial:</source>
@@ -1082,6 +1961,42 @@
     <message>
         <source>Service</source>
         <translation>Сервис</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Write</source>
+        <translation>Записать</translation>
+    </message>
+    <message>
+        <source>Stop after the present row; nothing is stored</source>
+        <translation>Остановить после текущей строки; ничего не сохраняется</translation>
+    </message>
+    <message>
+        <source>Write the table into the instrument and store it there</source>
+        <translation>Записать таблицу в прибор и сохранить её там</translation>
+    </message>
+    <message>
+        <source>Points: %1</source>
+        <translation>Точек: %1</translation>
+    </message>
+    <message>
+        <source>Firmware:</source>
+        <translation>Прошивка:</translation>
+    </message>
+    <message>
+        <source>Attenuation at  0 dBm</source>
+        <translation>Ослабление при  0 дБм</translation>
+    </message>
+    <message>
+        <source>Frequencies in whole hertz, or with k, M or G</source>
+        <translation>Частоты в целых герцах или с k, M, G</translation>
+    </message>
+    <message>
+        <source>Loading...</source>
+        <translation>Загрузка...</translation>
     </message>
 </context>
 </TS>
