@@ -28,11 +28,25 @@ constexpr ColumnRow columns[] = {
 };
 static_assert(std::size(columns) == CalibrationTable::ColumnCount);
 
-/// Shows frequencies with their digits grouped; the cells hold them as they are sent.
-class GroupingDelegate : public QStyledItemDelegate
+class CellDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override
+    {
+        QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+        editor->setProperty("cellEditor", true);
+        return editor;
+    }
+};
+
+/// Shows frequencies with their digits grouped; the cells hold them as they are sent.
+class GroupingDelegate : public CellDelegate
+{
+public:
+    using CellDelegate::CellDelegate;
 
     QString displayText(const QVariant& value, const QLocale&) const override
     {
@@ -47,6 +61,7 @@ CalibrationTable::CalibrationTable(QWidget* parent) : QTableWidget(0, ColumnCoun
     setObjectName(QStringLiteral("table"));
     setMinimumHeight(leastHeight);
     setTabKeyNavigation(false);
+    setItemDelegate(new CellDelegate(this));
     setItemDelegateForColumn(Frequency, new GroupingDelegate(this));
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
@@ -89,7 +104,7 @@ QString CalibrationTable::acceptCell(int row, int column)
     if (!cell)
         return QString();
     const QSignalBlocker noFurtherEdit(this);
-    const QString wrong = complaint(row, column);
+    QString wrong = complaint(row, column);
     if (wrong.isEmpty())
         cell->setText(columns[column].accepted(cell->text()));
     cell->setIcon(wrong.isEmpty() ? QIcon() : QIcon(QStringLiteral(":/images/invalid.png")));
@@ -101,7 +116,7 @@ QString CalibrationTable::firstComplaint()
 {
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < ColumnCount; ++column) {
-            const QString wrong = acceptCell(row, column);
+            QString wrong = acceptCell(row, column);
             if (wrong.isEmpty())
                 continue;
             setCurrentCell(row, column);
@@ -114,6 +129,7 @@ QString CalibrationTable::firstComplaint()
 std::vector<CalibrationPoint> CalibrationTable::points() const
 {
     std::vector<CalibrationPoint> result;
+    result.reserve(static_cast<std::size_t>(rowCount()));
     for (int row = 0; row < rowCount(); ++row) {
         result.push_back({wholeHertz(cellText(row, Frequency)), wholeValue(cellText(row, Value))});
     }
