@@ -410,7 +410,7 @@
     </message>
     <message>
         <source>Step a list by its rows or by the arrows above them</source>
-        <translation type="unfinished"></translation>
+        <translation>По списку переходят его строками или стрелками над ними</translation>
     </message>
 </context>
 <context>
@@ -1598,6 +1598,61 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Sweep all points by the trigger signal</source>
         <translation>Пройти все точки по сигналу запуска</translation>
+    </message>
+</context>
+<context>
+    <name>Unit</name>
+    <message>
+        <source>s</source>
+        <translation>с</translation>
+    </message>
+    <message>
+        <source>Hz</source>
+        <translation>Гц</translation>
+    </message>
+    <message>
+        <source>%</source>
+        <translation>%</translation>
+    </message>
+    <message>
+        <source>rad</source>
+        <translation>рад</translation>
+    </message>
+    <message>
+        <source>V</source>
+        <translation>В</translation>
+    </message>
+    <message>
+        <source>dBm</source>
+        <translation>дБм</translation>
+    </message>
+    <message>
+        <source>p</source>
+        <translation>п</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>н</translation>
+    </message>
+    <message>
+        <source>µ</source>
+        <translation>мк</translation>
+    </message>
+    <message>
+        <source>m</source>
+        <translation>м</translation>
+    </message>
+    <message>
+        <source>k</source>
+        <translation>к</translation>
+    </message>
+    <message>
+        <source>M</source>
+        <translation>М</translation>
+    </message>
+    <message>
+        <source>G</source>
+        <translation>Г</translation>
     </message>
 </context>
 <context>
