@@ -307,7 +307,7 @@ void ProfilesTest::open(const QString& name)
 QByteArray ProfilesTest::stateBytes()
 {
     const QString path = save("state");
-    const QByteArray bytes = bytesOf(path);
+    QByteArray bytes = bytesOf(path);
     if (!QFile::remove(path))
         qFatal("not saved");
     return bytes;
