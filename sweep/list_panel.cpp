@@ -106,13 +106,13 @@ void List::wireList()
         if (triggerChoice() != TriggerChoice::Manual)
             m_chosenRow = -1;
     });
-    // Queued: the instrument has to be ready for manual steps before it is moved to a point.
-    connect(
-        &previousPoint(), &QAbstractButton::clicked, this, [this] { stepRow(-1); },
-        Qt::QueuedConnection);
-    connect(
-        &nextPoint(), &QAbstractButton::clicked, this, [this] { stepRow(1); },
-        Qt::QueuedConnection);
+    connect(&m_list->mode(), &ModeList::stepWanted, this, &List::step);
+    for (const QPushButton* button : {&previousPoint(), &nextPoint()}) {
+        connect(button, &QAbstractButton::clicked, this, [this] {
+            if (runList().isChecked())
+                emit statusMessage(tr("Step a list by its rows or by the arrows above them"));
+        });
+    }
 }
 
 void List::showChosenGroup()
@@ -275,10 +275,21 @@ void List::chooseRow(int row)
     emit pointChosen(row + 1);
 }
 
+/// A list that runs steps by its rows; else as the trigger group's own buttons say.
+void List::step(int direction)
+{
+    if (!runList().isChecked()) {
+        (direction < 0 ? previousPoint() : nextPoint()).click();
+        return;
+    }
+    // Whoever hears of the choice makes the instrument ready for the step.
+    m_trigger->choose(TriggerChoice::Manual);
+    if (isManualListRun())
+        stepRow(direction);
+}
+
 void List::stepRow(int direction)
 {
-    if (!isManualListRun())
-        return;
     const int present = m_chosenRow >= 0 ? m_chosenRow : table().highlightedPoint() - 1;
     const int row = present + direction;
     if (row < 0 || row >= table().rowCount())

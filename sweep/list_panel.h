@@ -95,6 +95,7 @@ private:
     void openList();
     void generateList();
     void chooseRow(int row);
+    void step(int direction);
     void stepRow(int direction);
     bool isManualListRun() const;
 

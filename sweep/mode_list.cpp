@@ -107,12 +107,12 @@ void ModeList::buttonAutoClick()
 
 void ModeList::leftButtonClick()
 {
-    m_trigger.previousPoint().click();
+    emit stepWanted(-1);
 }
 
 void ModeList::rightButtonClick()
 {
-    m_trigger.nextPoint().click();
+    emit stepWanted(1);
 }
 
 QString ModeList::statusText() const

@@ -9,7 +9,7 @@ class QPushButton;
 class TriggerGroup;
 
 /// What advances a list run, in compact form beside the list: it shows the choices of the trigger
-/// group and acts on that group's buttons. It keeps no choice of its own.
+/// group and acts on that group's buttons. It keeps no choice of its own, and knows of no run.
 class ModeList : public QFrame
 {
     Q_OBJECT
@@ -26,6 +26,10 @@ public slots:
     void buttonAutoClick();
     void leftButtonClick();
     void rightButtonClick();
+
+signals:
+    /// The user wants the point before (-1) or behind (1).
+    void stepWanted(int direction);
 
 private:
     void build();

@@ -48,6 +48,8 @@ void RunPicture::follow(const SweepCommands& runs, const TriggerCommands& trigge
     connect(&runs, &SweepCommands::runStopped, this, &RunPicture::runStopped);
     connect(&triggers, &TriggerCommands::stepped, this, &RunPicture::stepped);
     connect(&triggers, &TriggerCommands::movedTo, this, &RunPicture::movedTo);
+    // A list that is only made ready for steps waits, too.
+    connect(&triggers, &TriggerCommands::refreshWanted, this, &RunPicture::followPace);
 }
 
 void RunPicture::runStarted()

@@ -354,27 +354,44 @@ void ListPanelTest::steppingRows()
     QStringList chosen;
     connect(&bench.panel, &List::pointChosen,
             [&](int number) { chosen << QString::number(number); });
-    // The instrument is made ready by those who hear of the click itself.
+    connect(&bench.panel, &List::triggerChosen, [&] { chosen << "ready"; });
     connect(&bench.panel.nextPoint(), &QAbstractButton::clicked, [&] { chosen << "next"; });
     const auto step = [&](const char* name) {
         bench.click(name);
-        QCoreApplication::processEvents();
         return std::exchange(chosen, {}).join(' ');
     };
-    QCOMPARE(step("right_select"), QString("next"));
+    QCOMPARE(step("rightButton"), QString("next"));
+    bench.click("time_select");
     bench.click("button_List");
-    QCOMPARE(step("right_select"), QString("next 1"));
-    QCOMPARE(step("right_select"), QString("next 2"));
+    chosen.clear();
+    // The instrument is made ready before it is moved.
+    QCOMPARE(step("rightButton"), QString("ready 1"));
+    QCOMPARE(step("rightButton"), QString("2"));
     QCOMPARE(bench.table().currentRow(), 1);
-    QCOMPARE(step("left_select"), QString("1"));
-    QCOMPARE(step("left_select"), QString());
+    QCOMPARE(step("leftButton"), QString("1"));
+    QCOMPARE(step("leftButton"), QString());
     bench.clickCell(2, 0);
-    QCOMPARE(step("right_select"), QString("3 next"));
+    QCOMPARE(step("rightButton"), QString("3"));
+
+    // The buttons of the trigger group move no list, and say what does.
+    QCOMPARE(bench.said, QStringList());
+    QCOMPARE(step("right_select"), QString("next"));
+    QCOMPARE(step("left_select"), QString());
+    QCOMPARE(bench.said.size(), 2);
+    QVERIFY(bench.said.last().contains("arrows"));
 
     // A free run goes on by hand from the point that it has reached.
     bench.click("time_select");
     bench.panel.highlightPoint(2);
-    QCOMPARE(step("right_select"), QString("next 3"));
+    chosen.clear();
+    QCOMPARE(step("rightButton"), QString("ready 3"));
+    bench.click("time_select");
+    chosen.clear();
+    {
+        QWidget bar(&bench.table());
+        bar.setObjectName("progressBarForTable");
+        QCOMPARE(step("leftButton"), QString("ready"));
+    }
 }
 
 void ListPanelTest::highlight()

@@ -131,11 +131,17 @@ void RunPictureTest::followsAListSteppedByHand()
     QCOMPARE(rig.instrumentPoint(), 3);
     QCOMPARE(rig.shownPoint(), 3);
     QCOMPARE(rig.panel.table().highlightedPoint(), 3);
-    rig.click("right_select");
-    QTRY_COMPARE(rig.shownPoint(), 4);
+    rig.click("rightButton");
+    QCOMPARE(rig.shownPoint(), 4);
     QCOMPARE(rig.instrumentPoint(), 4);
     rig.click("button_List");
     QCOMPARE(rig.panel.table().highlightedPoint(), 0);
+
+    // What only makes ready for steps ends the waiting for triggers, too.
+    rig.click("ext_select button_List");
+    QCOMPARE(rig.header(), QString("Runs by triggers from outside"));
+    rig.click("right_select");
+    QCOMPARE(rig.header(), QString("Waits for the first step"));
 }
 
 void RunPictureTest::followsTheTrigger()
