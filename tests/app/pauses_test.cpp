@@ -1,8 +1,8 @@
-#include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 
 #include <QLabel>
+#include <QTableWidget>
 
 #include <functional>
 
@@ -39,7 +39,6 @@ private slots:
 private:
     QPushButton& button(const QString& name);
     void setOffline(const QString& names);
-    void openPanelOf(const QString& name);
     static bool runAsProgram(const std::function<void()>& start);
     void endOnceSent(const QString& text, const QString& ending);
     void checkEnded(const QString& ending);
@@ -60,6 +59,8 @@ void PausesTest::init()
     InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     m_rig = std::make_unique<PanelRig>();
+    // Two blocks with a pause between them, and a rest.
+    m_rig->get<QTableWidget>("table_List").setRowCount(70);
     m_sent.clear();
     m_isInterrupted = false;
 }
@@ -74,14 +75,6 @@ void PausesTest::setOffline(const QString& names)
 {
     for (const QString& name : names.split(' ', Qt::SkipEmptyParts))
         button(name).click();
-}
-
-void PausesTest::openPanelOf(const QString& name)
-{
-    const bool isGenerator = m_rig->get("generator").isAncestorOf(&button(name));
-    m_rig->click(isGenerator ? "open_gener" : "open_mod");
-    QTRY_VERIFY(!SidePanels::moving());
-    QVERIFY(button(name).isVisible());
 }
 
 /// Within the program's own event loop, which the last window ends. False when it does not end.
@@ -125,6 +118,12 @@ void PausesTest::checkEnded(const QString& ending)
     QCOMPARE(m_rig->window().isVisible(), ending != closing);
     QVERIFY(!QApplication::activeModalWidget());
     QVERIFY(!QGuiApplication::overrideCursor());
+    QCOMPARE(m_rig->get("List").cursor().shape(), Qt::ArrowCursor);
+    QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
+    for (const char* run : {"button_Sweep", "button_List"})
+        QVERIFY(!button(run).isChecked());
+    for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
+        QVERIFY(m_rig->get(field).isEnabled());
     if (ending != closing)
         QCOMPARE(indicatorState(), panelState());
     m_rig->end();
@@ -154,6 +153,9 @@ void PausesTest::endsInAPause_data()
         {"behind LF's direction", "", "sawPos_select", "RAMP POS"},
         {"before AM's off for LF", "AM Pulse", "sine_select", ""},
         {"behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF"},
+        {"before AM's off for a sweep", "AM Pulse", "button_Sweep", ""},
+        {"amid the frequencies of a list", "List_is_Checked", "button_List", "LIST:FREQ:ADD"},
+        {"amid the powers of a list", "List_is_Checked", "button_List", "LIST:POW:ADD"},
     };
     for (const auto& row : rows) {
         for (const QString& ending : endings)
@@ -170,7 +172,7 @@ void PausesTest::endsInAPause()
     QFETCH(QString, ending);
     setOffline(before);
     m_rig->connectDevice();
-    openPanelOf(clicked);
+    m_rig->openPanelOf(clicked);
     m_demo->takeTranscript();
     QVERIFY(runAsProgram([&] {
         endOnceSent(seen, ending);
@@ -240,7 +242,7 @@ void PausesTest::doubleClicks()
     setOffline(before);
     m_rig->connectDevice();
     const QStringList names = clicks.split(' ');
-    openPanelOf(names.first());
+    m_rig->openPanelOf(names.first());
     int open = names.size();
     QVERIFY(runAsProgram([&] {
         for (int i = 0; i < names.size(); ++i) {

@@ -1,5 +1,7 @@
 #include "tests/support/panel_rig.h"
 
+#include "app/side_panels.h"
+
 #include <QLabel>
 #include <QLineEdit>
 
@@ -33,6 +35,21 @@ void PanelRig::enter(const char* objectName, const QString& text)
     else
         QTest::keyClicks(&field, text);
     QTest::keyClick(&field, Qt::Key_Return);
+}
+
+void PanelRig::openPanelOf(const QString& objectName)
+{
+    const QWidget& control = get(qPrintable(objectName));
+    const struct {
+        const char* panel;
+        const char* button;
+    } panels[] = {{"Modulat", "open_mod"}, {"List", "open_list"}, {"generator", "open_gener"}};
+    for (const auto& row : panels) {
+        if (get(row.panel).isAncestorOf(&control) && !get(row.panel).isVisible())
+            click(row.button);
+    }
+    QTRY_VERIFY(!SidePanels::moving());
+    QVERIFY(control.isVisible());
 }
 
 void PanelRig::connectDevice()

@@ -30,6 +30,9 @@ public:
     /// Replaces the field's text by keys and commits it with Return.
     void enter(const char* objectName, const QString& text);
 
+    /// Opens the side panel that the control lies in, unless it is open.
+    void openPanelOf(const QString& objectName);
+
     /// Presses the connect button and waits until the search and what follows are over.
     void connectDevice();
 
