@@ -58,7 +58,6 @@ private:
     QGridLayout* buildFields();
     void wire();
     void changeMode();
-    void applyKinds();
     void commit(std::size_t index);
 
     QLabel* m_title;

@@ -47,9 +47,7 @@ signals:
     void movedTo(int number);
 
 private:
-    void wire();
     bool isRunConnected() const;
-    bool isTableTransferred() const;
     void choiceChanged();
     void pointChosen(int number);
     void setUpExternal(const QString& slopeCommand);
