@@ -38,6 +38,7 @@ private slots:
     void sweepStepsByHand();
     void stepTakesAFreeSweepOver();
     void listGoesToThePointChosen();
+    void arrowsBesideTheTable();
     void edgesStepASweep();
     void choicesInARun_data();
     void choicesInARun();
@@ -150,6 +151,19 @@ void TriggerCommandsTest::listGoesToThePointChosen()
     emit m_rig->panel.pointChosen(1);
     m_rig->triggers.dowloadPointList(1);
     QCOMPARE(m_rig->sent(), QStringList());
+}
+
+void TriggerCommandsTest::arrowsBesideTheTable()
+{
+    m_rig->click("ext_select");
+    run("button_List");
+    m_rig->click("rightButton rightButton leftButton");
+    QCOMPARE(m_rig->sent(), manual + QStringList({"LIST:MAN 1!", "LIST:MAN 2!", "LIST:MAN 1!"}));
+    QCOMPARE(m_rig->whereItIs(), QString("1 WAIT 1000000 -1"));
+    QCOMPARE(m_rig->events, QStringList({"to 1", "to 2", "to 1"}));
+    run("button_Sweep");
+    m_rig->click("rightButton leftButton");
+    QCOMPARE(m_rig->sent(), QStringList({up, down}));
 }
 
 void TriggerCommandsTest::edgesStepASweep()
