@@ -28,7 +28,9 @@ bool InputBlock::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Drop:
         return true;
     case QEvent::Shortcut:
-        return !m_exempt.contains(qobject_cast<QWidget*>(watched));
+        // A key belongs to its button, or to a shortcut that belongs to the button.
+        return !m_exempt.contains(qobject_cast<QWidget*>(watched)) &&
+               !m_exempt.contains(qobject_cast<QWidget*>(watched->parent()));
     default:
         return false;
     }

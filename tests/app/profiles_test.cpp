@@ -613,6 +613,7 @@ void ProfilesTest::endsInTheMiddle_data()
     QTest::addColumn<QString>("ending");
     QTest::newRow("cable pulled") << "unplug";
     QTest::newRow("window closed") << "closeWindow";
+    QTest::newRow("window closed by key") << "Ctrl+Q";
 }
 
 void ProfilesTest::endsInTheMiddle()
@@ -629,6 +630,8 @@ void ProfilesTest::endsInTheMiddle()
         QVERIFY(QGuiApplication::overrideCursor());
         if (ending == "unplug")
             (*m_demo)(ending);
+        else if (ending == "Ctrl+Q")
+            QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_Q, Qt::ControlModifier);
         else
             m_rig->click(qPrintable(ending));
         m_demo->takeTranscript();
