@@ -101,7 +101,7 @@ void Form::setSerial(const QString& serial)
 void Form::setFirmware(const QString& version)
 {
     m_firmware = version;
-    m_firmwareLine->setText(tr("Firmware revision:") + QLatin1Char(' ') + version);
+    m_firmwareLine->setText(tr("Firmware revision:") + version);
 }
 
 void Form::setCalibrationDue(const QString& date)
