@@ -46,7 +46,7 @@ constexpr FieldRow fieldRows[] = {
     {K::LfDuty, U::None, P::Whole, 0, 0, 0, toNumber},
     {K::Dwell, U::Time, P::Time, 6, 6, 0, microsecondsFromReply},
     {K::PointCount, U::None, P::PointCount, 0, 0, 0, toNumber},
-    {K::DacValue, U::None, P::Whole, 0, 0, 0, toNumber},
+    {K::DacValue, U::None, P::SignedWhole, 0, 0, 0, toNumber},
 };
 
 struct PatternRow {
