@@ -3,6 +3,7 @@
 #   --dev      also what format.sh and tidy.sh need
 #   --screen   also the virtual screen that run.sh uses where there is none
 #   --wayland  also Qt's platform for a display that has no X
+#   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine
 set -euo pipefail
 
 packages=(
@@ -16,7 +17,8 @@ for option in "$@"; do
         --dev) packages+=(clang-format clang-tidy) ;;
         --screen) packages+=(tigervnc-standalone-server) ;;
         --wayland) packages+=(qtwayland5) ;;
-        *) echo "usage: $0 [--dev] [--screen] [--wayland]" >&2; exit 2 ;;
+        --windows) packages+=(g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 wine64 wine) ;;
+        *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows]" >&2; exit 2 ;;
     esac
 done
 
