@@ -138,15 +138,15 @@ void ModeList::refresh()
                                tr("External, falling"), tr("Step by step")};
     const bool isPointwise =
         isManual || (choice != TriggerChoice::FreeRun && !m_trigger.allPointsMode().isChecked());
+    const QString point =
+        m_point > 0 ? tr("Point %1 of %2").arg(m_point).arg(m_pointCount) : QString();
     const QString texts[] = {sources[static_cast<int>(choice)],
                              isPointwise ? tr("one point") : tr("all points"),
                              m_trigger.continuousMode().isChecked() ? tr("repeated") : tr("once"),
-                             tr("points: %1").arg(m_pointCount)};
+                             point.isEmpty() ? tr("points: %1").arg(m_pointCount) : QString()};
     for (std::size_t i = 0; i < m_autoTexts.size(); ++i)
         m_autoTexts[i]->setText(texts[i]);
 
-    const QString point =
-        m_point > 0 ? tr("Point %1 of %2").arg(m_point).arg(m_pointCount) : QString();
     m_manualPoint->setText(isManual ? point : QString());
     m_autoPoint->setText(isManual ? QString() : point);
     m_status->setText(statusText());

@@ -31,6 +31,8 @@ private slots:
     void everySlotFindsItsControl();
     void panelsOpenOneAtATime();
     void languageSwitchesWhileRunning();
+    void listFitsItsPanel_data();
+    void listFitsItsPanel();
     void aboutShowsTheInstrument();
     void calibrationDateIsColoured_data();
     void calibrationDateIsColoured();
@@ -122,6 +124,31 @@ void WindowTest::languageSwitchesWhileRunning()
     QCOMPARE(rig.get<QPushButton>("ROSC").text(), QString("10 MHz"));
     rig.click("connect");
     QCOMPARE(rig.device(), english);
+}
+
+void WindowTest::listFitsItsPanel_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << "en";
+    QTest::newRow("Russian") << "ru";
+}
+
+/// The groups scroll up and down only: what is wider than the panel could not be seen.
+void WindowTest::listFitsItsPanel()
+{
+    QFETCH(QString, language);
+    StartOptions options = PanelRig::defaultOptions();
+    options.language = language;
+    PanelRig rig(options);
+    const QWidget& groups = rig.get("list_groups");
+    for (const char* choice : {"time_select", "int_select", "ext_select", "left_select"}) {
+        rig.openPanelOf(choice);
+        for (int group = 0; group < 2; ++group) {
+            rig.click(choice);
+            QVERIFY2(groups.minimumSizeHint().width() <= groups.parentWidget()->width(), choice);
+            rig.click("List_is_Checked");
+        }
+    }
 }
 
 void WindowTest::aboutShowsTheInstrument()

@@ -482,7 +482,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Save List</source>
-        <translation>Сохранить список</translation>
+        <translation>Сохранить</translation>
     </message>
     <message>
         <source>Save the list as a CSV file</source>
@@ -490,7 +490,7 @@ Do you want to replace it?</source>
     </message>
     <message>
         <source>Open List</source>
-        <translation>Открыть список</translation>
+        <translation>Открыть</translation>
     </message>
     <message>
         <source>Replace the list by that of a CSV file</source>
@@ -904,7 +904,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>Internal timing</source>
-        <translation>Внутренний отсчёт</translation>
+        <translation>По таймеру</translation>
     </message>
     <message>
         <source>External, rising</source>
@@ -932,7 +932,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>once</source>
-        <translation>однократно</translation>
+        <translation>один раз</translation>
     </message>
     <message>
         <source>points: %1</source>
