@@ -61,7 +61,7 @@ CONF
     (cd "$work" && APT_CONFIG=$apt/apt.conf apt-get source -q "$1=$2")
 }
 
-# qmake's specification names the compilers without their thread variant.
+# qmake's mkspec names the compilers without their thread variant.
 put_compilers_first() {
     mkdir "$work/bin"
     ln -s "$(command -v $cxx)" "$work/bin/$triplet-g++"
