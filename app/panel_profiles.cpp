@@ -11,6 +11,7 @@
 #include "numbers/step_table.h"
 #include "numbers/unit_keys.h"
 #include "panel/cw_controls.h"
+#include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
 #include "panel/user_folder.h"
 #include "sweep/list_panel.h"
@@ -88,7 +89,7 @@ QString PanelProfiles::refusal() const
 {
     if (m_parts.session.isConnected() && m_isConnecting)
         return tr("The instrument is still being set up");
-    if (m_parts.window.findChild<QWidget*>(QStringLiteral("progressBarForTable")))
+    if (progressBarForTable::liesWithin(m_parts.window))
         return tr("No profile is applied while a table is transferred");
     return QString();
 }

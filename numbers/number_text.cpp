@@ -74,6 +74,11 @@ QString generalText(double value)
     return QString::number(value, 'g', 6);
 }
 
+QString secondsText(const QString& microseconds)
+{
+    return generalText(toNumber(microseconds) * 1e-6);
+}
+
 QString groupDigits(const QString& text)
 {
     QString digits = text;

@@ -28,6 +28,9 @@ QString shortestText(double value);
 /// General format with 6 significant digits: 0.001, 5e-05, 1.23457e+09.
 QString generalText(double value);
 
+/// A time typed in microseconds, as it is sent: seconds in general format.
+QString secondsText(const QString& microseconds);
+
 /// Groups the digits of a whole number by threes. A leading minus sign counts as a digit:
 /// "-1234" gives "-1 234" and "-123" gives "- 123".
 QString groupDigits(const QString& text);

@@ -10,11 +10,13 @@ constexpr int veilOpacity = 216; // of 255
 constexpr int margin = 24;
 constexpr int barHeight = 16;
 constexpr int textGap = 8;
+
+const QString barName = QStringLiteral("progressBarForTable");
 } // namespace
 
 progressBarForTable::progressBarForTable(int maximum, QWidget* table) : QProgressBar(table)
 {
-    setObjectName(QStringLiteral("progressBarForTable"));
+    setObjectName(barName);
     setAccessibleName(tr("Progress"));
     setToolTip(tr("How far the table has got"));
     setRange(0, maximum);
@@ -26,6 +28,11 @@ progressBarForTable::progressBarForTable(int maximum, QWidget* table) : QProgres
     setGeometry(table->rect());
     raise();
     show();
+}
+
+bool progressBarForTable::liesWithin(const QWidget& place)
+{
+    return place.findChild<QWidget*>(barName) != nullptr;
 }
 
 void progressBarForTable::advance()

@@ -14,6 +14,9 @@ public:
     /// Over `table`, shown, at 0 of `maximum` steps; 0: the work has no steps.
     progressBarForTable(int maximum, QWidget* table);
 
+    /// Whether a table within `place`, or `place` itself, is being read or written.
+    static bool liesWithin(const QWidget& place);
+
     /// One step further.
     void advance();
 

@@ -1,5 +1,6 @@
 #include "sweep/list_panel.h"
 
+#include "panel/progress_bar_for_table.h"
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"
@@ -26,12 +27,6 @@ constexpr int leastHeight = 320;
 /// What the window and the panel take besides.
 constexpr int frameHeight = 200;
 constexpr int spacing = 8;
-
-/// Whether a table anywhere in the window is being read or written.
-bool isTableTransferred(const QWidget& window)
-{
-    return window.findChild<QWidget*>(QStringLiteral("progressBarForTable")) != nullptr;
-}
 } // namespace
 
 List::List(QWidget* parent)
@@ -242,7 +237,7 @@ void List::editTable(int row, int column)
 
 void List::openList()
 {
-    if (isTableTransferred(*window())) {
+    if (progressBarForTable::liesWithin(*window())) {
         emit statusMessage(tr("No list can be opened while a table is being transferred"));
         return;
     }
@@ -263,7 +258,7 @@ void List::generateList()
 bool List::isManualListRun() const
 {
     return runList().isChecked() && triggerChoice() == TriggerChoice::Manual &&
-           !isTableTransferred(*window());
+           !progressBarForTable::liesWithin(*window());
 }
 
 /// Moves a list that is stepped by hand to a row, unless it stands there already.

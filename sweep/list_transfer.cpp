@@ -25,7 +25,6 @@ namespace
 {
 constexpr int blockRows = 32;
 constexpr int listCount = 3;
-constexpr double secondsPerMicrosecond = 1e-6;
 
 const QString firstPrefix = QStringLiteral("LIST:%1 ");
 const QString nextPrefix = QStringLiteral("LIST:%1:ADD ");
@@ -102,8 +101,7 @@ QStringList ListTransfer::valuesOf(const Part& part) const
         else if (part.column == PointTable::Power)
             values << (isEmpty ? m_power.text() : cell);
         else
-            values << (isEmpty ? emptyDwellSeconds
-                               : generalText(toNumber(cell) * secondsPerMicrosecond));
+            values << (isEmpty ? emptyDwellSeconds : secondsText(cell));
     }
     return values;
 }

@@ -1,6 +1,7 @@
 #include "sweep/point_table.h"
 
 #include "link/instrument_limits.h"
+#include "panel/progress_bar_for_table.h"
 #include "sweep/point_delegate.h"
 
 #include <QHeaderView>
@@ -207,8 +208,7 @@ void PointTable::foreignRowsChanged()
 /// What the instrument is getting block by block must not change under way.
 bool PointTable::refuseDuringTransfer()
 {
-    const bool isTransferred =
-        findChild<QObject*>(QStringLiteral("progressBarForTable")) != nullptr;
+    const bool isTransferred = progressBarForTable::liesWithin(*this);
     if (isTransferred)
         emit refused(tr("The list is being transferred"));
     return isTransferred;

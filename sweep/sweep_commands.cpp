@@ -14,8 +14,6 @@
 
 namespace
 {
-constexpr double secondsPerMicrosecond = 1e-6;
-
 // Start and stop go out without a unit, and powers as they stand.
 const QString pointsCommand = QStringLiteral("SWEep:POINts ");
 const QString frequencyCommand = QStringLiteral("FREQ ");
@@ -148,8 +146,7 @@ QStringList SweepCommands::sweepCommands() const
     else
         commands << powerCommand + fixed << startFrequencyCommand + withoutBlanks(start)
                  << stopFrequencyCommand + withoutBlanks(stop);
-    const double dwellSeconds = toNumber(m_panel.dwell().text()) * secondsPerMicrosecond;
-    commands << dwellCommand + generalText(dwellSeconds);
+    commands << dwellCommand + secondsText(m_panel.dwell().text());
     return commands;
 }
 

@@ -1,6 +1,7 @@
 #include "sweep/trigger_commands.h"
 
 #include "link/scpi_session.h"
+#include "panel/progress_bar_for_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/point_table.h"
 #include "sweep/trigger_group.h"
@@ -21,12 +22,6 @@ const QString singleCommand = QStringLiteral("INIT:CONT OFF");
 const QString upCommand = QStringLiteral("LIST:MAN UP");
 const QString downCommand = QStringLiteral("LIST:MAN DOWN");
 const QString pointCommand = QStringLiteral("LIST:MAN %1");
-
-/// Whether a table within `place` is being read or written.
-bool hasProgressBar(const QWidget& place)
-{
-    return place.findChild<QWidget*>(QStringLiteral("progressBarForTable"));
-}
 } // namespace
 
 TriggerCommands::TriggerCommands(ScpiSession& session, List& panel, QAbstractButton& pulse,
@@ -84,13 +79,13 @@ void TriggerCommands::prepareManual()
 
 void TriggerCommands::setUpContinuousMode()
 {
-    if (isRunConnected() && !hasProgressBar(*m_panel.window()))
+    if (isRunConnected() && !progressBarForTable::liesWithin(*m_panel.window()))
         m_session.writeChecked(m_panel.isContinuous() ? continuousCommand : singleCommand);
 }
 
 void TriggerCommands::sharedCommand_List_Sweep()
 {
-    if (!isRunConnected() || hasProgressBar(m_panel.table()))
+    if (!isRunConnected() || progressBarForTable::liesWithin(m_panel.table()))
         return;
     const QString name = sender() ? sender()->objectName() : QString();
     setUpTrigger();
@@ -122,7 +117,7 @@ void TriggerCommands::slotModeIntFront(bool isManual)
 /// takes it up when it starts.
 void TriggerCommands::choiceChanged()
 {
-    if (!isRunConnected() || hasProgressBar(m_panel.table()))
+    if (!isRunConnected() || progressBarForTable::liesWithin(m_panel.table()))
         return;
     if (m_panel.triggerChoice() != TriggerChoice::Manual)
         m_isManualPrepared = false;
@@ -132,7 +127,8 @@ void TriggerCommands::choiceChanged()
 /// A row was chosen. Only a list that is stepped by hand goes there.
 void TriggerCommands::pointChosen(int number)
 {
-    if (m_panel.triggerChoice() == TriggerChoice::Manual && !hasProgressBar(m_panel.table()))
+    if (m_panel.triggerChoice() == TriggerChoice::Manual &&
+        !progressBarForTable::liesWithin(m_panel.table()))
         dowloadPointList(number);
 }
 
