@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and running need; only what is missing.
-#   --dev      also what format.sh and tidy.sh need
+#   --dev      also what format.sh, tidy.sh and docs/manual/pictures.sh need
 #   --screen   also the virtual screen that run.sh uses where there is none
 #   --wayland  also Qt's platform for a display that has no X
 #   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine
@@ -10,14 +10,15 @@ packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev qttools5-dev qttools5-dev-tools libqwt-qt5-dev
     libudev-dev libumockdev-dev umockdev
-    python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core
+    python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core cmark-gfm
 )
 for option in "$@"; do
     case "$option" in
-        --dev) packages+=(clang-format clang-tidy) ;;
+        --dev) packages+=(clang-format clang-tidy pngquant) ;;
         --screen) packages+=(tigervnc-standalone-server) ;;
         --wayland) packages+=(qtwayland5) ;;
-        --windows) packages+=(g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 wine64 wine) ;;
+        --windows)
+            packages+=(g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 fp-utils wine64 wine) ;;
         *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows]" >&2; exit 2 ;;
     esac
 done
