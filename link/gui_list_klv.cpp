@@ -100,6 +100,9 @@ void GuiListKLV::showEvent(QShowEvent* event)
     m_content->ensurePolished();
     resize(m_content->sizeHint().boundedTo({screen()->availableGeometry().width(), mostHeight}));
     const QRect room = screen()->availableGeometry();
+    setHorizontalScrollBarPolicy(m_content->sizeHint().width() > room.width()
+                                     ? Qt::ScrollBarAsNeeded
+                                     : Qt::ScrollBarAlwaysOff);
     const int rightmost = qMax(room.left(), room.right() - frameGeometry().width());
     const int lowest = qMax(room.top(), room.bottom() - frameGeometry().height());
     move(qBound(room.left(), x(), rightmost), qBound(room.top(), y(), lowest));

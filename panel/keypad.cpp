@@ -282,6 +282,8 @@ void Keypad::retranslate()
     const QString name = m_field->accessibleName();
     m_title->setText(m_isStepPage ? tr("%1: step").arg(name) : name);
     m_entry->setAccessibleName(m_title->text());
+    m_entry->setToolTip(m_isStepPage ? tr("Type the step; Return takes it")
+                                     : tr("Type the number; Return or a unit enters it"));
     m_unit->setText(unitText(units(), plainPower()));
     m_unit->setVisible(!m_unit->text().isEmpty());
     m_limits->setText(m_isStepPage ? QString() : limitsText());

@@ -66,6 +66,8 @@ void openSaveProfile::build()
     m_scroll->setWidget(rows);
     m_scroll->setWidgetResizable(true);
     m_scroll->setFrameShape(QFrame::NoFrame);
+    // Its rows take the focus, and it follows them.
+    m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setMinimumHeight(leastRowsInSight * (rowHeight + spacing) - spacing);
 

@@ -1,5 +1,6 @@
 #include "service/about_box.h"
 
+#include "panel/describe.h"
 #include "service/open_document.h"
 
 #include <QCoreApplication>
@@ -11,6 +12,9 @@
 #include <QPixmap>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <QVariant>
+
+#include <iterator>
 
 namespace
 {
@@ -25,6 +29,27 @@ QString anchor(const QString& target, const QString& text)
 {
     return QStringLiteral("<a href=\"%1\">%2</a>").arg(target, text);
 }
+
+/// A label whose links are stops of Tab and back. A plain one lets nobody out backwards: it begins
+/// again at its last link.
+class LinkLabel : public QLabel
+{
+public:
+    explicit LinkLabel(QWidget* parent) : QLabel(parent)
+    {
+        setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+        setProperty("links", true);
+    }
+
+protected:
+    bool focusNextPrevChild(bool next) override
+    {
+        const int before = selectionStart();
+        const bool isMoved = QLabel::focusNextPrevChild(next);
+        const bool isAround = !next && hasFocus() && before >= 0 && selectionStart() >= before;
+        return isAround ? QWidget::focusNextPrevChild(next) : isMoved;
+    }
+};
 } // namespace
 
 Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint)
@@ -70,9 +95,7 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
     calibration->addStretch(1);
     column->addLayout(calibration);
     for (QLabel** line : {&m_support, &m_updateLinks, &m_license}) {
-        *line = new QLabel(frame);
-        (*line)->setTextInteractionFlags(Qt::LinksAccessibleByMouse |
-                                         Qt::LinksAccessibleByKeyboard);
+        *line = new LinkLabel(frame);
         column->addWidget(*line);
     }
     m_support->setOpenExternalLinks(true);
@@ -84,6 +107,9 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
     column->addSpacing(spacing);
     column->addLayout(buttons);
     m_close->setDefault(true);
+    QWidget* const tabOrder[] = {m_support, m_updateLinks, m_license, m_update, m_close};
+    for (std::size_t i = 1; i < std::size(tabOrder); ++i)
+        setTabOrder(tabOrder[i - 1], tabOrder[i]);
 
     connect(m_close, &QPushButton::clicked, this, &Form::on_pushButton_clicked);
     connect(m_update, &QPushButton::clicked, this, &Form::requestUpdate);
@@ -154,8 +180,12 @@ void Form::retranslate()
     m_calibrationCaption->setText(tr("Calibration due date:"));
     m_close->setText(tr("Close"));
     m_update->setText(tr("Update"));
-    m_close->setToolTip(tr("Close this box (Escape)"));
-    m_update->setToolTip(tr("Update the firmware of the connected instrument"));
+    describe(m_close, m_close->text(), tr("Close this box (Escape)"));
+    describe(m_update, m_update->text(), tr("Update the firmware of the connected instrument"));
+    describe(m_support, tr("Support by mail"), tr("Write a mail to the maker's support"));
+    describe(m_updateLinks, tr("Updates on the web"),
+             tr("Open the maker's pages of the program and of the firmware"));
+    describe(m_license, tr("License"), tr("Open the licence text"));
     const QString support = QLatin1String(supportAddress);
     m_support->setText(tr("Support: ") + anchor(QStringLiteral("mailto:") + support, support));
     m_updateLinks->setText(tr("Update: ") + anchor(QLatin1String(softwareLink), tr("software")) +

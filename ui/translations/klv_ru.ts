@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>Attenuation at  0 dBm</source>
-        <translation>Ослабление при  0 дБм</translation>
+        <translation>Ослабление при 0 дБм</translation>
     </message>
     <message>
         <source>Row %1, %2: &quot;%3&quot; is not a whole number</source>
@@ -292,6 +292,26 @@
         <source>Close</source>
         <translation>Закрыть</translation>
     </message>
+    <message>
+        <source>Support by mail</source>
+        <translation>Поддержка по почте</translation>
+    </message>
+    <message>
+        <source>Write a mail to the maker&apos;s support</source>
+        <translation>Написать в службу поддержки изготовителя</translation>
+    </message>
+    <message>
+        <source>Updates on the web</source>
+        <translation>Обновления в сети</translation>
+    </message>
+    <message>
+        <source>Open the maker&apos;s pages of the program and of the firmware</source>
+        <translation>Открыть страницы изготовителя с программой и прошивкой</translation>
+    </message>
+    <message>
+        <source>Open the licence text</source>
+        <translation>Открыть текст лицензии</translation>
+    </message>
 </context>
 <context>
     <name>GuiListKLV</name>
@@ -333,6 +353,14 @@
     <message>
         <source>Step %1</source>
         <translation>Шаг %1</translation>
+    </message>
+    <message>
+        <source>Type the step; Return takes it</source>
+        <translation>Введите шаг; Enter принимает его</translation>
+    </message>
+    <message>
+        <source>Type the number; Return or a unit enters it</source>
+        <translation>Введите число; Enter или единица измерения вводит его</translation>
     </message>
 </context>
 <context>

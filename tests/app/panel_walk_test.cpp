@@ -1,0 +1,252 @@
+#include "tests/app/panel_walk.h"
+
+#include "app/error_box.h"
+#include "app/side_panels.h"
+#include "link/gui_list_klv.h"
+#include "link/instrument_limits.h"
+#include "modulation/fold_box.h"
+#include "panel/keypad.h"
+#include "panel/user_folder.h"
+#include "service/about_box.h"
+#include "service/firmware_dialog.h"
+#include "tests/support/panel_rig.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <functional>
+
+namespace
+{
+const char* const threeInstruments =
+    "instruments [1111]\nmodel=KLV-6G\n[22222222]\nmodel=KLV-20G\n[33333333]\nmodel=KLV-20G\n";
+
+/// Something to look at: has the program show it and tells in which window it stands.
+struct Surface {
+    const char* name;
+    std::function<QWidget*(PanelRig&)> open;
+};
+
+/// The window with one side panel, and in it what the clicks have brought up.
+QWidget* openPanel(PanelRig& rig, const char* toggle, std::initializer_list<const char*> clicks)
+{
+    rig.click(toggle);
+    if (!QTest::qWaitFor([] { return !SidePanels::moving(); }))
+        return nullptr;
+    for (const char* click : clicks)
+        rig.get<QAbstractButton>(click).click();
+    const auto isFolding = [](const FoldBox* box) { return box->isMoving(); };
+    const auto folds = rig.window().findChildren<FoldBox*>();
+    const auto isSettled = [&] { return std::none_of(folds.begin(), folds.end(), isFolding); };
+    return QTest::qWaitFor(isSettled) ? &rig.window() : nullptr;
+}
+
+QWidget* openSet(PanelRig& rig)
+{
+    // The longest that the front panel ever shows.
+    rig.connectDevice();
+    for (const char* name : {"wgtMaxPow", "label_328", "label_329"})
+        rig.get(name).show();
+    rig.get<QLineEdit>("FREQ").setText(QStringLiteral("20 000 000 000"));
+    rig.click("Output");
+    rig.click("ROSC");
+    rig.click("open_ROSC_FREQ");
+    return &rig.window();
+}
+
+QWidget* openList(PanelRig& rig)
+{
+    auto& table = rig.get<QTableWidget>("table_List");
+    table.setRowCount(3);
+    const char* const cells[] = {"20 000 000 000", "-120", "100 000 000"};
+    for (int column = 0; column < 3; ++column)
+        table.setItem(0, column, new QTableWidgetItem(QLatin1String(cells[column])));
+    return openPanel(rig, "open_list", {"List_is_Checked", "int_select"});
+}
+
+QWidget* openProfiles(PanelRig& rig)
+{
+    openPanel(rig, "profiles", {});
+    for (const char* name : {"a", "The set-up of the long name that no row has the room for"}) {
+        rig.get<QLineEdit>("profile_name").setText(QLatin1String(name));
+        rig.click("save_quick");
+    }
+    rig.click("rename_1");
+    return &rig.window();
+}
+
+QWidget* openService(PanelRig& rig)
+{
+    rig.connectDevice();
+    return openPanel(rig, "service", {});
+}
+
+QWidget* openKeypad(PanelRig& rig, const char* toggle, std::initializer_list<const char*> clicks)
+{
+    rig.connectDevice();
+    if (toggle)
+        openPanel(rig, toggle, {});
+    for (const char* click : clicks)
+        rig.get<QAbstractButton>(click).click();
+    return rig.window().findChild<Keypad*>();
+}
+
+QWidget* openAbout(PanelRig& rig)
+{
+    rig.connectDevice();
+    auto* about = rig.window().findChild<Form*>();
+    about->showAbout();
+    return about;
+}
+
+QWidget* openFirmware(PanelRig& rig)
+{
+    auto* dialog = rig.window().findChild<Firmware*>();
+    dialog->show();
+    return dialog;
+}
+
+QWidget* openPrompt(PanelRig& rig, bool isLast)
+{
+    rig.connectDevice();
+    rig.click("butSetModePow");
+    QWidget& prompt = rig.get("WgtModePow");
+    if (isLast) {
+        prompt.findChild<QAbstractButton*>("butYes")->click();
+        rig.click("butSetModePow");
+    }
+    return &prompt;
+}
+
+QWidget* openChooser(PanelRig& rig)
+{
+    rig.connectDevice();
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window->isVisible() && qobject_cast<GuiListKLV*>(window))
+            return window;
+    }
+    return nullptr;
+}
+
+const Surface surfaces[] = {
+    {"idle", [](PanelRig& rig) { return &rig.window(); }},
+    {"connected", openSet},
+    {"AM",
+     [](PanelRig& rig) {
+         return openPanel(rig, "open_mod", {"fold_AM_", "Rect_Ampl"});
+     }},
+    {"FM",
+     [](PanelRig& rig) {
+         return openPanel(rig, "open_mod", {"fold_FM_", "Random_FREQ"});
+     }},
+    {"PM",
+     [](PanelRig& rig) {
+         return openPanel(rig, "open_mod", {"fold_PM_", "IntExt_PM"});
+     }},
+    {"pulse", [](PanelRig& rig) { return openPanel(rig, "open_mod", {"fold_PULM_"}); }},
+    {"LF sine", [](PanelRig& rig) { return openPanel(rig, "open_gener", {"sine_select"}); }},
+    {"LF square", [](PanelRig& rig) { return openPanel(rig, "open_gener", {"rectangle_select"}); }},
+    {"LF DC", [](PanelRig& rig) { return openPanel(rig, "open_gener", {"dc_select"}); }},
+    {"frequency sweep", [](PanelRig& rig) { return openPanel(rig, "open_list", {}); }},
+    {"power sweep",
+     [](PanelRig& rig) {
+         return openPanel(rig, "open_list", {"power_toFrom_freq", "logarithmicFrequency"});
+     }},
+    {"list", openList},
+    {"list by hand",
+     [](PanelRig& rig) {
+         return openPanel(rig, "open_list", {"List_is_Checked", "time_select"});
+     }},
+    {"profiles", openProfiles},
+    {"service", openService},
+    {"keypad of a frequency", [](PanelRig& rig) { return openKeypad(rig, nullptr, {"key_FREQ"}); }},
+    {"keypad of a step",
+     [](PanelRig& rig) {
+         return openKeypad(rig, nullptr, {"key_POW", "keypad_step"});
+     }},
+    {"keypad of a time", [](PanelRig& rig) { return openKeypad(rig, "open_list", {"key_Time"}); }},
+    {"keypad of the DAC",
+     [](PanelRig& rig) { return openKeypad(rig, "service", {"key_REF_OSC"}); }},
+    {"About", openAbout},
+    {"firmware", openFirmware},
+    {"power prompt", [](PanelRig& rig) { return openPrompt(rig, false); }},
+    {"last power prompt", [](PanelRig& rig) { return openPrompt(rig, true); }},
+    {"error",
+     [](PanelRig& rig) {
+         return ErrorBox::report(QStringLiteral("first \n second"), &rig.window());
+     }},
+    {"chooser", openChooser},
+};
+} // namespace
+
+/// Every window and panel of the program in both languages, looked at and walked through by keys.
+/// At which scale is the environment's: one process has one.
+class PanelWalkTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void nothingIsInTheWay_data();
+    void nothingIsInTheWay();
+
+private:
+    QTemporaryDir m_home;
+    std::unique_ptr<Demo> m_demo;
+};
+
+void PanelWalkTest::initTestCase()
+{
+    QVERIFY(m_home.isValid());
+    qputenv("HOME", m_home.path().toLocal8Bit());
+    QVERIFY(userFolder().startsWith(m_home.path()));
+}
+
+void PanelWalkTest::init()
+{
+    m_demo = std::make_unique<Demo>();
+    InstrumentLimits::global() = {};
+    QDir(userFolder()).removeRecursively();
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+}
+
+void PanelWalkTest::nothingIsInTheWay_data()
+{
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("language");
+    for (const QString& language : {QStringLiteral("en"), QStringLiteral("ru")}) {
+        int index = 0;
+        for (const Surface& surface : surfaces)
+            QTest::addRow("%s, %s", surface.name, qPrintable(language)) << index++ << language;
+    }
+}
+
+void PanelWalkTest::nothingIsInTheWay()
+{
+    QFETCH(int, index);
+    QFETCH(QString, language);
+    const Surface& surface = surfaces[index];
+    if (QLatin1String(surface.name) == QLatin1String("chooser"))
+        (*m_demo)(QString::fromLatin1(threeInstruments));
+    StartOptions options = PanelRig::defaultOptions();
+    options.language = language;
+    options.isClean = true;
+    PanelRig rig(options);
+    QWidget* window = surface.open(rig);
+    QVERIFY(window && window->isVisible());
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    QCoreApplication::processEvents();
+    const QStringList faults = unnamedControls(*window) + clippedTexts(*window) +
+                               overlaps(*window) + ambiguousKeys(*window) + tabFaults(*window);
+    window->close();
+    QVERIFY2(faults.isEmpty(), qPrintable('\n' + faults.join('\n')));
+}
+
+QTEST_MAIN(PanelWalkTest)
+#include "panel_walk_test.moc"
