@@ -46,7 +46,6 @@ QString DemoMode::libraryPath()
 {
     const QString program = QCoreApplication::applicationDirPath();
     const QString names[] = {QStringLiteral("/demo/lib%1.so"), QStringLiteral("/../demo/lib%1.so"),
-                             QStringLiteral("/../lib/klv/demo/lib%1.so"),
                              QStringLiteral("/demo/%1.dll")};
     for (const QString& name : names) {
         const QString path = program + name.arg(QLatin1String(libraryName));

@@ -19,6 +19,7 @@ int main(int argc, char* argv[])
     QCoreApplication::setOrganizationName(QStringLiteral("Veltro"));
     QCoreApplication::setApplicationName(QStringLiteral("KLV"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KLV_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral(KLV_DESKTOP_ID));
 
     QApplication application(argc, argv);
     // The VISA library writes "%lf" by this locale: a decimal comma would be no number at all.

@@ -3,13 +3,16 @@
 #   --dev      also what format.sh, tidy.sh and docs/manual/pictures.sh need
 #   --screen   also the virtual screen that run.sh uses where there is none
 #   --wayland  also Qt's platform for a display that has no X
-#   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine
+#   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine,
+#              icons and the installer
+#   --package  also what the Debian package needs
 set -euo pipefail
 
 packages=(
     cmake ninja-build g++ pkg-config
     qtbase5-dev qttools5-dev qttools5-dev-tools libqwt-qt5-dev
     libudev-dev libumockdev-dev umockdev
+    desktop-file-utils appstream man-db
     python3-pyvisa xvfb librsvg2-bin fonts-dejavu-core cmark-gfm
 )
 for option in "$@"; do
@@ -18,8 +21,12 @@ for option in "$@"; do
         --screen) packages+=(tigervnc-standalone-server) ;;
         --wayland) packages+=(qtwayland5) ;;
         --windows)
-            packages+=(g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 fp-utils wine64 wine) ;;
-        *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows]" >&2; exit 2 ;;
+            packages+=(
+                g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 fp-utils wine64 wine
+                icoutils nsis xdotool
+            ) ;;
+        --package) packages+=(dpkg-dev file) ;;
+        *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows] [--package]" >&2; exit 2 ;;
     esac
 done
 
