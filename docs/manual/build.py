@@ -131,14 +131,18 @@ def write_help_project(manual, folder, charset):
             index.append((1, page.title, page.path))
             for anchor, heading in page.sections:
                 contents.append((3, heading, f"{page.path}#{anchor}"))
-                index.append((1, heading, f"{page.path}#{anchor}"))
+                keyword = re.sub(r"^\d+\. ", "", heading)
+                index.append((1, f"{keyword} ({page.title})", f"{page.path}#{anchor}"))
     index.sort(key=lambda entry: entry[1].casefold())
     files = sorted(path.relative_to(folder).as_posix() for path in folder.rglob("*.*"))
     # In Russian's character set, whose lower half is English: the contents know only one.
     project = ["[OPTIONS]", "Compatibility=1.1 or later", "Compiled file=KLV.chm",
                "Contents file=KLV.hhc", "Index file=KLV.hhk", "Default topic=index.html",
                "Full-text search=Yes", "Binary TOC=No", "Binary Index=No",
-               "Language=0x419 Russian", "Title=KLV", "", "[FILES]", *files, ""]
+               "Language=0x419 Russian", "Title=KLV", "Default Window=main", "", "[WINDOWS]",
+               # Three panes with contents, index and search; hide, back, home and print.
+               'main="KLV","KLV.hhc","KLV.hhk","index.html","index.html",,,,,0x62420,280,0x3046,'
+               "[100,60,1100,800],,,,,,,0", "", "[FILES]", *files, ""]
     for name, text in (("KLV.hhc", sitemap(contents)), ("KLV.hhk", sitemap(index)),
                        ("KLV.hhp", "\n".join(project))):
         (folder / name).write_bytes(text.encode(charset, "xmlcharrefreplace"))
