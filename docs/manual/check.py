@@ -44,7 +44,8 @@ def broken_pages(folder):
 
 
 def in_one_line(text):
-    return " ".join(re.sub(r"<br>|\\n", " ", text).split())
+    """Without line breaks and the marks of keys in menus."""
+    return " ".join(re.sub(r"<br>|\\n", " ", re.sub(r"&(?=\w)", "", text)).split())
 
 
 def shown_texts(language):
