@@ -38,6 +38,7 @@ void DemoMode::endBootloaderSoon()
         if (!before.open(QIODevice::ReadOnly) || !after.open(QIODevice::WriteOnly))
             return;
         after.write(before.readAll().replace(bootloaderSection, "["));
+        before.close(); // Windows replaces no open file
         after.commit();
     });
 }
