@@ -1,8 +1,10 @@
 #include "app/main_window.h"
 
 #include "app/demo_mode.h"
+#include "app/escape_order.h"
 #include "app/help_file.h"
 #include "app/language.h"
+#include "app/output_off.h"
 #include "app/panel_profiles.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
@@ -35,6 +37,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QTimer>
 
 namespace
@@ -82,6 +85,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireService();
     wireFirmware();
     wireProfiles();
+    setUpEscape();
     setUpPush();
     loadSettings();
     openVisa();
@@ -377,6 +381,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
     hide();
     m_connection.shutDown();
     QMainWindow::closeEvent(event);
+}
+
+/// Only what no field has taken for itself gets here.
+void MainWindow::keyPressEvent(QKeyEvent* event)
+{
+    const bool isEscape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier;
+    if (!isEscape || !m_escapeOrder->closeLast())
+        QMainWindow::keyPressEvent(event);
 }
 
 /// Settled: nothing has been going on for a moment.

@@ -15,6 +15,7 @@
 
 class CwControls;
 class DemoMode;
+class EscapeOrder;
 class FirmwareUpdate;
 class Form;
 class HotPlugWatch;
@@ -25,6 +26,7 @@ class List;
 class ListTransfer;
 class Modulat;
 class ModulationCommands;
+class OutputOff;
 class PanelProfiles;
 class PowerMode;
 class RunPicture;
@@ -98,6 +100,7 @@ signals:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void connectAtStart();
@@ -105,6 +108,7 @@ private:
     void setUpForm();
     void setUpPanels();
     void setUpMenu();
+    void setUpEscape();
     void setUpPush();
     void wireStatusLine();
     void wireConnection();
@@ -158,6 +162,8 @@ private:
     std::unique_ptr<PanelProfiles> m_panelProfiles;
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
+    std::unique_ptr<EscapeOrder> m_escapeOrder;
+    std::unique_ptr<OutputOff> m_outputOff;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
     List* m_list = nullptr;

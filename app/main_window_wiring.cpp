@@ -2,7 +2,9 @@
 
 #include "app/demo_mode.h"
 #include "app/error_box.h"
+#include "app/escape_order.h"
 #include "app/language.h"
+#include "app/output_off.h"
 #include "app/panel_profiles.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
@@ -110,6 +112,7 @@ void MainWindow::wireCwControls()
     connect(m_cw.get(), &CwControls::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_ui->Output, &QAbstractButton::toggled, m_ui->label_RF, &QWidget::setEnabled);
     m_ui->label_RF->setEnabled(m_ui->Output->isChecked());
+    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
     connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
@@ -238,12 +241,25 @@ void MainWindow::wireProfiles()
                                {m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list,
                                 m_ui->open_gener, m_ui->profiles, m_ui->service, m_service,
                                 &m_list->runSweep(), &m_list->runList()},
-                               {m_ui->closeWindow, m_ui->minimize}};
+                               [this](const QWidget* widget) {
+                                   return widget == m_ui->closeWindow || widget == m_ui->minimize ||
+                                          m_outputOff->isWayOff(widget);
+                               }};
     m_panelProfiles = std::make_unique<PanelProfiles>(parts);
     m_profiles = new openSaveProfile(m_panelProfiles->files(), this);
     m_panelProfiles->files().store().exclude(m_profiles);
     m_sidePanels->add(m_profiles, m_ui->profiles);
     connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
+}
+
+void MainWindow::setUpEscape()
+{
+    m_escapeOrder = std::make_unique<EscapeOrder>();
+    for (SidePanel* panel : std::initializer_list<SidePanel*>{m_modulation, m_list, m_generator,
+                                                              m_profiles, m_service})
+        m_escapeOrder->add(panel, [this, panel] { m_sidePanels->close(panel); });
+    auto* prompt = findChild<WgtModePow*>();
+    m_escapeOrder->add(prompt, [prompt] { prompt->close(); });
 }
 
 /// The order in which a freshly reset instrument is brought into line with the panel.

@@ -117,7 +117,7 @@ void PanelProfiles::setBusy(bool isBusy)
         // A run keeps the front panel for itself.
         if (m_parts.list.isRunning())
             m_parts.list.autoOff();
-        m_guard.emplace(m_parts.alwaysUsable);
+        m_guard.emplace(m_parts.isUsable);
     } else {
         m_guard.reset();
     }

@@ -39,7 +39,8 @@ public:
         /// Brings indicators into line with the panels' buttons.
         std::function<void()> refreshIndicators;
         QVector<QWidget*> excluded; ///< controls, or panels with all in them
-        QVector<QWidget*> alwaysUsable;
+        /// Of the widgets that can be used while a profile is replayed.
+        InputBlock::IsExempt isUsable;
     };
 
     explicit PanelProfiles(const Parts& parts);
@@ -54,7 +55,7 @@ public:
 private:
     /// What the user sees, and cannot do, while a profile is replayed.
     struct ReplayGuard {
-        explicit ReplayGuard(const QVector<QWidget*>& alwaysUsable) : block(alwaysUsable) {}
+        explicit ReplayGuard(const InputBlock::IsExempt& isUsable) : block(isUsable) {}
         BusyCursor cursor;
         InputBlock block;
     };

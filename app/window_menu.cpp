@@ -12,10 +12,10 @@ struct Choice {
 };
 
 // A language is called by its own name whatever the language of the program.
-const Choice languages[] = {{"en", "English"}, {"ru", "Русский"}};
-const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the system")},
-                         {"light", QT_TRANSLATE_NOOP("WindowMenu", "Light")},
-                         {"dark", QT_TRANSLATE_NOOP("WindowMenu", "Dark")}};
+const Choice languages[] = {{"en", "&English"}, {"ru", "&Русский"}};
+const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &system")},
+                         {"light", QT_TRANSLATE_NOOP("WindowMenu", "&Light")},
+                         {"dark", QT_TRANSLATE_NOOP("WindowMenu", "&Dark")}};
 } // namespace
 
 WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, QWidget* parent)
@@ -62,11 +62,13 @@ QAction* WindowMenu::addChoice(QMenu* menu, QActionGroup* group, const QString& 
 
 void WindowMenu::retranslate()
 {
-    m_help->setText(tr("Help"));
-    m_about->setText(tr("About"));
-    m_languages->setTitle(tr("Language"));
-    m_themes->setTitle(tr("Theme"));
-    m_quit->setText(tr("Quit"));
+    m_help->setText(tr("&Help"));
+    m_about->setText(tr("&About"));
+    m_languages->setTitle(tr("&Language"));
+    m_themes->setTitle(tr("&Theme"));
+    // The key is the close button's: named here, so that nobody need look for it.
+    const QString quitKey = QKeySequence(Qt::CTRL + Qt::Key_Q).toString(QKeySequence::NativeText);
+    m_quit->setText(tr("&Quit") + QLatin1Char('\t') + quitKey);
     const QList<QAction*> themeActions = m_themes->actions();
     for (int index = 0; index < themeActions.size(); ++index)
         themeActions.at(index)->setText(

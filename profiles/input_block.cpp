@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QWidget>
 
-InputBlock::InputBlock(const QVector<QWidget*>& exempt) : m_exempt(exempt)
+InputBlock::InputBlock(const IsExempt& isExempt) : m_isExempt(isExempt)
 {
     qApp->installEventFilter(this);
 }
@@ -13,12 +13,15 @@ bool InputBlock::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
     case QEvent::MouseButtonDblClick:
-        return !isExempt(watched, static_cast<QMouseEvent*>(event)->globalPos());
-    case QEvent::Wheel:
+        m_isPressed = isForExempt(watched, static_cast<QMouseEvent*>(event)->globalPos());
+        return !m_isPressed;
+    case QEvent::MouseButtonRelease:
+        return !m_isPressed;
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
+        return !m_isExempt(QApplication::focusWidget());
+    case QEvent::Wheel:
     case QEvent::ContextMenu:
     case QEvent::InputMethod:
     case QEvent::TouchBegin:
@@ -29,8 +32,8 @@ bool InputBlock::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::Shortcut:
         // A key belongs to its button, or to a shortcut that belongs to the button.
-        return !m_exempt.contains(qobject_cast<QWidget*>(watched)) &&
-               !m_exempt.contains(qobject_cast<QWidget*>(watched->parent()));
+        return !m_isExempt(qobject_cast<QWidget*>(watched)) &&
+               !m_isExempt(qobject_cast<QWidget*>(watched->parent()));
     default:
         return false;
     }
@@ -38,9 +41,8 @@ bool InputBlock::eventFilter(QObject* watched, QEvent* event)
 
 /// What the mouse does reaches the system's window first, and would move the focus on its way to
 /// the widget.
-bool InputBlock::isExempt(QObject* watched, const QPoint& globalPos) const
+bool InputBlock::isForExempt(QObject* watched, const QPoint& globalPos) const
 {
-    auto* widget = watched->isWidgetType() ? static_cast<QWidget*>(watched)
-                                           : QApplication::widgetAt(globalPos);
-    return m_exempt.contains(widget);
+    return m_isExempt(watched->isWidgetType() ? static_cast<QWidget*>(watched)
+                                              : QApplication::widgetAt(globalPos));
 }

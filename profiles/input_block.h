@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QObject>
-#include <QVector>
+
+#include <functional>
 
 class QWidget;
 
@@ -13,13 +14,17 @@ class InputBlock : public QObject
     Q_OBJECT
 
 public:
-    explicit InputBlock(const QVector<QWidget*>& exempt);
+    /// Tells of a widget, or of none, whether it is to be reached; asked for each event anew.
+    using IsExempt = std::function<bool(const QWidget*)>;
+
+    explicit InputBlock(const IsExempt& isExempt);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    bool isExempt(QObject* watched, const QPoint& globalPos) const;
+    bool isForExempt(QObject* watched, const QPoint& globalPos) const;
 
-    QVector<QWidget*> m_exempt;
+    IsExempt m_isExempt;
+    bool m_isPressed = false; ///< an exempt widget, whose release belongs to it wherever it is
 };

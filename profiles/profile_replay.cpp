@@ -54,6 +54,9 @@ bool ProfileReplay::run(const std::vector<ProfileEntry>& entries, bool isWaiting
     m_isStopped = false;
     for (const ProfileEntry& entry : entries) {
         replay(entry, isWaiting);
+        // Whoever switches the RF output off does not wait for the rest.
+        if (isWaiting && !m_isStopped && !m_pause(0))
+            stop();
         if (m_isStopped)
             return false;
     }

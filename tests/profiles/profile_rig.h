@@ -171,6 +171,9 @@ private:
     openSave_XML_FILE::Owner owner()
     {
         const auto pause = [this](int ms) {
+            // Between two entries the user is heeded only.
+            if (ms == 0)
+                return !isEnding;
             log << QString("wait %1").arg(ms);
             if (inPause)
                 inPause();

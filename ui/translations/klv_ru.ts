@@ -1791,36 +1791,36 @@ Keys: +, −, Left, Right, Home</source>
 <context>
     <name>WindowMenu</name>
     <message>
-        <source>As the system</source>
-        <translation>Как в системе</translation>
+        <source>As the &amp;system</source>
+        <translation>&amp;Как в системе</translation>
     </message>
     <message>
-        <source>Light</source>
-        <translation>Светлая</translation>
+        <source>&amp;Light</source>
+        <translation>&amp;Светлая</translation>
     </message>
     <message>
-        <source>Dark</source>
-        <translation>Тёмная</translation>
+        <source>&amp;Dark</source>
+        <translation>&amp;Тёмная</translation>
     </message>
     <message>
-        <source>Help</source>
-        <translation>Справка</translation>
+        <source>&amp;Help</source>
+        <translation>С&amp;правка</translation>
     </message>
     <message>
-        <source>About</source>
-        <translation>О программе</translation>
+        <source>&amp;About</source>
+        <translation>&amp;О программе</translation>
     </message>
     <message>
-        <source>Language</source>
-        <translation>Язык</translation>
+        <source>&amp;Language</source>
+        <translation>&amp;Язык</translation>
     </message>
     <message>
-        <source>Theme</source>
-        <translation>Тема</translation>
+        <source>&amp;Theme</source>
+        <translation>&amp;Тема</translation>
     </message>
     <message>
-        <source>Quit</source>
-        <translation>Выход</translation>
+        <source>&amp;Quit</source>
+        <translation>&amp;Выход</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,53 @@
+#include "app/output_off.h"
+
+#include "app/state_button.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+OutputOff::OutputOff(StateButton& output) : m_output(output)
+{
+    qApp->installEventFilter(this);
+    connect(&output, &QAbstractButton::toggled, this, &OutputOff::followOutput);
+    followOutput(output.isChecked());
+}
+
+bool OutputOff::isWayOff(const QWidget* widget) const
+{
+    return widget == &m_output && m_output.isChecked();
+}
+
+/// A field that loses the focus to the click would commit itself, and that may take its time.
+void OutputOff::followOutput(bool isOn)
+{
+    m_output.setFocusPolicy(isOn ? Qt::TabFocus : Qt::StrongFocus);
+}
+
+/// Before any shortcut: those belong to one window, and modal windows and popups keep them away.
+bool OutputOff::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::ShortcutOverride && event->type() != QEvent::KeyPress)
+        return QObject::eventFilter(watched, event);
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (!isOutputKey(key))
+        return QObject::eventFilter(watched, event);
+    // What is left of a press that has switched off means nothing to anybody else.
+    if (event->type() == QEvent::KeyPress)
+        return true;
+    if (!m_output.isChecked() || key.isAutoRepeat())
+        return QObject::eventFilter(watched, event);
+    event->accept();
+    m_output.click();
+    return true;
+}
+
+/// By the key's place where its letter is another, as on a Cyrillic keyboard.
+bool OutputOff::isOutputKey(const QKeyEvent& key) const
+{
+    const int wanted = m_output.keys()[0];
+    const int modifiers = static_cast<int>(key.modifiers() & ~Qt::KeypadModifier);
+    if (modifiers != (wanted & static_cast<int>(Qt::KeyboardModifierMask)))
+        return false;
+    const int letter = wanted & ~static_cast<int>(Qt::KeyboardModifierMask);
+    return key.key() == letter || key.nativeVirtualKey() == static_cast<quint32>(letter);
+}

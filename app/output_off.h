@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+class QWidget;
+class StateButton;
+
+/// Sees to it that the RF output can be switched off at once: by its key wherever the user is, in a
+/// dialog, a popup or a profile's replay too, and by a click that does not first commit what is
+/// being typed elsewhere. Switches nothing on and sends nothing; the button is clicked.
+class OutputOff : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `output` is checked while the RF output is on, and outlives this.
+    explicit OutputOff(StateButton& output);
+
+    /// Whether a click on the widget would switch the RF output off.
+    bool isWayOff(const QWidget* widget) const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void followOutput(bool isOn);
+    bool isOutputKey(const QKeyEvent& key) const;
+
+    StateButton& m_output;
+};
