@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -53,7 +54,6 @@ void Rack::reset()
     const char* fileName = std::getenv("KLV_DEMO_FILE");
     m_fileName = fileName == nullptr ? "" : fileName;
     m_fileText.clear();
-    m_fileTime = {};
     m_nextLook = {};
     if (m_fileName.empty())
         setDescriptions({InstrumentDescription()});
@@ -124,21 +124,9 @@ std::shared_ptr<Instrument> Rack::first() const
 
 void Rack::readFile()
 {
-    std::error_code error;
-    const auto time = std::filesystem::last_write_time(m_fileName, error);
-    const std::uintmax_t size = error ? 0 : std::filesystem::file_size(m_fileName, error);
-    if (error) {
-        m_fileTime = {};
-        m_fileText.clear();
-        setDescriptions({});
-        return;
-    }
-    if (time == m_fileTime && size == m_fileSize)
-        return;
-    m_fileTime = time;
-    m_fileSize = size;
+    // Not told by its time, which is whole seconds with some runtime libraries.
     const std::string text = contentOf(m_fileName);
-    if (text == m_fileText && !m_instruments.empty())
+    if (text == m_fileText)
         return;
     m_fileText = text;
     setDescriptions(parseDescriptions(text));

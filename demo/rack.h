@@ -2,7 +2,6 @@
 
 #include "demo/instrument.h"
 
-#include <filesystem>
 #include <memory>
 
 /// The bus: which instruments there are and which are plugged in. They come from the file named by
@@ -32,7 +31,5 @@ private:
     std::vector<std::shared_ptr<Instrument>> m_instruments;
     std::string m_fileName;
     std::string m_fileText;
-    std::filesystem::file_time_type m_fileTime;
-    std::uintmax_t m_fileSize = 0;
     std::chrono::steady_clock::time_point m_nextLook;
 };
