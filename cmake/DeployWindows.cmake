@@ -1,6 +1,7 @@
-# klv_deploy(TARGET): puts beside the program, and into its packages, what a PC without Qt and MinGW
-# lacks.
+# klv_deploy(TARGET [INSTALL]): puts beside the program, and with INSTALL into its packages, what a PC
+# without Qt and MinGW lacks.
 function(klv_deploy target)
+  cmake_parse_arguments(arg "INSTALL" "" "" ${ARGN})
   get_target_property(core Qt5::Core IMPORTED_LOCATION_RELEASE)
   get_filename_component(qt_binaries ${core} DIRECTORY)
   get_filename_component(qt_prefix ${qt_binaries} DIRECTORY)
@@ -13,18 +14,21 @@ function(klv_deploy target)
     # With its debug information the C++ library alone is as large as all the rest.
     add_custom_command(TARGET ${target} POST_BUILD
       COMMAND ${CMAKE_STRIP} -o ${directory}/${name} ${path} VERBATIM)
-    install(FILES ${directory}/${name} DESTINATION ${KLV_PROGRAM_FOLDER})
+    list(APPEND runtime ${directory}/${name})
   endforeach()
 
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} -E copy_if_different $<TARGET_RUNTIME_DLLS:${target}> ${directory}
     COMMAND_EXPAND_LISTS VERBATIM)
-  install(FILES $<TARGET_RUNTIME_DLLS:${target}> DESTINATION ${KLV_PROGRAM_FOLDER})
 
   foreach(folder IN LISTS plugins)
     get_filename_component(name ${folder} NAME)
     add_custom_command(TARGET ${target} POST_BUILD
       COMMAND ${CMAKE_COMMAND} -E copy_directory ${folder} ${directory}/${name} VERBATIM)
   endforeach()
-  install(DIRECTORY ${plugins} DESTINATION ${KLV_PROGRAM_FOLDER})
+
+  if(arg_INSTALL)
+    install(FILES ${runtime} $<TARGET_RUNTIME_DLLS:${target}> DESTINATION ${KLV_PROGRAM_FOLDER})
+    install(DIRECTORY ${plugins} DESTINATION ${KLV_PROGRAM_FOLDER})
+  endif()
 endfunction()

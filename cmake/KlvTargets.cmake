@@ -33,6 +33,10 @@ function(klv_test name)
   set_target_properties(${name} PROPERTIES
     AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINK} Qt5::Test klv_options)
+  if(CMAKE_CROSSCOMPILING)
+    set_target_properties(${name} PROPERTIES
+      CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine.sh)
+  endif()
   add_test(NAME ${name} COMMAND ${name})
   # Folders of its own, as private as the system's: settings, locks and sockets of no other test.
   set(private ${PROJECT_BINARY_DIR}/tests/private/${name})

@@ -1,4 +1,4 @@
-#include "service/driver_check.h"
+#include "service/windows_system.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -54,8 +54,12 @@ private:
 };
 } // namespace
 
+std::unique_ptr<DriverSystem> windowsSystem()
+{
+    return std::make_unique<WindowsSystem>();
+}
+
 DriverCheck checkDriver()
 {
-    WindowsSystem system;
-    return checkDriver(system, QCoreApplication::applicationDirPath());
+    return checkDriver(*windowsSystem(), QCoreApplication::applicationDirPath());
 }

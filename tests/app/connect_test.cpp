@@ -1,6 +1,7 @@
 #include "app/error_box.h"
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
+#include "tests/support/titled_copy.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -219,8 +220,8 @@ void ConnectTest::identityDecides()
     QCOMPARE(rig.isConnected(), isAccepted);
     QVERIFY(!rig.window().findChild<ErrorBox*>());
     if (!isAccepted)
-        QVERIFY(
-            QStringList({"no access to the device", "connection error"}).contains(rig.status()));
+        QVERIFY(rig.status().startsWith("no access to the device") ||
+                rig.status().startsWith("connection error"));
 }
 
 void ConnectTest::allowListDecides()
@@ -232,7 +233,7 @@ void ConnectTest::allowListDecides()
         PanelRig rig;
         rig.connectDevice();
         QVERIFY(!rig.isConnected());
-        QCOMPARE(rig.status(), QString("no access to the device"));
+        QVERIFY(rig.status().startsWith("no access to the device"));
         QVERIFY(!m_demo->takeSent().contains("FREQ? MAX\\n"));
     }
     settings.setValue("/Settings/four", "20215678");
@@ -257,18 +258,18 @@ void ConnectTest::massStorageModeIsLeft()
 
 void ConnectTest::heldInstrumentsAreNotListed()
 {
-    RunningCopies otherCopy;
-    QVERIFY(otherCopy.claim(title));
+    std::optional<TitledCopy> otherCopy(title);
     PanelRig rig;
     rig.connectDevice();
     QVERIFY(!rig.isConnected());
     QVERIFY(m_demo->takeSent().isEmpty());
-    otherCopy.release();
+    QVERIFY(rig.status().contains("Another running copy"));
+    otherCopy.reset();
     rig.connectDevice();
     QVERIFY(rig.isConnected());
-    QVERIFY(otherCopy.isTitleTaken(title));
+    QVERIFY(RunningCopies().isTitleTaken(title) || TitledCopy::areToldByWindows);
     rig.click("connect");
-    QVERIFY(!otherCopy.isTitleTaken(title));
+    QVERIFY(!RunningCopies().isTitleTaken(title));
 }
 
 void ConnectTest::userChoosesAmongSeveral()

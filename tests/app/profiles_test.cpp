@@ -3,6 +3,7 @@
 #include "numbers/step_table.h"
 #include "panel/user_folder.h"
 #include "tests/app/panel_set_ups.h"
+#include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include <QLabel>
@@ -49,12 +50,13 @@ private:
     std::unique_ptr<Demo> m_demo;
     std::unique_ptr<PanelRig> m_rig;
     QTemporaryDir m_home;
+    std::unique_ptr<DocumentsFolder> m_documents;
 };
 
 void ProfilesTest::initTestCase()
 {
-    qputenv("HOME", QFile::encodeName(m_home.path()));
-    QVERIFY(userFolder().startsWith(m_home.path()));
+    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
+    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
     QApplication::setQuitOnLastWindowClosed(false);
 }
 

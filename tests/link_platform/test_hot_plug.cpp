@@ -100,8 +100,11 @@ void TestHotPlug::replace(const QByteArray& content) const
 void TestHotPlug::followsFile_data()
 {
     QTest::addColumn<QString>("way");
-    for (const char* way : {"rewritten", "replaced", "replaced while held open"})
+    for (const char* way : {"rewritten", "replaced", "replaced while held open"}) {
+        if (QSysInfo::productType() == "windows" && qstrcmp(way, "replaced while held open") == 0)
+            continue; // not allowed there
         QTest::newRow(way) << way;
+    }
 }
 
 void TestHotPlug::followsFile()

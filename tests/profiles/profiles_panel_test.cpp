@@ -3,11 +3,11 @@
 #include "panel/user_folder.h"
 #include "profiles/open_save_profile.h"
 #include "profiles/profile_folder.h"
+#include "tests/support/documents_folder.h"
 
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QStandardPaths>
 #include <QToolButton>
 
 namespace
@@ -314,9 +314,8 @@ void ProfilesPanelTest::refusesFileNames()
 
 void ProfilesPanelTest::liesInTheUsersDocuments()
 {
-    qputenv("HOME", QFile::encodeName(m_rig->folder().path()));
-    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QCOMPARE(userFolder(), QDir::toNativeSeparators(documents + "/Veltro KLV"));
+    const DocumentsFolder documents(m_rig->folder().path());
+    QCOMPARE(userFolder(), QDir::toNativeSeparators(documents.path() + "/Veltro KLV"));
     QCOMPARE(madeUserFolder(), userFolder());
     QVERIFY(QFileInfo(userFolder()).isDir());
 }

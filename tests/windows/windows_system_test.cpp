@@ -1,0 +1,125 @@
+#include "service/open_document.h"
+#include "service/windows_system.h"
+
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace
+{
+const QString services = QStringLiteral("HKEY_LOCAL_MACHINE\\SYSTEM\\CurrentControlSet\\services");
+
+void write(const QString& path, const QByteArray& contents)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(contents), contents.size());
+}
+
+/// The service of the USB-TMC driver in the registry, as an installed driver leaves it.
+class UsbTmcService
+{
+public:
+    UsbTmcService()
+    {
+        m_services.setValue("Usbtmc/Start", 3);
+        m_services.sync();
+    }
+    ~UsbTmcService() { m_services.remove("Usbtmc"); }
+
+    bool isWritten() const { return m_services.status() == QSettings::NoError; }
+
+private:
+    QSettings m_services{services, QSettings::NativeFormat};
+};
+} // namespace
+
+/// What the driver check and the About box ask of the system itself.
+class WindowsSystemTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theToolIsOfTheSystemsKind();
+    void runsTheToolInAFolderWithBlanks_data();
+    void runsTheToolInAFolderWithBlanks();
+    void aMissingToolIsAWorkingDriver();
+    void documentsOpenByTheInterpreter();
+};
+
+void WindowsSystemTest::theToolIsOfTheSystemsKind()
+{
+    QCOMPARE(windowsSystem()->is64Bit(), QSysInfo::currentCpuArchitecture() == "x86_64");
+}
+
+void WindowsSystemTest::runsTheToolInAFolderWithBlanks_data()
+{
+    QTest::addColumn<bool>("hasService");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<QStringList>("commands");
+    QTest::addColumn<bool>("mayConnect");
+    QTest::newRow("no service") << false << QByteArray("running") << QStringList("update") << false;
+    QTest::newRow("running") << true << QByteArray("Driver is running.") << QStringList("status")
+                             << true;
+    QTest::newRow("problem") << true << QByteArray("The device has the following problem: 28")
+                             << QStringList({"status", "update"}) << false;
+    QTest::newRow("long") << true << QByteArray(200000, '.') + "problem"
+                          << QStringList({"status", "update"}) << false;
+}
+
+void WindowsSystemTest::runsTheToolInAFolderWithBlanks()
+{
+    QFETCH(bool, hasService);
+    QFETCH(QByteArray, answer);
+    QFETCH(QStringList, commands);
+    QFETCH(bool, mayConnect);
+    QTemporaryDir folder(QDir::tempPath() + "/two blanks here XXXXXX");
+    const QString program = folder.path();
+    QVERIFY(QDir().mkpath(program + "/Drivers"));
+    const QString drivers = driversFolder(program);
+    std::unique_ptr<UsbTmcService> service;
+    if (hasService) {
+        service = std::make_unique<UsbTmcService>();
+        QVERIFY2(service->isWritten(), "needs an administrator's rights");
+    }
+    const auto system = windowsSystem();
+    QCOMPARE(system->hasUsbTmcService(), hasService);
+    QVERIFY(QFile::copy(KLV_STAND_IN_DEVCON, drivers + driverTool(system->is64Bit())));
+    write(drivers + "answer.txt", answer);
+
+    QCOMPARE(checkDriver(*system, program).mayConnect, mayConnect);
+    const QString id = R"(USB\VID_5645&PID_0040&MI_00)";
+    QByteArray calls;
+    for (const QString& command : commands) {
+        calls += command.toUtf8() + '|';
+        if (command == "update")
+            calls += drivers.toUtf8() + "ausbtmc.inf|";
+        calls += id.toUtf8() + "\r\n";
+    }
+    QFile file(drivers + "calls.txt");
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), calls);
+}
+
+void WindowsSystemTest::aMissingToolIsAWorkingDriver()
+{
+    const UsbTmcService service;
+    const auto system = windowsSystem();
+    QTemporaryDir folder;
+    QVERIFY(checkDriver(*system, folder.path()).mayConnect);
+}
+
+void WindowsSystemTest::documentsOpenByTheInterpreter()
+{
+    // A script is the document whose opening leaves a trace.
+    QTemporaryDir folder(QDir::tempPath() + "/two blanks here XXXXXX");
+    const QString document = folder.filePath("license text.cmd");
+    const QString trace = folder.filePath("opened.txt");
+    write(document, "@echo opened> \"" + QDir::toNativeSeparators(trace).toUtf8() + "\"\r\n");
+    QVERIFY(openDocument(document));
+    QTRY_VERIFY(QFileInfo::exists(trace));
+}
+
+QTEST_GUILESS_MAIN(WindowsSystemTest)
+#include "windows_system_test.moc"
