@@ -119,7 +119,7 @@ void MainWindow::connectAtStart()
     if (driver.mayConnect)
         m_ui->connect->click();
     else
-        m_status->showMessage(driver.message);
+        m_status->showFailure([message = driver.message] { return message; });
 }
 
 void MainWindow::loadSettings()
@@ -240,8 +240,6 @@ void MainWindow::finishVisaSearch()
 void MainWindow::failVisaSearch()
 {
     m_connection.failVisaSearch();
-    if (m_visa.unresolvedCount() < 0)
-        m_status->showMessage(tr("No VISA library found: install the maker's VISA library"));
 }
 
 void MainWindow::slot_connect(const QString& address)
@@ -361,6 +359,7 @@ void MainWindow::refreshPanel(QWidget* panel)
 void MainWindow::retranslate()
 {
     m_cw->retranslate();
+    m_status->retranslate();
 }
 
 void MainWindow::changeEvent(QEvent* event)
@@ -397,11 +396,11 @@ void MainWindow::saveScreenshotOnceSettled()
     auto* settled = new QTimer(this);
     settled->setSingleShot(true);
     settled->setInterval(settleMs);
-    connect(&m_connection, &Connection::activity, settled, [settled](const QString& description) {
-        if (description.isEmpty())
-            settled->start();
-        else
+    connect(&m_connection, &Connection::busyChanged, settled, [settled](bool isBusy) {
+        if (isBusy)
             settled->stop();
+        else
+            settled->start();
     });
     connect(settled, &QTimer::timeout, this, [this, settled] {
         settled->deleteLater();

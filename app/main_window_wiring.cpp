@@ -1,5 +1,6 @@
 #include "app/main_window.h"
 
+#include "app/connection_obstacle.h"
 #include "app/demo_mode.h"
 #include "app/error_box.h"
 #include "app/escape_order.h"
@@ -73,8 +74,10 @@ void MainWindow::setUpMenu()
 void MainWindow::wireStatusLine()
 {
     m_status = std::make_unique<StatusLine>(*m_ui->status);
-    connect(&m_connection, &Connection::statusMessage, m_status.get(), &StatusLine::showMessage);
-    connect(&m_connection, &Connection::activity, m_status.get(), &StatusLine::showActivity);
+    connect(&m_connection, &Connection::failed, m_status.get(), &StatusLine::showFailure);
+    connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
+    connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
+    connect(&m_connection, &Connection::ready, m_status.get(), &StatusLine::forgetFault);
 }
 
 void MainWindow::wireConnection()
@@ -85,6 +88,7 @@ void MainWindow::wireConnection()
     connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
 
     m_connection.setNeighbour(this);
+    m_connection.setObstacle([this] { return connectionObstacle(m_visa, m_session, !m_demo); });
     connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
         m_ui->connect->setChecked(isChecked);
         m_ui->connect->repaint();
@@ -207,8 +211,6 @@ void MainWindow::wireFirmware()
     auto* dialog = new Firmware(this);
     connect(m_about.get(), &Form::updateFirmware, dialog, &QWidget::show);
     connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
-    connect(m_firmwareUpdate.get(), &FirmwareUpdate::activity, m_status.get(),
-            &StatusLine::showActivity);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::statusMessage, m_status.get(),
             &StatusLine::showMessage);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
@@ -266,14 +268,14 @@ void MainWindow::setUpEscape()
 void MainWindow::setUpPush()
 {
     m_connection.setPushSteps({
-        [this] { m_cw->pushReferenceSource(); },
-        [this] { m_cw->pushOutput(); },
-        [this] { m_cw->on_FREQ_editingFinished(); },
-        [this] { m_cw->on_POW_editingFinished(); },
-        [this] { m_powerMode->restore(); },
-        [this] { m_lfGenerator->restore(); },
-        [this] { m_modulationCommands->restore(); },
-        [this] { m_cw->pushExternalReference(); },
-        [this] { m_serviceCommands->readDac(); },
+        {[] { return tr("reference"); }, [this] { m_cw->pushReferenceSource(); }},
+        {[] { return tr("RF output"); }, [this] { m_cw->pushOutput(); }},
+        {[] { return tr("frequency"); }, [this] { m_cw->on_FREQ_editingFinished(); }},
+        {[] { return tr("power"); }, [this] { m_cw->on_POW_editingFinished(); }},
+        {[] { return tr("power mode"); }, [this] { m_powerMode->restore(); }},
+        {[] { return tr("LF generator"); }, [this] { m_lfGenerator->restore(); }},
+        {[] { return tr("modulation"); }, [this] { m_modulationCommands->restore(); }},
+        {[] { return tr("external reference"); }, [this] { m_cw->pushExternalReference(); }},
+        {[] { return tr("DAC"); }, [this] { m_serviceCommands->readDac(); }},
     });
 }

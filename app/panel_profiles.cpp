@@ -68,8 +68,8 @@ PanelProfiles::PanelProfiles(const Parts& parts)
     connect(m_files, &openSave_XML_FILE::error, this,
             [this](const QString& text) { ErrorBox::report(text, &m_parts.window); });
     connect(&m_parts.connection, &Connection::disconnected, m_files, &openSave_XML_FILE::stop);
-    connect(&m_parts.connection, &Connection::activity, this,
-            [this](const QString& description) { m_isConnecting = !description.isEmpty(); });
+    connect(&m_parts.connection, &Connection::busyChanged, this,
+            [this](bool isBusy) { m_isConnecting = isBusy; });
 }
 
 openSave_XML_FILE::Owner PanelProfiles::owner()
@@ -121,7 +121,6 @@ void PanelProfiles::setBusy(bool isBusy)
     } else {
         m_guard.reset();
     }
-    m_parts.status.showActivity(isBusy ? tr("Applying the profile...") : QString());
 }
 
 void PanelProfiles::registerPanels()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/activity.h"
 #include "link/busy_cursor.h"
 #include "profiles/input_block.h"
 #include "profiles/open_save_xml_file.h"
@@ -56,6 +57,7 @@ private:
     /// What the user sees, and cannot do, while a profile is replayed.
     struct ReplayGuard {
         explicit ReplayGuard(const InputBlock::IsExempt& isUsable) : block(isUsable) {}
+        Activity activity{[] { return tr("Applying the profile..."); }};
         BusyCursor cursor;
         InputBlock block;
     };

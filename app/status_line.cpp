@@ -6,38 +6,90 @@
 namespace
 {
 constexpr int messageMs = 6000;
-}
+/// The outer and the inner of what goes on: more would not be read.
+constexpr int mostActivities = 2;
+const QString separator = QStringLiteral("  ·  ");
+} // namespace
 
 StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_label(label)
 {
-    m_messageTimer.setSingleShot(true);
-    m_messageTimer.setInterval(messageMs);
+    for (QTimer* timer : {&m_messageTimer, &m_faultTimer}) {
+        timer->setSingleShot(true);
+        timer->setInterval(messageMs);
+    }
     connect(&m_messageTimer, &QTimer::timeout, this, [this] {
         m_message.clear();
         refresh();
+    });
+    connect(&m_faultTimer, &QTimer::timeout, this, &StatusLine::refresh);
+    connect(&Activities::global(), &Activities::changed, this, [this] {
+        const QString before = m_label.text();
+        refresh();
+        // What comes next may keep the event loop waiting.
+        if (m_label.text() != before)
+            m_label.repaint();
     });
 }
 
 void StatusLine::showMessage(const QString& message)
 {
     m_message = message;
-    if (m_activity.isEmpty())
-        m_messageTimer.start();
+    m_messageTimer.stop();
     refresh();
 }
 
-void StatusLine::showActivity(const QString& description)
+void StatusLine::showFailure(const StatusWords& reason)
 {
-    m_activity = description;
-    // A message waits until what goes on is over, and then has its full time.
-    if (description.isEmpty() && !m_message.isEmpty())
-        m_messageTimer.start();
+    showFault(reason, false);
+}
+
+void StatusLine::showLoss(const StatusWords& reason)
+{
+    showFault(reason, true);
+}
+
+void StatusLine::showFault(const StatusWords& reason, bool isLoss)
+{
+    m_fault = reason;
+    m_isLoss = isLoss;
+    m_faultTimer.start();
     refresh();
+}
+
+void StatusLine::forgetFailure()
+{
+    if (!m_isLoss)
+        forgetFault();
+}
+
+void StatusLine::forgetFault()
+{
+    m_fault = nullptr;
+    m_faultTimer.stop();
+    refresh();
+}
+
+QString StatusLine::activityText() const
+{
+    QStringList texts = Activities::global().texts();
+    while (texts.size() > mostActivities)
+        texts.removeAt(1);
+    if (!texts.isEmpty() && m_isLoss)
+        texts << faultText();
+    texts.removeAll(QString());
+    return texts.join(separator);
 }
 
 void StatusLine::refresh()
 {
-    const bool isMessage = m_activity.isEmpty() && !m_message.isEmpty();
-    m_label.setProperty("warning", isMessage);
-    m_label.setText(isMessage ? m_message : m_activity);
+    const QString activity = activityText();
+    const bool isMessage = activity.isEmpty() && !m_message.isEmpty() && !m_faultTimer.isActive();
+    // It has its full time once it is seen.
+    if (!isMessage)
+        m_messageTimer.stop();
+    else if (!m_messageTimer.isActive())
+        m_messageTimer.start();
+    const QString text = isMessage ? m_message : activity.isEmpty() ? faultText() : activity;
+    m_label.setProperty("warning", activity.isEmpty() && !text.isEmpty());
+    m_label.setText(text);
 }

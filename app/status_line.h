@@ -1,12 +1,14 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QObject>
 #include <QTimer>
 
 class QLabel;
 
-/// The line at the foot of the window: what is going on, and when that is over, for a few seconds,
-/// what is to be read once. Owns the texts, not the label.
+/// The line at the foot of the window: what is going on; else why there is no connection; else, for
+/// a few seconds, what is to be read once. Owns the texts, not the label.
 class StatusLine : public QObject
 {
     Q_OBJECT
@@ -14,17 +16,32 @@ class StatusLine : public QObject
 public:
     explicit StatusLine(QLabel& label, QObject* parent = nullptr);
 
+    /// In the present language.
+    void retranslate() { refresh(); }
+
 public slots:
-    /// Shows `message` for a few seconds.
+    /// Shows `message` for a few seconds, once nothing goes on and a new fault has been read.
     void showMessage(const QString& message);
-    /// Shows `description` for as long as it goes on; an empty one ends it.
-    void showActivity(const QString& description);
+
+    /// Why an attempt to connect came to nothing. Stays until the next one.
+    void showFailure(const StatusWords& reason);
+    /// Why a connection ended by itself. Stays, beside what goes on too, until there is one again.
+    void showLoss(const StatusWords& reason);
+    /// There is a new attempt: the failure of the last one is history.
+    void forgetFailure();
+    /// There is a connection.
+    void forgetFault();
 
 private:
+    void showFault(const StatusWords& reason, bool isLoss);
     void refresh();
+    QString faultText() const { return m_fault ? m_fault() : QString(); }
+    QString activityText() const;
 
     QLabel& m_label;
     QTimer m_messageTimer;
+    QTimer m_faultTimer; ///< runs while no message may take the fault's place
     QString m_message;
-    QString m_activity;
+    StatusWords m_fault;
+    bool m_isLoss = false;
 };

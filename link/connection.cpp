@@ -34,6 +34,31 @@ QString titleOf(const QString& model, const QString& serial)
 {
     return model + QLatin1String(" (") + serial + QLatin1Char(')');
 }
+
+QString openFailureText(ViStatus status)
+{
+    switch (status) {
+    case VI_ERROR_RSRC_LOCKED:
+    case VI_ERROR_RSRC_BUSY:
+        return Connection::tr("Another program holds the instrument");
+    case VI_ERROR_RSRC_NFOUND:
+        return Connection::tr("The instrument has gone before it could be opened");
+    case VI_ERROR_NPERMISSION:
+        return Connection::tr("This user may not open the instrument");
+    case VI_ERROR_TMO:
+        return Connection::tr("The instrument could not be opened: it does not answer");
+    default:
+        return Connection::tr("The instrument could not be opened: VISA status %1")
+            .arg(statusText(status));
+    }
+}
+
+QString silenceText(ViStatus status)
+{
+    if (status == VI_ERROR_TMO)
+        return Connection::tr("no access to the device: it does not answer");
+    return Connection::tr("no access to the device: VISA status %1").arg(statusText(status));
+}
 } // namespace
 
 Connection::Connection(const Parts& parts, QObject* parent)
@@ -45,10 +70,25 @@ Connection::Connection(const Parts& parts, QObject* parent)
     connect(&m_pollTimer, &QTimer::timeout, this, &Connection::pollDue);
     connect(&m_chooser, &GuiListKLV::dismissed, this, &Connection::chooserDismissed);
     connect(&m_watch, &HotPlugWatch::devicesChanged, this, &Connection::devicesChanged);
-    connect(&m_session, &ScpiSession::connectionFailed, this, [this](const QString& reason) {
+    connect(&m_session, &ScpiSession::connectionFailed, this, [this](const StatusWords& reason) {
         disconnectInstrument();
-        emit statusMessage(reason);
+        emit lost(reason);
     });
+}
+
+void Connection::say(const StatusWords& words)
+{
+    if (m_activity)
+        m_activity->say(words);
+    else
+        m_activity.emplace(words);
+    emit busyChanged(true);
+}
+
+void Connection::endActivity()
+{
+    m_activity.reset();
+    emit busyChanged(false);
 }
 
 void Connection::on_connect_clicked(bool isChecked)
@@ -73,14 +113,19 @@ void Connection::startSearch()
 {
     m_searchCursor.emplace();
     m_isSearching = true;
-    emit activity(tr("Searching for instruments..."));
+    m_heldName.clear();
+    emit attemptStarted();
+    say([] { return tr("Searching for instruments..."); });
     m_chooser.reset(m_neighbour);
     m_search.begin();
 }
 
 void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
 {
-    if (!m_copies.isTitleTaken(titleOf(model, series)))
+    const QString title = titleOf(model, series);
+    if (m_copies.isTitleTaken(title))
+        m_heldName = title;
+    else
         m_chooser.createButton(address, model + QLatin1Char('\n') + series);
 }
 
@@ -100,7 +145,7 @@ void Connection::finishVisaSearch()
         m_chooser.chooseOnly();
         break;
     default:
-        emit activity(tr("Choose an instrument"));
+        say([] { return tr("Choose an instrument"); });
         m_chooser.show();
     }
 }
@@ -116,15 +161,24 @@ void Connection::failVisaSearch()
 
 void Connection::reportNothingFound()
 {
-    emit activity(QString());
-    emit statusMessage(tr("No instrument found"));
+    endActivity();
+    StatusWords words = m_obstacle ? m_obstacle() : StatusWords();
+    if (!m_heldName.isEmpty())
+        words = [name = m_heldName] {
+            return tr("Another running copy of the program holds the instrument %1").arg(name);
+        };
+    if (!words)
+        words = [] {
+            return tr("No instrument found: is it switched on and its cable plugged in?");
+        };
+    emit failed(words);
 }
 
 void Connection::chooserDismissed()
 {
     if (m_isSearching && !m_search.isRunning()) {
         m_isSearching = false;
-        emit activity(QString());
+        endActivity();
     }
 }
 
@@ -138,21 +192,23 @@ void Connection::slot_connect(const QString& address)
     if (!m_copies.claim(title)) {
         if (m_session.isConnected())
             disconnectInstrument();
-        emit activity(QString());
-        emit statusMessage(tr("Another running copy of the program holds this instrument"));
+        endActivity();
+        emit failed([] { return tr("Another running copy of the program holds this instrument"); });
         return;
     }
     emit titleChanged(title);
-    emit activity(tr("Connecting..."));
+    say([] { return tr("Connecting: opening the instrument"); });
     if (!m_session.open(address)) {
         forgetTitle();
-        emit activity(QString());
-        emit statusMessage(tr("The instrument could not be opened"));
+        endActivity();
+        emit failed([status = m_session.lastStatus()] { return openFailureText(status); });
         return;
     }
+    say([] { return tr("Connecting: asking for its mode"); });
     if (leavesMassStorageMode())
         return;
 
+    say([] { return tr("Connecting: reset and identification"); });
     m_session.write(resetCommand);
     m_session.setConnected();
     emit buttonShouldBe(true);
@@ -182,7 +238,7 @@ bool Connection::leavesMassStorageMode()
         return false;
     m_session.write(massStorageOffCommand);
     disconnectInstrument();
-    emit statusMessage(tr("Waiting for the instrument to leave its mass-storage mode"));
+    emit failed([] { return tr("Waiting for the instrument to leave its mass-storage mode"); });
     return true;
 }
 
@@ -190,21 +246,28 @@ bool Connection::identify()
 {
     static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
     const QString reply = m_session.read(identityQuery);
-    if (m_session.lastFailed() || !pattern.match(reply).hasMatch())
-        return refuse(tr("no access to the device"));
+    if (m_session.lastFailed())
+        return refuse([status = m_session.lastStatus()] { return silenceText(status); });
+    if (!pattern.match(reply).hasMatch())
+        return refuse([] { return tr("no access to the device: it does not say what it is"); });
 
     m_identity = reply.split(QLatin1Char(','));
     m_identity[2].remove(QLatin1Char('\n'));
     const InstrumentIdentity identity = currentIdentity();
     if (!m_allowedSerials.isEmpty() && !m_allowedSerials.contains(identity.serial))
-        return refuse(tr("no access to the device"));
+        return refuse([serial = identity.serial] {
+            return tr("no access to the device: serial number %1 is not among those allowed")
+                .arg(serial);
+        });
 
     const QStringList version = identity.firmware.split(QLatin1Char('.'));
     if (version.size() >= 3 && version.at(1).toInt() < oldestCompatibleMinor) {
         emit refused(tr("Software version is not compatible with this version of KLV firmware. \n "
                         "Please use KLV 2.3 software or lower."));
-        disconnectInstrument();
-        return false;
+        return refuse([firmware = identity.firmware] {
+            return tr("The firmware %1 of the instrument is too old for this program")
+                .arg(firmware);
+        });
     }
     return true;
 }
@@ -219,30 +282,31 @@ bool Connection::readCalibrationDue()
 {
     const QString reply = m_session.query(calibrationDueQuery);
     if (m_session.lastFailed())
-        return refuse(tr("connection error"));
+        return refuse([] { return tr("connection error: the instrument has stopped answering"); });
     emit calibrationDue(withoutLineFeeds(reply));
     return true;
 }
 
-bool Connection::refuse(const QString& reason)
+bool Connection::refuse(const StatusWords& reason)
 {
     disconnectInstrument();
-    emit statusMessage(reason);
+    emit failed(reason);
     return false;
 }
 
 void Connection::pushPanel()
 {
     const BusyCursor busy;
-    emit activity(tr("Setting up the instrument..."));
+    say([] { return tr("Setting up the instrument: its limits"); });
     m_pollTimer.start();
     m_limits.readLimits(m_session);
     for (const PushStep& step : m_pushSteps) {
         if (!m_session.isConnected())
             return;
-        step();
+        say([name = step.name] { return tr("Setting up the instrument: %1").arg(name()); });
+        step.send();
     }
-    emit activity(QString());
+    endActivity();
 }
 
 void Connection::handBack()
@@ -262,7 +326,7 @@ void Connection::disconnectInstrument()
     forgetTitle();
     m_connectedSerial.clear();
     m_pollTimer.stop();
-    emit activity(QString());
+    endActivity();
     emit disconnected();
 }
 
@@ -296,7 +360,7 @@ void Connection::devicesChanged()
     if (!m_connectedSerial.isEmpty() &&
         !m_watch.presentSerials(false).contains(m_connectedSerial)) {
         disconnectInstrument();
-        emit statusMessage(tr("The instrument has been unplugged"));
+        emit lost([] { return tr("The instrument has been unplugged"); });
         // Another one may have come in the same burst.
         if (!m_watch.presentSerials(true).isEmpty())
             emit buttonShouldBeClicked();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/activity.h"
 #include "link/busy_cursor.h"
 
 #include <QObject>
@@ -43,7 +44,10 @@ public:
     };
 
     /// Sends one part of the panel's state to a freshly reset instrument.
-    using PushStep = std::function<void()>;
+    struct PushStep {
+        StatusWords name;
+        std::function<void()> send;
+    };
 
     explicit Connection(const Parts& parts, QObject* parent = nullptr);
 
@@ -52,6 +56,10 @@ public:
 
     /// Serial numbers that may be connected; while it is empty, all may.
     void setAllowedSerials(const QStringList& serials) { m_allowedSerials = serials; }
+
+    /// Asked when a search has found nothing, for what stands in the way; empty words: the plain
+    /// answer that there is no instrument.
+    void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
 
     /// The window beside which the chooser opens.
     void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
@@ -98,10 +106,13 @@ signals:
     /// The push is over, with or without the connection still there.
     void pushed();
     void disconnected();
-    /// Something to be read once, for a few seconds.
-    void statusMessage(const QString& message);
-    /// What is going on now; empty when it is over.
-    void activity(const QString& description);
+    void attemptStarted();
+    /// The attempt to connect came to nothing.
+    void failed(const StatusWords& reason);
+    /// The connection has ended by itself.
+    void lost(const StatusWords& reason);
+    /// Whether anything goes on, from the search to the end of the push.
+    void busyChanged(bool isBusy);
     /// Every 15 seconds while connected.
     void pollDue();
 
@@ -116,7 +127,9 @@ private:
     bool identify();
     InstrumentIdentity currentIdentity() const;
     bool readCalibrationDue();
-    bool refuse(const QString& reason);
+    bool refuse(const StatusWords& reason);
+    void say(const StatusWords& words);
+    void endActivity();
     void pushPanel();
     void handBack();
     void forgetTitle();
@@ -130,6 +143,8 @@ private:
 
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
+    std::function<StatusWords()> m_obstacle;
+    std::optional<Activity> m_activity;
     const QWidget* m_neighbour = nullptr;
     std::optional<BusyCursor> m_searchCursor;
     QTimer m_pollTimer;
@@ -139,6 +154,7 @@ private:
     /// Changes with every connect and disconnect, so that a sequence that has paused knows.
     int m_attempt = 0;
     bool m_isSearching = false;
+    QString m_heldName; ///< of an instrument that the search left out since another copy holds it
     bool m_isUserDisconnected = false;
     bool m_isButtonGuarded = false;
     bool m_isFirmwareUpdateRunning = false;

@@ -23,8 +23,7 @@ GuiListKLV::GuiListKLV()
                    Qt::WindowStaysOnTopHint | Qt::WindowCloseButtonHint);
     setWindowModality(Qt::ApplicationModal);
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
-    setWindowTitle(tr("All Device"));
-    setAccessibleName(windowTitle());
+    retranslate();
     setObjectName(QStringLiteral("GuiListKLV"));
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -83,6 +82,19 @@ void GuiListKLV::slotSendAddress()
     m_hasChosen = true;
     m_chosenName = button->text();
     emit sendAddress(button->objectName());
+}
+
+void GuiListKLV::retranslate()
+{
+    setWindowTitle(tr("All Device"));
+    setAccessibleName(windowTitle());
+}
+
+void GuiListKLV::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QScrollArea::changeEvent(event);
 }
 
 void GuiListKLV::closeEvent(QCloseEvent* event)

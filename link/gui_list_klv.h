@@ -38,10 +38,13 @@ public slots:
     void slotSendAddress();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    void retranslate();
+
     QWidget* m_content = nullptr;
     QGridLayout* m_grid = nullptr;
     int m_columns = 3;

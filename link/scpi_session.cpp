@@ -1,7 +1,11 @@
 #include "link/scpi_session.h"
 
+#include <QElapsedTimer>
+
 #include <algorithm>
 #include <cstring>
+#include <optional>
+#include <utility>
 
 namespace
 {
@@ -11,6 +15,8 @@ constexpr std::size_t replyBytes = 65536;
 constexpr char readFormat[] = "%65535T";
 constexpr int mostExcessReads = 16;
 constexpr int mostErrorRounds = 10000;
+/// An answer that takes longer is waited for visibly the next time.
+constexpr int slowAnswerMs = 300;
 /// Cleared before every read; no honest reply is longer.
 constexpr std::size_t honestReplyBytes = 4096;
 
@@ -37,6 +43,32 @@ bool isEmptyQueueReply(const QString& reply)
     return reply.size() > digit && reply.at(digit) == QLatin1Char('0');
 }
 } // namespace
+
+/// An answer that is being waited for. That it will take its time is known from the one before: a
+/// call that blocks can tell nothing any more.
+class ScpiSession::Answer
+{
+public:
+    explicit Answer(ScpiSession& session) : m_session(session)
+    {
+        if (session.m_lastAnswerMs >= slowAnswerMs)
+            m_waiting.emplace([] { return tr("waiting for the instrument to answer"); });
+        m_time.start();
+    }
+    ~Answer() { m_session.m_lastAnswerMs = m_time.elapsed(); }
+    Answer(const Answer&) = delete;
+    Answer& operator=(const Answer&) = delete;
+
+private:
+    ScpiSession& m_session;
+    std::optional<Activity> m_waiting;
+    QElapsedTimer m_time;
+};
+
+QString statusText(ViStatus status)
+{
+    return QStringLiteral("0x%1").arg(static_cast<quint32>(status), 8, 16, QLatin1Char('0'));
+}
 
 ScpiSession::ScpiSession(VisaLibrary& visa, QObject* parent)
     : QObject(parent), m_visa(visa), m_reply(replyBytes, '\0')
@@ -78,6 +110,7 @@ void ScpiSession::close()
     m_connected = false;
     m_visa.viClose(m_session);
     m_session = VI_NULL;
+    m_lastAnswerMs = 0;
 }
 
 void ScpiSession::write(const QString& command)
@@ -94,6 +127,7 @@ void ScpiSession::writeChecked(const QString& command)
 QString ScpiSession::read(const QString& command)
 {
     write(command);
+    const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viScanf(m_session, readFormat, reply);
     return lastFailed() ? QString() : takeReply();
@@ -108,8 +142,10 @@ QString ScpiSession::query(const QString& command)
 QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind kind)
 {
     QByteArray message = QByteArray(format).append('\n');
+    std::optional<Answer> answer(std::in_place, *this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
+    answer.reset();
     const QString text = lastFailed() ? QString() : takeReply();
     if (!lastFailed())
         return displayText(text, kind);
@@ -158,6 +194,7 @@ void ScpiSession::checkErrors()
 QString ScpiSession::queryMessage(const QByteArray& message)
 {
     QByteArray format = message;
+    const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, format.data(), readFormat, reply);
     return takeReply();
@@ -201,5 +238,19 @@ void ScpiSession::fetchStatusDescription()
 void ScpiSession::failConnection()
 {
     if (m_connected)
-        emit connectionFailed(tr("connection error"));
+        emit connectionFailed([status = m_lastStatus] { return lossText(status); });
+}
+
+QString ScpiSession::lossText(ViStatus status)
+{
+    switch (status) {
+    case VI_SUCCESS:
+        return tr("connection error: the error queue of the instrument never runs empty");
+    case VI_ERROR_TMO:
+        return tr("connection error: the instrument does not answer");
+    case VI_ERROR_CONN_LOST:
+        return tr("connection error: the instrument or its cable has gone");
+    default:
+        return tr("connection error: VISA status %1").arg(statusText(status));
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/activity.h"
 #include "link/visa_library.h"
 #include "numbers/field_kind.h"
 
@@ -8,6 +9,9 @@
 #include <QString>
 
 #include <vector>
+
+/// As VISA's documents write it: "0xbfff0015".
+QString statusText(ViStatus status);
 
 /// The one open connection to the instrument and the operations that carry its SCPI text.
 ///
@@ -71,7 +75,7 @@ public:
 signals:
     /// The session is of no more use. `reason` is for the status line; what the instrument itself
     /// said is not told.
-    void connectionFailed(const QString& reason);
+    void connectionFailed(const StatusWords& reason);
     /// Error 329 is in the queue; `message` is the instrument's own text.
     void error329Seen(const QString& message);
     void error329Gone();
@@ -80,16 +84,20 @@ signals:
     void referenceUnlockGone();
 
 private:
+    class Answer;
+
     char* clearedReply();
     QString takeReply();
     QString queryMessage(const QByteArray& message);
     void fetchStatusDescription();
     void failConnection();
+    static QString lossText(ViStatus status);
 
     VisaLibrary& m_visa;
     ViSession m_defaultRM = VI_NULL;
     ViSession m_session = VI_NULL;
     ViStatus m_lastStatus = VI_SUCCESS;
     bool m_connected = false;
+    qint64 m_lastAnswerMs = 0;
     std::vector<char> m_reply;
 };

@@ -12,9 +12,13 @@ void VisaLibrary::load(const char* name)
     reset();
     if (!name || !*name)
         return;
-    m_library = new QLibrary(QString::fromLocal8Bit(name));
-    if (!m_library->load())
+    m_name = QString::fromLocal8Bit(name);
+    m_loadError.clear();
+    m_library = new QLibrary(m_name);
+    if (!m_library->load()) {
+        m_loadError = m_library->errorString();
         return;
+    }
     m_unresolvedCount = 0;
     resolveAll();
 }

@@ -3,6 +3,8 @@
 #include "visa/visa.h"
 #include "visa/visa_functions.h"
 
+#include <QString>
+
 #include <type_traits>
 
 class QLibrary;
@@ -54,6 +56,10 @@ public:
     /// -1 while no library is loaded, else the number of functions it lacks.
     int unresolvedCount() const { return m_unresolvedCount; }
 
+    /// What was to be loaded last, and the system's own words when it could not be.
+    const QString& name() const { return m_name; }
+    const QString& loadError() const { return m_loadError; }
+
 #define KLV_VISA_ENTRY(result, convention, name, parameters)                                       \
     using name##_t = result(convention*) parameters;                                               \
     name##_t name = visa_placeholder::Placeholder<name##_t>::call;
@@ -73,4 +79,6 @@ private:
 
     QLibrary* m_library = nullptr;
     int m_unresolvedCount = -1;
+    QString m_name;
+    QString m_loadError;
 };

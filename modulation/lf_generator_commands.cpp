@@ -1,5 +1,6 @@
 #include "modulation/lf_generator_commands.h"
 
+#include "link/activity.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/generator.h"
@@ -87,6 +88,9 @@ void LfGeneratorCommands::switchClicked(WaveShape shape)
 /// Switched on first and shaped second: the instrument takes its time to settle in between.
 void LfGeneratorCommands::Gen_On(int run, WaveShape shape)
 {
+    std::optional<Activity> activity;
+    if (m_session.isConnected())
+        activity.emplace([] { return tr("Setting the LF generator"); });
     emit wantsModulationOff();
     if (!isCurrent(run, shape))
         return;

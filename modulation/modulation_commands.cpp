@@ -1,5 +1,6 @@
 #include "modulation/modulation_commands.h"
 
+#include "link/activity.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
@@ -182,8 +183,17 @@ void ModulationCommands::update_Modulation()
     m_panel.update_AM_PM_FM();
 }
 
+/// Without an instrument nothing takes its time.
+std::unique_ptr<Activity> ModulationCommands::activity() const
+{
+    if (!m_session.isConnected())
+        return nullptr;
+    return std::make_unique<Activity>([] { return tr("Setting the modulation"); });
+}
+
 void ModulationCommands::switchClicked(Modulation modulation)
 {
+    const std::unique_ptr<Activity> going = activity();
     const int run = ++m_switchRun;
     const int setup = ++m_setupRun;
     if (m_panel.stateButton(modulation)->isChecked()) {
@@ -244,6 +254,7 @@ void ModulationCommands::switchExtInt_AM_FM_PM()
     const std::optional<Modulation> modulation = checkedModulation();
     if (!modulation)
         return;
+    const std::unique_ptr<Activity> going = activity();
     const int setup = ++m_setupRun;
     const ModulationGroup& group = m_panel.group(*modulation);
     if (!group.isExternal())
@@ -340,6 +351,7 @@ void ModulationCommands::sendPulse()
     showIcon(m_indicators.pulse, pulse);
     if (!m_session.isConnected())
         return;
+    const std::unique_ptr<Activity> going = activity();
     m_session.write(pulseName + stateSuffix + (pulse->isChecked() ? onWord : offWord));
     m_session.write(pulseName + (source->isChecked() ? externalSuffix : internalSuffix));
     if (!pulse->isChecked() || source->isChecked())

@@ -8,6 +8,7 @@
 #include <array>
 
 class QLabel;
+class Activity;
 class ScpiSession;
 
 /// AM, FM, PM and pulse modulation at work: the modulation panel's choices and values go to the
@@ -74,6 +75,7 @@ private:
     void switchClicked(Modulation modulation);
     bool switch_ImageText_commandExtInt(Modulation modulation, int run);
     void sendPendingOff();
+    std::unique_ptr<Activity> activity() const;
     void pauseAndSetUp(Modulation modulation, int setup);
     void setUpInternalSource(Modulation modulation);
     void sendValues(Modulation modulation);

@@ -1,6 +1,7 @@
 #include "service/driver_check.h"
 
 #include "link/usb_ids.h"
+#include "service/device_access.h"
 #include "service/usb_access.h"
 
 #include <QCoreApplication>
@@ -35,14 +36,20 @@ QString inaccessibleNode(const QString& devicesFolder, const QString& nodesFolde
     return QString();
 }
 
-DriverCheck checkDriver()
+QString deviceAccessComplaint()
 {
     const QString node =
         inaccessibleNode(QStringLiteral("/sys/bus/usb/devices"), QStringLiteral("/dev/bus/usb"));
     if (node.isEmpty())
-        return {true, QString()};
-    return {false, QCoreApplication::translate(
-                       "DriverCheck", "No access to the instrument at %1: install the udev rule "
-                                      "70-klv.rules and plug it in again")
-                       .arg(node)};
+        return QString();
+    return QCoreApplication::translate("DriverCheck",
+                                       "No access to the instrument at %1: install the udev rule "
+                                       "70-klv.rules and plug it in again")
+        .arg(node);
+}
+
+DriverCheck checkDriver()
+{
+    const QString complaint = deviceAccessComplaint();
+    return {complaint.isEmpty(), complaint};
 }

@@ -30,7 +30,8 @@ void FirmwareUpdate::slotUpdateFirmware()
     m_longest.start();
     // Neither a reply nor an error check: the instrument leaves its command mode at once.
     m_session.write(bootloaderCommand);
-    emit activity(tr("The instrument is in its bootloader: waiting for it to come back"));
+    m_activity.emplace(
+        [] { return tr("The instrument is in its bootloader: waiting for it to come back"); });
     emit started();
 }
 
@@ -54,7 +55,6 @@ void FirmwareUpdate::waitForReturn()
     if (m_stage != Stage::Leaving)
         return;
     m_stage = Stage::Away;
-    emit activity(tr("The instrument is in its bootloader: waiting for it to come back"));
 }
 
 void FirmwareUpdate::giveUp()
@@ -72,5 +72,5 @@ void FirmwareUpdate::stop()
     m_stage = Stage::None;
     m_longest.stop();
     m_connection.setFirmwareUpdateRunning(false);
-    emit activity(QString());
+    m_activity.reset();
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QObject>
 #include <QTimer>
+
+#include <optional>
 
 class Connection;
 class HotPlugWatch;
@@ -39,8 +43,6 @@ signals:
     void started();
     /// The instrument is back on the bus and can be connected.
     void cameBack();
-    /// What is going on now; empty when it is over.
-    void activity(const QString& description);
     /// Something to be read once, for a few seconds.
     void statusMessage(const QString& message);
 
@@ -56,5 +58,6 @@ private:
     HotPlugWatch& m_watch;
     QTimer m_longest;
     QString m_serial;
+    std::optional<Activity> m_activity;
     Stage m_stage = Stage::None;
 };

@@ -1,5 +1,6 @@
 #include "service/service_commands.h"
 
+#include "link/activity.h"
 #include "link/busy_cursor.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
@@ -53,6 +54,7 @@ void ServiceCommands::readTable()
     if (!m_session.isConnected())
         return;
     m_isBusy = true;
+    const Activity activity([] { return tr("Reading the calibration table"); });
     m_panel.setState(service::State::Loading);
     // The label is painted before the wire blocks.
     QCoreApplication::processEvents();
@@ -123,8 +125,15 @@ bool ServiceCommands::writeTable()
     const auto ready = qScopeGuard([this] { m_panel.setState(service::State::Ready); });
     const std::vector<CalibrationPoint> points = m_panel.table().points();
     progressBarForTable bar(static_cast<int>(points.size()), &m_panel.table());
-    bar.showText(tr("Writing the calibration table..."));
+    std::size_t row = 0;
+    const StatusWords words = [&row, count = points.size()] {
+        return tr("Writing the calibration table: row %1 of %2").arg(row).arg(count);
+    };
+    Activity activity(words);
     for (const CalibrationPoint& point : points) {
+        ++row;
+        activity.say(words);
+        bar.showText(tr("Writing the calibration table..."));
         m_session.write(addPointCommand.arg(point.frequencyHz, point.value));
         if (!pauseWhileWriting())
             return false;

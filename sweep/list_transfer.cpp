@@ -72,14 +72,20 @@ bool ListTransfer::transferTable()
             return false;
         m_session.checkErrors();
     }
-    m_bar.reset();
+    end();
     return transfer == m_transfer;
+}
+
+void ListTransfer::end()
+{
+    m_bar.reset();
+    m_activity.reset();
 }
 
 void ListTransfer::abandon()
 {
     ++m_transfer;
-    m_bar.reset();
+    end();
 }
 
 bool ListTransfer::isWanted(int transfer) const
@@ -140,8 +146,16 @@ void ListTransfer::sendBlock(const QString& prefix, const QStringList& values, i
 void ListTransfer::showProgress(const Part& part)
 {
     const qint64 msPerPause = m_pausesDone > 0 ? m_clock.elapsed() / m_pausesDone : m_pauseMs;
-    m_bar->showText(tr("List %1 of %2, %3 left")
-                        .arg(part.number)
-                        .arg(listCount)
-                        .arg(minutesAndSeconds((m_pausesInAll - m_pausesDone) * msPerPause)));
+    const QString left = minutesAndSeconds((m_pausesInAll - m_pausesDone) * msPerPause);
+    m_bar->showText(tr("List %1 of %2, %3 left").arg(part.number).arg(listCount).arg(left));
+    const StatusWords words = [number = part.number, left] {
+        return tr("Transferring the table: list %1 of %2, %3 left")
+            .arg(number)
+            .arg(listCount)
+            .arg(left);
+    };
+    if (m_activity)
+        m_activity->say(words);
+    else
+        m_activity.emplace(words);
 }

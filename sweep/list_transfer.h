@@ -1,10 +1,13 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class List;
 class QLineEdit;
@@ -44,12 +47,14 @@ private:
     void sendList(int transfer, const Part& part, const QStringList& values);
     void sendBlock(const QString& prefix, const QStringList& values, int first, int end);
     void showProgress(const Part& part);
+    void end();
 
     ScpiSession& m_session;
     List& m_panel;
     const QLineEdit& m_power;
     int m_pauseMs;
     std::unique_ptr<progressBarForTable> m_bar;
+    std::optional<Activity> m_activity; ///< as long as the bar is there
     /// Numbers the transfers, so that one that has paused knows of a newer one.
     int m_transfer = 0;
     int m_pausesInAll = 0;

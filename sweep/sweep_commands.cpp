@@ -1,5 +1,6 @@
 #include "sweep/sweep_commands.h"
 
+#include "link/activity.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "panel/cw_controls.h"
@@ -88,6 +89,8 @@ bool SweepCommands::isWanted(int run, Mode mode) const
 void SweepCommands::start(Mode mode)
 {
     const int run = ++m_run;
+    const Activity activity(
+        [mode] { return mode == Mode::List ? tr("Starting the list") : tr("Starting the sweep"); });
     m_transfer.abandon();
     emit runStarting();
     if (!isWanted(run, mode))

@@ -293,7 +293,7 @@ void SessionTest::errorDrainFails()
     const int before = (*m_demo)(QStringLiteral("calls")).toInt();
     m_session->checkErrors();
     QCOMPARE(failed.count(), 1);
-    QVERIFY(!failed.first().first().toString().isEmpty());
+    QVERIFY(!failed.first().first().value<StatusWords>()().isEmpty());
     // Beside the queries: the description of the status, and the close.
     QCOMPARE((*m_demo)(QStringLiteral("calls")).toInt() - before, queries + 2);
     m_session->checkErrors();

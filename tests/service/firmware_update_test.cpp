@@ -52,7 +52,7 @@ public:
 
     QString lastActivity()
     {
-        return activity.isEmpty() ? QString() : activity.last()[0].toString();
+        return Activities::global().texts().join(' ');
     }
 
     Demo demo;
@@ -65,7 +65,6 @@ public:
     FakeWatch watch;
     Connection connection{{session, limits, search, chooser, copies, watch}};
     FirmwareUpdate update{{session, connection, watch}, longestMs};
-    QSignalSpy activity{&update, &FirmwareUpdate::activity};
     QSignalSpy back{&update, &FirmwareUpdate::cameBack};
     QSignalSpy told{&update, &FirmwareUpdate::statusMessage};
     QSignalSpy watchWantsToConnect{&connection, &Connection::buttonShouldBeClicked};

@@ -39,28 +39,12 @@
         <translation>Выберите прибор</translation>
     </message>
     <message>
-        <source>No instrument found</source>
-        <translation>Прибор не найден</translation>
-    </message>
-    <message>
         <source>Another running copy of the program holds this instrument</source>
         <translation>Прибор занят другой запущенной копией программы</translation>
     </message>
     <message>
-        <source>Connecting...</source>
-        <translation>Подключение...</translation>
-    </message>
-    <message>
-        <source>The instrument could not be opened</source>
-        <translation>Не удалось открыть прибор</translation>
-    </message>
-    <message>
         <source>Waiting for the instrument to leave its mass-storage mode</source>
         <translation>Прибор выходит из режима запоминающего устройства</translation>
-    </message>
-    <message>
-        <source>no access to the device</source>
-        <translation>нет доступа к прибору</translation>
     </message>
     <message>
         <source>Software version is not compatible with this version of KLV firmware. 
@@ -69,16 +53,99 @@
  Используйте программу KLV версии 2.3 или ниже.</translation>
     </message>
     <message>
-        <source>connection error</source>
-        <translation>ошибка связи</translation>
-    </message>
-    <message>
-        <source>Setting up the instrument...</source>
-        <translation>Настройка прибора...</translation>
-    </message>
-    <message>
         <source>The instrument has been unplugged</source>
         <translation>Прибор отсоединён</translation>
+    </message>
+    <message>
+        <source>Another program holds the instrument</source>
+        <translation>Прибор занят другой программой</translation>
+    </message>
+    <message>
+        <source>The instrument has gone before it could be opened</source>
+        <translation>Прибор отключился раньше, чем его удалось открыть</translation>
+    </message>
+    <message>
+        <source>This user may not open the instrument</source>
+        <translation>У этого пользователя нет права открывать прибор</translation>
+    </message>
+    <message>
+        <source>The instrument could not be opened: it does not answer</source>
+        <translation>Не удалось открыть прибор: он не отвечает</translation>
+    </message>
+    <message>
+        <source>The instrument could not be opened: VISA status %1</source>
+        <translation>Не удалось открыть прибор: состояние VISA %1</translation>
+    </message>
+    <message>
+        <source>no access to the device: it does not answer</source>
+        <translation>нет доступа к прибору: он не отвечает</translation>
+    </message>
+    <message>
+        <source>no access to the device: VISA status %1</source>
+        <translation>нет доступа к прибору: состояние VISA %1</translation>
+    </message>
+    <message>
+        <source>Another running copy of the program holds the instrument %1</source>
+        <translation>Прибор %1 занят другой запущенной копией программы</translation>
+    </message>
+    <message>
+        <source>No instrument found: is it switched on and its cable plugged in?</source>
+        <translation>Прибор не найден: включён ли он и подключён ли кабель?</translation>
+    </message>
+    <message>
+        <source>Connecting: opening the instrument</source>
+        <translation>Подключение: открытие прибора</translation>
+    </message>
+    <message>
+        <source>Connecting: asking for its mode</source>
+        <translation>Подключение: запрос режима прибора</translation>
+    </message>
+    <message>
+        <source>Connecting: reset and identification</source>
+        <translation>Подключение: сброс и идентификация</translation>
+    </message>
+    <message>
+        <source>no access to the device: it does not say what it is</source>
+        <translation>нет доступа к прибору: он не сообщает, что он такое</translation>
+    </message>
+    <message>
+        <source>no access to the device: serial number %1 is not among those allowed</source>
+        <translation>нет доступа к прибору: серийный номер %1 не входит в число разрешённых</translation>
+    </message>
+    <message>
+        <source>The firmware %1 of the instrument is too old for this program</source>
+        <translation>Прошивка прибора %1 слишком стара для этой программы</translation>
+    </message>
+    <message>
+        <source>connection error: the instrument has stopped answering</source>
+        <translation>ошибка связи: прибор перестал отвечать</translation>
+    </message>
+    <message>
+        <source>Setting up the instrument: its limits</source>
+        <translation>Настройка прибора: запрос пределов</translation>
+    </message>
+    <message>
+        <source>Setting up the instrument: %1</source>
+        <translation>Настройка прибора: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ConnectionObstacle</name>
+    <message>
+        <source>The VISA library %1 cannot be loaded: %2</source>
+        <translation>Библиотека VISA %1 не загружается: %2</translation>
+    </message>
+    <message>
+        <source>There is no VISA library %1</source>
+        <translation>Нет библиотеки VISA %1</translation>
+    </message>
+    <message>
+        <source>No VISA library found: install the maker&apos;s VISA library. Looked for %1 in: %2</source>
+        <translation>Библиотека VISA не найдена: установите библиотеку VISA изготовителя. Искали %1, где: %2</translation>
+    </message>
+    <message>
+        <source>The VISA library %1 does not start</source>
+        <translation>Библиотека VISA %1 не запускается</translation>
     </message>
 </context>
 <context>
@@ -423,6 +490,24 @@
     </message>
 </context>
 <context>
+    <name>LfGeneratorCommands</name>
+    <message>
+        <source>Setting the LF generator</source>
+        <translation>Установка генератора НЧ</translation>
+    </message>
+</context>
+<context>
+    <name>LibraryPlaces</name>
+    <message>
+        <source>the system&apos;s library folders</source>
+        <translation>системные каталоги библиотек</translation>
+    </message>
+    <message>
+        <source>the folders of PATH</source>
+        <translation>каталоги из PATH</translation>
+    </message>
+</context>
+<context>
     <name>List</name>
     <message>
         <source>No list can be opened while a table is being transferred</source>
@@ -579,6 +664,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>List %1 of %2, %3 left</source>
         <translation>Список %1 из %2, осталось %3</translation>
+    </message>
+    <message>
+        <source>Transferring the table: list %1 of %2, %3 left</source>
+        <translation>Передача таблицы: список %1 из %2, осталось %3</translation>
     </message>
 </context>
 <context>
@@ -904,16 +993,44 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Настройки не записываются: изменения не сохранятся</translation>
     </message>
     <message>
-        <source>No VISA library found: install the maker&apos;s VISA library</source>
-        <translation>Библиотека VISA не найдена: установите библиотеку VISA изготовителя</translation>
-    </message>
-    <message>
         <source>The help file is not beside the program</source>
         <translation>Файла справки нет рядом с программой</translation>
     </message>
     <message>
         <source>Lit while the external reference is selected; red while it is not locked</source>
         <translation>Горит, пока выбран внешний опорный сигнал; красным, пока нет захвата</translation>
+    </message>
+    <message>
+        <source>reference</source>
+        <translation>источник опорной частоты</translation>
+    </message>
+    <message>
+        <source>RF output</source>
+        <translation>выход ВЧ</translation>
+    </message>
+    <message>
+        <source>frequency</source>
+        <translation>частота</translation>
+    </message>
+    <message>
+        <source>power</source>
+        <translation>мощность</translation>
+    </message>
+    <message>
+        <source>power mode</source>
+        <translation>режим мощности</translation>
+    </message>
+    <message>
+        <source>modulation</source>
+        <translation>модуляция</translation>
+    </message>
+    <message>
+        <source>external reference</source>
+        <translation>внешняя опорная частота</translation>
+    </message>
+    <message>
+        <source>DAC</source>
+        <translation>ЦАП</translation>
     </message>
 </context>
 <context>
@@ -1000,6 +1117,13 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Modulation</source>
         <translation>Модуляция</translation>
+    </message>
+</context>
+<context>
+    <name>ModulationCommands</name>
+    <message>
+        <source>Setting the modulation</source>
+        <translation>Установка модуляции</translation>
     </message>
 </context>
 <context>
@@ -1389,8 +1513,24 @@ Keys: +, −, Left, Right, Home</source>
 <context>
     <name>ScpiSession</name>
     <message>
-        <source>connection error</source>
-        <translation>ошибка связи</translation>
+        <source>waiting for the instrument to answer</source>
+        <translation>ожидание ответа прибора</translation>
+    </message>
+    <message>
+        <source>connection error: the error queue of the instrument never runs empty</source>
+        <translation>ошибка связи: очередь ошибок прибора не опустошается</translation>
+    </message>
+    <message>
+        <source>connection error: the instrument does not answer</source>
+        <translation>ошибка связи: прибор не отвечает</translation>
+    </message>
+    <message>
+        <source>connection error: the instrument or its cable has gone</source>
+        <translation>ошибка связи: прибор отключён или отсоединён кабель</translation>
+    </message>
+    <message>
+        <source>connection error: VISA status %1</source>
+        <translation>ошибка связи: состояние VISA %1</translation>
     </message>
 </context>
 <context>
@@ -1426,6 +1566,14 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Writing the calibration table...</source>
         <translation>Запись таблицы калибровки...</translation>
+    </message>
+    <message>
+        <source>Reading the calibration table</source>
+        <translation>Чтение таблицы калибровки</translation>
+    </message>
+    <message>
+        <source>Writing the calibration table: row %1 of %2</source>
+        <translation>Запись таблицы калибровки: строка %1 из %2</translation>
     </message>
 </context>
 <context>
@@ -1464,6 +1612,17 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Close panel</source>
         <translation>Закрыть панель</translation>
+    </message>
+</context>
+<context>
+    <name>SweepCommands</name>
+    <message>
+        <source>Starting the list</source>
+        <translation>Запуск списка</translation>
+    </message>
+    <message>
+        <source>Starting the sweep</source>
+        <translation>Запуск качания</translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,344 @@
+#include "app/error_box.h"
+#include "link/activity.h"
+#include "link/gui_list_klv.h"
+#include "link/instrument_limits.h"
+#include "link/library_places.h"
+#include "panel/user_folder.h"
+#include "sweep/list_panel.h"
+#include "tests/support/panel_rig.h"
+
+#include "app/side_panels.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+#include <functional>
+
+namespace
+{
+const QString noSuchLibrary = QStringLiteral("NoSuchVisa");
+
+/// Whatever was said to go on since this was made.
+class Said
+{
+public:
+    Said()
+    {
+        m_connection = QObject::connect(&Activities::global(), &Activities::changed, [this] {
+            const QString now = Activities::global().texts().join(" / ");
+            if (!now.isEmpty() && (m_texts.isEmpty() || m_texts.last() != now))
+                m_texts << now;
+        });
+    }
+    ~Said() { QObject::disconnect(m_connection); }
+
+    const QStringList& texts() const { return m_texts; }
+
+private:
+    QStringList m_texts;
+    QMetaObject::Connection m_connection;
+};
+} // namespace
+
+/// What the status line tells: what goes on, and why there is no connection.
+class StatusTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+    void tellsWhyThereIsNoConnection_data();
+    void tellsWhyThereIsNoConnection();
+    void tellsWhereTheLibraryWasLookedFor();
+    void tellsWhoHoldsTheInstrument();
+    void aLossIsNotHidden();
+    void aLossIsSaidBesideTheNextSearch();
+    void tellsTheStepsOfConnecting();
+    void tellsWhatGoesOn_data();
+    void tellsWhatGoesOn();
+    void tellsOfASlowInstrument();
+    void followsTheLanguage();
+    void chooserFollowsTheLanguage();
+
+private:
+    void start(const QString& library = Demo::libraryPath());
+    void chooseRussian();
+
+    QTemporaryDir m_home;
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+};
+
+void StatusTest::initTestCase()
+{
+    qputenv("HOME", m_home.path().toLocal8Bit());
+}
+
+void StatusTest::init()
+{
+    m_demo = std::make_unique<Demo>();
+    InstrumentLimits::global() = {};
+    QDir(m_home.path()).removeRecursively();
+    QDir().mkpath(m_home.path());
+    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+}
+
+void StatusTest::start(const QString& library)
+{
+    StartOptions options = PanelRig::defaultOptions();
+    options.visaLibrary = library;
+    options.isClean = true;
+    m_rig = std::make_unique<PanelRig>(options);
+}
+
+void StatusTest::chooseRussian()
+{
+    const auto actions = m_rig->window().findChildren<QAction*>();
+    for (QAction* action : actions) {
+        if (action->data().toString() == "ru")
+            action->trigger();
+    }
+    QCoreApplication::processEvents();
+}
+
+void StatusTest::tellsWhyThereIsNoConnection_data()
+{
+    QTest::addColumn<QString>("library");
+    QTest::addColumn<QString>("set");
+    QTest::addColumn<QString>("reason");
+    const auto row = [](const char* name, const QString& library, const char* set,
+                        const char* reason) { QTest::newRow(name) << library << set << reason; };
+    const QString demo = Demo::libraryPath();
+    row("no such path", "/no/such/library.so", "", "There is no VISA library /no/such/library.so");
+    row("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
+    row("another library", "libm.so.6", "", "The VISA library libm.so.6 does not start");
+    row("no instrument", demo, "unplug", "No instrument found");
+    row("silent at the opening", demo, "fault 1 status 0xBFFF0015",
+        "could not be opened: it does not answer");
+    row("not opened", demo, "fault 1 status 0xBFFF003E", "could not be opened: VISA status 0xbff");
+    row("not permitted", demo, "fault 1 status 0xBFFF00A8", "This user may not open");
+    row("no identity", demo, "reply *IDN? ->", "no access to the device: it does not answer");
+    row("strange identity", demo, "reply *IDN? -> Veltro",
+        "no access to the device: it does not say what it is");
+    row("not allowed", demo, "", "serial number 20215678 is not among those allowed");
+    row("old firmware", demo, "instruments [1111]\nfirmware=2.3.9", "firmware 2.3.9");
+    row("no due date", demo, "reply SERV:SOUR:CDUE? ->", "connection error: ");
+}
+
+void StatusTest::tellsWhyThereIsNoConnection()
+{
+    QFETCH(QString, library);
+    QFETCH(QString, set);
+    QFETCH(QString, reason);
+    if (!set.isEmpty())
+        (*m_demo)(set);
+    if (QTest::currentDataTag() == QByteArray("not allowed"))
+        QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV"))
+            .setValue("/Settings/one", "another");
+    start(library);
+    m_rig->connectDevice();
+    QVERIFY(!m_rig->isConnected());
+    QVERIFY2(m_rig->status().contains(reason), qPrintable(m_rig->status()));
+    if (auto* box = m_rig->window().findChild<ErrorBox*>())
+        box->close();
+    // It stays until the next attempt, which begins by saying so.
+    m_rig->click("connect");
+    QVERIFY2(m_rig->status().startsWith("Searching"), qPrintable(m_rig->status()));
+    QVERIFY(!m_rig->status().contains(reason));
+    QTRY_VERIFY(!QGuiApplication::overrideCursor());
+}
+
+void StatusTest::tellsWhereTheLibraryWasLookedFor()
+{
+    qputenv("LD_LIBRARY_PATH", "/first:/second");
+    start(noSuchLibrary);
+    m_rig->connectDevice();
+    const LibraryPlaces places = libraryPlaces(noSuchLibrary);
+    const QStringList all = places.fileNames + places.folders;
+    QVERIFY(all.size() >= 2);
+    for (const QString& place : all)
+        QVERIFY2(m_rig->status().contains(place), qPrintable(place));
+    qunsetenv("LD_LIBRARY_PATH");
+}
+
+void StatusTest::tellsWhoHoldsTheInstrument()
+{
+    VisaLibrary visa;
+    visa.load(Demo::libraryPath().toLocal8Bit().constData());
+    ScpiSession another(visa);
+    another.openResourceManager();
+    QVERIFY(another.open("USB0::0x5645::0x0040::20215678::0::INSTR"));
+    start();
+    m_rig->connectDevice();
+    QCOMPARE(m_rig->status(), QString("Another program holds the instrument"));
+    another.close();
+    m_rig->connectDevice();
+    QVERIFY(m_rig->isConnected());
+    QCOMPARE(m_rig->status(), QString());
+    another.closeResourceManager();
+}
+
+void StatusTest::aLossIsNotHidden()
+{
+    start();
+    m_rig->connectDevice();
+    (*m_demo)(QStringLiteral("unplug"));
+    m_rig->enter("FREQ", "5M");
+    QVERIFY(!m_rig->isConnected());
+    const QString loss = "connection error: the instrument or its cable has gone";
+    QCOMPARE(m_rig->status(), loss);
+    emit m_rig->window().findChild<List*>()->statusMessage("in passing");
+    QCOMPARE(m_rig->status(), loss);
+    // Once it has been read, the message has its turn, and then the loss is back.
+    QTRY_COMPARE_WITH_TIMEOUT(m_rig->status(), QString("in passing"), 8000);
+    QTRY_COMPARE_WITH_TIMEOUT(m_rig->status(), loss, 8000);
+}
+
+void StatusTest::aLossIsSaidBesideTheNextSearch()
+{
+    start();
+    m_rig->connectDevice();
+    (*m_demo)(QStringLiteral("unplug"));
+    m_rig->enter("FREQ", "5M");
+    (*m_demo)(QStringLiteral("plug"));
+    m_rig->click("connect");
+    QVERIFY(m_rig->status().startsWith("Searching"));
+    QVERIFY(m_rig->status().contains("connection error"));
+    QTRY_VERIFY(m_rig->isConnected());
+    QTRY_COMPARE(m_rig->status(), QString());
+}
+
+void StatusTest::tellsTheStepsOfConnecting()
+{
+    start();
+    const Said said;
+    m_rig->connectDevice();
+    const QStringList steps = {"Searching",
+                               "opening the instrument",
+                               "identification",
+                               "its limits",
+                               "reference",
+                               "RF output",
+                               "frequency",
+                               "power",
+                               "LF generator",
+                               "modulation",
+                               "DAC"};
+    int from = 0;
+    for (const QString& step : steps) {
+        const int found = said.texts().indexOf(QRegularExpression(".*" + step + ".*"), from);
+        QVERIFY2(found >= from, qPrintable(step + " in " + said.texts().join('\n')));
+        from = found + 1;
+    }
+    QVERIFY(Activities::global().texts().isEmpty());
+}
+
+void StatusTest::tellsWhatGoesOn_data()
+{
+    QTest::addColumn<QString>("clicked");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("modulation") << "AM"
+                                << "Setting the modulation";
+    QTest::newRow("pulses") << "Pulse"
+                            << "Setting the modulation";
+    QTest::newRow("LF") << "sine_select"
+                        << "Setting the LF generator";
+    QTest::newRow("sweep") << "button_Sweep"
+                           << "Starting the sweep";
+    QTest::newRow("list") << "button_List"
+                          << "Starting the list / Transferring the table: list 2";
+    QTest::newRow("calibration") << "applyCalibrate"
+                                 << "Writing the calibration table: row 2 of";
+    QTest::newRow("service") << "service"
+                             << "Reading the calibration table";
+    QTest::newRow("profile") << "quick_1"
+                             << "Applying the profile... / Setting the modulation";
+}
+
+void StatusTest::tellsWhatGoesOn()
+{
+    QFETCH(QString, clicked);
+    QFETCH(QString, text);
+    start();
+    m_rig->get<QTableWidget>("table_List").setRowCount(70);
+    if (clicked == "quick_1") {
+        m_rig->get<QPushButton>("AM").click();
+        m_rig->click("profiles");
+        m_rig->get<QLineEdit>("profile_name").setText("one");
+        m_rig->click("save_quick");
+        m_rig->get<QPushButton>("AM").click();
+    } else if (clicked == "button_List") {
+        m_rig->get<QPushButton>("List_is_Checked").click();
+    }
+    m_rig->connectDevice();
+    if (clicked == "applyCalibrate") {
+        m_rig->click("service");
+        QTRY_VERIFY(!SidePanels::moving());
+    }
+    m_rig->openPanelOf(clicked);
+    const Said said;
+    m_rig->click(qPrintable(clicked));
+    QTRY_VERIFY(!said.texts().filter(text).isEmpty());
+    QTRY_VERIFY(Activities::global().texts().isEmpty());
+    QVERIFY(m_rig->isConnected());
+}
+
+void StatusTest::tellsOfASlowInstrument()
+{
+    start();
+    m_rig->connectDevice();
+    const Said said;
+    m_rig->enter("FREQ", "5M");
+    QVERIFY(said.texts().isEmpty());
+    (*m_demo)(QStringLiteral("latency 320000"));
+    m_rig->enter("FREQ", "6M");
+    QCOMPARE(said.texts(), QStringList("waiting for the instrument to answer"));
+    (*m_demo)(QStringLiteral("latency 0"));
+    QCOMPARE(m_rig->status(), QString());
+}
+
+void StatusTest::followsTheLanguage()
+{
+    start();
+    (*m_demo)(QStringLiteral("unplug"));
+    m_rig->connectDevice();
+    const QString english = m_rig->status();
+    const QRegularExpression cyrillic(QStringLiteral("[\u0430-\u044f]{4}"));
+    {
+        const Activity activity([] { return Connection::tr("Choose an instrument"); });
+        QVERIFY(!m_rig->status().contains(cyrillic));
+        chooseRussian();
+        QVERIFY2(m_rig->status().contains(cyrillic), qPrintable(m_rig->status()));
+    }
+    QVERIFY(!english.contains(cyrillic));
+    QVERIFY2(m_rig->status().contains(cyrillic), qPrintable(m_rig->status()));
+}
+
+void StatusTest::chooserFollowsTheLanguage()
+{
+    (*m_demo)(QStringLiteral("instruments [1111]\nmodel=KLV-6G\n[2222]\nmodel=KLV-20G\n"));
+    start();
+    m_rig->connectDevice();
+    const QString english = m_rig->status();
+    GuiListKLV* chooser = nullptr;
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget* window : windows) {
+        if (window->isVisible() && qobject_cast<GuiListKLV*>(window))
+            chooser = static_cast<GuiListKLV*>(window);
+    }
+    QVERIFY(chooser);
+    QCOMPARE(chooser->windowTitle(), QString("All Device"));
+    chooseRussian();
+    QVERIFY(chooser->windowTitle() != "All Device");
+    QVERIFY(m_rig->status() != english);
+    chooser->close();
+    QCOMPARE(m_rig->status(), QString());
+}
+
+QTEST_MAIN(StatusTest)
+#include "status_test.moc"
