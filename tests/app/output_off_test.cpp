@@ -1,5 +1,6 @@
 #include "link/instrument_limits.h"
 #include "panel/user_folder.h"
+#include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include "app/error_box.h"
@@ -72,6 +73,7 @@ private:
     void actOnceSent(const QString& text, const std::function<void()>& act);
 
     QTemporaryDir m_home;
+    std::unique_ptr<DocumentsFolder> m_documents;
     std::unique_ptr<Demo> m_demo;
     std::unique_ptr<PanelRig> m_rig;
     QStringList m_sentByAct;
@@ -80,8 +82,8 @@ private:
 
 void OutputOffTest::initTestCase()
 {
-    qputenv("HOME", m_home.path().toLocal8Bit());
-    QVERIFY(userFolder().startsWith(m_home.path()));
+    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
+    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
 }
 
 void OutputOffTest::init()

@@ -9,6 +9,7 @@
 #include "panel/user_folder.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
+#include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include <QLabel>
@@ -197,14 +198,15 @@ private slots:
 
 private:
     QTemporaryDir m_home;
+    std::unique_ptr<DocumentsFolder> m_documents;
     std::unique_ptr<Demo> m_demo;
 };
 
 void PanelWalkTest::initTestCase()
 {
     QVERIFY(m_home.isValid());
-    qputenv("HOME", m_home.path().toLocal8Bit());
-    QVERIFY(userFolder().startsWith(m_home.path()));
+    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
+    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
 }
 
 void PanelWalkTest::init()

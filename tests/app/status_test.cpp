@@ -5,6 +5,7 @@
 #include "link/library_places.h"
 #include "panel/user_folder.h"
 #include "sweep/list_panel.h"
+#include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include "app/side_panels.h"
@@ -70,21 +71,21 @@ private:
     void chooseRussian();
 
     QTemporaryDir m_home;
+    std::unique_ptr<DocumentsFolder> m_documents;
     std::unique_ptr<Demo> m_demo;
     std::unique_ptr<PanelRig> m_rig;
 };
 
 void StatusTest::initTestCase()
 {
-    qputenv("HOME", m_home.path().toLocal8Bit());
+    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
 }
 
 void StatusTest::init()
 {
     m_demo = std::make_unique<Demo>();
     InstrumentLimits::global() = {};
-    QDir(m_home.path()).removeRecursively();
-    QDir().mkpath(m_home.path());
+    QDir(userFolder()).removeRecursively();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }
 
@@ -116,7 +117,7 @@ void StatusTest::tellsWhyThereIsNoConnection_data()
     const QString demo = Demo::libraryPath();
     row("no such path", "/no/such/library.so", "", "There is no VISA library /no/such/library.so");
     row("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
-    row("another library", "libm.so.6", "", "The VISA library libm.so.6 does not start");
+    row("another library", KLV_NO_VISA_LIBRARY, "", "does not start");
     row("no instrument", demo, "unplug", "No instrument found");
     row("silent at the opening", demo, "fault 1 status 0xBFFF0015",
         "could not be opened: it does not answer");
