@@ -39,6 +39,8 @@ public:
     {
         setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
         setProperty("links", true);
+        // Its ring would push the text in.
+        setIndent(0);
     }
 
 protected:
