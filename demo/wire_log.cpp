@@ -16,6 +16,7 @@ void trace(std::string_view model, const char* arrow, std::string_view message)
     const std::string line =
         std::string(model) + " " + arrow + " " + escaped(trimmed(message)) + "\n";
     std::fputs(line.c_str(), stderr);
+    std::fflush(stderr); // Windows buffers it where it is no console
 }
 
 } // namespace

@@ -8,7 +8,7 @@ if [[ -z ${KLV_VIRTUAL_SCREEN:-} ]]; then
     KLV_VIRTUAL_SCREEN=1 exec xvfb-run -a -s "-screen 0 1400x900x24" "$0" "$@"
 fi
 work=$(mktemp -d)
-export WINEPREFIX=$work/prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export WINEPREFIX=$work/prefix WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 program=
 stop_program() {
     [[ -z $program ]] || kill "$program" 2>/dev/null || true

@@ -4,6 +4,7 @@
 #include "panel/user_folder.h"
 #include "tests/app/panel_set_ups.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/installed_driver.h"
 #include "tests/support/panel_rig.h"
 
 #include <QLabel>
@@ -349,6 +350,7 @@ void ProfilesTest::keepsTheStateBetweenRuns_data()
 void ProfilesTest::keepsTheStateBetweenRuns()
 {
     QFETCH(int, setUp);
+    const InstalledDriver driver;
     start(PanelRig::defaultOptions());
     QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
     m_rig->click("Output");

@@ -210,6 +210,8 @@ void WindowTest::servicePanelReadsItsValues()
 void WindowTest::unreadableSettingsAreSaid()
 {
     const QString path = QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).fileName();
+    if (path.contains("HKEY_"))
+        QSKIP("The registry keeps them, which no text can damage.");
     QVERIFY(QDir().mkpath(QFileInfo(path).path()));
     QFile::remove(path);
     QFile file(path);

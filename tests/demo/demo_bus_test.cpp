@@ -545,7 +545,7 @@ void DemoBusTest::searchBesideTraffic()
 {
     DemoSession instrument;
     std::atomic<bool> isOver{false};
-    int searches = 0;
+    std::atomic<int> searches{0};
     std::thread search([&] {
         while (!isOver) {
             ViFindList list = VI_NULL;
@@ -555,7 +555,8 @@ void DemoBusTest::searchBesideTraffic()
             viClose(list);
         }
     });
-    for (int i = 0; i < 2000; ++i) {
+    // The second thread may be slow to start.
+    for (int i = 0; i < 2000 || (searches == 0 && i < 500000); ++i) {
         char reply[64] = {};
         viQueryf(instrument.session, "FREQ %d;FREQ?\n", "%63T", 200000 + i, reply);
         QCOMPARE(QByteArray(reply).toInt(), 200000 + i);

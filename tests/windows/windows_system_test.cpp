@@ -1,10 +1,12 @@
 #include "service/open_document.h"
 #include "service/windows_system.h"
+#include "tests/support/installed_driver.h"
 
 #include <QDir>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <optional>
 
 namespace
 {
@@ -16,23 +18,6 @@ void write(const QString& path, const QByteArray& contents)
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(contents), contents.size());
 }
-
-/// The service of the USB-TMC driver in the registry, as an installed driver leaves it.
-class UsbTmcService
-{
-public:
-    UsbTmcService()
-    {
-        m_services.setValue("Usbtmc/Start", 3);
-        m_services.sync();
-    }
-    ~UsbTmcService() { m_services.remove("Usbtmc"); }
-
-    bool isWritten() const { return m_services.status() == QSettings::NoError; }
-
-private:
-    QSettings m_services{services, QSettings::NativeFormat};
-};
 } // namespace
 
 /// What the driver check and the About box ask of the system itself.
@@ -78,11 +63,9 @@ void WindowsSystemTest::runsTheToolInAFolderWithBlanks()
     const QString program = folder.path();
     QVERIFY(QDir().mkpath(program + "/Drivers"));
     const QString drivers = driversFolder(program);
-    std::unique_ptr<UsbTmcService> service;
-    if (hasService) {
-        service = std::make_unique<UsbTmcService>();
-        QVERIFY2(service->isWritten(), "needs an administrator's rights");
-    }
+    std::optional<InstalledDriver> driver;
+    if (hasService)
+        driver.emplace();
     const auto system = windowsSystem();
     QCOMPARE(system->hasUsbTmcService(), hasService);
     QVERIFY(QFile::copy(KLV_STAND_IN_DEVCON, drivers + driverTool(system->is64Bit())));
@@ -104,7 +87,7 @@ void WindowsSystemTest::runsTheToolInAFolderWithBlanks()
 
 void WindowsSystemTest::aMissingToolIsAWorkingDriver()
 {
-    const UsbTmcService service;
+    const InstalledDriver driver;
     const auto system = windowsSystem();
     QTemporaryDir folder;
     QVERIFY(checkDriver(*system, folder.path()).mayConnect);

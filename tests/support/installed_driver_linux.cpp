@@ -1,0 +1,7 @@
+#include "tests/support/installed_driver.h"
+
+struct InstalledDriver::Entry {
+};
+
+InstalledDriver::InstalledDriver() = default;
+InstalledDriver::~InstalledDriver() = default;
