@@ -49,6 +49,7 @@ protected:
         const int before = selectionStart();
         const bool isMoved = QLabel::focusNextPrevChild(next);
         const bool isAround = !next && hasFocus() && before >= 0 && selectionStart() >= before;
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): QLabel's own is what goes around.
         return isAround ? QWidget::focusNextPrevChild(next) : isMoved;
     }
 };
