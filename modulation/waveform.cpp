@@ -25,7 +25,7 @@ constexpr ShapeRow shapeRows[] = {
     {WaveShape::SawNegative, QT_TRANSLATE_NOOP("Shape", "Saw negative"), ":/images/Saw_neg.png"},
     {WaveShape::Triangle, QT_TRANSLATE_NOOP("Shape", "Triangle"), ":/images/triangle.png"},
     {WaveShape::Random, QT_TRANSLATE_NOOP("Shape", "Random"), ":/images/random.png"},
-    {WaveShape::Square, QT_TRANSLATE_NOOP("Shape", "Rectangle"), ":/images/pulse.png"},
+    {WaveShape::Square, QT_TRANSLATE_NOOP("Shape", "Rectangle"), ":/images/square.png"},
     {WaveShape::Dc, QT_TRANSLATE_NOOP("Shape", "DC"), ":/images/dc.png"},
 };
 static_assert(std::size(shapeRows) == shapeCount);

@@ -37,7 +37,12 @@ qwt=$cache/qwt-windows-$(key_of "$qwt_version" "$qt")
 exec 3>&1 1>&2
 mkdir -p "$cache"
 work=$(mktemp -d "$cache/build.XXXXXX")
-trap 'rm -rf "$work"' EXIT
+finish() {
+    local status=$?
+    ((status == 0)) || tail -n 60 "$work"/*.log || true
+    rm -rf "$work"
+}
+trap finish EXIT
 
 # fetch PACKAGE VERSION: unpacks a source package. The configured Debian sources once more, as
 # sources of source packages, in a configuration of this script's own: the machine's stays as it is.
@@ -119,7 +124,7 @@ make_once() {
     [[ ! -e $2/complete ]] || return 0
     echo "Building $1 for Windows; this takes a while"
     rm -rf "$2"
-    ("build_$1")
+    ("build_$1") >"$work/$1.log" 2>&1
     touch "$2/complete"
 }
 make_once qt "$qt"

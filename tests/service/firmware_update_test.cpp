@@ -50,10 +50,7 @@ public:
     }
     ~Bench() { connection.shutDown(); }
 
-    QString lastActivity()
-    {
-        return Activities::global().texts().join(' ');
-    }
+    QString lastActivity() { return Activities::global().texts().join(' '); }
 
     Demo demo;
     VisaLibrary visa;

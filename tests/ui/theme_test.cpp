@@ -144,10 +144,10 @@ private slots:
     void imagesComeInTwoResolutions_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char* name :
-             {"logotip", "device",   "header", "close", "minimize",  "menu",  "Int", "Int_ru",
-              "Ext",     "Ext_ru",   "am",     "fm",    "pm",        "pulse", "Sin", "Saw_pos",
-              "Saw_neg", "triangle", "random", "dc",    "List_send", "grad"})
+        for (const char* name : {"logotip",  "device", "header", "close",     "minimize", "menu",
+                                 "Int",      "Int_ru", "Ext",    "Ext_ru",    "am",       "fm",
+                                 "pm",       "pulse",  "square", "Sin",       "Saw_pos",  "Saw_neg",
+                                 "triangle", "random", "dc",     "List_send", "grad"})
             QTest::newRow(name) << QString(name);
     }
 
