@@ -148,6 +148,8 @@ void applyTheme(QApplication& application, ThemeName theme, bool russianImages)
         loadUiResources();
         loadFonts();
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        // A steady cursor: to blink was all that the idle program did.
+        QApplication::setCursorFlashTime(0);
         application.installEventFilter(new StateWatcher(&application));
     }
     QApplication::setPalette(palette(theme));
