@@ -4,6 +4,7 @@
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/generator.h"
+#include "modulation/settling.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -14,8 +15,6 @@
 
 namespace
 {
-constexpr int settleMs = 400;
-
 const QString onCommand = QStringLiteral("LFO:STAT ON");
 const QString offCommand = QStringLiteral("LFO:STAT OFF");
 const FieldExchange::TwoStep frequencyTexts = {
@@ -65,12 +64,10 @@ void LfGeneratorCommands::wire()
 
 void LfGeneratorCommands::update_Generator()
 {
-    if (const std::optional<WaveShape> shape = m_panel.checkedShape()) {
-        const QPushButton* button = m_panel.shapeButton(*shape);
-        m_indicator.setPixmap(button->icon().pixmap(button->iconSize()));
-    } else {
+    if (const std::optional<WaveShape> shape = m_panel.checkedShape())
+        showIcon(m_indicator, m_panel.shapeButton(*shape));
+    else
         m_indicator.clear();
-    }
 }
 
 void LfGeneratorCommands::switchClicked(WaveShape shape)

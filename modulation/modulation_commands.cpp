@@ -3,8 +3,7 @@
 #include "link/activity.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
-#include "numbers/field_kind.h"
-#include "numbers/number_text.h"
+#include "modulation/settling.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -15,8 +14,6 @@
 
 namespace
 {
-constexpr int settleMs = 400;
-
 /// What tells the commands of the three from each other.
 struct ModulationRow {
     const char* levelFormat;
@@ -64,29 +61,9 @@ constexpr ShapeSuffixes shapeSuffixes[] = {
 };
 static_assert(std::size(shapeSuffixes) == modulationShapeCount);
 
-const QString pulseName = QStringLiteral("PULM");
-constexpr char periodFormat[] = "PULM:INT:PER %lf U;PER?";
-constexpr char widthFormat[] = "PULM:INT:PWID %lf U;PWID?";
-/// The resolution of the period: the least by which it exceeds the width.
-constexpr double periodResolutionUs = 0.1;
-
 const ModulationRow& rowOf(Modulation modulation)
 {
     return modulationRows[static_cast<std::size_t>(modulation)];
-}
-
-void showIcon(QLabel& indicator, const QPushButton* button)
-{
-    if (button->isChecked())
-        indicator.setPixmap(button->icon().pixmap(button->iconSize()));
-    else
-        indicator.clear();
-}
-
-template <typename T>
-QString boundedText(const QString& text, const Range<T>& range, FieldKind kind)
-{
-    return clampText(text, static_cast<double>(range.min), static_cast<double>(range.max), kind);
 }
 } // namespace
 
@@ -94,8 +71,10 @@ ModulationCommands::ModulationCommands(ScpiSession& session, const InstrumentLim
                                        Modulat& panel, const Indicators& indicators,
                                        QObject* parent)
     : QObject(parent), m_session(session), m_limits(limits), m_panel(panel),
-      m_indicators(indicators), m_exchange(session)
+      m_indicators(indicators), m_exchange(session),
+      m_pulse(session, limits, panel, indicators.pulse)
 {
+    connect(&m_pulse, &PulseCommands::switchedOn, this, &ModulationCommands::switchedOn);
     wireButtons();
     wireFields();
     showIndicators();
@@ -111,8 +90,6 @@ void ModulationCommands::wireButtons()
         {m_panel.stateButton(Modulation::Am), &Self::on_AM_clicked},
         {m_panel.stateButton(Modulation::Fm), &Self::on_FM_clicked},
         {m_panel.stateButton(Modulation::Pm), &Self::on_PM_clicked},
-        {m_panel.pulse(), &Self::on_Pulse_clicked},
-        {m_panel.pulseSource(), &Self::switchExtInt_PULM},
         {m_panel.group(Modulation::Am).source(), &Self::switchExtInt_AM_FM_PM},
         {m_panel.group(Modulation::Fm).source(), &Self::switchExtInt_AM_FM_PM},
         {m_panel.group(Modulation::Pm).source(), &Self::switchExtInt_AM_FM_PM},
@@ -147,8 +124,6 @@ void ModulationCommands::wireFields()
         {pm.rate().field, &Self::line_Phase_1_Finished},
         {pm.level().field, &Self::on_line_Phase_2_editingFinished},
         {pm.duty().field, &Self::on_percentLine_Phase_editingFinished},
-        {m_panel.pulsePeriod().field(), &Self::on_line_period_editingFinished},
-        {m_panel.pulseWidth().field(), &Self::on_line_width_editingFinished},
     };
     for (const auto& row : fields)
         connect(row.field, &QLineEdit::editingFinished, this, row.slot);
@@ -174,7 +149,7 @@ void ModulationCommands::showIndicators()
     m_indicators.amPmFm.clear();
     if (const std::optional<Modulation> modulation = checkedModulation())
         showIcon(m_indicators.amPmFm, m_panel.stateButton(*modulation));
-    showIcon(m_indicators.pulse, m_panel.pulse());
+    m_pulse.showIndicator();
 }
 
 void ModulationCommands::update_Modulation()
@@ -183,17 +158,9 @@ void ModulationCommands::update_Modulation()
     m_panel.update_AM_PM_FM();
 }
 
-/// Without an instrument nothing takes its time.
-std::unique_ptr<Activity> ModulationCommands::activity() const
-{
-    if (!m_session.isConnected())
-        return nullptr;
-    return std::make_unique<Activity>([] { return tr("Setting the modulation"); });
-}
-
 void ModulationCommands::switchClicked(Modulation modulation)
 {
-    const std::unique_ptr<Activity> going = activity();
+    const std::unique_ptr<Activity> going = settingModulation(m_session);
     const int run = ++m_switchRun;
     const int setup = ++m_setupRun;
     if (m_panel.stateButton(modulation)->isChecked()) {
@@ -254,7 +221,7 @@ void ModulationCommands::switchExtInt_AM_FM_PM()
     const std::optional<Modulation> modulation = checkedModulation();
     if (!modulation)
         return;
-    const std::unique_ptr<Activity> going = activity();
+    const std::unique_ptr<Activity> going = settingModulation(m_session);
     const int setup = ++m_setupRun;
     const ModulationGroup& group = m_panel.group(*modulation);
     if (!group.isExternal())
@@ -331,118 +298,6 @@ void ModulationCommands::sendDuty(Modulation modulation)
                             group.duty().field, m_limits.*rowOf(modulation).duty);
 }
 
-void ModulationCommands::on_Pulse_clicked()
-{
-    sendPulse();
-    if (m_panel.pulse()->isChecked())
-        emit switchedOn();
-}
-
-void ModulationCommands::switchExtInt_PULM()
-{
-    sendPulse();
-}
-
-void ModulationCommands::sendPulse()
-{
-    const int run = ++m_pulseRun;
-    const QPushButton* pulse = m_panel.pulse();
-    const QPushButton* source = m_panel.pulseSource();
-    showIcon(m_indicators.pulse, pulse);
-    if (!m_session.isConnected())
-        return;
-    const std::unique_ptr<Activity> going = activity();
-    m_session.write(pulseName + stateSuffix + (pulse->isChecked() ? onWord : offWord));
-    m_session.write(pulseName + (source->isChecked() ? externalSuffix : internalSuffix));
-    if (!pulse->isChecked() || source->isChecked())
-        return;
-    if (!pause(settleMs) || run != m_pulseRun || !pulse->isChecked() || source->isChecked())
-        return;
-    boundPulse();
-    sendPeriod();
-    sendWidth();
-}
-
-void ModulationCommands::commitPulse(bool isPeriod)
-{
-    const double periodUs = m_panel.pulsePeriodUs();
-    const double widthUs = m_panel.pulseWidthUs();
-    if (isPeriod)
-        boundPeriod();
-    else
-        boundWidth();
-    keepWidthBelowPeriod();
-    // What the one has changed of the other goes out too. The period first: the instrument
-    // may refuse a width that is longer.
-    const bool isPeriodChanged = m_panel.pulsePeriodUs() != periodUs;
-    const bool isWidthChanged = m_panel.pulseWidthUs() != widthUs;
-    if (isPeriod || isPeriodChanged)
-        sendPeriod();
-    if (!isPeriod || isWidthChanged)
-        sendWidth();
-}
-
-void ModulationCommands::boundPulse()
-{
-    boundWidth();
-    boundPeriod();
-    keepWidthBelowPeriod();
-}
-
-void ModulationCommands::boundPeriod()
-{
-    m_panel.showPulsePeriodUs(periodWithinLimits(m_panel.pulsePeriod().textUs()));
-}
-
-void ModulationCommands::boundWidth()
-{
-    m_panel.showPulseWidthUs(widthWithinLimits(m_panel.pulseWidth().textUs()));
-}
-
-/// The width is the one kept, unless no period is longer.
-void ModulationCommands::keepWidthBelowPeriod()
-{
-    const double widthUs = m_panel.pulseWidthUs();
-    if (widthUs < m_panel.pulsePeriodUs() || m_panel.pulsePeriod().textUs().isEmpty())
-        return;
-    m_panel.showPulsePeriodUs(
-        periodWithinLimits(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
-    const double periodUs = m_panel.pulsePeriodUs();
-    if (widthUs >= periodUs)
-        m_panel.showPulseWidthUs(
-            widthWithinLimits(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
-}
-
-QString ModulationCommands::periodWithinLimits(const QString& textUs) const
-{
-    return boundedText(textUs, m_limits.pulsePeriodUs, FieldKind::PulsePeriod);
-}
-
-QString ModulationCommands::widthWithinLimits(const QString& textUs) const
-{
-    return boundedText(textUs, m_limits.pulseWidthUs, FieldKind::PulseWidth);
-}
-
-void ModulationCommands::sendPeriod()
-{
-    const QString periodUs = m_panel.pulsePeriod().textUs();
-    if (!m_session.isConnected() || periodUs.isEmpty())
-        return;
-    m_panel.showPulsePeriodUs(
-        m_session.setAndReadBack(periodFormat, toNumber(periodUs), FieldKind::PulsePeriod));
-    m_session.checkErrors();
-}
-
-void ModulationCommands::sendWidth()
-{
-    const QString widthUs = m_panel.pulseWidth().textUs();
-    if (!m_session.isConnected() || widthUs.isEmpty())
-        return;
-    m_panel.showPulseWidthUs(
-        m_session.setAndReadBack(widthFormat, toNumber(widthUs), FieldKind::PulseWidth));
-    m_session.checkErrors();
-}
-
 void ModulationCommands::restore()
 {
     const std::optional<Modulation> modulation = checkedModulation();
@@ -451,17 +306,14 @@ void ModulationCommands::restore()
         return;
     if (!modulation) {
         if (isPulseOn)
-            sendPulse();
+            m_pulse.send();
         return;
     }
     if (isPulseOn)
-        m_session.write(pulseName + restoredOnSuffix);
+        m_pulse.restoreOn();
     m_session.write(m_panel.group(*modulation).name() + restoredOnSuffix);
-    if (isPulseOn && !m_panel.pulseSource()->isChecked()) {
-        boundPulse();
-        sendWidth();
-        sendPeriod();
-    }
+    if (isPulseOn)
+        m_pulse.restoreValues();
     if (!isInternalOn(*modulation))
         return;
     if (*modulation == Modulation::Pm) {
@@ -473,7 +325,7 @@ void ModulationCommands::restore()
 
 void ModulationCommands::switchEverythingOff(bool isAnimated)
 {
-    const int pulseRun = m_pulseRun;
+    const int pulseRun = m_pulse.run();
     sendPendingOff();
     if (!checkedModulation() && !m_panel.pulse()->isChecked())
         return;
@@ -489,13 +341,8 @@ void ModulationCommands::switchEverythingOff(bool isAnimated)
         if (run != m_switchRun)
             return;
     }
-    QPushButton* pulse = m_panel.pulse();
-    if (pulse->isChecked() && pulseRun == m_pulseRun) {
-        if (m_session.isConnected())
-            m_session.write(pulseName + stateSuffix + offWord);
-        pulse->setChecked(false);
-        m_indicators.pulse.clear();
-    }
+    if (m_panel.pulse()->isChecked() && pulseRun == m_pulse.run())
+        m_pulse.switchOff();
     for (const Modulation modulation : modulations)
         m_panel.collapse(modulation, isAnimated);
     for (const Modulation modulation : modulations) {

@@ -2,19 +2,20 @@
 
 #include "modulation/field_exchange.h"
 #include "modulation/modulat.h"
+#include "modulation/pulse_commands.h"
 
 #include <QObject>
 
 #include <array>
 
 class QLabel;
-class Activity;
 class ScpiSession;
 
-/// AM, FM, PM and pulse modulation at work: the modulation panel's choices and values go to the
-/// instrument, and what it answers goes back into the fields. Shows on two indicators what is on.
-/// Owns no widget. In the 400 ms pauses of its sequences anything may be clicked: the newest click
-/// wins, and panel, indicators and instrument agree when all is over.
+/// AM, FM and PM at work: the modulation panel's choices and values go to the instrument, and what
+/// it answers goes back into the fields. Owns the pulse modulation's commands, for all four are
+/// restored and switched off together. Shows on two indicators what is on. Owns no widget. In the
+/// 400 ms pauses of its sequences anything may be clicked: the newest click wins, and panel,
+/// indicators and instrument agree when all is over.
 class ModulationCommands : public QObject
 {
     Q_OBJECT
@@ -41,8 +42,6 @@ public slots:
     void on_FM_clicked() { switchClicked(Modulation::Fm); }
     void on_PM_clicked() { switchClicked(Modulation::Pm); }
     void switchExtInt_AM_FM_PM();
-    void on_Pulse_clicked();
-    void switchExtInt_PULM();
     /// Sends a shape just clicked and the rate that goes with it.
     void sendClickedShape(Modulation modulation, WaveShape shape);
 
@@ -55,8 +54,6 @@ public slots:
     void on_percentLine_Ampl_editingFinished() { sendDuty(Modulation::Am); }
     void on_percentLine_FREQ_editingFinished() { sendDuty(Modulation::Fm); }
     void on_percentLine_Phase_editingFinished() { sendDuty(Modulation::Pm); }
-    void on_line_period_editingFinished() { commitPulse(true); }
-    void on_line_width_editingFinished() { commitPulse(false); }
 
     /// Brings indicators and groups into line with the panel's buttons.
     void update_Modulation();
@@ -75,37 +72,25 @@ private:
     void switchClicked(Modulation modulation);
     bool switch_ImageText_commandExtInt(Modulation modulation, int run);
     void sendPendingOff();
-    std::unique_ptr<Activity> activity() const;
     void pauseAndSetUp(Modulation modulation, int setup);
     void setUpInternalSource(Modulation modulation);
     void sendValues(Modulation modulation);
-    void sendPulse();
 
     void sendShape(Modulation modulation, WaveShape shape);
     void sendRate(Modulation modulation);
     void sendLevel(Modulation modulation);
     void sendDuty(Modulation modulation);
-    /// Period or width has been typed.
-    void commitPulse(bool isPeriod);
-    void boundPulse();
-    void boundPeriod();
-    void boundWidth();
-    void keepWidthBelowPeriod();
-    QString periodWithinLimits(const QString& textUs) const;
-    QString widthWithinLimits(const QString& textUs) const;
-    void sendPeriod();
-    void sendWidth();
 
     ScpiSession& m_session;
     const InstrumentLimits& m_limits;
     Modulat& m_panel;
     Indicators m_indicators;
     FieldExchange m_exchange;
+    PulseCommands m_pulse;
 
     // Each kind of sequence numbers its starts, so that one that has paused knows of a newer one.
     int m_switchRun = 0;
     int m_setupRun = 0;
-    int m_pulseRun = 0;
     /// Unchecked, but not yet switched off at the instrument.
     std::array<bool, modulations.size()> m_isOffPending{};
 };

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
@@ -82,6 +83,14 @@ QPushButton* newSourceSwitch(const QString& objectName, QWidget* parent)
     button->setIconSize(sourcePictureSize);
     button->setFixedWidth(sourceWidth);
     return button;
+}
+
+void showIcon(QLabel& indicator, const QPushButton* button)
+{
+    if (button->isChecked())
+        indicator.setPixmap(button->icon().pixmap(button->iconSize()));
+    else
+        indicator.clear();
 }
 
 QString summaryText(const QStringList& values)

@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QGridLayout;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QWidget;
@@ -47,6 +48,9 @@ QPushButton* newShapeButton(WaveShape shape, const QString& objectName, QWidget*
 
 /// A source switch: checked is external. Its picture is the style sheet's.
 QPushButton* newSourceSwitch(const QString& objectName, QWidget* parent);
+
+/// Shows a checked button's icon on an indicator, which is empty else.
+void showIcon(QLabel& indicator, const QPushButton* button);
 
 /// The settings of a group in one short line.
 QString summaryText(const QStringList& values);
