@@ -18,15 +18,7 @@ stop_program() {
 trap 'stop_program; wineserver -k 2>/dev/null || true; rm -rf "$work"' EXIT
 fail() { echo "$*" >&2; exit 1; }
 
-# wait_for CONDITION...: up to a minute.
-wait_for() {
-    local tenths
-    for ((tenths = 0; tenths < 600; ++tenths)); do
-        if "$@"; then return 0; fi
-        sleep 0.1
-    done
-    return 1
-}
+source "$(dirname "$0")/../../tests/windows/wait_for.sh"
 
 # starts FOLDER: the program there connects to the simulated instrument, which gives the window its
 # title, and draws its window.

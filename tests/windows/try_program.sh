@@ -17,15 +17,7 @@ fail() {
     exit 1
 }
 
-# wait_for CONDITION...: up to a minute.
-wait_for() {
-    local tenths
-    for ((tenths = 0; tenths < 600; ++tenths)); do
-        if "$@"; then return 0; fi
-        sleep 0.1
-    done
-    return 1
-}
+source "$(dirname "$0")/wait_for.sh"
 has_title() { xdotool search --name "$1" >"$work/window" 2>&1; }
 has_sent() { grep -qF -- "<- $1" "$work/first.trace"; }
 is_over() { ! kill -0 "$1" 2>/dev/null; }
