@@ -23,7 +23,9 @@ for option in "$@"; do
         --windows)
             packages+=(
                 g++-mingw-w64-x86-64-posix dpkg-dev make perl python3 fp-utils wine64 wine
-                icoutils nsis xdotool
+                icoutils nsis xauth xdotool
+                libgl1 libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2
+                libxrender1 libxxf86vm1
             ) ;;
         --package) packages+=(dpkg-dev file) ;;
         *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows] [--package]" >&2; exit 2 ;;
