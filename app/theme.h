@@ -19,7 +19,7 @@ QColor themeColour(ThemeName theme, const QString& name);
 QString styleSheet(ThemeName theme, bool russianImages);
 
 /// Gives the whole program its font, palette and style sheet, and keeps widgets in step with the
-/// dynamic properties that the sheet looks at ("connected", "lit", "edited", "warning"): setting
-/// such a property is all that an owner has to do. To be called before windows are made; a later
-/// call changes theme or language.
+/// dynamic properties that the sheet looks at ("connected", "lit", "edited", "warning",
+/// "unlocked"): setting such a property is all that an owner has to do. To be called before windows
+/// are made; a later call changes theme or language.
 void applyTheme(QApplication& application, ThemeName theme, bool russianImages);
