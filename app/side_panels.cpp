@@ -132,7 +132,10 @@ void SidePanels::animate(QWidget* panel, const QPoint& target, const QSize& draw
 {
     auto* group = new QParallelAnimationGroup(this);
     group->addAnimation(slide(panel, "pos", target, in));
-    group->addAnimation(slide(m_drawer, "minimumSize", drawerSize, in));
+    QPropertyAnimation* drawer = slide(m_drawer, "minimumSize", drawerSize, in);
+    // The window follows within the same step: what stands beside the drawer is never squeezed.
+    connect(drawer, &QVariantAnimation::valueChanged, this, &SidePanels::growWindow);
+    group->addAnimation(drawer);
     const QPoint windowPos = windowTarget(drawerSize);
     if (windowPos != m_window->pos())
         group->addAnimation(slide(m_window, "pos", windowPos, in));
@@ -140,6 +143,16 @@ void SidePanels::animate(QWidget* panel, const QPoint& target, const QSize& draw
     connect(group, &QAbstractAnimation::finished, this, finished);
     m_running = group;
     group->start();
+}
+
+void SidePanels::growWindow()
+{
+    for (QWidget* widget = m_drawer->parentWidget(); widget; widget = widget->parentWidget()) {
+        if (widget->layout())
+            widget->layout()->activate();
+        if (widget == m_window)
+            return;
+    }
 }
 
 /// Where the window has to stand so that it stays on the screen at its coming size, and back home

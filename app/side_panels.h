@@ -57,6 +57,7 @@ private:
     };
 
     void change(QWidget* next);
+    void growWindow();
     void slideIn(QWidget* panel);
     void slideOut(QWidget* panel, QWidget* next);
     void animate(QWidget* panel, const QPoint& target, const QSize& drawerSize, bool in,
