@@ -1,7 +1,6 @@
 #include "link/gui_list_klv.h"
 
 #include <QCloseEvent>
-#include <QFontInfo>
 #include <QGridLayout>
 #include <QIcon>
 #include <QPixmap>
@@ -12,7 +11,6 @@ namespace
 {
 constexpr int gapToWindow = 16;
 constexpr int mostHeight = 480;
-constexpr int extraPixels = 4;
 constexpr int contentMargin = 16;
 constexpr int contentSpacing = 8;
 } // namespace
@@ -56,9 +54,6 @@ void GuiListKLV::createButton(const QString& objectName, const QString& name)
     button->setCheckable(false);
     button->setAutoDefault(false);
     button->setIconSize(picture.size() / picture.devicePixelRatio());
-    QFont font = button->font();
-    font.setPixelSize(QFontInfo(font).pixelSize() + extraPixels);
-    button->setFont(font);
     button->setObjectName(objectName);
     button->setAccessibleName(name.simplified());
     button->setToolTip(objectName);

@@ -287,6 +287,7 @@ void ConnectTest::userChoosesAmongSeveral()
     for (const QPushButton* button : buttons)
         captions << button->text();
     QCOMPARE(captions, QStringList({"KLV-6G\n1111", "KLV-20G\n2222"}));
+    QVERIFY(buttons.at(0)->font().pixelSize() > rig.get("status").font().pixelSize());
     m_demo->takeTranscript();
     QTest::mouseClick(buttons.at(1), Qt::LeftButton);
     QVERIFY(rig.isConnected());
