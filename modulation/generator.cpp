@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -87,6 +88,9 @@ QGridLayout* generator::buildShapes()
     for (int i = 0; i < shapeCount; ++i) {
         const ShapeButton& row = shapeRows[static_cast<std::size_t>(i)];
         QPushButton* button = newShapeButton(row.shape, QLatin1String(row.name), this);
+        // The LF output's rectangle is drawn as the pulses are.
+        if (row.shape == WaveShape::Square)
+            button->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
         if (row.shape != WaveShape::Dc)
             grid->addWidget(button, i / shapeColumns, i % shapeColumns);
         grid->setColumnStretch(i % shapeColumns, 1);
