@@ -64,7 +64,7 @@ void TriggerCommands::setUpExternal(const QString& slopeCommand)
     if (!m_session.isConnected())
         return;
     m_session.write(slopeCommand);
-    m_session.write(m_panel.isAllPoints() ? allPointsCommand : onePointCommand);
+    m_session.write(advanceCommand(!m_panel.isAllPoints()));
     m_session.writeChecked(externalCommand);
 }
 
@@ -110,7 +110,15 @@ void TriggerCommands::dowloadPointList(int number)
 void TriggerCommands::slotModeIntFront(bool isManual)
 {
     if (isRunConnected())
-        m_session.writeChecked(isManual ? onePointCommand : allPointsCommand);
+        m_session.writeChecked(advanceCommand(isManual));
+}
+
+/// How the points advance. Running through all of them ends what manual stepping has prepared.
+QString TriggerCommands::advanceCommand(bool isManual)
+{
+    if (!isManual)
+        m_isManualPrepared = false;
+    return isManual ? onePointCommand : allPointsCommand;
 }
 
 /// Another trigger was chosen: a run that goes on follows at once, one that still loads its table

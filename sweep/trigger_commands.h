@@ -52,6 +52,7 @@ private:
     void pointChosen(int number);
     void setUpExternal(const QString& slopeCommand);
     void prepareManual();
+    QString advanceCommand(bool isManual);
 
     ScpiSession& m_session;
     List& m_panel;

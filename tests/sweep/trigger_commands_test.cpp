@@ -187,6 +187,9 @@ void TriggerCommandsTest::choicesInARun_data()
     QTest::newRow("step, edge, step")
         << "right_select int_select right_select"
         << manual + QStringList("STEP") + external("POS", "MAN") + manual + QStringList("STEP");
+    QTest::newRow("step, all points, step")
+        << "right_select modeFront right_select"
+        << manual + QStringList{"STEP", "LIST:MODE AUTO!"} + manual + QStringList("STEP");
     QTest::newRow("one edge, the other")
         << "int_select ext_select" << external("POS", "MAN") + external("NEG", "MAN");
     QTest::newRow("repeating") << "trigMode trigMode"
