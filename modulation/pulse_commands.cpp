@@ -29,6 +29,11 @@ QString boundedText(const QString& text, const Range<qint32>& range, FieldKind k
 {
     return clampText(text, range.min, range.max, kind);
 }
+
+double acceptedUs(const PulseTime& time)
+{
+    return toNumber(time.acceptedTextUs());
+}
 } // namespace
 
 PulseCommands::PulseCommands(ScpiSession& session, const InstrumentLimits& limits, Modulat& panel,
@@ -106,8 +111,8 @@ void PulseCommands::restoreValues()
 
 void PulseCommands::commit(bool isPeriod)
 {
-    const double periodUs = m_panel.pulsePeriodUs();
-    const double widthUs = m_panel.pulseWidthUs();
+    const double periodUs = acceptedUs(m_panel.pulsePeriod());
+    const double widthUs = acceptedUs(m_panel.pulseWidth());
     if (isPeriod)
         boundPeriod();
     else
@@ -115,12 +120,15 @@ void PulseCommands::commit(bool isPeriod)
     keepWidthBelowPeriod();
     // What the one has changed of the other goes out too. The period first: the instrument
     // may refuse a width that is longer.
-    const bool isPeriodChanged = m_panel.pulsePeriodUs() != periodUs;
-    const bool isWidthChanged = m_panel.pulseWidthUs() != widthUs;
+    const bool isPeriodChanged = acceptedUs(m_panel.pulsePeriod()) != periodUs;
+    const bool isWidthChanged = acceptedUs(m_panel.pulseWidth()) != widthUs;
     if (isPeriod || isPeriodChanged)
         sendPeriod();
     if (!isPeriod || isWidthChanged)
         sendWidth();
+    // The instrument has its own resolution: its answers may have met.
+    if (m_session.isConnected() && keepWidthBelowPeriod())
+        sendPeriod();
 }
 
 void PulseCommands::bound()
@@ -140,18 +148,21 @@ void PulseCommands::boundWidth()
     m_panel.showPulseWidthUs(widthWithinLimits(m_panel.pulseWidth().textUs()));
 }
 
-/// The width is the one kept, unless no period is longer.
-void PulseCommands::keepWidthBelowPeriod()
+/// The width is the one kept, unless no period is longer. What is being typed into the other field
+/// does not count. True if the period has changed.
+bool PulseCommands::keepWidthBelowPeriod()
 {
-    const double widthUs = m_panel.pulseWidthUs();
-    if (widthUs < m_panel.pulsePeriodUs() || m_panel.pulsePeriod().textUs().isEmpty())
-        return;
+    const double widthUs = acceptedUs(m_panel.pulseWidth());
+    const double presentUs = acceptedUs(m_panel.pulsePeriod());
+    if (widthUs < presentUs || m_panel.pulsePeriod().acceptedTextUs().isEmpty())
+        return false;
     m_panel.showPulsePeriodUs(
         periodWithinLimits(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
-    const double periodUs = m_panel.pulsePeriodUs();
+    const double periodUs = acceptedUs(m_panel.pulsePeriod());
     if (widthUs >= periodUs)
         m_panel.showPulseWidthUs(
             widthWithinLimits(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
+    return periodUs != presentUs;
 }
 
 QString PulseCommands::periodWithinLimits(const QString& textUs) const

@@ -48,7 +48,7 @@ private:
     void bound();
     void boundPeriod();
     void boundWidth();
-    void keepWidthBelowPeriod();
+    bool keepWidthBelowPeriod();
     QString periodWithinLimits(const QString& textUs) const;
     QString widthWithinLimits(const QString& textUs) const;
     void sendPeriod();

@@ -31,8 +31,18 @@ PulseTime::PulseTime(QLineEdit* field, QAbstractButton* unitButton, FieldKind ki
 
 QString PulseTime::textUs() const
 {
+    return inMicroseconds(m_field->text());
+}
+
+QString PulseTime::acceptedTextUs() const
+{
+    return inMicroseconds(acceptedText(m_field));
+}
+
+QString PulseTime::inMicroseconds(const QString& text) const
+{
     const int power = unitPower(m_field);
-    const QString number = convertUnitKeys(m_field->text(), unitFamily(m_kind), power);
+    const QString number = convertUnitKeys(text, unitFamily(m_kind), power);
     if (number.isEmpty())
         return QString();
     return clampText(isPlainDecimal(number) ? shiftedDecimal(number, power) : number, 0.0, 0.0,

@@ -22,6 +22,8 @@ public:
     double microseconds() const;
     /// The field's text in microseconds, as its kind is shown; empty for an empty field.
     QString textUs() const;
+    /// What was last accepted, whatever is being typed, in the same form.
+    QString acceptedTextUs() const;
     /// Shows what the instrument answered or what has been accepted, in microseconds as its kind is
     /// shown. Announces nothing.
     void showAcceptedUs(const QString& textUs);
@@ -35,6 +37,7 @@ public:
 private:
     void setUnitOf(int power);
     QString shownText(const QString& textUs) const;
+    QString inMicroseconds(const QString& text) const;
 
     QLineEdit* m_field;
     QAbstractButton* m_unitButton;

@@ -1,3 +1,4 @@
+#include "panel/unit_key_filter.h"
 #include "tests/modulation/modulation_rig.h"
 
 #include <memory>
@@ -60,6 +61,7 @@ private slots:
     void widthStaysBelowThePeriod_data();
     void widthStaysBelowThePeriod();
     void pulseValuesGoOutAlone();
+    void pulseValuesAsAnswered();
     void periodAtItsLimitLowersTheWidth();
     void restores_data();
     void restores();
@@ -275,17 +277,30 @@ void ModulationCommandsTest::pulseValuesGoOutAlone()
     QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
 }
 
+/// Compared is what the instrument has answered, not what is being typed.
+void ModulationCommandsTest::pulseValuesAsAnswered()
+{
+    m_rig->get<QLineEdit>("line_width")->setText("900");
+    m_rig->enter("line_period", "500");
+    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
+    QCOMPARE(m_rig->text("line_width"), QString("900"));
+    m_rig->demo("reply PWID? -> 500");
+    m_rig->enter("line_width", "499.95");
+    QCOMPARE(m_rig->sent(),
+             QStringList({"PULM:INT:PWID 499.950000 U;PWID?!", "PULM:INT:PER 500.100000 U;PER?!"}));
+}
+
 /// A width from before the connection, which no limits bound.
 void ModulationCommandsTest::periodAtItsLimitLowersTheWidth()
 {
     m_rig->limits.pulsePeriodUs.max = 5000;
     m_rig->limits.pulseWidthUs.max = 5000;
-    m_rig->get<QLineEdit>("line_width")->setText("5 000");
+    showAccepted(m_rig->get<QLineEdit>("line_width"), "5 000");
     m_rig->enter("line_period", "100");
     QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
                                          "PULM:INT:PWID 4999.900000 U;PWID?!"}));
     checkInstrumentHoldsPulse();
-    m_rig->get<QLineEdit>("line_width")->setText("5 000");
+    showAccepted(m_rig->get<QLineEdit>("line_width"), "5 000");
     m_rig->click("Pulse");
     QCOMPARE(m_rig->sent().mid(2), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
                                                 "PULM:INT:PWID 4999.900000 U;PWID?!"}));
