@@ -4,6 +4,7 @@
 #include "link/busy_cursor.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
+#include "numbers/field_kind.h"
 #include "numbers/number_text.h"
 #include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
@@ -44,24 +45,33 @@ void ServiceCommands::initial_service()
 {
     if (m_isBusy)
         return;
-    readTable();
-    readDac();
-    readTemperature();
+    const QStringList failures = {readTable(), queryDac(), queryTemperature()};
+    report(failures);
 }
 
-void ServiceCommands::readTable()
+/// Shows what could not be read, all of it at once: the status line has one place.
+void ServiceCommands::report(QStringList failures)
+{
+    failures.removeAll(QString());
+    if (!failures.isEmpty())
+        emit statusMessage(failures.join(QStringLiteral("; ")));
+}
+
+// These say what failed; nothing when it did not, or while disconnected.
+
+QString ServiceCommands::readTable()
 {
     if (!m_session.isConnected())
-        return;
+        return QString();
     m_isBusy = true;
     const Activity activity([] { return tr("Reading the calibration table"); });
     m_panel.setState(service::State::Loading);
     // The label is painted before the wire blocks.
     QCoreApplication::processEvents();
-    if (m_session.isConnected() && !queryTable())
-        emit statusMessage(tr("error get calibrate"));
+    const bool isRead = !m_session.isConnected() || queryTable();
     m_panel.setState(service::State::Ready);
     m_isBusy = false;
+    return isRead ? QString() : tr("error get calibrate");
 }
 
 /// False when the instrument does not tell its table; what was shown then stays.
@@ -152,24 +162,37 @@ bool ServiceCommands::pauseWhileWriting() const
 
 void ServiceCommands::readDac()
 {
+    report({queryDac()});
+}
+
+QString ServiceCommands::queryDac()
+{
     if (!m_session.isConnected())
-        return;
+        return QString();
     const QString reply = m_session.query(dacQuery);
-    if (m_session.lastFailed())
-        emit statusMessage(tr("error getting dac"));
-    else
-        m_panel.showDac(withoutBlanks(reply));
+    bool isNumber = false;
+    withoutBlanks(reply).toDouble(&isNumber);
+    if (m_session.lastFailed() || !isNumber)
+        return tr("error getting dac");
+    // As a whole number: the field takes no sign that a reply may bear.
+    m_panel.showDac(displayText(reply, FieldKind::DacValue));
+    return QString();
 }
 
 void ServiceCommands::readTemperature()
 {
+    report({queryTemperature()});
+}
+
+QString ServiceCommands::queryTemperature()
+{
     if (!m_session.isConnected())
-        return;
+        return QString();
     const QString reply = m_session.read(temperatureQuery);
     if (m_session.lastFailed())
-        emit statusMessage(tr("error getting temperature"));
-    else
-        m_panel.showTemperature(toNumber(reply));
+        return tr("error getting temperature");
+    m_panel.showTemperature(toNumber(reply));
+    return QString();
 }
 
 void ServiceCommands::sendCommandRefOsc()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
 
 class ScpiSession;
 class service;
@@ -32,7 +33,10 @@ signals:
     void statusMessage(const QString& message);
 
 private:
-    void readTable();
+    QString readTable();
+    QString queryDac();
+    QString queryTemperature();
+    void report(QStringList failures);
     bool queryTable();
     bool writeTable();
     bool pauseWhileWriting() const;

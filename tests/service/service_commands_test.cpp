@@ -198,8 +198,12 @@ void ServiceCommandsTest::failedQueriesLeaveWhatWasShown_data()
     QTest::newRow("points") << "MEM:TABLE:POINt:ALL? ->" << table << 2;
     QTest::newRow("DAC") << "MEM:DAC? ->"
                          << "error getting dac" << 2;
+    QTest::newRow("no number for the DAC") << "MEM:DAC? -> none"
+                                           << "error getting dac" << 2;
     QTest::newRow("temperature") << "TEMP? ->"
                                  << "error getting temperature" << 2;
+    QTest::newRow("all") << "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->"
+                         << table + "; error getting dac; error getting temperature" << 1;
 }
 
 void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
@@ -211,7 +215,8 @@ void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
     bench.open();
     const QString cells = bench.cells();
     const QString dac = bench.panel.referenceDac().text();
-    bench.demo("reply " + reply);
+    for (const QString& one : reply.split('\n'))
+        bench.demo("reply " + one);
     bench.commands.initial_service();
     QCOMPARE(bench.messages(), message);
     QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
