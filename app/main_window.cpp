@@ -115,11 +115,8 @@ void MainWindow::start()
 
 void MainWindow::connectAtStart()
 {
-    const DriverCheck driver = m_demo ? DriverCheck{true, QString()} : checkDriver();
-    if (driver.mayConnect)
+    if (m_demo || checkDriver())
         m_ui->connect->click();
-    else
-        m_status->showFailure([message = driver.message] { return message; });
 }
 
 void MainWindow::loadSettings()

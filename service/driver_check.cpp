@@ -47,12 +47,12 @@ bool needsInstalling(const QByteArray& statusOutput)
     return statusOutput.contains("problem") && !statusOutput.contains("running");
 }
 
-DriverCheck checkDriver(DriverSystem& system, const QString& applicationFolder)
+bool checkDriver(DriverSystem& system, const QString& applicationFolder)
 {
     const QString folder = driversFolder(applicationFolder);
     const QString tool = driverTool(system.is64Bit());
     if (system.hasUsbTmcService() && !needsInstalling(system.run(statusCommand(folder, tool))))
-        return {true, QString()};
+        return true;
     system.run(installCommand(folder, tool));
-    return {false, QString()};
+    return false;
 }

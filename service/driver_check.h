@@ -6,14 +6,9 @@
 // Whether the instrument's USB driver is in order, looked at when the program starts. What is
 // decided and which commands are run is the same everywhere; how it is found out is the platform's.
 
-struct DriverCheck {
-    bool mayConnect;
-    QString message; ///< for the status line; empty when there is nothing to say
-};
-
 /// Checks this computer and installs the driver where that is needed and possible. Blocks while
-/// the system's tools run.
-DriverCheck checkDriver();
+/// the system's tools run. False after an installation: the user connects by hand then.
+bool checkDriver();
 
 /// A program with the rest of its command line, which begins with a blank.
 struct DriverCommand {
@@ -40,5 +35,5 @@ public:
     virtual QByteArray run(const DriverCommand& command) = 0;
 };
 
-/// The check by the device-console tool. After an installation the user connects by hand.
-DriverCheck checkDriver(DriverSystem& system, const QString& applicationFolder);
+/// The check by the device-console tool.
+bool checkDriver(DriverSystem& system, const QString& applicationFolder);

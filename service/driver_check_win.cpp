@@ -59,7 +59,7 @@ std::unique_ptr<DriverSystem> windowsSystem()
     return std::make_unique<WindowsSystem>();
 }
 
-DriverCheck checkDriver()
+bool checkDriver()
 {
     return checkDriver(*windowsSystem(), QCoreApplication::applicationDirPath());
 }

@@ -71,7 +71,7 @@ void DriverCheckTest::installsOnlyABrokenDriver()
     FakeSystem system;
     system.hasService = hasService;
     system.answer = answer;
-    QCOMPARE(checkDriver(system, QStringLiteral("C:/KLV")).mayConnect, mayConnect);
+    QCOMPARE(checkDriver(system, QStringLiteral("C:/KLV")), mayConnect);
     QCOMPARE(system.commands, commands);
 }
 
