@@ -78,6 +78,7 @@ openSave_XML_FILE::Owner PanelProfiles::owner()
     // Without an instrument nothing takes its time.
     owner.pause = [this](int ms) { return !m_parts.session.isConnected() || pause(ms); };
     owner.refusal = [this] { return refusal(); };
+    owner.fieldText = [this](const QLineEdit& field) { return fieldText(field); };
     owner.settle = [this] { settle(); };
     owner.refresh = m_parts.refreshIndicators;
     owner.setBusy = [this](bool isBusy) { setBusy(isBusy); };
@@ -94,12 +95,26 @@ QString PanelProfiles::refusal() const
     return QString();
 }
 
+/// What a file holds of a field: not what is half typed, which is no setting and may be no number
+/// that could come back.
+QString PanelProfiles::fieldText(const QLineEdit& field) const
+{
+    for (const PulseTime* time :
+         {&m_parts.modulation.pulsePeriod(), &m_parts.modulation.pulseWidth()}) {
+        if (time->field() == &field)
+            return isEdited(field) ? time->acceptedTextUs() : time->textUs();
+    }
+    // The entry is open only while a frequency is being typed.
+    if (&field == &m_parts.referenceEntry)
+        return m_parts.cw.externalReferenceMHz();
+    return isEdited(field) ? acceptedText(&field) : field.text();
+}
+
 /// Brings the fields into the form in which files hold them.
 void PanelProfiles::settle()
 {
     const ProfileStore& store = m_files->store();
     for (const QWidget* panel : store.panels()) {
-        // What is half typed is no setting, and may be no number that could come back.
         for (QLineEdit* field : store.controls<QLineEdit>(*panel)) {
             if (isEdited(*field))
                 showAccepted(field, acceptedText(field));

@@ -64,6 +64,7 @@ private:
 
     openSave_XML_FILE::Owner owner();
     QString refusal() const;
+    QString fieldText(const QLineEdit& field) const;
     void settle();
     void setBusy(bool isBusy);
     void registerPanels();

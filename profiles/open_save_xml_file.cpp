@@ -2,7 +2,6 @@
 
 #include "profiles/profile_dialogs.h"
 #include "profiles/profile_folder.h"
-#include "profiles/profile_writer.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,8 +27,7 @@ bool openSave_XML_FILE::hasQuickProfile(const QString& name) const
 
 bool openSave_XML_FILE::save(const QString& path, const QString& name)
 {
-    m_owner.settle();
-    return write(path, profileDocument(m_store, name));
+    return write(path, profileDocument(m_store, name, m_owner.fieldText));
 }
 
 bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
@@ -98,10 +96,9 @@ QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& path) co
 
 bool openSave_XML_FILE::saveLast()
 {
-    m_owner.settle();
     QDir().mkpath(m_folder);
     const QString path = lastProfilePath(m_folder);
-    return writeWhole(path, profileDocument(m_store, nameInPath(path)));
+    return writeWhole(path, profileDocument(m_store, nameInPath(path), m_owner.fieldText));
 }
 
 void openSave_XML_FILE::applyAtStart(const QString& path)

@@ -2,6 +2,7 @@
 
 #include "profiles/profile_replay.h"
 #include "profiles/profile_store.h"
+#include "profiles/profile_writer.h"
 
 #include <QObject>
 
@@ -20,7 +21,9 @@ public:
         ProfileReplay::Pause pause;
         /// Why nothing may be applied just now, for the user to read; empty if it may.
         std::function<QString()> refusal;
-        /// Brings the fields into the form in which files hold them, before any is read or set.
+        /// What a file holds of a field. Saving changes none.
+        FieldText fieldText;
+        /// Brings the fields into the form in which files hold them, before a replay.
         std::function<void()> settle;
         /// Brings what is derived from the controls into line with them, after a replay.
         std::function<void()> refresh;

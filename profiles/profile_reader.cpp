@@ -4,7 +4,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
 #include <QTextCodec>
 #include <QXmlStreamReader>
 
@@ -83,24 +82,12 @@ private:
             m_file.name = text.simplified();
         if ((!m_panel && !m_isVariables) || text.size() > longestText)
             return;
-        // A button may bear the name of a field.
-        const QString key = QString::number(reinterpret_cast<quintptr>(m_panel)) +
-                            QLatin1Char('/') + name + QLatin1Char(isState(text) ? '!' : '/');
-        if (m_keys.contains(key))
-            return;
-        m_keys.insert(key);
         m_file.entries.push_back({m_isVariables, m_panel, name, text});
-    }
-
-    static bool isState(const QString& text)
-    {
-        return text == QLatin1String("ON") || text == QLatin1String("OFF");
     }
 
     QXmlStreamReader m_xml;
     const ProfileStore& m_store;
     ProfileFile m_file;
-    QSet<QString> m_keys;
     QWidget* m_panel = nullptr;
     bool m_isVariables = false;
     bool m_isProfile = false;

@@ -30,17 +30,17 @@ QString xmlText(const QString& text)
     return kept;
 }
 
-QString textOf(const QAbstractButton& button)
+QString textOf(const QAbstractButton& button, const FieldText& /*fieldText*/)
 {
     return button.isChecked() ? QStringLiteral("ON") : QStringLiteral("OFF");
 }
 
-QString textOf(const QLineEdit& field)
+QString textOf(const QLineEdit& field, const FieldText& fieldText)
 {
-    return field.text() + QStringLiteral(" 0");
+    return fieldText(field) + QStringLiteral(" 0");
 }
 
-QString textOf(const QComboBox& box)
+QString textOf(const QComboBox& box, const FieldText& /*fieldText*/)
 {
     return box.currentText() + QStringLiteral(" 1");
 }
@@ -70,14 +70,15 @@ void append(QDomDocument& document, QDomElement& parent, const QString& name, co
 
 template <typename Control>
 void appendControls(QDomDocument& document, QDomElement& element, const ProfileStore& store,
-                    const QWidget& panel)
+                    const QWidget& panel, const FieldText& fieldText)
 {
     for (const Control* control : store.controls<Control>(panel))
-        append(document, element, control->objectName(), textOf(*control));
+        append(document, element, control->objectName(), textOf(*control, fieldText));
 }
 } // namespace
 
-QByteArray profileDocument(const ProfileStore& store, const QString& profileName)
+QByteArray profileDocument(const ProfileStore& store, const QString& profileName,
+                           const FieldText& fieldText)
 {
     QDomDocument document(store.documentName());
     QDomElement root = document.createElement(store.documentName());
@@ -85,9 +86,9 @@ QByteArray profileDocument(const ProfileStore& store, const QString& profileName
     append(document, root, store.nameElement(), profileName);
     for (const QWidget* panel : store.panels()) {
         QDomElement element = document.createElement(panel->objectName());
-        appendControls<QAbstractButton>(document, element, store, *panel);
-        appendControls<QLineEdit>(document, element, store, *panel);
-        appendControls<QComboBox>(document, element, store, *panel);
+        appendControls<QAbstractButton>(document, element, store, *panel, fieldText);
+        appendControls<QLineEdit>(document, element, store, *panel, fieldText);
+        appendControls<QComboBox>(document, element, store, *panel, fieldText);
         root.appendChild(element);
     }
     QDomElement variables = document.createElement(ProfileStore::variablesElement());

@@ -3,13 +3,20 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 class ProfileStore;
+class QLineEdit;
+
+/// The text that a profile holds of a field: not what is half typed in it.
+using FieldText = std::function<QString(const QLineEdit& field)>;
 
 // Profile files are written as one document of one element each for the name, every panel with its
 // controls, and the variables.
 
 /// The present state of everything in the store, as the file holds it: UTF-8, indented by one.
-QByteArray profileDocument(const ProfileStore& store, const QString& profileName);
+QByteArray profileDocument(const ProfileStore& store, const QString& profileName,
+                           const FieldText& fieldText);
 
 /// The same profile under another name; empty if it is none.
 QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store,

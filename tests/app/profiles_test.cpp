@@ -31,6 +31,7 @@ private slots:
     void keepsTheStateBetweenRuns();
     void startsWithTheGivenProfile();
     void startsClean();
+    void savingChangesNothingSeen();
     void stopsARun();
     void takesNoClicksMeanwhile();
     void endsInTheMiddle_data();
@@ -424,6 +425,25 @@ void ProfilesTest::startsClean()
     start(PanelRig::defaultOptions());
     QVERIFY(m_rig->status().contains("damaged"));
     QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("1 000 000 000"));
+}
+
+/// Units and what is half typed stay; the file holds microseconds and what was accepted.
+void ProfilesTest::savingChangesNothingSeen()
+{
+    begin();
+    m_rig->enter("FREQ", "7M");
+    act("Modulat/us_per");
+    const QString period = m_rig->get<QLineEdit>("line_period").text();
+    m_rig->get<QLineEdit>("FREQ").selectAll();
+    QTest::keyClicks(&m_rig->get("FREQ"), "9");
+    QFile file(save("seen"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray bytes = file.readAll();
+    QVERIFY(bytes.contains("<FREQ>7 000 000 0</FREQ>"));
+    QVERIFY(bytes.contains("<line_period>1 000 0</line_period>"));
+    QCOMPARE(m_rig->get<QLineEdit>("FREQ").text(), QString("9"));
+    QCOMPARE(m_rig->get<QLineEdit>("line_period").text(), period);
+    QCOMPARE(m_rig->get<QPushButton>("us_per").text(), QString("ms"));
 }
 
 void ProfilesTest::stopsARun()

@@ -179,7 +179,11 @@ private:
                 inPause();
             return !isEnding;
         };
-        return {pause, [this] { return refusal; }, [this] { log << "settle"; },
+        const auto accepted = [](const QLineEdit& field) { return field.text(); };
+        return {pause,
+                [this] { return refusal; },
+                accepted,
+                [this] { log << "settle"; },
                 [this] { log << "refresh"; },
                 [this](bool isBusy) { log << (isBusy ? "busy" : "free"); }};
     }
