@@ -18,21 +18,30 @@ if [[ -n ${DISPLAY:-}${QT_QPA_PLATFORM:-} ]]; then
     exec "${program[@]}" "$@"
 fi
 
-# Qt's own VNC platform listens on every network interface and cannot be told otherwise.
+# Qt's own VNC platform listens on every network interface and cannot be told otherwise. Here screen
+# and keys are this user's alone: the viewer's way in lies in a folder that nobody else may enter,
+# and the X server lets in only who can read the cookie there.
 tools/install-deps.sh --screen
-exec {screen}< <(exec Xtigervnc -displayfd 1 -localhost -UseIPv6=0 -SecurityTypes None \
+private=$(mktemp -d -t klv-screen-XXXXXX)
+trap 'kill $(jobs -p) "${screen_pid:-}" 2>/dev/null || true; wait; rm -rf "$private"' EXIT
+export XAUTHORITY=$private/cookie
+: >"$XAUTHORITY"
+cookie=$(mcookie)
+# The server looks for the cookie only, whatever display it is noted for.
+xauth -q add :0 . "$cookie"
+exec {screen}< <(exec Xtigervnc -displayfd 1 -rfbunixpath "$private/vnc" -rfbport -1 \
+    -nolisten tcp -auth "$XAUTHORITY" -SecurityTypes None \
     -geometry 1400x900 -depth 24 -desktop "KLV panel" 2>build/release/screen.log)
 screen_pid=$!
-trap 'kill $(jobs -p) "$screen_pid" 2>/dev/null || true; wait' EXIT
 if ! read -r number <&"$screen"; then
     echo "The virtual screen did not start: see build/release/screen.log" >&2
     exit 1
 fi
-port=$((5900 + number))
+xauth -q add ":$number" . "$cookie"
 cat <<END
-No display here: the panel runs on a virtual screen, port $port of 127.0.0.1.
-  here:               vncviewer 127.0.0.1:$port
-  from elsewhere:     ssh -L $port:127.0.0.1:$port $HOSTNAME, then the same
+No display here: the panel runs on a virtual screen, which only you can see and work.
+  here:               vncviewer $private/vnc
+  from elsewhere:     ssh -L 5900:$private/vnc $HOSTNAME, then vncviewer 127.0.0.1:5900
   picture:            build/release/panel.png
 Ctrl+C ends it.
 END

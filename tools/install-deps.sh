@@ -18,7 +18,7 @@ packages=(
 for option in "$@"; do
     case "$option" in
         --dev) packages+=(clang-format clang-tidy pngquant) ;;
-        --screen) packages+=(tigervnc-standalone-server) ;;
+        --screen) packages+=(tigervnc-standalone-server xauth util-linux) ;;
         --wayland) packages+=(qtwayland5) ;;
         --windows)
             packages+=(
