@@ -1,12 +1,26 @@
 #include "service/open_document.h"
 
+#include <QDir>
 #include <QProcess>
+#include <QProcessEnvironment>
 
+namespace
+{
+const QString variable = QStringLiteral("KLV_DOCUMENT");
+} // namespace
+
+// On the command line the interpreter would drop the quotes of a path with parentheses or an &, run
+// what stands behind that, and put variables in the place of what stands between two %. A path out
+// of a variable is not looked at again, and within the quotes that are left once /S has taken the
+// outer ones it is one word.
 bool openDocument(const QString& path)
 {
-    // As one native command line: QProcess would quote the quotes of an argument once more.
     QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(variable, QDir::toNativeSeparators(path));
+    process.setProcessEnvironment(environment);
     process.setProgram(QStringLiteral("cmd"));
-    process.setNativeArguments(QStringLiteral("/C \"") + path + QLatin1Char('"'));
+    // As one native command line: QProcess would quote the quotes of an argument once more.
+    process.setNativeArguments(QStringLiteral("/D /V:OFF /S /C \"\"%%1%\"\"").arg(variable));
     return process.startDetached();
 }

@@ -30,6 +30,7 @@ private slots:
     void runsTheToolInAFolderWithBlanks_data();
     void runsTheToolInAFolderWithBlanks();
     void aMissingToolIsAWorkingDriver();
+    void documentsOpenByTheInterpreter_data();
     void documentsOpenByTheInterpreter();
 };
 
@@ -93,12 +94,23 @@ void WindowsSystemTest::aMissingToolIsAWorkingDriver()
     QVERIFY(checkDriver(*system, folder.path()));
 }
 
+void WindowsSystemTest::documentsOpenByTheInterpreter_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"two blanks here", "Programs (x86)", "this & md that",
+                             "50%, 60% and %no%", "^caret", "bang!", "a;b,c=d", "@home"})
+        QTest::newRow(name) << QString(name);
+}
+
 void WindowsSystemTest::documentsOpenByTheInterpreter()
 {
+    QFETCH(QString, name);
     // A script is the document whose opening leaves a trace.
-    QTemporaryDir folder(QDir::tempPath() + "/two blanks here XXXXXX");
+    QTemporaryDir folder(QDir::tempPath() + "/" + name + " XXXXXX");
     const QString document = folder.filePath("license text.cmd");
-    const QString trace = folder.filePath("opened.txt");
+    // In a folder of plain characters: the script has rules of its own.
+    QTemporaryDir traces;
+    const QString trace = traces.filePath("opened.txt");
     write(document, "@echo opened> \"" + QDir::toNativeSeparators(trace).toUtf8() + "\"\r\n");
     QVERIFY(openDocument(document));
     QTRY_VERIFY(QFileInfo::exists(trace));
