@@ -14,6 +14,7 @@ namespace
 {
 constexpr int lineHeight = 26;
 constexpr int undoSteps = 100;
+constexpr std::size_t undoBytes = std::size_t{64} * 1024 * 1024;
 
 Range<double> limitsOf(int column)
 {
@@ -30,6 +31,18 @@ Range<double> limitsOf(int column)
         return wide(limits.listDwellUs);
     }
 }
+
+/// At most: texts that are the same may be shared.
+std::size_t bytesOf(const PointRows& rows)
+{
+    constexpr std::size_t textHead = 32;
+    std::size_t bytes = 0;
+    for (const PointRow& row : rows) {
+        for (const QString& text : row)
+            bytes += sizeof(text) + textHead + static_cast<std::size_t>(text.size()) * 2;
+    }
+    return bytes;
+}
 } // namespace
 
 /// Rows in the place of others, and back.
@@ -40,8 +53,17 @@ public:
         : QUndoCommand(what), m_table(table), m_first(edit.first),
           m_before(table.m_points.begin() + edit.first,
                    table.m_points.begin() + edit.first + edit.count),
-          m_after(std::move(edit.rows))
+          m_after(std::move(edit.rows)), m_bytes(bytesOf(m_before) + bytesOf(m_after))
     {
+    }
+
+    std::size_t bytes() const { return m_bytes; }
+    /// It can no more be carried out.
+    void forget()
+    {
+        m_before.clear();
+        m_after.clear();
+        setObsolete(true);
     }
 
     void redo() override { m_table.apply(m_first, size(m_before), m_after); }
@@ -54,6 +76,7 @@ private:
     int m_first;
     PointRows m_before;
     PointRows m_after;
+    std::size_t m_bytes;
 };
 
 PointTable::PointTable(QWidget* parent) : QTableWidget(0, pointColumnCount, parent)
@@ -113,13 +136,38 @@ bool PointTable::change(RowsEdit edit, const QString& what)
         return false;
     takeOverRows(edit.first, edit.count);
     m_history.push(new RowsChange(*this, std::move(edit), what));
+    boundHistory();
+    if (!m_history.canUndo())
+        emit refused(tr("This change is too large to be taken back"));
     return true;
+}
+
+/// Forgets the oldest changes that would take too much memory.
+void PointTable::boundHistory()
+{
+    std::size_t bytes = 0;
+    for (int i = m_history.count() - 1; i >= 0; --i) {
+        auto* change = static_cast<RowsChange*>(const_cast<QUndoCommand*>(m_history.command(i)));
+        bytes += change->bytes();
+        if (bytes > undoBytes)
+            change->forget();
+    }
+    dropForgotten();
+}
+
+/// The stack lets a forgotten change go when it comes to it, and nothing else happens.
+void PointTable::dropForgotten()
+{
+    while (m_history.canUndo() && m_history.command(m_history.index() - 1)->isObsolete())
+        m_history.undo();
 }
 
 void PointTable::takeBack()
 {
-    if (!refuseDuringTransfer())
-        m_history.undo();
+    if (refuseDuringTransfer())
+        return;
+    m_history.undo();
+    dropForgotten();
 }
 
 void PointTable::bringBack()

@@ -30,7 +30,8 @@ public:
     const PointRows& points();
 
     /// Replaces `edit.count` rows from `edit.first` on by others, as they stand. One step of undo,
-    /// called `what`. While the table is being transferred nothing is changed: false.
+    /// called `what`; what takes more than 64 MB
+    /// cannot be taken back. While the table is being transferred nothing is changed: false.
     bool change(RowsEdit edit, const QString& what);
     void takeBack();
     void bringBack();
@@ -67,6 +68,8 @@ private:
     void fillRow(int row);
     void takeOverRows(int first, int count);
     void foreignRowsChanged();
+    void boundHistory();
+    void dropForgotten();
     bool refuseDuringTransfer();
     /// Empty where there is no such point; beyond the viewport for one that is not in view.
     QRect rectOfPoint(int number) const;

@@ -20,6 +20,7 @@ private slots:
     void returnGoesOnBelow();
     void rowCommands_data();
     void rowCommands();
+    void undoIsBoundedInMemory();
     void keysOfRows();
     void filling_data();
     void filling();
@@ -176,6 +177,29 @@ void ListTableTest::rowCommands()
         bench.press(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(bench.rows(),
              bench.rows().size() == 4 ? QStringList({"1,,", "2,,", "3,,", "4,,"}) : QStringList());
+}
+
+void ListTableTest::undoIsBoundedInMemory()
+{
+    ListBench bench;
+    const QString large(3 * 1024 * 1024, '1');
+    for (const char* frequency : {"1", "2", "3", "4", "5", "6"}) {
+        bench.table().change({0, bench.table().rowCount(), {{frequency, large, {}}}}, "set");
+        QCOMPARE(bench.table().history().canUndo(), true);
+    }
+    // Each but the first holds what was there before, too: 12 MB of text.
+    QStringList seen;
+    while (bench.table().history().canUndo()) {
+        bench.table().takeBack();
+        seen << bench.table().text(0, PointTable::Frequency);
+    }
+    QCOMPARE(seen, QStringList({"5", "4", "3", "2", "1"}));
+    bench.table().bringBack();
+    QCOMPARE(bench.table().text(0, PointTable::Frequency), QString("2"));
+    bench.said.clear();
+    bench.table().change({0, 1, {{"5", large.repeated(11), {}}}}, "set");
+    QVERIFY(!bench.table().history().canUndo());
+    QCOMPARE(bench.said, QStringList("This change is too large to be taken back"));
 }
 
 void ListTableTest::keysOfRows()
