@@ -1,8 +1,8 @@
 #include "profiles/open_save_profile.h"
 
+#include "files/file_questions.h"
 #include "panel/describe.h"
 #include "profiles/open_save_xml_file.h"
-#include "profiles/profile_dialogs.h"
 #include "profiles/profile_folder.h"
 #include "profiles/quick_profile_row.h"
 
@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <QVariant>
@@ -23,6 +24,8 @@ constexpr int spacing = 8;
 constexpr int sectionSpacing = 16;
 constexpr int rowHeight = 32;
 constexpr int leastRowsInSight = 6;
+/// More than fit on a screen; of thousands, the making of each takes its time.
+constexpr int rowsAtOnce = 50;
 /// Files that change together are looked at once.
 constexpr int changesMs = 100;
 } // namespace
@@ -100,6 +103,10 @@ void openSaveProfile::wire()
     connect(&m_profiles, &openSave_XML_FILE::sendQuickProfile, this, [this](const QString& path) {
         m_found << QuickProfile{path, m_profiles.nameOf(path)};
     });
+    connect(m_scroll->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &openSaveProfile::addRowsAhead);
+    connect(m_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+            &openSaveProfile::addRowsAhead);
     m_changes.setSingleShot(true);
     m_changes.setInterval(changesMs);
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, &m_changes,
@@ -129,6 +136,7 @@ void openSaveProfile::refresh()
 void openSaveProfile::showRows()
 {
     int focused = -1;
+    const int wanted = std::max(rowsAtOnce, m_rows.size());
     for (QuickProfileRow* row : qAsConst(m_rows)) {
         if (row->isAncestorOf(focusWidget()))
             focused = m_rows.indexOf(row);
@@ -138,11 +146,25 @@ void openSaveProfile::showRows()
         row->deleteLater();
     }
     m_rows.clear();
-    for (const QuickProfile& profile : qAsConst(m_shown))
-        addRow(profile);
+    addRows(wanted);
     m_none->setVisible(m_shown.isEmpty());
     if (focused >= 0 && !m_rows.isEmpty())
         m_rows.at(std::min(focused, m_rows.size() - 1))->apply()->setFocus();
+}
+
+void openSaveProfile::addRows(int count)
+{
+    const int end = std::min(m_rows.size() + count, m_shown.size());
+    for (int i = m_rows.size(); i < end; ++i)
+        addRow(m_shown.at(i));
+}
+
+/// Further rows come before the last one is seen.
+void openSaveProfile::addRowsAhead()
+{
+    const QScrollBar& bar = *m_scroll->verticalScrollBar();
+    if (bar.value() + bar.pageStep() >= bar.maximum())
+        addRows(rowsAtOnce);
 }
 
 void openSaveProfile::addRow(const QuickProfile& profile)
@@ -177,7 +199,8 @@ void openSaveProfile::saveNamed()
         saveAs(name);
         return;
     }
-    askBefore(window(), tr("Replace the quick profile \"%1\" by the present settings?").arg(name),
+    askBefore(window(), tr("Profiles"),
+              tr("Replace the quick profile \"%1\" by the present settings?").arg(name),
               tr("Replace"), [this, name] { saveAs(name); });
 }
 
@@ -190,8 +213,8 @@ void openSaveProfile::saveAs(const QString& name)
 
 void openSaveProfile::askToDelete(const QuickProfile& profile)
 {
-    askBefore(window(), tr("Delete the quick profile \"%1\"?").arg(profile.name), tr("Delete"),
-              [this, profile] {
+    askBefore(window(), tr("Profiles"), tr("Delete the quick profile \"%1\"?").arg(profile.name),
+              tr("Delete"), [this, profile] {
                   m_profiles.choose(profile.path);
                   m_profiles.deleteProfile();
                   refresh();

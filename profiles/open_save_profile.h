@@ -49,6 +49,8 @@ private:
     void wire();
     void watchFolder();
     void showRows();
+    void addRows(int count);
+    void addRowsAhead();
     void addRow(const QuickProfile& profile);
     void saveNamed();
     void saveAs(const QString& name);

@@ -1,11 +1,29 @@
 #include "profiles/open_save_xml_file.h"
 
-#include "profiles/profile_dialogs.h"
+#include "files/file_questions.h"
+#include "files/file_work.h"
 #include "profiles/profile_folder.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+namespace
+{
+const QString suffix = QStringLiteral(".xml");
+
+QString withSuffix(const QString& path)
+{
+    return path.endsWith(suffix, Qt::CaseInsensitive) ? path : path + suffix;
+}
+
+QString proposedName()
+{
+    const QDateTime now = QDateTime::currentDateTime();
+    return now.toString(QStringLiteral("dd.MM.yy_hh.mm.ss")) + suffix;
+}
+} // namespace
 
 openSave_XML_FILE::openSave_XML_FILE(const QString& documentName, const QString& folder,
                                      const Owner& owner, QWidget* window)
@@ -36,27 +54,50 @@ bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
         emit error(tr("File name is too long"));
         return false;
     }
-    if (!writeWhole(path, document)) {
+    const auto work = [path, document](FileProgress* progress) {
+        return writeWholeFile(path, document, progress);
+    };
+    const QString fileName = QFileInfo(path).fileName();
+    const FileFault fault = fileWork<FileOutcome>(m_window, tr("Saving %1").arg(fileName), work)
+                                .value_or(givenUp())
+                                .fault;
+    if (fault == FileFault::Cancelled)
+        emit message(tr("Not saved: %1").arg(fileName));
+    else if (fault != FileFault::None)
         emit error(tr("Error saving file"));
-        return false;
-    }
-    return true;
+    return fault == FileFault::None;
+}
+
+FileBytes openSave_XML_FILE::read(const QString& path) const
+{
+    const auto work = [path](FileProgress* progress) { return profileBytes(path, progress); };
+    const QString what = tr("Reading %1").arg(QFileInfo(path).fileName());
+    return fileWork<FileBytes>(m_window, what, work).value_or(FileBytes{givenUp(), {}});
+}
+
+/// Tells why, if nothing may be applied just now.
+bool openSave_XML_FILE::isRefused()
+{
+    if (m_replay.isRunning())
+        return true;
+    const QString refusal = m_owner.refusal();
+    if (!refusal.isEmpty())
+        emit message(refusal);
+    return !refusal.isEmpty();
 }
 
 bool openSave_XML_FILE::open(const QString& path)
 {
-    if (m_replay.isRunning())
+    if (isRefused())
         return false;
-    const QString refusal = m_owner.refusal();
-    if (!refusal.isEmpty()) {
-        emit message(refusal);
-        return false;
-    }
-    const ProfileFile file = readProfile(path, m_store);
+    const ProfileFile file = profileOf(read(path), m_store);
     if (file.fault != ProfileFault::None) {
         emit message(faultText(file.fault, path));
         return false;
     }
+    // Reading may have taken its time.
+    if (isRefused())
+        return false;
     const QString name = file.name.isEmpty() ? QFileInfo(path).completeBaseName() : file.name;
     m_owner.setBusy(true);
     const bool isComplete = replay(file, true);
@@ -86,6 +127,8 @@ QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& path) co
         return tr("The profile cannot be read, nothing applied: %1").arg(name);
     case ProfileFault::TooLarge:
         return tr("Too large for a profile, nothing applied: %1").arg(name);
+    case ProfileFault::Cancelled:
+        return tr("Reading was given up, nothing applied: %1").arg(name);
     case ProfileFault::Damaged:
         return tr("The profile is damaged, nothing applied: %1").arg(name);
     case ProfileFault::Foreign:
@@ -98,7 +141,8 @@ bool openSave_XML_FILE::saveLast()
 {
     QDir().mkpath(m_folder);
     const QString path = lastProfilePath(m_folder);
-    return writeWhole(path, profileDocument(m_store, nameInPath(path), m_owner.fieldText));
+    return writeWholeFile(path, profileDocument(m_store, nameInPath(path), m_owner.fieldText)).fault ==
+           FileFault::None;
 }
 
 void openSave_XML_FILE::applyAtStart(const QString& path)
@@ -127,13 +171,16 @@ void openSave_XML_FILE::getQuickProfiles()
 
 void openSave_XML_FILE::openProfile()
 {
-    askProfileToOpen(m_window, m_folder, [this](const QString& path) { open(path); });
+    askFileToOpen(m_window, {tr("Open file"), m_folder, tr("XML File (*.xml)")},
+                  [this](const QString& path) { open(path); });
 }
 
 void openSave_XML_FILE::saveProfile()
 {
     QDir().mkpath(m_folder);
-    askProfileToSave(m_window, m_folder, [this](const QString& path) { saveAs(path); });
+    askFileToSave(m_window,
+                  {tr("Save file"), m_folder, tr("XML File (*.xml)"), proposedName(), &withSuffix},
+                  [this](const QString& path) { saveAs(path); });
 }
 
 void openSave_XML_FILE::saveAs(const QString& path)
@@ -182,18 +229,23 @@ bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& n
         emit message(tr("There is already a profile of this name: %1").arg(plain));
         return false;
     }
-    ProfileFault fault = readProfile(path, m_store).fault;
-    const QByteArray bytes =
-        fault == ProfileFault::None ? profileBytes(path, &fault) : QByteArray();
+    const FileBytes bytes = read(path);
+    const ProfileFault fault = profileOf(bytes, m_store).fault;
     if (fault != ProfileFault::None) {
         emit message(faultText(fault, path));
         return false;
     }
-    if (!write(newPath, renamedDocument(bytes, m_store, plain)))
+    const QByteArray document = renamedDocument(bytes.bytes, m_store, plain);
+    const bool isMoved = newPath != path;
+    if (document.isEmpty() || (isMoved && !QFile::rename(path, newPath))) {
+        emit message(tr("The profile could not be renamed: %1").arg(nameOf(path)));
         return false;
-    if (!isSameFile)
-        QFile::remove(path);
-    return true;
+    }
+    if (write(newPath, document))
+        return true;
+    if (isMoved)
+        QFile::rename(newPath, path);
+    return false;
 }
 
 void openSave_XML_FILE::deleteProfile()

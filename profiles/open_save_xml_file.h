@@ -81,6 +81,8 @@ public slots:
     void deleteProfile();
 
 private:
+    bool isRefused();
+    FileBytes read(const QString& path) const;
     bool write(const QString& path, const QByteArray& document);
     bool isNameRefused(const QString& name);
     void saveAs(const QString& path);

@@ -3,7 +3,6 @@
 #include "profiles/profile_store.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QTextCodec>
 #include <QXmlStreamReader>
 
@@ -27,6 +26,20 @@ bool decode(const QByteArray& bytes, QString* text)
     *text = decoder->toUnicode(bytes);
     return !decoder->hasFailure() && !decoder->needsMoreData() &&
            !text->contains(entityDeclaration);
+}
+
+ProfileFault profileFault(FileFault fault)
+{
+    switch (fault) {
+    case FileFault::Missing:
+        return ProfileFault::Missing;
+    case FileFault::TooLarge:
+        return ProfileFault::TooLarge;
+    case FileFault::Cancelled:
+        return ProfileFault::Cancelled;
+    default:
+        return ProfileFault::Unreadable;
+    }
 }
 
 /// Takes entries from the tokens of a document, one after the other.
@@ -95,36 +108,30 @@ private:
 };
 } // namespace
 
-QByteArray profileBytes(const QString& path, ProfileFault* fault)
+FileBytes profileBytes(const QString& path, FileProgress* progress)
 {
-    const QFileInfo info(path);
-    QFile file(path);
-    *fault = ProfileFault::None;
-    if (!info.exists())
-        *fault = ProfileFault::Missing;
-    else if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        *fault = ProfileFault::Unreadable;
-    else if (file.size() > largestFile)
-        *fault = ProfileFault::TooLarge;
-    return *fault == ProfileFault::None ? file.read(largestFile) : QByteArray();
+    return readWholeFile(path, largestFile, progress);
+}
+
+ProfileFile profileOf(const FileBytes& read, const ProfileStore& store)
+{
+    if (read.fault != FileFault::None)
+        return {profileFault(read.fault), QString(), {}};
+    QString text;
+    if (!decode(read.bytes, &text))
+        return {ProfileFault::Damaged, QString(), {}};
+    return EntryCollector(text, store).collect();
 }
 
 ProfileFile readProfile(const QString& path, const ProfileStore& store)
 {
-    ProfileFile file;
-    const QByteArray bytes = profileBytes(path, &file.fault);
-    if (file.fault != ProfileFault::None)
-        return file;
-    QString text;
-    if (!decode(bytes, &text))
-        return {ProfileFault::Damaged, QString(), {}};
-    return EntryCollector(text, store).collect();
+    return profileOf(profileBytes(path), store);
 }
 
 QString readProfileName(const QString& path, const ProfileStore& store)
 {
     QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    if (openToRead(file).fault != FileFault::None)
         return QString();
     const QString text = QString::fromUtf8(file.read(nameWithinBytes));
     if (text.contains(entityDeclaration))

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "files/whole_file.h"
+
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -17,7 +18,7 @@ struct ProfileEntry {
     QString text; ///< as in the file, with its kind code
 };
 
-enum class ProfileFault { None, Missing, Unreadable, TooLarge, Damaged, Foreign };
+enum class ProfileFault { None, Missing, Unreadable, TooLarge, Cancelled, Damaged, Foreign };
 
 /// A whole, sound profile file, or why there is none.
 struct ProfileFile {
@@ -30,8 +31,9 @@ struct ProfileFile {
 /// out; of an entry that comes twice the first counts.
 ProfileFile readProfile(const QString& path, const ProfileStore& store);
 
-/// The bytes of a file that could be a profile. A fault tells why there are none.
-QByteArray profileBytes(const QString& path, ProfileFault* fault);
+/// The same in two steps: what is read need not be read beside the widgets, what it says must be.
+FileBytes profileBytes(const QString& path, FileProgress* progress = nullptr);
+ProfileFile profileOf(const FileBytes& read, const ProfileStore& store);
 
 /// Only the name that a profile file bears; empty if none can be read.
 QString readProfileName(const QString& path, const ProfileStore& store);

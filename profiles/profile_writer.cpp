@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QDomDocument>
 #include <QLineEdit>
-#include <QSaveFile>
 
 namespace
 {
@@ -102,7 +101,8 @@ QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store
                            const QString& profileName)
 {
     QDomDocument renamed;
-    if (!renamed.setContent(document))
+    // As the reader takes it: in UTF-8, whatever it says of itself.
+    if (!renamed.setContent(QString::fromUtf8(document)))
         return QByteArray();
     QDomElement root = renamed.documentElement();
     QDomElement element = renamed.createElement(store.nameElement());
@@ -113,11 +113,4 @@ QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store
     else
         root.replaceChild(element, old);
     return renamed.toString(indentation).toUtf8();
-}
-
-bool writeWhole(const QString& path, const QByteArray& document)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(document) == document.size() &&
-           file.commit();
 }

@@ -21,7 +21,3 @@ QByteArray profileDocument(const ProfileStore& store, const QString& profileName
 /// The same profile under another name; empty if it is none.
 QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store,
                            const QString& profileName);
-
-/// Writes beside the target and renames into place: whatever happens, there is a whole file there,
-/// the new one or the old one. False if there is no new one.
-bool writeWhole(const QString& path, const QByteArray& document);

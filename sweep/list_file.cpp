@@ -1,7 +1,6 @@
 #include "sweep/list_file.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 #include <algorithm>
 
@@ -62,6 +61,10 @@ ParsedLine parsedLine(const char* begin, const char* end)
             parsed.strangeField = field;
             break;
         }
+        if (field.size() > longestCell) {
+            parsed.error = ListFileError::LongCell;
+            break;
+        }
         if (fieldEnd == end)
             break;
         begin = fieldEnd + 1;
@@ -89,13 +92,14 @@ QByteArray listText(const PointRows& points)
     return text;
 }
 
-ReadList readListFile(const QString& path)
+ReadList readListFile(const QString& path, FileProgress* progress)
 {
     ReadList read;
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    const FileOutcome opened = openToRead(file, progress);
+    if (opened.fault != FileFault::None) {
         read.error = ListFileError::NotOpened;
-        read.detail = file.errorString();
+        read.detail = opened.detail;
         return read;
     }
     const auto failed = [&read](ListFileError error, const QString& detail) {
@@ -111,6 +115,11 @@ ReadList readListFile(const QString& path)
             break;
         if (++read.line > mostListLines)
             return failed(ListFileError::TooManyLines, QString());
+        if (progress) {
+            progress->done += length;
+            if (progress->isCancelled)
+                return failed(ListFileError::Cancelled, QString());
+        }
         const char* begin = line.data();
         const char* end = begin + length;
         if (end[-1] == '\n')
@@ -132,13 +141,4 @@ ReadList readListFile(const QString& path)
     if (file.error() != QFileDevice::NoError)
         return failed(ListFileError::NotRead, file.errorString());
     return read;
-}
-
-QString writeListFile(const QString& path, const PointRows& points)
-{
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
-        return file.errorString();
-    file.write(listText(points));
-    return file.commit() ? QString() : file.errorString();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/whole_file.h"
 #include "sweep/point_row.h"
 
 #include <QByteArray>
@@ -10,13 +11,18 @@
 /// A longer file is no list that anybody has made.
 constexpr int mostListLines = 1000000;
 
+/// In characters; a number takes a third of it.
+constexpr int longestCell = 64;
+
 enum class ListFileError {
     None,
     NotOpened,
     NotRead,      ///< the reading broke off
     NotText,      ///< not text in UTF-8, or a line of absurd length
     NoNumber,     ///< a field that is no number
+    LongCell,     ///< a field of more than longestCell characters
     TooManyLines, ///< more than mostListLines
+    Cancelled,    ///< by whoever watches the progress
 };
 
 struct ReadList {
@@ -30,8 +36,4 @@ QByteArray listText(const PointRows& points);
 
 /// Reads all of a file before it tells of any row. Fields are taken as they stand and their values
 /// not looked at; fields beyond the third are dropped, missing ones empty, blank lines skipped.
-ReadList readListFile(const QString& path);
-
-/// Writes beside the target and renames into place, so that a list that is there stays whole
-/// whatever happens. The system's words for what went wrong; empty when all went well.
-QString writeListFile(const QString& path, const PointRows& points);
+ReadList readListFile(const QString& path, FileProgress* progress = nullptr);

@@ -1,20 +1,21 @@
 #include "sweep/list_file_dialogs.h"
 
+#include "files/file_questions.h"
+#include "files/file_work.h"
 #include "panel/user_folder.h"
 #include "sweep/list_file.h"
 #include "sweep/point_table.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 
 #include <algorithm>
 
 namespace
 {
 const QString suffix = QStringLiteral(".csv");
+/// More than that take their time to show, and are perhaps not what was meant.
+constexpr std::size_t unaskedRows = 100000;
 
 QString proposedName()
 {
@@ -33,10 +34,9 @@ QString withSuffix(const QString& path)
     return isNumber ? path + suffix : path;
 }
 
-/// The file chosen in a dialog; empty when there is none.
-QString chosenFile(QFileDialog& dialog)
+QString nameIn(const QString& path)
 {
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return QFileInfo(path).fileName();
 }
 } // namespace
 
@@ -44,57 +44,77 @@ ListFileDialogs::ListFileDialogs(PointTable* table) : QObject(table), m_table(ta
 
 void ListFileDialogs::save()
 {
-    QFileDialog dialog(m_table->window(), tr("Save List"), madeUserFolder(),
-                       QStringLiteral("*.csv"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.selectFile(proposedName());
-    const QString chosen = chosenFile(dialog);
-    if (chosen.isEmpty())
-        return;
-    const QString path = withSuffix(chosen);
-    // The dialog has asked only about the name that it knew.
-    if (path == chosen || !QFileInfo::exists(path) || mayBeReplaced(path))
-        saveTo(path);
-    m_table->window()->activateWindow();
-}
-
-bool ListFileDialogs::mayBeReplaced(const QString& path) const
-{
-    return QMessageBox::question(m_table->window(), tr("Save List"),
-                                 tr("%1 already exists.\nDo you want to replace it?")
-                                     .arg(QDir::toNativeSeparators(path))) == QMessageBox::Yes;
+    askFileToSave(
+        m_table->window(),
+        {tr("Save List"), madeUserFolder(), QStringLiteral("*.csv"), proposedName(), &withSuffix},
+        [this](const QString& path) {
+            saveTo(path);
+            m_table->window()->activateWindow();
+        });
 }
 
 void ListFileDialogs::saveTo(const QString& path)
 {
-    const QString failure = writeListFile(path, m_table->points());
-    const QString name = QFileInfo(path).fileName();
-    if (failure.isEmpty())
+    const QString name = nameIn(path);
+    const auto work = [path, text = listText(m_table->points())](FileProgress* progress) {
+        return writeWholeFile(path, text, progress);
+    };
+    const FileOutcome written =
+        fileWork<FileOutcome>(m_table->window(), tr("Saving %1").arg(name), work)
+            .value_or(givenUp());
+    if (written.fault == FileFault::None)
         emit statusMessage(tr("List saved: %1").arg(name));
+    else if (written.fault == FileFault::Cancelled)
+        emit statusMessage(tr("Not saved: %1").arg(name));
     else
-        emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, failure));
+        emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, written.detail));
 }
 
 void ListFileDialogs::open()
 {
-    QFileDialog dialog(m_table->window(), tr("Open List"), madeUserFolder(),
-                       QStringLiteral("CSV File ( *.csv )"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    const QString path = chosenFile(dialog);
-    if (path.isEmpty())
-        return;
-    openFrom(path);
-    m_table->window()->activateWindow();
+    askFileToOpen(m_table->window(),
+                  {tr("Open List"), madeUserFolder(), QStringLiteral("CSV File ( *.csv )")},
+                  [this](const QString& path) {
+                      openFrom(path);
+                      m_table->window()->activateWindow();
+                  });
 }
 
 void ListFileDialogs::openFrom(const QString& path)
 {
-    const QString name = QFileInfo(path).fileName();
-    const ReadList read = readListFile(path);
+    const QString name = nameIn(path);
+    const auto work = [path](FileProgress* progress) { return readListFile(path, progress); };
+    ReadList cancelled;
+    cancelled.error = ListFileError::Cancelled;
+    const ReadList read =
+        fileWork<ReadList>(m_table->window(), tr("Reading %1").arg(name), work).value_or(cancelled);
+    const auto take = [this, rows = read.rows] {
+        if (m_table->change({0, m_table->rowCount(), rows}, tr("Open list")))
+            m_table->scrollToTop();
+    };
+    if (read.error != ListFileError::None)
+        tellError(name, read);
+    else if (read.rows.size() <= unaskedRows)
+        take();
+    else
+        askBefore(m_table->window(), tr("Open List"),
+                  tr("%1 has %2 points. Open it?").arg(name).arg(read.rows.size()), tr("Open"),
+                  take);
+}
+
+void ListFileDialogs::tellError(const QString& name, const ReadList& read)
+{
     switch (read.error) {
     case ListFileError::None:
-        if (m_table->change({0, m_table->rowCount(), read.rows}, tr("Open list")))
-            m_table->scrollToTop();
+        break;
+    case ListFileError::Cancelled:
+        emit statusMessage(tr("Not opened: %1").arg(name));
+        break;
+    case ListFileError::LongCell:
+        emit errorMessage(tr("%1 is not a list: a field in line %2 is longer than %3 characters")
+                              .arg(name)
+                              .arg(read.line)
+                              .arg(longestCell));
         break;
     case ListFileError::NotOpened:
         emit statusMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));

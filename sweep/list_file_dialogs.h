@@ -3,6 +3,7 @@
 #include <QObject>
 
 class PointTable;
+struct ReadList;
 
 /// Asks for the files that a list is saved to and opened from, and does so. Owns no list.
 class ListFileDialogs : public QObject
@@ -25,7 +26,7 @@ signals:
 private:
     void saveTo(const QString& path);
     void openFrom(const QString& path);
-    bool mayBeReplaced(const QString& path) const;
+    void tellError(const QString& name, const ReadList& read);
 
     PointTable* m_table;
 };

@@ -408,6 +408,18 @@ void ProfileFileTest::namesAnew()
     const QString newPath = quickProfilePath(folder, "10 & more");
     QCOMPARE(rig.bytesOf(newPath), QByteArray(bytes).replace(">one<", ">10 &amp; more<"));
     QCOMPARE(rig.profiles().nameOf(newPath), QString("10 & more"));
+    // What the file says of its encoding is not so.
+    const QString foreign = quickProfilePath(folder, "foreign");
+    QVERIFY(QFile::rename(
+        rig.fileOf("<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + ofPanel("<FM>ON</FM>")),
+        foreign));
+    QVERIFY(rig.profiles().renameQuickProfile(foreign, "own"));
+    const QString own = quickProfilePath(folder, "own");
+    rig.takeLog();
+    QVERIFY(rig.profiles().open(own));
+    QVERIFY(rig.takeLog().contains("FM on"));
+    QVERIFY(!QFile::exists(foreign) && QFile::remove(own));
+
     rig.profiles().saveQuickProfile("9");
     QCOMPARE(quickProfilePaths(folder), QStringList({quickProfilePath(folder, "9"), newPath,
                                                      quickProfilePath(folder, "two")}));

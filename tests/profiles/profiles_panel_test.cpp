@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QScrollBar>
 #include <QToolButton>
 
 namespace
@@ -44,6 +45,7 @@ private slots:
     void refusesNames_data();
     void refusesNames();
     void followsTheFolder();
+    void listsThousands();
     void opensAndSavesFiles();
     void refusesFileNames();
     void liesInTheUsersDocuments();
@@ -257,9 +259,34 @@ void ProfilesPanelTest::followsTheFolder()
     QTRY_COMPARE(shown(), QStringList());
 }
 
+void ProfilesPanelTest::listsThousands()
+{
+    saveQuick("0");
+    const QByteArray bytes = m_rig->bytesOf(quickPath("0"));
+    for (int i = 1; i < 3000; ++i) {
+        QFile copy(quickPath(QString::number(i)));
+        QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
+    }
+    QElapsedTimer timer;
+    timer.start();
+    m_panel->refresh();
+    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    // A row is there when one comes to it, by the wheel or by Tab.
+    auto* bar = m_panel->findChild<QScrollArea*>()->verticalScrollBar();
+    QTRY_VERIFY((bar->setValue(bar->maximum()), shown().size() > 200));
+    QTRY_VERIFY(bar->value() < bar->maximum());
+    const int count = shown().size();
+    m_panel->findChild<QWidget*>(QString("rename_%1").arg(count))->setFocus();
+    QTest::keyClick(m_rig->window().focusWidget(), Qt::Key_Tab);
+    QTRY_VERIFY(shown().size() > count);
+    QTest::keyClick(m_rig->window().focusWidget(), Qt::Key_Tab);
+    QCOMPARE(m_rig->window().focusWidget()->objectName(), QString("quick_%1").arg(count + 1));
+}
+
 void ProfilesPanelTest::opensAndSavesFiles()
 {
     m_rig->get<QPushButton>("FM")->setChecked(true);
+    m_rig->get<QPushButton>("AM")->setChecked(true);
     click("save_profile");
     auto* dialog = openDialog<QFileDialog>();
     QCOMPARE(dialog->windowTitle(), QString("Save file"));
@@ -274,7 +301,10 @@ void ProfilesPanelTest::opensAndSavesFiles()
     QTRY_VERIFY(QFile::exists(path));
     QVERIFY(m_rig->bytesOf(path).contains("<QUICK_Profile_KLV>by.hand</QUICK_Profile_KLV>"));
     m_rig->get<QPushButton>("FM")->setChecked(false);
+    m_rig->get<QPushButton>("AM")->setChecked(false);
     m_rig->takeLog();
+    int dialogsInReplay = -1;
+    m_rig->inPause = [&] { dialogsInReplay = m_rig->window().findChildren<QFileDialog*>().size(); };
 
     click("open_profile");
     dialog = openDialog<QFileDialog>();
@@ -285,6 +315,8 @@ void ProfilesPanelTest::opensAndSavesFiles()
     QTest::keyClick(name, Qt::Key_Return);
     QTRY_VERIFY(m_rig->log.contains("message: Profile applied: by.hand"));
     QVERIFY(m_rig->get<QPushButton>("FM")->isChecked());
+    // Else it could be closed while its choice is still being carried out.
+    QCOMPARE(dialogsInReplay, 0);
     QCOMPARE(shown(), QStringList());
 
     // The name without its end is asked about too.

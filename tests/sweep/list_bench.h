@@ -93,6 +93,21 @@ struct ListBench {
         });
         timer->start(1);
     }
+    /// Clicks a button, answers the dialog that it opens, and waits for what comes of it.
+    template <typename Dialog>
+    void answer(const QString& button, const std::function<void(Dialog&)>& answer)
+    {
+        bool isAnswered = false;
+        whenAsked<Dialog>([&](Dialog& dialog) {
+            answer(dialog);
+            isAnswered = true;
+        });
+        click(button);
+        QTRY_VERIFY(isAnswered && !QApplication::activeModalWidget());
+        // What was chosen is heard of when the dialog has gone.
+        QTRY_VERIFY(panel.findChildren<QDialog*>().isEmpty());
+        QCoreApplication::processEvents();
+    }
 
     List panel;
     QStringList said;

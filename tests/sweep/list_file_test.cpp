@@ -53,6 +53,8 @@ private slots:
     void openingKeepsTheTable_data();
     void openingKeepsTheTable();
     void openingStopsARun();
+    void openingAsksAboutManyPoints_data();
+    void openingAsksAboutManyPoints();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -122,6 +124,9 @@ void ListFileTest::refuses_data()
     row("quotes", "1,2,3\n\"4\",5,6\n", E::NoNumber, 2);
     row("signs without a digit", "1,-,3\n", E::NoNumber, 1);
     row("old line ends", "1,2,3\r4,5,6\r", E::NoNumber, 1);
+    row("a long field",
+        "1,2,3\n" + QByteArray(longestCell, '1') + "\n1,2," + QByteArray(longestCell + 1, ' '),
+        E::LongCell, 3);
     row("zeros", QByteArray(100, '\0'), E::NotText, 1);
     row("UTF-16",
         QByteArray("\xFF\xFE"
@@ -160,12 +165,12 @@ void ListFileTest::takesAMillionLines()
 void ListFileTest::writesBytes()
 {
     const PointRows rows = {{"1 000 000", "-5.5", "1000"}, {"", "", ""}, {"20", "0", "5e-05"}};
-    QCOMPARE(writeListFile(path("a.csv"), rows), QString());
+    QCOMPARE(writeWholeFile(path("a.csv"), listText(rows)).fault, FileFault::None);
     QCOMPARE(contentsOf(path("a.csv")), QByteArray("1 000 000,-5.5,1000\n,,\n20,0,5e-05\n"));
     QCOMPARE(linesOf(readListFile(path("a.csv")).rows), linesOf(rows));
-    QCOMPARE(writeListFile(path("a.csv"), {}), QString());
+    QCOMPARE(writeWholeFile(path("a.csv"), listText({})).fault, FileFault::None);
     QCOMPARE(contentsOf(path("a.csv")), QByteArray());
-    QVERIFY(!writeListFile(path("nowhere/a.csv"), rows).isEmpty());
+    QVERIFY(!writeWholeFile(path("nowhere/a.csv"), "1").detail.isEmpty());
 }
 
 void ListFileTest::saving_data()
@@ -189,7 +194,7 @@ void ListFileTest::saving()
     ListBench bench;
     bench.setRows({"1 000,2,3", "4,5,6"});
     QString proposed;
-    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+    bench.answer<QFileDialog>("save_List", [&](QFileDialog& dialog) {
         QCOMPARE(dialog.windowTitle(), QString("Save List"));
         QCOMPARE(dialog.nameFilters(), QStringList("*.csv"));
         QCOMPARE(dialog.directory().absolutePath(), listFolder());
@@ -199,7 +204,6 @@ void ListFileTest::saving()
             name->setText(typed);
         QTest::keyClick(name, Qt::Key_Return);
     });
-    bench.click("save_List");
     QVERIFY2(QRegularExpression("^List_\\d\\d\\.\\d\\d\\.\\d\\d_\\d\\d\\.\\d\\d\\.\\d\\d$")
                  .match(proposed)
                  .hasMatch(),
@@ -216,18 +220,19 @@ void ListFileTest::savingAsksBeforeItReplaces()
     QDir().mkpath(listFolder());
     const QString old = listFolder() + "/points.csv";
     write(old, "old");
-    const auto save = [&](QMessageBox::StandardButton answer) {
-        bench.whenAsked<QFileDialog>([&bench, answer](QFileDialog& dialog) {
-            bench.whenAsked<QMessageBox>(
-                [answer](QMessageBox& box) { box.button(answer)->click(); });
+    const auto save = [&](bool isReplaced) {
+        bench.answer<QFileDialog>("save_List", [&bench, isReplaced](QFileDialog& dialog) {
+            bench.whenAsked<QMessageBox>([isReplaced](QMessageBox& box) {
+                (isReplaced ? box.buttons().first() : box.defaultButton())->click();
+            });
             dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points");
             QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
         });
-        bench.click("save_List");
+        QTRY_COMPARE(bench.panel.findChildren<QDialog*>().size(), 0);
     };
-    save(QMessageBox::No);
+    save(false);
     QCOMPARE(contentsOf(old), QByteArray("old"));
-    save(QMessageBox::Yes);
+    save(true);
     QCOMPARE(contentsOf(old), QByteArray());
 }
 
@@ -238,7 +243,7 @@ void ListFileTest::savingNeverHarmsTheOldFile()
     write(path("a.csv"), "old");
     QFile reader(path("a.csv"));
     QVERIFY(reader.open(QIODevice::ReadOnly));
-    const bool isWritten = writeListFile(path("a.csv"), {{"1", "2", "3"}}).isEmpty();
+    const bool isWritten = writeWholeFile(path("a.csv"), "1,2,3\n").fault == FileFault::None;
     QCOMPARE(isWritten, QSysInfo::productType() != "windows");
     QCOMPARE(reader.readAll(), QByteArray("old"));
     QCOMPARE(contentsOf(path("a.csv")), QByteArray(isWritten ? "1,2,3\n" : "old"));
@@ -252,14 +257,13 @@ void ListFileTest::opening()
     QDir().mkpath(listFolder());
     write(listFolder() + "/points.csv", "1 000 000;-5,5;1000\n");
     const auto open = [&](bool isAccepted) {
-        bench.whenAsked<QFileDialog>([&, isAccepted](QFileDialog& dialog) {
+        bench.answer<QFileDialog>("open_List", [&, isAccepted](QFileDialog& dialog) {
             QCOMPARE(dialog.windowTitle(), QString("Open List"));
             QCOMPARE(dialog.nameFilters(), QStringList("CSV File ( *.csv )"));
             QCOMPARE(dialog.directory().absolutePath(), listFolder());
             dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
-            static_cast<QDialog&>(dialog).done(isAccepted ? QDialog::Accepted : QDialog::Rejected);
+            isAccepted ? static_cast<QDialog&>(dialog).accept() : dialog.reject();
         });
-        bench.click("open_List");
     };
     open(false);
     QCOMPARE(bench.rows(), QStringList("9,9,9"));
@@ -295,14 +299,13 @@ void ListFileTest::openingKeepsTheTable()
     QDir().mkpath(listFolder());
     const QString file = listFolder() + "/points.csv";
     write(file, contents);
-    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+    bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
         dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
         // Gone between the choice and the reading.
         if (contents.isEmpty())
             connect(&dialog, &QDialog::accepted, [&] { QFile::remove(file); });
         static_cast<QDialog&>(dialog).accept();
     });
-    bench.click("open_List");
     QCOMPARE(bench.rows(), QStringList("9,9,9"));
     QCOMPARE(bench.said.size(), 1);
     QVERIFY2(bench.said.first().startsWith(message), qPrintable(bench.said.first()));
@@ -313,11 +316,10 @@ void ListFileTest::openingStopsARun()
     ListBench bench;
     bench.click("button_List");
     bool wasRunning = true;
-    bench.whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+    bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
         wasRunning = bench.panel.isRunning();
         dialog.reject();
     });
-    bench.click("open_List");
     QVERIFY(!wasRunning && !bench.panel.isRunning());
 
     bench.click("button_List");
@@ -326,6 +328,37 @@ void ListFileTest::openingStopsARun()
     bench.click("open_List");
     QVERIFY(bench.panel.isRunning());
     QCOMPARE(bench.said, QStringList("No list can be opened while a table is being transferred"));
+}
+
+void ListFileTest::openingAsksAboutManyPoints_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<bool>("isOpened");
+    QTest::newRow("not yet") << 100000 << true;
+    QTest::newRow("no") << 100001 << false;
+    QTest::newRow("yes") << 100001 << true;
+}
+
+void ListFileTest::openingAsksAboutManyPoints()
+{
+    QFETCH(int, points);
+    QFETCH(bool, isOpened);
+    ListBench bench;
+    bench.setRows({"9,9,9"});
+    QDir().mkpath(listFolder());
+    write(listFolder() + "/points.csv", QByteArray("1,2,3\n").repeated(points));
+    QString question;
+    bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
+        bench.whenAsked<QMessageBox>([&](QMessageBox& box) {
+            question = box.text();
+            (isOpened ? box.buttons().first() : box.defaultButton())->click();
+        });
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
+        static_cast<QDialog&>(dialog).accept();
+    });
+    QTRY_COMPARE(question.isEmpty(), points <= 100000);
+    QTRY_COMPARE(bench.panel.findChildren<QDialog*>().size(), 0);
+    QCOMPARE(bench.table().rowCount(), isOpened ? points : 1);
 }
 
 QTEST_MAIN(ListFileTest)

@@ -1,0 +1,78 @@
+#include "files/file_questions.h"
+
+#include <QCoreApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include <memory>
+
+namespace
+{
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("FileQuestions", text);
+}
+
+/// What follows the choice can take long and wait in loops of its own. Begun inside the dialog's
+/// accept(), it would find the dialog on the screen, to be closed and deleted under its feet.
+QFileDialog* newDialog(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
+{
+    auto* dialog = new QFileDialog(window, question.title, question.folder, question.filter);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    const auto path = std::make_shared<QString>();
+    QObject::connect(dialog, &QFileDialog::fileSelected, window,
+                     [path](const QString& selected) { *path = selected; });
+    const auto go = [path, chosen] {
+        if (!path->isEmpty())
+            chosen(*path);
+    };
+    QObject::connect(dialog, &QObject::destroyed, window, go, Qt::QueuedConnection);
+    return dialog;
+}
+} // namespace
+
+void askFileToOpen(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
+{
+    QFileDialog* dialog = newDialog(window, question, chosen);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->open();
+}
+
+void askFileToSave(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
+{
+    const auto complete = [window, question, chosen](const QString& typed) {
+        const QString path = question.completed ? question.completed(typed) : typed;
+        if (path == typed || !QFileInfo::exists(path)) {
+            chosen(path);
+            return;
+        }
+        // The dialog has asked about the name as it was typed.
+        askBefore(window, question.title,
+                  translated(QT_TRANSLATE_NOOP("FileQuestions", "%1 already exists. Replace it?"))
+                      .arg(QFileInfo(path).fileName()),
+                  translated(QT_TRANSLATE_NOOP("FileQuestions", "Replace")),
+                  [chosen, path] { chosen(path); });
+    };
+    QFileDialog* dialog = newDialog(window, question, complete);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->selectFile(question.proposedName);
+    dialog->open();
+}
+
+void askBefore(QWidget* window, const QString& title, const QString& question,
+               const QString& yesText, const std::function<void()>& confirmed)
+{
+    auto* box =
+        new QMessageBox(QMessageBox::Question, title, question, QMessageBox::NoButton, window);
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    QPushButton* yes = box->addButton(yesText, QMessageBox::AcceptRole);
+    QPushButton* no = box->addButton(translated(QT_TRANSLATE_NOOP("FileQuestions", "Cancel")),
+                                     QMessageBox::RejectRole);
+    box->setDefaultButton(no);
+    box->setEscapeButton(no);
+    QObject::connect(yes, &QAbstractButton::clicked, window, confirmed);
+    box->open();
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+class QWidget;
+
+// The questions asked before a file is touched. They wait for nobody: what was chosen comes later,
+// when the dialog has gone, and a dialog that is put away says nothing.
+
+using FileChosen = std::function<void(const QString& path)>;
+
+struct FileQuestion {
+    QString title;
+    QString folder; ///< where the dialog opens
+    QString filter; ///< of names, as QFileDialog takes it
+    QString proposedName{};
+    /// What becomes of a path to save to as it was typed: it gets its suffix.
+    QString (*completed)(const QString& path) = nullptr;
+};
+
+void askFileToOpen(QWidget* window, const FileQuestion& question, const FileChosen& chosen);
+
+/// Asks also before a file is replaced whose name the dialog did not know.
+void askFileToSave(QWidget* window, const FileQuestion& question, const FileChosen& chosen);
+
+/// Asks a yes-or-no question; `confirmed` follows only a yes, which `yesText` words.
+void askBefore(QWidget* window, const QString& title, const QString& question,
+               const QString& yesText, const std::function<void()>& confirmed);

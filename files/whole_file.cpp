@@ -1,0 +1,101 @@
+#include "files/whole_file.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace
+{
+constexpr qint64 chunk = qint64{64} * 1024;
+
+FileOutcome failed(FileFault fault, const char* text)
+{
+    return {fault, QCoreApplication::translate("WholeFile", text)};
+}
+
+FileOutcome refusedKind()
+{
+    return failed(FileFault::NotRegular,
+                  QT_TRANSLATE_NOOP("WholeFile", "it is a folder, a pipe or a device"));
+}
+
+FileOutcome refusedSize()
+{
+    return failed(FileFault::TooLarge, QT_TRANSLATE_NOOP("WholeFile", "it is too large"));
+}
+
+/// Takes one step more into account; false when no further one is wanted.
+bool isWanted(FileProgress* progress, qint64 done)
+{
+    if (!progress)
+        return true;
+    progress->done = done;
+    return !progress->isCancelled;
+}
+} // namespace
+
+FileOutcome openToRead(QFile& file, FileProgress* progress)
+{
+    const QFileInfo info(file.fileName());
+    if (!info.exists())
+        return failed(FileFault::Missing, QT_TRANSLATE_NOOP("WholeFile", "there is no such file"));
+    if (!info.isFile())
+        return refusedKind();
+    if (!file.open(QIODevice::ReadOnly))
+        return {FileFault::NotOpened, file.errorString()};
+    if (progress)
+        progress->total = file.size();
+    return {};
+}
+
+FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* progress)
+{
+    QFile file(path);
+    const FileOutcome opened = openToRead(file, progress);
+    if (opened.fault != FileFault::None)
+        return {opened, QByteArray()};
+    if (file.size() > mostBytes)
+        return {refusedSize(), QByteArray()};
+    QByteArray bytes;
+    for (;;) {
+        const QByteArray read = file.read(chunk);
+        if (read.isEmpty())
+            break;
+        bytes += read;
+        if (bytes.size() > mostBytes)
+            return {refusedSize(), QByteArray()};
+        if (!isWanted(progress, bytes.size()))
+            return {{FileFault::Cancelled, QString()}, QByteArray()};
+    }
+    if (file.error() != QFileDevice::NoError)
+        return {{FileFault::Failed, file.errorString()}, QByteArray()};
+    return {{}, bytes};
+}
+
+FileOutcome writeWholeFile(const QString& path, const QByteArray& bytes, FileProgress* progress)
+{
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile())
+        return refusedKind();
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return {FileFault::NotOpened, file.errorString()};
+    if (progress)
+        progress->total = bytes.size();
+    for (qint64 done = 0; done < bytes.size(); done += chunk) {
+        const qint64 length = std::min(chunk, bytes.size() - done);
+        if (file.write(bytes.constData() + done, length) != length)
+            return {FileFault::Failed, file.errorString()};
+        if (!isWanted(progress, done + length))
+            return {FileFault::Cancelled, QString()};
+    }
+    // The closing within commit() would not tell that what lay in the buffer found no room.
+    if (!file.flush() || file.error() != QFileDevice::NoError)
+        return {FileFault::Failed, file.errorString()};
+    if (!isWanted(progress, bytes.size()))
+        return {FileFault::Cancelled, QString()};
+    return file.commit() ? FileOutcome{} : FileOutcome{FileFault::Failed, file.errorString()};
+}

@@ -1,0 +1,69 @@
+#include "files/file_work.h"
+
+#include <QApplication>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QThread>
+#include <QtTest>
+
+/// Reading and writing that takes its time.
+class FileWorkTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void showsProgressAndCanBeCancelled_data();
+    void showsProgressAndCanBeCancelled();
+};
+
+void FileWorkTest::showsProgressAndCanBeCancelled_data()
+{
+    QTest::addColumn<int>("workMs");
+    QTest::addColumn<bool>("isHeeding");
+    QTest::addColumn<bool>("isCancelled");
+    QTest::addColumn<bool>("isShown");
+    QTest::newRow("quick") << 50 << true << false << false;
+    QTest::newRow("slow") << 1200 << true << false << true;
+    QTest::newRow("cancelled") << 20000 << true << true << true;
+    QTest::newRow("held by the system") << 3000 << false << true << true;
+}
+
+void FileWorkTest::showsProgressAndCanBeCancelled()
+{
+    QFETCH(int, workMs);
+    QFETCH(bool, isHeeding);
+    QFETCH(bool, isCancelled);
+    QFETCH(bool, isShown);
+    const auto work = [=](FileProgress* progress) {
+        progress->total = workMs;
+        while (progress->done < workMs && !(isHeeding && progress->isCancelled)) {
+            QThread::msleep(10);
+            progress->done += 10;
+        }
+        return FileOutcome{progress->isCancelled ? FileFault::Cancelled : FileFault::None, "end"};
+    };
+    QWidget window;
+    window.show();
+    int mostShown = -1;
+    QTimer look;
+    connect(&look, &QTimer::timeout, this, [&] {
+        auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        mostShown = std::max(mostShown, dialog->value());
+        if (isCancelled && dialog->value() > 0)
+            QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
+    });
+    look.start(20);
+    QElapsedTimer timer;
+    timer.start();
+    const std::optional<FileOutcome> outcome = fileWork<FileOutcome>(&window, "Reading", work);
+    QVERIFY2(timer.elapsed() < 2500, qPrintable(QString::number(timer.elapsed())));
+    QCOMPARE(mostShown > 0, isShown);
+    QCOMPARE(outcome.has_value(), isHeeding);
+    QCOMPARE(outcome.value_or(givenUp()).fault == FileFault::Cancelled, isCancelled);
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+QTEST_MAIN(FileWorkTest)
+#include "file_work_test.moc"

@@ -1,0 +1,119 @@
+#include "files/whole_file.h"
+#include "profiles/profile_folder.h"
+#include "sweep/list_file.h"
+#include "tests/profiles/profile_rig.h"
+#include "tests/support/documents_folder.h"
+#include "tests/sweep/list_bench.h"
+
+#include <QFileDialog>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace
+{
+/// No file can grow, as on a full disk, for as long as this lives.
+class FullDisk
+{
+public:
+    FullDisk()
+    {
+        std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit nothing{0, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &nothing);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+
+private:
+    rlimit m_before{};
+};
+} // namespace
+
+/// What a full disk and pipes do to the program's files.
+class UnixFilesTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aFullDiskLeavesTheOldProfile();
+    void aFullDiskLeavesTheOldList();
+    void pipesAndDevicesAreRefused_data();
+    void pipesAndDevicesAreRefused();
+};
+
+void UnixFilesTest::aFullDiskLeavesTheOldProfile()
+{
+    ProfileRig rig;
+    QVERIFY(rig.profiles().saveQuickProfile("a"));
+    QVERIFY(rig.profiles().saveLast());
+    const QString quick = quickProfilePath(rig.profiles().folder(), "a");
+    const QString last = lastProfilePath(rig.profiles().folder());
+    const QByteArray before = rig.bytesOf(quick) + rig.bytesOf(last);
+    rig.takeLog();
+    {
+        const FullDisk full;
+        QVERIFY(!rig.profiles().saveQuickProfile("a"));
+        QVERIFY(!rig.profiles().renameQuickProfile(quick, "b"));
+        QVERIFY(!rig.profiles().saveLast());
+    }
+    const QString said = "error: Error saving file";
+    QCOMPARE(rig.takeLog(), QStringList({"settle", said, said, "settle"}));
+    QCOMPARE(rig.bytesOf(quick) + rig.bytesOf(last), before);
+}
+
+void UnixFilesTest::aFullDiskLeavesTheOldList()
+{
+    const QTemporaryDir home;
+    const DocumentsFolder documents(home.path());
+    const QString path = documents.path() + "/Veltro KLV/a.csv";
+    ListBench bench;
+    bench.setRows({"1,2,3"});
+    const auto save = [&bench] {
+        bench.answer<QFileDialog>("save_List", [](QFileDialog& dialog) {
+            dialog.setOption(QFileDialog::DontConfirmOverwrite);
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("a.csv");
+            static_cast<QDialog&>(dialog).accept();
+        });
+    };
+    save();
+    bench.setRows({"4,5,6"});
+    {
+        const FullDisk full;
+        save();
+    }
+    QCOMPARE(ProfileRig::bytesOf(path), QByteArray("1,2,3\n"));
+    QCOMPARE(bench.said.size(), 2);
+    const QString failure = "error: The list could not be saved as a.csv: ";
+    QVERIFY2(bench.said.last().startsWith(failure), qPrintable(bench.said.last()));
+    QVERIFY(bench.said.last().size() > failure.size());
+}
+
+void UnixFilesTest::pipesAndDevicesAreRefused_data()
+{
+    QTest::addColumn<QString>("given");
+    QTest::newRow("pipe") << QString();
+    QTest::newRow("device") << QString("/dev/zero");
+    QTest::newRow("folder") << QString("/");
+}
+
+/// A pipe that nobody writes to keeps its reader for ever.
+void UnixFilesTest::pipesAndDevicesAreRefused()
+{
+    QFETCH(QString, given);
+    ProfileRig rig;
+    const QString path = given.isEmpty() ? rig.path("pipe") : given;
+    QVERIFY(!given.isEmpty() || mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
+    QVERIFY(!rig.profiles().open(path));
+    QCOMPARE(rig.takeLog().filter("The profile cannot be read, nothing applied").size(), 1);
+    QVERIFY(!rig.profiles().save(path, "x"));
+    rig.profiles().applyAtStart(path);
+    QCOMPARE(readListFile(path).error, ListFileError::NotOpened);
+    QCOMPARE(writeWholeFile(path, "1").fault, FileFault::NotRegular);
+}
+
+QTEST_MAIN(UnixFilesTest)
+#include "unix_files_test.moc"
