@@ -185,6 +185,8 @@ void MainWindow::wireService()
     m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
     connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
             &StatusLine::showMessage);
+    connect(m_serviceCommands.get(), &ServiceCommands::errorMessage, this,
+            [this](const QString& message) { ErrorBox::report(message, this); });
     connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
     // An instrument that comes to an open panel fills it, as opening it does.

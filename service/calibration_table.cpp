@@ -8,6 +8,7 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
+#include <algorithm>
 #include <iterator>
 
 namespace
@@ -72,15 +73,79 @@ CalibrationTable::CalibrationTable(QWidget* parent) : QTableWidget(0, ColumnCoun
 
 void CalibrationTable::showPoints(int pointCount, const QStringList& numbers)
 {
+    m_asRead.clear();
+    for (int i = 0; i < pointCount; ++i) {
+        const int cell = i * ColumnCount;
+        m_asRead.push_back({numbers.value(cell + Frequency), numbers.value(cell + Value)});
+    }
+    fill(m_asRead);
+}
+
+void CalibrationTable::showOtherPoints(const CalibrationPoints& points)
+{
+    fill(points);
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < ColumnCount; ++column)
+            acceptCell(row, column);
+    }
+}
+
+void CalibrationTable::fill(const CalibrationPoints& points)
+{
     setUpdatesEnabled(false);
-    clearContents();
-    setRowCount(pointCount);
-    for (int cell = 0; cell < pointCount * ColumnCount; ++cell) {
-        auto* item = new QTableWidgetItem(numbers.value(cell));
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        setItem(cell / ColumnCount, cell % ColumnCount, item);
+    // With their marks.
+    setRowCount(0);
+    setRowCount(static_cast<int>(points.size()));
+    int row = 0;
+    for (const CalibrationPoint& point : points) {
+        for (int column = 0; column < ColumnCount; ++column) {
+            auto* cell =
+                new QTableWidgetItem(column == Frequency ? point.frequencyHz : point.value);
+            cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+            setItem(row, column, cell);
+        }
+        ++row;
     }
     setUpdatesEnabled(true);
+}
+
+bool CalibrationTable::isAsRead(int row) const
+{
+    const auto index = static_cast<std::size_t>(row);
+    return index < m_asRead.size() && row < rowCount() &&
+           m_asRead[index] == CalibrationPoint{cellText(row, Frequency), cellText(row, Value)};
+}
+
+int CalibrationTable::changedRows() const
+{
+    int changed = 0;
+    const int rows = std::max(rowCount(), static_cast<int>(m_asRead.size()));
+    for (int row = 0; row < rows; ++row)
+        changed += isAsRead(row) ? 0 : 1;
+    return changed;
+}
+
+/// A star behind the number of a row that differs from what was read, whose text is its tool-tip,
+/// and heavy figures in it.
+void CalibrationTable::markRow(int row)
+{
+    const bool isChanged = !isAsRead(row);
+    QTableWidgetItem* head = nullptr;
+    if (isChanged) {
+        const auto index = static_cast<std::size_t>(row);
+        const bool isThere = index < m_asRead.size();
+        const CalibrationPoint read = isThere ? m_asRead[index] : CalibrationPoint();
+        head = new QTableWidgetItem(QStringLiteral("%1 *").arg(row + 1));
+        head->setToolTip(
+            isThere ? tr("As read: %1 Hz, %2").arg(groupDigits(read.frequencyHz), read.value)
+                    : tr("This row was not read from the instrument"));
+    }
+    setVerticalHeaderItem(row, head);
+    for (int column = 0; column < ColumnCount; ++column) {
+        QFont font = item(row, column)->font();
+        font.setBold(isChanged);
+        item(row, column)->setFont(font);
+    }
 }
 
 QString CalibrationTable::cellText(int row, int column) const
@@ -109,6 +174,7 @@ QString CalibrationTable::acceptCell(int row, int column)
         cell->setText(columns[column].accepted(cell->text()));
     cell->setIcon(wrong.isEmpty() ? QIcon() : QIcon(QStringLiteral(":/images/invalid.png")));
     cell->setToolTip(wrong);
+    markRow(row);
     return wrong;
 }
 
@@ -126,9 +192,9 @@ QString CalibrationTable::firstComplaint()
     return QString();
 }
 
-std::vector<CalibrationPoint> CalibrationTable::points() const
+CalibrationPoints CalibrationTable::points() const
 {
-    std::vector<CalibrationPoint> result;
+    CalibrationPoints result;
     result.reserve(static_cast<std::size_t>(rowCount()));
     for (int row = 0; row < rowCount(); ++row) {
         result.push_back({wholeHertz(cellText(row, Frequency)), wholeValue(cellText(row, Value))});

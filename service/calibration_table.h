@@ -1,17 +1,12 @@
 #pragma once
 
+#include "service/calibration_backup.h"
+
 #include <QTableWidget>
 
-#include <vector>
-
-/// A point as it is sent: both whole numbers, as text.
-struct CalibrationPoint {
-    QString frequencyHz;
-    QString value;
-};
-
 /// The instrument's calibration points, one to a row, as they were read or typed. A cell that holds
-/// no number keeps what was typed and is marked. Sends nothing.
+/// no number keeps what was typed and is marked; so is a row that differs from what was read. Sends
+/// nothing.
 class CalibrationTable : public QTableWidget
 {
     Q_OBJECT
@@ -22,8 +17,15 @@ public:
     explicit CalibrationTable(QWidget* parent = nullptr);
 
     /// Shows `pointCount` rows filled with `numbers`, row by row. Numbers beyond the last row are
-    /// ignored; where there are too few the cells stay empty.
+    /// ignored; where there are too few the cells stay empty. This is what was read.
     void showPoints(int pointCount, const QStringList& numbers);
+
+    /// Shows other points than were read, each cell as if it had been typed.
+    void showOtherPoints(const CalibrationPoints& points);
+
+    const CalibrationPoints& pointsAsRead() const { return m_asRead; }
+    /// Rows that differ from what was read, and those that are no more.
+    int changedRows() const;
 
     /// Brings what was typed into a cell into the form in which it is sent, or marks the cell.
     /// Returns what is wrong with it, to be told; empty when nothing is.
@@ -33,11 +35,17 @@ public:
     /// Empty when all can.
     QString firstComplaint();
 
-    std::vector<CalibrationPoint> points() const;
+    /// As they are sent: whole numbers, or empty where a cell holds none.
+    CalibrationPoints points() const;
 
     void retranslate();
 
 private:
     QString cellText(int row, int column) const;
     QString complaint(int row, int column) const;
+    void fill(const CalibrationPoints& points);
+    bool isAsRead(int row) const;
+    void markRow(int row);
+
+    CalibrationPoints m_asRead;
 };

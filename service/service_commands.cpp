@@ -1,5 +1,7 @@
 #include "service/service_commands.h"
 
+#include "files/file_questions.h"
+#include "files/file_work.h"
 #include "link/activity.h"
 #include "link/busy_cursor.h"
 #include "link/pause.h"
@@ -8,11 +10,15 @@
 #include "numbers/number_text.h"
 #include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
+#include "panel/user_folder.h"
 #include "service/calibration_table.h"
 #include "service/calibration_text.h"
 #include "service/service_panel.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -37,6 +43,8 @@ ServiceCommands::ServiceCommands(ScpiSession& session, service& panel, QObject* 
 {
     connect(&panel.applyCalibrate(), &QPushButton::clicked, this,
             &ServiceCommands::commandCalibrate);
+    connect(&panel.reloadTable(), &QPushButton::clicked, this, &ServiceCommands::reloadTable);
+    connect(&panel.openBackup(), &QPushButton::clicked, this, &ServiceCommands::openBackup);
     connect(&panel.referenceDac(), &QLineEdit::returnPressed, this,
             &ServiceCommands::on_REF_OSC_returnPressed);
 }
@@ -47,6 +55,16 @@ void ServiceCommands::initial_service()
         return;
     const QStringList failures = {readTable(), queryDac(), queryTemperature()};
     report(failures);
+}
+
+void ServiceCommands::reloadTable()
+{
+    if (m_isBusy)
+        return;
+    if (m_session.isConnected())
+        report({readTable()});
+    else
+        emit statusMessage(tr("No instrument is connected"));
 }
 
 /// Shows what could not be read, all of it at once: the status line has one place.
@@ -91,6 +109,7 @@ bool ServiceCommands::queryTable()
     const int pointCount = static_cast<int>(count);
     const QStringList numbers = wholeNumbersOfReply(points);
     m_panel.showPoints(pointCount, numbers);
+    m_keptAs.clear();
     const int expected = pointCount * CalibrationTable::ColumnCount;
     if (numbers.size() > expected)
         emit statusMessage(tr("The instrument sent more numbers than it has calibration points"));
@@ -115,11 +134,85 @@ void ServiceCommands::commandCalibrate()
     emit statusMessage(QString());
     m_isBusy = true;
     m_isStopped = false;
-    const bool isStored = writeTable();
+    const bool isKept = keepAsRead();
+    const bool isStored = isKept && m_session.isConnected() && writeTable();
     m_isBusy = false;
-    if (m_session.isConnected())
-        emit statusMessage(isStored ? tr("The calibration table is stored in the instrument")
-                                    : tr("Writing was stopped: the stored table is as it was"));
+    if (!isKept || !m_session.isConnected())
+        return;
+    if (!isStored)
+        emit statusMessage(tr("Writing was stopped: the stored table is as it was"));
+    else if (m_keptAs.isEmpty())
+        emit statusMessage(tr("The calibration table is stored in the instrument"));
+    else
+        emit statusMessage(
+            tr("The calibration table is stored in the instrument; as it was read it is kept as %1")
+                .arg(m_keptAs));
+}
+
+/// Before what was read is written over: once, and only what there was to read. False when it could
+/// not be kept.
+bool ServiceCommands::keepAsRead()
+{
+    const CalibrationPoints& points = m_panel.table().pointsAsRead();
+    if (!m_keptAs.isEmpty() || points.empty())
+        return true;
+    const QString path =
+        newBackupPath(madeUserFolder(), m_panel.serial(), QDateTime::currentDateTime());
+    const QString name = QFileInfo(path).fileName();
+    const auto work = [path, text = backupText(points)](FileProgress* progress) {
+        return writeWholeFile(path, text, progress);
+    };
+    const FileOutcome written =
+        fileWork<FileOutcome>(m_panel.window(), tr("Saving %1").arg(name), work)
+            .value_or(givenUp());
+    if (written.fault == FileFault::None)
+        m_keptAs = name;
+    else if (written.fault == FileFault::Cancelled)
+        emit statusMessage(tr("Nothing was written: the table was not kept as it was read"));
+    else
+        emit errorMessage(tr("Nothing was written: the table as it was read could not be kept as "
+                             "%1: %2")
+                              .arg(QDir::toNativeSeparators(path), written.detail));
+    return written.fault == FileFault::None;
+}
+
+void ServiceCommands::openBackup()
+{
+    if (m_isBusy)
+        return;
+    const QString filter = tr("Backups of this instrument") +
+                           QStringLiteral(" (%1 *.csv);;").arg(backupPrefix(m_panel.serial())) +
+                           tr("All backups") + QStringLiteral(" (*.csv)");
+    askFileToOpen(m_panel.window(), {tr("Open backup"), madeUserFolder(), filter},
+                  [this](const QString& path) { showBackup(path); });
+}
+
+void ServiceCommands::showBackup(const QString& path)
+{
+    const QString name = QFileInfo(path).fileName();
+    const auto work = [path](FileProgress* progress) { return readBackup(path, progress); };
+    const ReadBackup read = fileWork<ReadBackup>(m_panel.window(), tr("Reading %1").arg(name), work)
+                                .value_or(ReadBackup{givenUp(), {}, 0});
+    if (read.fault == FileFault::Cancelled || m_isBusy) {
+        emit statusMessage(tr("Not opened: %1").arg(name));
+    } else if (read.fault != FileFault::None) {
+        emit errorMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));
+    } else if (read.strangeLine > 0) {
+        emit errorMessage(tr("%1 is no backup of a calibration table: line %2 is no frequency and "
+                             "whole number")
+                              .arg(name)
+                              .arg(read.strangeLine));
+    } else {
+        m_panel.showOtherPoints(read.points);
+        const int changed = m_panel.table().changedRows();
+        emit statusMessage(
+            name.startsWith(backupPrefix(m_panel.serial()) + QLatin1Char(' '))
+                ? tr("%1: rows that differ from what was read: %2").arg(name).arg(changed)
+                : tr("%1 may be another instrument's; rows that differ from what "
+                     "was read: %2")
+                      .arg(name)
+                      .arg(changed));
+    }
 }
 
 void ServiceCommands::stopWriting()
@@ -133,7 +226,7 @@ bool ServiceCommands::writeTable()
     const BusyCursor busy;
     m_panel.setState(service::State::Writing);
     const auto ready = qScopeGuard([this] { m_panel.setState(service::State::Ready); });
-    const std::vector<CalibrationPoint> points = m_panel.table().points();
+    const CalibrationPoints points = m_panel.table().points();
     progressBarForTable bar(static_cast<int>(points.size()), &m_panel.table());
     std::size_t row = 0;
     const StatusWords words = [&row, count = points.size()] {

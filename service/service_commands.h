@@ -22,8 +22,13 @@ public slots:
     /// Fills the panel from the instrument.
     void initial_service();
     /// Writes the table into the instrument and has it stored there; while that goes on, stops it
-    /// after the present row, unstored. A table with a cell that is no number is not written.
+    /// after the present row, unstored. A table with a cell that is no number is not written, nor
+    /// any before what was read is kept as a file.
     void commandCalibrate();
+    /// Reads the table again, and nothing else.
+    void reloadTable();
+    /// Asks for a table that was kept and shows it.
+    void openBackup();
     void stopWriting();
     void sendCommandRefOsc();
     void on_REF_OSC_returnPressed();
@@ -31,6 +36,8 @@ public slots:
 signals:
     /// Something to be read once, for a few seconds.
     void statusMessage(const QString& message);
+    /// Something went wrong that the user must not miss.
+    void errorMessage(const QString& message);
 
 private:
     QString readTable();
@@ -38,7 +45,9 @@ private:
     QString queryTemperature();
     void report(QStringList failures);
     bool queryTable();
+    bool keepAsRead();
     bool writeTable();
+    void showBackup(const QString& path);
     bool pauseWhileWriting() const;
 
     ScpiSession& m_session;
@@ -46,4 +55,6 @@ private:
     /// Loading or writing: events are processed meanwhile, and may ask for either again.
     bool m_isBusy = false;
     bool m_isStopped = false;
+    /// The file that keeps the table as it was read; empty before its first writing.
+    QString m_keptAs;
 };

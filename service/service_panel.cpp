@@ -42,13 +42,16 @@ service::service(QWidget* parent)
     m_hint = newLabel("label");
     m_hint->setProperty("sectionSummary", true);
     m_hint->setWordWrap(true);
-    m_applyCalibrate = new QPushButton(this);
-    m_applyCalibrate->setObjectName(QStringLiteral("applyCalibrate"));
-    m_applyCalibrate->setMinimumWidth(buttonWidth);
+    m_reloadTable = newFootButton("reload_table");
+    m_openBackup = newFootButton("open_backup");
+    m_applyCalibrate = newFootButton("applyCalibrate");
     auto* foot = new QHBoxLayout;
     foot->setSpacing(spacing);
-    foot->addWidget(m_hint, 1);
+    foot->addWidget(m_reloadTable);
+    foot->addWidget(m_openBackup);
+    foot->addStretch(1);
     foot->addWidget(m_applyCalibrate);
+    content()->addWidget(m_hint);
     content()->addLayout(foot);
 
     connect(m_dacKey, &QPushButton::clicked, this, &service::call_manual_input_for_RefOsc);
@@ -61,6 +64,14 @@ QLabel* service::newLabel(const char* name)
     auto* label = new QLabel(this);
     label->setObjectName(QLatin1String(name));
     return label;
+}
+
+QPushButton* service::newFootButton(const char* name)
+{
+    auto* button = new QPushButton(this);
+    button->setObjectName(QLatin1String(name));
+    button->setMinimumWidth(buttonWidth);
+    return button;
 }
 
 QWidget* service::buildInstrument()
@@ -150,6 +161,8 @@ void service::setState(State state)
     m_state = state;
     m_controls->setEnabled(state == State::Ready);
     m_applyCalibrate->setEnabled(state != State::Loading);
+    for (QPushButton* button : {m_reloadTable, m_openBackup})
+        button->setEnabled(state == State::Ready);
     m_loading->setGeometry(m_table->rect());
     m_loading->setVisible(state == State::Loading);
     m_loading->raise();
@@ -170,14 +183,28 @@ void service::showState()
 void service::showPointCount()
 {
     const int count = m_table->rowCount();
-    m_pointCount->setText(count > 0 ? tr("Points: %1").arg(count) : QString());
+    const int changed = m_table->changedRows();
+    QString text = count > 0 ? tr("Points: %1").arg(count) : QString();
+    if (changed > 0)
+        text += tr(", changed: %1").arg(changed);
+    m_pointCount->setText(text);
 }
 
 void service::showPoints(int pointCount, const QStringList& numbers)
 {
-    // What is read is no edit.
+    fillTable([&] { m_table->showPoints(pointCount, numbers); });
+}
+
+void service::showOtherPoints(const CalibrationPoints& points)
+{
+    fillTable([&] { m_table->showOtherPoints(points); });
+}
+
+/// What is filled in is no edit.
+void service::fillTable(const std::function<void()>& fill)
+{
     disconnect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
-    m_table->showPoints(pointCount, numbers);
+    fill();
     connect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
     showPointCount();
 }
@@ -185,6 +212,7 @@ void service::showPoints(int pointCount, const QStringList& numbers)
 void service::editTable(int row, int column)
 {
     const QString complaint = m_table->acceptCell(row, column);
+    showPointCount();
     if (!complaint.isEmpty())
         emit statusMessage(complaint);
 }
@@ -208,6 +236,11 @@ void service::showInstrument(const QString& serial, const QString& firmware)
 {
     m_serial->setText(serial);
     m_firmware->setText(firmware);
+}
+
+QString service::serial() const
+{
+    return m_serial->text();
 }
 
 void service::forgetInstrument()
@@ -235,6 +268,12 @@ void service::retranslate()
     m_tableCaption->setText(tr("Attenuation at  0 dBm"));
     m_hint->setText(tr("Frequencies in whole hertz, or with k, M or G"));
     m_loading->setText(tr("Loading..."));
+    m_reloadTable->setText(tr("Reload"));
+    describe(m_reloadTable, tr("Reload"),
+             tr("Read the table from the instrument again; what was changed here is dropped"));
+    m_openBackup->setText(tr("Open backup..."));
+    describe(m_openBackup, tr("Open backup"),
+             tr("Put a table that was kept before a write into this one, to be written back"));
     m_table->retranslate();
     showPointCount();
     showState();

@@ -2,10 +2,14 @@
 
 #include "panel/side_panel.h"
 
+#include <functional>
+#include <vector>
+
 class CalibrationTable;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+struct CalibrationPoint;
 
 /// The maintenance view: who the instrument is, its temperature, its reference-oscillator DAC and
 /// its calibration table. Sends nothing itself.
@@ -22,11 +26,17 @@ public:
     QLineEdit& referenceDac() const { return *m_referenceDac; }
     CalibrationTable& table() const { return *m_table; }
     QPushButton& applyCalibrate() const { return *m_applyCalibrate; }
+    QPushButton& reloadTable() const { return *m_reloadTable; }
+    QPushButton& openBackup() const { return *m_openBackup; }
+    /// Of the instrument; empty without one.
+    QString serial() const;
 
     void setState(State state);
 
     /// Calibration points as read, frequency and value in turn; see CalibrationTable::showPoints.
     void showPoints(int pointCount, const QStringList& numbers);
+    /// Points of a backup, to be looked at and written.
+    void showOtherPoints(const std::vector<CalibrationPoint>& points);
     /// DAC value as the instrument tells it: a whole number.
     void showDac(const QString& value);
     void showTemperature(double degreesCelsius);
@@ -53,8 +63,10 @@ private:
     QWidget* buildDac();
     QWidget* buildTable();
     QLabel* newLabel(const char* name);
+    QPushButton* newFootButton(const char* name);
     void showState();
     void showPointCount();
+    void fillTable(const std::function<void()>& fill);
 
     QLabel* m_serialCaption;
     QLabel* m_serial;
@@ -70,6 +82,8 @@ private:
     CalibrationTable* m_table;
     QLabel* m_loading;
     QLabel* m_hint;
+    QPushButton* m_reloadTable;
+    QPushButton* m_openBackup;
     QPushButton* m_applyCalibrate;
     QWidget* m_controls;
     State m_state = State::Ready;

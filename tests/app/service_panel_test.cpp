@@ -1,10 +1,12 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
+#include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
+#include <QTemporaryDir>
 
 namespace
 {
@@ -29,6 +31,8 @@ private slots:
 private:
     static void openPanel(PanelRig& rig);
 
+    QTemporaryDir m_home;
+    const DocumentsFolder m_documents{m_home.path()};
     std::unique_ptr<Demo> m_demo;
 };
 

@@ -4,12 +4,17 @@
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "tests/support/demo.h"
+#include "tests/support/documents_folder.h"
 #include "ui/resources.h"
 
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
@@ -40,6 +45,7 @@ public:
         });
         demo(QStringLiteral("reply MEM:TABLE:POIN? -> 3"));
         demo(QStringLiteral("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2e9 3 3e9 10"));
+        panel.showInstrument("2021/5678", "2.7.1");
         panel.resize(440, 480);
         panel.show();
         if (!QTest::qWaitForWindowExposed(&panel))
@@ -107,12 +113,46 @@ public:
     {
         when([=] { return demo(QStringLiteral("transcript")).contains(text); }, action);
     }
+    void click(const char* name)
+    {
+        QTest::mouseClick(panel.findChild<QWidget*>(name), Qt::LeftButton);
+    }
+    QString folder() const { return documents.path() + "/Veltro KLV"; }
+    QStringList backups() const
+    {
+        return QDir(folder()).entryList(QDir::Files, QDir::Time | QDir::Reversed);
+    }
+    /// The rows that are marked as changed, by the texts of their heads.
+    QString marks()
+    {
+        QStringList texts;
+        for (int row = 0; row < panel.table().rowCount(); ++row) {
+            if (const auto* head = panel.table().verticalHeaderItem(row))
+                texts << head->text() + head->toolTip().section(':', 1);
+        }
+        return texts.join('|');
+    }
+    void openBackup(const QString& fileName)
+    {
+        when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); },
+             [fileName] {
+                 QWidget* dialog = QApplication::activeModalWidget();
+                 dialog->findChild<QLineEdit*>("fileNameEdit")->setText(fileName);
+                 static_cast<QDialog*>(dialog)->accept();
+             });
+        click("open_backup");
+        QTRY_VERIFY(panel.findChild<QFileDialog*>());
+        QTRY_VERIFY(!panel.findChild<QFileDialog*>());
+        QCoreApplication::processEvents();
+    }
     bool isReady()
     {
         return panel.table().isEnabled() && button().isEnabled() && button().text() == "Write" &&
                !button().icon().isNull() && !bar() && !QGuiApplication::overrideCursor();
     }
 
+    QTemporaryDir home;
+    DocumentsFolder documents{home.path()};
     Demo demo;
     VisaLibrary visa;
     ScpiSession session{visa};
@@ -120,6 +160,7 @@ public:
     ServiceCommands commands{session, panel};
     QSignalSpy told{&commands, &ServiceCommands::statusMessage};
     QSignalSpy toldByPanel{&panel, &service::statusMessage};
+    QSignalSpy errors{&commands, &ServiceCommands::errorMessage};
 };
 } // namespace
 
@@ -139,6 +180,10 @@ private slots:
     void rubbishIsRefusedBeforeAnythingIsSent();
     void writingSendsEveryRowAndSaves();
     void anEmptyTableIsOnlySaved();
+    void aWriteCanBeTakenBack();
+    void whatCannotBeKeptIsNotWrittenOver();
+    void onlyTablesAreTakenForBackups_data();
+    void onlyTablesAreTakenForBackups();
     void cancellingStopsAfterTheRow_data();
     void cancellingStopsAfterTheRow();
     void aLostConnectionEndsWriting_data();
@@ -327,6 +372,102 @@ void ServiceCommandsTest::anEmptyTableIsOnlySaved()
     bench.open();
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
     QCOMPARE(bench.demo.takeSent(), saving);
+}
+
+void ServiceCommandsTest::aWriteCanBeTakenBack()
+{
+    Bench bench;
+    bench.open();
+    QCOMPARE(bench.marks(), QString());
+    bench.type(1, CalibrationTable::Value, "7");
+    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 3"));
+    QCOMPARE(bench.panel.findChild<QLabel*>("label_2")->text(), QString("Points: 3, changed: 1"));
+    const QStringList changed = {adding[0], "MEM:TABLE:ADD 2000000000 7\\n", adding[2]};
+    // What was read is kept once.
+    for (int i = 0; i < 2; ++i) {
+        QTest::mouseClick(&bench.button(), Qt::LeftButton);
+        QCOMPARE(bench.demo.takeSent(), changed + saving);
+        QCOMPARE(bench.backups().size(), 1);
+    }
+    const QString name = bench.backups().first();
+    const QRegularExpression form(
+        "^calibration 2021_5678 \\d{4}(-\\d\\d){2} \\d\\d(-\\d\\d){2}\\.csv$");
+    QVERIFY2(form.match(name).hasMatch(), qPrintable(name));
+    QVERIFY(bench.messages().contains(name));
+    QFile file(bench.folder() + '/' + name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("1000000000,-4\n2000000000,3\n3000000000,10\n"));
+
+    bench.demo("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2e9 7 3e9 10");
+    bench.click("reload_table");
+    QCOMPARE(bench.demo.takeSent(), opening.mid(0, 2));
+    QCOMPARE(bench.cells(), QString("1000000000 -4|2000000000 7|3000000000 10"));
+    QCOMPARE(bench.marks(), QString());
+    bench.openBackup(name);
+    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 7"));
+    QVERIFY(bench.messages().startsWith(name));
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), adding + saving);
+    QCOMPARE(bench.backups().size(), 2);
+    QVERIFY(bench.isReady());
+    // A failed reading leaves rows and marks.
+    bench.demo("reply MEM:TABLE:POINt:ALL? ->");
+    bench.click("reload_table");
+    QCOMPARE(bench.messages().section('|', -1), QString("error get calibrate"));
+    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 7"));
+}
+
+void ServiceCommandsTest::whatCannotBeKeptIsNotWrittenOver()
+{
+    Bench bench;
+    bench.open();
+    QFile inTheWay(bench.folder());
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), QStringList());
+    QCOMPARE(bench.errors.size(), 1);
+    QVERIFY(bench.errors.first().first().toString().startsWith("Nothing was written: "));
+    QVERIFY(bench.isReady());
+    QVERIFY(inTheWay.remove());
+    QTest::mouseClick(&bench.button(), Qt::LeftButton);
+    QCOMPARE(bench.demo.takeSent(), adding + saving);
+}
+
+void ServiceCommandsTest::onlyTablesAreTakenForBackups_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<QString>("cells");
+    const QString before = "1000000000 -4|2000000000 3|3000000000 10";
+    const QString notOne = " is no backup of a calibration table: line ";
+    QTest::newRow("list of points") << QByteArray("1000,5,7\n") << notOne + '1' << before;
+    QTest::newRow("word") << QByteArray("1000,5\n2000,five\n") << notOne + '2' << before;
+    QTest::newRow("nothing") << QByteArray() << " is no backup" << before;
+    QTest::newRow("huge") << QByteArray(5 << 20, '1') << " cannot be opened: it is too large"
+                          << before;
+    QTest::newRow("cells that cannot be sent")
+        << QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n") << "was read: 3"
+        << "1000000000 -4|2000 | 1|9 9";
+}
+
+void ServiceCommandsTest::onlyTablesAreTakenForBackups()
+{
+    QFETCH(QByteArray, contents);
+    QFETCH(QString, said);
+    Bench bench;
+    bench.open();
+    QVERIFY(QDir().mkpath(bench.folder()));
+    QFile file(bench.folder() + "/given.csv");
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
+    file.close();
+    bench.openBackup("given.csv");
+    QTEST(bench.cells(), "cells");
+    for (const QList<QVariant>& error : qAsConst(bench.errors))
+        bench.told << error;
+    const QString told = bench.messages();
+    QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
+    QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);
 }
 
 void ServiceCommandsTest::cancellingStopsAfterTheRow_data()
