@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QFileInfo>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QThread>
@@ -95,4 +96,19 @@ bool waitForFileWork(QWidget* window, const QString& what,
     if (abandoned->isFinished())
         abandoned->deleteLater();
     return false;
+}
+
+QString readingWords(const QString& path)
+{
+    return translated(QT_TRANSLATE_NOOP("FileWork", "Reading %1")).arg(QFileInfo(path).fileName());
+}
+
+FileOutcome writeBeside(QWidget* window, const QString& path, const QByteArray& bytes)
+{
+    const QString words = translated(QT_TRANSLATE_NOOP("FileWork", "Saving %1"));
+    const auto work = [path, bytes](FileProgress* progress) {
+        return writeWholeFile(path, bytes, progress);
+    };
+    return fileWork<FileOutcome>(window, words.arg(QFileInfo(path).fileName()), work)
+        .value_or(FileOutcome{FileFault::Cancelled, QString()});
 }

@@ -31,8 +31,17 @@ std::optional<Result> fileWork(QWidget* window, const QString& what,
     return std::move(*result);
 }
 
-/// Of whatever result, when it was given up.
-inline FileOutcome givenUp()
+/// "Reading list.csv"
+QString readingWords(const QString& path);
+
+/// What `read` makes of the file; none when it was given up.
+template <typename Result>
+std::optional<Result> readBeside(QWidget* window, const QString& path,
+                                 Result (*read)(const QString& path, FileProgress* progress))
 {
-    return {FileFault::Cancelled, QString()};
+    const auto work = [path, read](FileProgress* progress) { return read(path, progress); };
+    return fileWork<Result>(window, readingWords(path), work);
 }
+
+/// writeWholeFile, beside the window.
+FileOutcome writeBeside(QWidget* window, const QString& path, const QByteArray& bytes);

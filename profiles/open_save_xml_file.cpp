@@ -54,15 +54,9 @@ bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
         emit error(tr("File name is too long"));
         return false;
     }
-    const auto work = [path, document](FileProgress* progress) {
-        return writeWholeFile(path, document, progress);
-    };
-    const QString fileName = QFileInfo(path).fileName();
-    const FileFault fault = fileWork<FileOutcome>(m_window, tr("Saving %1").arg(fileName), work)
-                                .value_or(givenUp())
-                                .fault;
+    const FileFault fault = writeBeside(m_window, path, document).fault;
     if (fault == FileFault::Cancelled)
-        emit message(tr("Not saved: %1").arg(fileName));
+        emit message(tr("Not saved: %1").arg(QFileInfo(path).fileName()));
     else if (fault != FileFault::None)
         emit error(tr("Error saving file"));
     return fault == FileFault::None;
@@ -70,9 +64,8 @@ bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
 
 FileBytes openSave_XML_FILE::read(const QString& path) const
 {
-    const auto work = [path](FileProgress* progress) { return profileBytes(path, progress); };
-    const QString what = tr("Reading %1").arg(QFileInfo(path).fileName());
-    return fileWork<FileBytes>(m_window, what, work).value_or(FileBytes{givenUp(), {}});
+    return readBeside(m_window, path, &profileBytes)
+        .value_or(FileBytes{{FileFault::Cancelled, QString()}, QByteArray()});
 }
 
 /// Tells why, if nothing may be applied just now.

@@ -159,12 +159,7 @@ bool ServiceCommands::keepAsRead()
     const QString path =
         newBackupPath(madeUserFolder(), m_panel.serial(), QDateTime::currentDateTime());
     const QString name = QFileInfo(path).fileName();
-    const auto work = [path, text = backupText(points)](FileProgress* progress) {
-        return writeWholeFile(path, text, progress);
-    };
-    const FileOutcome written =
-        fileWork<FileOutcome>(m_panel.window(), tr("Saving %1").arg(name), work)
-            .value_or(givenUp());
+    const FileOutcome written = writeBeside(m_panel.window(), path, backupText(points));
     if (written.fault == FileFault::None)
         m_keptAs = name;
     else if (written.fault == FileFault::Cancelled)
@@ -190,9 +185,8 @@ void ServiceCommands::openBackup()
 void ServiceCommands::showBackup(const QString& path)
 {
     const QString name = QFileInfo(path).fileName();
-    const auto work = [path](FileProgress* progress) { return readBackup(path, progress); };
-    const ReadBackup read = fileWork<ReadBackup>(m_panel.window(), tr("Reading %1").arg(name), work)
-                                .value_or(ReadBackup{givenUp(), {}, 0});
+    const ReadBackup read = readBeside(m_panel.window(), path, &readBackup)
+                                .value_or(ReadBackup{{FileFault::Cancelled, {}}, {}, 0});
     if (read.fault == FileFault::Cancelled || m_isBusy) {
         emit statusMessage(tr("Not opened: %1").arg(name));
     } else if (read.fault != FileFault::None) {

@@ -56,12 +56,7 @@ void ListFileDialogs::save()
 void ListFileDialogs::saveTo(const QString& path)
 {
     const QString name = nameIn(path);
-    const auto work = [path, text = listText(m_table->points())](FileProgress* progress) {
-        return writeWholeFile(path, text, progress);
-    };
-    const FileOutcome written =
-        fileWork<FileOutcome>(m_table->window(), tr("Saving %1").arg(name), work)
-            .value_or(givenUp());
+    const FileOutcome written = writeBeside(m_table->window(), path, listText(m_table->points()));
     if (written.fault == FileFault::None)
         emit statusMessage(tr("List saved: %1").arg(name));
     else if (written.fault == FileFault::Cancelled)
@@ -83,11 +78,9 @@ void ListFileDialogs::open()
 void ListFileDialogs::openFrom(const QString& path)
 {
     const QString name = nameIn(path);
-    const auto work = [path](FileProgress* progress) { return readListFile(path, progress); };
     ReadList cancelled;
     cancelled.error = ListFileError::Cancelled;
-    const ReadList read =
-        fileWork<ReadList>(m_table->window(), tr("Reading %1").arg(name), work).value_or(cancelled);
+    const ReadList read = readBeside(m_table->window(), path, &readListFile).value_or(cancelled);
     const auto take = [this, rows = read.rows] {
         if (m_table->change({0, m_table->rowCount(), rows}, tr("Open list")))
             m_table->scrollToTop();

@@ -61,7 +61,7 @@ void FileWorkTest::showsProgressAndCanBeCancelled()
     QVERIFY2(timer.elapsed() < 2500, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(mostShown > 0, isShown);
     QCOMPARE(outcome.has_value(), isHeeding);
-    QCOMPARE(outcome.value_or(givenUp()).fault == FileFault::Cancelled, isCancelled);
+    QCOMPARE(!outcome || outcome->fault == FileFault::Cancelled, isCancelled);
     QVERIFY(!QApplication::activeModalWidget());
 }
 

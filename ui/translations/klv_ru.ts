@@ -27,6 +27,14 @@
         <source>Frequencies in whole hertz, or with k, M or G; whole numbers beside them</source>
         <translation>Частоты в целых герцах или с k, M, G; рядом целые числа</translation>
     </message>
+    <message>
+        <source>As read: %1 Hz, %2</source>
+        <translation>Прочитано: %1 Гц, %2</translation>
+    </message>
+    <message>
+        <source>This row was not read from the instrument</source>
+        <translation>Этой строки в приборе не было</translation>
+    </message>
 </context>
 <context>
     <name>Connection</name>
@@ -238,6 +246,40 @@
     <message>
         <source>Put the message away (Esc)</source>
         <translation>Убрать сообщение (Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>FileQuestions</name>
+    <message>
+        <source>%1 already exists. Replace it?</source>
+        <translation>%1 уже есть. Заменить?</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>Заменить</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+</context>
+<context>
+    <name>FileWork</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Give it up; no file is changed (Esc)</source>
+        <translation>Прекратить; ни один файл не изменится (Esc)</translation>
+    </message>
+    <message>
+        <source>Reading %1</source>
+        <translation>Чтение %1</translation>
+    </message>
+    <message>
+        <source>Saving %1</source>
+        <translation>Сохранение %1</translation>
     </message>
 </context>
 <context>
@@ -533,12 +575,6 @@
         <translation>Сохранить список</translation>
     </message>
     <message>
-        <source>%1 already exists.
-Do you want to replace it?</source>
-        <translation>%1 уже есть.
-Заменить?</translation>
-    </message>
-    <message>
         <source>List saved: %1</source>
         <translation>Список сохранён: %1</translation>
     </message>
@@ -573,6 +609,26 @@ Do you want to replace it?</source>
     <message>
         <source>%1 is not a list: it has more than %2 lines</source>
         <translation>%1 — не список: в нём больше %2 строк</translation>
+    </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Не сохранено: %1</translation>
+    </message>
+    <message>
+        <source>%1 has %2 points. Open it?</source>
+        <translation>Точек в %1: %2. Открыть?</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Открыть</translation>
+    </message>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Не открыто: %1</translation>
+    </message>
+    <message>
+        <source>%1 is not a list: a field in line %2 is longer than %3 characters</source>
+        <translation>%1 — не список: поле в строке %2 длиннее %3 знаков</translation>
     </message>
 </context>
 <context>
@@ -1341,36 +1397,9 @@ Keys: +, −, Left, Right, Home</source>
         <source>Double-click or type to edit a cell; k, m or g after a frequency, m or s after a dwell: unit letters</source>
         <translation>Двойной щелчок или ввод изменяет ячейку; буквы единиц: k, m или g после частоты, m или s после времени</translation>
     </message>
-</context>
-<context>
-    <name>ProfileDialogs</name>
     <message>
-        <source>XML File (*.xml)</source>
-        <translation>Файл XML (*.xml)</translation>
-    </message>
-    <message>
-        <source>Open file</source>
-        <translation>Открыть файл</translation>
-    </message>
-    <message>
-        <source>Save file</source>
-        <translation>Сохранить файл</translation>
-    </message>
-    <message>
-        <source>%1 already exists. Replace it?</source>
-        <translation>%1 уже есть. Заменить?</translation>
-    </message>
-    <message>
-        <source>Replace</source>
-        <translation>Заменить</translation>
-    </message>
-    <message>
-        <source>Profiles</source>
-        <translation>Профили</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Отмена</translation>
+        <source>This change is too large to be taken back</source>
+        <translation>Это изменение слишком велико, его нельзя отменить</translation>
     </message>
 </context>
 <context>
@@ -1574,6 +1603,54 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Writing the calibration table: row %1 of %2</source>
         <translation>Запись таблицы калибровки: строка %1 из %2</translation>
+    </message>
+    <message>
+        <source>No instrument is connected</source>
+        <translation>Прибор не подключён</translation>
+    </message>
+    <message>
+        <source>The calibration table is stored in the instrument; as it was read it is kept as %1</source>
+        <translation>Таблица калибровки сохранена в приборе; прочитанная прежде сохранена в файле %1</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the table was not kept as it was read</source>
+        <translation>Ничего не записано: прочитанная таблица не сохранена в файле</translation>
+    </message>
+    <message>
+        <source>Nothing was written: the table as it was read could not be kept as %1: %2</source>
+        <translation>Ничего не записано: прочитанную таблицу не удалось сохранить в файле %1: %2</translation>
+    </message>
+    <message>
+        <source>Backups of this instrument</source>
+        <translation>Резервные копии этого прибора</translation>
+    </message>
+    <message>
+        <source>All backups</source>
+        <translation>Все резервные копии</translation>
+    </message>
+    <message>
+        <source>Open backup</source>
+        <translation>Открыть копию</translation>
+    </message>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Не открыто: %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be opened: %2</source>
+        <translation>%1 не открывается: %2</translation>
+    </message>
+    <message>
+        <source>%1 is no backup of a calibration table: line %2 is no frequency and whole number</source>
+        <translation>%1 — не копия таблицы калибровки: в строке %2 не частота и целое число</translation>
+    </message>
+    <message>
+        <source>%1: rows that differ from what was read: %2</source>
+        <translation>%1: строк, отличающихся от прочитанных: %2</translation>
+    </message>
+    <message>
+        <source>%1 may be another instrument&apos;s; rows that differ from what was read: %2</source>
+        <translation>%1, возможно, от другого прибора; строк, отличающихся от прочитанных: %2</translation>
     </message>
 </context>
 <context>
@@ -1948,6 +2025,21 @@ Keys: +, −, Left, Right, Home</source>
     </message>
 </context>
 <context>
+    <name>WholeFile</name>
+    <message>
+        <source>it is a folder, a pipe or a device</source>
+        <translation>это папка, канал или устройство</translation>
+    </message>
+    <message>
+        <source>it is too large</source>
+        <translation>файл слишком велик</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>нет такого файла</translation>
+    </message>
+</context>
+<context>
     <name>WindowMenu</name>
     <message>
         <source>As the &amp;system</source>
@@ -2170,6 +2262,30 @@ Keys: +, −, Left, Right, Home</source>
         <source>Profile deleted: %1</source>
         <translation>Профиль удалён: %1</translation>
     </message>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Не сохранено: %1</translation>
+    </message>
+    <message>
+        <source>Reading was given up, nothing applied: %1</source>
+        <translation>Чтение прервано, ничего не применено: %1</translation>
+    </message>
+    <message>
+        <source>Open file</source>
+        <translation>Открыть файл</translation>
+    </message>
+    <message>
+        <source>XML File (*.xml)</source>
+        <translation>Файл XML (*.xml)</translation>
+    </message>
+    <message>
+        <source>Save file</source>
+        <translation>Сохранить файл</translation>
+    </message>
+    <message>
+        <source>The profile could not be renamed: %1</source>
+        <translation>Профиль не удалось переименовать: %1</translation>
+    </message>
 </context>
 <context>
     <name>progressBarForTable</name>
@@ -2239,6 +2355,30 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Loading...</source>
         <translation>Загрузка...</translation>
+    </message>
+    <message>
+        <source>, changed: %1</source>
+        <translation>, изменено: %1</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Перечитать</translation>
+    </message>
+    <message>
+        <source>Read the table from the instrument again; what was changed here is dropped</source>
+        <translation>Снова прочитать таблицу из прибора; изменения в ней пропадут</translation>
+    </message>
+    <message>
+        <source>Open backup...</source>
+        <translation>Из копии...</translation>
+    </message>
+    <message>
+        <source>Open backup</source>
+        <translation>Открыть копию</translation>
+    </message>
+    <message>
+        <source>Put a table that was kept before a write into this one, to be written back</source>
+        <translation>Показать здесь таблицу, сохранённую перед записью, чтобы записать её обратно</translation>
     </message>
 </context>
 </TS>
