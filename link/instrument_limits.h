@@ -11,6 +11,7 @@ struct Range {
     T max{};
 
     bool isKnown() const { return min != T{} || max != T{}; }
+    Range<double> wide() const { return {static_cast<double>(min), static_cast<double>(max)}; }
 };
 
 /// The ranges of every adjustable quantity of the instrument. Keeps the last instrument's values

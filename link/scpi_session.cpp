@@ -24,6 +24,9 @@ constexpr char errorQuery[] = "SYSTem:ERRor?\n";
 /// Goes out without a line feed: the end of the USB message marks its end.
 constexpr char completionQuery[] = "*OPC?";
 
+/// Of a number that "%lf" prints.
+constexpr int sentDecimals = 6;
+
 constexpr int unlockCode = 328;
 constexpr int indicatorCode = 329;
 
@@ -111,17 +114,21 @@ void ScpiSession::close()
     m_visa.viClose(m_session);
     m_session = VI_NULL;
     m_lastAnswerMs = 0;
+    m_firstCommand.clear();
+    m_lastCommand.clear();
+    m_isQueueRead = true;
 }
 
 void ScpiSession::write(const QString& command)
 {
+    remember(command);
     m_visa.viPrintf(m_session, asFormat(command).data());
 }
 
-void ScpiSession::writeChecked(const QString& command)
+bool ScpiSession::writeChecked(const QString& command)
 {
     write(command);
-    checkErrors();
+    return checkErrors();
 }
 
 QString ScpiSession::read(const QString& command)
@@ -135,6 +142,7 @@ QString ScpiSession::read(const QString& command)
 
 QString ScpiSession::query(const QString& command)
 {
+    remember(command);
     const QString reply = queryMessage(asFormat(command));
     return lastFailed() ? QString() : reply;
 }
@@ -142,6 +150,8 @@ QString ScpiSession::query(const QString& command)
 QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind kind)
 {
     QByteArray message = QByteArray(format).append('\n');
+    remember(QString::fromLatin1(format).replace(QLatin1String("%lf"),
+                                                 QString::number(value, 'f', sentDecimals)));
     std::optional<Answer> answer(std::in_place, *this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
@@ -158,12 +168,17 @@ void ScpiSession::waitComplete(const QString& command)
 {
     write(command);
     queryMessage(QByteArray(completionQuery));
+    if (!lastFailed())
+        return;
+    fetchStatusDescription();
+    failConnection();
 }
 
-void ScpiSession::checkErrors()
+bool ScpiSession::checkErrors()
 {
     if (!m_connected)
-        return;
+        return false;
+    bool isClean = true;
     bool seen329 = false;
     bool seen328 = false;
     const QByteArray message(errorQuery);
@@ -177,18 +192,46 @@ void ScpiSession::checkErrors()
         if (m_lastStatus != VI_SUCCESS || round >= mostErrorRounds) {
             fetchStatusDescription();
             failConnection();
-            return;
+            return false;
         }
         if (isEmptyQueueReply(reply))
             break;
-        // Instrument errors are not shown; a mention of an indicator's code keeps it as it is.
+        const QString text = instrumentErrorText(reply);
+        if (code.toInt() != indicatorCode && code.toInt() != unlockCode && !text.isEmpty()) {
+            isClean = false;
+            emit errorReported({text, recentCommands()});
+        }
+        // A mention of an indicator's code keeps it as it is.
         seen329 = seen329 || reply.contains(QLatin1String("329"));
         seen328 = seen328 || reply.contains(QLatin1String("328"));
     }
+    m_isQueueRead = true;
     if (!seen329)
         emit error329Gone();
     if (!seen328)
         emit referenceUnlockGone();
+    return isClean;
+}
+
+/// A query is of interest only while nothing has been set: settings are what is refused.
+void ScpiSession::remember(const QString& command)
+{
+    const auto isQuery = [](const QString& text) {
+        return text.leftRef(text.indexOf(QLatin1Char(' '))).endsWith(QLatin1Char('?'));
+    };
+    const bool isNew = m_isQueueRead || isQuery(m_firstCommand);
+    m_isQueueRead = false;
+    if (isNew)
+        m_firstCommand = command;
+    if (isNew || !isQuery(command))
+        m_lastCommand = command;
+}
+
+QString ScpiSession::recentCommands() const
+{
+    const QString between = QStringLiteral(" \u2026 ");
+    return m_firstCommand == m_lastCommand ? m_lastCommand
+                                           : m_firstCommand + between + m_lastCommand;
 }
 
 QString ScpiSession::queryMessage(const QByteArray& message)

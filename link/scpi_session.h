@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/activity.h"
+#include "link/instrument_error.h"
 #include "link/visa_library.h"
 #include "numbers/field_kind.h"
 
@@ -51,8 +52,9 @@ public:
     /// Sends `command`; a failure shows in the next read or query.
     void write(const QString& command);
 
-    /// Sends `command` and drains the instrument's error queue.
-    void writeChecked(const QString& command);
+    /// Sends `command` and drains the instrument's error queue; the result is that of
+    /// checkErrors().
+    bool writeChecked(const QString& command);
 
     /// Writes `command`, then reads the reply: two VISA calls. Empty on a failure.
     QString read(const QString& command);
@@ -65,12 +67,14 @@ public:
     /// connection.
     QString setAndReadBack(const char* format, double value, FieldKind kind);
 
-    /// Sends `command` and waits until the instrument has carried it out, or the time-out.
+    /// Sends `command` and waits until the instrument has carried it out. Without an answer within
+    /// the time-out the connection is lost.
     void waitComplete(const QString& command);
 
-    /// Reads the instrument's error queue until it is empty. Codes 328 and 329 show as indicators;
-    /// a failing status ends the connection. Does nothing while disconnected.
-    void checkErrors();
+    /// Reads the instrument's error queue until it is empty. Codes 328 and 329 show as indicators,
+    /// all others are told; a failing status ends the connection. Does nothing while disconnected.
+    /// True when the instrument is there and no other code than the two was in the queue.
+    bool checkErrors();
 
 signals:
     /// The session is of no more use. `reason` is for the status line; what the instrument itself
@@ -79,6 +83,8 @@ signals:
     /// Error 329 is in the queue; `message` is the instrument's own text.
     void error329Seen(const QString& message);
     void error329Gone();
+    /// Any other error was in the queue. Told while the queue is being read: send nothing here.
+    void errorReported(const InstrumentError& error);
     /// Error 328: the external reference is not locked.
     void referenceUnlockSeen();
     void referenceUnlockGone();
@@ -89,6 +95,8 @@ private:
     char* clearedReply();
     QString takeReply();
     QString queryMessage(const QByteArray& message);
+    void remember(const QString& command);
+    QString recentCommands() const;
     void fetchStatusDescription();
     void failConnection();
     static QString lossText(ViStatus status);
@@ -100,4 +108,8 @@ private:
     bool m_connected = false;
     qint64 m_lastAnswerMs = 0;
     std::vector<char> m_reply;
+    // Of what was sent since the error queue was read: any of it may have brought an error.
+    QString m_firstCommand;
+    QString m_lastCommand;
+    bool m_isQueueRead = true;
 };
