@@ -126,6 +126,11 @@ void SweepEngine::advance(const Settings& settings, Clock::Microseconds now)
 
 void SweepEngine::settingsChanged(const Settings& settings, Clock::Microseconds now)
 {
+    // To be repeated, a pass that has ended begins anew.
+    if (m_state == State::Idle && m_point > 0 && settings.isOn(Switch::Continuous)) {
+        m_state = State::Waiting;
+        m_point = 0;
+    }
     if (m_state == State::Running && isStepwise(settings))
         m_state = State::Waiting;
     else if (m_state == State::Waiting && isFree(settings))

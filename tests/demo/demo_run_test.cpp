@@ -46,7 +46,8 @@ void DemoRunTest::run_data()
         << QByteArray(sweep)
         << Steps{{"INIT:CONT ON", "IDLE 0 1000000000"}, {"INIT:IMM", "RUN 1 1000000"},
                  {"clock 6000", "RUN 2 2000000"},       {"clock 50000001000", "RUN 3 3000000"},
-                 {"INIT:CONT OFF", "RUN 3 3000000"},    {"clock 3000", "IDLE 5 5000000"}};
+                 {"INIT:CONT OFF", "RUN 3 3000000"},    {"clock 3000", "IDLE 5 5000000"},
+                 {"INIT:CONT ON", "RUN 1 1000000"}};
     QTest::newRow("list, free") << QByteArray(list)
                                 << Steps{{"INIT:IMM", "RUN 1 10000000"},
                                          {"clock 1000", "RUN 2 20000000"},
