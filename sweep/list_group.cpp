@@ -4,6 +4,7 @@
 #include "sweep/mode_list.h"
 #include "sweep/point_actions.h"
 #include "sweep/point_table.h"
+#include "sweep/run_button.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -48,19 +49,23 @@ ListGroup::ListGroup(TriggerGroup& trigger, QWidget* parent)
     : QGroupBox(parent), m_title(new QLabel(this)), m_table(new PointTable(this)),
       m_actions(new PointActions(m_table)), m_mode(new ModeList(trigger, this)),
       m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
-      m_run(namedButton("button_List", this)), m_save(namedButton("save_List", this)),
-      m_open(namedButton("open_List", this))
+      m_run(new RunButton(QStringLiteral("button_List"), this)),
+      m_save(namedButton("save_List", this)), m_open(namedButton("open_List", this))
 {
     setObjectName(QStringLiteral("List__"));
     setProperty("section", true);
     m_title->setObjectName(QStringLiteral("title_List"));
     m_title->setProperty("sectionTitle", true);
-    m_run->setCheckable(true);
     m_table->setMinimumHeight(leastTableHeight);
     build();
     connect(m_table, &PointTable::pointsChanged, this,
             [this] { m_mode->showPoint(m_table->highlightedPoint(), m_table->rowCount()); });
     retranslate();
+}
+
+QPushButton& ListGroup::run() const
+{
+    return *m_run;
 }
 
 void ListGroup::build()
@@ -98,8 +103,7 @@ void ListGroup::retranslate()
 {
     m_title->setText(tr("List"));
     setAccessibleName(m_title->text());
-    m_run->setText(tr("Run"));
-    describe(m_run, tr("Run the list"), tr("Run the list while pressed in"));
+    m_run->setTexts(tr("Run the list"), tr("Stop the list"), tr("Run the list while pressed in"));
     m_save->setText(tr("Save List"));
     describe(m_save, m_save->text(), tr("Save the list as a CSV file"));
     m_open->setText(tr("Open List"));

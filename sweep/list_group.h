@@ -8,6 +8,7 @@ class PointTable;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class RunButton;
 class TriggerGroup;
 
 /// The list of points with all that edits it, and its run button. Sends nothing.
@@ -19,7 +20,7 @@ public:
     /// `trigger` is what the compact form of the trigger's choices acts on.
     ListGroup(TriggerGroup& trigger, QWidget* parent);
 
-    QPushButton& run() const { return *m_run; }
+    QPushButton& run() const;
     QPushButton& save() const { return *m_save; }
     QPushButton& open() const { return *m_open; }
     PointTable& table() const { return *m_table; }
@@ -37,7 +38,7 @@ private:
     PointActions* m_actions;
     ModeList* m_mode;
     QPushButton* m_fill;
-    QPushButton* m_run;
+    RunButton* m_run;
     QPushButton* m_save;
     QPushButton* m_open;
 };

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -217,11 +218,27 @@ PointTable& List::table() const
     return m_list->table();
 }
 
-void List::autoOff()
+void List::stopRuns()
 {
     stopRun(runSweep());
     stopRun(runList());
+}
+
+void List::autoOff()
+{
+    stopRuns();
     emit hide_();
+}
+
+/// Not before the click that has chosen it is over, which tells of it twice.
+void List::forgetChosenPoint()
+{
+    QTimer::singleShot(0, this, [this] { m_chosenRow = table().highlightedPoint() - 1; });
+}
+
+int List::boundByLimits()
+{
+    return m_sweep->boundByLimits() + table().boundByLimits();
 }
 
 void List::highlightPoint(int number)
@@ -241,8 +258,7 @@ void List::openList()
         emit statusMessage(tr("No list can be opened while a table is being transferred"));
         return;
     }
-    stopRun(runSweep());
-    stopRun(runList());
+    stopRuns();
     m_files->open();
 }
 

@@ -56,11 +56,20 @@ public:
     PointTable& table() const;
     ListPlot& plot() const { return *m_plot; }
 
+    /// The instrument did not go to the point that was chosen last: it can be chosen again.
+    void forgetChosenPoint();
+
+    /// Bounds the sweep's fields and the table's cells by the limits that an instrument has told.
+    /// Returns how many numbers had to change.
+    int boundByLimits();
+
     /// As tall as the screen lets everything be seen.
     QSize minimumSizeHint() const override;
 
 public slots:
-    /// Stops a run by a click on its button, and asks to be closed.
+    /// Stops a run by a click on its button.
+    void stopRuns();
+    /// The same, and asks to be closed.
     void autoOff();
     /// Marks the point, counted from 1, that a list run has reached; 0 for none.
     void highlightPoint(int number);

@@ -70,7 +70,9 @@ bool ListTransfer::transferTable()
         sendList(transfer, parts[i], values[i]);
         if (transfer != m_transfer)
             return false;
-        m_session.checkErrors();
+        // What the instrument has refused is not followed by the rest of it.
+        if (!m_session.checkErrors())
+            break;
     }
     end();
     return transfer == m_transfer;

@@ -1,6 +1,7 @@
 #include "sweep/point_table.h"
 
 #include "link/instrument_limits.h"
+#include "panel/clamp_field.h"
 #include "panel/progress_bar_for_table.h"
 #include "sweep/point_delegate.h"
 
@@ -19,16 +20,13 @@ constexpr std::size_t undoBytes = std::size_t{64} * 1024 * 1024;
 Range<double> limitsOf(int column)
 {
     const InstrumentLimits& limits = InstrumentLimits::global();
-    const auto wide = [](auto range) {
-        return Range<double>{static_cast<double>(range.min), static_cast<double>(range.max)};
-    };
     switch (column) {
     case PointTable::Frequency:
-        return wide(limits.frequencyHz);
+        return limits.frequencyHz.wide();
     case PointTable::Power:
         return limits.powerDbm;
     default:
-        return wide(limits.listDwellUs);
+        return limits.listDwellUs.wide();
     }
 }
 
@@ -160,6 +158,19 @@ void PointTable::dropForgotten()
 {
     while (m_history.canUndo() && m_history.command(m_history.index() - 1)->isObsolete())
         m_history.undo();
+}
+
+int PointTable::boundByLimits()
+{
+    PointRows rows = points();
+    int count = 0;
+    for (int column = 0; column < pointColumnCount; ++column) {
+        const Range<double> limits = limitsOf(column);
+        for (PointRow& row : rows)
+            count += boundText(row[static_cast<std::size_t>(column)], limits, kind(column)) ? 1 : 0;
+    }
+    const int all = rowCount();
+    return count > 0 && change({0, all, std::move(rows)}, tr("Bound by the limits")) ? count : 0;
 }
 
 void PointTable::takeBack()

@@ -33,6 +33,9 @@ public:
     /// called `what`; what takes more than 64 MB
     /// cannot be taken back. While the table is being transferred nothing is changed: false.
     bool change(RowsEdit edit, const QString& what);
+    /// Bounds all cells by the limits that an instrument has told, in one step of undo. Returns how
+    /// many had to change.
+    int boundByLimits();
     void takeBack();
     void bringBack();
     const QUndoStack& history() const { return m_history; }

@@ -24,6 +24,7 @@ void RunClock::start(const RunPoints& points, Pace pace, bool isContinuous)
     m_pace = pace;
     m_isContinuous = isContinuous;
     m_isRunning = true;
+    setOver(false);
     if (m_pace == Pace::Free)
         restartAt(0.0);
     else
@@ -37,6 +38,7 @@ void RunClock::stop()
     m_ticker.stop();
     m_isRunning = false;
     m_points = RunPoints();
+    setOver(false);
     show(0, 0.0);
 }
 
@@ -47,10 +49,11 @@ void RunClock::setPace(Pace pace)
     tick();
     m_pace = pace;
     m_ticker.stop();
-    if (m_pace == Pace::Free)
+    if (m_pace == Pace::Free && !m_isOver)
         restartAt(m_points.startUs(std::max(m_reached, 1)));
-    else if (m_pace == Pace::Unknown)
+    else if (m_pace == Pace::Unknown && !m_isOver)
         show(0, 0.0);
+    emit paceChanged();
 }
 
 void RunClock::setContinuous(bool isContinuous)
@@ -60,15 +63,18 @@ void RunClock::setContinuous(bool isContinuous)
     // Look first: the pass that is going on ends or goes on from where it is.
     tick();
     m_isContinuous = isContinuous;
-    if (!m_isRunning || m_pace != Pace::Free)
-        return;
-    const bool hasEnded = m_elapsedUs >= m_points.totalUs();
-    restartAt(hasEnded && isContinuous ? 0.0 : m_elapsedUs);
+    const bool beginsAnew = m_isOver && isContinuous;
+    if (beginsAnew)
+        setOver(false);
+    if (m_isRunning && m_pace == Pace::Free)
+        restartAt(beginsAnew ? 0.0 : m_elapsedUs);
+    else if (beginsAnew)
+        show(0, 0.0);
 }
 
 void RunClock::moveTo(int number)
 {
-    if (!m_isRunning || m_pace != Pace::Stepped || m_points.isEmpty())
+    if (!m_isRunning || m_isOver || m_pace != Pace::Stepped || m_points.isEmpty())
         return;
     const int reached = std::clamp(number, 1, m_points.count());
     show(reached, m_points.startUs(reached));
@@ -89,17 +95,28 @@ double RunClock::sinceStartUs() const
 
 void RunClock::tick()
 {
-    if (!m_isRunning || m_pace != Pace::Free)
+    if (!m_isRunning || m_isOver || m_pace != Pace::Free)
         return;
     const double totalUs = m_points.totalUs();
     double elapsedUs = sinceStartUs();
-    if (!(totalUs > 0.0) || (!m_isContinuous && elapsedUs >= totalUs)) {
+    const bool isLastEnd = !m_isContinuous && elapsedUs >= totalUs;
+    if (!(totalUs > 0.0) || isLastEnd) {
         m_ticker.stop();
         elapsedUs = totalUs;
     } else {
         elapsedUs = std::fmod(elapsedUs, totalUs);
     }
     show(m_points.pointAt(elapsedUs), elapsedUs);
+    if (isLastEnd && !m_points.isEmpty())
+        setOver(true);
+}
+
+void RunClock::setOver(bool isOver)
+{
+    if (isOver == m_isOver)
+        return;
+    m_isOver = isOver;
+    emit overChanged(isOver);
 }
 
 void RunClock::show(int number, double elapsedUs)

@@ -24,6 +24,12 @@ public:
     void stop();
     bool isRunning() const { return m_isRunning; }
     int reached() const { return m_reached; }
+    /// A single free pass has come to its end: the instrument stands at the last point, and nothing
+    /// moves it but a new pass.
+    bool isOver() const { return m_isOver; }
+    /// Of the run; none at rest.
+    const RunPoints& points() const { return m_points; }
+    Pace pace() const { return m_pace; }
 
     /// Follows a change in a run: stepping goes on from the point that a free run has reached, and
     /// a free run from the one that was stepped to.
@@ -39,17 +45,21 @@ signals:
     void pointReached(int number);
     /// Since the start of the pass, and of the whole pass.
     void timeChanged(double elapsedMs, double totalMs);
+    void paceChanged();
+    void overChanged(bool isOver);
 
 private:
     void tick();
     void show(int number, double elapsedUs);
     void restartAt(double elapsedUs);
+    void setOver(bool isOver);
     double sinceStartUs() const;
 
     RunPoints m_points;
     Pace m_pace = Pace::Stepped;
     bool m_isContinuous = false;
     bool m_isRunning = false;
+    bool m_isOver = false;
     int m_reached = 0;
     double m_elapsedUs = 0.0;
     // Time of the run when the timer was started.

@@ -26,6 +26,10 @@ public:
     /// Hears from those who start, stop and step runs.
     void follow(const SweepCommands& runs, const TriggerCommands& triggers);
 
+    /// Of the run that goes on, and what it is.
+    const RunClock& clock() const { return m_clock; }
+    RunKind running() const { return m_running; }
+
 public slots:
     /// The sweep or the list whose run button is checked.
     void runStarted();

@@ -47,6 +47,10 @@ SweepCommands::SweepCommands(ScpiSession& session, List& panel, TriggerCommands&
 {
     connect(&m_panel.runSweep(), &QAbstractButton::toggled, this, &SweepCommands::CommandSweep);
     connect(&m_panel.runList(), &QAbstractButton::toggled, this, &SweepCommands::CommandList);
+    connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
+        if (m_isSettingUp && m_panel.isRunning() && !m_refusal)
+            m_refusal = error;
+    });
 }
 
 QPushButton& SweepCommands::runButton(Mode mode) const
@@ -86,6 +90,22 @@ bool SweepCommands::isWanted(int run, Mode mode) const
     return run == m_run && m_session.isConnected() && runButton(mode).isChecked();
 }
 
+/// A start goes on. One whose set-up the instrument has refused does not: it is stopped.
+bool SweepCommands::goesOn(int run, Mode mode)
+{
+    if (!isWanted(run, mode))
+        return false;
+    if (!m_refusal)
+        return true;
+    const QString words = errorWords(*m_refusal);
+    ++m_run;
+    m_isSettingUp = false;
+    runButton(mode).click();
+    emit refused(mode == Mode::List ? tr("The list does not run: %1").arg(words)
+                                    : tr("The sweep does not run: %1").arg(words));
+    return false;
+}
+
 void SweepCommands::start(Mode mode)
 {
     const int run = ++m_run;
@@ -96,29 +116,34 @@ void SweepCommands::start(Mode mode)
     if (!isWanted(run, mode))
         return;
     m_triggers.forgetPreparation();
+    m_refusal.reset();
+    m_isSettingUp = true;
     if (mode == Mode::Sweep)
         sendSweep();
     else if (!m_transfer.transferTable())
         return;
-    if (startPrepared(run, mode)) {
+    const bool hasStarted = startPrepared(run, mode);
+    m_isSettingUp = m_isSettingUp && run != m_run;
+    if (hasStarted) {
         m_isStarted = true;
         emit runStarted();
     }
     // Stopped while the table was loading: that stop went out amid the lists. Now they are over.
-    if (mode == Mode::List && m_session.isConnected() && !runButton(mode).isChecked())
+    if (mode == Mode::List && run == m_run && m_session.isConnected() &&
+        !runButton(mode).isChecked())
         stop(mode);
 }
 
 /// Starts what the instrument has been given. False when that is not wanted any more.
 bool SweepCommands::startPrepared(int run, Mode mode)
 {
-    if (!isWanted(run, mode))
+    if (!goesOn(run, mode))
         return false;
     m_triggers.setUpTrigger();
-    if (!isWanted(run, mode))
+    if (!goesOn(run, mode))
         return false;
     m_triggers.setUpContinuousMode();
-    if (!isWanted(run, mode))
+    if (!goesOn(run, mode))
         return false;
     const QStringList& sweepStart = m_panel.isPowerSweep() ? powerSweepStart : frequencySweepStart;
     for (const QString& text : mode == Mode::List ? listStart : sweepStart)

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "link/instrument_error.h"
+
 #include <QList>
 #include <QObject>
 #include <QStringList>
+
+#include <optional>
 
 class List;
 class ListTransfer;
@@ -47,6 +51,8 @@ signals:
     void runStarted();
     /// What had started is over, by the button or with the connection.
     void runStopped();
+    /// The instrument has refused what a run was given: the run has been stopped.
+    void refused(const QString& message);
 
 private:
     enum class Mode { Sweep, List };
@@ -55,6 +61,7 @@ private:
     void command(Mode mode);
     void enableCw(bool isEnabled);
     bool isWanted(int run, Mode mode) const;
+    bool goesOn(int run, Mode mode);
     void start(Mode mode);
     bool startPrepared(int run, Mode mode);
     void sendSweep();
@@ -71,4 +78,7 @@ private:
     /// Numbers the starts, so that one that has paused knows of a newer one.
     int m_run = 0;
     bool m_isStarted = false;
+    bool m_isSettingUp = false;
+    /// What the instrument had against the set-up, the first of it.
+    std::optional<InstrumentError> m_refusal;
 };

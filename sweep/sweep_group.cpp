@@ -6,6 +6,7 @@
 #include "panel/keypad_units.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
+#include "sweep/run_button.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -64,27 +65,27 @@ StepKind stepOf(FieldKind kind)
     }
 }
 
-void clampToLimits(QLineEdit* field, FieldKind kind)
+/// Both 0, which bound nothing, for how many points there may be: no instrument tells.
+Range<double> limitsOf(FieldKind kind)
 {
     const InstrumentLimits& limits = InstrumentLimits::global();
     switch (kind) {
     case FieldKind::Power:
-        return clampField(limits.powerDbm, kind, field);
+        return limits.powerDbm;
     case FieldKind::Dwell:
-        return clampField(limits.sweepDwellUs, kind, field);
+        return limits.sweepDwellUs.wide();
     case FieldKind::PointCount:
-        // No instrument tells how many points there may be.
-        return clampField(0.0, 0.0, kind, field);
+        return {};
     default:
-        return clampField(limits.frequencyHz, kind, field);
+        return limits.frequencyHz.wide();
     }
 }
 } // namespace
 
 SweepGroup::SweepGroup(QWidget* parent)
     : QGroupBox(parent), m_title(new QLabel(this)), m_mode(new QPushButton(this)),
-      m_run(new QPushButton(this)), m_valuesAside{QStringLiteral("1 000 000 000"),
-                                                  QStringLiteral("-10"), QStringLiteral("0")}
+      m_run(new RunButton(QStringLiteral("button_Sweep"), this)),
+      m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")}
 {
     setObjectName(QStringLiteral("Sweep__"));
     setProperty("section", true);
@@ -100,8 +101,6 @@ void SweepGroup::build()
     m_title->setProperty("sectionTitle", true);
     m_mode->setObjectName(QStringLiteral("power_toFrom_freq"));
     m_mode->setCheckable(true);
-    m_run->setObjectName(QStringLiteral("button_Sweep"));
-    m_run->setCheckable(true);
 
     auto* header = new QHBoxLayout;
     header->setSpacing(spacing);
@@ -161,6 +160,11 @@ void SweepGroup::wire()
     connect(m_mode, &QAbstractButton::toggled, this, &SweepGroup::changeMode);
 }
 
+QPushButton& SweepGroup::run() const
+{
+    return *m_run;
+}
+
 bool SweepGroup::isPowerSweep() const
 {
     return m_mode->isChecked();
@@ -191,8 +195,27 @@ void SweepGroup::changeMode()
 void SweepGroup::commit(std::size_t index)
 {
     QLineEdit* field = m_rows[index].field;
-    clampToLimits(field, kindOf(rows[index], isPowerSweep()));
+    const FieldKind kind = kindOf(rows[index], isPowerSweep());
+    clampField(limitsOf(kind), kind, field);
     showAccepted(field, field->text());
+}
+
+int SweepGroup::boundByLimits()
+{
+    int count = 0;
+    QString* const asides[] = {&m_valuesAside.fixed, &m_valuesAside.start, &m_valuesAside.stop};
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const FieldKind kind = kindOf(rows[i], isPowerSweep());
+        QString text = m_rows[i].field->text();
+        if (boundText(text, limitsOf(kind), kind)) {
+            showAccepted(m_rows[i].field, text);
+            ++count;
+        }
+        const FieldKind kindAside = kindOf(rows[i], !isPowerSweep());
+        if (i < modeRowCount && boundText(*asides[i], limitsOf(kindAside), kindAside))
+            ++count;
+    }
+    return count;
 }
 
 void SweepGroup::retranslate()
@@ -201,8 +224,8 @@ void SweepGroup::retranslate()
     setAccessibleName(m_title->text());
     m_mode->setText(isPowerSweep() ? tr("Power sweep") : tr("Frequency sweep"));
     describe(m_mode, m_mode->text(), tr("Freq-Pow switch"));
-    m_run->setText(tr("Run"));
-    describe(m_run, tr("Run the sweep"), tr("Run the sweep while pressed in"));
+    m_run->setTexts(tr("Run the sweep"), tr("Stop the sweep"),
+                    tr("Run the sweep while pressed in"));
 
     const QString captions[] = {isPowerSweep() ? tr("Frequency") : tr("Power"), tr("Start"),
                                 tr("Stop"), tr("Points"), tr("Dwell")};

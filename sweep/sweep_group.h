@@ -10,6 +10,7 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class RunButton;
 
 /// What a sweep holds besides its points and dwell: frequencies in hertz or powers in dBm, as the
 /// fields show them.
@@ -28,7 +29,7 @@ class SweepGroup : public QGroupBox
 public:
     explicit SweepGroup(QWidget* parent = nullptr);
 
-    QPushButton& run() const { return *m_run; }
+    QPushButton& run() const;
     bool isPowerSweep() const;
     QLineEdit& fixedValue() const { return *m_rows[0].field; }
     QLineEdit& start() const { return *m_rows[1].field; }
@@ -39,6 +40,10 @@ public:
     SweepTexts texts() const;
     /// The values of the mode that is not chosen; the next change of mode shows them.
     SweepValues& valuesAside() { return m_valuesAside; }
+
+    /// Bounds the values of both modes by the limits that an instrument has told. Returns how many
+    /// had to change.
+    int boundByLimits();
 
     void retranslate();
 
@@ -63,6 +68,6 @@ private:
     QLabel* m_title;
     QPushButton* m_mode;
     std::array<FieldRow, 5> m_rows{};
-    QPushButton* m_run;
+    RunButton* m_run;
     SweepValues m_valuesAside;
 };

@@ -59,8 +59,10 @@ void TriggerCommands::setUpTrigger()
 
 void TriggerCommands::setUpExternal(const QString& slopeCommand)
 {
-    if (m_pulse.isChecked())
+    if (m_pulse.isChecked()) {
         m_pulse.click();
+        emit pulseExcluded();
+    }
     if (!m_session.isConnected())
         return;
     m_session.write(slopeCommand);
@@ -92,8 +94,8 @@ void TriggerCommands::sharedCommand_List_Sweep()
     if (m_panel.runSweep().isChecked() && m_isManualPrepared && m_session.isConnected()) {
         const bool isUp = name == m_panel.nextPoint().objectName();
         if (isUp || name == m_panel.previousPoint().objectName()) {
-            m_session.writeChecked(isUp ? upCommand : downCommand);
-            emit stepped(isUp ? 1 : -1);
+            if (m_session.writeChecked(isUp ? upCommand : downCommand))
+                emit stepped(isUp ? 1 : -1);
         }
     }
     emit refreshWanted();
@@ -103,8 +105,10 @@ void TriggerCommands::dowloadPointList(int number)
 {
     if (!m_session.isConnected() || !m_panel.runList().isChecked())
         return;
-    m_session.writeChecked(pointCommand.arg(number));
-    emit movedTo(number);
+    if (m_session.writeChecked(pointCommand.arg(number)))
+        emit movedTo(number);
+    else
+        m_panel.forgetChosenPoint();
 }
 
 void TriggerCommands::slotModeIntFront(bool isManual)

@@ -41,10 +41,12 @@ public slots:
 signals:
     /// What the window shows may have changed.
     void refreshWanted();
-    /// The instrument was told to step a sweep by one point: 1 up, -1 down.
+    /// The instrument has stepped a sweep by one point: 1 up, -1 down.
     void stepped(int direction);
-    /// The instrument was told to go to this point of a list, counted from 1.
+    /// The instrument has gone to this point of a list, counted from 1.
     void movedTo(int number);
+    /// The pulse modulation was switched off for a trigger from outside.
+    void pulseExcluded();
 
 private:
     bool isRunConnected() const;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPushButton>
+
+/// The button that runs a sweep or a list while it is checked. It says what a press does now, and
+/// is as wide as the wider of its two captions.
+class RunButton : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    RunButton(const QString& objectName, QWidget* parent);
+
+    /// In the present language: what its two states are called in full, and a hint to both.
+    void setTexts(const QString& runName, const QString& stopName, const QString& toolTip);
+
+    QSize sizeHint() const override;
+
+private:
+    void showCaption();
+
+    QString m_runName;
+    QString m_stopName;
+};
