@@ -1,11 +1,14 @@
 #include "app/main_window.h"
 
 #include "app/demo_mode.h"
+#include "app/error_chip.h"
 #include "app/escape_order.h"
+#include "app/exclusions.h"
 #include "app/help_file.h"
 #include "app/language.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
+#include "app/run_display.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
 #include "app/theme_choice.h"
@@ -315,6 +318,19 @@ void MainWindow::showIdentity(const InstrumentIdentity& identity)
 void MainWindow::showReady()
 {
     showConnectedState(true);
+    showBounded();
+}
+
+/// Sweep and list may have been set for an instrument of other limits.
+void MainWindow::showBounded()
+{
+    const int count = m_list->boundByLimits();
+    if (count > 0)
+        m_status->showMessage(
+            count == 1
+                ? tr("One value of sweep and list was bounded by the limits of the instrument")
+                : tr("%n values of sweep and list were bounded by the limits of the instrument",
+                     nullptr, count));
 }
 
 void MainWindow::showDisconnected()
@@ -356,7 +372,9 @@ void MainWindow::refreshPanel(QWidget* panel)
 void MainWindow::retranslate()
 {
     m_cw->retranslate();
+    m_runDisplay->retranslate();
     m_status->retranslate();
+    m_errors->retranslate();
 }
 
 void MainWindow::changeEvent(QEvent* event)

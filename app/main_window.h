@@ -15,7 +15,9 @@
 
 class CwControls;
 class DemoMode;
+class ErrorChip;
 class EscapeOrder;
+class Exclusions;
 class FirmwareUpdate;
 class Form;
 class HotPlugWatch;
@@ -29,6 +31,7 @@ class ModulationCommands;
 class OutputOff;
 class PanelProfiles;
 class PowerMode;
+class RunDisplay;
 class RunPicture;
 class ServiceCommands;
 class SidePanels;
@@ -128,6 +131,7 @@ private:
 
     void showIdentity(const InstrumentIdentity& identity);
     void showReady();
+    void showBounded();
     void showDisconnected();
     void showConnectedState(bool isConnected);
     void showIndicator329(const QString& message);
@@ -156,9 +160,12 @@ private:
     std::unique_ptr<TriggerCommands> m_triggers;
     std::unique_ptr<SweepCommands> m_sweepCommands;
     std::unique_ptr<RunPicture> m_runPicture;
+    std::unique_ptr<RunDisplay> m_runDisplay;
+    std::unique_ptr<Exclusions> m_exclusions;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<FirmwareUpdate> m_firmwareUpdate;
     std::unique_ptr<StatusLine> m_status;
+    std::unique_ptr<ErrorChip> m_errors;
     std::unique_ptr<PanelProfiles> m_panelProfiles;
     std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;

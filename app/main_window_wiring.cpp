@@ -3,10 +3,13 @@
 #include "app/connection_obstacle.h"
 #include "app/demo_mode.h"
 #include "app/error_box.h"
+#include "app/error_chip.h"
 #include "app/escape_order.h"
+#include "app/exclusions.h"
 #include "app/language.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
+#include "app/run_display.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
@@ -78,6 +81,11 @@ void MainWindow::wireStatusLine()
     connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
     connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
     connect(&m_connection, &Connection::ready, m_status.get(), &StatusLine::forgetFault);
+    m_errors = std::make_unique<ErrorChip>(*m_ui->errors);
+    connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
+        m_errors->count();
+        m_status->showMessage(errorWords(error));
+    });
 }
 
 void MainWindow::wireConnection()
@@ -144,15 +152,6 @@ void MainWindow::wireModulation()
         ModulationCommands::Indicators{*m_ui->label_AmPmFm, *m_ui->label_PULM});
     m_lfGenerator =
         std::make_unique<LfGeneratorCommands>(m_session, limits, *m_generator, *m_ui->label_Gener);
-    connect(m_modulationCommands.get(), &ModulationCommands::switchedOn, this, [this] {
-        if (m_generator->isOn())
-            m_generator->autoOff();
-        if (m_list->isRunning())
-            m_list->autoOff();
-    });
-    connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsSweepOff, m_list, &List::autoOff);
-    connect(m_lfGenerator.get(), &LfGeneratorCommands::wantsModulationOff, this,
-            [this] { m_modulationCommands->switchEverythingOff(true); });
     connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
 }
@@ -164,16 +163,25 @@ void MainWindow::wireSweep()
     m_sweepCommands = std::make_unique<SweepCommands>(
         m_session, *m_list, *m_triggers, *m_listTransfer,
         SweepCommands::CwWidgets{*m_ui->FREQ, *m_ui->POW, {m_ui->key_FREQ, m_ui->key_POW}});
-    connect(m_sweepCommands.get(), &SweepCommands::runStarting, this, [this] {
-        m_modulationCommands->switchEverythingOff(true);
-        if (m_generator->isOn())
-            m_generator->autoOff();
-    });
+    m_exclusions = std::make_unique<Exclusions>(
+        Exclusions::Parts{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator,
+                          *m_list, *m_sweepCommands, *m_triggers});
+    connect(m_exclusions.get(), &Exclusions::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(m_sweepCommands.get(), &SweepCommands::refused, m_status.get(),
+            &StatusLine::showMessage);
     connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
             &SweepCommands::connectionLost);
     connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
     m_runPicture = std::make_unique<RunPicture>(*m_list, *m_ui->POW);
     m_runPicture->follow(*m_sweepCommands, *m_triggers);
+    m_runDisplay = std::make_unique<RunDisplay>(
+        RunDisplay::Widgets{*m_ui->FREQ, *m_ui->unit_FREQ, *m_ui->POW, *m_ui->unit_POW,
+                            *m_ui->label_Run, *m_ui->run_point, *m_ui->run_progress,
+                            *m_ui->stop_run},
+        *m_list, *m_runPicture, *m_sweepCommands);
+    connect(m_runDisplay.get(), &RunDisplay::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_list, &List::errorMessage, this,

@@ -27,8 +27,10 @@ struct Panel {
 
     void showEverything()
     {
-        for (QWidget* hidden : std::initializer_list<QWidget*>{ui.wgtMaxPow, ui.label_328,
-                                                               ui.label_329, ui.ROSC_FREQ})
+        ui.errors->setText(translator.isEmpty() ? "23 errors" : "23 ошибки");
+        for (QWidget* hidden :
+             std::initializer_list<QWidget*>{ui.wgtMaxPow, ui.label_328, ui.label_329, ui.ROSC_FREQ,
+                                             ui.stop_run, ui.run_progress, ui.errors})
             hidden->show();
         for (QLabel* label :
              {static_cast<QLabel*>(ui.label_AmPmFm), static_cast<QLabel*>(ui.label_PULM),
@@ -87,7 +89,7 @@ private slots:
             QVERIFY2(!widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
             QVERIFY2(!widget->accessibleName().isEmpty(), qPrintable(widget->objectName()));
         }
-        QCOMPARE(controls, 26);
+        QCOMPARE(controls, 29);
     }
 
     void noTextIsClipped_data() { addLanguages(); }

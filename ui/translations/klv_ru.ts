@@ -249,6 +249,64 @@
     </message>
 </context>
 <context>
+    <name>ErrorChip</name>
+    <message>
+        <source>1 error</source>
+        <translation>1 ошибка</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n errors</source>
+        <translation>
+            <numerusform>%n ошибка</numerusform>
+            <numerusform>%n ошибки</numerusform>
+            <numerusform>%n ошибок</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Exclusions</name>
+    <message>
+        <source>Pulse modulation off: the trigger takes its input</source>
+        <translation>Импульсная модуляция выключена: её вход занят запуском</translation>
+    </message>
+    <message>
+        <source>a modulation is on</source>
+        <translation>включена модуляция</translation>
+    </message>
+    <message>
+        <source>the LF generator is on</source>
+        <translation>включён генератор НЧ</translation>
+    </message>
+    <message>
+        <source>a list has started</source>
+        <translation>запущен список</translation>
+    </message>
+    <message>
+        <source>a sweep has started</source>
+        <translation>запущено качание</translation>
+    </message>
+    <message>
+        <source>Modulation off</source>
+        <translation>Модуляция выключена</translation>
+    </message>
+    <message>
+        <source>LF generator off</source>
+        <translation>Генератор НЧ выключен</translation>
+    </message>
+    <message>
+        <source>List stopped</source>
+        <translation>Список остановлен</translation>
+    </message>
+    <message>
+        <source>Sweep stopped</source>
+        <translation>Качание остановлено</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
     <name>FileQuestions</name>
     <message>
         <source>%1 already exists. Replace it?</source>
@@ -427,6 +485,13 @@
     <message>
         <source>All Device</source>
         <translation>Все приборы</translation>
+    </message>
+</context>
+<context>
+    <name>InstrumentError</name>
+    <message>
+        <source>%1 after %2</source>
+        <translation>%1 после %2</translation>
     </message>
 </context>
 <context>
@@ -638,10 +703,6 @@
         <translation>Список</translation>
     </message>
     <message>
-        <source>Run</source>
-        <translation>Пуск</translation>
-    </message>
-    <message>
         <source>Run the list</source>
         <translation>Пуск списка</translation>
     </message>
@@ -672,6 +733,10 @@
     <message>
         <source>Fill a column between its first and its last value, or down</source>
         <translation>Заполнить столбец между первым и последним значением или вниз</translation>
+    </message>
+    <message>
+        <source>Stop the list</source>
+        <translation>Остановить список</translation>
     </message>
 </context>
 <context>
@@ -1088,6 +1153,54 @@ Keys: +, −, Left, Right, Home</source>
         <source>DAC</source>
         <translation>ЦАП</translation>
     </message>
+    <message>
+        <source>Present point of the run</source>
+        <translation>Текущая точка прохода</translation>
+    </message>
+    <message>
+        <source>Progress of the run</source>
+        <translation>Ход прохода</translation>
+    </message>
+    <message>
+        <source>Lit while a sweep or a list runs; grey once its pass is over</source>
+        <translation>Горит, пока выполняется качание или список; серая, когда проход окончен</translation>
+    </message>
+    <message>
+        <source>Run lamp</source>
+        <translation>Индикатор выполнения</translation>
+    </message>
+    <message>
+        <source>Stop the sweep or the list that runs (F7)</source>
+        <translation>Остановить качание или список (F7)</translation>
+    </message>
+    <message>
+        <source>Stop the run</source>
+        <translation>Остановить выполнение</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Стоп</translation>
+    </message>
+    <message>
+        <source>Errors that the instrument has reported; a click clears the count</source>
+        <translation>Ошибки, о которых сообщил прибор; щелчок сбрасывает счёт</translation>
+    </message>
+    <message>
+        <source>Errors of the instrument</source>
+        <translation>Ошибки прибора</translation>
+    </message>
+    <message>
+        <source>One value of sweep and list was bounded by the limits of the instrument</source>
+        <translation>Одно значение качания и списка ограничено пределами прибора</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values of sweep and list were bounded by the limits of the instrument</source>
+        <translation>
+            <numerusform>%n значение качания и списка ограничено пределами прибора</numerusform>
+            <numerusform>%n значения качания и списка ограничены пределами прибора</numerusform>
+            <numerusform>%n значений качания и списка ограничены пределами прибора</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ModeList</name>
@@ -1401,6 +1514,10 @@ Keys: +, −, Left, Right, Home</source>
         <source>This change is too large to be taken back</source>
         <translation>Это изменение слишком велико, его нельзя отменить</translation>
     </message>
+    <message>
+        <source>Bound by the limits</source>
+        <translation>Ограничить пределами</translation>
+    </message>
 </context>
 <context>
     <name>PulseGroup</name>
@@ -1478,6 +1595,56 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Delete %1</source>
         <translation>Удалить %1</translation>
+    </message>
+</context>
+<context>
+    <name>RunButton</name>
+    <message>
+        <source>Stop</source>
+        <translation>Стоп</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Пуск</translation>
+    </message>
+</context>
+<context>
+    <name>RunDisplay</name>
+    <message>
+        <source>Pass finished: Stop returns to %1 Hz</source>
+        <translation>Проход окончен: «Стоп» вернёт %1 Гц</translation>
+    </message>
+    <message>
+        <source>LIST</source>
+        <translation>СПИСОК</translation>
+    </message>
+    <message>
+        <source>SWEEP</source>
+        <translation>КАЧАНИЕ</translation>
+    </message>
+    <message>
+        <source>Present frequency of the run</source>
+        <translation>Текущая частота прохода</translation>
+    </message>
+    <message>
+        <source>Present power of the run</source>
+        <translation>Текущая мощность прохода</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2</source>
+        <translation>Точка %1 из %2</translation>
+    </message>
+    <message>
+        <source>by trigger, points: %1</source>
+        <translation>по запуску, точек: %1</translation>
+    </message>
+    <message>
+        <source>waits for a step, points: %1</source>
+        <translation>ждёт шага, точек: %1</translation>
+    </message>
+    <message>
+        <source>by trigger</source>
+        <translation>по запуску</translation>
     </message>
 </context>
 <context>
@@ -1701,6 +1868,14 @@ Keys: +, −, Left, Right, Home</source>
         <source>Starting the sweep</source>
         <translation>Запуск качания</translation>
     </message>
+    <message>
+        <source>The list does not run: %1</source>
+        <translation>Список не выполняется: %1</translation>
+    </message>
+    <message>
+        <source>The sweep does not run: %1</source>
+        <translation>Качание не выполняется: %1</translation>
+    </message>
 </context>
 <context>
     <name>SweepGroup</name>
@@ -1719,10 +1894,6 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Freq-Pow switch</source>
         <translation>Переключатель частота-мощность</translation>
-    </message>
-    <message>
-        <source>Run</source>
-        <translation>Пуск</translation>
     </message>
     <message>
         <source>Run the sweep</source>
@@ -1779,6 +1950,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Sweep: %1</source>
         <translation>Качание: %1</translation>
+    </message>
+    <message>
+        <source>Stop the sweep</source>
+        <translation>Остановить качание</translation>
     </message>
 </context>
 <context>

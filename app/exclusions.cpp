@@ -1,0 +1,104 @@
+#include "app/exclusions.h"
+
+#include "modulation/generator.h"
+#include "modulation/lf_generator_commands.h"
+#include "modulation/modulat.h"
+#include "modulation/modulation_commands.h"
+#include "sweep/list_panel.h"
+#include "sweep/sweep_commands.h"
+#include "sweep/trigger_commands.h"
+
+#include <QPushButton>
+#include <QTimer>
+
+Exclusions::Exclusions(const Parts& parts, QObject* parent) : QObject(parent), m_parts(parts)
+{
+    connect(&m_parts.modulationCommands, &ModulationCommands::switchedOn, this,
+            &Exclusions::modulationStarted);
+    connect(&m_parts.lfCommands, &LfGeneratorCommands::wantsModulationOff, this,
+            &Exclusions::lfGeneratorStarting);
+    connect(&m_parts.lfCommands, &LfGeneratorCommands::wantsSweepOff, this,
+            &Exclusions::lfGeneratorStarted);
+    connect(&m_parts.runs, &SweepCommands::runStarting, this, &Exclusions::runStarting);
+    connect(&m_parts.runs, &SweepCommands::runStarted, this, [this] { m_running = checkedRun(); });
+    connect(&m_parts.runs, &SweepCommands::runStopped, this, &Exclusions::runStopped);
+    connect(&m_parts.triggers, &TriggerCommands::pulseExcluded, this, [this] {
+        emit statusMessage(tr("Pulse modulation off: the trigger takes its input"));
+    });
+}
+
+void Exclusions::modulationStarted()
+{
+    endLfGenerator();
+    if (m_parts.list.isRunning()) {
+        m_ended << stopWords(checkedRun());
+        m_parts.list.autoOff();
+    }
+    tell(tr("a modulation is on"));
+}
+
+void Exclusions::lfGeneratorStarting()
+{
+    endModulation();
+    tell(tr("the LF generator is on"));
+}
+
+void Exclusions::lfGeneratorStarted()
+{
+    if (m_parts.list.isRunning())
+        m_ended << stopWords(checkedRun());
+    // The panel of the runs closes even where none runs.
+    m_parts.list.autoOff();
+    tell(tr("the LF generator is on"));
+}
+
+void Exclusions::runStarting()
+{
+    const RunKind kind = checkedRun();
+    if (m_justStopped && *m_justStopped != kind)
+        m_ended << stopWords(*m_justStopped);
+    m_justStopped.reset();
+    endModulation();
+    endLfGenerator();
+    tell(kind == RunKind::List ? tr("a list has started") : tr("a sweep has started"));
+}
+
+/// Sweep and list take one another's place within one click.
+void Exclusions::runStopped()
+{
+    m_justStopped = m_running;
+    QTimer::singleShot(0, this, [this] { m_justStopped.reset(); });
+}
+
+void Exclusions::endModulation()
+{
+    const Modulat& panel = m_parts.modulation;
+    if (panel.checkedModulation() || panel.pulse()->isChecked())
+        m_ended << tr("Modulation off");
+    m_parts.modulationCommands.switchEverythingOff(true);
+}
+
+void Exclusions::endLfGenerator()
+{
+    if (!m_parts.lfGenerator.isOn())
+        return;
+    m_ended << tr("LF generator off");
+    m_parts.lfGenerator.autoOff();
+}
+
+RunKind Exclusions::checkedRun() const
+{
+    return m_parts.list.runList().isChecked() ? RunKind::List : RunKind::Sweep;
+}
+
+QString Exclusions::stopWords(RunKind kind)
+{
+    return kind == RunKind::List ? tr("List stopped") : tr("Sweep stopped");
+}
+
+void Exclusions::tell(const QString& cause)
+{
+    if (!m_ended.isEmpty())
+        emit statusMessage(tr("%1: %2").arg(m_ended.join(QLatin1String(", ")), cause));
+    m_ended.clear();
+}

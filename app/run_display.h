@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QObject>
+
+class List;
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QString;
+class QWidget;
+class RunPicture;
+class SweepCommands;
+
+/// Shows a run on the display of the main window, whatever panel is open: its lamp, the present
+/// point over the frequency and the power that the run will return to, its number, and how far the
+/// pass is. Owns what lies over the two fields; their texts stay as they are.
+class RunDisplay : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Widgets {
+        QLineEdit& frequency;
+        QWidget& frequencyUnit;
+        QLineEdit& power;
+        QWidget& powerUnit;
+        QLabel& lamp; ///< enabled while the run moves, shown as long as it is not stopped
+        QLabel& point;
+        QProgressBar& progress;
+        QAbstractButton& stop;
+    };
+
+    RunDisplay(const Widgets& widgets, List& panel, const RunPicture& picture,
+               const SweepCommands& runs, QObject* parent = nullptr);
+
+    /// In the present language.
+    void retranslate();
+
+signals:
+    void statusMessage(const QString& message);
+
+private:
+    /// A number in the place of a field's, as large.
+    struct Figure {
+        QLabel* label;
+        QWidget* unit;
+    };
+
+    static Figure figureOver(QLineEdit& field, QWidget& unit, const char* name);
+    void wire(const SweepCommands& runs);
+    void setRunning(bool isRunning);
+    void showOver(bool isOver);
+    void showTime(double elapsedMs, double totalMs);
+    void showPoint();
+    void showFigures();
+    QString pointText() const;
+
+    Widgets m_ui;
+    List& m_panel;
+    const RunPicture& m_picture;
+    Figure m_frequency;
+    Figure m_power;
+    bool m_isRunning = false;
+};
