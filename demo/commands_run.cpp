@@ -6,12 +6,29 @@ namespace
 {
 
 constexpr size_t listCapacity = 65536;
+/// Lists go down to it on every model.
+constexpr double lowestListFrequencyHz = 1000;
 
 std::vector<double>& listOf(Settings& settings, Quantity quantity)
 {
     if (quantity == Quantity::Frequency)
         return settings.listFrequencyHz;
     return quantity == Quantity::Power ? settings.listPowerDbm : settings.listDwellSeconds;
+}
+
+ScpiError readListValue(const Command& command, const Model& model, std::string_view text,
+                        double& value)
+{
+    const auto quantity = static_cast<Quantity>(command.index);
+    const ScpiError error = readQuantity(model, quantity, text, value);
+    if (error != ScpiError::DataOutOfRange || quantity != Quantity::Frequency)
+        return error;
+    const double wanted = parseNumber(text, Unit::Hertz).value;
+    const double lowest = model.description.limits[command.index].minimum;
+    if (!(wanted >= lowestListFrequencyHz && wanted < lowest))
+        return error;
+    value = wanted;
+    return ScpiError::None;
 }
 
 // Reads all values before the list is touched: a bad one leaves it as it was.
@@ -23,8 +40,7 @@ ScpiError readList(const Command& command, const Request& request, std::vector<d
     while (!rest.empty()) {
         const bool isFollowed = rest.find(',') != rest.npos;
         double value = 0;
-        const ScpiError error = readQuantity(request.model, static_cast<Quantity>(command.index),
-                                             takePart(rest, ','), value);
+        const ScpiError error = readListValue(command, request.model, takePart(rest, ','), value);
         if (error != ScpiError::None)
             return error;
         if (isFollowed && rest.empty())
