@@ -70,9 +70,7 @@ bool ListTransfer::transferTable()
         sendList(transfer, parts[i], values[i]);
         if (transfer != m_transfer)
             return false;
-        // What the instrument has refused is not followed by the rest of it.
-        if (!m_session.checkErrors())
-            break;
+        m_session.checkErrors();
     }
     end();
     return transfer == m_transfer;

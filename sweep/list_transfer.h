@@ -32,8 +32,7 @@ public:
 
     /// Sends frequencies, powers and dwell times as the table holds them now; an empty cell sends
     /// its fill-in and stays empty. Events are processed between the blocks. Ends early when the
-    /// list's run button is unchecked, the instrument reports an error or the connection goes: look
-    /// at all of them again afterwards. False
+    /// list's run button is unchecked or the connection goes: look at both again afterwards. False
     /// when it was abandoned or the program ends: nothing more is to be sent.
     bool transferTable();
 
