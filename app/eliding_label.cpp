@@ -3,6 +3,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolTip>
 
 QString ElidingLabel::shownText() const
@@ -14,9 +15,11 @@ bool ElidingLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || shownText() == text())
         return QLabel::event(event);
-    const QStringList lines = {text(), toolTip()};
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
-                       lines.join(QLatin1Char('\n')).trimmed(), this);
+    QString tip = (text() + QLatin1Char('\n') + toolTip()).trimmed();
+    // Plain, as the line itself: what an instrument says may look like rich text.
+    if (Qt::mightBeRichText(tip))
+        tip = Qt::convertFromPlainText(tip);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);
     return true;
 }
 

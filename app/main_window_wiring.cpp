@@ -255,7 +255,7 @@ void MainWindow::wireProfiles()
                                 &m_list->runSweep(), &m_list->runList()},
                                [this](const QWidget* widget) {
                                    return widget == m_ui->closeWindow || widget == m_ui->minimize ||
-                                          m_outputOff->isWayOff(widget);
+                                          widget == m_ui->stop_run || m_outputOff->isWayOff(widget);
                                }};
     m_panelProfiles = std::make_unique<PanelProfiles>(parts);
     m_profiles = new openSaveProfile(m_panelProfiles->files(), this);

@@ -14,21 +14,18 @@ void RunButton::setTexts(const QString& runName, const QString& stopName, const 
     m_runName = runName;
     m_stopName = stopName;
     setToolTip(toolTip);
+    ensurePolished();
+    int width = 0;
+    for (const QString& caption : {tr("Run"), tr("Stop")}) {
+        setText(caption);
+        width = std::max(width, sizeHint().width());
+    }
+    setMinimumWidth(width);
     showCaption();
-    updateGeometry();
 }
 
 void RunButton::showCaption()
 {
     setText(isChecked() ? tr("Stop") : tr("Run"));
     setAccessibleName(isChecked() ? m_stopName : m_runName);
-}
-
-QSize RunButton::sizeHint() const
-{
-    const QFontMetrics metrics = fontMetrics();
-    const int run = metrics.horizontalAdvance(tr("Run"));
-    const int stop = metrics.horizontalAdvance(tr("Stop"));
-    const int more = std::max(run, stop) - (isChecked() ? stop : run);
-    return QPushButton::sizeHint() + QSize(more, 0);
 }

@@ -14,8 +14,6 @@ public:
     /// In the present language: what its two states are called in full, and a hint to both.
     void setTexts(const QString& runName, const QString& stopName, const QString& toolTip);
 
-    QSize sizeHint() const override;
-
 private:
     void showCaption();
 
