@@ -68,6 +68,13 @@ QWidget* openList(PanelRig& rig)
     return openPanel(rig, "open_list", {"List_is_Checked", "int_select"});
 }
 
+QWidget* openRun(PanelRig& rig)
+{
+    rig.connectDevice();
+    rig.get<QLineEdit>("Time").setText(QStringLiteral("1 000 000"));
+    return openPanel(rig, "open_list", {"button_Sweep"});
+}
+
 QWidget* openProfiles(PanelRig& rig)
 {
     openPanel(rig, "profiles", {});
@@ -157,6 +164,7 @@ const Surface surfaces[] = {
      [](PanelRig& rig) {
          return openPanel(rig, "open_list", {"power_toFrom_freq", "logarithmicFrequency"});
      }},
+    {"sweep that runs", openRun},
     {"list", openList},
     {"list by hand",
      [](PanelRig& rig) {
