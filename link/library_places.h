@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+class QLibrary;
+
 /// Where the system looks for a library that is loaded by a plain name.
 struct LibraryPlaces {
     QStringList fileNames;
@@ -9,3 +11,7 @@ struct LibraryPlaces {
 };
 
 LibraryPlaces libraryPlaces(const QString& name);
+
+/// Loads the library of that plain name from those places, and never from the current folder, which
+/// may be one that a document was opened from. False: not there, or not loadable.
+bool loadFromPlaces(QLibrary& library, const QString& name);

@@ -2,15 +2,64 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QLibrary>
 
 #include <windows.h>
 
+namespace
+{
+const QString suffix = QStringLiteral(".dll");
+
+QString fileNameOf(const QString& name)
+{
+    return name.endsWith(suffix, Qt::CaseInsensitive) ? name : name + suffix;
+}
+
+QString systemFolder()
+{
+    wchar_t folder[MAX_PATH] = {};
+    GetSystemDirectoryW(folder, MAX_PATH);
+    return QString::fromWCharArray(folder);
+}
+
+/// A relative entry of the variable would mean the current folder.
+QStringList pathFolders()
+{
+    QStringList folders;
+    const QStringList listed =
+        qEnvironmentVariable("PATH").split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    for (QString folder : listed) {
+        folder.remove(QLatin1Char('"'));
+        if (QDir::isAbsolutePath(folder))
+            folders << folder;
+    }
+    return folders;
+}
+} // namespace
+
 LibraryPlaces libraryPlaces(const QString& name)
 {
-    wchar_t systemFolder[MAX_PATH] = {};
-    GetSystemDirectoryW(systemFolder, MAX_PATH);
-    return {{name + QStringLiteral(".dll")},
-            {QDir::toNativeSeparators(QCoreApplication::applicationDirPath()),
-             QString::fromWCharArray(systemFolder),
+    return {{fileNameOf(name)},
+            {QDir::toNativeSeparators(QCoreApplication::applicationDirPath()), systemFolder(),
              QCoreApplication::translate("LibraryPlaces", "the folders of PATH")}};
+}
+
+// By full paths: a plain name would be looked for in the current folder before those of PATH.
+bool loadFromPlaces(QLibrary& library, const QString& name)
+{
+    // What the library itself loads is not to come from there either.
+    SetDllDirectoryW(L"");
+    const QString fileName = fileNameOf(name);
+    const QStringList folders =
+        QStringList{QCoreApplication::applicationDirPath(), systemFolder()} + pathFolders();
+    for (const QString& folder : folders) {
+        const QString path = QDir(folder).filePath(fileName);
+        if (!QFileInfo::exists(path))
+            continue;
+        library.setFileName(path);
+        if (library.load())
+            return true;
+    }
+    return false;
 }

@@ -1,6 +1,18 @@
 #include "link/visa_library.h"
 
+#include "link/library_places.h"
+
+#include <QFileInfo>
 #include <QLibrary>
+
+namespace
+{
+/// Not a path, by which a library is asked for where it is.
+bool isPlainName(const QString& name)
+{
+    return QFileInfo(name).fileName() == name;
+}
+} // namespace
 
 VisaLibrary::~VisaLibrary()
 {
@@ -14,8 +26,10 @@ void VisaLibrary::load(const char* name)
         return;
     m_name = QString::fromLocal8Bit(name);
     m_loadError.clear();
-    m_library = new QLibrary(m_name);
-    if (!m_library->load()) {
+    m_library = new QLibrary;
+    if (!isPlainName(m_name))
+        m_library->setFileName(m_name);
+    if (!(isPlainName(m_name) ? loadFromPlaces(*m_library, m_name) : m_library->load())) {
         m_loadError = m_library->errorString();
         return;
     }
