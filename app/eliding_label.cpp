@@ -1,5 +1,7 @@
 #include "app/eliding_label.h"
 
+#include "link/instrument_text.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -15,11 +17,9 @@ bool ElidingLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || shownText() == text())
         return QLabel::event(event);
-    QString tip = (text() + QLatin1Char('\n') + toolTip()).trimmed();
-    // Plain, as the line itself: what an instrument says may look like rich text.
-    if (Qt::mightBeRichText(tip))
-        tip = Qt::convertFromPlainText(tip);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), tip, this);
+    const QStringList lines = {text(), toolTip()};
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       neverRich(lines.join(QLatin1Char('\n')).trimmed()), this);
     return true;
 }
 

@@ -3,6 +3,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace
 {
 /// The simulated instrument names its section so while it is in its bootloader.
@@ -14,9 +16,8 @@ DemoPlugWatch::DemoPlugWatch(const QString& filePath)
 {
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(QuietMs);
-    const auto restartQuiet = [this] { m_quiet.start(); };
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, restartQuiet);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, restartQuiet);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] { noteChange(true); });
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] { noteChange(false); });
     connect(&m_quiet, &QTimer::timeout, this, &DemoPlugWatch::compareContent);
     watchPaths();
     m_content = readFile();
@@ -36,15 +37,44 @@ void DemoPlugWatch::watchPaths()
         m_watcher.addPath(folder);
 }
 
+/// An instrument that is out and in again before the file is left alone has lost its state all the
+/// same. A file that is rewritten in its place is empty for a moment: that pulls no cable.
+void DemoPlugWatch::noteChange(bool isRewritten)
+{
+    m_quiet.start();
+    watchPaths();
+    const QByteArray content = readFile();
+    if (isRewritten && content.isEmpty())
+        return;
+    const QStringList present = serialsIn(content);
+    const QStringList before = serialsIn(m_content);
+    for (const QString& serial : before) {
+        if (!present.contains(serial) && !m_absent.contains(serial))
+            m_absent += serial;
+    }
+}
+
+void DemoPlugWatch::noteLoss()
+{
+    m_content = readFile();
+}
+
 void DemoPlugWatch::compareContent()
 {
     // Watch first, read second: a change in between is then announced by the watcher.
     watchPaths();
     const QByteArray content = readFile();
-    if (content == m_content)
-        return;
+    const bool isChanged = content != m_content;
     m_content = content;
-    emit devicesChanged();
+    const QStringList present = serialsIn(content);
+    const bool hasComeBack =
+        std::any_of(m_absent.cbegin(), m_absent.cend(),
+                    [&present](const QString& serial) { return present.contains(serial); });
+    if (hasComeBack)
+        emit devicesChanged();
+    m_absent.clear();
+    if (isChanged || hasComeBack)
+        emit devicesChanged();
 }
 
 QByteArray DemoPlugWatch::readFile() const
@@ -53,18 +83,24 @@ QByteArray DemoPlugWatch::readFile() const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QStringList DemoPlugWatch::presentSerials(bool firstOnly) const
+QStringList DemoPlugWatch::serialsIn(const QByteArray& content)
 {
     QStringList serials;
-    for (const QByteArray& line : readFile().split('\n')) {
+    for (const QByteArray& line : content.split('\n')) {
         const QString text = QString::fromUtf8(line).trimmed();
         if (!text.startsWith(QLatin1Char('[')) || !text.endsWith(QLatin1Char(']')))
             continue;
         const QString serial = text.mid(1, text.size() - 2).trimmed();
         if (!serial.isEmpty() && !serial.startsWith(bootloaderMark) && !serials.contains(serial))
             serials += serial;
-        if (firstOnly && !serials.isEmpty())
-            break;
     }
     return serials;
+}
+
+QStringList DemoPlugWatch::presentSerials(bool firstOnly) const
+{
+    QStringList serials = serialsIn(readFile());
+    for (const QString& serial : m_absent)
+        serials.removeAll(serial);
+    return firstOnly ? serials.mid(0, 1) : serials;
 }

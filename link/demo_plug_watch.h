@@ -19,14 +19,18 @@ public:
     explicit DemoPlugWatch(const QString& filePath);
 
     QStringList presentSerials(bool firstOnly) const override;
+    void noteLoss() override;
 
 private:
     void watchPaths();
+    void noteChange(bool isRewritten);
+    static QStringList serialsIn(const QByteArray& content);
     void compareContent();
     QByteArray readFile() const;
 
     QString m_filePath;
     QByteArray m_content;
+    QStringList m_absent; ///< were away for a moment, and are not listed until that has been told
     QFileSystemWatcher m_watcher;
     QTimer m_quiet;
 };

@@ -1,5 +1,7 @@
 #include "link/gui_list_klv.h"
 
+#include "link/instrument_text.h"
+
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QIcon>
@@ -13,6 +15,17 @@ constexpr int gapToWindow = 16;
 constexpr int mostHeight = 480;
 constexpr int contentMargin = 16;
 constexpr int contentSpacing = 8;
+
+constexpr char nameProperty[] = "instrumentName";
+
+/// An ampersand in a caption would else be an access key.
+QString captionOf(const QString& name)
+{
+    QStringList lines = name.split(QLatin1Char('\n'));
+    for (QString& line : lines)
+        line = instrumentText(line).replace(QLatin1Char('&'), QLatin1String("&&"));
+    return lines.join(QLatin1Char('\n'));
+}
 } // namespace
 
 GuiListKLV::GuiListKLV()
@@ -50,13 +63,14 @@ void GuiListKLV::reset(const QWidget* neighbour)
 void GuiListKLV::createButton(const QString& objectName, const QString& name)
 {
     const QPixmap picture(QStringLiteral(":/images/device.png"));
-    auto* button = new QPushButton(picture, name, m_content);
+    auto* button = new QPushButton(picture, captionOf(name), m_content);
+    button->setProperty(nameProperty, name);
     button->setCheckable(false);
     button->setAutoDefault(false);
     button->setIconSize(picture.size() / picture.devicePixelRatio());
     button->setObjectName(objectName);
-    button->setAccessibleName(name.simplified());
-    button->setToolTip(objectName);
+    button->setAccessibleName(instrumentText(name));
+    button->setToolTip(instrumentText(objectName));
     connect(button, &QPushButton::clicked, this, &GuiListKLV::slotSendAddress);
     connect(button, &QPushButton::clicked, this, &GuiListKLV::close);
     m_grid->addWidget(button, m_count / m_columns, m_count % m_columns);
@@ -75,7 +89,7 @@ void GuiListKLV::slotSendAddress()
     if (!button)
         return;
     m_hasChosen = true;
-    m_chosenName = button->text();
+    m_chosenName = button->property(nameProperty).toString();
     emit sendAddress(button->objectName());
 }
 

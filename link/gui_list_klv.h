@@ -25,7 +25,7 @@ public:
     /// Chooses the only instrument, as a click on its button would.
     void chooseOnly();
 
-    /// Caption of the button clicked last.
+    /// Name given with the button clicked last.
     QString chosenName() const { return m_chosenName; }
 
 signals:

@@ -15,6 +15,10 @@ public:
     /// Serial numbers of the instruments present now; with `firstOnly` the first one at most.
     virtual QStringList presentSerials(bool firstOnly) const = 0;
 
+    /// A connection has broken: an instrument that is back before the watch has looked again is
+    /// news. A bus that tells of every device needs no such hint.
+    virtual void noteLoss() {}
+
 signals:
     /// Devices have come or gone, the maker's or others: one signal for a burst of events.
     void devicesChanged();

@@ -1,5 +1,6 @@
 #include "service/about_box.h"
 
+#include "link/instrument_text.h"
 #include "panel/describe.h"
 #include "service/open_document.h"
 
@@ -124,19 +125,19 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint
 void Form::setSerial(const QString& serial)
 {
     m_serial = serial;
-    m_serialLine->setText(tr("Serial: ") + serial);
+    m_serialLine->setText(tr("Serial: ") + instrumentText(serial));
 }
 
 void Form::setFirmware(const QString& version)
 {
     m_firmware = version;
-    m_firmwareLine->setText(tr("Firmware revision:") + version);
+    m_firmwareLine->setText(tr("Firmware revision:") + instrumentText(version));
 }
 
 void Form::setCalibrationDue(const QString& date)
 {
     // A null text would leave the rich-text label's own plate behind.
-    m_calibrationDate->setText(date.isNull() ? QStringLiteral("") : date);
+    m_calibrationDate->setText(date.isEmpty() ? QStringLiteral("") : instrumentText(date));
     const QDate due = QDate::fromString(date, QStringLiteral("dd.MM.yyyy"));
     const bool isCurrent = date.isEmpty() || (due.isValid() && due > QDate::currentDate());
     m_calibrationDate->setStyleSheet(isCurrent ? QStringLiteral("QLabel { color: black; }")

@@ -1,5 +1,6 @@
 #include "service/service_panel.h"
 
+#include "link/instrument_text.h"
 #include "panel/describe.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
@@ -234,8 +235,8 @@ void service::showTemperature(double degreesCelsius)
 
 void service::showInstrument(const QString& serial, const QString& firmware)
 {
-    m_serial->setText(serial);
-    m_firmware->setText(firmware);
+    m_serial->setText(instrumentText(serial));
+    m_firmware->setText(instrumentText(firmware));
 }
 
 QString service::serial() const

@@ -21,6 +21,9 @@ private slots:
     void followsFile();
     void staysSilentWhileContentIsTheSame();
     void waitsUntilWritingIsOver();
+    void noticesOutAndIn_data();
+    void noticesOutAndIn();
+    void noticesAReturnAfterALoss();
     void readsSections_data();
     void readsSections();
 
@@ -160,6 +163,49 @@ void TestHotPlug::waitsUntilWritingIsOver()
     QVERIFY(!changes.wait(100));
     write("[1001]\n", m_path);
     QVERIFY(!changes.wait(2 * DemoPlugWatch::QuietMs));
+}
+
+void TestHotPlug::noticesOutAndIn_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QByteArray>("out");
+    QTest::newRow("replaced") << "replaced" << QByteArray("[1002]\n");
+    QTest::newRow("replaced by nothing") << "replaced" << QByteArray();
+    QTest::newRow("rewritten") << "rewritten" << QByteArray("[1002]\n");
+    QTest::newRow("removed") << "removed" << QByteArray();
+}
+
+/// Faster than the file is looked at: whoever listens sees it go and come.
+void TestHotPlug::noticesOutAndIn()
+{
+    QFETCH(QString, way);
+    QFETCH(QByteArray, out);
+    write("[1001]\n[1002]\n", m_path);
+    DemoPlugWatch watch(m_path);
+    QVector<bool> seen;
+    connect(&watch, &HotPlugWatch::devicesChanged, this,
+            [&] { seen << watch.presentSerials(false).contains("1001"); });
+    if (way == "removed")
+        QVERIFY(QFile::remove(m_path));
+    else
+        way == "rewritten" ? write(out, m_path) : replace(out);
+    QTest::qWait(50);
+    write("[1001]\n[1002]\n", m_path);
+    QTRY_COMPARE(seen, QVector<bool>({false, true}));
+    QVERIFY(watch.presentSerials(false).contains("1001"));
+}
+
+/// Emptied for a moment is no pulled cable, unless somebody has lost his connection by it.
+void TestHotPlug::noticesAReturnAfterALoss()
+{
+    write("[1001]\n", m_path);
+    DemoPlugWatch watch(m_path);
+    QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
+    write("", m_path);
+    QTest::qWait(50);
+    watch.noteLoss();
+    write("[1001]\n", m_path);
+    QVERIFY(changes.wait());
 }
 
 void TestHotPlug::readsSections_data()
