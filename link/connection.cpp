@@ -3,6 +3,7 @@
 #include "link/gui_list_klv.h"
 #include "link/hot_plug_watch.h"
 #include "link/instrument_limits.h"
+#include "link/instrument_text.h"
 #include "link/pause.h"
 #include "link/running_copies.h"
 #include "link/scpi_session.h"
@@ -10,6 +11,8 @@
 
 #include <QCoreApplication>
 #include <QRegularExpression>
+
+#include <utility>
 
 namespace
 {
@@ -70,7 +73,9 @@ Connection::Connection(const Parts& parts, QObject* parent)
     connect(&m_pollTimer, &QTimer::timeout, this, &Connection::pollDue);
     connect(&m_chooser, &GuiListKLV::dismissed, this, &Connection::chooserDismissed);
     connect(&m_watch, &HotPlugWatch::devicesChanged, this, &Connection::devicesChanged);
+    connect(&m_session, &ScpiSession::switchOffFailed, this, &Connection::loseSwitchOff);
     connect(&m_session, &ScpiSession::connectionFailed, this, [this](const StatusWords& reason) {
+        m_watch.noteLoss();
         disconnectInstrument();
         emit lost(reason);
     });
@@ -104,8 +109,10 @@ void Connection::on_connect_clicked(bool isChecked)
     }
     m_isButtonGuarded = true;
     m_isUserDisconnected = false;
+    m_isByItself = false;
     emit buttonShouldBe(false);
-    if (pause(settleMs) && !m_isShutDown)
+    const int attempt = m_attempt;
+    if (pause(settleMs) && !m_isShutDown && attempt == m_attempt)
         startSearch();
 }
 
@@ -113,6 +120,7 @@ void Connection::startSearch()
 {
     m_searchCursor.emplace();
     m_isSearching = true;
+    m_hasNews = false;
     m_heldName.clear();
     emit attemptStarted();
     say([] { return tr("Searching for instruments..."); });
@@ -120,8 +128,11 @@ void Connection::startSearch()
     m_search.begin();
 }
 
+// What a search that was given up has still sent is no news of the next one.
 void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
 {
+    if (!m_isSearching)
+        return;
     const QString title = titleOf(model, series);
     if (m_copies.isTitleTaken(title))
         m_heldName = title;
@@ -131,20 +142,20 @@ void Connection::showKLVDevice(const QString& address, const QString& model, con
 
 void Connection::finishVisaSearch()
 {
+    if (!m_isSearching)
+        return;
     m_isButtonGuarded = false;
     m_searchCursor.reset();
-    if (m_isShutDown)
-        return;
     switch (m_chooser.buttonCount()) {
     case 0:
-        m_isSearching = false;
-        m_chooser.hide();
+        endSearch();
         reportNothingFound();
         break;
     case 1:
         m_chooser.chooseOnly();
         break;
     default:
+        m_isByItself = false;
         say([] { return tr("Choose an instrument"); });
         m_chooser.show();
     }
@@ -152,26 +163,41 @@ void Connection::finishVisaSearch()
 
 void Connection::failVisaSearch()
 {
+    if (!m_isSearching)
+        return;
+    endSearch();
+    reportNothingFound();
+}
+
+void Connection::endSearch()
+{
     m_isButtonGuarded = false;
     m_searchCursor.reset();
     m_isSearching = false;
     m_chooser.hide();
-    reportNothingFound();
 }
 
 void Connection::reportNothingFound()
 {
     endActivity();
+    // Plugged in behind the search's back.
+    if (m_hasNews && !m_isFirmwareUpdateRunning && !m_watch.presentSerials(true).isEmpty()) {
+        connectByItself();
+        return;
+    }
     StatusWords words = m_obstacle ? m_obstacle() : StatusWords();
     if (!m_heldName.isEmpty())
         words = [name = m_heldName] {
-            return tr("Another running copy of the program holds the instrument %1").arg(name);
+            return tr("Another running copy of the program holds the instrument %1")
+                .arg(instrumentText(name));
         };
     if (!words)
         words = [] {
             return tr("No instrument found: is it switched on and its cable plugged in?");
         };
     emit failed(words);
+    if (m_heldName.isEmpty())
+        emit nothingFound();
 }
 
 void Connection::chooserDismissed()
@@ -220,12 +246,17 @@ void Connection::slot_connect(const QString& address)
         return;
     const InstrumentIdentity identity = currentIdentity();
     m_connectedSerial = identity.serial;
+    const QString name = titleOf(identity.model, identity.serial);
+    const QString before = std::exchange(m_lastName, name);
     emit identified(identity);
     pushPanel();
     if (attempt == m_attempt) {
         QCoreApplication::processEvents();
         if (attempt == m_attempt)
             emit ready();
+        if (attempt == m_attempt && m_isByItself && !before.isEmpty() && before != name)
+            emit statusMessage(tr("Connected to %1 in place of %2")
+                                   .arg(instrumentText(name), instrumentText(before)));
     }
     emit pushed();
 }
@@ -257,7 +288,7 @@ bool Connection::identify()
     if (!m_allowedSerials.isEmpty() && !m_allowedSerials.contains(identity.serial))
         return refuse([serial = identity.serial] {
             return tr("no access to the device: serial number %1 is not among those allowed")
-                .arg(serial);
+                .arg(instrumentText(serial));
         });
 
     const QStringList version = identity.firmware.split(QLatin1Char('.'));
@@ -266,7 +297,7 @@ bool Connection::identify()
                         "Please use KLV 2.3 software or lower."));
         return refuse([firmware = identity.firmware] {
             return tr("The firmware %1 of the instrument is too old for this program")
-                .arg(firmware);
+                .arg(instrumentText(firmware));
         });
     }
     return true;
@@ -311,15 +342,36 @@ void Connection::pushPanel()
 
 void Connection::handBack()
 {
+    StatusWords loss;
     if (m_session.isConnected()) {
-        m_session.write(resetCommand);
+        // The reset switches the output off.
+        if (!m_session.write(resetCommand))
+            loss = switchOffLossWords();
         m_session.write(massStorageOnCommand);
     }
     disconnectInstrument();
+    if (loss)
+        emit lost(loss);
+}
+
+void Connection::loseSwitchOff()
+{
+    const StatusWords reason = switchOffLossWords();
+    m_watch.noteLoss();
+    disconnectInstrument();
+    emit lost(reason);
+}
+
+StatusWords Connection::switchOffLossWords() const
+{
+    if (m_isOutputOn && m_isOutputOn())
+        return [] { return tr("connection error: RF may still be on"); };
+    return [] { return tr("connection error: what was switched off may still be on"); };
 }
 
 void Connection::disconnectInstrument()
 {
+    const bool wasConnected = m_session.isConnected();
     ++m_attempt;
     m_session.close();
     emit buttonShouldBe(false);
@@ -327,7 +379,7 @@ void Connection::disconnectInstrument()
     m_connectedSerial.clear();
     m_pollTimer.stop();
     endActivity();
-    emit disconnected();
+    emit disconnected(wasConnected);
 }
 
 void Connection::forgetTitle()
@@ -339,21 +391,38 @@ void Connection::forgetTitle()
 void Connection::shutDown()
 {
     m_isShutDown = true;
-    m_search.slotStop();
-    m_search.wait();
-    m_searchCursor.reset();
-    m_chooser.hide();
+    stopSearch();
     if (m_session.isConnected())
         handBack();
 }
 
+void Connection::leave()
+{
+    stopSearch();
+    handBack();
+}
+
+void Connection::stopSearch()
+{
+    m_search.slotStop();
+    m_search.wait();
+    endSearch();
+}
+
+void Connection::connectByItself()
+{
+    emit buttonShouldBeClicked();
+    m_isByItself = m_isSearching;
+}
+
 void Connection::devicesChanged()
 {
+    m_hasNews = m_hasNews || m_isSearching;
     if (m_isFirmwareUpdateRunning || m_isUserDisconnected || m_isSearching || m_isShutDown)
         return;
     if (!m_session.isConnected()) {
         if (!m_watch.presentSerials(true).isEmpty())
-            emit buttonShouldBeClicked();
+            connectByItself();
         return;
     }
     // Between the reset and the identification the serial is not known yet.
@@ -363,6 +432,6 @@ void Connection::devicesChanged()
         emit lost([] { return tr("The instrument has been unplugged"); });
         // Another one may have come in the same burst.
         if (!m_watch.presentSerials(true).isEmpty())
-            emit buttonShouldBeClicked();
+            connectByItself();
     }
 }

@@ -61,6 +61,10 @@ public:
     /// answer that there is no instrument.
     void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
 
+    /// Whether the RF output is on as far as anyone knows: asked when a command that switches
+    /// something off was lost.
+    void setOutputKnownOn(const std::function<bool()>& isOn) { m_isOutputOn = isOn; }
+
     /// The window beside which the chooser opens.
     void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
 
@@ -78,6 +82,13 @@ public:
     /// The end of the program: stops the search and, while connected, hands the instrument back.
     /// Whatever sequence is in a pause ends there; nothing connects any more.
     void shutDown();
+
+    /// Gives up whatever goes on and hands a connected instrument back, so that another library may
+    /// take the place of the present one.
+    void leave();
+
+    /// Presses the connect button in the user's stead.
+    void connectByItself();
 
 public slots:
     /// The connect button was clicked and is now `isChecked`.
@@ -105,10 +116,16 @@ signals:
     void ready();
     /// The push is over, with or without the connection still there.
     void pushed();
-    void disconnected();
+    /// `wasConnected`: the instrument had been reset for this program, and is reset again or gone;
+    /// false for an attempt that never came as far.
+    void disconnected(bool wasConnected);
     void attemptStarted();
     /// The attempt to connect came to nothing.
     void failed(const StatusWords& reason);
+    /// Told behind failed() when there is no instrument to be found at all.
+    void nothingFound();
+    /// To be read once.
+    void statusMessage(const QString& message);
     /// The connection has ended by itself.
     void lost(const StatusWords& reason);
     /// Whether anything goes on, from the search to the end of the push.
@@ -122,7 +139,11 @@ private slots:
 
 private:
     void startSearch();
+    void stopSearch();
+    void endSearch();
     void reportNothingFound();
+    void loseSwitchOff();
+    StatusWords switchOffLossWords() const;
     bool leavesMassStorageMode();
     bool identify();
     InstrumentIdentity currentIdentity() const;
@@ -144,6 +165,7 @@ private:
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
     std::function<StatusWords()> m_obstacle;
+    std::function<bool()> m_isOutputOn;
     std::optional<Activity> m_activity;
     const QWidget* m_neighbour = nullptr;
     std::optional<BusyCursor> m_searchCursor;
@@ -151,9 +173,12 @@ private:
 
     QStringList m_identity;
     QString m_connectedSerial;
+    QString m_lastName; ///< of the last instrument that was connected: model (serial)
     /// Changes with every connect and disconnect, so that a sequence that has paused knows.
     int m_attempt = 0;
     bool m_isSearching = false;
+    bool m_isByItself = false; ///< no hand has asked for the present attempt
+    bool m_hasNews = false;    ///< devices have come or gone during the search
     QString m_heldName; ///< of an instrument that the search left out since another copy holds it
     bool m_isUserDisconnected = false;
     bool m_isButtonGuarded = false;

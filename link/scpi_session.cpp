@@ -15,6 +15,7 @@ constexpr std::size_t replyBytes = 65536;
 constexpr char readFormat[] = "%65535T";
 constexpr int mostExcessReads = 16;
 constexpr int mostErrorRounds = 10000;
+constexpr int longestDrainMs = 5000;
 /// An answer that takes longer is waited for visibly the next time.
 constexpr int slowAnswerMs = 300;
 /// Cleared before every read; no honest reply is longer.
@@ -119,16 +120,28 @@ void ScpiSession::close()
     m_isQueueRead = true;
 }
 
-void ScpiSession::write(const QString& command)
+bool ScpiSession::write(const QString& command)
 {
     remember(command);
-    m_visa.viPrintf(m_session, asFormat(command).data());
+    return m_visa.viPrintf(m_session, asFormat(command).data()) >= VI_SUCCESS;
 }
 
 bool ScpiSession::writeChecked(const QString& command)
 {
     write(command);
     return checkErrors();
+}
+
+void ScpiSession::switchOff(const QString& command)
+{
+    if (!write(command) && m_connected)
+        emit switchOffFailed();
+}
+
+void ScpiSession::switchOffChecked(const QString& command)
+{
+    switchOff(command);
+    checkErrors();
 }
 
 QString ScpiSession::read(const QString& command)
@@ -182,6 +195,8 @@ bool ScpiSession::checkErrors()
     bool seen329 = false;
     bool seen328 = false;
     const QByteArray message(errorQuery);
+    QElapsedTimer drain;
+    drain.start();
     for (int round = 1;; ++round) {
         const QString reply = queryMessage(message);
         const QStringRef code = reply.leftRef(reply.indexOf(QLatin1Char(','))).trimmed();
@@ -189,12 +204,15 @@ bool ScpiSession::checkErrors()
             emit error329Seen(reply.trimmed());
         else if (code.toInt() == unlockCode)
             emit referenceUnlockSeen();
-        if (m_lastStatus != VI_SUCCESS || round >= mostErrorRounds) {
+        const bool isEmpty = isEmptyQueueReply(reply);
+        const bool isEndless =
+            round >= mostErrorRounds || (!isEmpty && drain.hasExpired(longestDrainMs));
+        if (m_lastStatus != VI_SUCCESS || isEndless) {
             fetchStatusDescription();
             failConnection();
             return false;
         }
-        if (isEmptyQueueReply(reply))
+        if (isEmpty)
             break;
         const QString text = instrumentErrorText(reply);
         if (code.toInt() != indicatorCode && code.toInt() != unlockCode && !text.isEmpty()) {

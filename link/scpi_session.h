@@ -49,12 +49,20 @@ public:
     ViStatus lastStatus() const { return m_lastStatus; }
     bool lastFailed() const { return m_lastStatus < VI_SUCCESS; }
 
-    /// Sends `command`; a failure shows in the next read or query.
-    void write(const QString& command);
+    /// Sends `command`; a failure shows in the next read or query. False: the library did not take
+    /// it.
+    bool write(const QString& command);
 
     /// Sends `command` and drains the instrument's error queue; the result is that of
     /// checkErrors().
     bool writeChecked(const QString& command);
+
+    /// Sends a command that switches something off. One that the library does not take ends the
+    /// connection: what is on would be shown as off.
+    void switchOff(const QString& command);
+
+    /// The same, and drains the instrument's error queue.
+    void switchOffChecked(const QString& command);
 
     /// Writes `command`, then reads the reply: two VISA calls. Empty on a failure.
     QString read(const QString& command);
@@ -80,6 +88,8 @@ signals:
     /// The session is of no more use. `reason` is for the status line; what the instrument itself
     /// said is not told.
     void connectionFailed(const StatusWords& reason);
+    /// A command that switches something off did not go out, and the session is of no more use.
+    void switchOffFailed();
     /// Error 329 is in the queue; `message` is the instrument's own text.
     void error329Seen(const QString& message);
     void error329Gone();

@@ -79,7 +79,7 @@ void LfGeneratorCommands::switchClicked(WaveShape shape)
     }
     update_Generator();
     if (m_session.isConnected())
-        m_session.writeChecked(offCommand);
+        m_session.switchOffChecked(offCommand);
 }
 
 /// Switched on first and shaped second: the instrument takes its time to settle in between.

@@ -211,7 +211,7 @@ void ModulationCommands::sendPendingOff()
         bool& isPending = m_isOffPending[static_cast<std::size_t>(modulation)];
         const ModulationGroup& group = m_panel.group(modulation);
         if (isPending && m_session.isConnected() && !group.state()->isChecked())
-            m_session.write(group.name() + stateSuffix + offWord);
+            m_session.switchOff(group.name() + stateSuffix + offWord);
         isPending = false;
     }
 }
@@ -350,7 +350,7 @@ void ModulationCommands::switchEverythingOff(bool isAnimated)
         if (!group.state()->isChecked())
             continue;
         if (m_session.isConnected())
-            m_session.write(group.name() + stateSuffix + offWord);
+            m_session.switchOff(group.name() + stateSuffix + offWord);
         group.state()->setChecked(false);
         m_indicators.amPmFm.clear();
     }

@@ -78,7 +78,12 @@ void PulseCommands::send()
     if (!m_session.isConnected())
         return;
     const std::unique_ptr<Activity> going = settingModulation(m_session);
-    m_session.write(m_panel.pulse()->isChecked() ? onCommand : offCommand);
+    if (m_panel.pulse()->isChecked())
+        m_session.write(onCommand);
+    else
+        m_session.switchOff(offCommand);
+    if (!m_session.isConnected())
+        return;
     m_session.write(m_panel.pulseSource()->isChecked() ? externalCommand : internalCommand);
     if (!isInternalOn() || !pause(settleMs) || run != m_run || !isInternalOn())
         return;
@@ -90,7 +95,7 @@ void PulseCommands::send()
 void PulseCommands::switchOff()
 {
     if (m_session.isConnected())
-        m_session.write(offCommand);
+        m_session.switchOff(offCommand);
     m_panel.pulse()->setChecked(false);
     m_indicator.clear();
 }

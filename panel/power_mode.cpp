@@ -29,8 +29,12 @@ void PowerMode::restore()
 
 void PowerMode::setModeMaxPow(bool isOn)
 {
-    if (m_session.isConnected())
-        m_session.writeChecked(isOn ? boostOnCommand : boostOffCommand);
+    if (!m_session.isConnected())
+        return;
+    if (isOn)
+        m_session.writeChecked(boostOnCommand);
+    else
+        m_session.switchOffChecked(boostOffCommand);
 }
 
 void PowerMode::slotCommandSwitchModePow()

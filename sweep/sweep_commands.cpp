@@ -183,7 +183,7 @@ void SweepCommands::stop(Mode mode)
     for (const QString& text :
          {singleCommand, mode == Mode::List ? abortListCommand : abortSweepCommand,
           fixedFrequencyCommand, fixedPowerCommand}) {
-        m_session.writeChecked(text);
+        m_session.switchOffChecked(text);
         if (!m_session.isConnected())
             return;
     }

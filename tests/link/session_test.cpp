@@ -40,6 +40,7 @@ private slots:
     void indicatorsFollowTheQueue();
     void errorDrainFails_data();
     void errorDrainFails();
+    void endlessQueueIsLeftInTime();
     void limitsAreAskedInOrder();
     void firstFailedLimitStopsTheRest();
 
@@ -298,6 +299,19 @@ void SessionTest::errorDrainFails()
     QCOMPARE((*m_demo)(QStringLiteral("calls")).toInt() - before, queries + 2);
     m_session->checkErrors();
     QCOMPARE((*m_demo)(QStringLiteral("calls")).toInt() - before, queries + 2);
+}
+
+/// At 2 ms an answer the rounds alone would take 20 s.
+void SessionTest::endlessQueueIsLeftInTime()
+{
+    (*m_demo)(QStringLiteral("errors endless -350"));
+    (*m_demo)(QStringLiteral("latency 2000"));
+    QSignalSpy failed(m_session.get(), &ScpiSession::connectionFailed);
+    QElapsedTimer time;
+    time.start();
+    m_session->checkErrors();
+    QCOMPARE(failed.count(), 1);
+    QVERIFY(!time.hasExpired(8000));
 }
 
 void SessionTest::limitsAreAskedInOrder()
