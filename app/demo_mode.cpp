@@ -28,6 +28,14 @@ DemoMode::DemoMode() : m_instrumentsFile(qEnvironmentVariable(fileVariable))
     if (file.open(QIODevice::WriteOnly))
         file.write(oneInstrument);
     qputenv(fileVariable, QFile::encodeName(m_instrumentsFile));
+    m_ownsFile = true;
+}
+
+DemoMode::~DemoMode()
+{
+    // The next one would take it for the user's.
+    if (m_ownsFile)
+        qunsetenv(fileVariable);
 }
 
 void DemoMode::endBootloaderSoon()

@@ -12,6 +12,7 @@ class DemoMode : public QObject
 
 public:
     DemoMode();
+    ~DemoMode() override;
 
     /// Path of the simulated instrument's VISA library.
     static QString libraryPath();
@@ -24,6 +25,7 @@ public:
     void endBootloaderSoon();
 
 private:
+    bool m_ownsFile = false;
     QTemporaryDir m_folder;
     QString m_instrumentsFile;
 };

@@ -5,15 +5,30 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QHash>
+#include <QWidget>
 
 namespace
 {
+const QString contentsPage = QStringLiteral("index");
 // As a build, a program among the commands and one in a folder of its own see it.
 const char* const manualFolders[] = {"manual", "../share/doc/klv/manual",
                                      "../../share/doc/klv/manual"};
 } // namespace
 
-QString helpFile(const QString& applicationFolder, const QString& languageCode)
+QString helpPageOf(const QWidget* panel)
+{
+    static const QHash<QString, QString> pages = {
+        {QStringLiteral("Modulat"), QStringLiteral("modulation")},
+        {QStringLiteral("List"), QStringLiteral("sweep")},
+        {QStringLiteral("generator"), QStringLiteral("lf-generator")},
+        {QStringLiteral("openSaveProfile"), QStringLiteral("profiles")},
+        {QStringLiteral("service_panel"), QStringLiteral("service")},
+    };
+    return panel ? pages.value(panel->objectName(), contentsPage) : contentsPage;
+}
+
+QString helpFile(const QString& applicationFolder, const QString& languageCode, const QString& page)
 {
     const QDir folder(applicationFolder);
     const QStringList names = folder.entryList(QDir::Files, QDir::Name);
@@ -21,18 +36,27 @@ QString helpFile(const QString& applicationFolder, const QString& languageCode)
         if (name.contains(QLatin1String("KLV")) && name.contains(QLatin1String("chm")))
             return folder.filePath(name);
     }
-    for (const char* manual : manualFolders) {
-        const QString page =
-            QStringLiteral("%1/%2/index.html").arg(QLatin1String(manual), languageCode);
-        if (folder.exists(page))
-            return QDir::cleanPath(folder.filePath(page));
+    for (const QString& name : {page, contentsPage}) {
+        for (const char* manual : manualFolders) {
+            const QString path =
+                QStringLiteral("%1/%2/%3.html").arg(QLatin1String(manual), languageCode, name);
+            if (folder.exists(path))
+                return QDir::cleanPath(folder.filePath(path));
+        }
     }
     return QString();
 }
 
-bool openHelpFile()
+QString openHelp(const QString& page)
 {
     const QString language = Language::isRussian() ? QStringLiteral("ru") : QStringLiteral("en");
-    const QString file = helpFile(QCoreApplication::applicationDirPath(), language);
-    return !file.isEmpty() && openDocument(file);
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString file = helpFile(folder, language, page);
+    if (file.isEmpty())
+        return QCoreApplication::translate("Help", "There is no help file: it belongs into %1")
+            .arg(QDir::toNativeSeparators(folder));
+    if (openHelpPage(file, QStringLiteral("%1/%2.html").arg(language, page)))
+        return QString();
+    return QCoreApplication::translate("Help", "No program could be started that opens %1")
+        .arg(QDir::toNativeSeparators(file));
 }

@@ -2,10 +2,18 @@
 
 #include <QString>
 
-/// The help for a program in `applicationFolder`: the first file there whose name contains "KLV"
-/// and "chm"; without one the first page of the manual in the language "en" or "ru", where a build
-/// or an installation puts it. Empty when there is none.
-QString helpFile(const QString& applicationFolder, const QString& languageCode);
+class QWidget;
 
-/// Opens the help in the program's language. False when there is none.
-bool openHelpFile();
+/// The manual's page about a side panel, by its name without language and suffix; null: its
+/// contents.
+QString helpPageOf(const QWidget* panel);
+
+/// The help for a program in `applicationFolder`: the first file there whose name contains "KLV"
+/// and "chm"; without one `page` of the manual in the language "en" or "ru", where a build or an
+/// installation puts it, or the contents where that page is missing. Empty when there is none.
+QString helpFile(const QString& applicationFolder, const QString& languageCode,
+                 const QString& page = QStringLiteral("index"));
+
+/// Opens the page in the program's language. Empty, or what is to be told the user: that there is
+/// no help file and where it was looked for, or that nothing could open it.
+QString openHelp(const QString& page);

@@ -1,3 +1,4 @@
+#include "app/end_requests.h"
 #include "app/main_window.h"
 #include "app/start_options.h"
 
@@ -29,9 +30,15 @@ int main(int argc, char* argv[])
 
     int exitCode = 0;
     {
+        // Outlives the window, which may take its time to hand the instrument back.
+        std::unique_ptr<EndRequests> endRequests;
         MainWindow window(StartOptions::fromCommandLine());
         QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
         window.start();
+        // Only the event loop can be ended; before it nothing is connected.
+        endRequests = createEndRequests();
+        QObject::connect(endRequests.get(), &EndRequests::requested, &window,
+                         &MainWindow::endProgram);
         exitCode = QApplication::exec();
     }
     // The VISA loader leaves by a deferred deletion.

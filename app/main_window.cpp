@@ -1,11 +1,12 @@
 #include "app/main_window.h"
 
-#include "app/demo_mode.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
 #include "app/exclusions.h"
 #include "app/help_file.h"
+#include "app/instrument_source.h"
 #include "app/language.h"
+#include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
 #include "app/run_display.h"
@@ -13,8 +14,8 @@
 #include "app/status_line.h"
 #include "app/theme_choice.h"
 #include "app/window_chrome.h"
-#include "link/demo_plug_watch.h"
 #include "link/instrument_limits.h"
+#include "link/instrument_text.h"
 #include "modulation/generator.h"
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
@@ -37,6 +38,7 @@
 #include "ui/resources.h"
 #include "ui_mainwindow.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
@@ -45,7 +47,6 @@
 
 namespace
 {
-constexpr char visaLibraryName[] = "VeVISA32";
 constexpr int deviceWidthConnected = 171;
 constexpr int deviceWidthDisconnected = 131;
 constexpr int indicatorAppearMs = 300;
@@ -61,16 +62,15 @@ const QString themeKey = QStringLiteral("theme");
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     : QMainWindow(parent, Qt::FramelessWindowHint), m_options(options),
       m_settings(QStringLiteral("Veltro"), QStringLiteral("KLV")),
-      m_demo(options.isDemo ? std::make_unique<DemoMode>() : nullptr),
+      m_source(std::make_unique<InstrumentSource>(m_options, m_visa, m_session)),
       m_language(std::make_unique<Language>(options.language.isEmpty()
                                                 ? m_settings.value(languageKey).toString()
                                                 : options.language)),
       m_ui(std::make_unique<Ui::MainWindow>()), m_session(m_visa),
       m_search(m_visa, m_session.defaultRM()),
-      m_watch(m_demo ? std::make_unique<DemoPlugWatch>(m_demo->instrumentsFile())
-                     : createBusWatch()),
-      m_connection({m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, *m_watch},
-                   this)
+      m_connection(
+          {m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, m_source->watch()},
+          this)
 {
     loadUiResources();
     applyLook();
@@ -90,8 +90,10 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireProfiles();
     setUpEscape();
     setUpPush();
+    wireEnd();
     loadSettings();
-    openVisa();
+    m_source->open();
+    showSource();
     showDisconnected();
     retranslate();
 }
@@ -118,7 +120,7 @@ void MainWindow::start()
 
 void MainWindow::connectAtStart()
 {
-    if (m_demo || checkDriver())
+    if (m_source->isSimulated() || checkDriver())
         m_ui->connect->click();
 }
 
@@ -148,15 +150,20 @@ void MainWindow::setUpForm()
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
 }
 
-void MainWindow::openVisa()
+void MainWindow::simulate(bool isSimulated)
 {
-    QByteArray name = QByteArray(visaLibraryName);
-    if (!m_options.visaLibrary.isEmpty())
-        name = m_options.visaLibrary.toLocal8Bit();
-    else if (m_demo)
-        name = DemoMode::libraryPath().toLocal8Bit();
-    m_visa.load(name.constData());
-    m_session.openResourceManager();
+    m_firmwareUpdate->stop();
+    m_connection.leave();
+    m_source->simulate(isSimulated);
+    showSource();
+    connectAtStart();
+}
+
+void MainWindow::showSource()
+{
+    m_ui->label_simulated->setVisible(m_source->isSimulated());
+    findChild<QAction*>(QStringLiteral("action_simulator"))->setChecked(m_source->isSimulated());
+    m_ui->try_simulator->hide();
 }
 
 QString MainWindow::themeSetting() const
@@ -298,19 +305,20 @@ void MainWindow::initial_service()
 
 void MainWindow::toHelp()
 {
-    if (!openHelpFile())
-        m_status->showMessage(tr("The help file is not beside the program"));
+    const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
+    if (!complaint.isEmpty())
+        m_status->showMessage(complaint);
 }
 
 void MainWindow::showIdentity(const InstrumentIdentity& identity)
 {
-    m_ui->device->setText(identity.model + QLatin1Char(' ') +
-                          identity.serial.right(serialDigitsShown));
+    m_ui->device->setText(instrumentText(identity.model + QLatin1Char(' ') +
+                                         identity.serial.right(serialDigitsShown)));
     m_ui->device->setFixedWidth(deviceWidthConnected);
     m_about->setSerial(identity.serial);
     m_about->setFirmware(identity.firmware);
     m_service->showInstrument(identity.serial, identity.firmware);
-    if (m_demo)
+    if (m_source->isSimulated())
         qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
               qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
 }
@@ -355,7 +363,7 @@ void MainWindow::showIndicator329(const QString& message)
 {
     if (m_ui->label_329->isHidden())
         m_ui->label_329->start(indicatorAppearMs);
-    m_ui->label_329->setToolTip(message);
+    m_ui->label_329->setToolTip(instrumentText(message));
     m_ui->label_329->show();
 }
 
@@ -395,6 +403,18 @@ void MainWindow::closeEvent(QCloseEvent* event)
     hide();
     m_connection.shutDown();
     QMainWindow::closeEvent(event);
+}
+
+void MainWindow::finish()
+{
+    close();
+    m_panelProfiles->saveLast();
+}
+
+void MainWindow::endProgram()
+{
+    finish();
+    QCoreApplication::quit();
 }
 
 /// Only what no field has taken for itself gets here.

@@ -14,13 +14,12 @@
 #include <memory>
 
 class CwControls;
-class DemoMode;
 class ErrorChip;
 class EscapeOrder;
 class Exclusions;
 class FirmwareUpdate;
 class Form;
-class HotPlugWatch;
+class InstrumentSource;
 class Keypad;
 class Language;
 class LfGeneratorCommands;
@@ -28,6 +27,7 @@ class List;
 class ListTransfer;
 class Modulat;
 class ModulationCommands;
+class OutputDisplay;
 class OutputOff;
 class PanelProfiles;
 class PowerMode;
@@ -60,6 +60,10 @@ public:
 
     /// Shows the window and connects if an instrument is there.
     void start();
+
+    /// The way of the close button for whoever cannot click it, whatever goes on. What is to be
+    /// kept is kept before this returns: the system may not wait any longer.
+    void endProgram();
 
 public slots:
     void on_connect_clicked();
@@ -122,7 +126,10 @@ private:
     void wireService();
     void wireFirmware();
     void wireProfiles();
-    void openVisa();
+    void wireEnd();
+    void finish();
+    void simulate(bool isSimulated);
+    void showSource();
     QString themeSetting() const;
     void chooseLanguage(const QString& code);
     void chooseTheme(const QString& name);
@@ -140,7 +147,7 @@ private:
 
     StartOptions m_options;
     QSettings m_settings;
-    std::unique_ptr<DemoMode> m_demo;
+    std::unique_ptr<InstrumentSource> m_source;
     std::unique_ptr<Language> m_language;
     std::unique_ptr<Ui::MainWindow> m_ui;
 
@@ -149,7 +156,6 @@ private:
     SearchKLV m_search;
     GuiListKLV m_chooser;
     RunningCopies m_copies;
-    std::unique_ptr<HotPlugWatch> m_watch;
     Connection m_connection;
 
     std::unique_ptr<CwControls> m_cw;
@@ -171,6 +177,7 @@ private:
     std::unique_ptr<SidePanels> m_sidePanels;
     std::unique_ptr<EscapeOrder> m_escapeOrder;
     std::unique_ptr<OutputOff> m_outputOff;
+    std::unique_ptr<OutputDisplay> m_outputDisplay;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
     List* m_list = nullptr;

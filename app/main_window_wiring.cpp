@@ -1,12 +1,13 @@
 #include "app/main_window.h"
 
 #include "app/connection_obstacle.h"
-#include "app/demo_mode.h"
 #include "app/error_box.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
 #include "app/exclusions.h"
+#include "app/instrument_source.h"
 #include "app/language.h"
+#include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
 #include "app/run_display.h"
@@ -34,6 +35,8 @@
 #include "sweep/sweep_commands.h"
 #include "sweep/trigger_commands.h"
 #include "ui_mainwindow.h"
+
+#include <QApplication>
 
 // Who hears whom: the form, the side panels, the operations and the connection, one function each.
 
@@ -72,6 +75,7 @@ void MainWindow::setUpMenu()
     connect(menu, &WindowMenu::quitChosen, this, &MainWindow::close);
     connect(menu, &WindowMenu::languageChosen, this, &MainWindow::chooseLanguage);
     connect(menu, &WindowMenu::themeChosen, this, &MainWindow::chooseTheme);
+    connect(menu, &WindowMenu::simulatorChosen, this, &MainWindow::simulate);
 }
 
 void MainWindow::wireStatusLine()
@@ -80,12 +84,18 @@ void MainWindow::wireStatusLine()
     connect(&m_connection, &Connection::failed, m_status.get(), &StatusLine::showFailure);
     connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
     connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
+    connect(&m_connection, &Connection::attemptStarted, m_status.get(),
+            &StatusLine::forgetInstrument);
     connect(&m_connection, &Connection::ready, m_status.get(), &StatusLine::forgetFault);
     m_errors = std::make_unique<ErrorChip>(*m_ui->errors);
     connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
         m_errors->count();
         m_status->showMessage(errorWords(error));
     });
+    connect(&m_connection, &Connection::disconnected, m_status.get(),
+            &StatusLine::forgetInstrument);
+    connect(&m_connection, &Connection::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
 }
 
 void MainWindow::wireConnection()
@@ -96,7 +106,12 @@ void MainWindow::wireConnection()
     connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
 
     m_connection.setNeighbour(this);
-    m_connection.setObstacle([this] { return connectionObstacle(m_visa, m_session, !m_demo); });
+    m_connection.setObstacle(
+        [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
+    connect(&m_connection, &Connection::attemptStarted, m_ui->try_simulator, &QWidget::hide);
+    connect(&m_connection, &Connection::nothingFound, this,
+            [this] { m_ui->try_simulator->setVisible(!m_source->isSimulated()); });
+    connect(m_ui->try_simulator, &QAbstractButton::clicked, this, [this] { simulate(true); });
     connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
         m_ui->connect->setChecked(isChecked);
         m_ui->connect->repaint();
@@ -121,10 +136,19 @@ void MainWindow::wireCwControls()
                                         CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
                                                             *m_ui->ROSC, *m_ui->ROSC_FREQ,
                                                             *m_ui->label_328, *m_ui->label_ExtRef});
-    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(), &StatusLine::showMessage);
-    connect(m_ui->Output, &QAbstractButton::toggled, m_ui->label_RF, &QWidget::setEnabled);
-    m_ui->label_RF->setEnabled(m_ui->Output->isChecked());
+    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session);
+    connect(m_cw.get(), &CwControls::outputSent, m_outputDisplay.get(), &OutputDisplay::outputSent);
+    connect(&m_connection, &Connection::disconnected, m_outputDisplay.get(),
+            &OutputDisplay::forgetInstrument);
+    m_connection.setOutputKnownOn([this] { return m_outputDisplay->isKnownOn(); });
     m_outputOff = std::make_unique<OutputOff>(*m_ui->Output);
+    connect(m_outputOff.get(), &OutputOff::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    // It is checked while there is a connection.
+    connect(&m_connection, &Connection::buttonShouldBe, m_outputOff.get(),
+            &OutputOff::setConnected);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
     connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
@@ -192,7 +216,7 @@ void MainWindow::wireService()
 {
     m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
     connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
+            &StatusLine::showInstrumentMessage);
     connect(m_serviceCommands.get(), &ServiceCommands::errorMessage, this,
             [this](const QString& message) { ErrorBox::report(message, this); });
     connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
@@ -216,8 +240,8 @@ void MainWindow::wireService()
 
 void MainWindow::wireFirmware()
 {
-    m_firmwareUpdate =
-        std::make_unique<FirmwareUpdate>(FirmwareUpdate::Parts{m_session, m_connection, *m_watch});
+    m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
+        FirmwareUpdate::Parts{m_session, m_connection, m_source->watch()});
     auto* dialog = new Firmware(this);
     connect(m_about.get(), &Form::updateFirmware, dialog, &QWidget::show);
     connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
@@ -228,9 +252,8 @@ void MainWindow::wireFirmware()
     // Before the click tells of its own search.
     connect(m_ui->connect, &QAbstractButton::pressed, m_firmwareUpdate.get(),
             &FirmwareUpdate::stop);
-    if (m_demo)
-        connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, m_demo.get(),
-                &DemoMode::endBootloaderSoon);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, this,
+            [this] { m_source->endBootloaderSoon(); });
 }
 
 void MainWindow::wireProfiles()
@@ -262,6 +285,14 @@ void MainWindow::wireProfiles()
     m_panelProfiles->files().store().exclude(m_profiles);
     m_sidePanels->add(m_profiles, m_ui->profiles);
     connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
+}
+
+/// The ends that no click of the user's asks for.
+void MainWindow::wireEnd()
+{
+    // Answered at once: the desktop may end right behind it, and on Windows the process.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &MainWindow::finish);
 }
 
 void MainWindow::setUpEscape()

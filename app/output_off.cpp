@@ -34,10 +34,13 @@ bool OutputOff::eventFilter(QObject* watched, QEvent* event)
     // What is left of a press that has switched off means nothing to anybody else.
     if (event->type() == QEvent::KeyPress)
         return true;
-    if (!m_output.isChecked() || key.isAutoRepeat())
+    if (key.isAutoRepeat() || (!m_output.isChecked() && m_isConnected))
         return QObject::eventFilter(watched, event);
     event->accept();
-    m_output.click();
+    if (m_output.isChecked())
+        m_output.click();
+    else
+        emit statusMessage(tr("No instrument is connected: nothing was switched off"));
     return true;
 }
 

@@ -20,6 +20,14 @@ public:
     /// Whether a click on the widget would switch the RF output off.
     bool isWayOff(const QWidget* widget) const;
 
+    /// Without an instrument the key does not switch on: it is pressed in haste, and the button may
+    /// have been let go with a connection that has just broken.
+    void setConnected(bool isConnected) { m_isConnected = isConnected; }
+
+signals:
+    /// The key was pressed, and there was no instrument to be switched off.
+    void statusMessage(const QString& message);
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -28,4 +36,5 @@ private:
     bool isOutputKey(const QKeyEvent& key) const;
 
     StateButton& m_output;
+    bool m_isConnected = false;
 };

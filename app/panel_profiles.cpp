@@ -202,6 +202,7 @@ void PanelProfiles::applyAtStart(const QString& path, bool isClean)
 
 void PanelProfiles::saveLast()
 {
-    if (m_keepsLast && !m_files->saveLast())
+    // Once: whoever ends the program may end it in several ways.
+    if (std::exchange(m_keepsLast, false) && !m_files->saveLast())
         qWarning("The settings could not be kept in %s", qUtf8Printable(m_files->folder()));
 }

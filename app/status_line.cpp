@@ -34,8 +34,21 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
 void StatusLine::showMessage(const QString& message)
 {
     m_message = message;
+    m_isOfInstrument = false;
     m_messageTimer.stop();
     refresh();
+}
+
+void StatusLine::showInstrumentMessage(const QString& message)
+{
+    showMessage(message);
+    m_isOfInstrument = true;
+}
+
+void StatusLine::forgetInstrument()
+{
+    if (m_isOfInstrument)
+        showMessage(QString());
 }
 
 void StatusLine::showFailure(const StatusWords& reason)

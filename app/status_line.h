@@ -23,6 +23,11 @@ public slots:
     /// Shows `message` for a few seconds, once nothing goes on and a new fault has been read.
     void showMessage(const QString& message);
 
+    /// The same for what is about the instrument that is connected, or about there being none.
+    void showInstrumentMessage(const QString& message);
+    /// What is about the instrument does not outlive it, seen or not.
+    void forgetInstrument();
+
     /// Why an attempt to connect came to nothing. Stays until the next one.
     void showFailure(const StatusWords& reason);
     /// Why a connection ended by itself. Stays, beside what goes on too, until there is one again.
@@ -42,6 +47,7 @@ private:
     QTimer m_messageTimer;
     QTimer m_faultTimer; ///< runs while no message may take the fault's place
     QString m_message;
+    bool m_isOfInstrument = false;
     StatusWords m_fault;
     bool m_isLoss = false;
 };

@@ -28,6 +28,12 @@ WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, QW
     m_about->setObjectName(QStringLiteral("actionAbout"));
 
     addSeparator();
+    m_simulator = addAction(QString());
+    m_simulator->setObjectName(QStringLiteral("action_simulator"));
+    m_simulator->setCheckable(true);
+    connect(m_simulator, &QAction::triggered, this, &WindowMenu::simulatorChosen);
+
+    addSeparator();
     m_languages = addMenu(QString());
     auto* languageGroup = new QActionGroup(this);
     for (const Choice& language : languages) {
@@ -64,6 +70,7 @@ void WindowMenu::retranslate()
 {
     m_help->setText(tr("&Help"));
     m_about->setText(tr("&About"));
+    m_simulator->setText(tr("&Simulated instrument"));
     m_languages->setTitle(tr("&Language"));
     m_themes->setTitle(tr("&Theme"));
     // The key is the close button's: named here, so that nobody need look for it.

@@ -19,6 +19,7 @@ signals:
     void aboutChosen();
     void languageChosen(const QString& code);
     void themeChosen(const QString& name);
+    void simulatorChosen(bool isOn);
     void quitChosen();
 
 protected:
@@ -31,6 +32,7 @@ private:
 
     QAction* m_help;
     QAction* m_about;
+    QAction* m_simulator;
     QMenu* m_languages;
     QMenu* m_themes;
     QAction* m_quit;

@@ -104,13 +104,23 @@ void CwControls::on_POW_editingFinished()
 
 void CwControls::on_Output_clicked()
 {
-    pushOutput();
+    if (m_session.isConnected())
+        pushOutput();
+    else if (m_ui.output.isChecked())
+        emit statusMessage(tr("No instrument is connected: RF goes on when one is"));
+    else
+        emit statusMessage(tr("No instrument is connected: nothing was switched off"));
 }
 
 void CwControls::pushOutput()
 {
-    if (m_session.isConnected())
-        m_session.writeChecked(m_ui.output.isChecked() ? outputOnCommand : outputOffCommand);
+    if (!m_session.isConnected())
+        return;
+    if (m_ui.output.isChecked())
+        m_session.writeChecked(outputOnCommand);
+    else
+        m_session.switchOffChecked(outputOffCommand);
+    emit outputSent();
 }
 
 void CwControls::animateSwitchRoscButton(bool isExternal)

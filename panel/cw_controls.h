@@ -74,6 +74,8 @@ public slots:
     void hideUnlockRosc();
 
 signals:
+    /// The instrument has been told whether the RF output is to be on.
+    void outputSent();
     void statusMessage(const QString& message);
 
 protected:

@@ -7,3 +7,8 @@ bool openDocument(const QString& path)
 {
     return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
+
+bool openHelpPage(const QString& path, const QString&)
+{
+    return openDocument(path);
+}

@@ -24,3 +24,12 @@ bool openDocument(const QString& path)
     process.setNativeArguments(QStringLiteral("/D /V:OFF /S /C \"\"%%1%\"\"").arg(variable));
     return process.startDetached();
 }
+
+bool openHelpPage(const QString& path, const QString& page)
+{
+    // Windows' own viewer takes the page behind the file; the desktop's way takes the file alone.
+    const bool isCompiled = path.endsWith(QLatin1String(".chm"), Qt::CaseInsensitive);
+    const QString target = QDir::toNativeSeparators(path) + QLatin1String("::/") + page;
+    return (isCompiled && QProcess::startDetached(QStringLiteral("hh.exe"), {target})) ||
+           openDocument(path);
+}

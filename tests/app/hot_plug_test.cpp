@@ -1,5 +1,7 @@
 #include "tests/support/panel_rig.h"
 
+#include <QAction>
+
 #include <QSaveFile>
 #include <QTemporaryDir>
 
@@ -14,6 +16,10 @@ private slots:
     void unpluggingDisconnectsAndPluggingConnects();
     void massStorageModeComesBackByItself();
     void userDisconnectKeepsTheWatchQuiet();
+    void outAndInIsAnotherConnection();
+    void simulatorIsChosenWhileRunning_data();
+    void simulatorIsChosenWhileRunning();
+    void simulatorIsOfferedWhereNothingIsFound();
 
 private:
     static StartOptions demoOptions();
@@ -57,9 +63,17 @@ void HotPlugTest::unpluggingDisconnectsAndPluggingConnects()
     QTRY_COMPARE(rig.device(), QString("Disconnected"));
     plug("[2222]\nmodel=KLV-20G\n");
     QTRY_COMPARE(rig.device(), QString("KLV-20G 2222"));
+    QTRY_COMPARE(rig.status(), QString("Connected to KLV-20G (2222) in place of KLV-6G (1111)"));
     // Exchanged too quickly to be seen gone.
     plug("[3333]\nmodel=KLV-20G\n");
     QTRY_COMPARE(rig.device(), QString("KLV-20G 3333"));
+    QTRY_COMPARE(rig.status(), QString("Connected to KLV-20G (3333) in place of KLV-20G (2222)"));
+    // Gone again: nothing is connected, and the same one is no exchange.
+    plug({});
+    QTRY_COMPARE(rig.device(), QString("Disconnected"));
+    plug("[3333]\nmodel=KLV-20G\n");
+    QTRY_COMPARE(rig.device(), QString("KLV-20G 3333"));
+    QTRY_COMPARE(rig.status(), QString());
 }
 
 void HotPlugTest::massStorageModeComesBackByItself()
@@ -85,6 +99,94 @@ void HotPlugTest::userDisconnectKeepsTheWatchQuiet()
     QTest::qWait(500);
     QVERIFY(!rig.isConnected());
     QVERIFY(m_demo->takeTranscript().isEmpty());
+}
+
+void HotPlugTest::outAndInIsAnotherConnection()
+{
+    plug("[1111]\nmodel=KLV-6G\n");
+    PanelRig rig(demoOptions());
+    rig.connectDevice();
+    rig.click("Output");
+    m_demo->takeTranscript();
+    plug({});
+    QTest::qWait(100);
+    plug("[1111]\nmodel=KLV-6G\n");
+    QTRY_VERIFY(!rig.get<QPushButton>("Output").isChecked());
+    QTRY_COMPARE(rig.device(), QString("KLV-6G 1111"));
+    QCOMPARE(m_demo->takeSent().filter("OUTPut"), QStringList("OUTPut OFF\\n"));
+}
+
+void HotPlugTest::simulatorIsChosenWhileRunning_data()
+{
+    QTest::addColumn<QString>("amid");
+    for (const char* amid : {"connected", "searching", "connecting", "choosing"})
+        QTest::newRow(amid) << QString(amid);
+}
+
+void HotPlugTest::simulatorIsChosenWhileRunning()
+{
+    QFETCH(QString, amid);
+    plug(amid == "choosing" ? "[1111]\nmodel=KLV-6G\n[2222]\n" : "[1111]\nmodel=KLV-6G\n");
+    PanelRig rig;
+    auto* action = rig.window().findChild<QAction*>("action_simulator");
+    QVERIFY(!action->isChecked());
+    QVERIFY(!rig.get("label_simulated").isVisible());
+    m_demo->takeTranscript();
+    // In the pause behind the reset, and at once again.
+    QTimer chooser;
+    connect(&chooser, &QTimer::timeout, &rig.window(), [&] {
+        if (!rig.isConnected())
+            return;
+        chooser.stop();
+        action->trigger();
+    });
+    if (amid == "connecting")
+        chooser.start(0);
+    if (amid == "searching")
+        rig.click("connect");
+    else
+        rig.connectDevice();
+    if (amid == "choosing") {
+        QVERIFY(QApplication::activeModalWidget());
+        plug("[1111]\nmodel=KLV-6G\n");
+    }
+    if (amid != "connecting")
+        action->trigger();
+    QTRY_COMPARE(rig.device(), QString("KLV-6G 1111"));
+    QVERIFY(action->isChecked());
+    QVERIFY(rig.get("label_simulated").isVisible());
+    QVERIFY(!QApplication::activeModalWidget());
+    const QStringList sent = m_demo->takeSent();
+    const bool isHandedBack = amid == "connected" || amid == "connecting";
+    QCOMPARE(sent.count("MEM:MSC ON\\n"), isHandedBack ? 1 : 0);
+
+    // And back: the library that was named at the start, which is on no bus here.
+    action->trigger();
+    QTRY_VERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!rig.get("label_simulated").isVisible());
+    QCOMPARE(m_demo->takeSent().count("MEM:MSC ON\\n"), 1);
+}
+
+void HotPlugTest::simulatorIsOfferedWhereNothingIsFound()
+{
+    plug({});
+    StartOptions options = PanelRig::defaultOptions();
+    options.visaLibrary = QStringLiteral("NoSuchVisa");
+    PanelRig rig(options);
+    QVERIFY(!rig.get("try_simulator").isVisible());
+    rig.connectDevice();
+    QVERIFY(rig.get("try_simulator").isVisible());
+    plug("[1111]\nmodel=KLV-6G\n");
+    rig.click("try_simulator");
+    QTRY_COMPARE(rig.device(), QString("KLV-6G 1111"));
+    QVERIFY(rig.get("label_simulated").isVisible());
+    QVERIFY(!rig.get("try_simulator").isVisible());
+    // Without any simulated instrument there is nothing more to offer.
+    plug({});
+    rig.connectDevice();
+    rig.connectDevice();
+    QVERIFY(!rig.isConnected());
+    QVERIFY(!rig.get("try_simulator").isVisible());
 }
 
 QTEST_MAIN(HotPlugTest)

@@ -11,9 +11,12 @@
 #include "app/side_panels.h"
 
 #include <QAction>
+#include <QDesktopServices>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTextDocument>
 
 #include <functional>
 
@@ -59,6 +62,11 @@ private slots:
     void tellsWhoHoldsTheInstrument();
     void aLossIsNotHidden();
     void aLossIsSaidBesideTheNextSearch();
+    void whatIsGoneIsNotSpokenOf();
+    void instrumentTextsArePlain_data();
+    void instrumentTextsArePlain();
+    void helpOpensThePageOfThePanel_data();
+    void helpOpensThePageOfThePanel();
     void tellsTheStepsOfConnecting();
     void tellsWhatGoesOn_data();
     void tellsWhatGoesOn();
@@ -66,10 +74,14 @@ private slots:
     void followsTheLanguage();
     void chooserFollowsTheLanguage();
 
+public slots:
+    void takeUrl(const QUrl& url) { m_opened = url; }
+
 private:
     void start(const QString& library = Demo::libraryPath());
     void chooseRussian();
 
+    QUrl m_opened;
     QTemporaryDir m_home;
     std::unique_ptr<DocumentsFolder> m_documents;
     std::unique_ptr<Demo> m_demo;
@@ -212,6 +224,115 @@ void StatusTest::aLossIsSaidBesideTheNextSearch()
     QVERIFY(m_rig->status().contains("connection error"));
     QTRY_VERIFY(m_rig->isConnected());
     QTRY_COMPARE(m_rig->status(), QString());
+}
+
+void StatusTest::whatIsGoneIsNotSpokenOf()
+{
+    start();
+    m_rig->connectDevice();
+    m_rig->click("ROSC");
+    (*m_demo)(QStringLiteral("condition 328 on"));
+    m_rig->enter("FREQ", "5M");
+    QCOMPARE(m_rig->status(), QString("The external reference is not locked"));
+    (*m_demo)(QStringLiteral("unplug"));
+    m_rig->enter("FREQ", "6M");
+    const QString loss = "connection error: the instrument or its cable has gone";
+    QCOMPARE(m_rig->status(), loss);
+    // For as long as a message would wait for its turn, and a little more.
+    QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 6500));
+}
+
+void StatusTest::instrumentTextsArePlain_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"<b>bold</b>", "<img src=x>", "&lt;b&gt;", "<!DOCTYPE", "a\\x01b"})
+        QTest::newRow(text) << QString(text);
+    QTest::newRow("long") << QString(3000, 'x');
+    QTest::newRow("long and rich") << QString("<u>").repeated(1000);
+}
+
+void StatusTest::instrumentTextsArePlain()
+{
+    QFETCH(QString, text);
+    start();
+    m_rig->connectDevice();
+    (*m_demo)("error 329 " + text);
+    m_rig->enter("FREQ", "5M");
+    QString hint = m_rig->get("label_329").toolTip();
+    QVERIFY(m_rig->get("label_329").isVisible());
+    QVERIFY(hint.startsWith("329"));
+    const auto isFit = [](const QString& shown) {
+        return !Qt::mightBeRichText(shown) && shown.size() <= 220;
+    };
+    QVERIFY2(isFit(hint), qPrintable(hint));
+    hint.remove(QChar(0x2060));
+    if (text.startsWith("<b>"))
+        QVERIFY2(hint.contains(text), qPrintable(hint));
+    // The pattern of the identity reply leaves room in its last field.
+    m_rig->click("connect");
+    (*m_demo)("reply *IDN? -> Veltro,KLV-20G,1234,2.7 " + text);
+    (*m_demo)("reply MEM:MSC? -> OFF");
+    (*m_demo)("reply SERV:SOUR:CDUE? -> " + text);
+    m_rig->connectDevice();
+    QVERIFY(m_rig->isConnected());
+    int shown = 0;
+    const auto labels = m_rig->window().findChildren<QLabel*>();
+    for (const QLabel* label : labels) {
+        if (!label->text().contains("2.7 ") && label->objectName() != "lbl_CalibrateData")
+            continue;
+        ++shown;
+        QVERIFY2(isFit(label->text()), qPrintable(label->text()));
+    }
+    QVERIFY(shown >= 3);
+    (*m_demo)("reply *IDN? ->");
+}
+
+void StatusTest::helpOpensThePageOfThePanel_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QString>("page");
+    QTest::newRow("none") << "" << "index";
+    QTest::newRow("modulation") << "open_mod" << "modulation";
+    QTest::newRow("sweep") << "open_list" << "sweep";
+    QTest::newRow("LF generator") << "open_gener" << "lf-generator";
+    QTest::newRow("profiles") << "profiles" << "profiles";
+    QTest::newRow("service") << "service" << "service";
+}
+
+void StatusTest::helpOpensThePageOfThePanel()
+{
+    QFETCH(QString, button);
+    QFETCH(QString, page);
+    start();
+    if (!button.isEmpty())
+        m_rig->click(qPrintable(button));
+    QTRY_VERIFY(!SidePanels::moving());
+    const QString folder = QCoreApplication::applicationDirPath() + "/manual";
+    const QString file = folder + "/en/" + page + ".html";
+    const auto pressHelp = [this] {
+        QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_F1);
+        return m_rig->status();
+    };
+    QVERIFY2(pressHelp().startsWith("There is no help file"), qPrintable(m_rig->status()));
+    QVERIFY(m_rig->status().contains(
+        QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
+    // The page of the panel, and the contents where there is no such page.
+    for (const QString& name : {QFileInfo(file).fileName(), QStringLiteral("index.html")}) {
+        QVERIFY(QDir().mkpath(folder + "/en"));
+        QFile written(folder + "/en/" + name);
+        QVERIFY(written.open(QIODevice::WriteOnly));
+        written.close();
+        if (QSysInfo::productType() != "windows") {
+            QDesktopServices::setUrlHandler("file", this, "takeUrl");
+            pressHelp();
+            QDesktopServices::unsetUrlHandler("file");
+            QCOMPARE(m_opened.toLocalFile(), written.fileName());
+            // Nothing opens anything on the offscreen platform.
+            QVERIFY2(pressHelp().contains(written.fileName()), qPrintable(m_rig->status()));
+            QVERIFY(m_rig->status().startsWith("No program"));
+        }
+        QVERIFY(QDir(folder).removeRecursively());
+    }
 }
 
 void StatusTest::tellsTheStepsOfConnecting()

@@ -1,0 +1,61 @@
+#include "app/instrument_source.h"
+
+#include "app/demo_mode.h"
+#include "app/start_options.h"
+#include "link/demo_plug_watch.h"
+#include "link/scpi_session.h"
+
+namespace
+{
+const QString visaLibraryName = QStringLiteral("VeVISA32");
+}
+
+InstrumentSource::InstrumentSource(const StartOptions& options, VisaLibrary& visa,
+                                   ScpiSession& session)
+    : m_options(options), m_visa(visa), m_session(session)
+{
+    choose(options.isDemo);
+}
+
+InstrumentSource::~InstrumentSource() = default;
+
+void InstrumentSource::choose(bool isSimulated)
+{
+    // The mode before the library, which looks then for the file of the mode.
+    m_demo = isSimulated ? std::make_unique<DemoMode>() : nullptr;
+    if (m_demo)
+        m_watch.use(std::make_unique<DemoPlugWatch>(m_demo->instrumentsFile()));
+    else
+        m_watch.use(createBusWatch());
+}
+
+QString InstrumentSource::libraryName() const
+{
+    // A library named together with the simulated mode is the one to be tried with it.
+    const bool isNamed = !m_options.visaLibrary.isEmpty() && (!m_demo || m_options.isDemo);
+    if (isNamed)
+        return m_options.visaLibrary;
+    return m_demo ? DemoMode::libraryPath() : visaLibraryName;
+}
+
+void InstrumentSource::open()
+{
+    m_visa.load(libraryName().toLocal8Bit().constData());
+    m_session.openResourceManager();
+}
+
+void InstrumentSource::simulate(bool isSimulated)
+{
+    if (isSimulated == this->isSimulated())
+        return;
+    m_session.closeResourceManager();
+    m_visa.reset();
+    choose(isSimulated);
+    open();
+}
+
+void InstrumentSource::endBootloaderSoon()
+{
+    if (m_demo)
+        m_demo->endBootloaderSoon();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "link/switched_plug_watch.h"
+
+#include <memory>
+
+class DemoMode;
+class ScpiSession;
+class VisaLibrary;
+struct StartOptions;
+
+/// Where instruments are looked for: on this computer's bus through the maker's VISA library, or
+/// among the simulated ones. Owns the simulated mode and the hot-plug watch; the library and the
+/// session are others', it loads and opens them.
+class InstrumentSource
+{
+public:
+    /// As the command line asks; loads nothing yet.
+    InstrumentSource(const StartOptions& options, VisaLibrary& visa, ScpiSession& session);
+    ~InstrumentSource();
+
+    bool isSimulated() const { return m_demo != nullptr; }
+
+    /// Loads the library that belongs to the present choice and opens its resource manager.
+    void open();
+
+    /// Changes over to the simulated instrument or back. Nothing may be connected, nor searched
+    /// for.
+    void simulate(bool isSimulated);
+
+    /// Stays the same object whatever is chosen.
+    HotPlugWatch& watch() { return m_watch; }
+
+    /// Ends an update of the simulated instrument; a real one ends its own.
+    void endBootloaderSoon();
+
+private:
+    void choose(bool isSimulated);
+    QString libraryName() const;
+
+    const StartOptions& m_options;
+    VisaLibrary& m_visa;
+    ScpiSession& m_session;
+    std::unique_ptr<DemoMode> m_demo;
+    SwitchedPlugWatch m_watch;
+};
