@@ -53,7 +53,7 @@ QString openHelp(const QString& page)
     const QString folder = QCoreApplication::applicationDirPath();
     const QString file = helpFile(folder, language, page);
     if (file.isEmpty())
-        return QCoreApplication::translate("Help", "There is no help file: it belongs into %1")
+        return QCoreApplication::translate("Help", "There is no help file in %1")
             .arg(QDir::toNativeSeparators(folder));
     if (openHelpPage(file, QStringLiteral("%1/%2.html").arg(language, page)))
         return QString();

@@ -291,12 +291,18 @@ void StatusTest::helpOpensThePageOfThePanel_data()
 {
     QTest::addColumn<QString>("button");
     QTest::addColumn<QString>("page");
-    QTest::newRow("none") << "" << "index";
-    QTest::newRow("modulation") << "open_mod" << "modulation";
-    QTest::newRow("sweep") << "open_list" << "sweep";
-    QTest::newRow("LF generator") << "open_gener" << "lf-generator";
-    QTest::newRow("profiles") << "profiles" << "profiles";
-    QTest::newRow("service") << "service" << "service";
+    QTest::newRow("none") << ""
+                          << "index";
+    QTest::newRow("modulation") << "open_mod"
+                                << "modulation";
+    QTest::newRow("sweep") << "open_list"
+                           << "sweep";
+    QTest::newRow("LF generator") << "open_gener"
+                                  << "lf-generator";
+    QTest::newRow("profiles") << "profiles"
+                              << "profiles";
+    QTest::newRow("service") << "service"
+                             << "service";
 }
 
 void StatusTest::helpOpensThePageOfThePanel()
@@ -314,8 +320,8 @@ void StatusTest::helpOpensThePageOfThePanel()
         return m_rig->status();
     };
     QVERIFY2(pressHelp().startsWith("There is no help file"), qPrintable(m_rig->status()));
-    QVERIFY(m_rig->status().contains(
-        QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
+    QVERIFY(
+        m_rig->status().contains(QDir::toNativeSeparators(QCoreApplication::applicationDirPath())));
     // The page of the panel, and the contents where there is no such page.
     for (const QString& name : {QFileInfo(file).fileName(), QStringLiteral("index.html")}) {
         QVERIFY(QDir().mkpath(folder + "/en"));

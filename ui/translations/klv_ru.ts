@@ -136,6 +136,18 @@
         <source>Setting up the instrument: %1</source>
         <translation>Настройка прибора: %1</translation>
     </message>
+    <message>
+        <source>Connected to %1 in place of %2</source>
+        <translation>Подключён %1 вместо %2</translation>
+    </message>
+    <message>
+        <source>connection error: RF may still be on</source>
+        <translation>ошибка связи: ВЧ может быть ещё включён</translation>
+    </message>
+    <message>
+        <source>connection error: what was switched off may still be on</source>
+        <translation>ошибка связи: выключенное может быть ещё включено</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionObstacle</name>
@@ -165,6 +177,14 @@
     <message>
         <source>The external reference is not locked</source>
         <translation>Нет захвата внешнего опорного сигнала</translation>
+    </message>
+    <message>
+        <source>No instrument is connected: RF goes on when one is</source>
+        <translation>Прибор не подключён: ВЧ включится при подключении</translation>
+    </message>
+    <message>
+        <source>No instrument is connected: nothing was switched off</source>
+        <translation>Прибор не подключён: ничего не выключено</translation>
     </message>
 </context>
 <context>
@@ -485,6 +505,17 @@
     <message>
         <source>All Device</source>
         <translation>Все приборы</translation>
+    </message>
+</context>
+<context>
+    <name>Help</name>
+    <message>
+        <source>There is no help file in %1</source>
+        <translation>Нет файла справки в %1</translation>
+    </message>
+    <message>
+        <source>No program could be started that opens %1</source>
+        <translation>Не удалось запустить программу, которая открывает %1</translation>
     </message>
 </context>
 <context>
@@ -1114,10 +1145,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Настройки не записываются: изменения не сохранятся</translation>
     </message>
     <message>
-        <source>The help file is not beside the program</source>
-        <translation>Файла справки нет рядом с программой</translation>
-    </message>
-    <message>
         <source>Lit while the external reference is selected; red while it is not locked</source>
         <translation>Горит, пока выбран внешний опорный сигнал; красным, пока нет захвата</translation>
     </message>
@@ -1200,6 +1227,22 @@ Keys: +, −, Left, Right, Home</source>
             <numerusform>%n значения качания и списка ограничены пределами прибора</numerusform>
             <numerusform>%n значений качания и списка ограничены пределами прибора</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>The instrument is simulated: nothing real is switched or measured</source>
+        <translation>Прибор имитируется: на самом деле ничего не включается и не измеряется</translation>
+    </message>
+    <message>
+        <source>Simulated instrument</source>
+        <translation>Имитатор прибора</translation>
+    </message>
+    <message>
+        <source>SIMULATED</source>
+        <translation>ИМИТАТОР</translation>
+    </message>
+    <message>
+        <source>Work with a simulated instrument; the menu leads back to a real one</source>
+        <translation>Работать с имитатором прибора; вернуться к настоящему можно через меню</translation>
     </message>
 </context>
 <context>
@@ -1376,6 +1419,13 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Duty of the rectangle in whole percent</source>
         <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
+    </message>
+</context>
+<context>
+    <name>OutputOff</name>
+    <message>
+        <source>No instrument is connected: nothing was switched off</source>
+        <translation>Прибор не подключён: ничего не выключено</translation>
     </message>
 </context>
 <context>
@@ -2247,6 +2297,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>&amp;Quit</source>
         <translation>&amp;Выход</translation>
+    </message>
+    <message>
+        <source>&amp;Simulated instrument</source>
+        <translation>&amp;Имитатор прибора</translation>
     </message>
 </context>
 <context>
