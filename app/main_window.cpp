@@ -9,6 +9,7 @@
 #include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
+#include "app/power_ceiling.h"
 #include "app/run_display.h"
 #include "app/side_panels.h"
 #include "app/status_line.h"
@@ -23,6 +24,7 @@
 #include "numbers/step_table.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
+#include "panel/power_guard.h"
 #include "panel/power_mode.h"
 #include "profiles/open_save_profile.h"
 #include "service/about_box.h"
@@ -75,6 +77,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     loadUiResources();
     applyLook();
     setUpForm();
+    m_powerGuard = std::make_unique<PowerGuard>(m_session, *m_ui->Output, *this, &m_settings);
     setUpPanels();
     m_about = std::make_unique<Form>(this);
     m_keypad = new Keypad(this);
@@ -182,6 +185,13 @@ void MainWindow::chooseTheme(const QString& name)
 {
     m_settings.setValue(themeKey, name);
     applyLook();
+}
+
+void MainWindow::askCeiling()
+{
+    auto* dialog = new PowerCeiling(m_powerGuard->ceilingDbm(), this);
+    connect(dialog, &PowerCeiling::chosen, m_powerGuard.get(), &PowerGuard::setCeilingDbm);
+    dialog->open();
 }
 
 void MainWindow::applyLook()
@@ -401,6 +411,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     // Gone at once, whatever the search and the instrument still take.
     hide();
+    m_powerGuard->cancel();
     m_connection.shutDown();
     QMainWindow::closeEvent(event);
 }

@@ -30,6 +30,7 @@ class ModulationCommands;
 class OutputDisplay;
 class OutputOff;
 class PanelProfiles;
+class PowerGuard;
 class PowerMode;
 class RunDisplay;
 class RunPicture;
@@ -133,6 +134,7 @@ private:
     QString themeSetting() const;
     void chooseLanguage(const QString& code);
     void chooseTheme(const QString& name);
+    void askCeiling();
     void applyLook();
     void retranslate();
 
@@ -158,6 +160,7 @@ private:
     RunningCopies m_copies;
     Connection m_connection;
 
+    std::unique_ptr<PowerGuard> m_powerGuard; ///< outlives all who commit a power
     std::unique_ptr<CwControls> m_cw;
     std::unique_ptr<PowerMode> m_powerMode;
     std::unique_ptr<ModulationCommands> m_modulationCommands;

@@ -19,8 +19,10 @@
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
+#include "panel/accepted_watch.h"
 #include "panel/cw_controls.h"
 #include "panel/keypad.h"
+#include "panel/power_guard.h"
 #include "panel/power_mode.h"
 #include "panel/wgt_mode_pow.h"
 #include "profiles/open_save_profile.h"
@@ -33,6 +35,7 @@
 #include "sweep/list_transfer.h"
 #include "sweep/run_picture.h"
 #include "sweep/sweep_commands.h"
+#include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 #include "ui_mainwindow.h"
 
@@ -66,7 +69,7 @@ void MainWindow::setUpPanels()
 
 void MainWindow::setUpMenu()
 {
-    auto* menu = new WindowMenu(m_language->code(), themeSetting(), this);
+    auto* menu = new WindowMenu(m_language->code(), themeSetting(), m_powerGuard->jumpDb(), this);
     // The shortcuts work without the menu being open.
     addActions(menu->actions());
     m_ui->menuButton->setMenu(menu);
@@ -76,11 +79,18 @@ void MainWindow::setUpMenu()
     connect(menu, &WindowMenu::languageChosen, this, &MainWindow::chooseLanguage);
     connect(menu, &WindowMenu::themeChosen, this, &MainWindow::chooseTheme);
     connect(menu, &WindowMenu::simulatorChosen, this, &MainWindow::simulate);
+    connect(menu, &WindowMenu::jumpChosen, m_powerGuard.get(), &PowerGuard::setJumpDb);
+    connect(menu, &WindowMenu::ceilingWanted, this, &MainWindow::askCeiling);
+    const auto showCeiling = [this, menu] { menu->showCeiling(m_powerGuard->ceilingDbm()); };
+    connect(m_powerGuard.get(), &PowerGuard::ceilingChanged, menu, showCeiling);
+    showCeiling();
 }
 
 void MainWindow::wireStatusLine()
 {
     m_status = std::make_unique<StatusLine>(*m_ui->status);
+    connect(m_powerGuard.get(), &PowerGuard::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
     connect(&m_connection, &Connection::failed, m_status.get(), &StatusLine::showFailure);
     connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
     connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
@@ -125,6 +135,7 @@ void MainWindow::wireConnection()
             [this](const QString& message) { ErrorBox::report(message, this); });
     connect(&m_connection, &Connection::ready, this, &MainWindow::showReady);
     connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
+    connect(&m_connection, &Connection::disconnected, m_powerGuard.get(), &PowerGuard::cancel);
     connect(&m_connection, &Connection::disconnected, this, &MainWindow::showDisconnected);
     connect(&m_session, &ScpiSession::error329Seen, this, &MainWindow::showIndicator329);
     connect(&m_session, &ScpiSession::error329Gone, m_ui->label_329, &QWidget::hide);
@@ -132,7 +143,7 @@ void MainWindow::wireConnection()
 
 void MainWindow::wireCwControls()
 {
-    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(),
+    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(), *m_powerGuard,
                                         CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
                                                             *m_ui->ROSC, *m_ui->ROSC_FREQ,
                                                             *m_ui->label_328, *m_ui->label_ExtRef});
@@ -149,6 +160,7 @@ void MainWindow::wireCwControls()
     // It is checked while there is a connection.
     connect(&m_connection, &Connection::buttonShouldBe, m_outputOff.get(),
             &OutputOff::setConnected);
+    m_keypad->setPowerGuard(*m_powerGuard);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
     connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
@@ -182,17 +194,22 @@ void MainWindow::wireModulation()
 
 void MainWindow::wireSweep()
 {
+    m_list->setPowerGuard(*m_powerGuard);
+    connect(new AcceptedWatch(m_ui->POW), &AcceptedWatch::accepted, &m_list->sweep(),
+            &SweepGroup::followPower);
+    connect(new AcceptedWatch(m_ui->FREQ), &AcceptedWatch::accepted, &m_list->sweep(),
+            &SweepGroup::followFrequency);
     m_triggers = std::make_unique<TriggerCommands>(m_session, *m_list, *m_modulation->pulse());
     m_listTransfer = std::make_unique<ListTransfer>(m_session, *m_list, *m_ui->POW);
     m_sweepCommands = std::make_unique<SweepCommands>(
-        m_session, *m_list, *m_triggers, *m_listTransfer,
+        m_session, *m_list, *m_triggers, *m_listTransfer, *m_powerGuard,
         SweepCommands::CwWidgets{*m_ui->FREQ, *m_ui->POW, {m_ui->key_FREQ, m_ui->key_POW}});
     m_exclusions = std::make_unique<Exclusions>(
         Exclusions::Parts{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator,
                           *m_list, *m_sweepCommands, *m_triggers});
     connect(m_exclusions.get(), &Exclusions::statusMessage, m_status.get(),
             &StatusLine::showMessage);
-    connect(m_sweepCommands.get(), &SweepCommands::refused, m_status.get(),
+    connect(m_sweepCommands.get(), &SweepCommands::statusMessage, m_status.get(),
             &StatusLine::showMessage);
     connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
             &SweepCommands::connectionLost);
@@ -258,6 +275,11 @@ void MainWindow::wireFirmware()
 
 void MainWindow::wireProfiles()
 {
+    const auto isUsable = [this](const QWidget* widget) {
+        return widget == m_ui->closeWindow || widget == m_ui->minimize ||
+               widget == m_ui->stop_run || m_outputOff->isWayOff(widget) ||
+               m_powerGuard->isOfQuestion(widget);
+    };
     PanelProfiles::Parts parts{*this,
                                *m_modulation,
                                *m_generator,
@@ -266,6 +288,7 @@ void MainWindow::wireProfiles()
                                *m_ui->ROSC_FREQ,
                                m_session,
                                m_connection,
+                               *m_powerGuard,
                                *m_status,
                                [this] {
                                    update_Modulation();
@@ -276,10 +299,7 @@ void MainWindow::wireProfiles()
                                {m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list,
                                 m_ui->open_gener, m_ui->profiles, m_ui->service, m_service,
                                 &m_list->runSweep(), &m_list->runList()},
-                               [this](const QWidget* widget) {
-                                   return widget == m_ui->closeWindow || widget == m_ui->minimize ||
-                                          widget == m_ui->stop_run || m_outputOff->isWayOff(widget);
-                               }};
+                               isUsable};
     m_panelProfiles = std::make_unique<PanelProfiles>(parts);
     m_profiles = new openSaveProfile(m_panelProfiles->files(), this);
     m_panelProfiles->files().store().exclude(m_profiles);
@@ -312,7 +332,7 @@ void MainWindow::setUpPush()
         {[] { return tr("reference"); }, [this] { m_cw->pushReferenceSource(); }},
         {[] { return tr("RF output"); }, [this] { m_cw->pushOutput(); }},
         {[] { return tr("frequency"); }, [this] { m_cw->on_FREQ_editingFinished(); }},
-        {[] { return tr("power"); }, [this] { m_cw->on_POW_editingFinished(); }},
+        {[] { return tr("power"); }, [this] { m_cw->pushPower(); }},
         {[] { return tr("power mode"); }, [this] { m_powerMode->restore(); }},
         {[] { return tr("LF generator"); }, [this] { m_lfGenerator->restore(); }},
         {[] { return tr("modulation"); }, [this] { m_modulationCommands->restore(); }},

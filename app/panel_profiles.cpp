@@ -11,6 +11,7 @@
 #include "numbers/step_table.h"
 #include "numbers/unit_keys.h"
 #include "panel/cw_controls.h"
+#include "panel/power_guard.h"
 #include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
 #include "panel/user_folder.h"
@@ -68,6 +69,10 @@ PanelProfiles::PanelProfiles(const Parts& parts)
     connect(m_files, &openSave_XML_FILE::error, this,
             [this](const QString& text) { ErrorBox::report(text, &m_parts.window); });
     connect(&m_parts.connection, &Connection::disconnected, m_files, &openSave_XML_FILE::stop);
+    connect(&m_parts.powerGuard, &PowerGuard::answered, this, [this](bool isRaised) {
+        if (!isRaised)
+            m_files->leaveOut();
+    });
     connect(&m_parts.connection, &Connection::busyChanged, this,
             [this](bool isBusy) { m_isConnecting = isBusy; });
 }
@@ -75,8 +80,11 @@ PanelProfiles::PanelProfiles(const Parts& parts)
 openSave_XML_FILE::Owner PanelProfiles::owner()
 {
     openSave_XML_FILE::Owner owner;
-    // Without an instrument nothing takes its time.
-    owner.pause = [this](int ms) { return !m_parts.session.isConnected() || pause(ms); };
+    // Without an instrument nothing takes its time. A question that an entry has raised is answered
+    // before the next one.
+    owner.pause = [this](int ms) {
+        return !m_parts.session.isConnected() || (pause(ms) && m_parts.powerGuard.waitForAnswer());
+    };
     owner.refusal = [this] { return refusal(); };
     owner.fieldText = [this](const QLineEdit& field) { return fieldText(field); };
     owner.settle = [this] { settle(); };

@@ -15,6 +15,7 @@ class Connection;
 class CwControls;
 class List;
 class Modulat;
+class PowerGuard;
 class QLineEdit;
 class ScpiSession;
 class StatusLine;
@@ -36,6 +37,7 @@ public:
         QLineEdit& referenceEntry;
         ScpiSession& session;
         Connection& connection;
+        PowerGuard& powerGuard;
         StatusLine& status;
         /// Brings indicators into line with the panels' buttons.
         std::function<void()> refreshIndicators;

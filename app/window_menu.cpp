@@ -16,9 +16,12 @@ const Choice languages[] = {{"en", "&English"}, {"ru", "&Русский"}};
 const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &system")},
                          {"light", QT_TRANSLATE_NOOP("WindowMenu", "&Light")},
                          {"dark", QT_TRANSLATE_NOOP("WindowMenu", "&Dark")}};
+/// In dB; 0 never asks.
+const char* const jumps[] = {"0", "10", "20", "30"};
 } // namespace
 
-WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, QWidget* parent)
+WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, int jumpDb,
+                       QWidget* parent)
     : QMenu(parent), m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
       m_about(addAction(QString(), this, &WindowMenu::aboutChosen))
 {
@@ -51,6 +54,19 @@ WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, QW
             [this](const QAction* action) { emit themeChosen(action->data().toString()); });
 
     addSeparator();
+    m_jumps = addMenu(QString());
+    auto* jumpGroup = new QActionGroup(this);
+    for (const char* jump : jumps) {
+        const QString value = QLatin1String(jump);
+        addChoice(m_jumps, jumpGroup, value, QString::number(jumpDb))
+            ->setObjectName(QStringLiteral("action_jump_") + value);
+    }
+    connect(jumpGroup, &QActionGroup::triggered, this,
+            [this](const QAction* action) { emit jumpChosen(action->data().toInt()); });
+    m_ceiling = addAction(QString(), this, &WindowMenu::ceilingWanted);
+    m_ceiling->setObjectName(QStringLiteral("action_ceiling"));
+
+    addSeparator();
     m_quit = addAction(QString(), this, &WindowMenu::quitChosen);
     retranslate();
 }
@@ -75,11 +91,25 @@ void WindowMenu::retranslate()
     m_themes->setTitle(tr("&Theme"));
     // The key is the close button's: named here, so that nobody need look for it.
     const QString quitKey = QKeySequence(Qt::CTRL + Qt::Key_Q).toString(QKeySequence::NativeText);
+    m_jumps->setTitle(tr("Ask before a step &up"));
+    const QList<QAction*> jumpActions = m_jumps->actions();
+    for (QAction* action : jumpActions) {
+        const int jumpDb = action->data().toInt();
+        action->setText(jumpDb > 0 ? tr("By more than %1 dB").arg(jumpDb) : tr("&Never"));
+    }
+    showCeiling(m_ceilingDbm);
     m_quit->setText(tr("&Quit") + QLatin1Char('\t') + quitKey);
     const QList<QAction*> themeActions = m_themes->actions();
     for (int index = 0; index < themeActions.size(); ++index)
         themeActions.at(index)->setText(
             QCoreApplication::translate("WindowMenu", themes[index].caption));
+}
+
+void WindowMenu::showCeiling(std::optional<int> ceilingDbm)
+{
+    m_ceilingDbm = ceilingDbm;
+    m_ceiling->setText(ceilingDbm ? tr("Highest &power: %1 dBm...").arg(*ceilingDbm)
+                                  : tr("Highest &power..."));
 }
 
 void WindowMenu::changeEvent(QEvent* event)

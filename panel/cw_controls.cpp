@@ -5,6 +5,7 @@
 #include "numbers/number_text.h"
 #include "panel/clamp_field.h"
 #include "panel/numeric_field.h"
+#include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
 
 #include <QAbstractButton>
@@ -44,11 +45,13 @@ void selectAndDeselect(QLineEdit& field)
 }
 } // namespace
 
-CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, const Widgets& widgets,
-                       QObject* parent)
-    : QObject(parent), m_session(session), m_limits(limits), m_ui(widgets)
+CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, PowerGuard& guard,
+                       const Widgets& widgets, QObject* parent)
+    : QObject(parent), m_session(session), m_limits(limits), m_guard(guard), m_ui(widgets)
 {
     setUpFields();
+    holdCeiling();
+    connect(&m_guard, &PowerGuard::ceilingChanged, this, &CwControls::holdCeiling);
     connect(&m_ui.reference, &QAbstractButton::toggled, this, &CwControls::animateSwitchRoscButton);
     animateSwitchRoscButton(isRoscExt());
     connect(&m_session, &ScpiSession::referenceUnlockSeen, this, &CwControls::showUnlockRosc);
@@ -92,6 +95,48 @@ void CwControls::on_FREQ_editingFinished()
 }
 
 void CwControls::on_POW_editingFinished()
+{
+    QLineEdit& field = m_ui.power;
+    m_guard.bound(&field);
+    const QString wanted = field.text();
+    const double wantedDbm = toNumber(wanted);
+    const double fromDbm =
+        m_guard.riseStart(toNumber(acceptedText(&field)), wantedDbm, isBeingStepped(&field));
+    const auto raise = [this, wanted] {
+        m_ui.power.setText(wanted);
+        sendPower();
+    };
+    // Until it is answered, the field says what the output has.
+    if (m_guard.ask(fromDbm, wantedDbm, raise))
+        showAccepted(&field, acceptedText(&field));
+    else
+        sendPower();
+}
+
+void CwControls::pushPower()
+{
+    QLineEdit& field = m_ui.power;
+    m_guard.bound(&field);
+    if (m_guard.wouldAsk(toNumber(acceptedText(&field)), toNumber(field.text())))
+        showAccepted(&field, m_guard.bounded(acceptedText(&field)));
+    sendPower();
+}
+
+/// A level that is above goes down at once, and is never raised again when there is more room. In a
+/// run it is what the instrument comes back to.
+void CwControls::holdCeiling()
+{
+    QLineEdit& field = m_ui.power;
+    const QString accepted = acceptedText(&field);
+    const QString bounded = m_guard.bounded(accepted);
+    if (bounded == accepted)
+        return;
+    showAccepted(&field, bounded);
+    if (field.isEnabled())
+        sendPower();
+}
+
+void CwControls::sendPower()
 {
     QLineEdit& field = m_ui.power;
     showAccepted(&field, field.text());

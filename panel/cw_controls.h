@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 
+class PowerGuard;
 class QAbstractButton;
 class QLineEdit;
 class QWidget;
@@ -33,8 +34,8 @@ public:
         QWidget& externalIndicator;
     };
 
-    CwControls(ScpiSession& session, const InstrumentLimits& limits, const Widgets& widgets,
-               QObject* parent = nullptr);
+    CwControls(ScpiSession& session, const InstrumentLimits& limits, PowerGuard& guard,
+               const Widgets& widgets, QObject* parent = nullptr);
 
     /// The last external reference frequency that the instrument confirmed, or that was entered
     /// without one; whole MHz without the unit.
@@ -53,6 +54,8 @@ public:
     /// The parts of the panel's state that a freshly connected instrument is given.
     void pushReferenceSource();
     void pushOutput();
+    /// Asks nothing: the accepted power goes out in place of one that would have to be asked about.
+    void pushPower();
     /// Sends the external reference frequency while the switch is external.
     void pushExternalReference();
 
@@ -83,6 +86,8 @@ protected:
 
 private:
     void setUpFields();
+    void sendPower();
+    void holdCeiling();
     void cancelReferenceEntry();
     void sendExternalReference();
     void captionReference(const QString& frequencyMHz);
@@ -91,6 +96,7 @@ private:
 
     ScpiSession& m_session;
     const InstrumentLimits& m_limits;
+    PowerGuard& m_guard;
     Widgets m_ui;
     QString m_externalReferenceMHz = QStringLiteral("10");
 };

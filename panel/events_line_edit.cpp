@@ -99,6 +99,12 @@ void EventsLineEdit::stepDigit(int direction)
 
 void EventsLineEdit::commit()
 {
-    if (!m_flags.silent)
-        emit m_edit->editingFinished();
+    if (m_flags.silent)
+        return;
+    // What is announced may delete the line edit and this filter with it.
+    const QPointer<EventsLineEdit> self = this;
+    m_isCommitting = true;
+    emit m_edit->editingFinished();
+    if (self)
+        m_isCommitting = false;
 }

@@ -22,6 +22,9 @@ public:
     /// One step up (direction 1) or down (-1), as by the wheel; the focus does not matter.
     void step(int direction);
 
+    /// A step is being announced.
+    bool isCommitting() const { return m_isCommitting; }
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -41,4 +44,5 @@ private:
     StepKind m_kind;
     StepFlags m_flags;
     DigitCursor m_lastDigit;
+    bool m_isCommitting = false;
 };

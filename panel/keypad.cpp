@@ -5,6 +5,7 @@
 #include "panel/events_line_edit.h"
 #include "panel/keypad_keys.h"
 #include "panel/keypad_place.h"
+#include "panel/power_guard.h"
 #include "panel/select_line.h"
 #include "panel/step_entry.h"
 #include "panel/trailing_input.h"
@@ -299,9 +300,15 @@ void Keypad::retranslate()
 
 QString Keypad::limitsText() const
 {
-    const Range<double> limits = toldLimits(m_kind, m_step);
+    Range<double> limits = toldLimits(m_kind, m_step);
+    const std::optional<int> ceiling =
+        m_guard && m_kind == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
+    if (ceiling && !limits.isKnown())
+        return tr("at most %1").arg(withUnit(QString::number(*ceiling), m_unit->text()));
     if (!limits.isKnown())
         return QString();
+    if (ceiling)
+        limits.max = qMin(limits.max, static_cast<double>(*ceiling));
     const int power = m_isStepPage ? 0 : plainPower();
     const auto text = [&](double limit) {
         const QString number = shiftedDecimal(shortestText(limit), -power);

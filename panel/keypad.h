@@ -10,6 +10,7 @@
 
 class EventsLineEdit;
 class KeypadKeys;
+class PowerGuard;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -31,6 +32,9 @@ public:
     /// Opens for a field that setUpNumericField has set up, or turns to it when already open. A
     /// field that cannot be typed into is left alone.
     void openFor(QLineEdit* field);
+
+    /// Who knows of a highest power of the user's own; outlives the keypad's use.
+    void setPowerGuard(const PowerGuard& guard) { m_guard = &guard; }
 
     /// The field it is open for; none while it is closed.
     QLineEdit* field() const;
@@ -69,6 +73,7 @@ private:
     void commit(const QString& text);
 
     QPointer<QLineEdit> m_field;
+    const PowerGuard* m_guard = nullptr;
     FieldKind m_kind = FieldKind::Frequency;
     std::optional<StepKind> m_step;
     bool m_isStepPage = false;

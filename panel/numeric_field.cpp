@@ -56,6 +56,12 @@ std::optional<NumericField> numericField(QLineEdit* edit)
     return field;
 }
 
+bool isBeingStepped(QLineEdit* edit)
+{
+    const auto* events = filterOf<EventsLineEdit>(edit);
+    return events && events->isCommitting();
+}
+
 void stepNumericField(QLineEdit* edit, int direction)
 {
     if (auto* events = filterOf<EventsLineEdit>(edit))

@@ -27,5 +27,8 @@ void changeFieldKind(QLineEdit* edit, FieldKind kind, StepKind step);
 /// What a line edit was set up for; none for one that was not.
 std::optional<NumericField> numericField(QLineEdit* edit);
 
+/// Whether what a field announces now is a step by wheel, arrow keys or keypad.
+bool isBeingStepped(QLineEdit* edit);
+
 /// Steps a field that was set up with a step kind as its wheel would; any other field stays.
 void stepNumericField(QLineEdit* edit, int direction);

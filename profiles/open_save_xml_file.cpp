@@ -150,6 +150,11 @@ void openSave_XML_FILE::applyAtStart(const QString& path)
         emit message(tr("The settings of the last run are damaged: defaults are used"));
 }
 
+void openSave_XML_FILE::leaveOut()
+{
+    m_replay.leaveOut();
+}
+
 void openSave_XML_FILE::stop()
 {
     m_replay.stop();

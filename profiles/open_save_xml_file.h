@@ -55,6 +55,8 @@ public:
     /// For a start, before there is an instrument. With nothing kept everything stays.
     void applyAtStart(const QString& path = QString());
 
+    /// Tells of a replay that something of it has been refused, though it goes on.
+    void leaveOut();
     /// Ends a replay after what is under way of it.
     void stop();
 

@@ -52,6 +52,7 @@ bool ProfileReplay::run(const std::vector<ProfileEntry>& entries, bool isWaiting
 {
     const QScopedValueRollback<bool> running(m_isRunning, true);
     m_isStopped = false;
+    m_isComplete = true;
     for (const ProfileEntry& entry : entries) {
         replay(entry, isWaiting);
         // Whoever switches the RF output off does not wait for the rest.
@@ -60,7 +61,7 @@ bool ProfileReplay::run(const std::vector<ProfileEntry>& entries, bool isWaiting
         if (m_isStopped)
             return false;
     }
-    return true;
+    return m_isComplete;
 }
 
 void ProfileReplay::replay(const ProfileEntry& entry, bool isWaiting)

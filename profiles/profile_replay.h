@@ -16,11 +16,13 @@ public:
 
     ProfileReplay(const ProfileStore& store, Pause pause);
 
-    /// False when it has been stopped before its end. Not while another one runs. Without waiting
-    /// it is over at once.
+    /// False when it has been stopped before its end, or something was left out. Not while another
+    /// one runs. Without waiting it is over at once.
     bool run(const std::vector<ProfileEntry>& entries, bool isWaiting);
     /// Ends the replay after the click or entry that is under way.
     void stop() { m_isStopped = true; }
+    /// The entry that is under way is not taken.
+    void leaveOut() { m_isComplete = false; }
     bool isRunning() const { return m_isRunning; }
 
 private:
@@ -34,4 +36,5 @@ private:
     Pause m_pause;
     bool m_isRunning = false;
     bool m_isStopped = false;
+    bool m_isComplete = true;
 };

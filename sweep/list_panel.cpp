@@ -1,5 +1,7 @@
 #include "sweep/list_panel.h"
 
+#include "numbers/number_text.h"
+#include "panel/power_guard.h"
 #include "panel/progress_bar_for_table.h"
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
@@ -18,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 namespace
 {
@@ -216,6 +219,30 @@ QPushButton& List::allPointsMode() const
 PointTable& List::table() const
 {
     return m_list->table();
+}
+
+void List::setPowerGuard(PowerGuard& guard)
+{
+    m_sweep->setPowerGuard(guard);
+    table().setPowerGuard(guard);
+}
+
+double List::sweepTopDbm() const
+{
+    if (!isPowerSweep())
+        return toNumber(fixedValue().text());
+    return std::max(toNumber(start().text()), toNumber(stop().text()));
+}
+
+double List::listTopDbm() const
+{
+    double topDbm = -std::numeric_limits<double>::infinity();
+    for (int row = 0; row < table().rowCount(); ++row) {
+        const QString power = table().text(row, PointTable::Power);
+        if (!withoutBlanks(power).isEmpty())
+            topDbm = std::max(topDbm, toNumber(power));
+    }
+    return topDbm;
 }
 
 void List::stopRuns()

@@ -7,6 +7,7 @@ class ListFileDialogs;
 class ListGroup;
 class ListPlot;
 class PointTable;
+class PowerGuard;
 class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
@@ -54,6 +55,13 @@ public:
     QPushButton& allPointsMode() const;
 
     PointTable& table() const;
+    SweepGroup& sweep() const { return *m_sweep; }
+    /// From now on sweep and list heed the guard's highest level.
+    void setPowerGuard(PowerGuard& guard);
+    /// The highest power in dBm that the sweep, or the list, would set by itself; minus infinity
+    /// where there is none.
+    double sweepTopDbm() const;
+    double listTopDbm() const;
     ListPlot& plot() const { return *m_plot; }
 
     /// The instrument did not go to the point that was chosen last: it can be chosen again.

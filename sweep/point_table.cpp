@@ -1,11 +1,14 @@
 #include "sweep/point_table.h"
 
 #include "link/instrument_limits.h"
+#include "numbers/number_text.h"
 #include "panel/clamp_field.h"
+#include "panel/power_guard.h"
 #include "panel/progress_bar_for_table.h"
 #include "sweep/point_delegate.h"
 
 #include <QHeaderView>
+#include <QIcon>
 #include <QSignalBlocker>
 #include <QUndoCommand>
 
@@ -194,7 +197,9 @@ void PointTable::acceptCell(int row, int column)
     const QString typed = text(row, column);
     if (typed == held)
         return;
-    const QString entered = enteredText(typed, column);
+    QString entered = enteredText(typed, column);
+    if (column == Power && m_guard)
+        entered = m_guard->bounded(entered);
     const bool isNew = entered != held;
     held = entered;
     // The change starts from what was there before the user typed.
@@ -251,6 +256,7 @@ void PointTable::fillRow(int row)
         if (item(row, column) == nullptr)
             setItem(row, column, new QTableWidgetItem(point[static_cast<std::size_t>(column)]));
     }
+    markPower(row);
 }
 
 /// Somebody else has inserted or removed rows: what can be taken back ends there.
@@ -318,6 +324,40 @@ void PointTable::highlightPoint(int number)
     if (number >= 1 && number <= rowCount() && isFollowed)
         scrollTo(model()->index(number - 1, std::max(currentColumn(), 0)));
     viewport()->update(rectOfPoint(number));
+}
+
+void PointTable::setPowerGuard(PowerGuard& guard)
+{
+    m_guard = &guard;
+    connect(m_guard, &PowerGuard::ceilingChanged, this, &PointTable::markAboveCeiling);
+}
+
+bool PointTable::isAboveCeiling(const QString& power) const
+{
+    return m_guard && m_guard->ceilingDbm() && !withoutBlanks(power).isEmpty() &&
+           m_guard->isAboveCeiling(toNumber(power));
+}
+
+void PointTable::markPower(int row)
+{
+    QTableWidgetItem* cell = item(row, Power);
+    const bool isAbove = isAboveCeiling(text(row, Power));
+    if (cell == nullptr || cell->icon().isNull() != isAbove)
+        return;
+    const QSignalBlocker quiet(this);
+    cell->setIcon(isAbove ? QIcon(QStringLiteral(":/images/invalid.png")) : QIcon());
+    cell->setToolTip(isAbove ? tr("Above the highest power") : QString());
+}
+
+int PointTable::markAboveCeiling()
+{
+    int first = -1;
+    for (int row = 0; row < rowCount(); ++row) {
+        markPower(row);
+        if (first < 0 && isAboveCeiling(text(row, Power)))
+            first = row;
+    }
+    return first;
 }
 
 /// Return goes on below, as in a spreadsheet.

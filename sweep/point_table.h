@@ -6,6 +6,8 @@
 #include <QTableWidget>
 #include <QUndoStack>
 
+class PowerGuard;
+
 /// The table of a list's points. Keeps what its rows hold, formats and bounds what is entered, and
 /// knows how to take back every change. What changes rows at the user's wish is PointActions'; it
 /// reads and writes no file and sends nothing.
@@ -52,6 +54,13 @@ public:
     int highlightedPoint() const { return m_highlightedPoint; }
     void highlightPoint(int number);
 
+    /// From now on powers that are typed are bounded by the guard's highest level, and others that
+    /// are above it marked.
+    void setPowerGuard(PowerGuard& guard);
+    /// Marks every power above the highest level. The row of the first one, counted from 0; -1 for
+    /// none.
+    int markAboveCeiling();
+
     void retranslate();
 
 signals:
@@ -69,6 +78,8 @@ private:
     void apply(int first, int count, const PointRows& rows);
     void showRow(int row);
     void fillRow(int row);
+    bool isAboveCeiling(const QString& power) const;
+    void markPower(int row);
     void takeOverRows(int first, int count);
     void foreignRowsChanged();
     void boundHistory();
@@ -80,4 +91,5 @@ private:
     PointRows m_points;
     QUndoStack m_history;
     int m_highlightedPoint = 0;
+    PowerGuard* m_guard = nullptr;
 };

@@ -4,10 +4,12 @@
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "panel/cw_controls.h"
+#include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/panel_wait_cursor.h"
+#include "sweep/point_table.h"
 #include "sweep/trigger_commands.h"
 
 #include <QLineEdit>
@@ -41,10 +43,12 @@ const QString abortListCommand = QStringLiteral("*ABORt");
 } // namespace
 
 SweepCommands::SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
-                             ListTransfer& transfer, const CwWidgets& cw, QObject* parent)
+                             ListTransfer& transfer, PowerGuard& guard, const CwWidgets& cw,
+                             QObject* parent)
     : QObject(parent), m_session(session), m_panel(panel), m_triggers(triggers),
-      m_transfer(transfer), m_cw(cw)
+      m_transfer(transfer), m_guard(guard), m_cw(cw)
 {
+    connect(&m_guard, &PowerGuard::ceilingChanged, this, &SweepCommands::holdCeiling);
     connect(&m_panel.runSweep(), &QAbstractButton::toggled, this, &SweepCommands::CommandSweep);
     connect(&m_panel.runList(), &QAbstractButton::toggled, this, &SweepCommands::CommandList);
     connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
@@ -71,9 +75,61 @@ void SweepCommands::command(Mode mode)
         if (button.isChecked())
             button.click();
     } else if (button.isChecked()) {
-        start(mode);
+        request(mode);
+    } else if (m_isPending) {
+        m_isPending = false;
+        m_guard.cancel();
     } else {
         stop(mode);
+    }
+}
+
+double SweepCommands::topDbm(Mode mode) const
+{
+    return mode == Mode::List ? m_panel.listTopDbm() : m_panel.sweepTopDbm();
+}
+
+/// Starts what may be started at these powers, once that is agreed.
+void SweepCommands::request(Mode mode)
+{
+    const int run = ++m_run;
+    m_isPending = true;
+    const auto letGo = [this, mode] { runButton(mode).setChecked(false); };
+    if (m_guard.isAboveCeiling(topDbm(mode))) {
+        letGo();
+        sayAboveCeiling(mode);
+        return;
+    }
+    const auto agreed = [this, run, mode] {
+        if (isWanted(run, mode))
+            start(run, mode);
+    };
+    if (!m_guard.ask(toNumber(acceptedText(&m_cw.power)), topDbm(mode), agreed, letGo))
+        start(run, mode);
+}
+
+void SweepCommands::sayAboveCeiling(Mode mode)
+{
+    const QString ceiling = QString::number(*m_guard.ceilingDbm());
+    if (mode == Mode::Sweep) {
+        emit statusMessage(tr("Sweep not run: above the highest power of %1 dBm").arg(ceiling));
+        return;
+    }
+    const int row = m_panel.table().markAboveCeiling();
+    m_panel.table().setCurrentCell(row, PointTable::Power);
+    emit statusMessage(tr("List not run: row %1 is above the highest power of %2 dBm")
+                           .arg(QString::number(row + 1), ceiling));
+}
+
+/// What runs above a level that has become the highest one ends.
+void SweepCommands::holdCeiling()
+{
+    for (const Mode mode : {Mode::Sweep, Mode::List}) {
+        if (!runButton(mode).isChecked() || !m_guard.isAboveCeiling(m_topDbm))
+            continue;
+        runButton(mode).click();
+        emit statusMessage(
+            tr("Run ended: above the highest power of %1 dBm").arg(*m_guard.ceilingDbm()));
     }
 }
 
@@ -101,14 +157,15 @@ bool SweepCommands::goesOn(int run, Mode mode)
     ++m_run;
     m_isSettingUp = false;
     runButton(mode).click();
-    emit refused(mode == Mode::List ? tr("The list does not run: %1").arg(words)
+    emit statusMessage(mode == Mode::List ? tr("The list does not run: %1").arg(words)
                                     : tr("The sweep does not run: %1").arg(words));
     return false;
 }
 
-void SweepCommands::start(Mode mode)
+void SweepCommands::start(int run, Mode mode)
 {
-    const int run = ++m_run;
+    m_isPending = false;
+    m_topDbm = topDbm(mode);
     const Activity activity(
         [mode] { return mode == Mode::List ? tr("Starting the list") : tr("Starting the sweep"); });
     m_transfer.abandon();
@@ -215,6 +272,7 @@ void SweepCommands::endRun()
 
 void SweepCommands::connectionLost()
 {
+    m_isPending = false;
     m_transfer.abandon();
     for (const Mode mode : {Mode::Sweep, Mode::List})
         runButton(mode).setChecked(false);

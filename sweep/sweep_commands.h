@@ -10,6 +10,7 @@
 
 class List;
 class ListTransfer;
+class PowerGuard;
 class QLineEdit;
 class QPushButton;
 class QWidget;
@@ -34,7 +35,8 @@ public:
     };
 
     SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
-                  ListTransfer& transfer, const CwWidgets& cw, QObject* parent = nullptr);
+                  ListTransfer& transfer, PowerGuard& guard, const CwWidgets& cw,
+                  QObject* parent = nullptr);
 
 public slots:
     /// The run button of the sweep or the list has changed: starts or stops what it says.
@@ -44,6 +46,8 @@ public slots:
     void connectionLost();
 
 signals:
+    /// Why no run has started, or why one has been stopped.
+    void statusMessage(const QString& message);
     /// A run is about to be sent to the instrument: modulation and LF generator have to go off,
     /// before this returns.
     void runStarting();
@@ -51,8 +55,6 @@ signals:
     void runStarted();
     /// What had started is over, by the button or with the connection.
     void runStopped();
-    /// The instrument has refused what a run was given: the run has been stopped.
-    void refused(const QString& message);
 
 private:
     enum class Mode { Sweep, List };
@@ -62,7 +64,11 @@ private:
     void enableCw(bool isEnabled);
     bool isWanted(int run, Mode mode) const;
     bool goesOn(int run, Mode mode);
-    void start(Mode mode);
+    double topDbm(Mode mode) const;
+    void request(Mode mode);
+    void sayAboveCeiling(Mode mode);
+    void holdCeiling();
+    void start(int run, Mode mode);
     bool startPrepared(int run, Mode mode);
     void sendSweep();
     QStringList sweepCommands() const;
@@ -74,6 +80,7 @@ private:
     List& m_panel;
     TriggerCommands& m_triggers;
     ListTransfer& m_transfer;
+    PowerGuard& m_guard;
     CwWidgets m_cw;
     /// Numbers the starts, so that one that has paused knows of a newer one.
     int m_run = 0;
@@ -81,4 +88,7 @@ private:
     bool m_isSettingUp = false;
     /// What the instrument had against the set-up, the first of it.
     std::optional<InstrumentError> m_refusal;
+    double m_topDbm = 0.0; ///< of what was started last
+    /// A button is down of which the instrument has not heard yet.
+    bool m_isPending = false;
 };

@@ -1,10 +1,12 @@
 #include "sweep/sweep_group.h"
 
 #include "link/instrument_limits.h"
+#include "numbers/number_text.h"
 #include "panel/clamp_field.h"
 #include "panel/describe.h"
 #include "panel/keypad_units.h"
 #include "panel/numeric_field.h"
+#include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
 #include "sweep/run_button.h"
 
@@ -85,7 +87,8 @@ Range<double> limitsOf(FieldKind kind)
 SweepGroup::SweepGroup(QWidget* parent)
     : QGroupBox(parent), m_title(new QLabel(this)), m_mode(new QPushButton(this)),
       m_run(new RunButton(QStringLiteral("button_Sweep"), this)),
-      m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")}
+      m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")},
+      m_followedPower(QLatin1String(rows[0].text)), m_followedFrequency(QLatin1String(rows[1].text))
 {
     setObjectName(QStringLiteral("Sweep__"));
     setProperty("section", true);
@@ -188,8 +191,63 @@ void SweepGroup::changeMode()
         const QString shown = std::exchange(*asides[i], field->text());
         showAccepted(field, shown);
     }
+    holdCeiling();
     retranslate();
     emit settingsChanged();
+}
+
+void SweepGroup::clampToLimits(QLineEdit* field, FieldKind kind)
+{
+    clampField(limitsOf(kind), kind, field);
+    if (m_guard && kind == FieldKind::Power)
+        m_guard->bound(field);
+}
+
+void SweepGroup::setPowerGuard(PowerGuard& guard)
+{
+    m_guard = &guard;
+    connect(m_guard, &PowerGuard::ceilingChanged, this, &SweepGroup::holdCeiling);
+    holdCeiling();
+}
+
+/// Of the mode that is shown; the other one's values are bounded when their turn comes.
+void SweepGroup::holdCeiling()
+{
+    for (std::size_t i = 0; m_guard && i < modeRowCount; ++i) {
+        QLineEdit* field = m_rows[i].field;
+        const QString bounded = m_guard->bounded(field->text());
+        if (kindOf(rows[i], isPowerSweep()) != FieldKind::Power || bounded == field->text())
+            continue;
+        showBounded(i, bounded);
+    }
+}
+
+/// A bound is nobody's entry: what follows the display goes on following it.
+void SweepGroup::showBounded(std::size_t index, const QString& text)
+{
+    QLineEdit* field = m_rows[index].field;
+    for (QString* followed : {&m_followedPower, &m_followedFrequency}) {
+        const std::size_t own = followed == &m_followedPower ? 0 : 1;
+        if (index == own && !isPowerSweep() && field->text() == *followed)
+            *followed = text;
+    }
+    showAccepted(field, text);
+}
+
+void SweepGroup::follow(QString* followed, std::size_t index, const QString& text)
+{
+    QLineEdit* field = m_rows[index].field;
+    QString* const aside = index == 0 ? &m_valuesAside.fixed : &m_valuesAside.start;
+    const QString present = isPowerSweep() ? *aside : field->text();
+    if (followed->isNull() || !isPlainDecimal(withoutBlanks(text)))
+        return;
+    *followed = present == *followed || present == text ? text : QString();
+    if (followed->isNull() || present == text)
+        return;
+    if (isPowerSweep())
+        *aside = text;
+    else
+        showAccepted(field, text);
 }
 
 void SweepGroup::commit(std::size_t index)
@@ -208,7 +266,7 @@ int SweepGroup::boundByLimits()
         const FieldKind kind = kindOf(rows[i], isPowerSweep());
         QString text = m_rows[i].field->text();
         if (boundText(text, limitsOf(kind), kind)) {
-            showAccepted(m_rows[i].field, text);
+            showBounded(i, text);
             ++count;
         }
         const FieldKind kindAside = kindOf(rows[i], !isPowerSweep());

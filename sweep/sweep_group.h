@@ -1,11 +1,13 @@
 #pragma once
 
+#include "numbers/field_kind.h"
 #include "sweep/run_points.h"
 
 #include <QGroupBox>
 
 #include <array>
 
+class PowerGuard;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -44,6 +46,14 @@ public:
     /// Bounds the values of both modes by the limits that an instrument has told. Returns how many
     /// had to change.
     int boundByLimits();
+    /// From now on powers are bounded by the guard's highest level, too.
+    void setPowerGuard(PowerGuard& guard);
+
+    /// The display shows another power in dBm, or another frequency in hertz: the fixed power and
+    /// the start frequency follow it in silence, each as long as nobody has set it to something
+    /// else.
+    void followPower(const QString& text) { follow(&m_followedPower, 0, text); }
+    void followFrequency(const QString& text) { follow(&m_followedFrequency, 1, text); }
 
     void retranslate();
 
@@ -64,10 +74,19 @@ private:
     void wire();
     void changeMode();
     void commit(std::size_t index);
+    void clampToLimits(QLineEdit* field, FieldKind kind);
+    void holdCeiling();
+    void showBounded(std::size_t index, const QString& text);
+    void follow(QString* followed, std::size_t index, const QString& text);
 
     QLabel* m_title;
     QPushButton* m_mode;
     std::array<FieldRow, 5> m_rows{};
     RunButton* m_run;
     SweepValues m_valuesAside;
+    PowerGuard* m_guard = nullptr;
+    // What was last taken from the display, or stood there at first. A value that is another has
+    // been edited, or restored by a profile; a null text: it has been once.
+    QString m_followedPower;
+    QString m_followedFrequency;
 };

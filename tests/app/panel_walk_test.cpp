@@ -12,6 +12,7 @@
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
@@ -129,6 +130,21 @@ QWidget* openPrompt(PanelRig& rig, bool isLast)
     return &prompt;
 }
 
+QWidget* openQuestion(PanelRig& rig)
+{
+    rig.connectDevice();
+    rig.enter("POW", QStringLiteral("-20"));
+    rig.click("Output");
+    rig.enter("POW", QStringLiteral("10"));
+    return &rig.get("PowerQuestion");
+}
+
+QWidget* openCeiling(PanelRig& rig)
+{
+    rig.window().findChild<QAction*>("action_ceiling")->trigger();
+    return &rig.get("PowerCeiling");
+}
+
 QWidget* openChooser(PanelRig& rig)
 {
     rig.connectDevice();
@@ -184,6 +200,8 @@ const Surface surfaces[] = {
     {"firmware", openFirmware},
     {"power prompt", [](PanelRig& rig) { return openPrompt(rig, false); }},
     {"last power prompt", [](PanelRig& rig) { return openPrompt(rig, true); }},
+    {"power question", openQuestion},
+    {"highest power", openCeiling},
     {"error",
      [](PanelRig& rig) {
          return ErrorBox::report(QStringLiteral("first \n second"), &rig.window());

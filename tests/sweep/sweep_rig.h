@@ -2,6 +2,7 @@
 
 #include "link/scpi_session.h"
 #include "panel/numeric_field.h"
+#include "panel/power_guard.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/point_table.h"
@@ -174,7 +175,10 @@ public:
     QPushButton pulse{&host};
     TriggerCommands triggers{session, panel, pulse};
     ListTransfer transfer;
-    SweepCommands sweep{session, panel, triggers, transfer, {frequency, power, {&key, &otherKey}}};
+    QPushButton output{&host};
+    PowerGuard guard{session, output, host, nullptr};
+    SweepCommands sweep{session,  panel, triggers,
+                        transfer, guard, {frequency, power, {&key, &otherKey}}};
     std::function<void()> whenStarting = [this] { events << "starting"; };
     /// What has been announced, in order.
     QStringList events;

@@ -567,6 +567,10 @@
         <source>Type the number; Return or a unit enters it</source>
         <translation>Введите число; Enter или единица измерения вводит его</translation>
     </message>
+    <message>
+        <source>at most %1</source>
+        <translation>не более %1</translation>
+    </message>
 </context>
 <context>
     <name>KeypadKeys</name>
@@ -1568,6 +1572,79 @@ Keys: +, −, Left, Right, Home</source>
         <source>Bound by the limits</source>
         <translation>Ограничить пределами</translation>
     </message>
+    <message>
+        <source>Above the highest power</source>
+        <translation>Выше наибольшей мощности</translation>
+    </message>
+</context>
+<context>
+    <name>PowerCeiling</name>
+    <message>
+        <source>Highest power</source>
+        <translation>Наибольшая мощность</translation>
+    </message>
+    <message>
+        <source>No power above it is set by this program, whatever is typed, stepped or opened. Empty: as high as the instrument allows.</source>
+        <translation>Мощность выше этой программа не устанавливает, что бы ни было введено, пройдено шагами или открыто. Пусто: сколько допускает прибор.</translation>
+    </message>
+    <message>
+        <source>Whole dBm, or nothing</source>
+        <translation>Целое число дБм или пусто</translation>
+    </message>
+    <message>
+        <source>dBm</source>
+        <translation>дБм</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Take this highest power (Enter)</source>
+        <translation>Принять наибольшую мощность (Enter)</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Leave it as it is (Esc)</source>
+        <translation>Оставить как есть (Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>PowerGuard</name>
+    <message>
+        <source>Power: at most %1 dBm, as set in the menu</source>
+        <translation>Мощность: не более %1 дБм, как задано в меню</translation>
+    </message>
+</context>
+<context>
+    <name>PowerQuestion</name>
+    <message>
+        <source>Power from %1 to %2 dBm with RF on?</source>
+        <translation>Мощность с %1 до %2 дБм при включённом выходе ВЧ?</translation>
+    </message>
+    <message>
+        <source>Large step up</source>
+        <translation>Большой шаг вверх</translation>
+    </message>
+    <message>
+        <source>Raise</source>
+        <translation>Повысить</translation>
+    </message>
+    <message>
+        <source>Set the higher power</source>
+        <translation>Установить более высокую мощность</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Leave the power as it is (Esc)</source>
+        <translation>Оставить мощность как есть (Esc)</translation>
+    </message>
 </context>
 <context>
     <name>PulseGroup</name>
@@ -1925,6 +2002,18 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>The sweep does not run: %1</source>
         <translation>Качание не выполняется: %1</translation>
+    </message>
+    <message>
+        <source>Sweep not run: above the highest power of %1 dBm</source>
+        <translation>Качание не запущено: выше наибольшей мощности %1 дБм</translation>
+    </message>
+    <message>
+        <source>List not run: row %1 is above the highest power of %2 dBm</source>
+        <translation>Список не запущен: строка %1 выше наибольшей мощности %2 дБм</translation>
+    </message>
+    <message>
+        <source>Run ended: above the highest power of %1 dBm</source>
+        <translation>Пуск прекращён: выше наибольшей мощности %1 дБм</translation>
     </message>
 </context>
 <context>
@@ -2301,6 +2390,26 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>&amp;Simulated instrument</source>
         <translation>&amp;Имитатор прибора</translation>
+    </message>
+    <message>
+        <source>Ask before a step &amp;up</source>
+        <translation>&amp;Спрашивать перед шагом вверх</translation>
+    </message>
+    <message>
+        <source>By more than %1 dB</source>
+        <translation>Более %1 дБ</translation>
+    </message>
+    <message>
+        <source>&amp;Never</source>
+        <translation>&amp;Никогда</translation>
+    </message>
+    <message>
+        <source>Highest &amp;power: %1 dBm...</source>
+        <translation>Наибольшая &amp;мощность: %1 дБм...</translation>
+    </message>
+    <message>
+        <source>Highest &amp;power...</source>
+        <translation>Наибольшая &amp;мощность...</translation>
     </message>
 </context>
 <context>

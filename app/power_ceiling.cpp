@@ -1,0 +1,62 @@
+#include "app/power_ceiling.h"
+
+#include "numbers/number_text.h"
+#include "panel/describe.h"
+#include "panel/numeric_field.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace
+{
+constexpr int longestPower = 5;
+constexpr int fieldWidth = 116;
+
+bool isWholeOrEmpty(const QString& text)
+{
+    bool isWhole = false;
+    text.toInt(&isWhole);
+    return isWhole || text.isEmpty();
+}
+} // namespace
+
+PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, QWidget* parent)
+    : PanelDialog(tr("Highest power"),
+                  tr("No power above it is set by this program, whatever is typed, stepped or "
+                     "opened. Empty: as high as the instrument allows."),
+                  parent),
+      m_field(new QLineEdit(this))
+{
+    setObjectName(QStringLiteral("PowerCeiling"));
+    m_field->setObjectName(QStringLiteral("line_ceiling"));
+    m_field->setText(ceilingDbm ? QString::number(*ceilingDbm) : QString());
+    m_field->setMaxLength(longestPower);
+    m_field->setFixedWidth(fieldWidth);
+    m_field->setAlignment(Qt::AlignRight);
+    setUpNumericField(m_field, FieldKind::Power);
+    describe(m_field, windowTitle(), tr("Whole dBm, or nothing"));
+    auto* line = new QHBoxLayout;
+    line->addWidget(m_field);
+    line->addWidget(new QLabel(tr("dBm"), this));
+    line->addStretch(1);
+    content().addLayout(line);
+
+    QPushButton* take = addButton("take_ceiling", tr("OK"), tr("Take this highest power (Enter)"));
+    QPushButton* cancel = addButton("cancel", tr("Cancel"), tr("Leave it as it is (Esc)"));
+    take->setDefault(true);
+    connect(take, &QPushButton::clicked, this, &PowerCeiling::choose);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_field, &QLineEdit::textChanged, take,
+            [take](const QString& text) { take->setEnabled(isWholeOrEmpty(withoutBlanks(text))); });
+    m_field->setFocus();
+    m_field->selectAll();
+}
+
+void PowerCeiling::choose()
+{
+    const QString text = withoutBlanks(m_field->text());
+    accept();
+    emit chosen(text.isEmpty() ? std::nullopt : std::optional<int>(text.toInt()));
+}

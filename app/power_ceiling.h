@@ -1,0 +1,25 @@
+#pragma once
+
+#include "panel/panel_dialog.h"
+
+#include <optional>
+
+class QLineEdit;
+
+/// Asks for the highest power that the program may set, in whole dBm; an empty field stands for
+/// none. What is no whole number cannot be taken.
+class PowerCeiling : public PanelDialog
+{
+    Q_OBJECT
+
+public:
+    PowerCeiling(std::optional<int> ceilingDbm, QWidget* parent);
+
+signals:
+    void chosen(std::optional<int> ceilingDbm);
+
+private:
+    void choose();
+
+    QLineEdit* m_field;
+};

@@ -1,0 +1,61 @@
+#include "panel/panel_dialog.h"
+
+#include "panel/describe.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace
+{
+constexpr int margin = 24;
+constexpr int spacing = 16;
+constexpr int leastTextWidth = 320;
+constexpr int leastButtonWidth = 112;
+} // namespace
+
+PanelDialog::PanelDialog(const QString& title, const QString& text, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_content(new QVBoxLayout),
+      m_buttons(new QHBoxLayout)
+{
+    setAttribute(Qt::WA_TranslucentBackground);
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(title);
+    setAccessibleName(title);
+    auto* surface = new QFrame(this);
+    surface->setObjectName(QStringLiteral("dialog_surface"));
+    auto* heading = new QLabel(title, surface);
+    heading->setObjectName(QStringLiteral("dialog_title"));
+    auto* message = new QLabel(text, surface);
+    message->setObjectName(QStringLiteral("message"));
+    message->setTextFormat(Qt::PlainText);
+    message->setWordWrap(true);
+    message->setMinimumWidth(leastTextWidth);
+    m_buttons->setSpacing(spacing / 2);
+    m_buttons->addStretch(1);
+
+    auto* rows = new QVBoxLayout(surface);
+    rows->setContentsMargins(margin, spacing, margin, margin);
+    rows->setSpacing(spacing);
+    rows->addWidget(heading);
+    rows->addWidget(message);
+    rows->addLayout(m_content);
+    rows->addLayout(m_buttons);
+    auto* whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->setSizeConstraint(QLayout::SetFixedSize);
+    whole->addWidget(surface);
+}
+
+QPushButton* PanelDialog::addButton(const char* name, const QString& caption,
+                                    const QString& toolTip)
+{
+    auto* button = new QPushButton(caption, this);
+    button->setObjectName(QLatin1String(name));
+    button->setMinimumWidth(leastButtonWidth);
+    button->setAutoDefault(false);
+    describe(button, QString(caption).remove(QLatin1Char('&')), toolTip);
+    m_buttons->addWidget(button);
+    return button;
+}

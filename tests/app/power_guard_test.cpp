@@ -1,0 +1,462 @@
+#include "app/side_panels.h"
+#include "link/instrument_limits.h"
+#include "numbers/step_table.h"
+#include "panel/user_folder.h"
+#include "tests/support/documents_folder.h"
+#include "tests/support/panel_rig.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableWidget>
+#include <QTemporaryDir>
+
+/// What is asked before the level rises, and the highest level of the user's own.
+class PowerGuardTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+    void asks_data();
+    void asks();
+    void isAnsweredWithNo_data();
+    void isAnsweredWithNo();
+    void countsStepsAsOneRise();
+    void isChosenInTheMenu();
+    void ceilingBoundsFields_data();
+    void ceilingBoundsFields();
+    void ceilingHoldsWhatIsThere();
+    void ceilingHoldsLists();
+    void ceilingIsEntered();
+    void sweepFollowsTheDisplay();
+
+private:
+    void begin();
+    void prepare(const QString& way, int power);
+    void act(const QString& way, int power);
+    void saveProfile();
+    QDialog* question() { return m_rig->window().findChild<QDialog*>("PowerQuestion"); }
+    QString text(const char* name) { return m_rig->get<QLineEdit>(name).text(); }
+    /// Clicks a button of the question once there is one; notes what it was and what was sent.
+    void answerWith(const char* button);
+
+    QTemporaryDir m_home;
+    std::unique_ptr<DocumentsFolder> m_documents;
+    QSettings m_settings{QStringLiteral("Veltro"), QStringLiteral("KLV")};
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+    QString m_asked;
+    QStringList m_sentBefore;
+};
+
+void PowerGuardTest::initTestCase()
+{
+    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
+    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+void PowerGuardTest::init()
+{
+    m_demo = std::make_unique<Demo>();
+    (*m_demo)("instruments [1]\nmodel=KLV-20G\npowerMinDbm=-130\npowerMaxDbm=20\n");
+    InstrumentLimits::global() = {};
+    StepTable::global() = StepTable();
+    QDir(userFolder()).removeRecursively();
+    m_settings.clear();
+}
+
+void PowerGuardTest::begin()
+{
+    m_rig.reset();
+    m_rig = std::make_unique<PanelRig>();
+}
+
+void PowerGuardTest::saveProfile()
+{
+    m_rig->click("profiles");
+    QTRY_VERIFY(!SidePanels::moving());
+    m_rig->get<QLineEdit>("profile_name").setText("loud");
+    m_rig->click("save_quick");
+}
+
+/// While nothing is asked yet, the output being off.
+void PowerGuardTest::prepare(const QString& way, int power)
+{
+    const QString text = QString::number(power);
+    if (way == "profile") {
+        m_rig->enter("POW", text);
+        saveProfile();
+        return;
+    }
+    if (way == "power sweep")
+        m_rig->get<QPushButton>("power_toFrom_freq").click();
+    if (way.endsWith("sweep")) {
+        m_rig->openPanelOf("Freq_Pow");
+        m_rig->enter(way == "sweep" ? "Freq_Pow" : "Start", text);
+    }
+    if (way == "list") {
+        auto& table = m_rig->get<QTableWidget>("table_List");
+        table.setRowCount(2);
+        table.setItem(1, 1, new QTableWidgetItem(text));
+        m_rig->get<QPushButton>("List_is_Checked").click();
+        m_rig->openPanelOf("button_List");
+    }
+}
+
+void PowerGuardTest::act(const QString& way, int power)
+{
+    if (way == "typed") {
+        m_rig->enter("POW", QString::number(power));
+    } else if (way == "keypad") {
+        m_rig->click("key_POW");
+        QTest::keyClicks(&m_rig->get("keypad_entry"), QString::number(power));
+        m_rig->click("keypad_enter");
+    } else if (way == "profile") {
+        m_rig->click("quick_1");
+    } else {
+        m_rig->get<QPushButton>(way == "list" ? "button_List" : "button_Sweep").click();
+    }
+}
+
+void PowerGuardTest::answerWith(const char* button)
+{
+    m_asked.clear();
+    auto* timer = new QTimer(&m_rig->window());
+    connect(timer, &QTimer::timeout, this, [this, timer, button] {
+        QDialog* dialog = question();
+        if (!dialog || !dialog->isVisible())
+            return;
+        timer->deleteLater();
+        m_asked = dialog->findChild<QLabel*>("message")->text();
+        m_sentBefore = m_demo->takeSent();
+        const auto* target = dialog->findChild<QWidget*>(button);
+        QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
+                          target->mapTo(dialog, target->rect().center()));
+    });
+    timer->start(5);
+}
+
+void PowerGuardTest::asks_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QString>("situation");
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("sent");
+    const QString large = "Power from -40 to +10 dBm with RF on?";
+    const QString set = "POW 10.000000;POW?\\n";
+    QTest::newRow("typed") << "typed"
+                           << "" << -40 << 10 << large << set;
+    QTest::newRow("keypad") << "keypad"
+                            << "" << -40 << 10 << large << set;
+    QTest::newRow("profile") << "profile"
+                             << "" << -40 << 10 << large << set;
+    QTest::newRow("fixed power") << "sweep"
+                                 << "" << -40 << 10 << large << "POW 10\\n";
+    QTest::newRow("sweep over power") << "power sweep"
+                                      << "" << -40 << 10 << large << "POW:START 10\\n";
+    QTest::newRow("list") << "list"
+                          << "" << -40 << 10 << large << "LIST:POW -40,10\\n";
+    const QString twenty = "POW -20.000000;POW?\\n";
+    QTest::newRow("just the limit") << "typed"
+                                    << "" << -40 << -20 << "" << twenty;
+    QTest::newRow("own limit") << "typed"
+                               << "jump 10" << -31 << -20 << "Power from -31 to -20 dBm with RF on?"
+                               << twenty;
+    QTest::newRow("never") << "typed"
+                           << "jump 0" << -40 << 10 << "" << set;
+    QTest::newRow("down") << "typed"
+                          << "" << 10 << -120 << ""
+                          << "POW -120.000000;POW?\\n";
+    QTest::newRow("RF off") << "typed"
+                            << "RF off" << -40 << 10 << "" << set;
+    QTest::newRow("offline") << "typed"
+                             << "offline" << -40 << 10 << ""
+                             << "";
+}
+
+void PowerGuardTest::asks()
+{
+    QFETCH(QString, way);
+    QFETCH(QString, situation);
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QString, asked);
+    QFETCH(QString, sent);
+    if (situation.startsWith("jump"))
+        m_settings.setValue("Safety/jump", situation.mid(5));
+    begin();
+    m_rig->connectDevice();
+    prepare(way, to);
+    m_rig->enter("POW", QString::number(from));
+    if (situation == "offline")
+        m_rig->click("connect");
+    if (situation != "RF off" && !m_rig->get<QPushButton>("Output").isChecked())
+        m_rig->click("Output");
+    m_demo->takeSent();
+    if (!asked.isEmpty()) {
+        // A refused run leaves the modulation alone.
+        answerWith("cancel");
+        act(way, to);
+        QTRY_COMPARE(m_asked, asked);
+        QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
+        const QStringList all = m_sentBefore + m_demo->takeSent();
+        QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
+        QVERIFY2(way == "profile" || all.isEmpty(), qPrintable(all.join(' ')));
+        QCOMPARE(text("POW"), QString::number(from));
+        QVERIFY(m_rig->get("POW").isEnabled());
+        for (const char* run : {"button_Sweep", "button_List"})
+            QVERIFY(!m_rig->get<QPushButton>(run).isChecked());
+        if (way == "profile")
+            QCOMPARE(m_rig->status(), QString("Profile only partly applied: loud"));
+        QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+        answerWith("raise");
+    }
+    act(way, to);
+    if (!asked.isEmpty())
+        QTRY_COMPARE(m_asked, asked);
+    QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
+    const QStringList all = m_demo->takeSent();
+    QVERIFY2(sent.isEmpty() ? all.isEmpty() : all.count(sent) == 1, qPrintable(all.join(' ')));
+}
+
+void PowerGuardTest::isAnsweredWithNo_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<QString>("answer");
+    for (const char* way : {"typed", "list"}) {
+        for (const char* answer :
+             {"Escape", "Return", "closed", "RF off", "unplugged", "window closed", "unchecked"})
+            QTest::addRow("%s, %s", way, answer) << QString(way) << QString(answer);
+    }
+}
+
+void PowerGuardTest::isAnsweredWithNo()
+{
+    QFETCH(QString, way);
+    QFETCH(QString, answer);
+    begin();
+    m_rig->connectDevice();
+    m_rig->enter("POW", "-40");
+    prepare(way, 10);
+    m_rig->click("Output");
+    act(way, 10);
+    QDialog* dialog = question();
+    QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
+    m_demo->takeSent();
+    if (answer == "Escape")
+        QTest::keyPress(dialog->windowHandle(), Qt::Key_Escape);
+    else if (answer == "Return")
+        QTest::keyPress(dialog->windowHandle(), Qt::Key_Return);
+    else if (answer == "closed")
+        dialog->close();
+    else if (answer == "RF off")
+        QTest::keyPress(dialog->windowHandle(), Qt::Key_R, Qt::ControlModifier);
+    else if (answer == "window closed")
+        m_rig->window().close();
+    else if (answer == "unchecked" && way == "list")
+        m_rig->get<QPushButton>("button_List").click();
+    else if (answer == "unchecked")
+        m_rig->enter("POW", "-41");
+    else
+        (*m_demo)("unplug"), m_rig->click("connect");
+    QTRY_VERIFY(!question());
+    const QStringList all = m_demo->takeSent();
+    QVERIFY2(all.filter("10").isEmpty() && all.filter("ABORt").isEmpty(),
+             qPrintable(all.join(' ')));
+    QCOMPARE(text("POW"), QString(answer == "unchecked" && way == "typed" ? "-41" : "-40"));
+    QVERIFY(!m_rig->get<QPushButton>("button_List").isChecked());
+    QVERIFY(m_rig->get("POW").isEnabled());
+}
+
+void PowerGuardTest::countsStepsAsOneRise()
+{
+    begin();
+    m_rig->connectDevice();
+    m_rig->enter("POW", "-40");
+    m_rig->click("Output");
+    m_demo->takeSent();
+    auto& field = m_rig->get<QLineEdit>("POW");
+    field.setFocus();
+    // A step back in between begins no new rise.
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Up})
+        QTest::keyClick(&field, key);
+    int steps = 0;
+    while (!question() && ++steps < 100)
+        QTest::keyClick(&field, Qt::Key_Up);
+    QCOMPARE(m_demo->takeSent().filter("POW").last(), QString("POW -20.000000;POW?\\n"));
+    QCOMPARE(question()->findChild<QLabel*>("message")->text(),
+             QString("Power from -40 to -19 dBm with RF on?"));
+    QTest::mouseClick(question()->findChild<QPushButton*>("raise"), Qt::LeftButton);
+    QCOMPARE(text("POW"), QString("-19"));
+    // Asked once: it goes on from there.
+    QTest::keyClick(&field, Qt::Key_Up);
+    QTRY_VERIFY(!question());
+    QCOMPARE(text("POW"), QString("-18"));
+    // A rest ends a rise.
+    for (int step = 0; step < 15; ++step)
+        QTest::keyClick(&field, Qt::Key_Up);
+    QTest::qWait(1100);
+    for (int step = 0; step < 15; ++step)
+        QTest::keyClick(&field, Qt::Key_Up);
+    QVERIFY(!question());
+    QCOMPARE(text("POW"), QString("12"));
+}
+
+void PowerGuardTest::isChosenInTheMenu()
+{
+    begin();
+    const auto action = [this](const char* name) {
+        return m_rig->window().findChild<QAction*>(name);
+    };
+    QVERIFY(action("action_jump_20")->isChecked());
+    action("action_jump_10")->trigger();
+    begin();
+    QVERIFY(action("action_jump_10")->isChecked());
+    QVERIFY(!action("action_jump_20")->isChecked());
+}
+
+void PowerGuardTest::ceilingBoundsFields_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"POW", "Freq_Pow", "Start", "Stop"})
+        QTest::newRow(name) << QString(name);
+}
+
+void PowerGuardTest::ceilingBoundsFields()
+{
+    QFETCH(QString, name);
+    m_settings.setValue("Safety/ceiling", "-7");
+    begin();
+    QCOMPARE(text("POW"), QString("-7"));
+    QCOMPARE(text("Freq_Pow"), QString("-7"));
+    m_rig->connectDevice();
+    QVERIFY(m_demo->takeSent().contains("POW -7.000000;POW?\\n"));
+    if (name.startsWith("St"))
+        m_rig->get<QPushButton>("power_toFrom_freq").click();
+    if (name != "POW")
+        m_rig->openPanelOf(name);
+    m_rig->enter(qPrintable(name), "-6");
+    QCOMPARE(text(qPrintable(name)), QString("-7"));
+    m_rig->enter(qPrintable(name), "-8");
+    QCOMPARE(text(qPrintable(name)), QString("-8"));
+    m_rig->click(qPrintable("key_" + name));
+    QVERIFY(m_rig->get<QLabel>("keypad_limits").text().contains("-7 dBm"));
+}
+
+void PowerGuardTest::ceilingHoldsWhatIsThere()
+{
+    begin();
+    m_rig->connectDevice();
+    m_rig->enter("POW", "5");
+    m_rig->enter("POW", "3");
+    m_demo->takeSent();
+    m_rig->openPanelOf("button_Sweep");
+    m_rig->get<QPushButton>("button_Sweep").click();
+    m_demo->takeSent();
+    const auto setCeiling = [this](const QString& power) {
+        m_rig->window().findChild<QAction*>("action_ceiling")->trigger();
+        m_rig->enter("line_ceiling", power);
+        QTRY_VERIFY(!m_rig->window().findChild<QDialog*>("PowerCeiling"));
+    };
+    setCeiling("4");
+    QVERIFY(m_demo->takeSent().isEmpty());
+    // The run goes on above it: it ends, and the display's power comes back bounded.
+    setCeiling("-2");
+    QVERIFY(!m_rig->get<QPushButton>("button_Sweep").isChecked());
+    QStringList all = m_demo->takeSent();
+    QCOMPARE(all.first(), QString("INIT:CONT OFF\\n"));
+    QCOMPARE(all.filter("POW "), QStringList("POW -2.000000;POW?\\n"));
+    QCOMPARE(text("Freq_Pow"), QString("-2"));
+    setCeiling("-3");
+    QCOMPARE(m_demo->takeSent().first(), QString("POW -3.000000;POW?\\n"));
+    setCeiling("");
+    QVERIFY(m_demo->takeSent().isEmpty());
+    QCOMPARE(m_settings.value("Safety/ceiling").toString(), QString());
+}
+
+void PowerGuardTest::ceilingHoldsLists()
+{
+    m_settings.setValue("Safety/ceiling", "0");
+    begin();
+    m_rig->connectDevice();
+    prepare("list", -5);
+    auto& table = m_rig->get<QTableWidget>("table_List");
+    // Typed: bounded. Pasted: as it stands, and marked.
+    table.item(1, 1)->setText("7");
+    QCOMPARE(table.item(1, 1)->text(), QString("0"));
+    QGuiApplication::clipboard()->setText("-3\n0.5");
+    table.setCurrentCell(0, 1);
+    m_rig->click("paste_List");
+    QCOMPARE(table.item(1, 1)->text(), QString("0.5"));
+    QVERIFY(table.item(0, 1)->icon().isNull());
+    QVERIFY(!table.item(1, 1)->icon().isNull());
+    m_demo->takeSent();
+    m_rig->click("button_List");
+    QVERIFY(m_demo->takeSent().isEmpty());
+    QVERIFY(!m_rig->get<QPushButton>("button_List").isChecked());
+    QCOMPARE(m_rig->status(), QString("List not run: row 2 is above the highest power of 0 dBm"));
+    QCOMPARE(table.currentRow(), 1);
+}
+
+void PowerGuardTest::ceilingIsEntered()
+{
+    begin();
+    auto* action = m_rig->window().findChild<QAction*>("action_ceiling");
+    for (const char* typed : {"--5", "-", "-12"}) {
+        action->trigger();
+        m_rig->enter("line_ceiling", typed);
+        auto* dialog = m_rig->window().findChild<QDialog*>("PowerCeiling");
+        const bool isTaken = !dialog || !dialog->isVisible();
+        QCOMPARE(isTaken, QByteArray(typed) == "-12");
+        if (!isTaken)
+            dialog->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    QVERIFY(action->text().contains("-12 dBm"));
+    QCOMPARE(m_settings.value("Safety/ceiling").toString(), QString("-12"));
+}
+
+void PowerGuardTest::sweepFollowsTheDisplay()
+{
+    begin();
+    const auto shown = [this] { return text("Freq_Pow") + ", " + text("Start"); };
+    QCOMPARE(shown(), QString("0, 25 000 000"));
+    m_rig->connectDevice();
+    m_demo->takeSent();
+    m_rig->enter("POW", "-40");
+    m_rig->enter("FREQ", "2G");
+    QCOMPARE(shown(), QString("-40, 2 000 000 000"));
+    QVERIFY(!m_rig->get("Freq_Pow").property("edited").toBool());
+    // Not what is half typed; and beside a sweep over power just so.
+    m_rig->get("POW").setFocus();
+    QTest::keyClicks(&m_rig->get("POW"), "-3");
+    m_rig->get<QPushButton>("power_toFrom_freq").click();
+    m_rig->enter("POW", "-30");
+    m_rig->get<QPushButton>("power_toFrom_freq").click();
+    QCOMPARE(shown(), QString("-30, 2 000 000 000"));
+    // A profile that says the same leaves it at that; one that says another is heeded.
+    saveProfile();
+    m_rig->enter("POW", "-20");
+    m_rig->click("quick_1");
+    QTRY_VERIFY(m_rig->status().contains("applied"));
+    m_rig->enter("POW", "-21");
+    QCOMPARE(shown(), QString("-21, 2 000 000 000"));
+    m_rig->openPanelOf("Freq_Pow");
+    m_rig->enter("Freq_Pow", "-5");
+    m_rig->enter("Start", "3G");
+    m_rig->enter("POW", "-22");
+    m_rig->enter("FREQ", "4G");
+    QCOMPARE(shown(), QString("-5, 3 000 000 000"));
+}
+
+QTEST_MAIN(PowerGuardTest)
+#include "power_guard_test.moc"
