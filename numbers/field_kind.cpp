@@ -151,6 +151,21 @@ bool isGrouped(FieldKind kind)
     return patternText(entryPattern(kind)).contains(QLatin1Char(' '));
 }
 
+bool takesFraction(FieldKind kind)
+{
+    return QString(patternText(entryPattern(kind))).contains(QLatin1Char('.'));
+}
+
+bool takesSign(FieldKind kind)
+{
+    return QString(patternText(entryPattern(kind))).endsWith(QLatin1String("-]*"));
+}
+
+bool readsAsNumber(const QString& text, FieldKind kind)
+{
+    return readsAsNumber(convertUnitKeys(text, unitFamily(kind)));
+}
+
 QString fieldText(double value, FieldKind kind)
 {
     const FieldRow& row = rowOf(kind);

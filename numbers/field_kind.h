@@ -51,6 +51,14 @@ UnitFamily unitFamily(FieldKind kind);
 /// grouped text would not be valid.
 bool isGrouped(FieldKind kind);
 
+/// Whether such a field takes a fraction, or a negative number.
+bool takesFraction(FieldKind kind);
+bool takesSign(FieldKind kind);
+
+/// Whether a text stands for a finite number once its unit letters are carried out. Anything that
+/// is not ASCII but for blanks is none.
+bool readsAsNumber(const QString& text, FieldKind kind);
+
 /// A value as a field of this kind shows it.
 QString fieldText(double value, FieldKind kind);
 

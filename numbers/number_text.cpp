@@ -18,6 +18,16 @@ QString withoutBlanks(const QString& text)
     return result;
 }
 
+bool readsAsNumber(const QString& text)
+{
+    const QString number = withoutBlanks(text);
+    const bool isAscii =
+        std::all_of(number.begin(), number.end(), [](QChar c) { return c.unicode() < 0x80; });
+    bool isRead = false;
+    const double value = number.toDouble(&isRead);
+    return isAscii && isRead && std::isfinite(value);
+}
+
 double toNumber(const QString& text)
 {
     bool isNumber = false;

@@ -8,6 +8,10 @@
 /// The text without any white space, wherever it stands.
 QString withoutBlanks(const QString& text);
 
+/// Whether a text stands for a finite decimal number, blanks removed first. Anything else that is
+/// not ASCII makes it none.
+bool readsAsNumber(const QString& text);
+
 /// The number a text stands for, blanks removed first. Text that is not a number gives 0, one that
 /// is too large for the type the largest number of its sign. The result is always finite.
 double toNumber(const QString& text);

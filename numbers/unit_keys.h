@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// What the unit letters typed into a field mean; in any case.
 enum class UnitFamily {
     None,
@@ -9,6 +11,13 @@ enum class UnitFamily {
     Time,      ///< m: milliseconds, s: seconds; the plain number is microseconds
     Voltage,   ///< m: millivolt; the plain number is volts
 };
+
+/// The unit letter that is meant by a letter of the Russian layout: the same word's letter or the
+/// same key, "м" and "ь" for "m". Any other character as it is.
+QChar latinUnitKey(QChar typed);
+
+/// The power of ten of the family's own unit that a letter stands for; none where it is no unit.
+std::optional<int> unitKeyPower(QChar letter, UnitFamily family);
 
 /// Whether a text is an optional minus sign, digits and at most one point, with a digit among them.
 bool isPlainDecimal(const QString& text);

@@ -1,0 +1,134 @@
+#include "numbers/quantity_text.h"
+
+#include "numbers/number_text.h"
+#include "numbers/readable_quantity.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+constexpr int longestText = 64;
+const QLatin1Char comma(',');
+const QLatin1Char point('.');
+
+struct UnitWord {
+    Unit unit;
+    const char* word;
+    const char* russianWord;
+    int powerOfTen;
+};
+constexpr UnitWord unitWords[] = {
+    {Unit::Hertz, "Hz", "Гц", 0},    {Unit::Hertz, "kHz", "кГц", 3},
+    {Unit::Hertz, "MHz", "МГц", 6},  {Unit::Hertz, "GHz", "ГГц", 9},
+    {Unit::Second, "s", "с", 0},     {Unit::Second, "ms", "мс", -3},
+    {Unit::Second, "us", "мкс", -6}, {Unit::Second, "\u00b5s", "\u03bcs", -6},
+    {Unit::Second, "ns", "нс", -9},  {Unit::Volt, "V", "В", 0},
+    {Unit::Volt, "mV", "мВ", -3},    {Unit::Percent, "%", "%", 0},
+    {Unit::Radian, "rad", "рад", 0}, {Unit::Radian, "mrad", "мрад", -3},
+    {Unit::Dbm, "dBm", "дБм", 0},
+};
+
+/// What a plain number in a field of the kind counts.
+struct OwnUnit {
+    Unit unit;
+    int powerOfTen;
+};
+
+OwnUnit ownUnit(FieldKind kind)
+{
+    switch (kind) {
+    case FieldKind::Frequency:
+    case FieldKind::ModulationRate:
+    case FieldKind::FmDeviation:
+    case FieldKind::LfFrequency:
+        return {Unit::Hertz, 0};
+    case FieldKind::ExternalReference:
+        return {Unit::Hertz, 6};
+    case FieldKind::PulsePeriod:
+    case FieldKind::PulseWidth:
+    case FieldKind::Dwell:
+        return {Unit::Second, -6};
+    case FieldKind::AmDepth:
+    case FieldKind::Duty:
+    case FieldKind::LfDuty:
+        return {Unit::Percent, 0};
+    case FieldKind::PmDeviation:
+        return {Unit::Radian, 0};
+    case FieldKind::LfAmplitude:
+        return {Unit::Volt, 0};
+    case FieldKind::Power:
+        return {Unit::Dbm, 0};
+    case FieldKind::PointCount:
+    case FieldKind::DacValue:
+        break;
+    }
+    return {Unit::None, 0};
+}
+
+bool isWord(const QString& typed, const char* word)
+{
+    return typed.compare(QString::fromUtf8(word), Qt::CaseInsensitive) == 0;
+}
+
+/// The power of ten of the kind's own unit that a word, or a letter that may be typed, stands for.
+std::optional<int> powerOfWord(const QString& typed, FieldKind kind)
+{
+    const OwnUnit own = ownUnit(kind);
+    const auto* found =
+        std::find_if(std::begin(unitWords), std::end(unitWords), [&](const UnitWord& row) {
+            return row.unit == own.unit &&
+                   (isWord(typed, row.word) || isWord(typed, row.russianWord));
+        });
+    if (found != std::end(unitWords))
+        return found->powerOfTen - own.powerOfTen;
+    return typed.size() == 1 ? unitKeyPower(typed.at(0), unitFamily(kind)) : std::nullopt;
+}
+
+/// The last separator stands before the fraction, unless it stands there more than once.
+QString withOnePoint(QString number)
+{
+    const int lastComma = number.lastIndexOf(comma);
+    const int lastPoint = number.lastIndexOf(point);
+    const QChar fraction = lastComma > lastPoint ? comma : point;
+    number.remove(fraction == comma ? point : comma);
+    if (number.count(fraction) > 1)
+        number.remove(fraction);
+    return number.replace(fraction, point);
+}
+
+/// Blanks of any kind as plain ones, but for those that part cells.
+QString withPlainBlanks(const QString& text)
+{
+    QString result = text.trimmed();
+    std::replace_if(
+        result.begin(), result.end(),
+        [](QChar c) { return c.category() == QChar::Separator_Space; }, QLatin1Char(' '));
+    return result.replace(QChar(0x2212), QLatin1Char('-'));
+}
+} // namespace
+
+std::optional<QString> readQuantity(const QString& text, FieldKind kind, int plainPower)
+{
+    // Groups of blanks or none, of commas, of points; with and without a fraction.
+    static const QRegularExpression quantity(
+        QStringLiteral("^([-+]?) ?("
+                       "(?:[0-9]{1,3}(?: [0-9]{3})+|[0-9]+)(?:[.,][0-9]*)?|[.,][0-9]+"
+                       "|[0-9]{1,3}(?:,[0-9]{3}){2,}(?:\\.[0-9]*)?|[0-9]{1,3},[0-9]{3}\\.[0-9]*"
+                       "|[0-9]{1,3}(?:\\.[0-9]{3}){2,}(?:,[0-9]*)?|[0-9]{1,3}\\.[0-9]{3},[0-9]*)"
+                       "(?:[eE]([-+]?[0-9]{1,2}))? ?([^0-9\\s.,+-]*)$"));
+    if (text.size() > longestText)
+        return std::nullopt;
+    const QRegularExpressionMatch match = quantity.match(withPlainBlanks(text));
+    if (!match.hasMatch())
+        return std::nullopt;
+    const QString word = match.captured(4);
+    const std::optional<int> power = word.isEmpty() ? plainPower : powerOfWord(word, kind);
+    if (!power)
+        return std::nullopt;
+    const QString number = withOnePoint(withoutBlanks(match.captured(2)));
+    const QString sign = match.captured(1) == QLatin1String("-") ? match.captured(1) : QString();
+    return shiftedDecimal(sign + number, match.captured(3).toInt() + *power - plainPower);
+}
