@@ -21,6 +21,7 @@
 #include "modulation/modulation_commands.h"
 #include "panel/accepted_watch.h"
 #include "panel/cw_controls.h"
+#include "panel/entry_notice.h"
 #include "panel/keypad.h"
 #include "panel/power_guard.h"
 #include "panel/power_mode.h"
@@ -106,6 +107,8 @@ void MainWindow::wireStatusLine()
             &StatusLine::forgetInstrument);
     connect(&m_connection, &Connection::statusMessage, m_status.get(),
             &StatusLine::showInstrumentMessage);
+    connect(&EntryNotice::global(), &EntryNotice::refused, m_status.get(),
+            &StatusLine::showMessage);
 }
 
 void MainWindow::wireConnection()
@@ -331,7 +334,7 @@ void MainWindow::setUpPush()
     m_connection.setPushSteps({
         {[] { return tr("reference"); }, [this] { m_cw->pushReferenceSource(); }},
         {[] { return tr("RF output"); }, [this] { m_cw->pushOutput(); }},
-        {[] { return tr("frequency"); }, [this] { m_cw->on_FREQ_editingFinished(); }},
+        {[] { return tr("frequency"); }, [this] { m_cw->pushFrequency(); }},
         {[] { return tr("power"); }, [this] { m_cw->pushPower(); }},
         {[] { return tr("power mode"); }, [this] { m_powerMode->restore(); }},
         {[] { return tr("LF generator"); }, [this] { m_lfGenerator->restore(); }},

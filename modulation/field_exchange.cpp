@@ -28,19 +28,18 @@ void FieldExchange::acceptAsItStands(QLineEdit* field, const Range<double>& rang
 
 void FieldExchange::setAccepted(const char* format, QLineEdit* field)
 {
-    const QString number = withoutBlanks(field->text());
-    if (!m_session.isConnected() || number.isEmpty())
+    if (!m_session.isConnected())
         return;
-    showAccepted(field,
-                 m_session.setAndReadBack(format, toNumber(number), numericField(field)->kind));
+    showAccepted(field, m_session.setAndReadBack(format, toNumber(field->text()),
+                                                 numericField(field)->kind));
     m_session.checkErrors();
 }
 
 void FieldExchange::writeAccepted(const TwoStep& texts, QLineEdit* field)
 {
-    const QString number = withoutBlanks(field->text());
-    if (!m_session.isConnected() || number.isEmpty())
+    if (!m_session.isConnected())
         return;
+    const QString number = withoutBlanks(field->text());
     m_session.write(texts.command + number + texts.unit);
     const QString shown = displayText(m_session.read(texts.query), numericField(field)->kind);
     if (!shown.isEmpty())

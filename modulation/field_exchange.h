@@ -1,6 +1,7 @@
 #pragma once
 
 #include "link/instrument_limits.h"
+#include "panel/entry_notice.h"
 
 #include <QString>
 
@@ -8,8 +9,8 @@ class QLineEdit;
 class ScpiSession;
 
 /// Sends the numbers of fields and shows what the instrument answers. Every number is bounded
-/// first, and the bounded one is shown; without a connection that is all. An empty field sends
-/// nothing. Owns neither the fields nor the session.
+/// first, and the bounded one is shown; without a connection that is all. A field without a number
+/// sends nothing and shows again what was last accepted. Owns neither the fields nor the session.
 class FieldExchange
 {
 public:
@@ -26,6 +27,8 @@ public:
     template <typename T>
     void setAndShow(const char* format, QLineEdit* field, const Range<T>& range)
     {
+        if (!takeNumber(field))
+            return;
         accept(field, asReal(range));
         setAccepted(format, field);
     }
@@ -36,6 +39,8 @@ public:
     template <typename T>
     void writeAndShow(const TwoStep& texts, QLineEdit* field, const Range<T>& range)
     {
+        if (!takeNumber(field))
+            return;
         acceptAsItStands(field, asReal(range));
         writeAccepted(texts, field);
     }

@@ -8,6 +8,7 @@
 #include "modulation/settling.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
+#include "panel/entry_notice.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -116,6 +117,8 @@ void PulseCommands::restoreValues()
 
 void PulseCommands::commit(bool isPeriod)
 {
+    if (!takeNumber((isPeriod ? m_panel.pulsePeriod() : m_panel.pulseWidth()).field()))
+        return;
     const double periodUs = acceptedUs(m_panel.pulsePeriod());
     const double widthUs = acceptedUs(m_panel.pulseWidth());
     if (isPeriod)

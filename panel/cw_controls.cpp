@@ -4,6 +4,7 @@
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "panel/clamp_field.h"
+#include "panel/entry_notice.h"
 #include "panel/numeric_field.h"
 #include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
@@ -35,6 +36,15 @@ bool isGoneForGood(const QEvent& focusOut)
 {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(focusOut).reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
+/// False for a field that a failed answer has emptied. What is typed there and is no number yet
+/// gives way to what was accepted.
+bool hasNumberToPush(QLineEdit& field)
+{
+    if (field.text().isEmpty() && acceptedText(&field).isEmpty())
+        return false;
+    return takeNumber(&field) || !acceptedText(&field).isEmpty();
 }
 
 /// Marks the text as what was set, with the cursor at its end and nothing selected.
@@ -78,12 +88,8 @@ void CwControls::setUpFields()
 void CwControls::on_FREQ_editingFinished()
 {
     QLineEdit& field = m_ui.frequency;
-    if (withoutBlanks(field.text()).isEmpty()) {
-        field.selectAll();
-        showAccepted(&field, QString());
-        field.deselect();
+    if (!takeNumber(&field))
         return;
-    }
     clampField(m_limits.frequencyHz, FieldKind::Frequency, &field);
     selectAndDeselect(field);
     showAccepted(&field, field.text());
@@ -97,6 +103,8 @@ void CwControls::on_FREQ_editingFinished()
 void CwControls::on_POW_editingFinished()
 {
     QLineEdit& field = m_ui.power;
+    if (!takeNumber(&field))
+        return;
     m_guard.bound(&field);
     const QString wanted = field.text();
     const double wantedDbm = toNumber(wanted);
@@ -116,6 +124,8 @@ void CwControls::on_POW_editingFinished()
 void CwControls::pushPower()
 {
     QLineEdit& field = m_ui.power;
+    if (!hasNumberToPush(field))
+        return;
     m_guard.bound(&field);
     if (m_guard.wouldAsk(toNumber(acceptedText(&field)), toNumber(field.text())))
         showAccepted(&field, m_guard.bounded(acceptedText(&field)));
@@ -145,6 +155,12 @@ void CwControls::sendPower()
     showAccepted(&field,
                  m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
     m_session.checkErrors();
+}
+
+void CwControls::pushFrequency()
+{
+    if (hasNumberToPush(m_ui.frequency))
+        on_FREQ_editingFinished();
 }
 
 void CwControls::on_Output_clicked()
@@ -202,8 +218,7 @@ void CwControls::pushExternalReference()
 void CwControls::sendExternalReference()
 {
     const QString captioned = captionedReferenceMHz();
-    const bool isOnlyCaption = captioned.isEmpty() && m_ui.referenceEntry.isHidden() && isRoscExt();
-    if (!isOnlyCaption) {
+    if (readsAsNumber(captioned)) {
         const Range<qint32>& range = m_limits.referenceMHz;
         qint64 frequencyMHz = toWholeNumber(captioned);
         if (range.isKnown())

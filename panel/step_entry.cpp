@@ -2,6 +2,7 @@
 
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
+#include "panel/unit_key_filter.h"
 
 #include <QLineEdit>
 
@@ -66,7 +67,10 @@ bool acceptStepEntry(QLineEdit* line, StepKind kind)
     const QString typed = withoutBlanks(line->text());
     if (typed.isEmpty()) {
         line->selectAll();
-        line->paste();
+        if (auto* typing = line->findChild<UnitKeyFilter*>())
+            typing->paste();
+        else
+            line->paste();
         return false;
     }
     const Range<double> limits = stepLimits(kind);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "numbers/field_kind.h"
+#include "panel/paste_filter.h"
 
 #include <QObject>
 #include <QString>
@@ -31,6 +32,8 @@ void setUnitPower(QLineEdit* field, int powerOfTen);
 int unitPower(const QLineEdit* field);
 
 /// Keeps a line edit's text in the form of its kind while the user types, and marks it as edited.
+/// Once a point, a comma or an exponent was refused, so are the digits behind it: they would make
+/// another number. A pasted text takes the place of the whole number, or is refused in whole.
 /// Commits nothing. Belongs to the line edit.
 class UnitKeyFilter : public QObject
 {
@@ -41,14 +44,25 @@ public:
 
     void setKind(FieldKind kind) { m_kind = kind; }
 
+    /// Puts what the clipboard holds in the place of the number.
+    void paste() { m_paste.paste(); }
+
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     bool isSurplusLetter(const QKeyEvent& key) const;
+    bool typeLatinLetter(const QKeyEvent& key);
+    bool refuses(const QKeyEvent& key);
+    QString refusalOf(QChar typed) const;
+    void skipBlank(const QKeyEvent& key);
+    void takePasted(const QString& text);
 
     QLineEdit* m_field;
     FieldKind m_kind;
     /// What a unit letter has made, until something else is typed or the field is entered anew.
     QString m_convertedText;
+    /// Why digits are refused; empty while they are not.
+    QString m_refusal;
+    PasteFilter m_paste;
 };

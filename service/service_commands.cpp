@@ -8,6 +8,7 @@
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
+#include "panel/entry_notice.h"
 #include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
 #include "panel/user_folder.h"
@@ -284,9 +285,9 @@ QString ServiceCommands::queryTemperature()
 
 void ServiceCommands::sendCommandRefOsc()
 {
-    const QString value = m_panel.referenceDac().text();
-    if (value.isEmpty() || !m_session.isConnected())
+    if (!takeNumber(&m_panel.referenceDac()) || !m_session.isConnected())
         return;
+    const QString value = m_panel.referenceDac().text();
     m_session.writeChecked(dacCommand + value);
     if (m_session.isConnected())
         showAccepted(&m_panel.referenceDac(), value);

@@ -4,6 +4,8 @@
 #include <QLabel>
 #include <QLineEdit>
 
+#include <functional>
+
 namespace
 {
 const QString drain = QStringLiteral("SYSTem:ERRor?\\n");
@@ -20,7 +22,10 @@ private slots:
 
     void frequencyIsCommitted_data();
     void frequencyIsCommitted();
-    void emptyFrequencySendsNothing();
+    void noNumberSendsNothing_data();
+    void noNumberSendsNothing();
+    void noNumberIsPushed();
+    void refusedKeySaysWhy();
     void typingReplacesTheCommittedNumber();
     void escapeBringsTheAcceptedBack();
     void powerIsCommitted_data();
@@ -103,11 +108,70 @@ void CwControlsTest::frequencyIsCommitted()
     QVERIFY(!field("FREQ").property("edited").toBool());
 }
 
-void CwControlsTest::emptyFrequencySendsNothing()
+void CwControlsTest::noNumberSendsNothing_data()
 {
-    m_rig->enter("FREQ", "");
-    QVERIFY(m_demo->takeSent().isEmpty());
-    QCOMPARE(field("FREQ").text(), QString());
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("typed");
+    for (const char* typed : {"", "-", "--5", "5-3"})
+        QTest::newRow(qPrintable(QString("power \"%1\"").arg(typed))) << "POW" << typed;
+    QTest::newRow("frequency empty") << "FREQ"
+                                     << "";
+    QTest::newRow("frequency point") << "FREQ"
+                                     << ".";
+}
+
+/// On Return, on leaving the field, and when the output is switched on from within it.
+void CwControlsTest::noNumberSendsNothing()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, typed);
+    QLineEdit& edit = m_rig->get<QLineEdit>(qPrintable(name));
+    m_rig->enter("POW", "-10");
+    const QString accepted = edit.text();
+    m_demo->takeSent();
+    const std::function<void()> ends[] = {
+        [&] { QTest::keyClick(&edit, Qt::Key_Return); },
+        [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
+        [&] { m_rig->click("Output"); },
+    };
+    for (const auto& end : ends) {
+        edit.setFocus();
+        edit.selectAll();
+        QTest::keyClick(&edit, Qt::Key_Delete);
+        QTest::keyClicks(&edit, typed);
+        end();
+        QCOMPARE(edit.text(), accepted);
+        QVERIFY2(m_rig->status().endsWith(": no number, nothing is sent"),
+                 qPrintable(m_rig->status()));
+    }
+    QCOMPARE(m_demo->takeSent(), QStringList({"OUTPut ON\\n", drain}));
+}
+
+/// The instrument that comes while a field is being typed into is given what was accepted there.
+void CwControlsTest::noNumberIsPushed()
+{
+    m_rig->enter("POW", "-10");
+    m_rig->click("connect");
+    field("POW").setText("-");
+    field("FREQ").clear();
+    (*m_demo)(QStringLiteral("reply MEM:MSC? -> OFF"));
+    m_demo->takeSent();
+    m_rig->connectDevice();
+    const QStringList sent = m_demo->takeSent();
+    QCOMPARE(sent.filter(";POW?"), QStringList("POW -10.000000;POW?\\n"));
+    QCOMPARE(sent.filter(";FREQ?"), QStringList("FREQ 1000000000.000000 Hz;FREQ?\\n"));
+    QCOMPARE(field("POW").text(), QString("-10"));
+}
+
+void CwControlsTest::refusedKeySaysWhy()
+{
+    m_rig->enter("POW", "-10.5");
+    QCOMPARE(m_rig->status(), QString("Power: whole dBm"));
+    m_rig->click("key_POW");
+    QTest::keyClicks(&field("keypad_entry"), "1,5");
+    QTest::keyClick(&field("keypad_entry"), Qt::Key_Return);
+    QCOMPARE(m_demo->takeSent().filter(";POW?"),
+             QStringList({"POW -10.000000;POW?\\n", "POW 1.000000;POW?\\n"}));
 }
 
 void CwControlsTest::typingReplacesTheCommittedNumber()
@@ -161,8 +225,8 @@ void CwControlsTest::powerIsCommitted_data()
                                       << "123.000000"
                                       << "0";
     QTest::newRow("fraction is refused") << "-5.5"
-                                         << "-55.000000"
-                                         << "0";
+                                         << "-5.000000"
+                                         << "-5";
 }
 
 void CwControlsTest::powerIsCommitted()

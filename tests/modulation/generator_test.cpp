@@ -138,7 +138,7 @@ void GeneratorTest::fields_data()
                                                                   << "0.25";
     row("percent", FieldKind::LfDuty, StepKind::LfDuty) << "50"
                                                         << "2.5"
-                                                        << "25";
+                                                        << "2";
 }
 
 void GeneratorTest::fields()

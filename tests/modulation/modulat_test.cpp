@@ -253,7 +253,7 @@ void ModulatTest::fields_data()
                                  << "30.5";
     QTest::newRow("percentLine_Ampl") << F::Duty << S::AmDuty << "50"
                                       << "4.5"
-                                      << "45";
+                                      << "4";
     QTest::newRow("line_FREQ_1") << F::ModulationRate << S::FmRate << "1 000"
                                  << "1m"
                                  << "1 000 000";

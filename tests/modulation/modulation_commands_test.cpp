@@ -188,7 +188,7 @@ void ModulationCommandsTest::fields_data()
     }
     row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
     row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
-    row("depth, not a number", "line_Ampl_2", "1.2.3", {"AM 0.000000;AM?!"}, "0.00");
+    row("depth, not a number", "line_Ampl_2", "1.2.3", {}, "1.00");
     row("FM deviation", "line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
     row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
     row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");

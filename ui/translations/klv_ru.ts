@@ -195,6 +195,37 @@
     </message>
 </context>
 <context>
+    <name>EntryNotice</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be read</source>
+        <translation>«%1» не читается</translation>
+    </message>
+    <message>
+        <source>whole numbers only</source>
+        <translation>только целые числа</translation>
+    </message>
+    <message>
+        <source>whole %1</source>
+        <translation>целые %1</translation>
+    </message>
+    <message>
+        <source>only one decimal point</source>
+        <translation>только одна десятичная точка</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no part of its number</source>
+        <translation>«%1» не входит в число</translation>
+    </message>
+    <message>
+        <source>no number, nothing is sent</source>
+        <translation>нет числа, ничего не отправлено</translation>
+    </message>
+</context>
+<context>
     <name>EntryUnit</name>
     <message>
         <source>dB</source>
@@ -666,6 +697,10 @@
     <message>
         <source>Step a list by its rows or by the arrows above them</source>
         <translation>По списку переходят его строками или стрелками над ними</translation>
+    </message>
+    <message>
+        <source>The list has no points to run</source>
+        <translation>В списке нет точек</translation>
     </message>
 </context>
 <context>
@@ -1576,6 +1611,10 @@ Keys: +, −, Left, Right, Home</source>
         <source>Above the highest power</source>
         <translation>Выше наибольшей мощности</translation>
     </message>
+    <message>
+        <source>Row %1, %2: &quot;%3&quot; is no number</source>
+        <translation>Строка %1, %2: «%3» не число</translation>
+    </message>
 </context>
 <context>
     <name>PowerCeiling</name>
@@ -2093,6 +2132,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Stop the sweep</source>
         <translation>Остановить качание</translation>
+    </message>
+    <message>
+        <source>nothing to run</source>
+        <translation>нет точек</translation>
     </message>
 </context>
 <context>
