@@ -1,41 +1,13 @@
 #include "sweep/cell_clipboard.h"
 
 #include "numbers/number_text.h"
-#include "numbers/unit_keys.h"
+#include "numbers/quantity_text.h"
 #include "sweep/point_edits.h"
+#include "sweep/point_table.h"
 
 #include <QStringList>
 
-#include <cmath>
-
-namespace
-{
-const QLatin1Char comma(',');
-const QLatin1Char point('.');
-
-/// The last separator stands before the fraction, unless it stands there more than once.
-QString withOnePoint(QString number)
-{
-    const int lastComma = number.lastIndexOf(comma);
-    const int lastPoint = number.lastIndexOf(point);
-    const QChar fraction = lastComma > lastPoint ? comma : point;
-    number.remove(fraction == comma ? point : comma);
-    if (number.count(fraction) > 1)
-        number.remove(fraction);
-    return number.replace(fraction, point);
-}
-
-/// A plain decimal number; empty where the text is no number.
-QString plainNumber(const QString& cell)
-{
-    QString number = withOnePoint(withoutBlanks(cell));
-    if (isPlainDecimal(number))
-        return number;
-    bool isNumber = false;
-    const double value = number.toDouble(&isNumber);
-    return isNumber && std::isfinite(value) ? shortestText(value) : QString();
-}
-} // namespace
+#include <algorithm>
 
 QString copiedText(const PointRows& points, const CellSpan& span)
 {
@@ -52,7 +24,7 @@ QString copiedText(const PointRows& points, const CellSpan& span)
     return text;
 }
 
-PastedCells pastedCells(const QString& text)
+PastedCells pastedCells(const QString& text, int firstColumn)
 {
     QString lines = text;
     lines.remove(QLatin1Char('\r'));
@@ -63,12 +35,16 @@ PastedCells pastedCells(const QString& text)
         return pasted;
     for (const QString& line : lines.split(QLatin1Char('\n'))) {
         std::vector<QString> cells;
+        int column = firstColumn;
         for (const QString& cell : line.split(QLatin1Char('\t'))) {
-            cells.push_back(plainNumber(cell));
-            if (cells.back().isEmpty() && !withoutBlanks(cell).isEmpty()) {
+            // What is beyond the last column goes nowhere.
+            const FieldKind kind = PointTable::kind(std::min(column++, pointColumnCount - 1));
+            const std::optional<QString> number = readQuantity(cell, kind);
+            if (!number && !withoutBlanks(cell).isEmpty()) {
                 pasted.strange = cell;
                 return pasted;
             }
+            cells.push_back(number.value_or(QString()));
         }
         pasted.texts.push_back(std::move(cells));
     }

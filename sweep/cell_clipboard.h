@@ -18,6 +18,5 @@ struct PastedCells {
     QString strange;                         ///< the first cell that is no number; none otherwise
 };
 
-/// Reads cells as spreadsheets write them: digits grouped by blanks, commas or points, a comma or
-/// a point before the fraction, an exponent.
-PastedCells pastedCells(const QString& text);
+/// Reads cells as spreadsheets write them, see readQuantity(), with the units of their columns.
+PastedCells pastedCells(const QString& text, int firstColumn);

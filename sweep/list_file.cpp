@@ -1,5 +1,7 @@
 #include "sweep/list_file.h"
 
+#include "numbers/number_text.h"
+
 #include <QFile>
 
 #include <algorithm>
@@ -15,31 +17,28 @@ struct ParsedLine {
     QString strangeField;
 };
 
-bool isDigit(QChar c)
+/// Blanks of any kind, and tabs, as plain blanks.
+QString withPlainBlanks(QString field)
 {
-    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    std::replace_if(
+        field.begin(), field.end(),
+        [](QChar c) { return c == QLatin1Char('\t') || c.category() == QChar::Separator_Space; },
+        QLatin1Char(' '));
+    return field;
 }
 
-bool isBlank(QChar c)
-{
-    return c == QLatin1Char(' ') || c.category() == QChar::Separator_Space;
-}
-
-/// Digits with what may stand among them in a number, or nothing but blanks.
 bool isNumberOrEmpty(const QString& field)
 {
-    static const QLatin1String signsAndPoint("+-.eE");
-    bool hasDigit = false;
-    bool hasSign = false;
-    for (const QChar c : field) {
-        if (isDigit(c))
-            hasDigit = true;
-        else if (signsAndPoint.contains(c))
-            hasSign = true;
-        else if (!isBlank(c))
-            return false;
-    }
-    return hasDigit || !hasSign;
+    const auto isBlankOrDigit = [](QChar c) {
+        return c == QLatin1Char(' ') || (c >= QLatin1Char('0') && c <= QLatin1Char('9'));
+    };
+    if (std::all_of(field.begin(), field.end(), isBlankOrDigit))
+        return true;
+    // A number would pass over a carriage return, which ends a line.
+    const bool isPrinted = std::all_of(field.begin(), field.end(), [](QChar c) {
+        return c >= QLatin1Char(' ') && c <= QLatin1Char('~');
+    });
+    return isPrinted && readsAsNumber(field);
 }
 
 /// A line without its line feed. Separators are single bytes in UTF-8, so that only the fields
@@ -51,7 +50,7 @@ ParsedLine parsedLine(const char* begin, const char* end)
     const char separator = hasDecimalComma ? ';' : ',';
     for (QString& field : parsed.row) {
         const char* fieldEnd = std::find(begin, end, separator);
-        field = QString::fromUtf8(begin, static_cast<int>(fieldEnd - begin));
+        field = withPlainBlanks(QString::fromUtf8(begin, static_cast<int>(fieldEnd - begin)));
         if (hasDecimalComma)
             field.replace(QLatin1Char(','), QLatin1Char('.'));
         if (!isNumberOrEmpty(field)) {
@@ -74,7 +73,11 @@ ParsedLine parsedLine(const char* begin, const char* end)
 
 bool isBlankLine(const char* begin, const char* end)
 {
-    return std::all_of(begin, end, [](char c) { return c == ' ' || c == '\t'; });
+    // Whatever is not ASCII may be a blank, too.
+    const bool isPlain = std::none_of(begin, end, [](char c) { return c > ' ' && c <= '~'; });
+    return isPlain && withPlainBlanks(QString::fromUtf8(begin, static_cast<int>(end - begin)))
+                          .trimmed()
+                          .isEmpty();
 }
 } // namespace
 

@@ -34,6 +34,7 @@ struct ReadList {
 
 QByteArray listText(const PointRows& points);
 
-/// Reads all of a file before it tells of any row. Fields are taken as they stand and their values
-/// not looked at; fields beyond the third are dropped, missing ones empty, blank lines skipped.
+/// Reads all of a file before it tells of any row. Fields are taken as they stand but for
+/// blanks of any kind and tabs, which become plain blanks, and their values not looked at; fields
+/// beyond the third are dropped, missing ones empty, blank lines skipped.
 ReadList readListFile(const QString& path, FileProgress* progress = nullptr);

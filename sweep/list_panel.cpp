@@ -154,6 +154,18 @@ bool List::isRunning() const
     return runSweep().isChecked() || runList().isChecked();
 }
 
+bool List::canRunSweep()
+{
+    return m_sweep->canRun();
+}
+bool List::canRunList()
+{
+    const bool hasPoints = table().rowCount() > 0;
+    if (!hasPoints)
+        emit statusMessage(tr("The list has no points to run"));
+    return hasPoints;
+}
+
 bool List::isPowerSweep() const
 {
     return m_sweep->isPowerSweep();

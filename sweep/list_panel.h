@@ -28,6 +28,9 @@ public:
     QPushButton& runList() const;
     /// Sweep or list.
     bool isRunning() const;
+    /// Whether there is something to run. If not, it is said what is missing.
+    bool canRunSweep();
+    bool canRunList();
 
     /// The list, not the sweep, is chosen and shown.
     bool isListShown() const;

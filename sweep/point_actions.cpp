@@ -230,24 +230,37 @@ void PointActions::copy()
         QApplication::clipboard()->setText(copiedText(m_table->points(), span));
 }
 
+QString PointActions::notPasted(const QString& text)
+{
+    return tr("Not pasted: \"%1\" is no number").arg(text.trimmed());
+}
+
 /// A single number goes into every cell chosen; a range from the first cell chosen on.
 void PointActions::paste()
 {
-    const PastedCells pasted = pastedCells(QApplication::clipboard()->text());
+    CellSpan span = chosenCells();
+    const int column = std::max(span.firstColumn, 0);
+    const QString copied = QApplication::clipboard()->text();
+    const PastedCells pasted = pastedCells(copied, column);
     if (!pasted.strange.isEmpty()) {
-        emit refused(tr("Not pasted: \"%1\" is no number").arg(pasted.strange.trimmed()));
+        emit refused(notPasted(pasted.strange));
         return;
     }
     if (pasted.texts.empty())
         return;
-    CellSpan span = chosenCells();
     const bool isSingle = pasted.texts.size() == 1 && pasted.texts.front().size() == 1;
     if (isSingle && span.firstRow >= 0) {
+        // A number with a unit suits the columns of its kind only.
+        for (int other = column + 1; other <= span.lastColumn; ++other) {
+            if (pastedCells(copied, other).texts == pasted.texts)
+                continue;
+            emit refused(notPasted(copied));
+            return;
+        }
         change(withEntered(m_table->points(), span, pasted.texts.front().front()), Paste);
         return;
     }
     const int row = std::max(span.firstRow, 0);
-    const int column = std::max(span.firstColumn, 0);
     if (change(withEntered(m_table->points(), row, column, pasted.texts), Paste))
         m_table->selectRows(row, row + static_cast<int>(pasted.texts.size()) - 1);
 }

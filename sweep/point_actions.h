@@ -66,6 +66,7 @@ private:
     void moveUp() { move(-1); }
     void moveDown() { move(1); }
     void move(int direction);
+    static QString notPasted(const QString& text);
     void fillLinear() { fill(Fill::Linear); }
     void fillLogarithmic() { fill(Fill::Logarithmic); }
     void fillDown() { fill(Fill::Down); }

@@ -117,6 +117,14 @@ QString PointTable::text(int row, int column) const
     return cell == nullptr ? QString() : cell->text();
 }
 
+bool PointTable::hasEmptyCell(int column) const
+{
+    int row = 0;
+    while (row < rowCount() && !withoutBlanks(text(row, column)).isEmpty())
+        ++row;
+    return row < rowCount();
+}
+
 const PointRows& PointTable::points()
 {
     takeOverRows(0, rowCount());
@@ -197,6 +205,13 @@ void PointTable::acceptCell(int row, int column)
     const QString typed = text(row, column);
     if (typed == held)
         return;
+    if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, kind(column))) {
+        showRow(row);
+        emit refused(tr("Row %1, %2: \"%3\" is no number")
+                         .arg(row + 1)
+                         .arg(horizontalHeaderItem(column)->text(), typed));
+        return;
+    }
     QString entered = enteredText(typed, column);
     if (column == Power && m_guard)
         entered = m_guard->bounded(entered);

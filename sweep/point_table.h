@@ -26,6 +26,7 @@ public:
     /// bounded where an instrument has told limits, and written as the column is shown.
     static QString enteredText(const QString& typed, int column);
 
+    bool hasEmptyCell(int column) const;
     /// Empty where there is no such cell.
     QString text(int row, int column) const;
     /// All rows as the cells show them now.
@@ -43,7 +44,7 @@ public:
     const QUndoStack& history() const { return m_history; }
 
     /// Takes the text now in a cell as entered by the user. Nothing happens where the text is still
-    /// the one that the cell held.
+    /// the one that the cell held; text that is no number is refused.
     void acceptCell(int row, int column);
 
     /// The rows with a selected cell in rising order; without a selection the current row.

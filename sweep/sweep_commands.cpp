@@ -4,6 +4,7 @@
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "panel/cw_controls.h"
+#include "panel/entry_notice.h"
 #include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
 #include "sweep/list_panel.h"
@@ -14,6 +15,7 @@
 
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 
 namespace
 {
@@ -64,7 +66,14 @@ QPushButton& SweepCommands::runButton(Mode mode) const
 
 void SweepCommands::command(Mode mode)
 {
+    if (m_isRefusing)
+        return;
     QPushButton& button = runButton(mode);
+    if (m_session.isConnected() && button.isChecked() && !canRun(mode)) {
+        const QScopedValueRollback<bool> refusing(m_isRefusing, true);
+        button.setChecked(false);
+        return;
+    }
     QPushButton& other = runButton(mode == Mode::List ? Mode::Sweep : Mode::List);
     if (m_session.isConnected() && button.isChecked() && other.isChecked())
         other.click();
@@ -131,6 +140,15 @@ void SweepCommands::holdCeiling()
         emit statusMessage(
             tr("Run ended: above the highest power of %1 dBm").arg(*m_guard.ceilingDbm()));
     }
+}
+
+/// Cells without a power send that of the main window.
+bool SweepCommands::canRun(Mode mode)
+{
+    if (mode == Mode::Sweep)
+        return m_panel.canRunSweep();
+    return m_panel.canRunList() &&
+           (!m_panel.table().hasEmptyCell(PointTable::Power) || takeNumber(&m_cw.power));
 }
 
 void SweepCommands::enableCw(bool isEnabled)
@@ -249,11 +267,15 @@ void SweepCommands::stop(Mode mode)
 
 void SweepCommands::restoreCw()
 {
-    showAccepted(&m_cw.frequency,
-                 m_session.setAndReadBack(CwControls::frequencyFormat,
-                                          toNumber(m_cw.frequency.text()), FieldKind::Frequency));
-    m_session.checkErrors();
-    if (!m_session.isConnected())
+    takeNumber(&m_cw.frequency);
+    takeNumber(&m_cw.power);
+    if (readsAsNumber(m_cw.frequency.text())) {
+        showAccepted(&m_cw.frequency, m_session.setAndReadBack(CwControls::frequencyFormat,
+                                                               toNumber(m_cw.frequency.text()),
+                                                               FieldKind::Frequency));
+        m_session.checkErrors();
+    }
+    if (!m_session.isConnected() || !readsAsNumber(m_cw.power.text()))
         return;
     // Whole dB only: any other text is 0 dBm.
     const auto powerDbm = static_cast<double>(toWholeNumber(m_cw.power.text()));

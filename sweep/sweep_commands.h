@@ -63,6 +63,7 @@ private:
     void command(Mode mode);
     void enableCw(bool isEnabled);
     bool isWanted(int run, Mode mode) const;
+    bool canRun(Mode mode);
     bool goesOn(int run, Mode mode);
     double topDbm(Mode mode) const;
     void request(Mode mode);
@@ -91,4 +92,5 @@ private:
     double m_topDbm = 0.0; ///< of what was started last
     /// A button is down of which the instrument has not heard yet.
     bool m_isPending = false;
+    bool m_isRefusing = false; ///< a run that could not start has its button released
 };

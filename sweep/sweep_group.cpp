@@ -4,6 +4,7 @@
 #include "numbers/number_text.h"
 #include "panel/clamp_field.h"
 #include "panel/describe.h"
+#include "panel/entry_notice.h"
 #include "panel/keypad_units.h"
 #include "panel/numeric_field.h"
 #include "panel/power_guard.h"
@@ -253,9 +254,27 @@ void SweepGroup::follow(QString* followed, std::size_t index, const QString& tex
 void SweepGroup::commit(std::size_t index)
 {
     QLineEdit* field = m_rows[index].field;
-    const FieldKind kind = kindOf(rows[index], isPowerSweep());
-    clampField(limitsOf(kind), kind, field);
+    const bool isNumber = takeNumber(field);
+    m_isLeftForRun = !isNumber && m_run->hasFocus();
+    if (!isNumber)
+        return;
+    clampToLimits(field, kindOf(rows[index], isPowerSweep()));
     showAccepted(field, field->text());
+}
+
+bool SweepGroup::canRun()
+{
+    // Leaving the field has said it already.
+    if (std::exchange(m_isLeftForRun, false))
+        return false;
+    for (const FieldRow& row : m_rows) {
+        if (!takeNumber(row.field))
+            return false;
+    }
+    const bool hasPoints = toNumber(points().text()) >= 1.0;
+    if (!hasPoints)
+        EntryNotice::global().refuse(points(), tr("nothing to run"));
+    return hasPoints;
 }
 
 int SweepGroup::boundByLimits()

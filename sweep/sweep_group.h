@@ -39,6 +39,9 @@ public:
     QLineEdit& points() const { return *m_rows[3].field; }
     QLineEdit& dwell() const { return *m_rows[4].field; }
 
+    /// Whether there is something to run. If not, it is said which field is to blame.
+    bool canRun();
+
     SweepTexts texts() const;
     /// The values of the mode that is not chosen; the next change of mode shows them.
     SweepValues& valuesAside() { return m_valuesAside; }
@@ -89,4 +92,7 @@ private:
     // been edited, or restored by a profile; a null text: it has been once.
     QString m_followedPower;
     QString m_followedFrequency;
+    /// The run button took the focus from a field without a number: what came back there is not
+    /// what the user wanted to run.
+    bool m_isLeftForRun = false;
 };

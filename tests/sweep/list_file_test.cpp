@@ -87,7 +87,7 @@ void ListFileTest::reads_data()
     row("commas", "1000000,0,50\n", {"1000000|0|50"});
     row("both forms", "1;2;3\n4,5,6\n", {"1|2|3", "4|5|6"});
     row("as they stand", "1e6, +0.50,\n", {"1e6| +0.50|"});
-    row("no-break spaces", "1\u00a0000\u202f000;0;1\n", {"1\u00a0000\u202f000|0|1"});
+    row("blanks of all kinds", "1\u00a0000\u202f000;\u2009-5\t;1\n\u00a0\n", {"1 000 000| -5 |1"});
     row("no last line feed", "1,2,3\n4,5,6", {"1|2|3", "4|5|6"});
     row("carriage returns", "1,2,3\r\n\r\n4,5,6\r\n", {"1|2|3", "4|5|6"});
     row("blank lines", "\n  \n1,2,3\n\t\n", {"1|2|3"});
@@ -121,6 +121,8 @@ void ListFileTest::refuses_data()
     using E = ListFileError;
     row("a header", "Freq,Pow,Dwell\n1,2,3\n", E::NoNumber, 1);
     row("a word", "1,2,3\n4,five,6\n", E::NoNumber, 2);
+    row("two numbers", "1,2,3\n4,5-3,6\n", E::NoNumber, 2);
+    row("digits of another script", "1,\u0663,3\n", E::NoNumber, 1);
     row("quotes", "1,2,3\n\"4\",5,6\n", E::NoNumber, 2);
     row("signs without a digit", "1,-,3\n", E::NoNumber, 1);
     row("old line ends", "1,2,3\r4,5,6\r", E::NoNumber, 1);

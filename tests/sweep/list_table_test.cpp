@@ -50,7 +50,7 @@ void ListTableTest::typedCells_data()
     QTest::newRow("power, sign") << 1 << "-17"
                                  << "-17";
     QTest::newRow("power, no point") << 1 << "-1.5"
-                                     << "-15";
+                                     << "-1";
     QTest::newRow("dwell, milliseconds") << 2 << "20m"
                                          << "20 000";
     QTest::newRow("dwell, seconds") << 2 << "1.5s"
@@ -102,6 +102,13 @@ void ListTableTest::editedCellIsFormatted()
     bench.table().item(0, 0)->setText("2M");
     QCOMPARE(bench.rows(), QStringList("2 000 000,-5.50,50"));
     QCOMPARE(changes.size(), 1);
+    bench.table().item(0, 1)->setText("5-3");
+    bench.clickCell(0, 1);
+    bench.type("--5");
+    bench.press(Qt::Key_Return);
+    QCOMPARE(bench.rows(), QStringList("2 000 000,-5.50,50"));
+    QCOMPARE(bench.said, QStringList({"Row 1, Pow [dBm]: \"5-3\" is no number",
+                                      "Row 1, Pow [dBm]: \"--5\" is no number"}));
 }
 
 void ListTableTest::commandsEnterTheOpenCell()
@@ -304,6 +311,8 @@ void ListTableTest::pasting_data()
         << QStringList{"1 234 567,2,3", "2 500 000 000,5,6", "1 000 000,,"};
     QTest::newRow("no-break spaces") << QString::fromUtf8("1\u00a0500\u202f000") << QPoint(0, 0)
                                      << QStringList{"1 500 000,2,3", "4,5,6"};
+    QTest::newRow("units") << QString::fromUtf8("2.45 GHz\t-10 dBm\t1,5 мс") << QPoint(0, 0)
+                           << QStringList{"2 450 000 000,-10,1 500", "4,5,6"};
     QTest::newRow("an empty cell") << "\t9" << QPoint(0, 0) << QStringList{",9,3", "4,5,6"};
     QTest::newRow("nothing") << "" << QPoint(0, 0) << QStringList{"1,2,3", "4,5,6"};
 }
@@ -333,7 +342,12 @@ void ListTableTest::pasteRefusesText()
     QApplication::clipboard()->setText("Freq [Hz]\tPow\n1\t2");
     bench.click("paste_List");
     QCOMPARE(bench.rows(), QStringList("1,2,3"));
-    QCOMPARE(bench.said, QStringList("Not pasted: \"Freq [Hz]\" is no number"));
+    QApplication::clipboard()->setText("1 MHz");
+    bench.table().selectAll();
+    bench.click("paste_List");
+    QCOMPARE(bench.rows(), QStringList("1,2,3"));
+    QCOMPARE(bench.said, QStringList({"Not pasted: \"Freq [Hz]\" is no number",
+                                      "Not pasted: \"1 MHz\" is no number"}));
 }
 
 void ListTableTest::clearing()

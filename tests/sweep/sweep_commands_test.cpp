@@ -1,4 +1,5 @@
 #include "link/pause.h"
+#include "panel/entry_notice.h"
 #include "tests/sweep/sweep_rig.h"
 
 #include <memory>
@@ -38,6 +39,9 @@ private slots:
     void sweeps_data();
     void sweeps();
     void lists();
+    void nothingToRun_data();
+    void nothingToRun();
+    void emptyListDoesNotStart();
     void instrumentRunsThePoints();
     void restoresCw_data();
     void restoresCw();
@@ -93,9 +97,6 @@ void SweepCommandsTest::sweeps_data()
     QTest::newRow("power") << true << QStringList{"1 200 000 000", "-20", "- 5", "1 601", "50"}
                            << QStringList{"SWEep:POINts 1601!", "FREQ 1200000000 Hz!",
                                           "POW:START -20!", "POW:STOP - 5!", "SWEep:DWELl 5e-05!"};
-    QTest::newRow("empty") << false << QStringList{"", "", "", "", ""}
-                           << QStringList{"SWEep:POINts !", "POW !", "FREQ:START !", "FREQ:STOP !",
-                                          "SWEep:DWELl 0!"};
     QTest::newRow("six digits") << true << QStringList{"9 000", "-1.5", "0.25", "2", "12 345 678.9"}
                                 << QStringList{"SWEep:POINts 2!", "FREQ 9000 Hz!",
                                                "POW:START -1.5!", "POW:STOP 0.25!",
@@ -129,12 +130,66 @@ void SweepCommandsTest::lists()
     QCOMPARE(m_rig->sent(), shortList + freeRun + listStart);
     m_rig->click("button_List");
     QCOMPARE(m_rig->sent(), listStopped);
+    QCOMPARE(m_rig->events, QStringList({"starting", "started", "stopped"}));
+}
+
+void SweepCommandsTest::nothingToRun_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("accepted");
+    const auto row = [](const char* field, const char* typed, const char* accepted) {
+        QTest::newRow(field) << field << typed << accepted;
+    };
+    row("Freq_Pow", "5-3", "0");
+    row("Start", "", "25 000 000");
+    row("Stop", ".", "1 000 000 000");
+    row("Step", " ", "100");
+    row("Time", "", "1 000");
+}
+
+/// A run that is clicked from within the field, or later, does not even announce itself.
+void SweepCommandsTest::nothingToRun()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, typed);
+    const QSignalSpy refused(&EntryNotice::global(), &EntryNotice::refused);
+    auto& edit = *m_rig->panel.findChild<QLineEdit*>(field);
+    m_rig->panel.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_rig->panel.window()));
+    edit.setFocus();
+    edit.selectAll();
+    QTest::keyClick(&edit, Qt::Key_Delete);
+    QTest::keyClicks(&edit, typed);
+    QTest::mouseClick(&m_rig->panel.runSweep(), Qt::LeftButton);
+    QTEST(edit.text(), "accepted");
+    verifyAtRest();
+    edit.setText(typed);
+    m_rig->click("button_Sweep");
+    QTEST(edit.text(), "accepted");
+    verifyAtRest();
+    QCOMPARE(m_rig->sent(), QStringList());
+    QCOMPARE(m_rig->events, QStringList());
+    QCOMPARE(refused.count(), 2);
+    QVERIFY(refused.first().first().toString().startsWith(edit.accessibleName() + ':'));
+    m_rig->click("button_Sweep");
+    QVERIFY(m_rig->panel.runSweep().isChecked());
+}
+
+void SweepCommandsTest::emptyListDoesNotStart()
+{
+    const QSignalSpy said(&m_rig->panel, &List::statusMessage);
     m_rig->fill({});
     m_rig->click("button_List");
-    QCOMPARE(m_rig->sent(), QStringList("!!!") + freeRun + listStart);
+    QCOMPARE(said.last().first().toString(), QString("The list has no points to run"));
+    // Cells without a power send that of the main window.
+    m_rig->fill({"1 000 000;;50"});
+    m_rig->power.setText("-");
     m_rig->click("button_List");
-    QCOMPARE(m_rig->events,
-             QStringList({"starting", "started", "stopped", "starting", "started", "stopped"}));
+    QCOMPARE(m_rig->power.text(), QString("-7"));
+    QCOMPARE(m_rig->sent(), QStringList());
+    QCOMPARE(m_rig->events, QStringList());
+    verifyAtRest();
 }
 
 void SweepCommandsTest::instrumentRunsThePoints()
@@ -170,9 +225,8 @@ void SweepCommandsTest::restoresCw_data()
                              << "- 12"
                              << QStringList{"FREQ 1000000.000000 Hz;FREQ?!", "POW -12.000000;POW?!"}
                              << "1 000 000|-12";
-    QTest::newRow("empty") << ""
-                           << "" << QStringList{"FREQ 0.000000 Hz;FREQ?!!", "POW 0.000000;POW?!"}
-                           << "1 000 000 000|0";
+    QTest::newRow("no number") << ""
+                               << "5-3" << cwRestored << "1 500 000 000|-7";
 }
 
 void SweepCommandsTest::restoresCw()

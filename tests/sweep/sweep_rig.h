@@ -3,6 +3,7 @@
 #include "link/scpi_session.h"
 #include "panel/numeric_field.h"
 #include "panel/power_guard.h"
+#include "panel/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/point_table.h"
@@ -27,8 +28,8 @@ public:
         std::setlocale(LC_NUMERIC, "C");
         setUpNumericField(&frequency, FieldKind::Frequency);
         setUpNumericField(&power, FieldKind::Power);
-        frequency.setText("1 500 000 000");
-        power.setText("-7");
+        showAccepted(&frequency, "1 500 000 000");
+        showAccepted(&power, "-7");
         pulse.setCheckable(true);
         visa.load(Demo::libraryPath().toLocal8Bit().constData());
         session.openResourceManager();
