@@ -46,6 +46,7 @@ service::service(QWidget* parent)
     m_reloadTable = newFootButton("reload_table");
     m_openBackup = newFootButton("open_backup");
     m_applyCalibrate = newFootButton("applyCalibrate");
+    m_applyCalibrate->setMinimumWidth(buttonWidth);
     auto* foot = new QHBoxLayout;
     foot->setSpacing(spacing);
     foot->addWidget(m_reloadTable);
@@ -71,7 +72,6 @@ QPushButton* service::newFootButton(const char* name)
 {
     auto* button = new QPushButton(this);
     button->setObjectName(QLatin1String(name));
-    button->setMinimumWidth(buttonWidth);
     return button;
 }
 
