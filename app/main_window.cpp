@@ -90,10 +90,10 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireSweep();
     wireService();
     wireFirmware();
+    wireSource();
     wireProfiles();
     setUpEscape();
     setUpPush();
-    wireEnd();
     loadSettings();
     m_source->open();
     showSource();
@@ -166,7 +166,6 @@ void MainWindow::showSource()
 {
     m_ui->label_simulated->setVisible(m_source->isSimulated());
     findChild<QAction*>(QStringLiteral("action_simulator"))->setChecked(m_source->isSimulated());
-    m_ui->try_simulator->hide();
 }
 
 QString MainWindow::themeSetting() const
@@ -416,15 +415,10 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QMainWindow::closeEvent(event);
 }
 
-void MainWindow::finish()
+void MainWindow::endProgram()
 {
     close();
     m_panelProfiles->saveLast();
-}
-
-void MainWindow::endProgram()
-{
-    finish();
     QCoreApplication::quit();
 }
 

@@ -127,8 +127,7 @@ private:
     void wireService();
     void wireFirmware();
     void wireProfiles();
-    void wireEnd();
-    void finish();
+    void wireSource();
     void simulate(bool isSimulated);
     void showSource();
     QString themeSetting() const;

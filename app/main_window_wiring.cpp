@@ -12,6 +12,7 @@
 #include "app/panel_profiles.h"
 #include "app/run_display.h"
 #include "app/side_panels.h"
+#include "app/simulator_offer.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
 #include "link/instrument_limits.h"
@@ -121,10 +122,6 @@ void MainWindow::wireConnection()
     m_connection.setNeighbour(this);
     m_connection.setObstacle(
         [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
-    connect(&m_connection, &Connection::attemptStarted, m_ui->try_simulator, &QWidget::hide);
-    connect(&m_connection, &Connection::nothingFound, this,
-            [this] { m_ui->try_simulator->setVisible(!m_source->isSimulated()); });
-    connect(m_ui->try_simulator, &QAbstractButton::clicked, this, [this] { simulate(true); });
     connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
         m_ui->connect->setChecked(isChecked);
         m_ui->connect->repaint();
@@ -276,6 +273,19 @@ void MainWindow::wireFirmware()
             [this] { m_source->endBootloaderSoon(); });
 }
 
+void MainWindow::wireSource()
+{
+    auto* offer = new SimulatorOffer(this);
+    m_ui->status_layout->addWidget(offer);
+    setTabOrder(m_ui->closeWindow, offer);
+    connect(&m_connection, &Connection::attemptStarted, offer, &QWidget::hide);
+    connect(&m_connection, &Connection::nothingFound, offer,
+            [this, offer] { offer->setVisible(!m_source->isSimulated()); });
+    connect(offer, &QAbstractButton::clicked, this, [this] { simulate(true); });
+    // Answered at once: the desktop may end right behind it.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
+}
+
 void MainWindow::wireProfiles()
 {
     const auto isUsable = [this](const QWidget* widget) {
@@ -308,14 +318,6 @@ void MainWindow::wireProfiles()
     m_panelProfiles->files().store().exclude(m_profiles);
     m_sidePanels->add(m_profiles, m_ui->profiles);
     connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
-}
-
-/// The ends that no click of the user's asks for.
-void MainWindow::wireEnd()
-{
-    // Answered at once: the desktop may end right behind it, and on Windows the process.
-    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &MainWindow::finish);
 }
 
 void MainWindow::setUpEscape()

@@ -1279,10 +1279,6 @@ Keys: +, −, Left, Right, Home</source>
         <source>SIMULATED</source>
         <translation>ИМИТАТОР</translation>
     </message>
-    <message>
-        <source>Work with a simulated instrument; the menu leads back to a real one</source>
-        <translation>Работать с имитатором прибора; вернуться к настоящему можно через меню</translation>
-    </message>
 </context>
 <context>
     <name>ModeList</name>
@@ -2022,6 +2018,17 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Close panel</source>
         <translation>Закрыть панель</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatorOffer</name>
+    <message>
+        <source>Simulated instrument</source>
+        <translation>Имитатор прибора</translation>
+    </message>
+    <message>
+        <source>Work with a simulated instrument; the menu leads back to a real one</source>
+        <translation>Работать с имитатором прибора; вернуться к настоящему можно через меню</translation>
     </message>
 </context>
 <context>

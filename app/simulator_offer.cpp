@@ -1,0 +1,27 @@
+#include "app/simulator_offer.h"
+
+#include <QEvent>
+
+SimulatorOffer::SimulatorOffer(QWidget* parent) : QPushButton(parent)
+{
+    // No taller than the line: it comes and goes without moving anything.
+    constexpr int lineHeight = 24;
+    setObjectName(QStringLiteral("try_simulator"));
+    setMaximumHeight(lineHeight);
+    hide();
+    retranslate();
+}
+
+void SimulatorOffer::retranslate()
+{
+    setText(tr("Simulated instrument"));
+    setAccessibleName(text());
+    setToolTip(tr("Work with a simulated instrument; the menu leads back to a real one"));
+}
+
+void SimulatorOffer::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QPushButton::changeEvent(event);
+}

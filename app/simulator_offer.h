@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QPushButton>
+
+/// Offers the simulated instrument to whoever has found no real one: a button beside the status
+/// line, shown only then. A click asks for it; nothing is changed here.
+class SimulatorOffer : public QPushButton
+{
+    Q_OBJECT
+
+public:
+    explicit SimulatorOffer(QWidget* parent);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void retranslate();
+};
