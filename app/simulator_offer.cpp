@@ -8,6 +8,7 @@ SimulatorOffer::SimulatorOffer(QWidget* parent) : QPushButton(parent)
     constexpr int lineHeight = 24;
     setObjectName(QStringLiteral("try_simulator"));
     setMaximumHeight(lineHeight);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     hide();
     retranslate();
 }
