@@ -18,6 +18,13 @@ bool isFree(const Settings& settings)
     return settings.choiceAs<TriggerSource>(Choice::TriggerSource) == TriggerSource::Immediate;
 }
 
+bool isMixed(const Settings& settings)
+{
+    const auto frequency = settings.choiceAs<RunMode>(Choice::FrequencyMode);
+    const auto power = settings.choiceAs<RunMode>(Choice::PowerMode);
+    return frequency != power && frequency != RunMode::Fixed && power != RunMode::Fixed;
+}
+
 RunMode modeOf(const Settings& settings)
 {
     const auto frequency = settings.choiceAs<RunMode>(Choice::FrequencyMode);
@@ -45,13 +52,11 @@ ScpiError SweepEngine::initiate(const Settings& settings, Clock::Microseconds no
 {
     if (m_state != State::Idle)
         return ScpiError::InitIgnored;
+    const size_t count = pointCount(settings);
+    if (count == 0)
+        return ScpiError::SettingsConflict;
     const auto frequency = settings.choiceAs<RunMode>(Choice::FrequencyMode);
     const auto power = settings.choiceAs<RunMode>(Choice::PowerMode);
-    const bool isMixed =
-        frequency != power && frequency != RunMode::Fixed && power != RunMode::Fixed;
-    const size_t count = pointCount(settings);
-    if (isMixed || count == 0)
-        return ScpiError::SettingsConflict;
     const auto fits = [count](const std::vector<double>& list, bool isUsed) {
         return !isUsed || list.size() == count || list.size() == 1;
     };
@@ -131,20 +136,23 @@ void SweepEngine::settingsChanged(const Settings& settings, Clock::Microseconds 
         m_state = State::Waiting;
         m_point = 0;
     }
+    const size_t count = pointCount(settings);
+    if (count == 0) {
+        abort();
+        return;
+    }
+    // Also of a run that has ended and stays at its last point.
+    m_point = std::min(m_point, count);
     if (m_state == State::Running && isStepwise(settings))
         m_state = State::Waiting;
     else if (m_state == State::Waiting && isFree(settings))
         run(settings, std::max<size_t>(m_point, 1), now);
-    if (m_state == State::Idle)
-        return;
-    const size_t count = pointCount(settings);
-    m_point = std::min(m_point, count);
-    if (count == 0)
-        abort();
 }
 
 size_t SweepEngine::pointCount(const Settings& settings) const
 {
+    if (isMixed(settings))
+        return 0;
     switch (modeOf(settings)) {
     case RunMode::Fixed:
         return 0;

@@ -20,12 +20,14 @@ public:
     void abort();
     /// Brings the point up to the present; to be called before settings change or are observed.
     void advance(const Settings& settings, Clock::Microseconds now);
-    /// Follows a change of the trigger source or the list mode in a run.
+    /// Follows a change in a run: of the trigger source, the list mode, or of the points, which
+    /// ends the run when none are left or a sweep is mixed with a list.
     void settingsChanged(const Settings& settings, Clock::Microseconds now);
 
     State state() const { return m_state; }
     /// The present point, 1 for the first, 0 while none has been reached.
     size_t point() const { return m_point; }
+    /// 0 when there is nothing to run.
     size_t pointCount(const Settings& settings) const;
     double frequencyHz(const Settings& settings) const;
     double powerDbm(const Settings& settings) const;

@@ -34,14 +34,19 @@ void DemoRunTest::run_data()
 {
     QTest::addColumn<QByteArray>("setting");
     QTest::addColumn<Steps>("steps");
-    QTest::newRow("sweep, free") << QByteArray(sweep) << Steps{{"INIT:IMM", "RUN 1 1000000"},
-                                                               {"clock 999", "RUN 1 1000000"},
-                                                               {"*TRG", "RUN 1 1000000"},
-                                                               {"clock 1001", "RUN 3 3000000"},
-                                                               {"clock 2000", "RUN 5 5000000"},
-                                                               {"clock 1000", "IDLE 5 5000000"},
-                                                               {"INIT", "RUN 1 1000000"},
-                                                               {"ABOR", "IDLE 0 1000000000"}};
+    QTest::newRow("sweep, free") << QByteArray(sweep)
+                                 << Steps{{"INIT:IMM", "RUN 1 1000000"},
+                                          {"clock 999", "RUN 1 1000000"},
+                                          {"*TRG", "RUN 1 1000000"},
+                                          {"clock 1001", "RUN 3 3000000"},
+                                          {"clock 2000", "RUN 5 5000000"},
+                                          {"clock 1000", "IDLE 5 5000000"},
+                                          {"FREQ:MODE LIST", "IDLE 0 1000000000"},
+                                          {"FREQ:MODE SWE", "IDLE 0 1000000000"},
+                                          {"INIT", "RUN 1 1000000"},
+                                          {"POW:MODE LIST", "IDLE 0 1000000000"},
+                                          {"POW:MODE FIX;:INIT", "RUN 1 1000000"},
+                                          {"ABOR", "IDLE 0 1000000000"}};
     QTest::newRow("sweep, repeated")
         << QByteArray(sweep)
         << Steps{{"INIT:CONT ON", "IDLE 0 1000000000"}, {"INIT:IMM", "RUN 1 1000000"},
