@@ -1,5 +1,6 @@
 #include "demo/formatted_print.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -8,6 +9,9 @@
 
 namespace
 {
+
+/// Nothing that is sent is wider; wider ones would only fill the memory.
+constexpr int widestField = 1 << 20;
 
 /// One conversion of a format: what stands between "%" and its letter.
 struct Conversion {
@@ -122,7 +126,7 @@ bool Printer::parse(Conversion& conversion)
         conversion.width = parseCount();
     if (conversion.width < -1) {
         conversion.flags += '-';
-        conversion.width = -conversion.width;
+        conversion.width = -std::max(conversion.width, -widestField - 1);
     }
     if (*m_format == '.') {
         ++m_format;
@@ -139,6 +143,10 @@ bool Printer::parse(Conversion& conversion)
 
 ViStatus Printer::put(const Conversion& conversion)
 {
+    const bool isBlock = conversion.letter == 'b' || conversion.letter == 'B';
+    const int precision = conversion.letter == 's' ? 0 : conversion.precision;
+    if (!isBlock && std::max(conversion.width, precision) > widestField)
+        return VI_ERROR_INV_FMT;
     switch (conversion.letter) {
     case 'd':
     case 'i':

@@ -26,5 +26,6 @@ struct PrintedText {
 /// Formats by the VISA rules: conversions d i u o x X e E f g G s c b and %%, with flags, width,
 /// precision ("*" for either) and the sizes h l ll L; \n \r \t \\ \" and \ooo written out.
 /// %b takes a count (a width or "*") and a buffer and makes a definite-length block.
-/// Errors: VI_ERROR_INV_FMT, VI_ERROR_NSUP_FMT (arrays and the "@" numeric forms).
+/// Errors: VI_ERROR_INV_FMT (also for more than 1 048 576 characters in one field),
+/// VI_ERROR_NSUP_FMT (arrays and the "@" numeric forms).
 ViStatus printFormatted(const char* format, Arguments& arguments, PrintedText& printed);

@@ -1,6 +1,7 @@
 #include "tests/demo/demo_session.h"
 
 #include <cstdarg>
+#include <limits>
 
 class DemoFormattedIoTest : public QObject
 {
@@ -129,6 +130,9 @@ void DemoFormattedIoTest::refusedFormats()
     int integer = 0;
     char text[8] = {};
     QCOMPARE(printed("%q", 1), "VISA " + QByteArray::number(VI_ERROR_INV_FMT));
+    const int least = std::numeric_limits<int>::min();
+    QCOMPARE(printed("%*d", least, 1), "VISA " + QByteArray::number(VI_ERROR_INV_FMT));
+    QCOMPARE(printed("%.*d", 1 << 21, 1), "VISA " + QByteArray::number(VI_ERROR_INV_FMT));
     QCOMPARE(printed("%,3d", 1), "VISA " + QByteArray::number(VI_ERROR_NSUP_FMT));
     QCOMPARE(printed("%@1d", 1), "VISA " + QByteArray::number(VI_ERROR_NSUP_FMT));
     QCOMPARE(scan("ON", "%d", &integer), VI_ERROR_INV_FMT);
