@@ -54,7 +54,10 @@ Answer reset(Library& library, std::string_view)
 
 Answer setInstruments(Library& library, std::string_view rest)
 {
-    library.rack.setDescriptions(parseDescriptions(rest));
+    const DescribedInstruments described = parseDescriptions(rest);
+    if (!described.fault.empty())
+        return "error: " + described.fault;
+    library.rack.setDescriptions(described.instruments);
     return std::to_string(library.rack.instruments().size());
 }
 

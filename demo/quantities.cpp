@@ -1,5 +1,6 @@
 #include "demo/quantities.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 
@@ -38,6 +39,32 @@ const QuantityInfo quantities[] = {
     {Quantity::Dac,                "dac",                "",        1,    Unit::None,    0,    1, "",     0,     65535,   32768},
 };
 // clang-format on
+
+/// What the arithmetic of runs, tables and replies is made for, in the unit that is set.
+const struct {
+    Unit unit;
+    Range range;
+} widestRanges[] = {
+    {Unit::Hertz, {0, 1e12}},  {Unit::Dbm, {-1000, 1000}}, {Unit::Second, {1e-9, 1e6}},
+    {Unit::Percent, {0, 1e3}}, {Unit::Radian, {0, 1e6}},   {Unit::Volt, {0, 1e6}},
+    {Unit::None, {0, 65535}},
+};
+
+struct LimitKey {
+    const QuantityInfo* info = nullptr;
+    bool isMinimum = false;
+};
+
+LimitKey findLimitKey(std::string_view key)
+{
+    for (const QuantityInfo& info : quantities) {
+        const std::string stem = info.name;
+        const bool isMinimum = equalIgnoringCase(key, stem + "Min" + info.keyUnit);
+        if (isMinimum || equalIgnoringCase(key, stem + "Max" + info.keyUnit))
+            return {&info, isMinimum};
+    }
+    return {};
+}
 
 Range& rangeOf(Limits& limits, Quantity quantity)
 {
@@ -83,15 +110,31 @@ void applyModel(Limits& limits, const std::string& model)
 
 bool applyLimitKey(Limits& limits, std::string_view key, double number)
 {
-    for (const QuantityInfo& info : quantities) {
-        Range& range = rangeOf(limits, info.quantity);
-        const std::string stem = info.name;
-        const bool isMinimum = equalIgnoringCase(key, stem + "Min" + info.keyUnit);
-        if (!isMinimum && !equalIgnoringCase(key, stem + "Max" + info.keyUnit))
-            continue;
-        (isMinimum ? range.minimum : range.maximum) = number * info.keyScale;
-        alignSweepLimits(limits);
-        return true;
-    }
-    return false;
+    const LimitKey found = findLimitKey(key);
+    if (found.info == nullptr)
+        return false;
+    Range& range = rangeOf(limits, found.info->quantity);
+    (found.isMinimum ? range.minimum : range.maximum) = number * found.info->keyScale;
+    alignSweepLimits(limits);
+    return true;
+}
+
+std::string limitFault(const Limits& limits, std::string_view key, double number)
+{
+    const LimitKey found = findLimitKey(key);
+    if (found.info == nullptr)
+        return {};
+    const QuantityInfo& info = *found.info;
+    const auto widest =
+        std::find_if(std::begin(widestRanges), std::end(widestRanges), [&](const auto& row) {
+            return row.unit == info.unit;
+        })->range;
+    const double value = number * info.keyScale;
+    if (!(value >= widest.minimum && value <= widest.maximum))
+        return std::string(key) + " is " + numberText(widest.minimum / info.keyScale, 9) + " to " +
+               numberText(widest.maximum / info.keyScale, 9);
+    const Range& range = limits[static_cast<size_t>(info.quantity)];
+    return range.minimum > range.maximum
+               ? std::string(key) + " puts the lowest value above the highest"
+               : std::string();
 }

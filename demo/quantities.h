@@ -62,3 +62,6 @@ Limits defaultLimits();
 void applyModel(Limits& limits, const std::string& model);
 /// Applies a key such as "frequencyMaxHz"; false when no quantity has it.
 bool applyLimitKey(Limits& limits, std::string_view key, double number);
+/// Why an applied key cannot stand, all of the description being applied: "frequencyMaxHz is 0 to
+/// 1000000000000"; empty where it can, or where no quantity has the key.
+std::string limitFault(const Limits& limits, std::string_view key, double number);

@@ -1,6 +1,7 @@
 #include "demo/rack.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -129,5 +130,9 @@ void Rack::readFile()
     if (text == m_fileText)
         return;
     m_fileText = text;
-    setDescriptions(parseDescriptions(text));
+    const DescribedInstruments described = parseDescriptions(text);
+    if (described.fault.empty())
+        setDescriptions(described.instruments);
+    else
+        std::fprintf(stderr, "%s: %s\n", m_fileName.c_str(), described.fault.c_str());
 }

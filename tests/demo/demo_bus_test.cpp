@@ -25,6 +25,8 @@ private slots:
     void lockOfAnotherProcess();
     void unplugAndPlug();
     void instrumentFile();
+    void refusedDescriptions_data();
+    void refusedDescriptions();
     void massStorageWithFile();
     void massStorageWithoutFile();
     void bootloader();
@@ -355,11 +357,44 @@ void DemoBusTest::instrumentFile()
     QTRY_COMPARE(instrument.query("FREQ?"), "VISA " + describe(VI_ERROR_CONN_LOST));
 }
 
+void DemoBusTest::refusedDescriptions_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QByteArray>("fault");
+    const QByteArray rows[][2] = {
+        {"frequencyMaxHz=1e18", "frequencyMaxHz is 0 to 1000000000000"},
+        {"listDwellMinUs=0", "listDwellMinUs is 0.001 to 1000000000000"},
+        {"sweepPointsMax=1e300", "sweepPointsMax is 0 to 65535"},
+        {"powerMinDbm=25", "powerMinDbm puts the lowest value above the highest"},
+        {"latencyUs=16e9", "latencyUs is 0 to 60000000"},
+        {"LatencyUs=-1", "latencyUs is 0 to 60000000"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row[0].constData()) << row[0] << row[1];
+}
+
+void DemoBusTest::refusedDescriptions()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(QByteArray, fault);
+    const QByteArray text = "# one\n[20215678]\nmodel=KLV-20G\n" + line;
+    DemoSession instrument;
+    QCOMPARE(demo("instruments " + text), "error: line 4: " + fault);
+    QCOMPARE(instrument.query("FREQ? MAX"), QByteArray("20000000000"));
+    QTemporaryDir folder;
+    const QString name = folder.filePath("instruments.ini");
+    writeFile(name, text);
+    qputenv("KLV_DEMO_FILE", name.toLocal8Bit());
+    demo("reset");
+    QCOMPARE(demo("ask *IDN?"), QByteArray("error: no such instrument"));
+}
+
 void DemoBusTest::massStorageWithFile()
 {
     QTemporaryDir folder;
     const QString name = folder.filePath("instruments.ini");
-    const QByteArray before = "; kept\n[111]\nmassStorage=on\n[20215678]\nmodel=KLV-20G\n";
+    const QByteArray before =
+        "; [20215678] is kept\n[111]\nmassStorage=on\n[20215678]\nmodel=KLV-20G\n";
     writeFile(name, before);
     qputenv("KLV_DEMO_FILE", name.toLocal8Bit());
     DemoSession instrument;
