@@ -1,15 +1,36 @@
 #include "demo/resource_name.h"
 
-#include <cctype>
+#include "demo/scpi_text.h"
+
+#include <charconv>
 #include <cstdio>
-#include <cstring>
+#include <vector>
 
 namespace
 {
 
-ViUInt16 numberOf(const std::string& text)
+bool readDecimal(std::string_view text, ViUInt16& number, int base = 10)
 {
-    return static_cast<ViUInt16>(std::strtoul(text.c_str(), nullptr, 0));
+    const char* end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number, base);
+    return read.ec == std::errc() && read.ptr == end;
+}
+
+bool readNumber(std::string_view text, ViUInt16& number)
+{
+    return equalIgnoringCase(text.substr(0, 2), "0x") ? readDecimal(text.substr(2), number, 16)
+                                                      : readDecimal(text, number);
+}
+
+std::vector<std::string_view> partsOf(std::string_view text)
+{
+    std::vector<std::string_view> parts;
+    for (size_t end = text.find("::"); end != text.npos; end = text.find("::")) {
+        parts.push_back(text.substr(0, end));
+        text.remove_prefix(end + 2);
+    }
+    parts.push_back(text);
+    return parts;
 }
 
 } // namespace
@@ -24,49 +45,21 @@ std::string ResourceName::text() const
 
 bool parseResourceName(const std::string& text, ResourceName& name)
 {
-    static const std::regex pattern("USB([0-9]*)::(0x[0-9A-F]+|[0-9]+)::(0x[0-9A-F]+|[0-9]+)"
-                                    "::([^:]+)(?:::([0-9]+))?(?:::INSTR)?",
-                                    std::regex::icase);
-    std::smatch parts;
-    if (text.size() >= VI_FIND_BUFLEN || !std::regex_match(text, parts, pattern))
+    std::vector<std::string_view> parts = partsOf(text);
+    if (parts.size() > 4 && equalIgnoringCase(parts.back(), "INSTR"))
+        parts.pop_back();
+    if (text.size() >= VI_FIND_BUFLEN || parts.size() < 4 || parts.size() > 5 ||
+        !equalIgnoringCase(parts[0].substr(0, 3), "USB"))
         return false;
-    name.board = numberOf(parts[1]);
-    name.vendor = numberOf(parts[2]);
-    name.product = numberOf(parts[3]);
-    name.serial = parts[4];
-    name.interfaceNumber = numberOf(parts[5]);
+    ResourceName read;
+    const std::string_view board = parts[0].substr(3);
+    const bool isRead = (board.empty() || readDecimal(board, read.board)) &&
+                        readNumber(parts[1], read.vendor) && readNumber(parts[2], read.product) &&
+                        !parts[3].empty() && parts[3].find(':') == parts[3].npos &&
+                        (parts.size() == 4 || readDecimal(parts[4], read.interfaceNumber));
+    if (!isRead)
+        return false;
+    read.serial = parts[3];
+    name = read;
     return true;
-}
-
-std::optional<ResourceFilter> ResourceFilter::from(const std::string& expression)
-{
-    if (expression.empty() || expression.size() >= VI_FIND_BUFLEN)
-        return std::nullopt;
-    std::string pattern;
-    bool isInList = false;
-    for (size_t i = 0; i < expression.size(); ++i) {
-        const bool isEscaped = expression[i] == '\\' && i + 1 < expression.size();
-        const char character = expression[isEscaped ? ++i : i];
-        const bool isLetter = std::isalnum(static_cast<unsigned char>(character)) != 0;
-        if (character == '?' && !isEscaped && !isInList)
-            pattern += '.';
-        else if (!isLetter &&
-                 (isEscaped || (!isInList && std::strchr(".^${}", character) != nullptr)))
-            pattern += {'\\', character};
-        else
-            pattern += character;
-        isInList = !isEscaped && (character == '[' || (isInList && character != ']'));
-    }
-    try {
-        ResourceFilter filter;
-        filter.m_pattern.assign(pattern, std::regex::icase);
-        return filter;
-    } catch (const std::regex_error&) {
-        return std::nullopt;
-    }
-}
-
-bool ResourceFilter::matches(const std::string& name) const
-{
-    return std::regex_match(name, m_pattern);
 }

@@ -2,8 +2,6 @@
 
 #include "visa/visa.h"
 
-#include <optional>
-#include <regex>
 #include <string>
 
 /// A VISA resource name of a USB instrument, taken apart.
@@ -20,16 +18,3 @@ struct ResourceName {
 
 /// Reads USB[board]::vendor::product::serial[::interface][::INSTR]; false for anything else.
 bool parseResourceName(const std::string& text, ResourceName& name);
-
-/// A search expression by the VISA rules: ? any character, * and + repeat what stands before,
-/// [list], [^list], | and ( ); in any case, over the whole name. Conditions on attributes in
-/// braces are not known.
-class ResourceFilter
-{
-public:
-    static std::optional<ResourceFilter> from(const std::string& expression);
-    bool matches(const std::string& name) const;
-
-private:
-    std::regex m_pattern;
-};

@@ -1,4 +1,5 @@
 // Resource manager, search, opening and closing.
+#include "demo/resource_filter.h"
 #include "demo/resource_name.h"
 #include "demo/session.h"
 #include "demo/visa_api.h"
