@@ -15,6 +15,11 @@ if(KLV_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
   target_link_options(klv_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(KLV_FUZZ)
+  target_compile_options(klv_options INTERFACE
+    -fsanitize=fuzzer-no-link,float-cast-overflow -fno-sanitize-recover=all)
+  target_compile_definitions(klv_options INTERFACE _GLIBCXX_ASSERTIONS)
+endif()
 
 # klv_library(NAME SOURCES file... [LINK library...])
 # A static library of one folder. Headers with Q_OBJECT and forms need no listing.

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and running need; only what is missing.
 #   --dev      also what format.sh, tidy.sh and docs/manual/pictures.sh need
+#   --fuzz     also the compiler of tools/fuzz.sh
 #   --screen   also the virtual screen that run.sh uses where there is none
 #   --wayland  also Qt's platform for a display that has no X
 #   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine,
@@ -18,6 +19,7 @@ packages=(
 for option in "$@"; do
     case "$option" in
         --dev) packages+=(clang-format clang-tidy pngquant) ;;
+        --fuzz) packages+=(clang libclang-rt-dev) ;;
         --screen) packages+=(tigervnc-standalone-server xauth util-linux) ;;
         --wayland) packages+=(qtwayland5) ;;
         --windows)
@@ -28,7 +30,7 @@ for option in "$@"; do
                 libxrender1 libxxf86vm1
             ) ;;
         --package) packages+=(dpkg-dev file) ;;
-        *) echo "usage: $0 [--dev] [--screen] [--wayland] [--windows] [--package]" >&2; exit 2 ;;
+        *) echo "usage: $0 [--dev] [--fuzz] [--screen] [--wayland] [--windows] [--package]" >&2; exit 2 ;;
     esac
 done
 

@@ -1,0 +1,22 @@
+#include "tests/fuzz/fuzz.h"
+
+#include "sweep/list_file.h"
+#include "tests/fuzz/memory_file.h"
+
+/// A list file of any bytes: refused whole, or what was read comes back the same when written.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static const MemoryFile file;
+    file.set(reinterpret_cast<const char*>(data), size);
+    const ReadList read = readListFile(file.path);
+    if (read.error != ListFileError::None) {
+        PROMISE(read.rows.empty());
+        return 0;
+    }
+    const QByteArray text = listText(read.rows);
+    file.set(text.constData(), static_cast<std::size_t>(text.size()));
+    const ReadList again = readListFile(file.path);
+    constexpr std::size_t longLine = 4000;
+    PROMISE(size > longLine || (again.error == ListFileError::None && again.rows == read.rows));
+    return 0;
+}

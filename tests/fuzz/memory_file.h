@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdlib>
+#include <sys/mman.h>
+#include <unistd.h>
+
+/// A file that is nowhere on the disk, for what reads by path.
+struct MemoryFile {
+    const int descriptor = memfd_create("fuzz", 0);
+    const QString path = QStringLiteral("/proc/self/fd/%1").arg(descriptor);
+
+    void set(const char* bytes, std::size_t count) const
+    {
+        if (ftruncate(descriptor, 0) != 0 ||
+            pwrite(descriptor, bytes, count, 0) != static_cast<ssize_t>(count))
+            std::abort();
+    }
+};

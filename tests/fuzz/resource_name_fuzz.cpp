@@ -1,0 +1,22 @@
+#include "tests/fuzz/fuzz.h"
+
+#include "demo/resource_filter.h"
+#include "demo/resource_name.h"
+
+/// VISA resource names and search expressions: a name that is read is written and read the same,
+/// and no expression takes long.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Bytes bytes(data, size);
+    const std::string name = bytes.text();
+    ResourceName parsed;
+    if (parseResourceName(name, parsed)) {
+        ResourceName again;
+        const std::string whole = parsed.text();
+        PROMISE(whole.size() >= VI_FIND_BUFLEN || parseResourceName(whole, again));
+        PROMISE(whole.size() >= VI_FIND_BUFLEN || again.text() == whole);
+    }
+    if (const auto filter = ResourceFilter::from(bytes.rest()))
+        filter->matches("USB0::0x5645::0x0040::20215678::0::INSTR");
+    return 0;
+}

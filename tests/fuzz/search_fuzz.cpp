@@ -1,0 +1,76 @@
+#include "tests/fuzz/fuzz.h"
+
+#include "link/search_klv.h"
+#include "link/visa_library.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+Bytes* told = nullptr;
+constexpr std::size_t room = VI_FIND_BUFLEN;
+
+/// All of the room, with or without a NUL.
+void fill(char* buffer)
+{
+    const std::string text = told->text();
+    std::memset(buffer, 'A', text.size() % 3 == 0 ? room : 0);
+    std::memcpy(buffer, text.c_str(), std::min(text.size() + 1, room));
+}
+
+ViStatus KLV_VISA_FIXED findFirst(ViSession, ViConstString, ViPFindList list, ViPUInt32 count,
+                                  ViChar* address)
+{
+    *list = 7;
+    *count = 3;
+    fill(address);
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED findNext(ViFindList, ViChar* address)
+{
+    if (told->isEmpty())
+        return VI_ERROR_RSRC_NFOUND;
+    fill(address);
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED attribute(ViObject, ViAttr, void* value)
+{
+    if (told->byte() % 8 == 0)
+        return VI_ERROR_NSUP_ATTR;
+    fill(static_cast<char*>(value));
+    return VI_SUCCESS;
+}
+
+} // namespace
+
+/// What a VISA library tells of the resources it finds, with or without an end, stays within its
+/// room.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    static int count = 0;
+    static QCoreApplication application(count, nullptr);
+    Bytes bytes(data, size);
+    told = &bytes;
+    VisaLibrary visa;
+    visa.viFindRsrc = findFirst;
+    visa.viFindNext = findNext;
+    visa.viGetAttribute = attribute;
+    const ViSession manager = 1;
+    SearchKLV search(visa, manager);
+    QObject::connect(
+        &search, &SearchKLV::sendData, &search,
+        [](const QString& address, const QString& model, const QString& series) {
+            PROMISE(address.size() < int(room) && model.size() < int(room) &&
+                    series.size() < int(room));
+        },
+        Qt::DirectConnection);
+    search.begin();
+    search.wait();
+    return 0;
+}

@@ -1,0 +1,20 @@
+#include "tests/fuzz/fuzz.h"
+
+#include "link/usb_instance_id.h"
+
+/// Device IDs as Windows writes them: the first serial asked for is the first of all, none is
+/// empty.
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    Bytes bytes(data, size);
+    QStringList parents;
+    QStringList own;
+    while (!bytes.isEmpty()) {
+        const bool isParent = bytes.byte() % 2 == 0;
+        (isParent ? parents : own) << QString::fromStdString(bytes.text());
+    }
+    const QStringList all = serialsInInstanceIds(parents, own, false);
+    const QStringList first = serialsInInstanceIds(parents, own, true);
+    PROMISE(first == all.mid(0, 1) && !all.contains(QString()));
+    return 0;
+}
