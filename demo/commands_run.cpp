@@ -107,6 +107,8 @@ ScpiError moveToPoint(const Command&, Request& request)
     const ScpiError error = takeOnly(request, text);
     if (error != ScpiError::None)
         return error;
+    if (model.settings.choice(Choice::ListMode) == 0)
+        return ScpiError::SettingsConflict;
     const size_t point = model.run.point();
     const size_t count = model.run.pointCount(model.settings);
     if (matchesKeyword(text, "UP"))

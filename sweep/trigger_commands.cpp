@@ -139,9 +139,13 @@ void TriggerCommands::choiceChanged()
 /// A row was chosen. Only a list that is stepped by hand goes there.
 void TriggerCommands::pointChosen(int number)
 {
-    if (m_panel.triggerChoice() == TriggerChoice::Manual &&
-        !progressBarForTable::liesWithin(m_panel.table()))
-        dowloadPointList(number);
+    if (m_panel.triggerChoice() != TriggerChoice::Manual ||
+        progressBarForTable::liesWithin(m_panel.table()))
+        return;
+    // The instrument refuses a point while it runs through all of them.
+    if (m_session.isConnected() && m_panel.runList().isChecked())
+        prepareManual();
+    dowloadPointList(number);
 }
 
 bool TriggerCommands::isRunConnected() const

@@ -127,9 +127,10 @@ void DemoRunTest::refusedStarts_data()
         {"FREQ:MODE LIST;:POW:MODE SWE;:LIST:FREQ 1MHZ;DWEL 1;:INIT", "-221"},
         {"FREQ:MODE LIST;:POW:MODE LIST;:LIST:FREQ 1MHZ,2MHZ,3MHZ;POW 0,1;DWEL 1;:INIT", "-226"},
         {"FREQ:MODE SWE;:INIT;INIT", "-213"},
-        {"LIST:MAN UP", "-221"},
-        {"FREQ:MODE SWE;:INIT;:LIST:MAN 0", "-222"},
-        {"FREQ:MODE SWE;:INIT;:LIST:MAN 102", "-222"},
+        {"LIST:MODE MAN;MAN UP", "-221"},
+        {"FREQ:MODE SWE;:INIT;:LIST:MAN 2", "-221"},
+        {"FREQ:MODE SWE;:LIST:MODE MAN;:INIT;:LIST:MAN 0", "-222"},
+        {"FREQ:MODE SWE;:LIST:MODE MAN;:INIT;:LIST:MAN 102", "-222"},
         {"FREQ:MODE SWE;:TRIG:SOUR BUS;*TRG", "-211"},
     };
     for (const auto& row : rows)

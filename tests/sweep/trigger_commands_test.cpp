@@ -134,6 +134,7 @@ void TriggerCommandsTest::stepTakesAFreeSweepOver()
 
 void TriggerCommandsTest::listGoesToThePointChosen()
 {
+    m_rig->panel.allPointsMode().setChecked(false);
     run("button_List");
     emit m_rig->panel.pointChosen(2);
     QCOMPARE(m_rig->sent(), QStringList());
@@ -142,10 +143,14 @@ void TriggerCommandsTest::listGoesToThePointChosen()
     emit m_rig->panel.pointChosen(3);
     QCOMPARE(m_rig->sent(), QStringList("LIST:MAN 3!"));
     QCOMPARE(m_rig->whereItIs(), QString("3 WAIT 3000000 -3"));
+    m_rig->panel.allPointsMode().setChecked(true);
+    emit m_rig->panel.pointChosen(2);
+    QCOMPARE(m_rig->sent(), QStringList("LIST:MODE AUTO!") + manual + QStringList("LIST:MAN 2!"));
+    QCOMPARE(m_rig->whereItIs(), QString("2 WAIT 2000000 -2"));
     // From one whose name says no direction, too.
     m_rig->triggers.sharedCommand_List_Sweep();
     QCOMPARE(m_rig->sent(), QStringList());
-    QCOMPARE(m_rig->events, QStringList({"to 3", "refresh"}));
+    QCOMPARE(m_rig->events, QStringList({"to 3", "to 2", "refresh"}));
     m_rig->click("button_List");
     m_rig->sent();
     emit m_rig->panel.pointChosen(1);
