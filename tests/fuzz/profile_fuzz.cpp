@@ -75,7 +75,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     if (file.fault != ProfileFault::None)
         return 0;
     rig.replay.run(file.entries, false);
-    PROMISE(rig.read(profileDocument(rig.store, file.name)).fault == ProfileFault::None);
+    const auto present = [](const QLineEdit& field) { return field.text(); };
+    PROMISE(rig.read(profileDocument(rig.store, file.name, present)).fault == ProfileFault::None);
 
     const QByteArray document = renamedDocument(bytes, rig.store, QStringLiteral("new"));
     if (document.isEmpty())
