@@ -35,7 +35,7 @@ PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, QWidget* parent)
     m_field->setMaxLength(longestPower);
     m_field->setFixedWidth(fieldWidth);
     m_field->setAlignment(Qt::AlignRight);
-    setUpNumericField(m_field, FieldKind::Power);
+    setUpNumericField(m_field, Quantity::HighestPower);
     describe(m_field, windowTitle(), tr("Whole dBm, or nothing"));
     auto* line = new QHBoxLayout;
     line->addWidget(m_field);

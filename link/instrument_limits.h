@@ -1,46 +1,33 @@
 #pragma once
 
-#include <QtGlobal>
+#include "numbers/quantity.h"
+#include "numbers/range.h"
+
+#include <array>
 
 class ScpiSession;
 
-/// Smallest and largest value of one setting; both 0 until an instrument has told them.
-template <typename T>
-struct Range {
-    T min{};
-    T max{};
-
-    bool isKnown() const { return min != T{} || max != T{}; }
-    Range<double> wide() const { return {static_cast<double>(min), static_cast<double>(max)}; }
-};
-
-/// The ranges of every adjustable quantity of the instrument. Keeps the last instrument's values
-/// after a disconnect; converts nothing but the replies it reads.
-struct InstrumentLimits {
-    Range<qint64> frequencyHz;
-    Range<double> powerDbm;
-    Range<qint32> pulsePeriodUs;
-    Range<qint32> pulseWidthUs;
-    Range<double> amDepth; ///< percent
-    Range<double> amRateHz;
-    Range<qint32> amDuty; ///< percent
-    Range<double> fmDeviationHz;
-    Range<double> fmRateHz;
-    Range<qint32> fmDuty; ///< percent
-    Range<double> pmDeviationRad;
-    Range<double> pmRateHz;
-    Range<qint32> pmDuty; ///< percent
-    Range<qint32> lfDuty; ///< percent
-    Range<double> lfAmplitudeV;
-    Range<double> lfFrequencyHz;
-    Range<qint32> referenceMHz;
-    Range<qint32> listDwellUs;
-    Range<qint32> sweepDwellUs;
-
+/// The ranges of every quantity of the instrument. Keeps the last instrument's values after a
+/// disconnect; converts nothing but the replies it reads.
+class InstrumentLimits
+{
+public:
     /// The one table of the process.
     static InstrumentLimits& global();
+
+    /// What bounds a quantity. A column of a list shares the range of the front panel's.
+    const Range& operator[](Quantity quantity) const { return m_ranges[indexOf(quantity)]; }
+    Range& operator[](Quantity quantity) { return m_ranges[indexOf(quantity)]; }
 
     /// Asks the instrument for all limits, MAX before MIN. The first query that fails stops the
     /// rest: they keep what they had. Nothing is reported.
     void readLimits(ScpiSession& session);
+
+private:
+    static std::size_t indexOf(Quantity quantity)
+    {
+        return static_cast<std::size_t>(boundedAs(quantity));
+    }
+
+    std::array<Range, quantityCount> m_ranges;
 };

@@ -9,25 +9,29 @@
 
 #include <QLineEdit>
 
-void FieldExchange::accept(QLineEdit* field, const Range<double>& range)
+void FieldExchange::accept(QLineEdit* field) const
 {
-    clampField(range, numericField(field)->kind, field);
+    clampField(m_limits, field);
     showAccepted(field, field->text());
 }
 
-void FieldExchange::acceptAsItStands(QLineEdit* field, const Range<double>& range)
+void FieldExchange::acceptAsItStands(QLineEdit* field) const
 {
+    const Range& range = m_limits[numericField(field)->quantity];
     const QString number = withoutBlanks(field->text());
     const double value = toNumber(number);
     const bool isWithin = !range.isKnown() || (range.min <= value && value <= range.max);
     if (isWithin && isPlainDecimal(number))
         showAccepted(field, field->text());
     else
-        accept(field, range);
+        accept(field);
 }
 
-void FieldExchange::setAccepted(const char* format, QLineEdit* field)
+void FieldExchange::setAndShow(const char* format, QLineEdit* field)
 {
+    if (!takeNumber(field))
+        return;
+    accept(field);
     if (!m_session.isConnected())
         return;
     showAccepted(field, m_session.setAndReadBack(format, toNumber(field->text()),
@@ -35,8 +39,11 @@ void FieldExchange::setAccepted(const char* format, QLineEdit* field)
     m_session.checkErrors();
 }
 
-void FieldExchange::writeAccepted(const TwoStep& texts, QLineEdit* field)
+void FieldExchange::writeAndShow(const TwoStep& texts, QLineEdit* field)
 {
+    if (!takeNumber(field))
+        return;
+    acceptAsItStands(field);
     if (!m_session.isConnected())
         return;
     const QString number = withoutBlanks(field->text());

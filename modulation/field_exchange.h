@@ -21,40 +21,23 @@ public:
         QString query;
     };
 
-    explicit FieldExchange(ScpiSession& session) : m_session(session) {}
+    FieldExchange(ScpiSession& session, const InstrumentLimits& limits)
+        : m_session(session), m_limits(limits)
+    {
+    }
 
     /// Sends `format` with the field's number, shows the reply and drains the error queue.
-    template <typename T>
-    void setAndShow(const char* format, QLineEdit* field, const Range<T>& range)
-    {
-        if (!takeNumber(field))
-            return;
-        accept(field, asReal(range));
-        setAccepted(format, field);
-    }
+    void setAndShow(const char* format, QLineEdit* field);
 
     /// Writes the command with the field's text, which stays as it stands while it is within the
     /// range, then the query, and shows its reply; a failed read leaves the field. Checks no
     /// errors.
-    template <typename T>
-    void writeAndShow(const TwoStep& texts, QLineEdit* field, const Range<T>& range)
-    {
-        if (!takeNumber(field))
-            return;
-        acceptAsItStands(field, asReal(range));
-        writeAccepted(texts, field);
-    }
+    void writeAndShow(const TwoStep& texts, QLineEdit* field);
 
 private:
-    template <typename T>
-    static Range<double> asReal(const Range<T>& range)
-    {
-        return {static_cast<double>(range.min), static_cast<double>(range.max)};
-    }
-    static void accept(QLineEdit* field, const Range<double>& range);
-    static void acceptAsItStands(QLineEdit* field, const Range<double>& range);
-    void setAccepted(const char* format, QLineEdit* field);
-    void writeAccepted(const TwoStep& texts, QLineEdit* field);
+    void accept(QLineEdit* field) const;
+    void acceptAsItStands(QLineEdit* field) const;
 
     ScpiSession& m_session;
+    const InstrumentLimits& m_limits;
 };

@@ -101,9 +101,9 @@ QGridLayout* generator::buildShapes()
 
 void generator::wire()
 {
-    setUpNumericField(frequency(), FieldKind::LfFrequency, StepKind::LfFrequency);
-    setUpNumericField(amplitude(), FieldKind::LfAmplitude, StepKind::LfAmplitude);
-    setUpNumericField(duty(), FieldKind::LfDuty, StepKind::LfDuty);
+    setUpNumericField(frequency(), Quantity::LfFrequency);
+    setUpNumericField(amplitude(), Quantity::LfAmplitude);
+    setUpNumericField(duty(), Quantity::LfDuty);
     connect(frequency(), &QLineEdit::textEdited, this, &generator::FREQ_Edit);
     connect(amplitude(), &QLineEdit::textEdited, this, &generator::Volt_Edit);
     for (const QLineEdit* field : {frequency(), amplitude(), duty()})

@@ -47,7 +47,7 @@ static_assert(std::size(shapeRows) == shapeCount);
 LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, const InstrumentLimits& limits,
                                          generator& panel, QLabel& indicator, QObject* parent)
     : QObject(parent), m_session(session), m_limits(limits), m_panel(panel), m_indicator(indicator),
-      m_exchange(session)
+      m_exchange(session, limits)
 {
     wire();
     update_Generator();
@@ -132,7 +132,7 @@ void LfGeneratorCommands::initial_FREQ_AMPL_GENER()
     if (shape == WaveShape::Random)
         return;
     if (shape != WaveShape::Dc)
-        m_exchange.writeAndShow(frequencyTexts, m_panel.frequency(), m_limits.lfFrequencyHz);
+        m_exchange.writeAndShow(frequencyTexts, m_panel.frequency());
     editVoltGenerator();
     if (shape == WaveShape::Square)
         editPercentGenerator();
@@ -140,17 +140,17 @@ void LfGeneratorCommands::initial_FREQ_AMPL_GENER()
 
 void LfGeneratorCommands::editFreqGenerator()
 {
-    m_exchange.setAndShow(frequencyFormat, m_panel.frequency(), m_limits.lfFrequencyHz);
+    m_exchange.setAndShow(frequencyFormat, m_panel.frequency());
 }
 
 void LfGeneratorCommands::editVoltGenerator()
 {
-    m_exchange.setAndShow(amplitudeFormat, m_panel.amplitude(), m_limits.lfAmplitudeV);
+    m_exchange.setAndShow(amplitudeFormat, m_panel.amplitude());
 }
 
 void LfGeneratorCommands::editPercentGenerator()
 {
-    m_exchange.setAndShow(dutyFormat, m_panel.duty(), m_limits.lfDuty);
+    m_exchange.setAndShow(dutyFormat, m_panel.duty());
 }
 
 void LfGeneratorCommands::restore()

@@ -18,17 +18,11 @@ namespace
 struct ModulationRow {
     const char* levelFormat;
     bool isLevelBeforeRate;
-    Range<double> InstrumentLimits::*rate;
-    Range<double> InstrumentLimits::*level;
-    Range<qint32> InstrumentLimits::*duty;
 };
 constexpr ModulationRow modulationRows[] = {
-    {"AM %lf;AM?", false, &InstrumentLimits::amRateHz, &InstrumentLimits::amDepth,
-     &InstrumentLimits::amDuty},
-    {"FM %lf Hz;FM?", true, &InstrumentLimits::fmRateHz, &InstrumentLimits::fmDeviationHz,
-     &InstrumentLimits::fmDuty},
-    {"PM %lf;PM?", false, &InstrumentLimits::pmRateHz, &InstrumentLimits::pmDeviationRad,
-     &InstrumentLimits::pmDuty},
+    {"AM %lf;AM?", false},
+    {"FM %lf Hz;FM?", true},
+    {"PM %lf;PM?", false},
 };
 static_assert(std::size(modulationRows) == modulations.size());
 /// The order in which it is asked which of the three is on.
@@ -71,7 +65,7 @@ ModulationCommands::ModulationCommands(ScpiSession& session, const InstrumentLim
                                        Modulat& panel, const Indicators& indicators,
                                        QObject* parent)
     : QObject(parent), m_session(session), m_limits(limits), m_panel(panel),
-      m_indicators(indicators), m_exchange(session),
+      m_indicators(indicators), m_exchange(session, limits),
       m_pulse(session, limits, panel, indicators.pulse)
 {
     connect(&m_pulse, &PulseCommands::switchedOn, this, &ModulationCommands::switchedOn);
@@ -280,14 +274,12 @@ void ModulationCommands::sendRate(Modulation modulation)
     const ModulationGroup& group = m_panel.group(modulation);
     const QString header = group.name() + rateSuffix;
     m_exchange.writeAndShow({header + QLatin1Char(' '), hertzUnit, header + QLatin1Char('?')},
-                            group.rate().field, m_limits.*rowOf(modulation).rate);
+                            group.rate().field);
 }
 
 void ModulationCommands::sendLevel(Modulation modulation)
 {
-    const ModulationRow& row = rowOf(modulation);
-    m_exchange.setAndShow(row.levelFormat, m_panel.group(modulation).level().field,
-                          m_limits.*row.level);
+    m_exchange.setAndShow(rowOf(modulation).levelFormat, m_panel.group(modulation).level().field);
 }
 
 void ModulationCommands::sendDuty(Modulation modulation)
@@ -295,7 +287,7 @@ void ModulationCommands::sendDuty(Modulation modulation)
     const ModulationGroup& group = m_panel.group(modulation);
     const QString header = group.name() + dutySuffix;
     m_exchange.writeAndShow({header + QLatin1Char(' '), QString(), header + QLatin1Char('?')},
-                            group.duty().field, m_limits.*rowOf(modulation).duty);
+                            group.duty().field);
 }
 
 void ModulationCommands::restore()

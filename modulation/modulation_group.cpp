@@ -24,9 +24,10 @@ struct ModulationGroup::Row {
     const char* levelCaption;
     const char* levelTip;
     Unit levelUnit;
-    FieldKind levelKind;
     const char* levelText;
-    StepKind steps[3];
+    Quantity rate;
+    Quantity level;
+    Quantity duty;
     const char* rateNames[2]; ///< caption button, unit button
     const char* levelNames[2];
     const char* dutyUnitName;
@@ -36,7 +37,7 @@ struct ModulationGroup::Row {
 namespace
 {
 using Row = ModulationGroup::Row;
-using S = StepKind;
+using Q = Quantity;
 
 const Row rows[] = {
     {QT_TRANSLATE_NOOP("ModulationGroup", "AM"),
@@ -46,9 +47,10 @@ const Row rows[] = {
      QT_TRANSLATE_NOOP("ModulationGroup", "Depth"),
      QT_TRANSLATE_NOOP("ModulationGroup", "AM depth in percent"),
      Unit::Percent,
-     FieldKind::AmDepth,
      "1.00",
-     {S::AmRate, S::AmDepth, S::AmDuty},
+     Q::AmRate,
+     Q::AmDepth,
+     Q::AmDuty,
      {"Ampl_F", "pushButton"},
      {"Ampl_depth", "pushButton_2"},
      "pushButton_7",
@@ -60,9 +62,10 @@ const Row rows[] = {
      QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
      QT_TRANSLATE_NOOP("ModulationGroup", "FM deviation in hertz"),
      Unit::Hertz,
-     FieldKind::FmDeviation,
      "0.0015625",
-     {S::FmRate, S::FmDeviation, S::FmDuty},
+     Q::FmRate,
+     Q::FmDeviation,
+     Q::FmDuty,
      {"FREQ_T", "pushButton_3"},
      {"FREQ_Dev", "pushButton_4"},
      "pushButton_8",
@@ -74,9 +77,10 @@ const Row rows[] = {
      QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
      QT_TRANSLATE_NOOP("ModulationGroup", "PM deviation in radians"),
      Unit::Radian,
-     FieldKind::PmDeviation,
      "0.001",
-     {S::PmRate, S::PmDeviation, S::PmDuty},
+     Q::PmRate,
+     Q::PmDeviation,
+     Q::PmDuty,
      {"Phase_T", "pushButton_5"},
      {"Phase_Dev", "pushButton_6"},
      "pushButton_9",
@@ -111,9 +115,9 @@ ModulationGroup::ModulationGroup(Modulation modulation, QWidget* selection, QWid
     m_state->setIcon(QIcon(QLatin1String(m_row.image)));
     build();
     shapeButton(WaveShape::Sine)->setChecked(true);
-    setUpNumericField(m_rate.field, FieldKind::ModulationRate, m_row.steps[0]);
-    setUpNumericField(m_level.field, m_row.levelKind, m_row.steps[1]);
-    setUpNumericField(m_duty.field, FieldKind::Duty, m_row.steps[2]);
+    setUpNumericField(m_rate.field, m_row.rate);
+    setUpNumericField(m_level.field, m_row.level);
+    setUpNumericField(m_duty.field, m_row.duty);
 
     for (const QLineEdit* field : {m_rate.field, m_level.field, m_duty.field})
         connect(field, &QLineEdit::textChanged, this, &ModulationGroup::refresh);

@@ -26,7 +26,7 @@ constexpr char widthFormat[] = "PULM:INT:PWID %lf U;PWID?";
 /// The resolution of the period: the least by which it exceeds the width.
 constexpr double periodResolutionUs = 0.1;
 
-QString boundedText(const QString& text, const Range<qint32>& range, FieldKind kind)
+QString boundedText(const QString& text, const Range& range, FieldKind kind)
 {
     return clampText(text, range.min, range.max, kind);
 }
@@ -175,12 +175,12 @@ bool PulseCommands::keepWidthBelowPeriod()
 
 QString PulseCommands::periodWithinLimits(const QString& textUs) const
 {
-    return boundedText(textUs, m_limits.pulsePeriodUs, FieldKind::PulsePeriod);
+    return boundedText(textUs, m_limits[Quantity::PulsePeriod], FieldKind::PulsePeriod);
 }
 
 QString PulseCommands::widthWithinLimits(const QString& textUs) const
 {
-    return boundedText(textUs, m_limits.pulseWidthUs, FieldKind::PulseWidth);
+    return boundedText(textUs, m_limits[Quantity::PulseWidth], FieldKind::PulseWidth);
 }
 
 void PulseCommands::sendPeriod()

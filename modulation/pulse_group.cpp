@@ -26,9 +26,8 @@ PulseGroup::PulseGroup(QWidget* selection, QWidget* parent)
 {
     m_state->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
     build();
-    m_period.emplace(m_periodRow.field, m_periodRow.unit, FieldKind::PulsePeriod,
-                     StepKind::PulsePeriod);
-    m_width.emplace(m_widthRow.field, m_widthRow.unit, FieldKind::PulseWidth, StepKind::PulseWidth);
+    m_period.emplace(m_periodRow.field, m_periodRow.unit, Quantity::PulsePeriod);
+    m_width.emplace(m_widthRow.field, m_widthRow.unit, Quantity::PulseWidth);
     for (const QLineEdit* field : {m_periodRow.field, m_widthRow.field})
         connect(field, &QLineEdit::textChanged, this, &PulseGroup::refresh);
     connect(m_source, &QAbstractButton::toggled, this, [this](bool isChecked) {

@@ -21,11 +21,10 @@ constexpr int unitPowers[] = {0, 3, 6, -3};
 constexpr std::ptrdiff_t unitCount = 4;
 } // namespace
 
-PulseTime::PulseTime(QLineEdit* field, QAbstractButton* unitButton, FieldKind kind,
-                     StepKind stepKind)
-    : m_field(field), m_unitButton(unitButton), m_kind(kind)
+PulseTime::PulseTime(QLineEdit* field, QAbstractButton* unitButton, Quantity quantity)
+    : m_field(field), m_unitButton(unitButton), m_kind(fieldKind(quantity))
 {
-    setUpNumericField(field, kind, stepKind);
+    setUpNumericField(field, quantity);
     retranslate();
 }
 

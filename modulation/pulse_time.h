@@ -1,7 +1,6 @@
 #pragma once
 
-#include "numbers/field_kind.h"
-#include "numbers/step_kind.h"
+#include "numbers/quantity.h"
 
 #include <QString>
 
@@ -15,7 +14,7 @@ class PulseTime
 {
 public:
     /// Sets the field up.
-    PulseTime(QLineEdit* field, QAbstractButton* unitButton, FieldKind kind, StepKind stepKind);
+    PulseTime(QLineEdit* field, QAbstractButton* unitButton, Quantity quantity);
 
     QLineEdit* field() const { return m_field; }
 

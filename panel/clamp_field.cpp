@@ -1,23 +1,27 @@
 #include "panel/clamp_field.h"
 
 #include "numbers/number_text.h"
+#include "panel/numeric_field.h"
 
 #include <QLineEdit>
 
-void clampField(double min, double max, FieldKind kind, QLineEdit* field)
+void clampField(const InstrumentLimits& limits, QLineEdit* field)
 {
-    const QString clamped = clampText(field->text(), min, max, kind);
+    const NumericField number = *numericField(field);
+    const Range& range = limits[number.quantity];
+    const QString clamped = clampText(field->text(), range.min, range.max, number.kind);
     // Setting the same text would still move the cursor and forget what can be undone.
     if (clamped != field->text())
         field->setText(clamped);
 }
 
-bool boundText(QString& text, const Range<double>& range, FieldKind kind)
+bool boundText(QString& text, const InstrumentLimits& limits, Quantity quantity)
 {
+    const Range& range = limits[quantity];
     bool isNumber = false;
     const double value = withoutBlanks(text).toDouble(&isNumber);
     if (!isNumber || !range.isKnown() || (value >= range.min && value <= range.max))
         return false;
-    text = clampText(text, range.min, range.max, kind);
+    text = clampText(text, range.min, range.max, fieldKind(quantity));
     return true;
 }

@@ -70,9 +70,9 @@ CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, Pow
 
 void CwControls::setUpFields()
 {
-    setUpNumericField(&m_ui.frequency, FieldKind::Frequency, StepKind::Frequency);
-    setUpNumericField(&m_ui.power, FieldKind::Power, StepKind::Power);
-    setUpNumericField(&m_ui.referenceEntry, FieldKind::ExternalReference);
+    setUpNumericField(&m_ui.frequency, Quantity::Frequency);
+    setUpNumericField(&m_ui.power, Quantity::Power);
+    setUpNumericField(&m_ui.referenceEntry, Quantity::ExternalReference);
     m_ui.frequency.setMaxLength(longestFrequency);
     m_ui.power.setMaxLength(longestPower);
     m_ui.referenceEntry.setMaxLength(longestReference);
@@ -90,7 +90,7 @@ void CwControls::on_FREQ_editingFinished()
     QLineEdit& field = m_ui.frequency;
     if (!takeNumber(&field))
         return;
-    clampField(m_limits.frequencyHz, FieldKind::Frequency, &field);
+    clampField(m_limits, &field);
     selectAndDeselect(field);
     showAccepted(&field, field.text());
     if (!m_session.isConnected())
@@ -219,7 +219,7 @@ void CwControls::sendExternalReference()
 {
     const QString captioned = captionedReferenceMHz();
     if (readsAsNumber(captioned)) {
-        const Range<qint32>& range = m_limits.referenceMHz;
+        const Range& range = m_limits[Quantity::ExternalReference];
         qint64 frequencyMHz = toWholeNumber(captioned);
         if (range.isKnown())
             frequencyMHz = qMax(qMin(frequencyMHz, qint64(range.max)), qint64(range.min));

@@ -43,17 +43,6 @@ bool accepts(const QLineEdit& field, QString text)
     return isValid && text.size() <= field.maxLength();
 }
 
-/// The limits that an instrument has told; both 0 while none has.
-Range<double> toldLimits(FieldKind kind, std::optional<StepKind> step)
-{
-    if (kind == FieldKind::ExternalReference) {
-        const Range<qint32>& range = InstrumentLimits::global().referenceMHz;
-        return {static_cast<double>(range.min), static_cast<double>(range.max)};
-    }
-    // No instrument tells how many points there may be.
-    return step && kind != FieldKind::PointCount ? stepLimits(*step) : Range<double>();
-}
-
 QString withUnit(const QString& number, const QString& unit)
 {
     return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
@@ -136,6 +125,7 @@ void Keypad::openFor(QLineEdit* field)
     if (!numeric || !canBeTypedInto(*field))
         return;
     release();
+    m_quantity = numeric->quantity;
     m_kind = numeric->kind;
     m_step = numeric->step;
     watch(field);
@@ -300,7 +290,8 @@ void Keypad::retranslate()
 
 QString Keypad::limitsText() const
 {
-    Range<double> limits = toldLimits(m_kind, m_step);
+    // No instrument tells how many points there may be.
+    Range limits = InstrumentLimits::global()[m_quantity];
     const std::optional<int> ceiling =
         m_guard && m_kind == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
     if (ceiling && !limits.isKnown())
@@ -400,7 +391,7 @@ void Keypad::acceptStep(int power)
     if (power != 0 && !number.isEmpty())
         m_entry->setText(shiftedDecimal(number, power));
     // An empty line is given the clipboard's text and stays.
-    if (acceptStepEntry(m_entry, *m_step))
+    if (acceptStepEntry(m_entry, m_quantity))
         showPage(false);
 }
 

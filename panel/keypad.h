@@ -74,6 +74,7 @@ private:
 
     QPointer<QLineEdit> m_field;
     const PowerGuard* m_guard = nullptr;
+    Quantity m_quantity = Quantity::Frequency;
     FieldKind m_kind = FieldKind::Frequency;
     std::optional<StepKind> m_step;
     bool m_isStepPage = false;

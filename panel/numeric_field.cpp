@@ -11,8 +11,7 @@
 
 namespace
 {
-constexpr char fieldKindProperty[] = "fieldKind";
-constexpr char stepKindProperty[] = "stepKind";
+constexpr char quantityProperty[] = "quantity";
 
 template <typename Filter>
 Filter* filterOf(QLineEdit* edit)
@@ -21,39 +20,35 @@ Filter* filterOf(QLineEdit* edit)
 }
 } // namespace
 
-void setUpNumericField(QLineEdit* edit, FieldKind kind, std::optional<StepKind> step)
+void setUpNumericField(QLineEdit* edit, Quantity quantity)
 {
+    const FieldKind kind = fieldKind(quantity);
     setEntryValidator(edit, kind);
     showAccepted(edit, edit->text());
     new LeaveFilter(edit);
     new UnitKeyFilter(edit, kind);
     new selectLine(edit);
-    edit->setProperty(fieldKindProperty, static_cast<int>(kind));
-    if (!step)
-        return;
-    new EventsLineEdit(edit, *step);
-    edit->setProperty(stepKindProperty, static_cast<int>(*step));
+    edit->setProperty(quantityProperty, static_cast<int>(quantity));
+    if (const std::optional<StepKind> step = stepKind(quantity))
+        new EventsLineEdit(edit, *step);
 }
 
-void changeFieldKind(QLineEdit* edit, FieldKind kind, StepKind step)
+void changeQuantity(QLineEdit* edit, Quantity quantity)
 {
+    const FieldKind kind = fieldKind(quantity);
     setEntryValidator(edit, kind);
     filterOf<UnitKeyFilter>(edit)->setKind(kind);
-    filterOf<EventsLineEdit>(edit)->setKind(step);
-    edit->setProperty(fieldKindProperty, static_cast<int>(kind));
-    edit->setProperty(stepKindProperty, static_cast<int>(step));
+    filterOf<EventsLineEdit>(edit)->setKind(*stepKind(quantity));
+    edit->setProperty(quantityProperty, static_cast<int>(quantity));
 }
 
 std::optional<NumericField> numericField(QLineEdit* edit)
 {
-    const QVariant kind = edit->property(fieldKindProperty);
-    if (!kind.isValid())
+    const QVariant property = edit->property(quantityProperty);
+    if (!property.isValid())
         return std::nullopt;
-    NumericField field{edit, static_cast<FieldKind>(kind.toInt()), std::nullopt};
-    const QVariant step = edit->property(stepKindProperty);
-    if (step.isValid())
-        field.step = static_cast<StepKind>(step.toInt());
-    return field;
+    const auto quantity = static_cast<Quantity>(property.toInt());
+    return NumericField{edit, quantity, fieldKind(quantity), stepKind(quantity)};
 }
 
 bool isBeingStepped(QLineEdit* edit)

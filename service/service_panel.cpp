@@ -115,7 +115,7 @@ QWidget* service::buildDac()
     m_referenceDac = new QLineEdit(this);
     m_referenceDac->setObjectName(QStringLiteral("REF_OSC"));
     m_referenceDac->setAlignment(Qt::AlignRight);
-    setUpNumericField(m_referenceDac, FieldKind::DacValue);
+    setUpNumericField(m_referenceDac, Quantity::Dac);
     m_dacCaption->setBuddy(m_referenceDac);
     m_dacKey = new QPushButton(this);
     m_dacKey->setObjectName(QStringLiteral("key_REF_OSC"));

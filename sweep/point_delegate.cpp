@@ -22,7 +22,7 @@ QWidget* PointDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
     editor->setProperty("cellEditor", true);
     editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     editor->setAccessibleName(m_table->horizontalHeaderItem(index.column())->text());
-    setUpNumericField(editor, PointTable::kind(index.column()));
+    setUpNumericField(editor, PointTable::quantity(index.column()));
     return editor;
 }
 

@@ -20,19 +20,6 @@ constexpr int lineHeight = 26;
 constexpr int undoSteps = 100;
 constexpr std::size_t undoBytes = std::size_t{64} * 1024 * 1024;
 
-Range<double> limitsOf(int column)
-{
-    const InstrumentLimits& limits = InstrumentLimits::global();
-    switch (column) {
-    case PointTable::Frequency:
-        return limits.frequencyHz.wide();
-    case PointTable::Power:
-        return limits.powerDbm;
-    default:
-        return limits.listDwellUs.wide();
-    }
-}
-
 /// At most: texts that are the same may be shared.
 std::size_t bytesOf(const PointRows& rows)
 {
@@ -99,15 +86,16 @@ PointTable::PointTable(QWidget* parent) : QTableWidget(0, pointColumnCount, pare
     retranslate();
 }
 
-FieldKind PointTable::kind(int column)
+Quantity PointTable::quantity(int column)
 {
-    constexpr FieldKind kinds[] = {FieldKind::Frequency, FieldKind::Power, FieldKind::Dwell};
-    return kinds[column];
+    constexpr Quantity quantities[] = {Quantity::ListFrequency, Quantity::ListPower,
+                                       Quantity::ListDwell};
+    return quantities[column];
 }
 
 QString PointTable::enteredText(const QString& typed, int column)
 {
-    const Range<double> limits = limitsOf(column);
+    const Range& limits = InstrumentLimits::global()[quantity(column)];
     return clampText(typed, limits.min, limits.max, kind(column));
 }
 
@@ -173,12 +161,13 @@ void PointTable::dropForgotten()
 
 int PointTable::boundByLimits()
 {
+    const InstrumentLimits& limits = InstrumentLimits::global();
     PointRows rows = points();
     int count = 0;
     for (int column = 0; column < pointColumnCount; ++column) {
-        const Range<double> limits = limitsOf(column);
         for (PointRow& row : rows)
-            count += boundText(row[static_cast<std::size_t>(column)], limits, kind(column)) ? 1 : 0;
+            count +=
+                boundText(row[static_cast<std::size_t>(column)], limits, quantity(column)) ? 1 : 0;
     }
     const int all = rowCount();
     return count > 0 && change({0, all, std::move(rows)}, tr("Bound by the limits")) ? count : 0;

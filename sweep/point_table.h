@@ -1,6 +1,6 @@
 #pragma once
 
-#include "numbers/field_kind.h"
+#include "numbers/quantity.h"
 #include "sweep/point_row.h"
 
 #include <QTableWidget>
@@ -20,7 +20,8 @@ public:
 
     explicit PointTable(QWidget* parent = nullptr);
 
-    static FieldKind kind(int column);
+    static Quantity quantity(int column);
+    static FieldKind kind(int column) { return fieldKind(quantity(column)); }
 
     /// What a cell of the column holds after this text has been entered: unit letters carried out,
     /// bounded where an instrument has told limits, and written as the column is shown.

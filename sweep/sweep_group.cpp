@@ -31,57 +31,27 @@ constexpr int keyWidth = 40;
 
 struct Row {
     const char* name;
-    FieldKind kind;      ///< in a sweep over frequency
-    FieldKind powerKind; ///< in a sweep over power
+    Quantity quantity;        ///< in a sweep over frequency
+    Quantity quantityOfPower; ///< in a sweep over power
     int line;
     int column;
     const char* text;
 };
 
-using K = FieldKind;
+using Q = Quantity;
 constexpr std::array<Row, 5> rows = {{
-    {"Freq_Pow", K::Power, K::Frequency, 0, 0, "0"},
-    {"Start", K::Frequency, K::Power, 1, 0, "25 000 000"},
-    {"Stop", K::Frequency, K::Power, 1, 1, "1 000 000 000"},
-    {"Step", K::PointCount, K::PointCount, 2, 0, "100"},
-    {"Time", K::Dwell, K::Dwell, 2, 1, "1 000"},
+    {"Freq_Pow", Q::Power, Q::Frequency, 0, 0, "0"},
+    {"Start", Q::Frequency, Q::Power, 1, 0, "25 000 000"},
+    {"Stop", Q::Frequency, Q::Power, 1, 1, "1 000 000 000"},
+    {"Step", Q::SweepPoints, Q::SweepPoints, 2, 0, "100"},
+    {"Time", Q::SweepDwell, Q::SweepDwell, 2, 1, "1 000"},
 }};
-/// Those whose kind depends on the mode.
+/// Those whose quantity depends on the mode.
 constexpr std::size_t modeRowCount = 3;
 
-FieldKind kindOf(const Row& row, bool isPowerSweep)
+Quantity quantityOf(const Row& row, bool isPowerSweep)
 {
-    return isPowerSweep ? row.powerKind : row.kind;
-}
-
-StepKind stepOf(FieldKind kind)
-{
-    switch (kind) {
-    case FieldKind::Power:
-        return StepKind::Power;
-    case FieldKind::PointCount:
-        return StepKind::PointCount;
-    case FieldKind::Dwell:
-        return StepKind::Time;
-    default:
-        return StepKind::Frequency;
-    }
-}
-
-/// Both 0, which bound nothing, for how many points there may be: no instrument tells.
-Range<double> limitsOf(FieldKind kind)
-{
-    const InstrumentLimits& limits = InstrumentLimits::global();
-    switch (kind) {
-    case FieldKind::Power:
-        return limits.powerDbm;
-    case FieldKind::Dwell:
-        return limits.sweepDwellUs.wide();
-    case FieldKind::PointCount:
-        return {};
-    default:
-        return limits.frequencyHz.wide();
-    }
+    return isPowerSweep ? row.quantityOfPower : row.quantity;
 }
 } // namespace
 
@@ -155,7 +125,7 @@ void SweepGroup::wire()
 {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         QLineEdit* field = m_rows[i].field;
-        setUpNumericField(field, rows[i].kind, stepOf(rows[i].kind));
+        setUpNumericField(field, rows[i].quantity);
         connect(field, &QLineEdit::editingFinished, this, [this, i] { commit(i); });
         connect(field, &QLineEdit::textChanged, this, &SweepGroup::settingsChanged);
         connect(m_rows[i].key, &QAbstractButton::clicked, this,
@@ -187,8 +157,7 @@ void SweepGroup::changeMode()
         QLineEdit* field = m_rows[i].field;
         // Until all three are changed, they are the values of no mode.
         const QSignalBlocker quiet(field);
-        const FieldKind kind = kindOf(rows[i], isPowerSweep());
-        changeFieldKind(field, kind, stepOf(kind));
+        changeQuantity(field, quantityOf(rows[i], isPowerSweep()));
         const QString shown = std::exchange(*asides[i], field->text());
         showAccepted(field, shown);
     }
@@ -197,10 +166,10 @@ void SweepGroup::changeMode()
     emit settingsChanged();
 }
 
-void SweepGroup::clampToLimits(QLineEdit* field, FieldKind kind)
+void SweepGroup::clampToLimits(QLineEdit* field)
 {
-    clampField(limitsOf(kind), kind, field);
-    if (m_guard && kind == FieldKind::Power)
+    clampField(InstrumentLimits::global(), field);
+    if (m_guard && numericField(field)->quantity == Quantity::Power)
         m_guard->bound(field);
 }
 
@@ -217,7 +186,7 @@ void SweepGroup::holdCeiling()
     for (std::size_t i = 0; m_guard && i < modeRowCount; ++i) {
         QLineEdit* field = m_rows[i].field;
         const QString bounded = m_guard->bounded(field->text());
-        if (kindOf(rows[i], isPowerSweep()) != FieldKind::Power || bounded == field->text())
+        if (quantityOf(rows[i], isPowerSweep()) != Quantity::Power || bounded == field->text())
             continue;
         showBounded(i, bounded);
     }
@@ -258,7 +227,7 @@ void SweepGroup::commit(std::size_t index)
     m_isLeftForRun = !isNumber && m_run->hasFocus();
     if (!isNumber)
         return;
-    clampToLimits(field, kindOf(rows[index], isPowerSweep()));
+    clampToLimits(field);
     showAccepted(field, field->text());
 }
 
@@ -279,17 +248,17 @@ bool SweepGroup::canRun()
 
 int SweepGroup::boundByLimits()
 {
+    const InstrumentLimits& limits = InstrumentLimits::global();
     int count = 0;
     QString* const asides[] = {&m_valuesAside.fixed, &m_valuesAside.start, &m_valuesAside.stop};
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        const FieldKind kind = kindOf(rows[i], isPowerSweep());
         QString text = m_rows[i].field->text();
-        if (boundText(text, limitsOf(kind), kind)) {
+        if (boundText(text, limits, quantityOf(rows[i], isPowerSweep()))) {
             showBounded(i, text);
             ++count;
         }
-        const FieldKind kindAside = kindOf(rows[i], !isPowerSweep());
-        if (i < modeRowCount && boundText(*asides[i], limitsOf(kindAside), kindAside))
+        const Quantity aside = quantityOf(rows[i], !isPowerSweep());
+        if (i < modeRowCount && boundText(*asides[i], limits, aside))
             ++count;
     }
     return count;
@@ -315,7 +284,8 @@ void SweepGroup::retranslate()
         const QString name = tr("Sweep: %1").arg(captions[i]);
         describeField(row.field, name, hints[i]);
         describeKeypadKey(row.key, name);
-        const std::vector<EntryUnit> units = entryUnits(kindOf(rows[i], isPowerSweep()), 0);
+        const std::vector<EntryUnit> units =
+            entryUnits(fieldKind(quantityOf(rows[i], isPowerSweep())), 0);
         row.key->setText(unitText(units, 0));
     }
 }

@@ -77,7 +77,7 @@ private:
     void wire();
     void changeMode();
     void commit(std::size_t index);
-    void clampToLimits(QLineEdit* field, FieldKind kind);
+    void clampToLimits(QLineEdit* field);
     void holdCeiling();
     void showBounded(std::size_t index, const QString& text);
     void follow(QString* followed, std::size_t index, const QString& text);

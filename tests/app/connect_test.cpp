@@ -410,9 +410,9 @@ void ConnectTest::secondInstrumentReplacesTheLimits()
 {
     PanelRig rig;
     rig.connectDevice();
-    const qint64 first = InstrumentLimits::global().frequencyHz.max;
+    const double first = InstrumentLimits::global()[Quantity::Frequency].max;
     rig.click("connect");
-    QCOMPARE(InstrumentLimits::global().frequencyHz.max, first);
+    QCOMPARE(InstrumentLimits::global()[Quantity::Frequency].max, first);
     (*m_demo)(QStringLiteral("reply FREQ? MAX -> 6000000000"));
     // It was handed back in its mass-storage mode, which takes one attempt to leave.
     rig.connectDevice();

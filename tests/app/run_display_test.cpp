@@ -320,11 +320,11 @@ void RunDisplayTest::anotherInstrumentBounds()
     const InstrumentLimits& limits = InstrumentLimits::global();
     const auto& table = m_rig->get<QTableWidget>("table_List");
     const auto plain = [](QString text) { return text.remove(' '); };
-    const QString highest = QString::number(limits.frequencyHz.max);
+    const QString highest = QString::number(limits[Quantity::Frequency].max, 'f', 0);
     QCOMPARE(plain(m_rig->get<QLineEdit>("Stop").text()), highest);
     QCOMPARE(plain(table.item(0, 0)->text()), highest);
     QCOMPARE(table.item(1, 0)->text(), QString());
-    QCOMPARE(table.item(1, 1)->text().toDouble(), limits.powerDbm.max);
+    QCOMPARE(table.item(1, 1)->text().toDouble(), limits[Quantity::Power].max);
     QCOMPARE(table.item(2, 1)->text(), QString("-5"));
 }
 

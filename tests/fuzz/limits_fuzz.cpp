@@ -8,20 +8,6 @@
 
 #include <cmath>
 
-namespace
-{
-
-template <typename T>
-void tryOut(const Range<T>& range, FieldKind kind)
-{
-    PROMISE(std::isfinite(static_cast<double>(range.min)));
-    PROMISE(std::isfinite(static_cast<double>(range.max)));
-    clampText(QStringLiteral("1.5"), static_cast<double>(range.min), static_cast<double>(range.max),
-              kind);
-}
-
-} // namespace
-
 /// The 38 answers from which the limits of the fields come: every limit is finite and bounds a
 /// field.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -36,14 +22,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     session.setConnected();
     InstrumentLimits limits;
     limits.readLimits(session);
-    tryOut(limits.frequencyHz, FieldKind::Frequency);
-    tryOut(limits.powerDbm, FieldKind::Power);
-    tryOut(limits.pulsePeriodUs, FieldKind::PulsePeriod);
-    tryOut(limits.amDepth, FieldKind::AmDepth);
-    tryOut(limits.fmDeviationHz, FieldKind::FmDeviation);
-    tryOut(limits.pmDeviationRad, FieldKind::PmDeviation);
-    tryOut(limits.lfAmplitudeV, FieldKind::LfAmplitude);
-    tryOut(limits.referenceMHz, FieldKind::ExternalReference);
-    tryOut(limits.listDwellUs, FieldKind::Dwell);
+    for (int i = 0; i < quantityCount; ++i) {
+        const auto quantity = static_cast<Quantity>(i);
+        const Range& range = limits[quantity];
+        PROMISE(std::isfinite(range.min) && std::isfinite(range.max));
+        clampText(QStringLiteral("1.5"), range.min, range.max, fieldKind(quantity));
+    }
     return 0;
 }

@@ -344,7 +344,7 @@ void KeypadEntryTest::stepArrows()
 
 void KeypadEntryTest::stepPage()
 {
-    InstrumentLimits::global().powerDbm = {-120, 20};
+    InstrumentLimits::global()[Quantity::Power] = {-120, 20};
     KeypadRig rig(FieldKind::Power, StepKind::Power);
     rig.field->setText("-10");
     rig.keypad->openFor(rig.field);
@@ -431,6 +431,9 @@ void KeypadEntryTest::limits_data()
     QTest::newRow("power") << K::Power << Step(StepKind::Power) << 0 << "-120 … 25 dBm";
     QTest::newRow("reference") << K::ExternalReference << Step() << 0 << "1 … 200 MHz";
     QTest::newRow("volts") << K::LfAmplitude << Step(StepKind::LfAmplitude) << 0 << "0.001 … 3 V";
+    QTest::newRow("dwell of a sweep")
+        << K::Dwell << Step(StepKind::Time) << 0 << "50 … 1 000 000 µs";
+    QTest::newRow("dwell in a list") << K::Dwell << Step() << 0 << "20 … 3 000 µs";
     QTest::newRow("in seconds") << K::PulsePeriod << Step(StepKind::PulsePeriod) << 6
                                 << "0.000001 … 20 s";
     QTest::newRow("never told") << K::PointCount << Step(StepKind::PointCount) << 0 << "";
@@ -448,11 +451,13 @@ void KeypadEntryTest::limits()
     QVERIFY(!label->isVisible());
 
     InstrumentLimits& limits = InstrumentLimits::global();
-    limits.frequencyHz = {100000, 20000000000};
-    limits.powerDbm = {-120, 25};
-    limits.referenceMHz = {1, 200};
-    limits.lfAmplitudeV = {0.001, 3};
-    limits.pulsePeriodUs = {1, 20000000};
+    limits[Quantity::Frequency] = {100000, 20000000000};
+    limits[Quantity::Power] = {-120, 25};
+    limits[Quantity::ExternalReference] = {1, 200};
+    limits[Quantity::LfAmplitude] = {0.001, 3};
+    limits[Quantity::PulsePeriod] = {1, 20000000};
+    limits[Quantity::SweepDwell] = {50, 1000000};
+    limits[Quantity::ListDwell] = {20, 3000};
     rig.keypad->openFor(rig.field);
     QTEST(label->text(), "text");
     QCOMPARE(label->isVisible(), !label->text().isEmpty());

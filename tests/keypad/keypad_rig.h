@@ -1,6 +1,7 @@
 #pragma once
 
 #include "panel/keypad.h"
+#include "tests/support/quantities.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,8 +20,8 @@ public:
         field->setAccessibleName("Value");
         other->setGeometry(20, 80, 200, 30);
         button->setGeometry(20, 140, 200, 30);
-        setUpNumericField(field, kind, step);
-        setUpNumericField(other, FieldKind::Power, StepKind::Power);
+        setUpNumericField(field, quantityOf(kind, step));
+        setUpNumericField(other, Quantity::Power);
         connect(button, &QPushButton::clicked, this, [this] { ++buttonClicks; });
         show();
         button->setFocus();

@@ -350,34 +350,34 @@ void SessionTest::limitsAreAskedInOrder()
     m_demo->takeSent();
     limits.readLimits(*m_session);
     QCOMPARE(m_demo->takeSent(), expected);
-    QCOMPARE(limits.frequencyHz.max, qint64(20000000000));
-    QCOMPARE(limits.frequencyHz.min, qint64(100000));
-    QCOMPARE(limits.pulsePeriodUs.max, 10000000);
-    QCOMPARE(limits.referenceMHz.max, 100);
-    QCOMPARE(limits.amDuty.max, std::numeric_limits<qint32>::max());
-    QCOMPARE(limits.lfAmplitudeV.max, 0.0);
-    QVERIFY(limits.powerDbm.max > limits.powerDbm.min);
+    QCOMPARE(limits[Quantity::Frequency].max, 20e9);
+    QCOMPARE(limits[Quantity::Frequency].min, 100e3);
+    QCOMPARE(limits[Quantity::PulsePeriod].max, 10e6);
+    QCOMPARE(limits[Quantity::ExternalReference].max, 100.0);
+    QCOMPARE(limits[Quantity::AmDuty].max, double(std::numeric_limits<qint32>::max()));
+    QCOMPARE(limits[Quantity::LfAmplitude].max, 0.0);
+    QVERIFY(limits[Quantity::Power].max > limits[Quantity::Power].min);
 }
 
 void SessionTest::firstFailedLimitStopsTheRest()
 {
     InstrumentLimits limits;
-    limits.powerDbm.max = 77.0;
-    limits.sweepDwellUs.max = 99;
+    limits[Quantity::Power].max = 77.0;
+    limits[Quantity::SweepDwell].max = 99;
     m_session->query(QStringLiteral("*OPC?"));
     m_demo->takeSent();
     // Write and read of both frequency limits, then the write and the failing read of a third.
     (*m_demo)(QStringLiteral("fault 6 status 0xBFFF0015"));
     limits.readLimits(*m_session);
     QCOMPARE(m_demo->takeSent().size(), 3);
-    QVERIFY(limits.frequencyHz.isKnown());
-    QCOMPARE(limits.powerDbm.max, 77.0);
-    QCOMPARE(limits.sweepDwellUs.max, 99);
+    QVERIFY(limits[Quantity::Frequency].isKnown());
+    QCOMPARE(limits[Quantity::Power].max, 77.0);
+    QCOMPARE(limits[Quantity::SweepDwell].max, 99.0);
 
     m_session->query(QStringLiteral("*OPC?"));
     limits.readLimits(*m_session);
-    QVERIFY(limits.powerDbm.max < 77.0);
-    QVERIFY(limits.sweepDwellUs.max > 99);
+    QVERIFY(limits[Quantity::Power].max < 77.0);
+    QVERIFY(limits[Quantity::SweepDwell].max > 99);
 }
 
 QTEST_GUILESS_MAIN(SessionTest)

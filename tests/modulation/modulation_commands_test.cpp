@@ -256,8 +256,8 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
 {
     QFETCH(QString, field);
     QFETCH(QString, typed);
-    m_rig->limits.pulsePeriodUs.max = 5000;
-    m_rig->limits.pulseWidthUs.max = 5000;
+    m_rig->limits[Quantity::PulsePeriod].max = 5000;
+    m_rig->limits[Quantity::PulseWidth].max = 5000;
     m_rig->enter("line_width", "20");
     m_rig->sent();
     m_rig->enter(field, typed);
@@ -269,10 +269,10 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
 /// A value that only the next instrument refuses is no business of the other one's.
 void ModulationCommandsTest::pulseValuesGoOutAlone()
 {
-    m_rig->limits.pulseWidthUs.min = 5;
+    m_rig->limits[Quantity::PulseWidth].min = 5;
     m_rig->enter("line_period", "500");
     QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
-    m_rig->limits.pulsePeriodUs.max = 100;
+    m_rig->limits[Quantity::PulsePeriod].max = 100;
     m_rig->enter("line_width", "3");
     QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
 }
@@ -293,8 +293,8 @@ void ModulationCommandsTest::pulseValuesAsAnswered()
 /// A width from before the connection, which no limits bound.
 void ModulationCommandsTest::periodAtItsLimitLowersTheWidth()
 {
-    m_rig->limits.pulsePeriodUs.max = 5000;
-    m_rig->limits.pulseWidthUs.max = 5000;
+    m_rig->limits[Quantity::PulsePeriod].max = 5000;
+    m_rig->limits[Quantity::PulseWidth].max = 5000;
     showAccepted(m_rig->get<QLineEdit>("line_width"), "5 000");
     m_rig->enter("line_period", "100");
     QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",

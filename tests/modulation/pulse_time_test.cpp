@@ -19,8 +19,7 @@ struct Bench {
         column->addWidget(&field);
         column->addWidget(&other);
         column->addWidget(&unit);
-        time = std::make_unique<PulseTime>(&field, &unit, FieldKind::PulsePeriod,
-                                           StepKind::PulsePeriod);
+        time = std::make_unique<PulseTime>(&field, &unit, Quantity::PulsePeriod);
         window.show();
         window.activateWindow();
         (void)QTest::qWaitForWindowActive(&window);

@@ -6,6 +6,7 @@
 #include "panel/step_entry.h"
 #include "panel/unit_key_filter.h"
 #include "panel/validators.h"
+#include "tests/support/quantities.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -139,14 +140,17 @@ void NumberEntryTest::validators()
 
 void NumberEntryTest::clamping()
 {
+    InstrumentLimits limits;
+    limits[Quantity::Frequency] = {9e3, 2e10};
     QLineEdit field("25G");
-    clampField(9e3, 2e10, FieldKind::Frequency, &field);
+    setUpNumericField(&field, Quantity::Frequency);
+    clampField(limits, &field);
     QCOMPARE(field.text(), QString("20 000 000 000"));
     field.setCursorPosition(3);
-    clampField(9e3, 2e10, FieldKind::Frequency, &field);
+    clampField(limits, &field);
     QCOMPARE(field.cursorPosition(), 3);
     field.clear();
-    clampField(9e3, 2e10, FieldKind::Frequency, &field);
+    clampField(limits, &field);
     QCOMPARE(field.text(), QString());
 }
 
@@ -224,7 +228,7 @@ void NumberEntryTest::digitStepKeepsItsPlace()
     QStringList committed;
     connect(&field, &QLineEdit::editingFinished, &field, [&] {
         committed << field.text();
-        clampField(100, 2e10, FieldKind::Frequency, &field);
+        field.setText(clampText(field.text(), 100, 2e10, FieldKind::Frequency));
         field.selectAll();
         field.deselect();
     });
@@ -289,27 +293,28 @@ void NumberEntryTest::stepBounds_data()
 void NumberEntryTest::stepBounds()
 {
     InstrumentLimits& limits = InstrumentLimits::global();
-    limits.frequencyHz = {1000, 2001};
-    limits.powerDbm = {-100, 2};
-    limits.listDwellUs = {1000, 2003};
-    limits.pulsePeriodUs = {1000, 2004};
-    limits.pulseWidthUs = {1000, 2005};
-    limits.amRateHz = {1000, 2006};
-    limits.amDepth = {1000, 1107};
-    limits.amDuty = {1000, 1108};
-    limits.fmRateHz = {1000, 2009};
-    limits.fmDeviationHz = {1000, 2010};
-    limits.fmDuty = {1000, 1111};
-    limits.pmRateHz = {1000, 2012};
-    limits.pmDeviationRad = {1000, 1113};
-    limits.pmDuty = {1000, 1114};
-    limits.lfFrequencyHz = {1000, 2015};
-    limits.lfAmplitudeV = {1000, 1116};
-    limits.lfDuty = {1000, 1117};
+    limits[Quantity::Frequency] = {1000, 2001};
+    limits[Quantity::Power] = {-100, 2};
+    limits[Quantity::SweepDwell] = {1000, 2003};
+    limits[Quantity::ListDwell] = {1000, 1500};
+    limits[Quantity::PulsePeriod] = {1000, 2004};
+    limits[Quantity::PulseWidth] = {1000, 2005};
+    limits[Quantity::AmRate] = {1000, 2006};
+    limits[Quantity::AmDepth] = {1000, 1107};
+    limits[Quantity::AmDuty] = {1000, 1108};
+    limits[Quantity::FmRate] = {1000, 2009};
+    limits[Quantity::FmDeviation] = {1000, 2010};
+    limits[Quantity::FmDuty] = {1000, 1111};
+    limits[Quantity::PmRate] = {1000, 2012};
+    limits[Quantity::PmDeviation] = {1000, 1113};
+    limits[Quantity::PmDuty] = {1000, 1114};
+    limits[Quantity::LfFrequency] = {1000, 2015};
+    limits[Quantity::LfAmplitude] = {1000, 1116};
+    limits[Quantity::LfDuty] = {1000, 1117};
 
     QFETCH(StepKind, kind);
     QLineEdit line("999 999");
-    QVERIFY(acceptStepEntry(&line, kind));
+    QVERIFY(acceptStepEntry(&line, quantityOf(kind)));
     QTEST(line.text(), "largest");
     QCOMPARE(stepText(StepTable::global().step(kind)), line.text());
 }
@@ -318,7 +323,7 @@ void NumberEntryTest::emptyStepEntryPastes()
 {
     QApplication::clipboard()->setText("250");
     QLineEdit line(" ");
-    QVERIFY(!acceptStepEntry(&line, StepKind::Frequency));
+    QVERIFY(!acceptStepEntry(&line, Quantity::Frequency));
     QCOMPARE(line.text(), QString("250"));
     QCOMPARE(StepTable::global().step(StepKind::Frequency), defaultStep(StepKind::Frequency));
 }
@@ -424,7 +429,7 @@ void NumberEntryTest::leavingCommitsChangesOnly()
     QVERIFY(window.isActive);
     QLineEdit& field = window.field;
     field.setText("10");
-    setUpNumericField(&field, FieldKind::Frequency);
+    setUpNumericField(&field, Quantity::Frequency);
     QSignalSpy committed(&field, &QLineEdit::editingFinished);
     const auto commitsOnLeaving = [&] {
         field.clearFocus();

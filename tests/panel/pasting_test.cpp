@@ -1,5 +1,6 @@
 #include "panel/entry_notice.h"
 #include "panel/numeric_field.h"
+#include "tests/support/quantities.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -54,6 +55,15 @@ void PastingTest::pasting_data()
                                   << QString(row.said);
 }
 
+/// A field that steps takes no keys without it.
+static void focus(QLineEdit& field)
+{
+    field.show();
+    QApplication::setActiveWindow(&field);
+    field.setFocus();
+    QVERIFY(field.hasFocus());
+}
+
 void PastingTest::pasting()
 {
     QFETCH(FieldKind, kind);
@@ -61,7 +71,8 @@ void PastingTest::pasting()
     QLineEdit field("7");
     field.setAccessibleName("field");
     field.setMaxLength(16);
-    setUpNumericField(&field, kind);
+    setUpNumericField(&field, quantityOf(kind));
+    focus(field);
     const QSignalSpy refused(&EntryNotice::global(), &EntryNotice::refused);
     QApplication::clipboard()->setText(pasted);
     QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
@@ -74,8 +85,8 @@ void PastingTest::pasting()
 void PastingTest::everyWayOfPasting()
 {
     QLineEdit field;
-    field.show();
-    setUpNumericField(&field, FieldKind::Frequency);
+    setUpNumericField(&field, Quantity::Frequency);
+    focus(field);
     const QString text = "2 450 MHz";
     QApplication::clipboard()->setText(text);
     const std::function<void()> ways[] = {

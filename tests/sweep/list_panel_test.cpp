@@ -170,9 +170,9 @@ void ListPanelTest::limitsBoundFields()
     QFETCH(QStringList, typed);
     QFETCH(QStringList, bounded);
     InstrumentLimits& limits = InstrumentLimits::global();
-    limits.frequencyHz = {9000, 20000000000};
-    limits.powerDbm = {-30.0, 20.0};
-    limits.sweepDwellUs = {50, 1000000};
+    limits[Quantity::Frequency] = {9000, 20000000000};
+    limits[Quantity::Power] = {-30.0, 20.0};
+    limits[Quantity::SweepDwell] = {50, 1000000};
     const ListBench bench(false);
     if (isPowerSweep)
         bench.click("power_toFrom_freq");

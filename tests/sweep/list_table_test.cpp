@@ -79,9 +79,9 @@ void ListTableTest::typedCells()
 void ListTableTest::limitsBoundCells()
 {
     InstrumentLimits& limits = InstrumentLimits::global();
-    limits.frequencyHz = {9000, 20000000000};
-    limits.powerDbm = {-30.0, 20.0};
-    limits.listDwellUs = {50, 1000000};
+    limits[Quantity::Frequency] = {9000, 20000000000};
+    limits[Quantity::Power] = {-30.0, 20.0};
+    limits[Quantity::ListDwell] = {50, 1000000};
     const ListBench bench;
     bench.setRows({"1,2,3"});
     const char* const typed[] = {"90G", "77", "1"};

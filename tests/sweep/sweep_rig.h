@@ -26,8 +26,8 @@ public:
     explicit SweepRig(int pauseMs) : transfer(session, panel, power, pauseMs)
     {
         std::setlocale(LC_NUMERIC, "C");
-        setUpNumericField(&frequency, FieldKind::Frequency);
-        setUpNumericField(&power, FieldKind::Power);
+        setUpNumericField(&frequency, Quantity::Frequency);
+        setUpNumericField(&power, Quantity::Power);
         showAccepted(&frequency, "1 500 000 000");
         showAccepted(&power, "-7");
         pulse.setCheckable(true);
