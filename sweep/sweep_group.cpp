@@ -196,11 +196,9 @@ void SweepGroup::holdCeiling()
 void SweepGroup::showBounded(std::size_t index, const QString& text)
 {
     QLineEdit* field = m_rows[index].field;
-    for (QString* followed : {&m_followedPower, &m_followedFrequency}) {
-        const std::size_t own = followed == &m_followedPower ? 0 : 1;
-        if (index == own && !isPowerSweep() && field->text() == *followed)
-            *followed = text;
-    }
+    QString* const followed = followedBy(index);
+    if (followed && field->text() == *followed)
+        *followed = text;
     showAccepted(field, text);
 }
 
@@ -229,6 +227,17 @@ void SweepGroup::commit(std::size_t index)
         return;
     clampToLimits(field);
     showAccepted(field, field->text());
+    QString* const followed = followedBy(index);
+    if (followed && field->text() != *followed)
+        *followed = QString();
+}
+
+/// What the field follows; null for one that has no part in the display as it is shown now.
+QString* SweepGroup::followedBy(std::size_t index)
+{
+    if (isPowerSweep() || index > 1)
+        return nullptr;
+    return index == 0 ? &m_followedPower : &m_followedFrequency;
 }
 
 bool SweepGroup::canRun()

@@ -80,6 +80,7 @@ private:
     void clampToLimits(QLineEdit* field);
     void holdCeiling();
     void showBounded(std::size_t index, const QString& text);
+    QString* followedBy(std::size_t index);
     void follow(QString* followed, std::size_t index, const QString& text);
 
     QLabel* m_title;

@@ -456,6 +456,14 @@ void PowerGuardTest::sweepFollowsTheDisplay()
     m_rig->enter("POW", "-22");
     m_rig->enter("FREQ", "4G");
     QCOMPARE(shown(), QString("-5, 3 000 000 000"));
+    // A display that comes to show the same is not followed again.
+    begin();
+    m_rig->connectDevice();
+    m_rig->openPanelOf("Freq_Pow");
+    m_rig->enter("Freq_Pow", "-30");
+    m_rig->enter("POW", "-30");
+    m_rig->enter("POW", "-10");
+    QCOMPARE(text("Freq_Pow"), QString("-30"));
 }
 
 QTEST_MAIN(PowerGuardTest)
