@@ -38,13 +38,16 @@ bool isGoneForGood(const QEvent& focusOut)
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 
-/// False for a field that a failed answer has emptied. What is typed there and is no number yet
-/// gives way to what was accepted.
+/// What is no number gives way to what was accepted, which the instrument has not been given: the
+/// field stays marked. One that a failed answer has emptied is not worth a word.
 bool hasNumberToPush(QLineEdit& field)
 {
     if (field.text().isEmpty() && acceptedText(&field).isEmpty())
         return false;
-    return takeNumber(&field) || !acceptedText(&field).isEmpty();
+    if (takeNumber(&field))
+        return true;
+    setEdited(&field, true);
+    return false;
 }
 
 /// Marks the text as what was set, with the cursor at its end and nothing selected.
@@ -165,6 +168,9 @@ void CwControls::pushFrequency()
 
 void CwControls::on_Output_clicked()
 {
+    // What is being typed goes on; anything else that is no number is no power either.
+    if (!m_ui.power.hasFocus() && !acceptedText(&m_ui.power).isEmpty())
+        takeNumber(&m_ui.power);
     if (m_session.isConnected())
         pushOutput();
     else if (m_ui.output.isChecked())

@@ -54,8 +54,8 @@ public:
     /// The parts of the panel's state that a freshly connected instrument is given.
     void pushReferenceSource();
     void pushOutput();
-    /// The same. Asks nothing: the accepted power also goes out in place of one that would have to be
-    /// asked about.
+    /// The same. Asks nothing: the accepted power also goes out in place of one that would have to
+    /// be asked about.
     void pushPower();
     /// Sends the external reference frequency while the switch is external.
     void pushExternalReference();
@@ -63,7 +63,7 @@ public:
     /// Whether the reference switch is external.
     bool isRoscExt() const;
 
-    /// To a fresh instrument: where the field holds no number, what was last accepted.
+    /// To a fresh instrument. Where the field holds no number, nothing.
     void pushFrequency();
 
 public slots:
