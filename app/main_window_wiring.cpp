@@ -153,7 +153,6 @@ void MainWindow::wireCwControls()
     connect(m_cw.get(), &CwControls::outputSent, m_outputDisplay.get(), &OutputDisplay::outputSent);
     connect(&m_connection, &Connection::disconnected, m_outputDisplay.get(),
             &OutputDisplay::forgetInstrument);
-    m_connection.setOutputKnownOn([this] { return m_outputDisplay->isKnownOn(); });
     m_outputOff = std::make_unique<OutputOff>(*m_ui->Output);
     connect(m_outputOff.get(), &OutputOff::statusMessage, m_status.get(),
             &StatusLine::showInstrumentMessage);

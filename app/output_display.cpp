@@ -10,11 +10,6 @@ OutputDisplay::OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiS
     outputSent();
 }
 
-bool OutputDisplay::isKnownOn() const
-{
-    return m_lamp.isEnabledTo(m_lamp.parentWidget());
-}
-
 void OutputDisplay::outputSent()
 {
     m_lamp.setEnabled(m_session.isConnected() && m_button.isChecked());

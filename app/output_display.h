@@ -16,9 +16,6 @@ public:
     /// `lamp` is lit by being enabled.
     OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session);
 
-    /// Whether the output is on as far as anyone knows.
-    bool isKnownOn() const;
-
 public slots:
     /// The instrument has been told what the button says.
     void outputSent();

@@ -56,6 +56,12 @@ QString openFailureText(ViStatus status)
     }
 }
 
+/// Whatever was to be switched off: an instrument that takes no commands any more may do anything.
+QString switchOffLossText()
+{
+    return Connection::tr("connection error: RF may still be on");
+}
+
 QString silenceText(ViStatus status)
 {
     if (status == VI_ERROR_TMO)
@@ -342,31 +348,22 @@ void Connection::pushPanel()
 
 void Connection::handBack()
 {
-    StatusWords loss;
+    bool isReset = true;
     if (m_session.isConnected()) {
         // The reset switches the output off.
-        if (!m_session.write(resetCommand))
-            loss = switchOffLossWords();
+        isReset = m_session.write(resetCommand);
         m_session.write(massStorageOnCommand);
     }
     disconnectInstrument();
-    if (loss)
-        emit lost(loss);
+    if (!isReset)
+        emit lost(&switchOffLossText);
 }
 
 void Connection::loseSwitchOff()
 {
-    const StatusWords reason = switchOffLossWords();
     m_watch.noteLoss();
     disconnectInstrument();
-    emit lost(reason);
-}
-
-StatusWords Connection::switchOffLossWords() const
-{
-    if (m_isOutputOn && m_isOutputOn())
-        return [] { return tr("connection error: RF may still be on"); };
-    return [] { return tr("connection error: what was switched off may still be on"); };
+    emit lost(&switchOffLossText);
 }
 
 void Connection::disconnectInstrument()

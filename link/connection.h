@@ -61,10 +61,6 @@ public:
     /// answer that there is no instrument.
     void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
 
-    /// Whether the RF output is on as far as anyone knows: asked when a command that switches
-    /// something off was lost.
-    void setOutputKnownOn(const std::function<bool()>& isOn) { m_isOutputOn = isOn; }
-
     /// The window beside which the chooser opens.
     void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
 
@@ -143,7 +139,6 @@ private:
     void endSearch();
     void reportNothingFound();
     void loseSwitchOff();
-    StatusWords switchOffLossWords() const;
     bool leavesMassStorageMode();
     bool identify();
     InstrumentIdentity currentIdentity() const;
@@ -165,7 +160,6 @@ private:
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
     std::function<StatusWords()> m_obstacle;
-    std::function<bool()> m_isOutputOn;
     std::optional<Activity> m_activity;
     const QWidget* m_neighbour = nullptr;
     std::optional<BusyCursor> m_searchCursor;

@@ -144,10 +144,6 @@
         <source>connection error: RF may still be on</source>
         <translation>ошибка связи: ВЧ может быть ещё включён</translation>
     </message>
-    <message>
-        <source>connection error: what was switched off may still be on</source>
-        <translation>ошибка связи: выключенное может быть ещё включено</translation>
-    </message>
 </context>
 <context>
     <name>ConnectionObstacle</name>
