@@ -124,6 +124,9 @@ void ListTransfer::sendList(int transfer, const Part& part, const QStringList& v
         if (!isWanted(transfer))
             return;
         sendBlock(next, values, blockRows * block, blockRows * (block + 1));
+        // A lost connection has taken the bar with it.
+        if (!isWanted(transfer))
+            return;
         m_bar->advance();
         if (!pause(m_pauseMs))
             abandon();

@@ -27,6 +27,7 @@ private slots:
     void exclusionsSpeak_data();
     void exclusionsSpeak();
     void anotherInstrumentBounds();
+    void deadInstrumentEndsTheTransfer_data();
     void deadInstrumentEndsTheTransfer();
 
 private:
@@ -328,18 +329,31 @@ void RunDisplayTest::anotherInstrumentBounds()
     QCOMPARE(table.item(2, 1)->text(), QString("-5"));
 }
 
+void RunDisplayTest::deadInstrumentEndsTheTransfer_data()
+{
+    QTest::addColumn<int>("answered");
+    QTest::newRow("first block") << 0;
+    QTest::newRow("block amid the list") << 2;
+}
+
 void RunDisplayTest::deadInstrumentEndsTheTransfer()
 {
+    QFETCH(int, answered);
     setUp();
     m_rig->get<QTableWidget>("table_List").setRowCount(320);
     click("List_is_Checked");
     m_demo->takeSent();
-    // The first block goes out; nothing answers the query behind it.
-    (*m_demo)("reply *OPC? ->");
+    // The block goes out; nothing answers the query behind it.
+    const auto die = [this] { (*m_demo)("reply *OPC? ->"); };
+    if (answered == 0)
+        die();
+    else
+        QTimer::singleShot(100, this, die);
     click("button_List");
     QVERIFY(!m_rig->isConnected());
     QCOMPARE(m_rig->status(), QString("connection error: the instrument does not answer"));
-    QCOMPARE(m_demo->takeSent().filter("*OPC?").size(), 1);
+    QCOMPARE(m_demo->takeSent().filter("*OPC?").size(), answered + 1);
+    QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
 }
 
 QTEST_MAIN(RunDisplayTest)
