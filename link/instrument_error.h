@@ -6,8 +6,8 @@
 struct InstrumentError {
     /// Code and message as plain text of one line: "-222, Data out of range".
     QString text;
-    /// What had been sent since the queue was read before: one command, or the first and the last
-    /// of several with an ellipsis between. Empty when nothing had.
+    /// The last setting that had been sent, or the last query where nothing had been set. Empty
+    /// when nothing had been sent at all.
     QString command;
 };
 

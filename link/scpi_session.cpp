@@ -115,7 +115,6 @@ void ScpiSession::close()
     m_visa.viClose(m_session);
     m_session = VI_NULL;
     m_lastAnswerMs = 0;
-    m_firstCommand.clear();
     m_lastCommand.clear();
     m_isQueueRead = true;
 }
@@ -217,7 +216,7 @@ bool ScpiSession::checkErrors()
         const QString text = instrumentErrorText(reply);
         if (code.toInt() != indicatorCode && code.toInt() != unlockCode && !text.isEmpty()) {
             isClean = false;
-            emit errorReported({text, recentCommands()});
+            emit errorReported({text, m_lastCommand});
         }
         // A mention of an indicator's code keeps it as it is.
         seen329 = seen329 || reply.contains(QLatin1String("329"));
@@ -237,19 +236,9 @@ void ScpiSession::remember(const QString& command)
     const auto isQuery = [](const QString& text) {
         return text.leftRef(text.indexOf(QLatin1Char(' '))).endsWith(QLatin1Char('?'));
     };
-    const bool isNew = m_isQueueRead || isQuery(m_firstCommand);
-    m_isQueueRead = false;
-    if (isNew)
-        m_firstCommand = command;
-    if (isNew || !isQuery(command))
+    if (m_isQueueRead || isQuery(m_lastCommand) || !isQuery(command))
         m_lastCommand = command;
-}
-
-QString ScpiSession::recentCommands() const
-{
-    const QString between = QStringLiteral(" \u2026 ");
-    return m_firstCommand == m_lastCommand ? m_lastCommand
-                                           : m_firstCommand + between + m_lastCommand;
+    m_isQueueRead = false;
 }
 
 QString ScpiSession::queryMessage(const QByteArray& message)

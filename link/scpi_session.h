@@ -106,7 +106,6 @@ private:
     QString takeReply();
     QString queryMessage(const QByteArray& message);
     void remember(const QString& command);
-    QString recentCommands() const;
     void fetchStatusDescription();
     void failConnection();
     static QString lossText(ViStatus status);
@@ -118,8 +117,6 @@ private:
     bool m_connected = false;
     qint64 m_lastAnswerMs = 0;
     std::vector<char> m_reply;
-    // Of what was sent since the error queue was read: any of it may have brought an error.
-    QString m_firstCommand;
-    QString m_lastCommand;
+    QString m_lastCommand; ///< of what was sent since the error queue was read, if anything was
     bool m_isQueueRead = true;
 };

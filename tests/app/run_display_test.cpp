@@ -188,14 +188,17 @@ void RunDisplayTest::refusedStepsMoveNothing_data()
 {
     QTest::addColumn<QString>("run");
     QTest::addColumn<QString>("step");
+    QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("before");
     QTest::addColumn<QString>("after");
     QTest::newRow("sweep") << "time_select button_Sweep"
                            << "right_select"
+                           << "LIST:MAN UP"
                            << "SWEEP | Point 1 of 5 | 10 000 000 | -4"
                            << "SWEEP | Point 2 of 5 | 20 000 000 | -4";
     QTest::newRow("list") << "List_is_Checked time_select button_List rightButton"
                           << "rightButton"
+                          << "LIST:MAN 2"
                           << "LIST | Point 1 of 3 | 1 000 000 | -1"
                           << "LIST | Point 2 of 3 | 2 000 000 | -2";
 }
@@ -204,6 +207,7 @@ void RunDisplayTest::refusedStepsMoveNothing()
 {
     QFETCH(QString, run);
     QFETCH(QString, step);
+    QFETCH(QString, command);
     setUp();
     click(run);
     m_demo->takeSent();
@@ -211,8 +215,7 @@ void RunDisplayTest::refusedStepsMoveNothing()
     click(step);
     QCOMPARE(m_demo->takeSent().filter("LIST:MAN").size(), 1);
     QTEST(shown(), "before");
-    QVERIFY2(m_rig->status().startsWith("-222, Data out of range after "),
-             qPrintable(m_rig->status()));
+    QCOMPARE(m_rig->status(), "-222, Data out of range after " + command);
     QCoreApplication::processEvents();
     click(step);
     QTEST(shown(), "after");
