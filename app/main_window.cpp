@@ -343,7 +343,7 @@ void MainWindow::showBounded()
 {
     const int count = m_list->boundByLimits();
     if (count > 0)
-        m_status->showMessage(
+        m_status->addInstrumentMessage(
             count == 1
                 ? tr("One value of sweep and list was bounded by the limits of the instrument")
                 : tr("%n values of sweep and list were bounded by the limits of the instrument",

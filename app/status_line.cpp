@@ -45,6 +45,12 @@ void StatusLine::showInstrumentMessage(const QString& message)
     m_isOfInstrument = true;
 }
 
+void StatusLine::addInstrumentMessage(const QString& message)
+{
+    const bool isAlone = !m_isOfInstrument || m_message.isEmpty();
+    showInstrumentMessage(isAlone ? message : m_message + separator + message);
+}
+
 void StatusLine::forgetInstrument()
 {
     if (m_isOfInstrument)

@@ -25,6 +25,8 @@ public slots:
 
     /// The same for what is about the instrument that is connected, or about there being none.
     void showInstrumentMessage(const QString& message);
+    /// The same, beside what has been told of the instrument just before.
+    void addInstrumentMessage(const QString& message);
     /// What is about the instrument does not outlive it, seen or not.
     void forgetInstrument();
 

@@ -258,11 +258,11 @@ void Connection::slot_connect(const QString& address)
     pushPanel();
     if (attempt == m_attempt) {
         QCoreApplication::processEvents();
-        if (attempt == m_attempt)
-            emit ready();
         if (attempt == m_attempt && m_isByItself && !before.isEmpty() && before != name)
             emit statusMessage(tr("Connected to %1 in place of %2")
                                    .arg(instrumentText(name), instrumentText(before)));
+        if (attempt == m_attempt)
+            emit ready();
     }
     emit pushed();
 }

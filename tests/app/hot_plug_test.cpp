@@ -1,6 +1,7 @@
 #include "tests/support/panel_rig.h"
 
 #include <QAction>
+#include <QLineEdit>
 
 #include <QSaveFile>
 #include <QTemporaryDir>
@@ -68,11 +69,17 @@ void HotPlugTest::unpluggingDisconnectsAndPluggingConnects()
     plug("[3333]\nmodel=KLV-20G\n");
     QTRY_COMPARE(rig.device(), QString("KLV-20G 3333"));
     QTRY_COMPARE(rig.status(), QString("Connected to KLV-20G (3333) in place of KLV-20G (2222)"));
+    rig.get<QLineEdit>("Stop").setText("20 000 000 000");
+    plug("[4444]\nmodel=KLV-6G\n");
+    const QString bounded =
+        "One value of sweep and list was bounded by the limits of the instrument";
+    QTRY_COMPARE(rig.status(),
+                 "Connected to KLV-6G (4444) in place of KLV-20G (3333)  ·  " + bounded);
     // Gone again: nothing is connected, and the same one is no exchange.
     plug({});
     QTRY_COMPARE(rig.device(), QString("Disconnected"));
-    plug("[3333]\nmodel=KLV-20G\n");
-    QTRY_COMPARE(rig.device(), QString("KLV-20G 3333"));
+    plug("[4444]\nmodel=KLV-6G\n");
+    QTRY_COMPARE(rig.device(), QString("KLV-6G 4444"));
     QTRY_COMPARE(rig.status(), QString());
 }
 
