@@ -102,7 +102,7 @@ void MainWindow::wireStatusLine()
     m_errors = std::make_unique<ErrorChip>(*m_ui->errors);
     connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
         m_errors->count();
-        m_status->showMessage(errorWords(error));
+        m_status->showInstrumentMessage(errorWords(error));
     });
     connect(&m_connection, &Connection::disconnected, m_status.get(),
             &StatusLine::forgetInstrument);
@@ -207,9 +207,9 @@ void MainWindow::wireSweep()
         Exclusions::Parts{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator,
                           *m_list, *m_sweepCommands, *m_triggers});
     connect(m_exclusions.get(), &Exclusions::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
+            &StatusLine::showInstrumentMessage);
     connect(m_sweepCommands.get(), &SweepCommands::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
+            &StatusLine::showInstrumentMessage);
     connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
             &SweepCommands::connectionLost);
     connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
@@ -221,7 +221,7 @@ void MainWindow::wireSweep()
                             *m_ui->stop_run},
         *m_list, *m_runPicture, *m_sweepCommands);
     connect(m_runDisplay.get(), &RunDisplay::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
+            &StatusLine::showInstrumentMessage);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_list, &List::errorMessage, this,
