@@ -222,6 +222,8 @@ void MainWindow::wireSweep()
         *m_list, *m_runPicture, *m_sweepCommands);
     connect(m_runDisplay.get(), &RunDisplay::statusMessage, m_status.get(),
             &StatusLine::showInstrumentMessage);
+    connect(m_runDisplay.get(), &RunDisplay::statusMessageOver, m_status.get(),
+            &StatusLine::forgetMessage);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_list, &List::errorMessage, this,

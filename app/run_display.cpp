@@ -69,8 +69,7 @@ RunDisplay::Figure RunDisplay::figureOver(QLineEdit& field, QWidget& unit, const
 void RunDisplay::wire(const SweepCommands& runs)
 {
     for (const QPushButton* run : {&m_panel.runSweep(), &m_panel.runList()}) {
-        connect(run, &QAbstractButton::toggled, this,
-                [this] { m_ui.stop.setVisible(m_panel.isRunning()); });
+        connect(run, &QAbstractButton::toggled, this, &RunDisplay::showStop);
     }
     connect(&m_ui.stop, &QAbstractButton::clicked, &m_panel, &List::stopRuns);
     connect(&runs, &SweepCommands::runStarted, this, [this] { setRunning(true); });
@@ -80,6 +79,15 @@ void RunDisplay::wire(const SweepCommands& runs)
     connect(&clock, &RunClock::paceChanged, this, &RunDisplay::showPoint);
     connect(&clock, &RunClock::timeChanged, this, &RunDisplay::showTime);
     connect(&clock, &RunClock::overChanged, this, &RunDisplay::showOver);
+}
+
+/// The key that has stopped the run is not to reach what lies next to the button.
+void RunDisplay::showStop()
+{
+    const bool isShown = m_panel.isRunning();
+    if (!isShown && m_ui.stop.hasFocus())
+        m_ui.frequency.setFocus();
+    m_ui.stop.setVisible(isShown);
 }
 
 void RunDisplay::setRunning(bool isRunning)
@@ -94,8 +102,13 @@ void RunDisplay::setRunning(bool isRunning)
 void RunDisplay::showOver(bool isOver)
 {
     m_ui.lamp.setEnabled(m_isRunning && !isOver);
-    if (m_isRunning && isOver)
-        emit statusMessage(tr("Pass finished: Stop returns to %1 Hz").arg(m_ui.frequency.text()));
+    if (m_isRunning && isOver) {
+        m_told = tr("Pass finished: Stop returns to %1 Hz").arg(m_ui.frequency.text());
+        emit statusMessage(m_told);
+    } else if (!m_told.isEmpty()) {
+        emit statusMessageOver(m_told);
+        m_told.clear();
+    }
 }
 
 void RunDisplay::showTime(double elapsedMs, double totalMs)

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class List;
 class QAbstractButton;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
-class QString;
 class QWidget;
 class RunPicture;
 class SweepCommands;
@@ -39,6 +39,8 @@ public:
 
 signals:
     void statusMessage(const QString& message);
+    /// It holds no longer.
+    void statusMessageOver(const QString& message);
 
 private:
     /// A number in the place of a field's, as large.
@@ -49,6 +51,7 @@ private:
 
     static Figure figureOver(QLineEdit& field, QWidget& unit, const char* name);
     void wire(const SweepCommands& runs);
+    void showStop();
     void setRunning(bool isRunning);
     void showOver(bool isOver);
     void showTime(double elapsedMs, double totalMs);
@@ -62,4 +65,5 @@ private:
     Figure m_frequency;
     Figure m_power;
     bool m_isRunning = false;
+    QString m_told; ///< of the pass that is over
 };

@@ -39,6 +39,12 @@ void StatusLine::showMessage(const QString& message)
     refresh();
 }
 
+void StatusLine::forgetMessage(const QString& message)
+{
+    if (m_message == message)
+        showMessage(QString());
+}
+
 void StatusLine::showInstrumentMessage(const QString& message)
 {
     showMessage(message);

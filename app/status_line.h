@@ -22,8 +22,10 @@ public:
 public slots:
     /// Shows `message` for a few seconds, once nothing goes on and a new fault has been read.
     void showMessage(const QString& message);
+    /// It holds no longer; what else has been said since stays.
+    void forgetMessage(const QString& message);
 
-    /// The same for what is about the instrument that is connected, or about there being none.
+    /// A message about the instrument that is connected, or about there being none.
     void showInstrumentMessage(const QString& message);
     /// The same, beside what has been told of the instrument just before.
     void addInstrumentMessage(const QString& message);

@@ -245,9 +245,11 @@ void RunPlot::fitValues()
         high *= factor;
     } else {
         const bool isFrequency = m_quantity == RunQuantity::Frequency;
+        // One value alone: the whole numbers beside it are not at the edge, where they would be
+        // cut.
         const double spare = low < high
                                  ? (high - low) * freePart
-                                 : std::max(1.0, isFrequency ? std::abs(high) * freePart : 0.0);
+                                 : std::max(1.25, isFrequency ? std::abs(high) * freePart : 0.0);
         low -= spare;
         high += spare;
     }

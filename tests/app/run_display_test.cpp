@@ -171,6 +171,13 @@ void RunDisplayTest::aSinglePassEnds()
     click("time_select trigMode");
     QVERIFY(m_rig->get("label_Run").isEnabled());
     QCOMPARE((*m_demo)("ask TRIG:STAT?"), QString("RUN"));
+    // What a stop would do is said no longer than it can be done.
+    click("trigMode");
+    QTRY_VERIFY(m_rig->status().startsWith("Pass finished"));
+    button("stop_run").setFocus();
+    QTest::keyClick(&button("stop_run"), Qt::Key_Space);
+    QCOMPARE(m_rig->status(), QString());
+    QCOMPARE(m_rig->window().focusWidget(), &m_rig->get("FREQ"));
 }
 
 void RunDisplayTest::aTriggeredRunShowsWhatIsKnown()
