@@ -168,15 +168,27 @@ void CwControls::pushFrequency()
 
 void CwControls::on_Output_clicked()
 {
-    // What is being typed goes on; anything else that is no number is no power either.
-    if (!m_ui.power.hasFocus() && !acceptedText(&m_ui.power).isEmpty())
-        takeNumber(&m_ui.power);
+    leaveUnreadable(m_ui.frequency);
+    leaveUnreadable(m_ui.power);
     if (m_session.isConnected())
         pushOutput();
     else if (m_ui.output.isChecked())
         emit statusMessage(tr("No instrument is connected: RF goes on when one is"));
     else
         emit statusMessage(tr("No instrument is connected: nothing was switched off"));
+}
+
+/// A field that holds no number: by a key, or by a click that does not take the focus, it is not
+/// left by itself. While RF is switched off, typing goes on.
+void CwControls::leaveUnreadable(QLineEdit& field)
+{
+    const bool isOn = m_ui.output.isChecked();
+    if (readsAsNumber(field.text(), numericField(&field)->kind) || acceptedText(&field).isEmpty() ||
+        (field.hasFocus() && !isOn))
+        return;
+    if (field.hasFocus())
+        m_ui.output.setFocus();
+    takeNumber(&field);
 }
 
 void CwControls::pushOutput()

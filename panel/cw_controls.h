@@ -91,6 +91,7 @@ protected:
 private:
     void setUpFields();
     void sendPower();
+    void leaveUnreadable(QLineEdit& field);
     void holdCeiling();
     void cancelReferenceEntry();
     void sendExternalReference();

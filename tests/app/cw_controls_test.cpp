@@ -133,6 +133,12 @@ void CwControlsTest::noNumberSendsNothing()
         [&] { QTest::keyClick(&edit, Qt::Key_Return); },
         [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
         [&] { m_rig->click("Output"); },
+        [&] {
+            m_rig->click("Output");
+            edit.setFocus();
+            edit.clear();
+            m_rig->get<QPushButton>("Output").click();
+        },
     };
     for (const auto& end : ends) {
         edit.setFocus();
@@ -144,7 +150,8 @@ void CwControlsTest::noNumberSendsNothing()
         QVERIFY2(m_rig->status().endsWith(": no number, nothing is sent"),
                  qPrintable(m_rig->status()));
     }
-    QCOMPARE(m_demo->takeSent(), QStringList({"OUTPut ON\\n", drain}));
+    QCOMPARE(m_demo->takeSent(),
+             QStringList({"OUTPut ON\\n", drain, "OUTPut OFF\\n", drain, "OUTPut ON\\n", drain}));
 }
 
 /// Nothing for the instrument that comes while a field is being typed into; what was accepted there
