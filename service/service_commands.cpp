@@ -136,11 +136,13 @@ void ServiceCommands::commandCalibrate()
     m_isBusy = true;
     m_isStopped = false;
     const bool isKept = keepAsRead();
-    const bool isStored = isKept && m_session.isConnected() && writeTable();
+    m_isRefused = false;
+    const bool isWritten = isKept && m_session.isConnected() && writeTable();
     m_isBusy = false;
-    if (!isKept || !m_session.isConnected())
+    // What the instrument had against it is told already.
+    if (!isKept || !m_session.isConnected() || m_isRefused)
         return;
-    if (!isStored)
+    if (!isWritten)
         emit statusMessage(tr("Writing was stopped: the stored table is as it was"));
     else if (m_keptAs.isEmpty())
         emit statusMessage(tr("The calibration table is stored in the instrument"));
@@ -239,7 +241,7 @@ bool ServiceCommands::writeTable()
     }
     if (!pauseWhileWriting())
         return false;
-    m_session.writeChecked(saveTableCommand);
+    m_isRefused = !m_session.writeChecked(saveTableCommand);
     return m_session.isConnected() && pause(pauseMs);
 }
 
@@ -288,8 +290,7 @@ void ServiceCommands::sendCommandRefOsc()
     if (!takeNumber(&m_panel.referenceDac()) || !m_session.isConnected())
         return;
     const QString value = m_panel.referenceDac().text();
-    m_session.writeChecked(dacCommand + value);
-    if (m_session.isConnected())
+    if (m_session.writeChecked(dacCommand + value))
         showAccepted(&m_panel.referenceDac(), value);
 }
 

@@ -55,6 +55,7 @@ private:
     /// Loading or writing: events are processed meanwhile, and may ask for either again.
     bool m_isBusy = false;
     bool m_isStopped = false;
+    bool m_isRefused = false; ///< the table written last, by the instrument
     /// The file that keeps the table as it was read; empty before its first writing.
     QString m_keptAs;
 };

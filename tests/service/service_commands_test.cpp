@@ -190,6 +190,7 @@ private slots:
     void aLostConnectionEndsWriting();
     void theEndOfTheProgramEndsWriting();
     void theDacIsSentAsTyped();
+    void whatIsRefusedIsNotCalledDone();
     void nothingIsSentWhileDisconnected();
 };
 
@@ -558,11 +559,32 @@ void ServiceCommandsTest::theDacIsSentAsTyped()
         // Whether the value is possible is the instrument's to say.
         QCOMPARE(bench.demo.takeSent().mid(0, 2),
                  QStringList({QString("MEM:DAC %1\\n").arg(value), "SYSTem:ERRor?\\n"}));
-        QVERIFY(!field.property("edited").toBool());
+        QCOMPARE(field.property("edited").toBool(), value[0] == '-');
     }
     field.clear();
     QTest::keyClick(&field, Qt::Key_Return);
     QCOMPARE(bench.demo.takeSent(), QStringList());
+}
+
+void ServiceCommandsTest::whatIsRefusedIsNotCalledDone()
+{
+    Bench bench;
+    bench.open();
+    for (const bool isRefused : {true, false}) {
+        if (isRefused)
+            bench.demo("error -222");
+        QTest::mouseClick(&bench.button(), Qt::LeftButton);
+        QTRY_VERIFY(bench.isReady());
+        QCOMPARE(bench.messages().contains("is stored"), !isRefused);
+        QLineEdit& field = bench.panel.referenceDac();
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, "40000");
+        if (isRefused)
+            bench.demo("error -222");
+        QTest::keyClick(&field, Qt::Key_Return);
+        QCOMPARE(field.property("edited").toBool(), isRefused);
+    }
 }
 
 void ServiceCommandsTest::nothingIsSentWhileDisconnected()
