@@ -4,6 +4,8 @@
 
 ErrorChip::ErrorChip(QAbstractButton& button, QObject* parent) : QObject(parent), m_button(button)
 {
+    // A click on it leaves the keyboard where it was.
+    m_button.setFocusPolicy(Qt::TabFocus);
     connect(&m_button, &QAbstractButton::clicked, this, &ErrorChip::clear);
     clear();
 }
@@ -23,5 +25,7 @@ void ErrorChip::count()
 void ErrorChip::clear()
 {
     m_count = 0;
+    // Hidden with the focus it would hand that on: to the RF output, while a run rests the fields.
+    m_button.clearFocus();
     m_button.hide();
 }
