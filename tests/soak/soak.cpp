@@ -19,6 +19,7 @@ namespace
 constexpr int calmMs = 1200; // longer than any pause of a sequence
 constexpr int calmAtMostMs = 60000;
 constexpr int actionsBetween = 40;
+constexpr int restMs = 20;
 
 /// The panel over its instrument: acts for a while, lets both come to rest, and compares them.
 class Soak
@@ -28,6 +29,7 @@ public:
         : m_demo(demo), m_rig(options()), m_hands(seed, m_rig.window(), demo, instrumentFile)
     {
         m_rig.window().start();
+        act();
     }
 
     /// What differs, or nothing.
@@ -56,15 +58,18 @@ private:
     int m_compared = 0;
 };
 
-// From a timer, so that the hands go on in dialogs and in the pauses of sequences.
+// From a timer, so that the hands go on in dialogs and in the pauses of sequences, also of those
+// that they began themselves.
 void Soak::act()
 {
-    if (m_left == 0)
-        return;
-    QTimer::singleShot(10 + m_left % 7 * 25, &m_rig.window(), [this] {
-        --m_left;
+    QTimer::singleShot(m_left > 0 ? 10 + m_left % 7 * 25 : restMs, &m_rig.window(), [this] {
         act();
-        m_hands.act();
+        if (m_left > 0) {
+            --m_left;
+            m_hands.act();
+        } else {
+            m_hands.rest();
+        }
     });
 }
 
@@ -73,7 +78,6 @@ QStringList Soak::round()
     if (!m_rig.isConnected())
         m_rig.click("connect");
     m_left = actionsBetween;
-    act();
     (void)QTest::qWaitFor([this] { return m_left == 0; }, calmAtMostMs);
     return comeToRest() ? differences()
                         : QStringList("it does not come to rest: " +
@@ -94,7 +98,6 @@ bool Soak::comeToRest()
             calm.restart();
         if (all.elapsed() > calmAtMostMs)
             return false;
-        m_hands.rest();
     }
     return true;
 }

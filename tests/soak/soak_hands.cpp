@@ -4,7 +4,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSaveFile>
 #include <QtTest>
 
@@ -21,17 +23,12 @@ const QStringList texts = {"1",         "-7",    "13",  "2.5G", "20", "0",
 const QList<Qt::Key> keys = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Up,     Qt::Key_Down,
                              Qt::Key_Left, Qt::Key_Space,   Qt::Key_Return, Qt::Key_Escape,
                              Qt::Key_5,    Qt::Key_Delete,  Qt::Key_Minus,  Qt::Key_PageUp};
-const QStringList faults = {"fault 1 status 0xBFFF0015",
-                            "fault 3 status 0xBFFF0015",
-                            "fault 2 status 0xBFFF00A6",
-                            "fault 4 reply rubbish\\n",
-                            "error -222",
-                            "condition 328 on",
-                            "condition 328 off",
-                            "trigger rising",
-                            "trigger falling",
-                            "latency 3000",
-                            "latency 0"};
+const QStringList fileNames = {"one.csv", "two.csv", "one.xml", "two.xml", "three"};
+const QStringList faults = {"status 0xBFFF0015", "status 0xBFFF00A6", "reply rubbish\\n",
+                            "length 70000",      "endless",           "error -222",
+                            "condition 328 on",  "condition 328 off", "trigger rising",
+                            "trigger falling",   "latency 3000",      "latency 0"};
+constexpr int faultsOfCalls = 5; ///< the first of them
 
 template <typename Widget>
 QList<Widget*> usable(QWidget& window)
@@ -65,9 +62,8 @@ void SoakHands::act()
 {
     QWidget* window = inTheWay();
     const int what = below(100);
-    if (window && what < 40) {
-        say("Escape in " + window->objectName());
-        QTest::keyClick(window, Qt::Key_Escape);
+    if (window && (what < 50 || qobject_cast<QFileDialog*>(window))) {
+        answer(*window);
         return;
     }
     if (!window)
@@ -75,9 +71,9 @@ void SoakHands::act()
     if (what < 3)
         disturb();
     else if (what < 60)
-        click(*window);
+        click<QAbstractButton>(*window);
     else if (what < 80)
-        type(*window);
+        type(*window, any(texts));
     else
         press(*window);
 }
@@ -88,7 +84,7 @@ void SoakHands::rest()
         plug(true);
     m_demo(QStringLiteral("latency 0"));
     if (QWidget* window = inTheWay())
-        QTest::keyClick(window, Qt::Key_Escape);
+        answer(*window);
     else if (QWidget* focused = QApplication::focusWidget())
         focused->clearFocus();
 }
@@ -100,23 +96,40 @@ void SoakHands::say(const QString& what)
         m_said.removeFirst();
 }
 
-void SoakHands::click(QWidget& window)
+/// By its buttons or by Escape. What else there is in a file dialog leads to any folder and
+/// deletes.
+void SoakHands::answer(QWidget& window)
 {
-    const auto buttons = usable<QAbstractButton>(window);
-    if (buttons.isEmpty())
-        return;
-    QAbstractButton* button = any(buttons);
-    say("click " + button->objectName() + ' ' + button->text());
-    QTest::mouseClick(button, Qt::LeftButton);
+    const bool isOfFiles = qobject_cast<QFileDialog*>(&window);
+    if (isOfFiles && below(2) == 0) {
+        type(window, any(fileNames));
+    } else if (below(4) == 0 || !click<QPushButton>(window)) {
+        say("Escape in " + window.objectName());
+        QTest::keyClick(&window, Qt::Key_Escape);
+    }
 }
 
-void SoakHands::type(QWidget& window)
+template <typename Button>
+bool SoakHands::click(QWidget& window)
+{
+    const auto buttons = usable<Button>(window);
+    if (buttons.isEmpty())
+        return false;
+    QAbstractButton* button = any(buttons);
+    // Most rounds are to end connected, where there is something to compare.
+    if (button->objectName() == "connect" && below(4) > 0)
+        return true;
+    say("click " + button->objectName() + ' ' + button->text());
+    QTest::mouseClick(button, Qt::LeftButton);
+    return true;
+}
+
+void SoakHands::type(QWidget& window, const QString& text)
 {
     const auto fields = usable<QLineEdit>(window);
     if (fields.isEmpty())
         return;
     QPointer<QLineEdit> field = any(fields);
-    const QString text = any(texts);
     say("type \"" + text + "\" into " + field->objectName());
     field->setFocus();
     field->selectAll();
@@ -146,8 +159,15 @@ void SoakHands::disturb()
     if (!m_sincePlugged.hasExpired(500))
         return;
     const QString fault = any(faults);
-    say(fault);
-    m_demo(fault);
+    const int call = 1 + below(4);
+    say(fault + QStringLiteral(" at call %1").arg(call));
+    if (faults.indexOf(fault) >= faultsOfCalls) {
+        m_demo(fault);
+        return;
+    }
+    // A session that fails goes on failing: a lost command alone would be noticed by nobody.
+    for (int failing = call; failing < call + (fault.startsWith("status") ? 3 : 1); ++failing)
+        m_demo(QStringLiteral("fault %1 %2").arg(failing).arg(fault));
 }
 
 void SoakHands::plug(bool isIn)

@@ -18,7 +18,8 @@ public:
 
     /// One action. Answers what stands in the way first: dialogs, menus, popups.
     void act();
-    /// The cable in, nothing in the way and nothing half typed: what is then seen can be compared.
+    /// The cable in, what stands in the way answered, nothing half typed. To be called again until
+    /// all is still: what is then seen can be compared.
     void rest();
     /// The last actions, oldest first.
     QStringList said() const { return m_said; }
@@ -31,8 +32,10 @@ private:
         return items.at(below(items.size()));
     }
     void say(const QString& what);
-    void click(QWidget& window);
-    void type(QWidget& window);
+    void answer(QWidget& window);
+    template <typename Button>
+    bool click(QWidget& window);
+    void type(QWidget& window, const QString& text);
     void press(QWidget& window);
     void disturb();
     void plug(bool isIn);
