@@ -34,8 +34,8 @@ void FieldExchange::setAndShow(const char* format, QLineEdit* field)
     accept(field);
     if (!m_session.isConnected())
         return;
-    showAccepted(field, m_session.setAndReadBack(format, toNumber(field->text()),
-                                                 numericField(field)->kind));
+    showAnswer(field, m_session.setAndReadBack(format, toNumber(field->text()),
+                                               numericField(field)->kind));
     m_session.checkErrors();
 }
 

@@ -39,11 +39,9 @@ bool isGoneForGood(const QEvent& focusOut)
 }
 
 /// What is no number gives way to what was accepted, which the instrument has not been given: the
-/// field stays marked. One that a failed answer has emptied is not worth a word.
+/// field stays marked.
 bool hasNumberToPush(QLineEdit& field)
 {
-    if (field.text().isEmpty() && acceptedText(&field).isEmpty())
-        return false;
     if (takeNumber(&field))
         return true;
     setEdited(&field, true);
@@ -98,8 +96,8 @@ void CwControls::on_FREQ_editingFinished()
     showAccepted(&field, field.text());
     if (!m_session.isConnected())
         return;
-    showAccepted(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
-                                                  FieldKind::Frequency));
+    showAnswer(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
+                                                FieldKind::Frequency));
     m_session.checkErrors();
 }
 
@@ -155,8 +153,8 @@ void CwControls::sendPower()
     showAccepted(&field, field.text());
     if (!m_session.isConnected())
         return;
-    showAccepted(&field,
-                 m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
+    showAnswer(&field,
+               m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
     m_session.checkErrors();
 }
 

@@ -107,6 +107,13 @@ void showAccepted(QLineEdit* field, const QString& text)
     setEdited(field, false);
 }
 
+void showAnswer(QLineEdit* field, const QString& text)
+{
+    const QString accepted = text.isEmpty() ? acceptedText(field) : text;
+    showAccepted(field, text);
+    field->setProperty(acceptedProperty, accepted);
+}
+
 QString acceptedText(const QLineEdit* field)
 {
     return field->property(acceptedProperty).toString();

@@ -18,6 +18,10 @@ void reformatEdited(QLineEdit* field, FieldKind kind);
 /// field no longer counts as edited.
 void showAccepted(QLineEdit* field, const QString& text);
 
+/// Shows what a query was answered. No text, as of a query that failed, empties the field, and what
+/// was accepted before comes back with the next entry or push.
+void showAnswer(QLineEdit* field, const QString& text);
+
 /// The text that was last accepted in this field; before that, the one it was set up with.
 QString acceptedText(const QLineEdit* field);
 

@@ -176,7 +176,7 @@ bool SweepCommands::goesOn(int run, Mode mode)
     m_isSettingUp = false;
     runButton(mode).click();
     emit statusMessage(mode == Mode::List ? tr("The list does not run: %1").arg(words)
-                                    : tr("The sweep does not run: %1").arg(words));
+                                          : tr("The sweep does not run: %1").arg(words));
     return false;
 }
 
@@ -270,17 +270,17 @@ void SweepCommands::restoreCw()
     takeNumber(&m_cw.frequency);
     takeNumber(&m_cw.power);
     if (readsAsNumber(m_cw.frequency.text())) {
-        showAccepted(&m_cw.frequency, m_session.setAndReadBack(CwControls::frequencyFormat,
-                                                               toNumber(m_cw.frequency.text()),
-                                                               FieldKind::Frequency));
+        showAnswer(&m_cw.frequency,
+                   m_session.setAndReadBack(CwControls::frequencyFormat,
+                                            toNumber(m_cw.frequency.text()), FieldKind::Frequency));
         m_session.checkErrors();
     }
     if (!m_session.isConnected() || !readsAsNumber(m_cw.power.text()))
         return;
     // Whole dB only: any other text is 0 dBm.
     const auto powerDbm = static_cast<double>(toWholeNumber(m_cw.power.text()));
-    showAccepted(&m_cw.power,
-                 m_session.setAndReadBack(CwControls::powerFormat, powerDbm, FieldKind::Power));
+    showAnswer(&m_cw.power,
+               m_session.setAndReadBack(CwControls::powerFormat, powerDbm, FieldKind::Power));
     m_session.checkErrors();
 }
 

@@ -134,8 +134,10 @@ QStringList Soak::differences()
     const QString modes = ask("FREQ:MODE?;:POW:MODE?");
     compare("run", isRunning ? "on" : "off", modes == "FIX;FIX" ? "off" : "on");
     for (const char* name : {"FREQ", "POW"}) {
-        if (!isRunning)
-            compare(name, number(toNumber(m_rig.get<QLineEdit>(name).text())),
+        // What is marked as edited does not claim to be what the instrument has.
+        const auto& field = m_rig.get<QLineEdit>(name);
+        if (!isRunning && !field.property("edited").toBool())
+            compare(name, number(toNumber(field.text())),
                     number(ask(qPrintable(QString(name) + '?')).toDouble()));
     }
     return found;
