@@ -83,7 +83,9 @@ void PowerGuard::setCeilingDbm(std::optional<int> ceilingDbm)
 
 QString PowerGuard::bounded(const QString& powerText) const
 {
-    return isAboveCeiling(toNumber(powerText)) ? QString::number(*m_ceilingDbm) : powerText;
+    // What is no number would read as 0 dBm.
+    const bool isAbove = readsAsNumber(powerText) && isAboveCeiling(toNumber(powerText));
+    return isAbove ? QString::number(*m_ceilingDbm) : powerText;
 }
 
 void PowerGuard::bound(QLineEdit* field)

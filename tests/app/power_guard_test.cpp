@@ -378,6 +378,12 @@ void PowerGuardTest::ceilingHoldsWhatIsThere()
     QCOMPARE(text("Freq_Pow"), QString("-2"));
     setCeiling("-3");
     QCOMPARE(m_demo->takeSent().first(), QString("POW -3.000000;POW?\\n"));
+    // An emptied cell is no power above it.
+    auto& table = m_rig->get<QTableWidget>("table_List");
+    table.setRowCount(1);
+    table.setItem(0, 1, new QTableWidgetItem("-9"));
+    table.item(0, 1)->setText(QString());
+    QCOMPARE(table.item(0, 1)->text(), QString());
     setCeiling("");
     QVERIFY(m_demo->takeSent().isEmpty());
     QCOMPARE(m_settings.value("Safety/ceiling").toString(), QString());
