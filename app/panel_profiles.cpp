@@ -30,11 +30,6 @@ const QString documentName = QStringLiteral("KLV");
 /// A little longer than the pauses of the sequences that the clicks start.
 constexpr int waitMs = 450;
 
-bool isEdited(const QLineEdit& field)
-{
-    return field.property("edited").toBool();
-}
-
 SharedVariable::Type typeOf(StepKind kind)
 {
     if (kind == StepKind::Frequency || kind == StepKind::Time)
@@ -110,12 +105,12 @@ QString PanelProfiles::fieldText(const QLineEdit& field) const
     for (const PulseTime* time :
          {&m_parts.modulation.pulsePeriod(), &m_parts.modulation.pulseWidth()}) {
         if (time->field() == &field)
-            return isEdited(field) ? time->acceptedTextUs() : time->textUs();
+            return isEdited(&field) ? time->acceptedTextUs() : time->textUs();
     }
     // The entry is open only while a frequency is being typed.
     if (&field == &m_parts.referenceEntry)
         return m_parts.cw.externalReferenceMHz();
-    return isEdited(field) ? acceptedText(&field) : field.text();
+    return isEdited(&field) ? acceptedText(&field) : field.text();
 }
 
 /// Brings the fields into the form in which files hold them.
@@ -124,7 +119,7 @@ void PanelProfiles::settle()
     const ProfileStore& store = m_files->store();
     for (const QWidget* panel : store.panels()) {
         for (QLineEdit* field : store.controls<QLineEdit>(*panel)) {
-            if (isEdited(*field))
+            if (isEdited(field))
                 showAccepted(field, acceptedText(field));
         }
     }

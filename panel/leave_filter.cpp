@@ -18,6 +18,9 @@ bool LeaveFilter::eventFilter(QObject* watched, QEvent* event)
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     // A field that is being destroyed loses its focus too, but is no line edit any more.
     auto* field = isLeaving || isEscape ? qobject_cast<QLineEdit*>(watched) : nullptr;
+    // A failed answer has emptied it: what was accepted comes back without a word.
+    if (field && isLeaving && field->text().isEmpty() && !isEdited(field))
+        showAccepted(field, acceptedText(field));
     if (!field || (field->text() == acceptedText(field)) != isLeaving)
         return QObject::eventFilter(watched, event);
     if (isEscape) {

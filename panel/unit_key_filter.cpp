@@ -125,6 +125,11 @@ void setEdited(QLineEdit* field, bool isEdited)
         field->setProperty(editedProperty, isEdited);
 }
 
+bool isEdited(const QLineEdit* field)
+{
+    return field->property(editedProperty).toBool();
+}
+
 void setUnitPower(QLineEdit* field, int powerOfTen)
 {
     field->setProperty(unitPowerProperty, powerOfTen);

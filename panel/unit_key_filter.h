@@ -28,6 +28,7 @@ QString acceptedText(const QLineEdit* field);
 /// Sets the dynamic property "edited": true while a field holds what the user typed and has not yet
 /// been accepted. The style sheet shows it.
 void setEdited(QLineEdit* field, bool isEdited);
+bool isEdited(const QLineEdit* field);
 
 /// The power of ten of its kind's own unit that a field's plain number counts in: 3 while a field
 /// of microseconds shows milliseconds, 0 unless set. Unit letters, steps and the keypad heed it;

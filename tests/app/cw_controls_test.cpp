@@ -414,13 +414,11 @@ void CwControlsTest::failureEmptiesTheFieldAndDisconnects()
     QCOMPARE(m_rig->device(), QString("Disconnected"));
     QVERIFY(!QApplication::activeModalWidget());
     QVERIFY(field("FREQ").isEnabled());
-    // What was accepted comes back with the next instrument, which has not been given it.
+    // What was accepted comes back when the field is left, and the next instrument is given it.
     (*m_demo)(QStringLiteral("plug"));
-    m_demo->takeSent();
     m_rig->connectDevice();
-    QVERIFY(m_demo->takeSent().filter("FREQ 3").isEmpty());
     QCOMPARE(field("FREQ").text(), QString("3 000 000 000"));
-    QVERIFY(field("FREQ").property("edited").toBool());
+    QCOMPARE((*m_demo)(QStringLiteral("ask FREQ?")).toDouble(), 3e9);
 }
 
 QTEST_MAIN(CwControlsTest)
