@@ -3,8 +3,12 @@
 #include "numbers/number_text.h"
 
 #include <QFile>
+#include <QStringList>
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
 
 namespace
 {
@@ -71,6 +75,20 @@ ParsedLine parsedLine(const char* begin, const char* end)
     return parsed;
 }
 
+/// Whether a line is text in which no field is a number.
+bool isHeading(const char* begin, const char* end)
+{
+    const QString line = withPlainBlanks(QString::fromUtf8(begin, static_cast<int>(end - begin)));
+    if (line.contains(QChar::ReplacementCharacter) || line.contains(QChar(0)))
+        return false;
+    const bool hasDecimalComma = line.contains(QLatin1Char(';'));
+    QStringList fields = line.split(QLatin1Char(hasDecimalComma ? ';' : ','));
+    fields.replaceInStrings(QStringLiteral(","), QStringLiteral("."));
+    return std::none_of(fields.begin(), fields.end(), [](const QString& field) {
+        return !field.trimmed().isEmpty() && isNumberOrEmpty(field);
+    });
+}
+
 bool isBlankLine(const char* begin, const char* end)
 {
     // Whatever is not ASCII may be a blank, too.
@@ -112,6 +130,8 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         return read;
     };
     std::array<char, longestLine + 1> line;
+    /// What is wrong with the first line if no points follow it.
+    std::optional<std::pair<int, QString>> headingError;
     for (;;) {
         const qint64 length = file.readLine(line.data(), line.size());
         if (length <= 0)
@@ -137,11 +157,21 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         if (isBlankLine(begin, end))
             continue;
         ParsedLine parsed = parsedLine(begin, end);
+        const bool isFirst = read.rows.empty() && !headingError;
+        if (isFirst && parsed.error == ListFileError::NoNumber && isHeading(begin, end)) {
+            headingError = {read.line, parsed.strangeField};
+            continue;
+        }
         if (parsed.error != ListFileError::None)
             return failed(parsed.error, parsed.strangeField);
         read.rows.push_back(std::move(parsed.row));
     }
     if (file.error() != QFileDevice::NoError)
         return failed(ListFileError::NotRead, file.errorString());
+    read.hasHeading = headingError.has_value();
+    if (read.hasHeading && read.rows.empty()) {
+        read.line = headingError->first;
+        return failed(ListFileError::NoNumber, headingError->second);
+    }
     return read;
 }

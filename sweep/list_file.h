@@ -26,7 +26,8 @@ enum class ListFileError {
 };
 
 struct ReadList {
-    PointRows rows; ///< empty after an error
+    PointRows rows;          ///< empty after an error
+    bool hasHeading = false; ///< the first line held no number and was passed over
     ListFileError error = ListFileError::None;
     int line = 0;   ///< where the error is, counted from 1
     QString detail; ///< the field that is no number, or what the system says
@@ -36,5 +37,6 @@ QByteArray listText(const PointRows& points);
 
 /// Reads all of a file before it tells of any row. Fields are taken as they stand but for
 /// blanks of any kind and tabs, which become plain blanks, and their values not looked at; fields
-/// beyond the third are dropped, missing ones empty, blank lines skipped.
+/// beyond the third are dropped, missing ones empty, blank lines skipped. A first line of text in
+/// which no field is a number is a heading, where points follow.
 ReadList readListFile(const QString& path, FileProgress* progress = nullptr);

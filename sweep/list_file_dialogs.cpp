@@ -81,9 +81,12 @@ void ListFileDialogs::openFrom(const QString& path)
     ReadList cancelled;
     cancelled.error = ListFileError::Cancelled;
     const ReadList read = readBeside(m_table->window(), path, &readListFile).value_or(cancelled);
-    const auto take = [this, rows = read.rows] {
-        if (m_table->change({0, m_table->rowCount(), rows}, tr("Open list")))
-            m_table->scrollToTop();
+    const auto take = [this, rows = read.rows, name, hasHeading = read.hasHeading] {
+        if (!m_table->change({0, m_table->rowCount(), rows}, tr("Open list")))
+            return;
+        m_table->scrollToTop();
+        if (hasHeading)
+            emit statusMessage(tr("%1: the first line is a heading and was passed over").arg(name));
     };
     if (read.error != ListFileError::None)
         tellError(name, read);

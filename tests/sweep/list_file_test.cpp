@@ -98,6 +98,8 @@ void ListFileTest::reads_data()
         "1,2,3\n",
         {"1|2|3"});
     row("empty", "", {});
+    row("a heading", "Freq;Pow;Dwell;Remark\n1;-2,5;3\n", {"1|-2.5|3"});
+    row("a heading behind blank lines", "\n\"Freq [Hz]\"\n1\n", {"1||"});
 }
 
 void ListFileTest::reads()
@@ -119,7 +121,9 @@ void ListFileTest::refuses_data()
         QTest::newRow(name) << contents << static_cast<int>(error) << line;
     };
     using E = ListFileError;
-    row("a header", "Freq,Pow,Dwell\n1,2,3\n", E::NoNumber, 1);
+    row("nothing but a heading", "\nFreq,Pow,Dwell\n", E::NoNumber, 2);
+    row("a number in the heading", "Freq,1,Dwell\n1,2,3\n", E::NoNumber, 1);
+    row("two headings", "Freq,Pow\nHz,dBm\n1,2,3\n", E::NoNumber, 2);
     row("a word", "1,2,3\n4,five,6\n", E::NoNumber, 2);
     row("two numbers", "1,2,3\n4,5-3,6\n", E::NoNumber, 2);
     row("digits of another script", "1,\u0663,3\n", E::NoNumber, 1);

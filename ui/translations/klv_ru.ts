@@ -702,6 +702,10 @@
 <context>
     <name>ListFileDialogs</name>
     <message>
+        <source>%1: the first line is a heading and was passed over</source>
+        <translation>%1: первая строка — заголовок, она пропущена</translation>
+    </message>
+    <message>
         <source>Save List</source>
         <translation>Сохранить список</translation>
     </message>
