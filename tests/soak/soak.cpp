@@ -130,6 +130,9 @@ QStringList Soak::differences()
             isOn = isOn || isChecked(qPrintable(name));
         compare(row.query, isOn ? "1" : "0", ask(row.query));
     }
+    compare("RF lamp", m_rig.get("label_RF").isEnabled() ? "1" : "0", ask("OUTP?"));
+    compare("max power", m_rig.get("wgtMaxPow").isHidden() ? "0" : "1", ask("POW:BOOS?"));
+    compare("reference", isChecked("ROSC") ? "EXT" : "INT", ask("ROSC:SOUR?"));
     const bool isRunning = isChecked("button_Sweep") || isChecked("button_List");
     const QString modes = ask("FREQ:MODE?;:POW:MODE?");
     compare("run", isRunning ? "on" : "off", modes == "FIX;FIX" ? "off" : "on");
