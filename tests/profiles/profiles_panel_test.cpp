@@ -11,6 +11,8 @@
 #include <QScrollBar>
 #include <QToolButton>
 
+#include <ctime>
+
 namespace
 {
 /// The dialog that is open, once it is.
@@ -267,10 +269,11 @@ void ProfilesPanelTest::listsThousands()
         QFile copy(quickPath(QString::number(i)));
         QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
     }
-    QElapsedTimer timer;
-    timer.start();
+    // Its own time, not that of a machine with more to do.
+    const std::clock_t began = std::clock();
     m_panel->refresh();
-    QVERIFY2(timer.elapsed() < 1000, qPrintable(QString::number(timer.elapsed())));
+    const double seconds = static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC;
+    QVERIFY2(seconds < 1.0, qPrintable(QString::number(seconds)));
     // A row is there when one comes to it, by the wheel or by Tab.
     auto* bar = m_panel->findChild<QScrollArea*>()->verticalScrollBar();
     QTRY_VERIFY((bar->setValue(bar->maximum()), shown().size() > 200));
