@@ -23,7 +23,7 @@ public:
 
 private:
     void watchPaths();
-    void noteChange(bool isRewritten);
+    void noteChange();
     static QStringList serialsIn(const QByteArray& content);
     void compareContent();
     QByteArray readFile() const;

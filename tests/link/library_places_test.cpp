@@ -7,8 +7,10 @@
 
 namespace
 {
+// With the drive, where there is one: the current folder changes.
+const QString libraryFile = QFileInfo(KLV_PARTIAL_LIBRARY).absoluteFilePath();
 /// What the search path of this test names, among empty and relative entries.
-const QString listedFolder = QStringLiteral(KLV_LISTED_FOLDER);
+const QString listedFolder = QFileInfo(KLV_LISTED_FOLDER).absoluteFilePath();
 } // namespace
 
 /// A library of a plain name is loaded from the places where libraries lie.
@@ -54,7 +56,7 @@ void LibraryPlacesTest::loadsFromPlacesOnly()
     QVERIFY(QDir().mkpath(folder));
     const QString file = folder + '/' + libraryPlaces("KlvPlaces").fileNames.first();
     QFile::remove(file);
-    QVERIFY(QFile::copy(KLV_PARTIAL_LIBRARY, file));
+    QVERIFY(QFile::copy(libraryFile, file));
     VisaLibrary visa;
     visa.load(asked.toLocal8Bit().constData());
     const bool hasLoaded = visa.unresolvedCount() >= 0;

@@ -170,7 +170,6 @@ void TestHotPlug::noticesOutAndIn_data()
     QTest::addColumn<QString>("way");
     QTest::addColumn<QByteArray>("out");
     QTest::newRow("replaced") << "replaced" << QByteArray("[1002]\n");
-    QTest::newRow("replaced by nothing") << "replaced" << QByteArray();
     QTest::newRow("rewritten") << "rewritten" << QByteArray("[1002]\n");
     QTest::newRow("removed") << "removed" << QByteArray();
 }
