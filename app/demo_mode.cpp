@@ -54,8 +54,9 @@ void DemoMode::endBootloaderSoon()
 QString DemoMode::libraryPath()
 {
     const QString program = QCoreApplication::applicationDirPath();
+    // Beside the program, or where the build tree has it for programs in its other folders.
     const QString names[] = {QStringLiteral("/demo/lib%1.so"), QStringLiteral("/../demo/lib%1.so"),
-                             QStringLiteral("/demo/%1.dll")};
+                             QStringLiteral("/demo/%1.dll"), QStringLiteral("/../bin/demo/%1.dll")};
     for (const QString& name : names) {
         const QString path = program + name.arg(QLatin1String(libraryName));
         if (QFileInfo::exists(path))
