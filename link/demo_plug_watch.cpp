@@ -16,8 +16,8 @@ DemoPlugWatch::DemoPlugWatch(const QString& filePath)
 {
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(QuietMs);
-    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &DemoPlugWatch::noteChange);
-    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &DemoPlugWatch::noteChange);
+    connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, [this] { noteChange(true); });
+    connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, [this] { noteChange(false); });
     connect(&m_quiet, &QTimer::timeout, this, &DemoPlugWatch::compareContent);
     watchPaths();
     m_content = readFile();
@@ -38,13 +38,13 @@ void DemoPlugWatch::watchPaths()
 }
 
 /// An instrument that is out and in again before the file is left alone has lost its state all the
-/// same. A file that is being rewritten is empty for a moment: that pulls no cable.
-void DemoPlugWatch::noteChange()
+/// same. A file that is rewritten in its place is empty for a moment: that pulls no cable.
+void DemoPlugWatch::noteChange(bool isRewritten)
 {
     m_quiet.start();
     watchPaths();
     const QByteArray content = readFile();
-    if (content.isEmpty() && QFileInfo::exists(m_filePath))
+    if (isRewritten && content.isEmpty())
         return;
     const QStringList present = serialsIn(content);
     const QStringList before = serialsIn(m_content);

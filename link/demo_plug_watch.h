@@ -23,7 +23,7 @@ public:
 
 private:
     void watchPaths();
-    void noteChange();
+    void noteChange(bool isRewritten);
     static QStringList serialsIn(const QByteArray& content);
     void compareContent();
     QByteArray readFile() const;

@@ -155,6 +155,8 @@ void TestHotPlug::staysSilentWhileContentIsTheSame()
 
 void TestHotPlug::waitsUntilWritingIsOver()
 {
+    if (QSysInfo::kernelType() == QLatin1String("winnt"))
+        QSKIP("Windows tells of a rewritten file as of a replaced one");
     write("[1001]\n", m_path);
     DemoPlugWatch watch(m_path);
     QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
@@ -170,6 +172,7 @@ void TestHotPlug::noticesOutAndIn_data()
     QTest::addColumn<QString>("way");
     QTest::addColumn<QByteArray>("out");
     QTest::newRow("replaced") << "replaced" << QByteArray("[1002]\n");
+    QTest::newRow("replaced by nothing") << "replaced" << QByteArray();
     QTest::newRow("rewritten") << "rewritten" << QByteArray("[1002]\n");
     QTest::newRow("removed") << "removed" << QByteArray();
 }
