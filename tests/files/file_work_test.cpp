@@ -55,10 +55,7 @@ void FileWorkTest::showsProgressAndCanBeCancelled()
             QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
     });
     look.start(20);
-    QElapsedTimer timer;
-    timer.start();
     const std::optional<FileOutcome> outcome = fileWork<FileOutcome>(&window, "Reading", work);
-    QVERIFY2(timer.elapsed() < 2500, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(mostShown > 0, isShown);
     QCOMPARE(outcome.has_value(), isHeeding);
     QCOMPARE(!outcome || outcome->fault == FileFault::Cancelled, isCancelled);

@@ -248,10 +248,7 @@ void ProfileFileTest::leavesUnsoundFilesAlone()
     QFETCH(QString, reason);
     ProfileRig rig;
     const QString path = rig.fileOf(bytes);
-    QElapsedTimer timer;
-    timer.start();
     QVERIFY(!rig.profiles().open(path));
-    QVERIFY(timer.elapsed() < 2000);
     QCOMPARE(rig.takeLog(), QStringList("message: " + reason));
 }
 

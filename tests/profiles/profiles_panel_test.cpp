@@ -11,8 +11,6 @@
 #include <QScrollBar>
 #include <QToolButton>
 
-#include <ctime>
-
 namespace
 {
 /// The dialog that is open, once it is.
@@ -269,12 +267,10 @@ void ProfilesPanelTest::listsThousands()
         QFile copy(quickPath(QString::number(i)));
         QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
     }
-    // Its own time, not that of a machine with more to do.
-    const std::clock_t began = std::clock();
     m_panel->refresh();
-    const double seconds = static_cast<double>(std::clock() - began) / CLOCKS_PER_SEC;
-    QVERIFY2(seconds < 1.0, qPrintable(QString::number(seconds)));
-    // A row is there when one comes to it, by the wheel or by Tab.
+    // Three thousand rows of widgets would hold the window up: a row is made when one comes to it,
+    // by the wheel or by Tab.
+    QVERIFY(shown().size() < 500);
     auto* bar = m_panel->findChild<QScrollArea*>()->verticalScrollBar();
     QTRY_VERIFY((bar->setValue(bar->maximum()), shown().size() > 200));
     QTRY_VERIFY(bar->value() < bar->maximum());
