@@ -13,10 +13,10 @@
 
 class GuiListKLV;
 class HotPlugWatch;
+class InstrumentLimits;
 class RunningCopies;
 class ScpiSession;
 class SearchKLV;
-struct InstrumentLimits;
 
 /// What an instrument says of itself.
 struct InstrumentIdentity {

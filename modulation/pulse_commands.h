@@ -2,10 +2,10 @@
 
 #include <QObject>
 
+class InstrumentLimits;
 class Modulat;
 class QLabel;
 class ScpiSession;
-struct InstrumentLimits;
 
 /// The pulse modulation at work: its state, source, period and width go to the instrument, and what
 /// it answers goes back into the fields. Lights its indicator while it is on. Owns no widget.

@@ -3,12 +3,12 @@
 #include <QObject>
 #include <QString>
 
+class InstrumentLimits;
 class PowerGuard;
 class QAbstractButton;
 class QLineEdit;
 class QWidget;
 class ScpiSession;
-struct InstrumentLimits;
 
 /// The continuous-wave controls at work: frequency, power, RF output and reference oscillator go
 /// to the instrument, and what it answers goes back into their fields. Owns the stored external
