@@ -1,6 +1,6 @@
 #pragma once
 
-#include "demo/demo_control.h"
+#include "demo/control/control.h"
 #include "visa/visa_functions.h"
 
 #include <QByteArray>

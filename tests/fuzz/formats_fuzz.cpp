@@ -1,6 +1,6 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "demo/formatted_scan.h"
+#include "visa_library/formatted_scan.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "demo/resource_filter.h"
-#include "demo/resource_name.h"
+#include "visa_library/resource_filter.h"
+#include "visa_library/resource_name.h"
 
 /// VISA resource names and search expressions: a name that is read is written and read the same,
 /// and no expression takes long.

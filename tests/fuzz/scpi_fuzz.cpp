@@ -1,7 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "demo/clock.h"
-#include "demo/instrument.h"
+#include "demo/instrument/clock.h"
+#include "demo/instrument/instrument.h"
 
 /// The simulated instrument takes any messages, with time and triggers between them.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)

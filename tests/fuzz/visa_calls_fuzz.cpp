@@ -1,7 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "demo/demo_control.h"
-#include "demo/visa_api.h"
+#include "demo/control/control.h"
+#include "visa_library/api.h"
 
 #include <array>
 #include <vector>

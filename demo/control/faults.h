@@ -1,0 +1,36 @@
+#pragma once
+
+#include "demo/instrument/instrument.h"
+#include "visa/visa.h"
+
+#include <map>
+#include <optional>
+
+/// What goes wrong at one I/O call.
+struct Fault {
+    enum class Kind { Status, Vanish, Reply, Endless };
+
+    unsigned call = 0; ///< how many I/O calls are still to come, this one included
+    Kind kind = Kind::Status;
+    ViStatus status = VI_SUCCESS;
+    bool isSlow = false; ///< wait for the session's time-out first
+    std::string reply;   ///< exact bytes in place of the instrument's
+};
+
+/// A find list attribute that does not read as it should.
+struct AttributeFault {
+    ViStatus status = VI_SUCCESS;
+    std::string text;
+};
+
+/// What a test wants to go wrong, and when. It only holds the wishes; the calls carry them out.
+struct Faults {
+    /// Counts one I/O call down and takes the fault that is due at it.
+    std::optional<Fault> next();
+
+    std::vector<Fault> pending;
+    ReplyOverrides replies;
+    std::map<ViAttr, AttributeFault> attributes;
+    unsigned latencyUs = 0;       ///< added to every I/O call
+    bool waitsForTimeouts = true; ///< false: a reply that will not come times out at once
+};

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "demo/instrument/scpi_text.h"
+
+#include <array>
+
+/// Every number that the generator holds, in the order of the table in quantities.cpp.
+enum class Quantity : size_t {
+    Frequency,
+    Power,
+    PulsePeriod,
+    PulseWidth,
+    AmDepth,
+    AmRate,
+    AmDuty,
+    FmDeviation,
+    FmRate,
+    FmDuty,
+    PmDeviation,
+    PmRate,
+    PmDuty,
+    LfoDuty,
+    LfoAmplitude,
+    LfoFrequency,
+    ReferenceFrequency,
+    ListDwell,
+    SweepDwell,
+    SweepPoints,
+    StartFrequency,
+    StopFrequency,
+    StartPower,
+    StopPower,
+    Dac,
+};
+constexpr size_t quantityCount = static_cast<size_t>(Quantity::Dac) + 1;
+
+struct Range {
+    double minimum = 0;
+    double maximum = 0;
+};
+using Limits = std::array<Range, quantityCount>;
+
+/// How a quantity is read, answered and bounded. Values are in hertz, dBm, seconds, percent,
+/// radians or volts; replies are value * replyScale with the decimals and the suffix.
+struct QuantityInfo {
+    Quantity quantity;
+    const char* name;    ///< stem of its keys in an instrument file
+    const char* keyUnit; ///< unit of those keys: "frequencyMaxHz"
+    double keyScale;     ///< a key's number times this is the value
+    Unit unit;
+    int decimals;
+    double replyScale;
+    const char* replySuffix;
+    double minimum;
+    double maximum;
+    double reset;
+};
+
+const QuantityInfo& infoOf(Quantity quantity);
+Limits defaultLimits();
+/// The model's name says its highest frequency: "KLV-20G" reaches 20 GHz.
+void applyModel(Limits& limits, const std::string& model);
+/// Applies a key such as "frequencyMaxHz"; false when no quantity has it.
+bool applyLimitKey(Limits& limits, std::string_view key, double number);
+/// Why an applied key cannot stand, all of the description being applied: "frequencyMaxHz is 0 to
+/// 1000000000000"; empty where it can, or where no quantity has the key.
+std::string limitFault(const Limits& limits, std::string_view key, double number);

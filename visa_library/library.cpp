@@ -1,0 +1,52 @@
+#include "visa_library/library.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace
+{
+
+Library& theLibrary()
+{
+    static Library library;
+    return library;
+}
+
+} // namespace
+
+VisaCall::VisaCall(bool isCounted) : library(theLibrary()), m_lock(library.mutex)
+{
+    library.callCount += isCounted ? 1 : 0;
+    library.rack.refresh();
+}
+
+VisaCall::~VisaCall()
+{
+    library.changed.notify_all();
+    m_lock.unlock();
+    for (const auto& action : m_deferred)
+        action();
+}
+
+void VisaCall::sleep(std::chrono::microseconds interval)
+{
+    m_lock.unlock();
+    std::this_thread::sleep_for(interval);
+    m_lock.lock();
+}
+
+// In slices, since a change of the instrument file wakes nobody.
+void VisaCall::wait(std::chrono::steady_clock::time_point deadline)
+{
+    const auto slice = std::chrono::steady_clock::now() + std::chrono::milliseconds(20);
+    library.changed.wait_until(m_lock, std::min(deadline, slice));
+    library.rack.refresh();
+}
+
+std::chrono::steady_clock::time_point deadlineAfter(ViUInt32 timeoutMs)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (timeoutMs == VI_TMO_INFINITE)
+        return now + std::chrono::hours(24 * 365);
+    return now + std::chrono::milliseconds(timeoutMs);
+}

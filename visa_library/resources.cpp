@@ -1,0 +1,160 @@
+// Resource manager, search, opening and closing.
+#include "visa_library/api.h"
+#include "visa_library/resource_filter.h"
+#include "visa_library/resource_name.h"
+#include "visa_library/session.h"
+#include "visa_library/text.h"
+
+namespace
+{
+
+std::shared_ptr<Instrument> presentInstrument(Library& library, const ResourceName& name)
+{
+    auto instrument = library.rack.find(name.serial);
+    const bool isThere = instrument != nullptr && instrument->isPresent() &&
+                         instrument->model.description.address() == name.text();
+    return isThere ? instrument : nullptr;
+}
+
+ViStatus parse(ViSession resourceManager, ViConstRsrc name, ViPUInt16 interfaceType,
+               ViPUInt16 interfaceNumber, ResourceName& parsed)
+{
+    VisaCall call;
+    if (call.library.objects.find<ResourceManager>(resourceManager) == nullptr)
+        return VI_ERROR_INV_OBJECT;
+    if (name == nullptr || !parseResourceName(name, parsed))
+        return VI_ERROR_INV_RSRC_NAME;
+    if (interfaceType != nullptr)
+        *interfaceType = VI_INTF_USB;
+    if (interfaceNumber != nullptr)
+        *interfaceNumber = parsed.board;
+    return VI_SUCCESS;
+}
+
+ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& name,
+              ViAccessMode mode, ViUInt32 timeoutMs, ViPSession result)
+{
+    Library& library = call.library;
+    const auto fault = library.faults.next();
+    if (library.faults.latencyUs > 0)
+        call.sleep(std::chrono::microseconds(library.faults.latencyUs));
+    auto instrument = presentInstrument(library, name);
+    if (fault && fault->kind == Fault::Kind::Vanish && instrument != nullptr)
+        instrument->unplug();
+    if (fault && fault->status < VI_SUCCESS)
+        return fault->status;
+    if (instrument == nullptr || !instrument->isPresent())
+        return VI_ERROR_RSRC_NFOUND;
+    auto session = std::make_shared<Session>(std::move(instrument));
+    if ((mode & (VI_EXCLUSIVE_LOCK | VI_SHARED_LOCK)) != 0) {
+        const ViStatus status = session->waitForLock(call, mode & ~VI_LOAD_CONFIG, timeoutMs, {});
+        if (status != VI_SUCCESS)
+            return status;
+    }
+    session->owner = resourceManager;
+    library.wire.event("open", session->instrument->model.description.address());
+    *result = library.objects.add(std::move(session));
+    return fault ? fault->status : VI_SUCCESS;
+}
+
+} // namespace
+
+ViStatus KLV_VISA_FIXED viOpenDefaultRM(ViPSession resourceManager)
+{
+    VisaCall call;
+    if (resourceManager == nullptr)
+        return VI_ERROR_USER_BUF;
+    *resourceManager = call.library.objects.add(std::make_shared<ResourceManager>());
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED viParseRsrc(ViSession resourceManager, ViConstRsrc name,
+                                    ViPUInt16 interfaceType, ViPUInt16 interfaceNumber)
+{
+    ResourceName parsed;
+    return parse(resourceManager, name, interfaceType, interfaceNumber, parsed);
+}
+
+ViStatus KLV_VISA_FIXED viParseRsrcEx(ViSession resourceManager, ViConstRsrc name,
+                                      ViPUInt16 interfaceType, ViPUInt16 interfaceNumber,
+                                      ViChar* resourceClass, ViChar* expandedName, ViChar* alias)
+{
+    ResourceName parsed;
+    const ViStatus status = parse(resourceManager, name, interfaceType, interfaceNumber, parsed);
+    if (status != VI_SUCCESS)
+        return status;
+    copyText(resourceClass, "INSTR");
+    copyText(expandedName, parsed.text());
+    copyText(alias, "");
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED viFindRsrc(ViSession resourceManager, ViConstString expression,
+                                   ViPFindList findList, ViPUInt32 count, ViChar* description)
+{
+    VisaCall call;
+    Library& library = call.library;
+    if (library.objects.find<ResourceManager>(resourceManager) == nullptr)
+        return VI_ERROR_INV_OBJECT;
+    library.wire.event("find", expression == nullptr ? "" : expression);
+    const auto filter = ResourceFilter::from(expression == nullptr ? "" : expression);
+    if (!filter)
+        return VI_ERROR_INV_EXPR;
+    auto found = std::make_shared<FindList>();
+    for (const auto& instrument : library.rack.instruments()) {
+        const InstrumentDescription& what = instrument->model.description;
+        if (instrument->isPresent() && filter->matches(what.address()))
+            found->resources.push_back({what.address(), what.maker, what.model, what.serial});
+    }
+    if (count != nullptr)
+        *count = static_cast<ViUInt32>(found->resources.size());
+    if (found->resources.empty())
+        return VI_ERROR_RSRC_NFOUND;
+    copyText(description, found->resources.front().address);
+    if (findList != nullptr) {
+        found->owner = resourceManager;
+        *findList = library.objects.add(std::move(found));
+    }
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED viFindNext(ViFindList findList, ViChar* description)
+{
+    VisaCall call;
+    const auto list = call.library.objects.find<FindList>(findList);
+    if (list == nullptr)
+        return VI_ERROR_INV_OBJECT;
+    if (list->current + 1 >= list->resources.size())
+        return VI_ERROR_RSRC_NFOUND;
+    ++list->current;
+    copyText(description, list->resources[list->current].address);
+    return VI_SUCCESS;
+}
+
+ViStatus KLV_VISA_FIXED viOpen(ViSession resourceManager, ViConstRsrc name, ViAccessMode mode,
+                               ViUInt32 timeoutMs, ViPSession session)
+{
+    VisaCall call;
+    if (session == nullptr)
+        return VI_ERROR_USER_BUF;
+    *session = VI_NULL;
+    if (call.library.objects.find<ResourceManager>(resourceManager) == nullptr)
+        return VI_ERROR_INV_OBJECT;
+    ResourceName parsed;
+    if (name == nullptr || !parseResourceName(name, parsed))
+        return VI_ERROR_INV_RSRC_NAME;
+    const ViAccessMode known = VI_EXCLUSIVE_LOCK | VI_SHARED_LOCK | VI_LOAD_CONFIG;
+    if ((mode & ~known) != 0 || (mode & known & ~VI_LOAD_CONFIG) == 3)
+        return VI_ERROR_INV_ACC_MODE;
+    return open(call, resourceManager, parsed, mode, timeoutMs, session);
+}
+
+ViStatus KLV_VISA_FIXED viClose(ViObject object)
+{
+    VisaCall call;
+    if (object == VI_NULL)
+        return VI_WARN_NULL_OBJECT;
+    if (call.library.objects.find<Session>(object) != nullptr)
+        call.library.wire.event("close");
+    return call.library.objects.remove(object) ? VI_SUCCESS : VI_ERROR_INV_OBJECT;
+}
