@@ -4,12 +4,10 @@
 
 #include "visa/visa_functions.h"
 
-#include "vevisa32_export.h"
-
 #define DECLARE_FIXED(result, name, parameters)                                                    \
-    extern "C" VEVISA32_EXPORT result KLV_VISA_FIXED name parameters;
+    extern "C" VISA_EXPORT result KLV_VISA_FIXED name parameters;
 #define DECLARE_VARIADIC(result, name, parameters)                                                 \
-    extern "C" VEVISA32_EXPORT result KLV_VISA_VARIADIC name parameters;
+    extern "C" VISA_EXPORT result KLV_VISA_VARIADIC name parameters;
 KLV_VISA_FUNCTIONS(DECLARE_FIXED, DECLARE_VARIADIC)
 #undef DECLARE_FIXED
 #undef DECLARE_VARIADIC

@@ -28,9 +28,19 @@ struct AttributeRow {
     ViStatus (*set)(Kind& object, std::uintptr_t state) = nullptr; // none: read-only
 };
 
-const InstrumentDescription& descriptionOf(Session& session)
+Resource resourceOf(const Session& session)
 {
-    return session.instrument->model.description;
+    return session.device->resource();
+}
+
+const Resource& resourceOf(const FindList& list)
+{
+    return list.resources[list.current];
+}
+
+std::string interfaceName(const ResourceName& name)
+{
+    return "USB" + std::to_string(name.board) + " (" + name.text() + ")";
 }
 
 std::uintptr_t lockState(Session& session)
@@ -80,18 +90,18 @@ const AttributeRow<Object> commonRows[] = {
 
 const AttributeRow<Session> sessionRows[] = {
     {VI_ATTR_TMO_VALUE, Width::Bits32, NUMBER(o.timeoutMs), SET(assign(o.timeoutMs, state))},
-    {VI_ATTR_MANF_NAME, Width::Text, TEXT(descriptionOf(o).maker)},
-    {VI_ATTR_MODEL_NAME, Width::Text, TEXT(descriptionOf(o).model)},
-    {VI_ATTR_USB_SERIAL_NUM, Width::Text, TEXT(descriptionOf(o).serial)},
-    {VI_ATTR_RSRC_NAME, Width::Text, TEXT(descriptionOf(o).address())},
+    {VI_ATTR_MANF_NAME, Width::Text, TEXT(resourceOf(o).maker)},
+    {VI_ATTR_MODEL_NAME, Width::Text, TEXT(resourceOf(o).model)},
+    {VI_ATTR_USB_SERIAL_NUM, Width::Text, TEXT(resourceOf(o).name.serial)},
+    {VI_ATTR_RSRC_NAME, Width::Text, TEXT(resourceOf(o).name.text())},
     {VI_ATTR_RSRC_CLASS, Width::Text, [](Session&) -> State { return State(std::string("INSTR")); }},
-    {VI_ATTR_INTF_INST_NAME, Width::Text, TEXT("USB0 (" + descriptionOf(o).address() + ")")},
+    {VI_ATTR_INTF_INST_NAME, Width::Text, TEXT(interfaceName(resourceOf(o).name))},
     {VI_ATTR_INTF_TYPE, Width::Bits16, [](Session&) -> State { return State(VI_INTF_USB); }},
-    {VI_ATTR_INTF_NUM, Width::Bits16, [](Session&) -> State { return State(0); }},
-    {VI_ATTR_MANF_ID, Width::Bits16, [](Session&) -> State { return State(0x5645); }},
-    {VI_ATTR_MODEL_CODE, Width::Bits16, [](Session&) -> State { return State(0x0040); }},
+    {VI_ATTR_INTF_NUM, Width::Bits16, NUMBER(resourceOf(o).name.board)},
+    {VI_ATTR_MANF_ID, Width::Bits16, NUMBER(resourceOf(o).name.vendor)},
+    {VI_ATTR_MODEL_CODE, Width::Bits16, NUMBER(resourceOf(o).name.product)},
     {VI_ATTR_4882_COMPLIANT, Width::Bits16, [](Session&) -> State { return State(VI_TRUE); }},
-    {VI_ATTR_USB_INTFC_NUM, Width::Bits16, [](Session&) -> State { return State(0); }},
+    {VI_ATTR_USB_INTFC_NUM, Width::Bits16, NUMBER(resourceOf(o).name.interfaceNumber)},
     {VI_ATTR_USB_PROTOCOL, Width::Bits16, [](Session&) -> State { return State(1); }},
     {VI_ATTR_USB_MAX_INTR_SIZE, Width::Bits16, [](Session&) -> State { return State(2); }},
     {VI_ATTR_RM_SESSION, Width::Bits32, NUMBER(o.owner)},
@@ -110,10 +120,10 @@ const AttributeRow<Session> sessionRows[] = {
 };
 
 const AttributeRow<FindList> findListRows[] = {
-    {VI_ATTR_MANF_NAME, Width::Text, TEXT(o.resources[o.current].maker)},
-    {VI_ATTR_MODEL_NAME, Width::Text, TEXT(o.resources[o.current].model)},
-    {VI_ATTR_USB_SERIAL_NUM, Width::Text, TEXT(o.resources[o.current].serial)},
-    {VI_ATTR_RSRC_NAME, Width::Text, TEXT(o.resources[o.current].address)},
+    {VI_ATTR_MANF_NAME, Width::Text, TEXT(resourceOf(o).maker)},
+    {VI_ATTR_MODEL_NAME, Width::Text, TEXT(resourceOf(o).model)},
+    {VI_ATTR_USB_SERIAL_NUM, Width::Text, TEXT(resourceOf(o).name.serial)},
+    {VI_ATTR_RSRC_NAME, Width::Text, TEXT(resourceOf(o).name.text())},
 };
 
 const AttributeRow<EventContext> eventRows[] = {
@@ -195,12 +205,11 @@ ViStatus KLV_VISA_FIXED viGetAttribute(ViObject object, ViAttr attribute, void* 
     VisaCall call;
     if (state == nullptr)
         return VI_ERROR_USER_BUF;
-    const auto& faults = call.library.faults.attributes;
-    const auto fault = faults.find(attribute);
-    if (fault != faults.end() && call.library.objects.find<FindList>(object) != nullptr) {
-        if (fault->second.status == VI_SUCCESS)
-            copyText(static_cast<ViChar*>(state), fault->second.text);
-        return fault->second.status;
+    const AttributeReply* replaced = call.library.bus.replacedAttribute(attribute);
+    if (replaced != nullptr && call.library.objects.find<FindList>(object) != nullptr) {
+        if (replaced->status == VI_SUCCESS)
+            copyText(static_cast<ViChar*>(state), replaced->text);
+        return replaced->status;
     }
     return withAttribute(call, object, attribute, [state](auto& target, const auto& row) {
         store(state, row.width, row.get(target));

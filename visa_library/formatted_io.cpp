@@ -9,9 +9,6 @@
 namespace
 {
 
-using Expects = IoCall::Expects;
-using Counts = IoCall::Counts;
-
 /// The messages of an instrument, read through the session's read buffer.
 class SessionSource final : public ScanSource
 {
@@ -111,21 +108,21 @@ ViStatus scan(IoCall& call, const char* format, Arguments& arguments)
 
 ViStatus printCall(ViSession session, ViConstString format, Arguments& arguments)
 {
-    IoCall call(session, Expects::NoReply);
+    IoCall call(session, Use::Write);
     return call.status() < VI_SUCCESS ? call.status()
                                       : call.outcome(print(call, format, arguments, false));
 }
 
 ViStatus scanCall(ViSession session, ViConstString format, Arguments& arguments)
 {
-    IoCall call(session, Expects::Reply);
+    IoCall call(session, Use::ReadReply);
     return call.status() < VI_SUCCESS ? call.status() : call.outcome(scan(call, format, arguments));
 }
 
 ViStatus queryCall(ViSession session, ViConstString writeFormat, ViConstString readFormat,
                    Arguments& arguments)
 {
-    IoCall call(session, Expects::Reply);
+    IoCall call(session, Use::ReadReply);
     ViStatus status = call.status();
     if (status >= VI_SUCCESS)
         status = print(call, writeFormat, arguments, true);
@@ -202,7 +199,7 @@ ViStatus KLV_VISA_FIXED viVQueryf(ViSession session, ViConstString writeFormat,
 ViStatus KLV_VISA_FIXED
     viBufWrite(ViSession session, ViConstBuf buffer, ViUInt32 count, ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::NoReply, Counts::No);
+    IoCall call(session, Use::Other);
     if (call.status() < VI_SUCCESS)
         return call.status();
     std::string& bytes = call.session().writeBuffer;
@@ -218,7 +215,7 @@ ViStatus KLV_VISA_FIXED
 ViStatus KLV_VISA_FIXED viBufRead(ViSession session, ViPBuf buffer, ViUInt32 count,
                                   ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::Reply, Counts::No);
+    IoCall call(session, Use::Other);
     if (call.status() < VI_SUCCESS)
         return call.status();
     SessionSource source(call);
@@ -255,12 +252,12 @@ ViStatus KLV_VISA_FIXED viSetBuf(ViSession session, ViUInt16 mask, ViUInt32 size
 
 ViStatus KLV_VISA_FIXED viFlush(ViSession session, ViUInt16 mask)
 {
-    IoCall call(session, Expects::NoReply, Counts::No);
+    IoCall call(session, Use::Other);
     if (call.status() < VI_SUCCESS)
         return call.status();
     ReadBuffer& unread = call.session().readBuffer;
     if ((mask & VI_READ_BUF) != 0 && !unread.isEmpty() && !unread.isEnd)
-        call.session().instrument->output.clear(); // the rest of that message, by the standard
+        call.session().device->discardReply(call); // the rest of that message, by the standard
     if ((mask & (VI_READ_BUF | VI_READ_BUF_DISCARD)) != 0)
         unread.discard();
     if ((mask & VI_WRITE_BUF_DISCARD) != 0)

@@ -14,10 +14,10 @@ Library& theLibrary()
 
 } // namespace
 
-VisaCall::VisaCall(bool isCounted) : library(theLibrary()), m_lock(library.mutex)
+VisaCall::VisaCall(std::optional<Use> use) : library(theLibrary()), m_lock(library.mutex)
 {
-    library.callCount += isCounted ? 1 : 0;
-    library.rack.refresh();
+    if (use)
+        library.bus.callBegins(*use);
 }
 
 VisaCall::~VisaCall()
@@ -30,17 +30,14 @@ VisaCall::~VisaCall()
 
 void VisaCall::sleep(std::chrono::microseconds interval)
 {
-    m_lock.unlock();
-    std::this_thread::sleep_for(interval);
-    m_lock.lock();
+    unlocked([interval] { std::this_thread::sleep_for(interval); });
 }
 
-// In slices, since a change of the instrument file wakes nobody.
+// In slices: what happens on the bus may wake nobody.
 void VisaCall::wait(std::chrono::steady_clock::time_point deadline)
 {
     const auto slice = std::chrono::steady_clock::now() + std::chrono::milliseconds(20);
     library.changed.wait_until(m_lock, std::min(deadline, slice));
-    library.rack.refresh();
 }
 
 std::chrono::steady_clock::time_point deadlineAfter(ViUInt32 timeoutMs)

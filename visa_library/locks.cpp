@@ -12,7 +12,7 @@ ViStatus KLV_VISA_FIXED viLock(ViSession session, ViAccessMode lockType, ViUInt3
         return VI_ERROR_INV_OBJECT;
     if (lockType != VI_EXCLUSIVE_LOCK && lockType != VI_SHARED_LOCK)
         return VI_ERROR_INV_LOCK_TYPE;
-    if (found->isLost())
+    if (found->device->isLost())
         return VI_ERROR_CONN_LOST;
     const std::string key = requestedKey == nullptr ? "" : requestedKey;
     if (key.size() >= VI_FIND_BUFLEN)

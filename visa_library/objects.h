@@ -1,11 +1,8 @@
 #pragma once
 
-#include "visa/visa.h"
+#include "visa_library/bus.h"
 
-#include <memory>
-#include <string>
 #include <unordered_map>
-#include <vector>
 
 /// Anything that a VISA handle stands for.
 struct Object {
@@ -20,12 +17,6 @@ struct ResourceManager : Object {
 
 /// What one search found. Attributes read through it are those of the resource last handed out.
 struct FindList : Object {
-    struct Resource {
-        std::string address;
-        std::string maker;
-        std::string model;
-        std::string serial;
-    };
     std::vector<Resource> resources;
     size_t current = 0;
 };

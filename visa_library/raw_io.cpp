@@ -9,9 +9,6 @@
 namespace
 {
 
-using Expects = IoCall::Expects;
-using Counts = IoCall::Counts;
-
 void tell(ViPUInt32 returnCount, size_t count)
 {
     if (returnCount != nullptr)
@@ -54,7 +51,7 @@ ViStatus finishJob(IoCall& call, ViStatus status, ViUInt32 count, ViBuf buffer, 
 ViStatus KLV_VISA_FIXED viRead(ViSession session, ViPBuf buffer, ViUInt32 count,
                                ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::Reply);
+    IoCall call(session, Use::ReadReply);
     tell(returnCount, 0);
     return call.status() < VI_SUCCESS ? call.status()
                                       : call.outcome(read(call, buffer, count, returnCount));
@@ -62,7 +59,7 @@ ViStatus KLV_VISA_FIXED viRead(ViSession session, ViPBuf buffer, ViUInt32 count,
 
 ViStatus KLV_VISA_FIXED viReadAsync(ViSession session, ViPBuf buffer, ViUInt32 count, ViPJobId job)
 {
-    IoCall call(session, Expects::Reply);
+    IoCall call(session, Use::ReadReply);
     if (call.status() < VI_SUCCESS)
         return call.status();
     ViUInt32 done = 0;
@@ -73,7 +70,7 @@ ViStatus KLV_VISA_FIXED viReadAsync(ViSession session, ViPBuf buffer, ViUInt32 c
 ViStatus KLV_VISA_FIXED viReadToFile(ViSession session, ViConstString fileName, ViUInt32 count,
                                      ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::Reply);
+    IoCall call(session, Use::ReadReply);
     tell(returnCount, 0);
     if (call.status() < VI_SUCCESS)
         return call.status();
@@ -92,7 +89,7 @@ ViStatus KLV_VISA_FIXED viReadToFile(ViSession session, ViConstString fileName, 
 ViStatus KLV_VISA_FIXED viWrite(ViSession session, ViConstBuf buffer, ViUInt32 count,
                                 ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::NoReply);
+    IoCall call(session, Use::Write);
     tell(returnCount, 0);
     return call.status() < VI_SUCCESS ? call.status()
                                       : call.outcome(write(call, buffer, count, returnCount));
@@ -101,7 +98,7 @@ ViStatus KLV_VISA_FIXED viWrite(ViSession session, ViConstBuf buffer, ViUInt32 c
 ViStatus KLV_VISA_FIXED viWriteAsync(ViSession session, ViConstBuf buffer, ViUInt32 count,
                                      ViPJobId job)
 {
-    IoCall call(session, Expects::NoReply);
+    IoCall call(session, Use::Write);
     if (call.status() < VI_SUCCESS)
         return call.status();
     ViUInt32 done = 0;
@@ -112,7 +109,7 @@ ViStatus KLV_VISA_FIXED viWriteAsync(ViSession session, ViConstBuf buffer, ViUIn
 ViStatus KLV_VISA_FIXED viWriteFromFile(ViSession session, ViConstString fileName, ViUInt32 count,
                                         ViPUInt32 returnCount)
 {
-    IoCall call(session, Expects::NoReply);
+    IoCall call(session, Use::Write);
     tell(returnCount, 0);
     if (call.status() < VI_SUCCESS)
         return call.status();
@@ -127,29 +124,30 @@ ViStatus KLV_VISA_FIXED viWriteFromFile(ViSession session, ViConstString fileNam
 
 ViStatus KLV_VISA_FIXED viAssertTrigger(ViSession session, ViUInt16 protocol)
 {
-    IoCall call(session, Expects::NoReply, Counts::No);
+    IoCall call(session, Use::Other);
     if (call.status() < VI_SUCCESS)
         return call.status();
     if (protocol != VI_TRIG_PROT_DEFAULT)
         return VI_ERROR_INV_PROT;
-    call.session().instrument->triggerFromBus();
-    return VI_SUCCESS;
+    return call.session().device->trigger(call);
 }
 
 ViStatus KLV_VISA_FIXED viReadSTB(ViSession session, ViPUInt16 status)
 {
-    IoCall call(session, Expects::NoReply, Counts::No);
-    if (call.status() == VI_SUCCESS && status != nullptr)
-        *status = static_cast<ViUInt16>(call.session().instrument->statusByte());
-    return call.status();
+    IoCall call(session, Use::Other);
+    if (call.status() < VI_SUCCESS || status == nullptr)
+        return call.status();
+    return call.session().device->readStatusByte(call, *status);
 }
 
 ViStatus KLV_VISA_FIXED viClear(ViSession session)
 {
-    IoCall call(session, Expects::NoReply, Counts::No);
-    if (call.status() == VI_SUCCESS)
-        call.session().clear();
-    return call.status();
+    IoCall call(session, Use::Other);
+    if (call.status() < VI_SUCCESS)
+        return call.status();
+    call.session().writeBuffer.clear();
+    call.session().readBuffer.discard();
+    return call.session().device->clear(call);
 }
 
 ViStatus KLV_VISA_FIXED viTerminate(ViObject object, ViUInt16 degree, ViJobId job)

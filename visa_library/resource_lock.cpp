@@ -5,30 +5,19 @@
 namespace
 {
 
-std::string fileNameOf(const std::string& serial)
-{
-    std::string name = serial;
-    for (char& character : name)
-        if (std::string("/\\:*?\"<>|").find(character) != std::string::npos)
-            character = '_';
-    return name;
-}
-
 std::string newKey()
 {
     const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-    return "klv-demo-" + std::to_string(ticks);
+    return "klv-" + std::to_string(ticks);
 }
 
 } // namespace
 
-ResourceLock::ResourceLock(const std::string& serial) : m_file(fileNameOf(serial)) {}
-
 ViStatus ResourceLock::lockExclusive()
 {
-    if (m_exclusiveCount == 0 && !m_file.lock(true)) {
+    if (m_exclusiveCount == 0 && !m_lock.lock(true)) {
         if (isShared())
-            m_file.lock(false);
+            m_lock.lock(false);
         return VI_ERROR_RSRC_LOCKED;
     }
     return m_exclusiveCount++ == 0 ? VI_SUCCESS : VI_SUCCESS_NESTED_EXCLUSIVE;
@@ -56,10 +45,10 @@ ViStatus ResourceLock::unlock()
     if (isExclusive())
         return VI_SUCCESS_NESTED_EXCLUSIVE;
     if (!isShared()) {
-        m_file.unlock();
+        m_lock.unlock();
         return VI_SUCCESS;
     }
-    m_file.lock(false);
+    m_lock.lock(false);
     return VI_SUCCESS_NESTED_SHARED;
 }
 
@@ -67,31 +56,31 @@ void ResourceLock::releaseAll()
 {
     m_exclusiveCount = 0;
     m_sharedCount = 0;
-    m_file.unlock();
+    m_lock.unlock();
 }
 
 bool ResourceLock::isLockedElsewhere()
 {
     if (isExclusive() || isShared())
         return false;
-    const bool isFree = m_file.lock(true);
-    m_file.unlock();
+    const bool isFree = m_lock.lock(true);
+    m_lock.unlock();
     return !isFree;
 }
 
 // Whoever can lock alone is the first to share and writes down the key for those who follow.
 bool ResourceLock::share(const std::string& requestedKey)
 {
-    if (isExclusive() || m_file.lock(true)) {
+    if (isExclusive() || m_lock.lock(true)) {
         m_key = requestedKey.empty() ? newKey() : requestedKey;
-        m_file.setNote(m_key);
-        return isExclusive() || m_file.lock(false);
+        m_lock.setNote(m_key);
+        return isExclusive() || m_lock.lock(false);
     }
-    if (requestedKey.empty() || !m_file.lock(false))
+    if (requestedKey.empty() || !m_lock.lock(false))
         return false;
     m_key = requestedKey;
-    const bool isSame = m_file.note() == m_key;
+    const bool isSame = m_lock.note() == m_key;
     if (!isSame)
-        m_file.unlock();
+        m_lock.unlock();
     return isSame;
 }

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "demo/control/lock_file.h"
-#include "visa/visa.h"
+#include "visa_library/bus.h"
 
 /// What one session holds of its instrument's lock, honoured by all sessions of all processes of
 /// this user. Locks nest; an exclusive one may lie over a shared one. It never waits.
 class ResourceLock
 {
 public:
-    explicit ResourceLock(const std::string& serial);
+    explicit ResourceLock(DeviceLock& lock) : m_lock(lock) {}
 
     /// VI_SUCCESS, VI_SUCCESS_NESTED_EXCLUSIVE or VI_ERROR_RSRC_LOCKED.
     ViStatus lockExclusive();
@@ -27,7 +26,7 @@ public:
 private:
     bool share(const std::string& requestedKey);
 
-    LockFile m_file;
+    DeviceLock& m_lock;
     unsigned m_exclusiveCount = 0;
     unsigned m_sharedCount = 0;
     std::string m_key;

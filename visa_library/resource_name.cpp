@@ -1,13 +1,20 @@
 #include "visa_library/resource_name.h"
 
-#include "demo/instrument/scpi_text.h"
-
+#include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <vector>
 
 namespace
 {
+
+/// Whether the text is the word, which is in capitals, in any case.
+bool isWord(std::string_view text, std::string_view word)
+{
+    return std::equal(text.begin(), text.end(), word.begin(), word.end(), [](char a, char b) {
+        return a == b || (b >= 'A' && b <= 'Z' && a == b - 'A' + 'a');
+    });
+}
 
 bool readDecimal(std::string_view text, ViUInt16& number, int base = 10)
 {
@@ -18,8 +25,8 @@ bool readDecimal(std::string_view text, ViUInt16& number, int base = 10)
 
 bool readNumber(std::string_view text, ViUInt16& number)
 {
-    return equalIgnoringCase(text.substr(0, 2), "0x") ? readDecimal(text.substr(2), number, 16)
-                                                      : readDecimal(text, number);
+    return isWord(text.substr(0, 2), "0X") ? readDecimal(text.substr(2), number, 16)
+                                           : readDecimal(text, number);
 }
 
 std::vector<std::string_view> partsOf(std::string_view text)
@@ -46,10 +53,10 @@ std::string ResourceName::text() const
 bool parseResourceName(const std::string& text, ResourceName& name)
 {
     std::vector<std::string_view> parts = partsOf(text);
-    if (parts.size() > 4 && equalIgnoringCase(parts.back(), "INSTR"))
+    if (parts.size() > 4 && isWord(parts.back(), "INSTR"))
         parts.pop_back();
     if (text.size() >= VI_FIND_BUFLEN || parts.size() < 4 || parts.size() > 5 ||
-        !equalIgnoringCase(parts[0].substr(0, 3), "USB"))
+        !isWord(parts[0].substr(0, 3), "USB"))
         return false;
     ResourceName read;
     const std::string_view board = parts[0].substr(3);

@@ -8,14 +8,6 @@
 namespace
 {
 
-std::shared_ptr<Instrument> presentInstrument(Library& library, const ResourceName& name)
-{
-    auto instrument = library.rack.find(name.serial);
-    const bool isThere = instrument != nullptr && instrument->isPresent() &&
-                         instrument->model.description.address() == name.text();
-    return isThere ? instrument : nullptr;
-}
-
 ViStatus parse(ViSession resourceManager, ViConstRsrc name, ViPUInt16 interfaceType,
                ViPUInt16 interfaceNumber, ResourceName& parsed)
 {
@@ -35,26 +27,20 @@ ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& nam
               ViAccessMode mode, ViUInt32 timeoutMs, ViPSession result)
 {
     Library& library = call.library;
-    const auto fault = library.faults.next();
-    if (library.faults.latencyUs > 0)
-        call.sleep(std::chrono::microseconds(library.faults.latencyUs));
-    auto instrument = presentInstrument(library, name);
-    if (fault && fault->kind == Fault::Kind::Vanish && instrument != nullptr)
-        instrument->unplug();
-    if (fault && fault->status < VI_SUCCESS)
-        return fault->status;
-    if (instrument == nullptr || !instrument->isPresent())
-        return VI_ERROR_RSRC_NFOUND;
-    auto session = std::make_shared<Session>(std::move(instrument));
+    std::unique_ptr<Device> device;
+    const ViStatus opened = library.bus.open(call, name, device);
+    if (opened < VI_SUCCESS)
+        return opened;
+    auto session = std::make_shared<Session>(std::move(device));
     if ((mode & (VI_EXCLUSIVE_LOCK | VI_SHARED_LOCK)) != 0) {
         const ViStatus status = session->waitForLock(call, mode & ~VI_LOAD_CONFIG, timeoutMs, {});
         if (status != VI_SUCCESS)
             return status;
     }
     session->owner = resourceManager;
-    library.wire.event("open", session->instrument->model.description.address());
+    library.bus.note("open", session->device->resource().name.text());
     *result = library.objects.add(std::move(session));
-    return fault ? fault->status : VI_SUCCESS;
+    return opened;
 }
 
 } // namespace
@@ -96,21 +82,20 @@ ViStatus KLV_VISA_FIXED viFindRsrc(ViSession resourceManager, ViConstString expr
     Library& library = call.library;
     if (library.objects.find<ResourceManager>(resourceManager) == nullptr)
         return VI_ERROR_INV_OBJECT;
-    library.wire.event("find", expression == nullptr ? "" : expression);
-    const auto filter = ResourceFilter::from(expression == nullptr ? "" : expression);
+    const std::string_view wanted = expression == nullptr ? "" : expression;
+    library.bus.note("find", wanted);
+    const auto filter = ResourceFilter::from(wanted);
     if (!filter)
         return VI_ERROR_INV_EXPR;
     auto found = std::make_shared<FindList>();
-    for (const auto& instrument : library.rack.instruments()) {
-        const InstrumentDescription& what = instrument->model.description;
-        if (instrument->isPresent() && filter->matches(what.address()))
-            found->resources.push_back({what.address(), what.maker, what.model, what.serial});
-    }
+    for (Resource& resource : library.bus.resources())
+        if (filter->matches(resource.name.text()))
+            found->resources.push_back(std::move(resource));
     if (count != nullptr)
         *count = static_cast<ViUInt32>(found->resources.size());
     if (found->resources.empty())
         return VI_ERROR_RSRC_NFOUND;
-    copyText(description, found->resources.front().address);
+    copyText(description, found->resources.front().name.text());
     if (findList != nullptr) {
         found->owner = resourceManager;
         *findList = library.objects.add(std::move(found));
@@ -127,7 +112,7 @@ ViStatus KLV_VISA_FIXED viFindNext(ViFindList findList, ViChar* description)
     if (list->current + 1 >= list->resources.size())
         return VI_ERROR_RSRC_NFOUND;
     ++list->current;
-    copyText(description, list->resources[list->current].address);
+    copyText(description, list->resources[list->current].name.text());
     return VI_SUCCESS;
 }
 
@@ -155,6 +140,6 @@ ViStatus KLV_VISA_FIXED viClose(ViObject object)
     if (object == VI_NULL)
         return VI_WARN_NULL_OBJECT;
     if (call.library.objects.find<Session>(object) != nullptr)
-        call.library.wire.event("close");
+        call.library.bus.note("close", {});
     return call.library.objects.remove(object) ? VI_SUCCESS : VI_ERROR_INV_OBJECT;
 }

@@ -9,27 +9,19 @@ namespace
 void releaseLostLocks(Library& library)
 {
     for (const auto& session : library.objects.all<Session>())
-        if (session->isLost())
+        if (session->device->isLost())
             session->lock.releaseAll();
 }
 
 } // namespace
 
-Session::Session(std::shared_ptr<Instrument> what)
-    : instrument(std::move(what)), lock(instrument->model.description.serial),
-      readBufferMode(VI_FLUSH_DISABLE), writeBufferMode(VI_FLUSH_WHEN_FULL),
-      ioProtocol(VI_PROT_NORMAL), m_plugNumber(instrument->plugNumber())
+Session::Session(std::unique_ptr<Device> opened) : device(std::move(opened)), lock(device->lock())
 {
-}
-
-bool Session::isLost() const
-{
-    return !instrument->isPresent() || instrument->plugNumber() != m_plugNumber;
 }
 
 ViStatus Session::check()
 {
-    if (isLost()) {
+    if (device->isLost()) {
         lock.releaseAll();
         return VI_ERROR_CONN_LOST;
     }
@@ -48,52 +40,13 @@ ViStatus Session::waitForLock(VisaCall& call, ViAccessMode mode, ViUInt32 waitMs
         if (status != VI_ERROR_RSRC_LOCKED)
             return status;
         const bool isOver =
-            std::chrono::steady_clock::now() >= deadline || !call.library.faults.waitsForTimeouts;
+            std::chrono::steady_clock::now() >= deadline || !call.library.bus.waitsForLocks();
         if (isOver && tries >= triesAtLeast)
             return status;
         call.sleep(std::chrono::milliseconds(1));
-        if (isLost())
+        if (device->isLost())
             return VI_ERROR_CONN_LOST;
     }
-}
-
-ViStatus Session::send(VisaCall& call, std::string_view bytes, bool end)
-{
-    Library& library = call.library;
-    m_unlogged += bytes;
-    if (end || (!bytes.empty() && bytes.back() == '\n')) {
-        library.wire.sent(instrument->model.description.model, m_unlogged);
-        m_unlogged.clear();
-    }
-    instrument->receive(bytes, end, library.faults.replies);
-    library.rack.settle(*instrument);
-
-    const bool isRequested = (instrument->statusByte() & 0x40) != 0;
-    if (isRequested && !m_isServiceRequested) {
-        auto event = std::make_shared<EventContext>();
-        event->type = VI_EVENT_SERVICE_REQ;
-        post(call, event);
-    }
-    m_isServiceRequested = isRequested;
-    return VI_SUCCESS;
-}
-
-ViStatus Session::receive(VisaCall& call, size_t count, std::string& bytes)
-{
-    bytes.clear();
-    if (count == 0)
-        return VI_SUCCESS_MAX_CNT;
-    ViStatus status = awaitOutput(call);
-    if (status != VI_SUCCESS)
-        return status;
-    OutputQueue& output = instrument->output;
-    if (output.isUntouched())
-        call.library.wire.received(instrument->model.description.model, output.rest());
-    bytes = output.take(count, isTermCharEnabled ? termChar : -1);
-    if (isTermCharEnabled && !bytes.empty() && static_cast<ViUInt8>(bytes.back()) == termChar &&
-        !output.isEmpty())
-        return VI_SUCCESS_TERM_CHAR;
-    return output.isEmpty() ? VI_SUCCESS : VI_SUCCESS_MAX_CNT;
 }
 
 void Session::post(VisaCall& call, const std::shared_ptr<EventContext>& event)
@@ -113,98 +66,41 @@ void Session::post(VisaCall& call, const std::shared_ptr<EventContext>& event)
         const ViEvent context = library.objects.add(event);
         call.defer([handler, handle, context] {
             handler.function(handle, handler.type, context, handler.userHandle);
-            VisaCall(false).library.objects.remove(context);
+            VisaCall(std::nullopt).library.objects.remove(context);
         });
     }
 }
 
-void Session::clear()
+IoCall::IoCall(ViSession handle, Use use)
+    : VisaCall(use), m_session(library.objects.find<Session>(handle))
 {
-    writeBuffer.clear();
-    readBuffer.discard();
-    m_unlogged.clear();
-    instrument->clearInterface();
-}
-
-ViStatus Session::awaitOutput(VisaCall& call)
-{
-    const auto deadline = deadlineAfter(timeoutMs);
-    while (instrument->output.isEmpty()) {
-        if (isLost())
-            return VI_ERROR_CONN_LOST;
-        const bool isOver = std::chrono::steady_clock::now() >= deadline;
-        if (isOver || !call.library.faults.waitsForTimeouts) {
-            call.library.wire.event("timeout");
-            instrument->readWithoutQuery();
-            return VI_ERROR_TMO;
-        }
-        call.wait(deadline);
-    }
-    return VI_SUCCESS;
-}
-
-IoCall::IoCall(ViSession handle, Expects expects, Counts counts)
-    : m_session(library.objects.find<Session>(handle))
-{
-    if (counts == Counts::Yes)
-        m_fault = library.faults.next();
     if (m_session == nullptr) {
         m_status = VI_ERROR_INV_OBJECT;
         return;
     }
-    const Instrument& instrument = *m_session->instrument;
-    const unsigned latencyUs = library.faults.latencyUs + instrument.model.description.latencyUs;
-    if (latencyUs > 0)
-        sleep(std::chrono::microseconds(latencyUs));
-    if (m_fault && m_fault->kind == Fault::Kind::Vanish)
-        m_session->instrument->unplug();
+    timeoutMs = m_session->timeoutMs;
+    const ViStatus begun = m_session->device->begin(*this, use);
     m_status = m_session->check();
-    if (m_status != VI_SUCCESS || !m_fault || m_fault->status == VI_SUCCESS)
-        return;
-    if (m_fault->status > VI_SUCCESS)
-        m_warning = m_fault->status;
-    else if (m_fault->status != VI_ERROR_TMO)
-        m_status = m_fault->status;
-    else if (expects == Expects::NoReply)
-        m_status = timeOut();
+    if (m_status == VI_SUCCESS)
+        (begun < VI_SUCCESS ? m_status : m_warning) = begun;
 }
 
 ViStatus IoCall::send(std::string_view bytes, bool end)
 {
-    const ViStatus status = m_session->send(*this, bytes, end);
-    applyReplyFault();
+    const ViStatus status = m_session->device->write(*this, bytes, end);
+    if (m_session->device->takeServiceRequest()) {
+        auto event = std::make_shared<EventContext>();
+        event->type = VI_EVENT_SERVICE_REQ;
+        m_session->post(*this, event);
+    }
     return status;
 }
 
 ViStatus IoCall::receive(size_t count, std::string& bytes)
 {
-    applyReplyFault();
-    if (m_fault && m_fault->status == VI_ERROR_TMO)
-        return timeOut();
-    return m_session->receive(*this, count, bytes);
-}
-
-// Once: a call that sends and reads, or reads in pieces, comes by more than one time.
-void IoCall::applyReplyFault()
-{
-    if (!m_fault)
-        return;
-    OutputQueue& output = m_session->instrument->output;
-    if (m_fault->kind == Fault::Kind::Reply)
-        output.set(m_fault->reply);
-    else if (m_fault->kind == Fault::Kind::Endless)
-        output.setEndless();
-    else
-        return;
-    m_fault.reset();
-}
-
-// The message got through, its reply is lost on the way.
-ViStatus IoCall::timeOut()
-{
-    m_session->instrument->output.clear();
-    library.wire.event("timeout");
-    if (m_fault->isSlow)
-        sleep(std::chrono::milliseconds(m_session->timeoutMs));
-    return VI_ERROR_TMO;
+    bytes.clear();
+    if (count == 0)
+        return VI_SUCCESS_MAX_CNT;
+    const int stopCharacter = m_session->isTermCharEnabled ? m_session->termChar : -1;
+    return m_session->device->read(*this, count, stopCharacter, bytes);
 }

@@ -29,39 +29,30 @@ struct ReadBuffer {
 };
 
 /// One open connection to an instrument: its attributes, locks, events and formatted I/O buffers.
-/// It moves messages, logs them and knows when the connection is lost; it does not format.
 class Session : public Object
 {
 public:
-    explicit Session(std::shared_ptr<Instrument> what);
+    explicit Session(std::unique_ptr<Device> opened);
 
     /// VI_SUCCESS, VI_ERROR_CONN_LOST or VI_ERROR_RSRC_LOCKED (by another session).
     ViStatus check();
-    bool isLost() const;
     /// Takes the lock that viOpen or viLock ask for, waiting for it as long as they may.
     /// VI_ERROR_RSRC_LOCKED when it did not come free.
     ViStatus waitForLock(VisaCall& call, ViAccessMode mode, ViUInt32 waitMs,
                          const std::string& key);
-    /// Sends bytes to the instrument at once; end marks the end of the message.
-    ViStatus send(VisaCall& call, std::string_view bytes, bool end);
-    /// Reads at most count bytes, waiting for them at most the time-out of the session.
-    /// VI_SUCCESS with the end of the message, VI_SUCCESS_TERM_CHAR, VI_SUCCESS_MAX_CNT, or errors.
-    ViStatus receive(VisaCall& call, size_t count, std::string& bytes);
     /// Queues an event and has its handlers called, where it is enabled.
     void post(VisaCall& call, const std::shared_ptr<EventContext>& event);
-    /// Drops all that is on its way, in the session's buffers and the instrument's.
-    void clear();
 
-    const std::shared_ptr<Instrument> instrument;
+    const std::unique_ptr<Device> device;
     ResourceLock lock;
     SessionEvents events;
     std::string writeBuffer;
     ReadBuffer readBuffer;
     ViUInt32 readBufferSize = 4096;
     ViUInt32 writeBufferSize = 4096;
-    ViUInt16 readBufferMode;
-    ViUInt16 writeBufferMode;
-    ViUInt16 ioProtocol;
+    ViUInt16 readBufferMode = VI_FLUSH_DISABLE;
+    ViUInt16 writeBufferMode = VI_FLUSH_WHEN_FULL;
+    ViUInt16 ioProtocol = VI_PROT_NORMAL;
     ViUInt32 timeoutMs = 2000;
     ViUInt8 termChar = '\n';
     bool isTermCharEnabled = false;
@@ -69,40 +60,28 @@ public:
     bool isEndSuppressed = false;
     bool isFileAppended = false;
     ViJobId lastJob = 0;
-
-private:
-    ViStatus awaitOutput(VisaCall& call);
-
-    const unsigned m_plugNumber;
-    std::string m_unlogged; ///< sent without an end so far
-    bool m_isServiceRequested = false;
 };
 
-/// A call that talks to an instrument: finds the session, lets the latency pass, and takes the
-/// fault that is due at it.
+/// A call that talks to an instrument: finds the session and whether it may go on, moves messages
+/// and tells of requests for service; it does not format.
 class IoCall : public VisaCall
 {
 public:
-    enum class Expects { NoReply, Reply };
-    enum class Counts { Yes, No }; ///< whether faults count it
-
-    IoCall(ViSession handle, Expects expects, Counts counts = Counts::Yes);
+    IoCall(ViSession handle, Use use);
 
     /// VI_SUCCESS when the call may go on.
     ViStatus status() const { return m_status; }
-    /// What the call returns after it went on: a warning that a fault asks for replaces success.
+    /// What the call returns after it went on: a warning of the device replaces success.
     ViStatus outcome(ViStatus status) const { return status == VI_SUCCESS ? m_warning : status; }
     Session& session() { return *m_session; }
-    /// Sends; a reply that a fault asks for then takes the place of the instrument's.
+    /// Sends bytes to the instrument at once; end marks the end of the message.
     ViStatus send(std::string_view bytes, bool end);
+    /// Reads at most count bytes, waiting for them at most the time-out of the session.
+    /// VI_SUCCESS with the end of the message, VI_SUCCESS_TERM_CHAR, VI_SUCCESS_MAX_CNT, or errors.
     ViStatus receive(size_t count, std::string& bytes);
 
 private:
-    void applyReplyFault();
-    ViStatus timeOut();
-
     std::shared_ptr<Session> m_session;
-    std::optional<Fault> m_fault;
     ViStatus m_status = VI_SUCCESS;
     ViStatus m_warning = VI_SUCCESS;
 };

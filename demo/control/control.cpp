@@ -1,6 +1,6 @@
 #include "demo/control/control.h"
 
-#include "vevisa32_export.h"
+#include "demo/control/simulated_bus.h"
 #include "visa_library/library.h"
 
 #include <algorithm>
@@ -9,10 +9,8 @@
 namespace
 {
 
-const std::string noSuchInstrument = "error: no such instrument";
-
 using Answer = std::string;
-using Action = Answer (*)(Library& library, std::string_view rest);
+using Action = Answer (*)(SimulatedBus& bus, std::string_view rest);
 
 std::string_view takeWord(std::string_view& text)
 {
@@ -28,78 +26,82 @@ long long numberOf(std::string_view word)
     return std::strtoll(std::string(word).c_str(), nullptr, 0);
 }
 
-ViStatus statusOf(std::string_view word)
+int codeOf(std::string_view word)
 {
-    return static_cast<ViStatus>(numberOf(word));
+    return static_cast<int>(numberOf(word));
 }
 
-Answer forInstrument(Library& library, std::string_view serial, void (*action)(Instrument&))
+// The first instrument takes what names none.
+template <typename Action>
+Answer forInstrument(SimulatedBus& bus, std::string_view serial, Action action)
 {
-    const auto instrument = serial.empty() ? library.rack.first() : library.rack.find(serial);
+    const auto instrument = serial.empty() ? bus.rack.first() : bus.rack.find(serial);
     if (instrument == nullptr)
-        return noSuchInstrument;
+        return "error: no such instrument";
+    if constexpr (std::is_same_v<decltype(action(*instrument)), Answer>)
+        return action(*instrument);
     action(*instrument);
     return {};
 }
 
-Answer reset(Library& library, std::string_view)
+Answer reset(SimulatedBus& bus, std::string_view)
 {
-    library.faults = Faults();
-    library.rack.reset();
-    library.wire.clear();
+    bus.faults = Faults();
+    bus.rack.reset();
+    bus.wire.clear();
     Clock::reset();
-    library.callCount = 0;
+    bus.callCount = 0;
     return {};
 }
 
-Answer setInstruments(Library& library, std::string_view rest)
+Answer setInstruments(SimulatedBus& bus, std::string_view rest)
 {
     const DescribedInstruments described = parseDescriptions(rest);
     if (!described.fault.empty())
         return "error: " + described.fault;
-    library.rack.setDescriptions(described.instruments);
-    return std::to_string(library.rack.instruments().size());
+    bus.rack.setDescriptions(described.instruments);
+    return std::to_string(bus.rack.instruments().size());
 }
 
-Answer plug(Library& library, std::string_view rest)
+Answer plug(SimulatedBus& bus, std::string_view rest)
 {
-    return forInstrument(library, rest, [](Instrument& instrument) { instrument.plug(); });
+    return forInstrument(bus, rest, [](Instrument& instrument) { instrument.plug(); });
 }
 
-Answer unplug(Library& library, std::string_view rest)
+Answer unplug(SimulatedBus& bus, std::string_view rest)
 {
-    return forInstrument(library, rest, [](Instrument& instrument) { instrument.unplug(); });
+    return forInstrument(bus, rest, [](Instrument& instrument) { instrument.unplug(); });
 }
 
-Answer transcript(Library& library, std::string_view)
+Answer transcript(SimulatedBus& bus, std::string_view)
 {
-    return library.wire.transcript();
+    return bus.wire.transcript();
 }
 
-Answer clear(Library& library, std::string_view)
+Answer clear(SimulatedBus& bus, std::string_view)
 {
-    library.wire.clear();
+    bus.wire.clear();
     return {};
 }
 
-Answer calls(Library& library, std::string_view)
+Answer calls(SimulatedBus& bus, std::string_view)
 {
-    return std::to_string(library.callCount);
+    return std::to_string(bus.callCount);
 }
 
-Answer setLatency(Library& library, std::string_view rest)
+Answer setLatency(SimulatedBus& bus, std::string_view rest)
 {
-    library.faults.latencyUs = static_cast<unsigned>(numberOf(rest));
+    bus.faults.latencyUs = static_cast<unsigned>(numberOf(rest));
     return {};
 }
 
-Answer setTimeouts(Library& library, std::string_view rest)
+Answer setTimeouts(SimulatedBus& bus, std::string_view rest)
 {
-    library.faults.waitsForTimeouts = rest != "immediate";
+    bus.faults.waitsForTimeouts = rest != "immediate";
     return {};
 }
 
-Answer pushClock(Library&, std::string_view rest)
+Answer pushClock(SimulatedBus&, std::string_view rest)
 {
     if (rest == "stop")
         Clock::stop();
@@ -108,84 +110,75 @@ Answer pushClock(Library&, std::string_view rest)
     return {};
 }
 
-Answer pulseTrigger(Library& library, std::string_view rest)
+Answer pulseTrigger(SimulatedBus& bus, std::string_view rest)
 {
-    if (rest == "rising")
-        return forInstrument(library, {}, [](Instrument& i) { i.pulseTriggerInput(true); });
-    return forInstrument(library, {}, [](Instrument& i) { i.pulseTriggerInput(false); });
+    return forInstrument(bus, {}, [rest](Instrument& instrument) {
+        instrument.pulseTriggerInput(rest == "rising");
+    });
 }
 
-Answer setReference(Library& library, std::string_view rest)
+Answer setReference(SimulatedBus& bus, std::string_view rest)
 {
-    const auto instrument = library.rack.first();
-    if (instrument == nullptr)
-        return noSuchInstrument;
-    instrument->model.description.referencePresent = rest == "present";
-    instrument->model.updateReferenceCondition();
-    return {};
+    return forInstrument(bus, {}, [rest](Instrument& instrument) {
+        instrument.model.description.referencePresent = rest == "present";
+        instrument.model.updateReferenceCondition();
+    });
 }
 
-Answer ask(Library& library, std::string_view rest)
+Answer ask(SimulatedBus& bus, std::string_view rest)
 {
-    const auto instrument = library.rack.first();
-    if (instrument == nullptr)
-        return noSuchInstrument;
-    instrument->receive(rest, true, {});
-    const std::string answer = instrument->output.take(std::string::npos, '\n');
-    return answer.empty() ? "error: no answer" : std::string(trimmed(answer));
+    return forInstrument(bus, {}, [rest](Instrument& instrument) -> Answer {
+        instrument.receive(rest, true, {});
+        const std::string answer = instrument.output.take(std::string::npos, '\n');
+        return answer.empty() ? "error: no answer" : Answer(trimmed(answer));
+    });
 }
 
-Answer pushError(Library& library, std::string_view rest)
+Answer pushError(SimulatedBus& bus, std::string_view rest)
 {
-    const auto instrument = library.rack.first();
-    if (instrument == nullptr)
-        return noSuchInstrument;
-    const auto code = static_cast<int>(numberOf(takeWord(rest)));
-    instrument->model.raise(code, unescaped(rest));
-    return {};
+    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+        const int code = codeOf(takeWord(rest));
+        instrument.model.raise(code, unescaped(rest));
+    });
 }
 
-Answer setErrors(Library& library, std::string_view rest)
+Answer setErrors(SimulatedBus& bus, std::string_view rest)
 {
-    const auto instrument = library.rack.first();
-    if (instrument == nullptr)
-        return noSuchInstrument;
-    const bool isEndless = takeWord(rest) == "endless";
-    instrument->model.errors.setEndless(isEndless ? static_cast<int>(numberOf(rest)) : 0);
-    return {};
+    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+        const bool isEndless = takeWord(rest) == "endless";
+        instrument.model.errors.setEndless(isEndless ? codeOf(rest) : 0);
+    });
 }
 
-Answer setCondition(Library& library, std::string_view rest)
+Answer setCondition(SimulatedBus& bus, std::string_view rest)
 {
-    const auto instrument = library.rack.first();
-    if (instrument == nullptr)
-        return noSuchInstrument;
-    const auto code = static_cast<int>(numberOf(takeWord(rest)));
-    instrument->model.errors.setCondition(code, rest == "on");
-    return {};
+    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+        const int code = codeOf(takeWord(rest));
+        instrument.model.errors.setCondition(code, rest == "on");
+    });
 }
 
-Answer setReply(Library& library, std::string_view rest)
+Answer setReply(SimulatedBus& bus, std::string_view rest)
 {
     const size_t arrow = rest.find("->");
     const std::string query = upperCase(trimmed(rest.substr(0, arrow)));
-    library.faults.replies.erase(query);
+    bus.faults.replies.erase(query);
     if (arrow != rest.npos)
-        library.faults.replies[query] = unescaped(trimmed(rest.substr(arrow + 2)));
+        bus.faults.replies[query] = unescaped(trimmed(rest.substr(arrow + 2)));
     return {};
 }
 
-Answer setAttributeFault(Library& library, std::string_view rest)
+Answer setAttributeFault(SimulatedBus& bus, std::string_view rest)
 {
     const auto attribute = static_cast<ViAttr>(numberOf(takeWord(rest)));
-    AttributeFault& fault = library.faults.attributes[attribute];
+    AttributeReply& fault = bus.faults.attributes[attribute];
     const std::string_view kind = takeWord(rest);
-    fault.status = kind == "status" ? statusOf(rest) : VI_SUCCESS;
+    fault.status = kind == "status" ? codeOf(rest) : VI_SUCCESS;
     fault.text = kind == "text" ? unescaped(rest) : std::string();
     return {};
 }
 
-Answer addFault(Library& library, std::string_view rest)
+Answer addFault(SimulatedBus& bus, std::string_view rest)
 {
     Fault fault;
     fault.call = static_cast<unsigned>(numberOf(takeWord(rest)));
@@ -193,7 +186,7 @@ Answer addFault(Library& library, std::string_view rest)
     if (fault.call == 0)
         return "error: calls are counted from 1";
     if (kind == "status") {
-        fault.status = statusOf(takeWord(rest));
+        fault.status = codeOf(takeWord(rest));
         fault.isSlow = rest == "slow";
     } else if (kind == "vanish") {
         fault.kind = Fault::Kind::Vanish;
@@ -208,7 +201,7 @@ Answer addFault(Library& library, std::string_view rest)
     } else {
         return "error: no such fault";
     }
-    library.faults.pending.push_back(fault);
+    bus.faults.pending.push_back(fault);
     return {};
 }
 
@@ -241,18 +234,19 @@ const ControlCommand controlCommands[] = {
 
 } // namespace
 
-extern "C" VEVISA32_EXPORT const char* klvDemo(const char* command)
+extern "C" VISA_EXPORT const char* klvDemo(const char* command)
 {
     static Answer answer;
-    VisaCall call(false);
-    call.library.wire.startTranscript();
+    const VisaCall call(std::nullopt);
+    SimulatedBus& bus = simulatedBus();
+    bus.rack.refresh();
+    bus.wire.startTranscript();
     std::string_view rest = command;
     const size_t end = std::min(rest.find_first_of(" \n"), rest.size());
     const std::string_view name = rest.substr(0, end);
     rest = trimmed(rest.substr(end));
     const auto row = std::find_if(std::begin(controlCommands), std::end(controlCommands),
                                   [name](const ControlCommand& each) { return each.name == name; });
-    answer = row == std::end(controlCommands) ? "error: no such command"
-                                              : row->action(call.library, rest);
+    answer = row == std::end(controlCommands) ? "error: no such command" : row->action(bus, rest);
     return answer.c_str();
 }

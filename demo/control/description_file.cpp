@@ -1,4 +1,4 @@
-#include "demo/instrument/description.h"
+#include "demo/control/description_file.h"
 
 #include <algorithm>
 
@@ -80,11 +80,6 @@ size_t indexOf(const std::vector<InstrumentDescription>& descriptions, std::stri
 }
 
 } // namespace
-
-std::string InstrumentDescription::address() const
-{
-    return "USB0::0x5645::0x0040::" + serial + "::0::INSTR";
-}
 
 DescribedInstruments parseDescriptions(std::string_view text)
 {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "demo/instrument/instrument.h"
-#include "visa/visa.h"
+#include "visa_library/bus.h"
 
 #include <map>
 #include <optional>
@@ -17,12 +17,6 @@ struct Fault {
     std::string reply;   ///< exact bytes in place of the instrument's
 };
 
-/// A find list attribute that does not read as it should.
-struct AttributeFault {
-    ViStatus status = VI_SUCCESS;
-    std::string text;
-};
-
 /// What a test wants to go wrong, and when. It only holds the wishes; the calls carry them out.
 struct Faults {
     /// Counts one I/O call down and takes the fault that is due at it.
@@ -30,7 +24,7 @@ struct Faults {
 
     std::vector<Fault> pending;
     ReplyOverrides replies;
-    std::map<ViAttr, AttributeFault> attributes;
-    unsigned latencyUs = 0;       ///< added to every I/O call
+    std::map<ViAttr, AttributeReply> attributes; ///< of find lists
+    unsigned latencyUs = 0;                      ///< added to every I/O call
     bool waitsForTimeouts = true; ///< false: a reply that will not come times out at once
 };

@@ -1,24 +1,21 @@
 #pragma once
 
-#include <memory>
-#include <string>
+#include "visa_library/bus.h"
 
 /// A file of this user that sessions of any process lock, one handle per session. Never waits.
-class LockFile
+class LockFile final : public DeviceLock
 {
 public:
     /// The name is turned into a file name in the user's run-time or temporary folder.
     explicit LockFile(const std::string& name);
-    ~LockFile();
+    ~LockFile() override;
     LockFile(const LockFile&) = delete;
     LockFile& operator=(const LockFile&) = delete;
 
-    /// Takes the lock, or changes the one held; on failure none is held.
-    bool lock(bool isExclusive);
-    void unlock();
-    /// A note that the holders of the lock share.
-    std::string note() const;
-    void setNote(const std::string& text);
+    bool lock(bool isExclusive) override;
+    void unlock() override;
+    std::string note() const override;
+    void setNote(const std::string& text) override;
 
 private:
     struct Handle;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "demo/control/description_file.h"
 #include "demo/instrument/instrument.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
+#include "demo/control/description_file.h"
 #include "demo/instrument/instrument.h"
-#include "demo/instrument/description.h"
 
 #include <algorithm>
 

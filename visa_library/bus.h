@@ -1,0 +1,94 @@
+#pragma once
+
+#include "visa_library/resource_name.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class VisaCall;
+
+/// What a client's call is about to do: send a message, read a reply (to a message that it may send
+/// first), or neither.
+enum class Use { Write, ReadReply, Other };
+
+/// An instrument on the bus, as far as it is known without opening it.
+struct Resource {
+    ResourceName name;
+    std::string maker;
+    std::string model;
+};
+
+/// What the holder of an instrument keeps the sessions of every process out with. It never waits.
+class DeviceLock
+{
+public:
+    virtual ~DeviceLock() = default;
+    /// Takes the lock, or changes the one held; on failure none is held.
+    virtual bool lock(bool isExclusive) = 0;
+    virtual void unlock() = 0;
+    /// A note that the holders of the lock share.
+    virtual std::string note() const = 0;
+    virtual void setNote(const std::string& text) = 0;
+};
+
+/// An instrument as one session has it open, until the session ends. It moves bytes and keeps no
+/// rules of VISA. What takes time goes by the call, its time-out and its ways to wait, so that
+/// others use the library meanwhile.
+class Device
+{
+public:
+    virtual ~Device() = default;
+    virtual Resource resource() const = 0;
+    virtual DeviceLock& lock() = 0;
+    /// Whether it was unplugged since it was opened; it stays lost when it is plugged in again.
+    virtual bool isLost() const = 0;
+
+    /// What every call for the session begins with, before it is known whether a lock forbids it.
+    /// An error ends the call; a warning is returned where the call succeeds.
+    virtual ViStatus begin(VisaCall& call, Use use) = 0;
+    /// Sends bytes at once; end marks the end of the message.
+    virtual ViStatus write(VisaCall& call, std::string_view bytes, bool end) = 0;
+    /// Reads at most count bytes, up to and with the stop character where it is 0 to 255.
+    /// VI_SUCCESS with the end of the message, VI_SUCCESS_TERM_CHAR, VI_SUCCESS_MAX_CNT, or errors.
+    virtual ViStatus read(VisaCall& call, size_t count, int stopCharacter, std::string& bytes) = 0;
+    /// Drops the rest of the reply that is being read.
+    virtual void discardReply(VisaCall& call) = 0;
+    /// Drops all that is on its way; what was set stays.
+    virtual ViStatus clear(VisaCall& call) = 0;
+    virtual ViStatus trigger(VisaCall& call) = 0;
+    virtual ViStatus readStatusByte(VisaCall& call, ViUInt16& status) = 0;
+    /// Whether the instrument asked for service since it was last looked.
+    virtual bool takeServiceRequest() = 0;
+};
+
+/// A text attribute as it is answered.
+struct AttributeReply {
+    ViStatus status = VI_SUCCESS;
+    std::string text;
+};
+
+/// Where the library finds its instruments. Called with the library locked.
+class Bus
+{
+public:
+    virtual ~Bus() = default;
+    /// What is plugged in. Opens nothing and waits for nothing.
+    virtual std::vector<Resource> resources() const = 0;
+    /// Opens an instrument, whoever has locked it: VI_SUCCESS or a warning with the device, else
+    /// VI_ERROR_RSRC_NFOUND or what hinders.
+    virtual ViStatus open(VisaCall& call, const ResourceName& name,
+                          std::unique_ptr<Device>& device) = 0;
+    /// Whether a lock is waited for as long as VISA says, or refused at once.
+    virtual bool waitsForLocks() const { return true; }
+
+    /// A client has called a function of the library, with whatever handle.
+    virtual void callBegins(Use) {}
+    /// What happens besides messages, for a record: "find", with the expression, "open", "close".
+    virtual void note(std::string_view /*what*/, std::string_view /*detail*/) {}
+    /// What find lists answer for this attribute in place of the resource's own; null: nothing.
+    virtual const AttributeReply* replacedAttribute(ViAttr) const { return nullptr; }
+};
+
+/// The bus of this library: each shared library defines it. It outlives all sessions.
+Bus& theBus();
