@@ -55,7 +55,7 @@
     VARIADIC(ViStatus, viQueryf, (ViSession session, ViConstString writeFormat, ViConstString readFormat, ...)) \
     FIXED(ViStatus, viVQueryf, (ViSession session, ViConstString writeFormat, ViConstString readFormat, ViVAList arguments))
 
-// Registers, memory and the lines of other buses.
+// Registers and memory.
 #define KLV_VISA_REGISTER_FUNCTIONS(FIXED, VARIADIC) \
     FIXED(ViStatus, viIn8, (ViSession session, ViUInt16 space, ViBusAddress offset, ViPUInt8 value)) \
     FIXED(ViStatus, viOut8, (ViSession session, ViUInt16 space, ViBusAddress offset, ViUInt8 value)) \
@@ -80,8 +80,14 @@
     FIXED(void, viPeek32, (ViSession session, ViAddr address, ViPUInt32 value)) \
     FIXED(void, viPoke32, (ViSession session, ViAddr address, ViUInt32 value)) \
     FIXED(ViStatus, viMemAlloc, (ViSession session, ViBusSize size, ViPBusAddress offset)) \
-    FIXED(ViStatus, viMemFree, (ViSession session, ViBusAddress offset)) \
-    FIXED(ViStatus, viGpibControlREN, (ViSession session, ViUInt16 mode)) \
+    FIXED(ViStatus, viMemFree, (ViSession session, ViBusAddress offset))
+
+// Remote and local operation, which USB instruments have, too.
+#define KLV_VISA_REMOTE_FUNCTIONS(FIXED, VARIADIC) \
+    FIXED(ViStatus, viGpibControlREN, (ViSession session, ViUInt16 mode))
+
+// The lines of other buses.
+#define KLV_VISA_LINE_FUNCTIONS(FIXED, VARIADIC) \
     FIXED(ViStatus, viGpibControlATN, (ViSession session, ViUInt16 mode)) \
     FIXED(ViStatus, viGpibSendIFC, (ViSession session)) \
     FIXED(ViStatus, viGpibCommand, (ViSession session, ViConstBuf buffer, ViUInt32 count, ViPUInt32 returnCount)) \
@@ -96,5 +102,7 @@
 
 #define KLV_VISA_FUNCTIONS(FIXED, VARIADIC) \
     KLV_VISA_MESSAGE_FUNCTIONS(FIXED, VARIADIC) \
-    KLV_VISA_REGISTER_FUNCTIONS(FIXED, VARIADIC)
+    KLV_VISA_REGISTER_FUNCTIONS(FIXED, VARIADIC) \
+    KLV_VISA_REMOTE_FUNCTIONS(FIXED, VARIADIC) \
+    KLV_VISA_LINE_FUNCTIONS(FIXED, VARIADIC)
 // clang-format on

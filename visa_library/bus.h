@@ -58,6 +58,8 @@ public:
     virtual ViStatus clear(VisaCall& call) = 0;
     virtual ViStatus trigger(VisaCall& call) = 0;
     virtual ViStatus readStatusByte(VisaCall& call, ViUInt16& status) = 0;
+    /// Remote and local operation, by the modes of viGpibControlREN.
+    virtual ViStatus controlRemote(VisaCall&, ViUInt16) { return VI_ERROR_NSUP_OPER; }
     /// Whether the instrument asked for service since it was last looked.
     virtual bool takeServiceRequest() = 0;
 };

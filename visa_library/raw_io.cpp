@@ -1,4 +1,4 @@
-// Messages as they are: read, write, status byte, trigger, clear, and their kin.
+// Messages as they are: read, write, status byte, trigger, clear, remote and local, and their kin.
 #include "visa_library/api.h"
 #include "visa_library/session.h"
 
@@ -148,6 +148,13 @@ ViStatus KLV_VISA_FIXED viClear(ViSession session)
     call.session().writeBuffer.clear();
     call.session().readBuffer.discard();
     return call.session().device->clear(call);
+}
+
+ViStatus KLV_VISA_FIXED viGpibControlREN(ViSession session, ViUInt16 mode)
+{
+    VisaCall call;
+    const auto found = call.library.objects.find<Session>(session);
+    return found == nullptr ? VI_ERROR_INV_OBJECT : found->device->controlRemote(call, mode);
 }
 
 ViStatus KLV_VISA_FIXED viTerminate(ViObject object, ViUInt16 degree, ViJobId job)

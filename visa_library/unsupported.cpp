@@ -24,3 +24,4 @@ ViStatus unsupported(ViSession session)
         return static_cast<result>(unsupported(session));                                          \
     }
 KLV_VISA_REGISTER_FUNCTIONS(UNSUPPORTED, UNSUPPORTED)
+KLV_VISA_LINE_FUNCTIONS(UNSUPPORTED, UNSUPPORTED)
