@@ -24,7 +24,7 @@ ScpiError readListValue(const Command& command, const Model& model, std::string_
     if (error != ScpiError::DataOutOfRange || quantity != Quantity::Frequency)
         return error;
     const double wanted = parseNumber(text, Unit::Hertz).value;
-    const double lowest = model.description.limits[command.index].minimum;
+    const double lowest = model.description.limits[quantity].minimum;
     if (!(wanted >= lowestListFrequencyHz && wanted < lowest))
         return error;
     value = wanted;

@@ -56,7 +56,7 @@ ScpiError addCalibrationPoint(const Command&, Request& request)
         return frequency.error;
     if (value.error != ScpiError::None)
         return value.error;
-    const Range& range = request.model.description.limits[static_cast<size_t>(Quantity::Frequency)];
+    const Range& range = request.model.description.limits[Quantity::Frequency];
     if (frequency.value < 0 || frequency.value > range.maximum)
         return ScpiError::DataOutOfRange;
     request.model.calibration.add(frequency.value, value.value);

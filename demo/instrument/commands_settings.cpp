@@ -9,13 +9,13 @@ namespace
 // "MIN", "MAX" and "DEF" stand for a number, in commands and queries alike.
 bool readNamedNumber(const Model& model, Quantity quantity, std::string_view text, double& value)
 {
-    const Range& range = model.description.limits[static_cast<size_t>(quantity)];
+    const Range& range = model.description.limits[quantity];
     if (matchesKeyword(text, "MINimum"))
         value = range.minimum;
     else if (matchesKeyword(text, "MAXimum"))
         value = range.maximum;
     else if (matchesKeyword(text, "DEFault"))
-        value = std::min(std::max(infoOf(quantity).reset, range.minimum), range.maximum);
+        value = range.bounded(infoOf(quantity).reset);
     else
         return false;
     return true;
@@ -35,14 +35,14 @@ ScpiError readQuantity(const Model& model, Quantity quantity, std::string_view t
     const ParsedNumber number = parseNumber(text, info.unit);
     if (number.error != ScpiError::None)
         return readNamedNumber(model, quantity, text, value) ? ScpiError::None : number.error;
-    const Range& range = model.description.limits[static_cast<size_t>(quantity)];
+    const Range& range = model.description.limits[quantity];
     const double resolution = std::pow(10.0, -info.decimals) / info.replyScale;
     const double rounded = std::round(number.value / resolution) * resolution;
     // "50 US" and "5e-05" differ in the last bit: the limits are meant, not their representation.
     const double slack = 1e-9 * std::max(std::abs(range.minimum), std::abs(range.maximum));
     if (!(rounded >= range.minimum - slack && rounded <= range.maximum + slack))
         return ScpiError::DataOutOfRange;
-    value = std::min(std::max(rounded, range.minimum), range.maximum);
+    value = range.bounded(rounded);
     return ScpiError::None;
 }
 

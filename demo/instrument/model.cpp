@@ -40,7 +40,7 @@ void CalibrationTable::reload()
 
 Model::Model(InstrumentDescription what)
     : description(std::move(what)), settings(resetSettings(description.limits)),
-      calibration(description.limits[static_cast<size_t>(Quantity::Frequency)].maximum)
+      calibration(description.limits[Quantity::Frequency].maximum)
 {
 }
 

@@ -1,6 +1,5 @@
 #include "demo/instrument/quantities.h"
 
-#include <algorithm>
 #include <cctype>
 #include <cstdlib>
 
@@ -66,18 +65,13 @@ LimitKey findLimitKey(std::string_view key)
     return {};
 }
 
-Range& rangeOf(Limits& limits, Quantity quantity)
-{
-    return limits[static_cast<size_t>(quantity)];
-}
-
 // Start and stop can never leave the range of what they sweep.
 void alignSweepLimits(Limits& limits)
 {
-    rangeOf(limits, Quantity::StartFrequency) = rangeOf(limits, Quantity::Frequency);
-    rangeOf(limits, Quantity::StopFrequency) = rangeOf(limits, Quantity::Frequency);
-    rangeOf(limits, Quantity::StartPower) = rangeOf(limits, Quantity::Power);
-    rangeOf(limits, Quantity::StopPower) = rangeOf(limits, Quantity::Power);
+    limits[Quantity::StartFrequency] = limits[Quantity::Frequency];
+    limits[Quantity::StopFrequency] = limits[Quantity::Frequency];
+    limits[Quantity::StartPower] = limits[Quantity::Power];
+    limits[Quantity::StopPower] = limits[Quantity::Power];
 }
 
 } // namespace
@@ -92,7 +86,7 @@ Limits defaultLimits()
 {
     Limits limits;
     for (const QuantityInfo& info : quantities)
-        rangeOf(limits, info.quantity) = {info.minimum, info.maximum};
+        limits[info.quantity] = {info.minimum, info.maximum};
     return limits;
 }
 
@@ -104,19 +98,18 @@ void applyModel(Limits& limits, const std::string& model)
     char* end = nullptr;
     const long gigahertz = std::strtol(model.c_str() + digits, &end, 10);
     if (upperCase(*end) == 'G' && gigahertz > 0 && gigahertz < 1000)
-        rangeOf(limits, Quantity::Frequency).maximum = 1e9 * static_cast<double>(gigahertz);
+        limits[Quantity::Frequency].maximum = 1e9 * static_cast<double>(gigahertz);
     alignSweepLimits(limits);
 }
 
-bool applyLimitKey(Limits& limits, std::string_view key, double number)
+void applyLimitKey(Limits& limits, std::string_view key, double number)
 {
     const LimitKey found = findLimitKey(key);
     if (found.info == nullptr)
-        return false;
-    Range& range = rangeOf(limits, found.info->quantity);
+        return;
+    Range& range = limits[found.info->quantity];
     (found.isMinimum ? range.minimum : range.maximum) = number * found.info->keyScale;
     alignSweepLimits(limits);
-    return true;
 }
 
 std::string limitFault(const Limits& limits, std::string_view key, double number)
@@ -133,7 +126,7 @@ std::string limitFault(const Limits& limits, std::string_view key, double number
     if (!(value >= widest.minimum && value <= widest.maximum))
         return std::string(key) + " is " + numberText(widest.minimum / info.keyScale, 9) + " to " +
                numberText(widest.maximum / info.keyScale, 9);
-    const Range& range = limits[static_cast<size_t>(info.quantity)];
+    const Range& range = limits[info.quantity];
     return range.minimum > range.maximum
                ? std::string(key) + " puts the lowest value above the highest"
                : std::string();

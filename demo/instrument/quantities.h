@@ -2,6 +2,7 @@
 
 #include "demo/instrument/scpi_text.h"
 
+#include <algorithm>
 #include <array>
 
 /// Every number that the generator holds, in the order of the table in quantities.cpp.
@@ -37,8 +38,20 @@ constexpr size_t quantityCount = static_cast<size_t>(Quantity::Dac) + 1;
 struct Range {
     double minimum = 0;
     double maximum = 0;
+
+    /// The value, or the end of the range that is next to it.
+    double bounded(double value) const { return std::min(std::max(value, minimum), maximum); }
 };
-using Limits = std::array<Range, quantityCount>;
+
+struct Limits {
+    Range& operator[](Quantity quantity) { return ranges[static_cast<size_t>(quantity)]; }
+    const Range& operator[](Quantity quantity) const
+    {
+        return ranges[static_cast<size_t>(quantity)];
+    }
+
+    std::array<Range, quantityCount> ranges;
+};
 
 /// How a quantity is read, answered and bounded. Values are in hertz, dBm, seconds, percent,
 /// radians or volts; replies are value * replyScale with the decimals and the suffix.
@@ -60,8 +73,8 @@ const QuantityInfo& infoOf(Quantity quantity);
 Limits defaultLimits();
 /// The model's name says its highest frequency: "KLV-20G" reaches 20 GHz.
 void applyModel(Limits& limits, const std::string& model);
-/// Applies a key such as "frequencyMaxHz"; false when no quantity has it.
-bool applyLimitKey(Limits& limits, std::string_view key, double number);
+/// Applies a key such as "frequencyMaxHz"; one that no quantity has changes nothing.
+void applyLimitKey(Limits& limits, std::string_view key, double number);
 /// Why an applied key cannot stand, all of the description being applied: "frequencyMaxHz is 0 to
 /// 1000000000000"; empty where it can, or where no quantity has the key.
 std::string limitFault(const Limits& limits, std::string_view key, double number);
