@@ -20,6 +20,12 @@ inline QByteArray demo(const QByteArray& command)
     return klvDemo(command.constData());
 }
 
+/// A status in hexadecimal.
+inline QByteArray describe(ViStatus status)
+{
+    return QByteArray::number(static_cast<ViUInt32>(status), 16);
+}
+
 /// A session with an instrument as at power-on; a reply that will not come is not waited for.
 class DemoSession
 {
@@ -51,7 +57,7 @@ public:
         QByteArray buffer(65536, '\0');
         const ViStatus status = viScanf(session, "%65535T", buffer.data());
         if (status != VI_SUCCESS)
-            return "VISA " + QByteArray::number(static_cast<ViUInt32>(status), 16);
+            return "VISA " + describe(status);
         buffer.truncate(static_cast<int>(qstrlen(buffer.constData())));
         return buffer.endsWith('\n') ? buffer.chopped(1) : buffer;
     }
