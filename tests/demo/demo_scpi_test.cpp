@@ -181,20 +181,25 @@ void DemoScpiTest::limits_data()
         {"AM:INT:FUNC:FREQ", "0.1", "100000", "100001"},
         {"AM:INT:FUNC:SHAP:SQU:DUTY", "1", "99", "99.1"},
         {"FM", "0", "20000000", "20.1 MHZ"},
-        {"FM:INT:FUNC:FREQ", "0.1", "100000", "0.05"},
-        {"FM:INT:FUNC:SHAP:SQU:DUTY", "1", "99", "0"},
+        {"FM:INT:FUNC:FREQ", "0.2", "200000", "0.1"},
+        {"FM:INT:FUNC:SHAP:SQU:DUTY", "2", "98", "1"},
         {"PM", "0", "20", "-0.1"},
-        {"PM:INT:FUNC:FREQ", "0.1", "100000", "1 MHZ"},
-        {"PM:INT:FUNC:SHAP:SQU:DUTY", "1", "99", "100"},
-        {"LFO:FUNC:SHAP:SQU:DUTY", "1", "99", "100"},
+        {"PM:INT:FUNC:FREQ", "0.5", "50000", "100 KHZ"},
+        {"PM:INT:FUNC:SHAP:SQU:DUTY", "3", "97", "98"},
+        {"LFO:FUNC:SHAP:SQU:DUTY", "5", "95", "97"},
         {"LFO:AMPL", "0", "5", "5001 MV"},
-        {"LFO:FUNC:FREQ", "0.1", "1000000", "2 MHZ"},
+        {"LFO:FUNC:FREQ", "1", "1000000", "2 MHZ"},
         {"ROSC:EXT:FREQ", "1 MHZ", "100 MHZ", "101 MHZ"},
-        {"SWEEP:DWEL", "50", "100000000", "49 US"},
+        {"SWEEP:DWEL", "20", "200000000", "19 US"},
         {"LIST:DWEL:POIN", "50", "100000000", ""},
     };
-    for (const auto& row : rows)
+    QSet<QByteArray> ranges;
+    for (const auto& row : rows) {
+        // Whoever takes one quantity's limits for another's is to be found out.
+        QVERIFY2(!ranges.contains(row[1] + row[2]), row[0].constData());
+        ranges += row[1] + row[2];
         QTest::newRow(row[0].constData()) << row[0] << row[1] << row[2] << row[3];
+    }
 }
 
 void DemoScpiTest::limits()

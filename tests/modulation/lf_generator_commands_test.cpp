@@ -126,7 +126,7 @@ void LfGeneratorCommandsTest::fields_data()
                           << "2 500.0";
     QTest::newRow("VOLTAGE") << "99" << QStringList("LFO:AMPLitude 5.000000;AMPLitude?!")
                              << "5.000";
-    QTest::newRow("percent") << "0" << QStringList("LFO:FUNC:SHAP:SQU:DUTY 1.000000;DUTY?!") << "1";
+    QTest::newRow("percent") << "0" << QStringList("LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!") << "5";
 }
 
 void LfGeneratorCommandsTest::fields()

@@ -175,16 +175,24 @@ void ModulationCommandsTest::fields_data()
     const auto row = [](const QString& tag, const QString& field, const QString& typed,
                         const QStringList& sent,
                         const QString& shown) { newRow(tag) << field << typed << sent << shown; };
+    const struct {
+        const char* highestRate;
+        const char* highestRateShown;
+        const char* lowestDuty;
+    } limits[] = {{"100000", "100 000", "1"}, {"200000", "200 000", "2"}, {"50000", "50 000", "3"}};
     for (int i = 0; i < names.size(); ++i) {
         const QString header = names.at(i) + ":INT:FUNC:";
+        const auto& limit = limits[i];
         const QString rate = "line_" + suffixes.at(i) + "_1";
         const QString duty = "percentLine_" + suffixes.at(i);
         const QString& tag = names.at(i);
         row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
         row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
-        row(tag + " rate, high", rate, "9M", twoStep(header + "FREQ", "100000 Hz"), "100 000");
+        row(tag + " rate, high", rate, "9M",
+            twoStep(header + "FREQ", limit.highestRate + QString(" Hz")), limit.highestRateShown);
         row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
-        row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", "1"), "1");
+        row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", limit.lowestDuty),
+            limit.lowestDuty);
     }
     row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
     row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
