@@ -2,7 +2,7 @@
 
 #include "app/demo_mode.h"
 #include "app/start_options.h"
-#include "link/demo_plug_watch.h"
+#include "connection/demo_plug_watch.h"
 #include "link/scpi_session.h"
 
 namespace

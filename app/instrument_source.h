@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/switched_plug_watch.h"
+#include "connection/switched_plug_watch.h"
 
 #include <memory>
 

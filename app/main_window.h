@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/start_options.h"
-#include "link/connection.h"
-#include "link/gui_list_klv.h"
-#include "link/running_copies.h"
+#include "connection/connection.h"
+#include "connection/gui_list_klv.h"
+#include "connection/running_copies.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "link/visa_library.h"

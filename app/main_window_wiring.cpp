@@ -1,6 +1,5 @@
 #include "app/main_window.h"
 
-#include "app/connection_obstacle.h"
 #include "app/error_box.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
@@ -12,9 +11,10 @@
 #include "app/panel_profiles.h"
 #include "app/run_display.h"
 #include "app/side_panels.h"
-#include "app/simulator_offer.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
+#include "connection/connection_obstacle.h"
+#include "connection/simulator_offer.h"
 #include "link/instrument_limits.h"
 #include "modulation/generator.h"
 #include "modulation/lf_generator_commands.h"

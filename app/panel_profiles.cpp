@@ -2,7 +2,7 @@
 
 #include "app/error_box.h"
 #include "app/status_line.h"
-#include "link/connection.h"
+#include "connection/connection.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/generator.h"

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "link/activity.h"
-#include "link/busy_cursor.h"
 #include "profiles/input_block.h"
 #include "profiles/open_save_xml_file.h"
+#include "ui/busy_cursor.h"
 
 #include <QObject>
 #include <QVector>

@@ -1,6 +1,6 @@
 // What the window costs: start, a committed frequency, connecting, doing nothing.
 #include "bench/timing.h"
-#include "link/connection.h"
+#include "connection/connection.h"
 #include "link/pause.h"
 #include "tests/support/panel_rig.h"
 

@@ -1,6 +1,6 @@
 #include "service/driver_check.h"
 
-#include "link/usb_ids.h"
+#include "connection/usb_ids.h"
 
 namespace
 {

@@ -1,7 +1,7 @@
 #include "service/firmware_update.h"
 
-#include "link/connection.h"
-#include "link/hot_plug_watch.h"
+#include "connection/connection.h"
+#include "connection/hot_plug_watch.h"
 #include "link/scpi_session.h"
 
 namespace

@@ -3,7 +3,6 @@
 #include "files/file_questions.h"
 #include "files/file_work.h"
 #include "link/activity.h"
-#include "link/busy_cursor.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
@@ -15,6 +14,7 @@
 #include "service/calibration_table.h"
 #include "service/calibration_text.h"
 #include "service/service_panel.h"
+#include "ui/busy_cursor.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

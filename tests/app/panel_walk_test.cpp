@@ -2,7 +2,7 @@
 
 #include "app/error_box.h"
 #include "app/side_panels.h"
-#include "link/gui_list_klv.h"
+#include "connection/gui_list_klv.h"
 #include "link/instrument_limits.h"
 #include "modulation/fold_box.h"
 #include "panel/keypad.h"

@@ -1,6 +1,6 @@
 #include "app/error_box.h"
+#include "connection/gui_list_klv.h"
 #include "link/activity.h"
-#include "link/gui_list_klv.h"
 #include "link/instrument_limits.h"
 #include "link/library_places.h"
 #include "panel/user_folder.h"

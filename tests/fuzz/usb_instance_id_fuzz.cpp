@@ -1,6 +1,6 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "link/usb_instance_id.h"
+#include "connection/usb_instance_id.h"
 
 /// Device IDs as Windows writes them: the first serial asked for is the first of all, none is
 /// empty.

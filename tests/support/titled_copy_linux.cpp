@@ -1,6 +1,6 @@
 #include "tests/support/titled_copy.h"
 
-#include "link/running_copies.h"
+#include "connection/running_copies.h"
 
 struct TitledCopy::Window {
     RunningCopies copies;

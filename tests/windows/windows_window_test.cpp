@@ -1,5 +1,5 @@
-#include "link/hot_plug_watch.h"
-#include "link/running_copies.h"
+#include "connection/hot_plug_watch.h"
+#include "connection/running_copies.h"
 #include "tests/support/panel_rig.h"
 #include "tests/support/titled_copy.h"
 

@@ -1,4 +1,4 @@
-#include "service/usb_access.h"
+#include "connection/usb_access.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/hot_plug_watch.h"
+#include "connection/hot_plug_watch.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>

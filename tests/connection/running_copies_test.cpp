@@ -1,4 +1,4 @@
-#include "link/running_copies.h"
+#include "connection/running_copies.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -161,4 +161,4 @@ int main(int argc, char* argv[])
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "test_running_copies.moc"
+#include "running_copies_test.moc"

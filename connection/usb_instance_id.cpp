@@ -1,6 +1,6 @@
-#include "link/usb_instance_id.h"
+#include "connection/usb_instance_id.h"
 
-#include "link/usb_ids.h"
+#include "connection/usb_ids.h"
 
 QString serialInInstanceId(const QString& instanceId, const char* productId)
 {

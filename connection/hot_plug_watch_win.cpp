@@ -1,5 +1,5 @@
-#include "link/hot_plug_watch.h"
-#include "link/usb_instance_id.h"
+#include "connection/hot_plug_watch.h"
+#include "connection/usb_instance_id.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>

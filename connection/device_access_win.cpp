@@ -1,4 +1,4 @@
-#include "service/device_access.h"
+#include "connection/device_access.h"
 
 // Windows guards the driver, not the instrument.
 QString deviceAccessComplaint()

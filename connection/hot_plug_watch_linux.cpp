@@ -1,5 +1,5 @@
-#include "link/hot_plug_watch.h"
-#include "link/usb_ids.h"
+#include "connection/hot_plug_watch.h"
+#include "connection/usb_ids.h"
 
 #include <QSocketNotifier>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/activity.h"
-#include "link/busy_cursor.h"
+#include "ui/busy_cursor.h"
 
 #include <QObject>
 #include <QStringList>

@@ -1,4 +1,4 @@
-#include "link/demo_plug_watch.h"
+#include "connection/demo_plug_watch.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "link/gui_list_klv.h"
+#include "connection/gui_list_klv.h"
 
 #include "link/instrument_text.h"
 

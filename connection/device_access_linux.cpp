@@ -1,7 +1,7 @@
-#include "service/device_access.h"
+#include "connection/device_access.h"
 
-#include "link/usb_ids.h"
-#include "service/usb_access.h"
+#include "connection/usb_access.h"
+#include "connection/usb_ids.h"
 
 #include <QCoreApplication>
 #include <QDir>

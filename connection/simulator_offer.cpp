@@ -1,4 +1,4 @@
-#include "app/simulator_offer.h"
+#include "connection/simulator_offer.h"
 
 #include <QEvent>
 

@@ -1,7 +1,7 @@
 #include <umockdev.h>
 #undef signals
 
-#include "link/hot_plug_watch.h"
+#include "connection/hot_plug_watch.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -117,4 +117,4 @@ void TestBusWatch::livesWithoutDevices()
 }
 
 QTEST_GUILESS_MAIN(TestBusWatch)
-#include "test_bus_watch.moc"
+#include "bus_watch_test.moc"

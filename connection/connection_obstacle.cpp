@@ -1,8 +1,8 @@
-#include "app/connection_obstacle.h"
+#include "connection/connection_obstacle.h"
 
+#include "connection/device_access.h"
 #include "link/library_places.h"
 #include "link/scpi_session.h"
-#include "service/device_access.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

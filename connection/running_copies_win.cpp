@@ -1,4 +1,4 @@
-#include "link/running_copies.h"
+#include "connection/running_copies.h"
 
 #include <windows.h>
 

@@ -1,5 +1,5 @@
-#include "link/demo_plug_watch.h"
-#include "link/usb_instance_id.h"
+#include "connection/demo_plug_watch.h"
+#include "connection/usb_instance_id.h"
 
 #include <QSaveFile>
 #include <QSignalSpy>
@@ -233,4 +233,4 @@ void TestHotPlug::readsSections()
 }
 
 QTEST_GUILESS_MAIN(TestHotPlug)
-#include "test_hot_plug.moc"
+#include "plug_watch_test.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/hot_plug_watch.h"
+#include "connection/hot_plug_watch.h"
 
 /// A watch in whose place another one can be put while the program runs; its listeners stay. Of no
 /// use before the first one is put there.

@@ -1,11 +1,11 @@
-#include "link/connection.h"
+#include "connection/connection.h"
 
-#include "link/gui_list_klv.h"
-#include "link/hot_plug_watch.h"
+#include "connection/gui_list_klv.h"
+#include "connection/hot_plug_watch.h"
+#include "connection/running_copies.h"
 #include "link/instrument_limits.h"
 #include "link/instrument_text.h"
 #include "link/pause.h"
-#include "link/running_copies.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 
