@@ -79,12 +79,23 @@ Connection::Connection(const Parts& parts, QObject* parent)
     connect(&m_pollTimer, &QTimer::timeout, this, &Connection::pollDue);
     connect(&m_chooser, &GuiListKLV::dismissed, this, &Connection::chooserDismissed);
     connect(&m_watch, &HotPlugWatch::devicesChanged, this, &Connection::devicesChanged);
-    connect(&m_session, &ScpiSession::switchOffFailed, this, &Connection::loseSwitchOff);
-    connect(&m_session, &ScpiSession::connectionFailed, this, [this](const StatusWords& reason) {
-        m_watch.noteLoss();
-        disconnectInstrument();
-        emit lost(reason);
-    });
+    connect(&m_session, &ScpiSession::switchOffFailed, this, [this] { lose(&switchOffLossText); });
+    connect(&m_session, &ScpiSession::connectionFailed, this, &Connection::lose);
+}
+
+void Connection::enter(State state, const StatusWords& words)
+{
+    m_state = state;
+    if (state != State::Searching && state != State::SettingUp)
+        m_cursor.reset();
+    else if (!m_cursor)
+        m_cursor.emplace();
+    if (words) {
+        say(words);
+    } else {
+        m_activity.reset();
+        emit busyChanged(false);
+    }
 }
 
 void Connection::say(const StatusWords& words)
@@ -96,40 +107,92 @@ void Connection::say(const StatusWords& words)
     emit busyChanged(true);
 }
 
-void Connection::endActivity()
+/// The one way out, whatever goes on.
+void Connection::end(State rest)
 {
-    m_activity.reset();
-    emit busyChanged(false);
+    const bool wasConnected = m_session.isConnected();
+    const bool hadInstrument = m_state >= State::Opening && m_state <= State::Updating;
+    m_search.slotStop();
+    m_search.wait();
+    m_chooser.hide();
+    if (hadInstrument) {
+        m_session.close();
+        m_copies.release();
+        m_connectedSerial.clear();
+        m_pollTimer.stop();
+    }
+    enter(rest);
+    emit buttonShouldBe(false);
+    if (hadInstrument) {
+        emit titleChanged(QLatin1String(programTitle));
+        emit disconnected(wasConnected);
+    }
+}
+
+/// The attempt comes to nothing. Always false.
+bool Connection::fail(const StatusWords& reason)
+{
+    end(State::Idle);
+    emit failed(reason);
+    return false;
+}
+
+void Connection::lose(const StatusWords& reason)
+{
+    m_watch.noteLoss();
+    disconnectInstrument();
+    emit lost(reason);
+}
+
+void Connection::handBack(State rest)
+{
+    bool isReset = true;
+    if (m_session.isConnected()) {
+        // The reset switches the output off.
+        isReset = m_session.write(resetCommand);
+        m_session.write(massStorageOnCommand);
+    }
+    end(rest);
+    if (!isReset)
+        emit lost(&switchOffLossText);
+}
+
+void Connection::disconnectInstrument()
+{
+    end(m_state == State::Updating ? State::Away : State::Idle);
+}
+
+void Connection::setFirmwareUpdateRunning(bool isRunning)
+{
+    if (isRunning && m_session.isConnected())
+        enter(State::Updating);
+    else if (!isRunning && m_state == State::Updating)
+        enter(State::Ready);
+    else if (!isRunning && m_state == State::Away)
+        enter(State::Idle);
 }
 
 void Connection::on_connect_clicked(bool isChecked)
 {
-    if (m_isButtonGuarded || m_isShutDown) {
+    if (m_state == State::Pressed || m_state == State::Searching || m_state == State::Over) {
         emit buttonShouldBe(m_session.isConnected());
         return;
     }
     if (!isChecked) {
-        m_isUserDisconnected = true;
-        handBack();
+        handBack(State::Left);
         return;
     }
-    m_isButtonGuarded = true;
-    m_isUserDisconnected = false;
-    m_isByItself = false;
+    m_state = State::Pressed;
+    m_attempt = Attempt();
     emit buttonShouldBe(false);
-    const int attempt = m_attempt;
-    if (pause(settleMs) && !m_isShutDown && attempt == m_attempt)
+    if (pause(settleMs) && m_state == State::Pressed)
         startSearch();
 }
 
 void Connection::startSearch()
 {
-    m_searchCursor.emplace();
-    m_isSearching = true;
-    m_hasNews = false;
-    m_heldName.clear();
     emit attemptStarted();
-    say([] { return tr("Searching for instruments..."); });
+    enter(State::Searching, [] { return tr("Searching for instruments..."); });
     m_chooser.reset(m_neighbour);
     m_search.begin();
 }
@@ -137,63 +200,48 @@ void Connection::startSearch()
 // What a search that was given up has still sent is no news of the next one.
 void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
 {
-    if (!m_isSearching)
+    if (m_state != State::Searching)
         return;
     const QString title = titleOf(model, series);
     if (m_copies.isTitleTaken(title))
-        m_heldName = title;
+        m_attempt.heldName = title;
     else
         m_chooser.createButton(address, model + QLatin1Char('\n') + series);
 }
 
 void Connection::finishVisaSearch()
 {
-    if (!m_isSearching)
+    if (m_state != State::Searching)
         return;
-    m_isButtonGuarded = false;
-    m_searchCursor.reset();
     switch (m_chooser.buttonCount()) {
     case 0:
-        endSearch();
         reportNothingFound();
         break;
     case 1:
         m_chooser.chooseOnly();
         break;
     default:
-        m_isByItself = false;
-        say([] { return tr("Choose an instrument"); });
+        m_attempt.isByItself = false;
+        enter(State::Choosing, [] { return tr("Choose an instrument"); });
         m_chooser.show();
     }
 }
 
 void Connection::failVisaSearch()
 {
-    if (!m_isSearching)
-        return;
-    endSearch();
-    reportNothingFound();
-}
-
-void Connection::endSearch()
-{
-    m_isButtonGuarded = false;
-    m_searchCursor.reset();
-    m_isSearching = false;
-    m_chooser.hide();
+    if (m_state == State::Searching)
+        reportNothingFound();
 }
 
 void Connection::reportNothingFound()
 {
-    endActivity();
+    end(State::Idle);
     // Plugged in behind the search's back.
-    if (m_hasNews && !m_isFirmwareUpdateRunning && !m_watch.presentSerials(true).isEmpty()) {
-        connectByItself();
+    if (m_attempt.hasNews && connectByItself())
         return;
-    }
     StatusWords words = m_obstacle ? m_obstacle() : StatusWords();
-    if (!m_heldName.isEmpty())
-        words = [name = m_heldName] {
+    if (!m_attempt.heldName.isEmpty())
+        words = [name = m_attempt.heldName] {
             return tr("Another running copy of the program holds the instrument %1")
                 .arg(instrumentText(name));
         };
@@ -202,38 +250,29 @@ void Connection::reportNothingFound()
             return tr("No instrument found: is it switched on and its cable plugged in?");
         };
     emit failed(words);
-    if (m_heldName.isEmpty())
+    if (m_attempt.heldName.isEmpty())
         emit nothingFound();
 }
 
 void Connection::chooserDismissed()
 {
-    if (m_isSearching && !m_search.isRunning()) {
-        m_isSearching = false;
-        endActivity();
-    }
+    if (m_state == State::Choosing)
+        end(State::Idle);
 }
 
 void Connection::slot_connect(const QString& address)
 {
     m_chooser.hide();
-    m_isSearching = false;
-    const int attempt = ++m_attempt;
+    enter(State::Opening, [] { return tr("Connecting: opening the instrument"); });
     const QString title =
         m_chooser.chosenName().replace(QLatin1Char('\n'), QLatin1String(" (")) + QLatin1Char(')');
     if (!m_copies.claim(title)) {
-        if (m_session.isConnected())
-            disconnectInstrument();
-        endActivity();
-        emit failed([] { return tr("Another running copy of the program holds this instrument"); });
+        fail([] { return tr("Another running copy of the program holds this instrument"); });
         return;
     }
     emit titleChanged(title);
-    say([] { return tr("Connecting: opening the instrument"); });
     if (!m_session.open(address)) {
-        forgetTitle();
-        endActivity();
-        emit failed([status = m_session.lastStatus()] { return openFailureText(status); });
+        fail([status = m_session.lastStatus()] { return openFailureText(status); });
         return;
     }
     say([] { return tr("Connecting: asking for its mode"); });
@@ -244,26 +283,20 @@ void Connection::slot_connect(const QString& address)
     m_session.write(resetCommand);
     m_session.setConnected();
     emit buttonShouldBe(true);
-    // The user may have disconnected, or even connected anew, meanwhile.
-    if (!pause(settleMs) || attempt != m_attempt)
+    // The user may have disconnected, or even connected again, meanwhile.
+    if (!pause(settleMs) || m_state != State::Opening)
         return;
 
-    if (!identify() || !readCalibrationDue())
+    const std::optional<InstrumentIdentity> identity = identify();
+    if (!identity || !isUsable(*identity) || !readCalibrationDue())
         return;
-    const InstrumentIdentity identity = currentIdentity();
-    m_connectedSerial = identity.serial;
-    const QString name = titleOf(identity.model, identity.serial);
-    const QString before = std::exchange(m_lastName, name);
-    emit identified(identity);
+    m_connectedSerial = identity->serial;
+    emit identified(*identity);
     pushPanel();
-    if (attempt == m_attempt) {
+    if (m_state == State::SettingUp)
         QCoreApplication::processEvents();
-        if (attempt == m_attempt && m_isByItself && !before.isEmpty() && before != name)
-            emit statusMessage(tr("Connected to %1 in place of %2")
-                                   .arg(instrumentText(name), instrumentText(before)));
-        if (attempt == m_attempt)
-            emit ready();
-    }
+    if (m_state == State::SettingUp)
+        tellReady(*identity);
     emit pushed();
 }
 
@@ -274,25 +307,32 @@ bool Connection::leavesMassStorageMode()
     if (withoutLineFeeds(m_session.read(massStorageQuery)) != QLatin1String("ON"))
         return false;
     m_session.write(massStorageOffCommand);
-    disconnectInstrument();
-    emit failed([] { return tr("Waiting for the instrument to leave its mass-storage mode"); });
+    fail([] { return tr("Waiting for the instrument to leave its mass-storage mode"); });
     return true;
 }
 
-bool Connection::identify()
+/// What the instrument says it is; nothing, and the attempt has failed, where it does not say so.
+std::optional<InstrumentIdentity> Connection::identify()
 {
     static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
     const QString reply = m_session.read(identityQuery);
-    if (m_session.lastFailed())
-        return refuse([status = m_session.lastStatus()] { return silenceText(status); });
-    if (!pattern.match(reply).hasMatch())
-        return refuse([] { return tr("no access to the device: it does not say what it is"); });
+    if (m_session.lastFailed()) {
+        fail([status = m_session.lastStatus()] { return silenceText(status); });
+        return std::nullopt;
+    }
+    if (!pattern.match(reply).hasMatch()) {
+        fail([] { return tr("no access to the device: it does not say what it is"); });
+        return std::nullopt;
+    }
+    const QStringList fields = reply.split(QLatin1Char(','));
+    return InstrumentIdentity{fields.value(1).trimmed(),
+                              withoutLineFeeds(fields.value(2)).trimmed(), fields.last().trimmed()};
+}
 
-    m_identity = reply.split(QLatin1Char(','));
-    m_identity[2].remove(QLatin1Char('\n'));
-    const InstrumentIdentity identity = currentIdentity();
+bool Connection::isUsable(const InstrumentIdentity& identity)
+{
     if (!m_allowedSerials.isEmpty() && !m_allowedSerials.contains(identity.serial))
-        return refuse([serial = identity.serial] {
+        return fail([serial = identity.serial] {
             return tr("no access to the device: serial number %1 is not among those allowed")
                 .arg(instrumentText(serial));
         });
@@ -301,7 +341,7 @@ bool Connection::identify()
     if (version.size() >= 3 && version.at(1).toInt() < oldestCompatibleMinor) {
         emit refused(tr("Software version is not compatible with this version of KLV firmware. \n "
                         "Please use KLV 2.3 software or lower."));
-        return refuse([firmware = identity.firmware] {
+        return fail([firmware = identity.firmware] {
             return tr("The firmware %1 of the instrument is too old for this program")
                 .arg(instrumentText(firmware));
         });
@@ -309,126 +349,69 @@ bool Connection::identify()
     return true;
 }
 
-InstrumentIdentity Connection::currentIdentity() const
-{
-    return {m_identity.value(1).trimmed(), m_identity.value(2).trimmed(),
-            m_identity.last().trimmed()};
-}
-
 bool Connection::readCalibrationDue()
 {
     const QString reply = m_session.query(calibrationDueQuery);
     if (m_session.lastFailed())
-        return refuse([] { return tr("connection error: the instrument has stopped answering"); });
+        return fail([] { return tr("connection error: the instrument has stopped answering"); });
     emit calibrationDue(withoutLineFeeds(reply));
     return true;
 }
 
-bool Connection::refuse(const StatusWords& reason)
-{
-    disconnectInstrument();
-    emit failed(reason);
-    return false;
-}
-
 void Connection::pushPanel()
 {
-    const BusyCursor busy;
-    say([] { return tr("Setting up the instrument: its limits"); });
+    enter(State::SettingUp, [] { return tr("Setting up the instrument: its limits"); });
     m_pollTimer.start();
     m_limits.readLimits(m_session);
     for (const PushStep& step : m_pushSteps) {
-        if (!m_session.isConnected())
+        if (m_state != State::SettingUp)
             return;
         say([name = step.name] { return tr("Setting up the instrument: %1").arg(name()); });
         step.send();
     }
-    endActivity();
 }
 
-void Connection::handBack()
+void Connection::tellReady(const InstrumentIdentity& identity)
 {
-    bool isReset = true;
-    if (m_session.isConnected()) {
-        // The reset switches the output off.
-        isReset = m_session.write(resetCommand);
-        m_session.write(massStorageOnCommand);
-    }
-    disconnectInstrument();
-    if (!isReset)
-        emit lost(&switchOffLossText);
+    enter(State::Ready);
+    const QString name = titleOf(identity.model, identity.serial);
+    const QString before = std::exchange(m_lastName, name);
+    if (m_attempt.isByItself && !before.isEmpty() && before != name)
+        emit statusMessage(
+            tr("Connected to %1 in place of %2").arg(instrumentText(name), instrumentText(before)));
+    emit ready();
 }
 
-void Connection::loseSwitchOff()
+/// Presses the connect button in the user's stead. False where no instrument is present.
+bool Connection::connectByItself()
 {
-    m_watch.noteLoss();
-    disconnectInstrument();
-    emit lost(&switchOffLossText);
-}
-
-void Connection::disconnectInstrument()
-{
-    const bool wasConnected = m_session.isConnected();
-    ++m_attempt;
-    m_session.close();
-    emit buttonShouldBe(false);
-    forgetTitle();
-    m_connectedSerial.clear();
-    m_pollTimer.stop();
-    endActivity();
-    emit disconnected(wasConnected);
-}
-
-void Connection::forgetTitle()
-{
-    m_copies.release();
-    emit titleChanged(QLatin1String(programTitle));
-}
-
-void Connection::shutDown()
-{
-    m_isShutDown = true;
-    stopSearch();
-    if (m_session.isConnected())
-        handBack();
-}
-
-void Connection::leave()
-{
-    stopSearch();
-    handBack();
-}
-
-void Connection::stopSearch()
-{
-    m_search.slotStop();
-    m_search.wait();
-    endSearch();
-}
-
-void Connection::connectByItself()
-{
+    if (m_watch.presentSerials(true).isEmpty())
+        return false;
     emit buttonShouldBeClicked();
-    m_isByItself = m_isSearching;
+    m_attempt.isByItself = m_state == State::Searching;
+    return true;
 }
 
 void Connection::devicesChanged()
 {
-    m_hasNews = m_hasNews || m_isSearching;
-    if (m_isFirmwareUpdateRunning || m_isUserDisconnected || m_isSearching || m_isShutDown)
-        return;
-    if (!m_session.isConnected()) {
-        if (!m_watch.presentSerials(true).isEmpty())
-            connectByItself();
-        return;
-    }
-    // Between the reset and the identification the serial is not known yet.
-    if (!m_connectedSerial.isEmpty() &&
-        !m_watch.presentSerials(false).contains(m_connectedSerial)) {
+    switch (m_state) {
+    case State::Idle:
+        connectByItself();
+        break;
+    case State::Searching:
+    case State::Choosing:
+        m_attempt.hasNews = true;
+        break;
+    case State::SettingUp:
+    case State::Ready:
+        if (m_watch.presentSerials(false).contains(m_connectedSerial))
+            break;
         disconnectInstrument();
         emit lost([] { return tr("The instrument has been unplugged"); });
         // Another one may have come in the same burst.
-        if (!m_watch.presentSerials(true).isEmpty())
-            connectByItself();
+        connectByItself();
+        break;
+    default:
+        break;
     }
 }

@@ -64,27 +64,19 @@ public:
     /// The window beside which the chooser opens.
     void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
 
-    /// Keeps the hot-plug watch quiet while the instrument is in its bootloader.
-    void setFirmwareUpdateRunning(bool isRunning) { m_isFirmwareUpdateRunning = isRunning; }
-
-    bool isSearching() const { return m_isSearching; }
+    /// Keeps the hot-plug watch quiet while the connected instrument is in its bootloader.
+    void setFirmwareUpdateRunning(bool isRunning);
 
     /// Empty while nothing is connected and identified.
     const QString& connectedSerial() const { return m_connectedSerial; }
 
-    /// The identity reply's fields: maker, model, serial, firmware; kept until the next connect.
-    const QStringList& identity() const { return m_identity; }
-
     /// The end of the program: stops the search and, while connected, hands the instrument back.
     /// Whatever sequence is in a pause ends there; nothing connects any more.
-    void shutDown();
+    void shutDown() { handBack(State::Over); }
 
     /// Gives up whatever goes on and hands a connected instrument back, so that another library may
     /// take the place of the present one.
-    void leave();
-
-    /// Presses the connect button in the user's stead.
-    void connectByItself();
+    void leave() { handBack(State::Idle); }
 
 public slots:
     /// The connect button was clicked and is now `isChecked`.
@@ -134,21 +126,45 @@ private slots:
     void chooserDismissed();
 
 private:
-    void startSearch();
-    void stopSearch();
-    void endSearch();
-    void reportNothingFound();
-    void loseSwitchOff();
-    bool leavesMassStorageMode();
-    bool identify();
-    InstrumentIdentity currentIdentity() const;
-    bool readCalibrationDue();
-    bool refuse(const StatusWords& reason);
+    /// A sequence that has paused goes on only in the state it was in: whatever came in between
+    /// has ended by then, and has left another one. From Opening to Updating there is an
+    /// instrument.
+    enum class State {
+        Idle,      ///< the watch connects whatever comes
+        Left,      ///< the user has disconnected: what comes is not connected
+        Away,      ///< the instrument that was connected is in its bootloader
+        Pressed,   ///< the button has been clicked
+        Searching, ///< the search walks the bus
+        Choosing,  ///< the chooser is open
+        Opening,   ///< until the instrument is identified
+        SettingUp, ///< limits and panel
+        Ready,
+        Updating, ///< connected, on the way into its bootloader
+        Over      ///< the program ends
+    };
+
+    /// What is known of the search since the button was clicked.
+    struct Attempt {
+        bool isByItself = false; ///< no hand has asked for it
+        bool hasNews = false;    ///< devices have come or gone meanwhile
+        QString heldName;        ///< of an instrument that was left out: another copy holds it
+    };
+
+    void enter(State state, const StatusWords& words = {});
     void say(const StatusWords& words);
-    void endActivity();
+    void end(State rest);
+    bool fail(const StatusWords& reason);
+    void lose(const StatusWords& reason);
+    void handBack(State rest);
+    void startSearch();
+    void reportNothingFound();
+    bool connectByItself();
+    bool leavesMassStorageMode();
+    std::optional<InstrumentIdentity> identify();
+    bool isUsable(const InstrumentIdentity& identity);
+    bool readCalibrationDue();
     void pushPanel();
-    void handBack();
-    void forgetTitle();
+    void tellReady(const InstrumentIdentity& identity);
 
     ScpiSession& m_session;
     InstrumentLimits& m_limits;
@@ -160,22 +176,13 @@ private:
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
     std::function<StatusWords()> m_obstacle;
-    std::optional<Activity> m_activity;
     const QWidget* m_neighbour = nullptr;
-    std::optional<BusyCursor> m_searchCursor;
     QTimer m_pollTimer;
 
-    QStringList m_identity;
+    State m_state = State::Idle;
+    std::optional<Activity> m_activity; ///< from the search to the end of the push
+    std::optional<BusyCursor> m_cursor; ///< while searching and setting up
+    Attempt m_attempt;
     QString m_connectedSerial;
     QString m_lastName; ///< of the last instrument that was connected: model (serial)
-    /// Changes with every connect and disconnect, so that a sequence that has paused knows.
-    int m_attempt = 0;
-    bool m_isSearching = false;
-    bool m_isByItself = false; ///< no hand has asked for the present attempt
-    bool m_hasNews = false;    ///< devices have come or gone during the search
-    QString m_heldName; ///< of an instrument that the search left out since another copy holds it
-    bool m_isUserDisconnected = false;
-    bool m_isButtonGuarded = false;
-    bool m_isFirmwareUpdateRunning = false;
-    bool m_isShutDown = false;
 };

@@ -1,26 +1,7 @@
-#include "connection/connection.h"
-#include "connection/gui_list_klv.h"
-#include "connection/hot_plug_watch.h"
-#include "connection/running_copies.h"
-#include "link/instrument_limits.h"
-#include "link/scpi_session.h"
-#include "link/search_klv.h"
-#include "tests/support/demo.h"
+#include "tests/support/connection_rig.h"
 
-#include <QSignalSpy>
-#include <QtTest>
-
-namespace
-{
-class FakeWatch : public HotPlugWatch
-{
-public:
-    QStringList presentSerials(bool) const override { return serials; }
-    QStringList serials;
-};
-} // namespace
-
-/// News of devices that come while a search has walked the bus and has not been heard of yet.
+/// The states of a connection, without a window: news from the bus, and what overtakes a sequence
+/// that pauses.
 class ConnectionTest : public QObject
 {
     Q_OBJECT
@@ -28,6 +9,10 @@ class ConnectionTest : public QObject
 private slots:
     void looksAgainAfterTheSearch_data();
     void looksAgainAfterTheSearch();
+    void anEndedSearchSaysNothing_data();
+    void anEndedSearchSaysNothing();
+    void anOvertakenPushSendsNothing_data();
+    void anOvertakenPushSendsNothing();
 };
 
 void ConnectionTest::looksAgainAfterTheSearch_data()
@@ -41,43 +26,86 @@ void ConnectionTest::looksAgainAfterTheSearch_data()
     QTest::newRow("not to be found") << QStringList("20215678") << "" << 2;
 }
 
+/// Devices that come while a search has walked the bus and has not been heard of yet.
 void ConnectionTest::looksAgainAfterTheSearch()
 {
     QFETCH(QStringList, present);
     QFETCH(QString, set);
     QFETCH(int, attempts);
-    Demo demo;
-    demo(QStringLiteral("unplug"));
-    VisaLibrary visa;
-    visa.load(Demo::libraryPath().toLocal8Bit().constData());
-    ScpiSession session(visa);
-    session.openResourceManager();
-    InstrumentLimits limits;
-    SearchKLV search(visa, session.defaultRM());
-    GuiListKLV chooser;
-    RunningCopies copies;
-    FakeWatch watch;
-    Connection connection({session, limits, search, chooser, copies, watch});
-    connect(&search, &SearchKLV::sendData, &connection, &Connection::showKLVDevice);
-    connect(&search, &SearchKLV::finish, &connection, &Connection::finishVisaSearch);
-    connect(&search, &SearchKLV::error, &connection, &Connection::failVisaSearch);
-    connect(&chooser, &GuiListKLV::sendAddress, &connection, &Connection::slot_connect);
-    connect(&connection, &Connection::buttonShouldBeClicked, &connection,
-            [&] { connection.on_connect_clicked(true); });
-    QSignalSpy started(&connection, &Connection::attemptStarted);
-    QSignalSpy failed(&connection, &Connection::failed);
+    ConnectionRig rig;
+    rig.demo(QStringLiteral("unplug"));
+    connect(&rig.connection, &Connection::buttonShouldBeClicked, this,
+            [&] { rig.connection.on_connect_clicked(true); });
+    QSignalSpy started(&rig.connection, &Connection::attemptStarted);
+    QSignalSpy failed(&rig.connection, &Connection::failed);
 
-    connection.on_connect_clicked(true);
-    search.wait();
+    rig.connection.on_connect_clicked(true);
+    rig.search.wait();
     if (!set.isEmpty())
-        demo(set);
-    watch.serials = present;
-    emit watch.devicesChanged();
-    QTRY_COMPARE(session.isConnected() || failed.count() == 1, true);
-    QCOMPARE(session.isConnected(), !set.isEmpty());
+        rig.demo(set);
+    rig.watch.tell(present);
+    QTRY_VERIFY(rig.session.isConnected() || failed.count() == 1);
+    QCOMPARE(rig.session.isConnected(), !set.isEmpty());
     QCOMPARE(started.count(), attempts);
     QVERIFY(!QTest::qWaitFor([&] { return started.count() > attempts; }, 100));
-    connection.shutDown();
+}
+
+void ConnectionTest::anEndedSearchSaysNothing_data()
+{
+    QTest::addColumn<QString>("set");
+    QTest::newRow("finished") << "plug";
+    QTest::newRow("failed") << "unplug";
+}
+
+/// The search has walked the bus when the program ends, and is heard of only then.
+void ConnectionTest::anEndedSearchSaysNothing()
+{
+    QFETCH(QString, set);
+    ConnectionRig rig;
+    rig.demo(set);
+    rig.demo.takeTranscript();
+    QSignalSpy failed(&rig.connection, &Connection::failed);
+    rig.connection.on_connect_clicked(true);
+    rig.search.wait();
+    rig.watch.tell(QStringList("20215678"));
+    rig.connection.shutDown();
+    QCoreApplication::processEvents();
+    QCOMPARE(failed.count(), 0);
+    QCOMPARE(rig.demo.takeSent(), QStringList());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void ConnectionTest::anOvertakenPushSendsNothing_data()
+{
+    QTest::addColumn<bool>("isAgain");
+    QTest::newRow("disconnected") << false;
+    QTest::newRow("and connected again") << true;
+}
+
+void ConnectionTest::anOvertakenPushSendsNothing()
+{
+    QFETCH(bool, isAgain);
+    ConnectionRig rig;
+    // Handed back, it would otherwise have to leave its mass-storage mode first.
+    rig.demo(QStringLiteral("reply MEM:MSC? -> OFF"));
+    QSignalSpy ready(&rig.connection, &Connection::ready);
+    int pushes = 0;
+    const auto overtake = [&] {
+        if (++pushes > 1)
+            return;
+        rig.connection.on_connect_clicked(false);
+        if (isAgain)
+            QVERIFY(rig.connectDevice());
+    };
+    rig.connection.setPushSteps(
+        {{[] { return QStringLiteral("the pause"); }, overtake},
+         {[] { return QStringLiteral("the rest"); }, [&] { rig.session.write("REST"); }}});
+    rig.connection.on_connect_clicked(true);
+    QTRY_VERIFY(pushes > 0);
+    QCoreApplication::processEvents();
+    QCOMPARE(rig.demo.takeSent().count("REST\\n"), isAgain ? 1 : 0);
+    QCOMPARE(ready.count(), isAgain ? 1 : 0);
+    QCOMPARE(rig.session.isConnected(), isAgain);
 }
 
 QTEST_MAIN(ConnectionTest)

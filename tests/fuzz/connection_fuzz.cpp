@@ -63,7 +63,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     });
     QObject::connect(&chooser, &GuiListKLV::sendAddress, &connection, &Connection::slot_connect);
     chooser.reset(nullptr);
-    connection.showKLVDevice(address, model, serial);
+    chooser.createButton(address, model + '\n' + serial);
     chooser.chooseOnly();
     connection.shutDown();
     PROMISE(!session.isConnected());

@@ -1,66 +1,26 @@
-#include "connection/connection.h"
-#include "connection/gui_list_klv.h"
-#include "connection/hot_plug_watch.h"
-#include "connection/running_copies.h"
-#include "link/instrument_limits.h"
-#include "link/scpi_session.h"
-#include "link/search_klv.h"
-#include "link/visa_library.h"
 #include "service/firmware_update.h"
-#include "tests/support/demo.h"
-
-#include <QSignalSpy>
-#include <QtTest>
+#include "tests/support/connection_rig.h"
 
 namespace
 {
 const QString serial = QStringLiteral("20215678");
 constexpr int longestMs = 200;
 
-class FakeWatch : public HotPlugWatch
-{
-public:
-    QStringList presentSerials(bool) const override { return serials; }
-    void tell(const QStringList& present)
-    {
-        serials = present;
-        emit devicesChanged();
-    }
-    QStringList serials = {serial};
-};
-
-/// A connected instrument, and a bus on which devices come and go when told.
-class Bench
+/// A connected instrument on its way into the bootloader.
+class Bench : public ConnectionRig
 {
 public:
     Bench()
     {
-        visa.load(Demo::libraryPath().toLocal8Bit().constData());
-        session.openResourceManager();
-        QObject::connect(&search, &SearchKLV::sendData, &connection, &Connection::showKLVDevice);
-        QObject::connect(&search, &SearchKLV::finish, &connection, &Connection::finishVisaSearch);
-        QObject::connect(&chooser, &GuiListKLV::sendAddress, &connection,
-                         &Connection::slot_connect);
-        connection.on_connect_clicked(true);
-        if (!QTest::qWaitFor([this] { return session.isConnected() && !connection.isSearching(); }))
+        watch.serials = QStringList(serial);
+        if (!connectDevice())
             qFatal("not connected");
-        QCoreApplication::processEvents();
         update.slotUpdateFirmware();
         demo.takeTranscript();
     }
-    ~Bench() { connection.shutDown(); }
 
     QString lastActivity() { return Activities::global().texts().join(' '); }
 
-    Demo demo;
-    VisaLibrary visa;
-    ScpiSession session{visa};
-    InstrumentLimits limits;
-    SearchKLV search{visa, session.defaultRM()};
-    GuiListKLV chooser;
-    RunningCopies copies;
-    FakeWatch watch;
-    Connection connection{{session, limits, search, chooser, copies, watch}};
     FirmwareUpdate update{{session, connection, watch}, longestMs};
     QSignalSpy back{&update, &FirmwareUpdate::cameBack};
     QSignalSpy told{&update, &FirmwareUpdate::statusMessage};
