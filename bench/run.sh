@@ -6,8 +6,10 @@ cmake --preset release >/dev/null
 cmake --build --preset release --target link_bench list_bench window_bench >/dev/null
 export QT_QPA_PLATFORM=offscreen
 XDG_CONFIG_HOME=$(mktemp -d)
-export XDG_CONFIG_HOME
-trap 'rm -rf "$XDG_CONFIG_HOME"' EXIT
+# In memory, as a desktop has it: whoever connects writes a lock there.
+XDG_RUNTIME_DIR=$(mktemp -d -p /dev/shm)
+export XDG_CONFIG_HOME XDG_RUNTIME_DIR
+trap 'rm -rf "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"' EXIT
 build/release/bench/link_bench
 /usr/bin/python3 bench/pyvisa_bench.py build/release/demo/libVeVISA32.so
 build/release/bench/window_bench

@@ -5,19 +5,43 @@
 #include <algorithm>
 #include <limits>
 
-/// Microseconds for one call of `action`: the best of several rounds, which is what a noisy machine
-/// disturbs least.
+/// Microseconds for one call of `action`.
+template <typename Action>
+double microsecondsOf(int calls, Action action)
+{
+    QElapsedTimer timer;
+    timer.start();
+    for (int call = 0; call < calls; ++call)
+        action();
+    return static_cast<double>(timer.nsecsElapsed()) / 1000.0 / calls;
+}
+
+/// The same, of several rounds the best, which is what a noisy machine disturbs least.
 template <typename Action>
 double microsecondsEach(int calls, Action action)
 {
     constexpr int rounds = 7;
     double best = std::numeric_limits<double>::max();
+    for (int round = 0; round < rounds; ++round)
+        best = std::min(best, microsecondsOf(calls, action));
+    return best;
+}
+
+/// What is measured beside what it is to be compared with.
+struct Comparison {
+    double us = std::numeric_limits<double>::max();
+    double bareUs = std::numeric_limits<double>::max();
+};
+
+/// The best of both over `rounds` in which they take turns, so that what else the machine does
+/// meets both. `measure` and `measureBare` return microseconds.
+template <typename Measure, typename MeasureBare>
+Comparison comparedInTurns(int rounds, Measure measure, MeasureBare measureBare)
+{
+    Comparison best;
     for (int round = 0; round < rounds; ++round) {
-        QElapsedTimer timer;
-        timer.start();
-        for (int call = 0; call < calls; ++call)
-            action();
-        best = std::min(best, static_cast<double>(timer.nsecsElapsed()) / 1000.0 / calls);
+        best.us = std::min(best.us, measure());
+        best.bareUs = std::min(best.bareUs, measureBare());
     }
     return best;
 }

@@ -22,11 +22,9 @@ double residentMegabytes()
     return file.readAll().split(' ').value(1).toDouble() * 4096.0 / 1e6;
 }
 
-/// The messages and searches of a connection, by bare VISA calls in the same order.
-double bareConnectionMs(Demo& demo, const QStringList& sent, ViSession manager, VisaLibrary& visa)
+/// What `sent` says, by bare VISA calls in the same order.
+void sendBare(const QStringList& sent, ViSession manager, VisaLibrary& visa)
 {
-    QElapsedTimer timer;
-    timer.start();
     ViSession session = VI_NULL;
     visa.viOpen(manager, "USB0::0x5645::0x0040::20215678::0::INSTR", VI_EXCLUSIVE_LOCK, 2000,
                 &session);
@@ -43,44 +41,45 @@ double bareConnectionMs(Demo& demo, const QStringList& sent, ViSession manager, 
         if (message.contains('?'))
             visa.viScanf(session, "%65535T", reply.data());
     }
-    const double ms = static_cast<double>(timer.nsecsElapsed()) / 1e6;
     visa.viClose(session);
-    demo(QStringLiteral("clear"));
-    return ms;
 }
 
 void measureConnecting(Demo& demo, PanelRig& rig)
 {
-    constexpr double pausesMs = 10.0;
+    constexpr double pausesUs = 10000.0;
+    constexpr int turns = 25;
     VisaLibrary visa;
     visa.load(Demo::libraryPath().toLocal8Bit().constData());
     ViSession manager = VI_NULL;
     visa.viOpenDefaultRM(&manager);
-    demo(QStringLiteral("latency 1000"));
-    double best = 1e9;
-    double bare = 1e9;
-    for (int round = 0; round < 5; ++round) {
-        QElapsedTimer timer;
-        auto& connection = *rig.window().findChild<Connection*>();
+    auto& connection = *rig.window().findChild<Connection*>();
+    QStringList sent;
+    const auto makeSlow = [&demo] {
+        demo(QStringLiteral("reset"));
+        demo(QStringLiteral("latency 1000"));
+    };
+    const auto measure = [&] {
+        makeSlow();
         QEventLoop loop;
         QObject::connect(&connection, &Connection::ready, &loop, &QEventLoop::quit);
         demo(QStringLiteral("clear"));
-        timer.start();
-        QTimer::singleShot(0, &loop, [&] { rig.get<QPushButton>("connect").click(); });
-        loop.exec();
-        best = std::min(best, static_cast<double>(timer.nsecsElapsed()) / 1e6);
-        const QStringList sent = demo.takeSent();
+        const double us = microsecondsOf(1, [&] {
+            QTimer::singleShot(0, &loop, [&] { rig.get<QPushButton>("connect").click(); });
+            loop.exec();
+        });
+        sent = demo.takeSent();
         rig.click("connect");
-        demo(QStringLiteral("reset"));
-        demo(QStringLiteral("latency 1000"));
-        bare = std::min(bare, bareConnectionMs(demo, sent, manager, visa));
-        demo(QStringLiteral("reset"));
-        demo(QStringLiteral("latency 1000"));
-    }
+        return us;
+    };
+    const auto measureBare = [&] {
+        makeSlow();
+        return microsecondsOf(1, [&] { sendBare(sent, manager, visa); });
+    };
+    const Comparison connecting = comparedInTurns(turns, measure, measureBare);
     std::printf("connecting, 1 ms latency:     %7.1f ms  (%.3f times its VISA calls and pauses, "
                 "aim 1.05)\n",
-                best, best / (bare + pausesMs));
-    demo(QStringLiteral("latency 0"));
+                connecting.us / 1000.0, connecting.us / (connecting.bareUs + pausesUs));
+    demo(QStringLiteral("reset"));
 }
 } // namespace
 
