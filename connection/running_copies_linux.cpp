@@ -38,13 +38,19 @@ QString lockName(const QString& title)
     return QStringLiteral("klv-%1-%2.lock").arg(readable, QString::fromLatin1(hash));
 }
 
-/// The title's lock, not taken yet; null without a folder to keep it in.
-std::unique_ptr<QLockFile> lockOf(const QString& title)
+/// Empty without a folder to keep it in.
+QString lockPath(const QString& title)
 {
     const QString folder = lockFolder();
-    if (folder.isEmpty())
+    return folder.isEmpty() ? QString() : QDir(folder).filePath(lockName(title));
+}
+
+/// Not taken yet; null without a path.
+std::unique_ptr<QLockFile> lockAt(const QString& path)
+{
+    if (path.isEmpty())
         return nullptr;
-    auto lock = std::make_unique<QLockFile>(QDir(folder).filePath(lockName(title)));
+    auto lock = std::make_unique<QLockFile>(path);
     // A copy may stay connected for days: only its death frees the lock, never its age.
     lock->setStaleLockTime(0);
     return lock;
@@ -68,7 +74,9 @@ bool RunningCopies::isTitleTaken(const QString& title) const
 {
     if (m_claim && m_claim->title == title)
         return true;
-    const std::unique_ptr<QLockFile> lock = lockOf(title);
+    // Only a lock that is there is tried: taking one waits for the disk.
+    const QString path = lockPath(title);
+    const std::unique_ptr<QLockFile> lock = lockAt(QFileInfo::exists(path) ? path : QString());
     return lock && isHeldByAnother(*lock, LookMs);
 }
 
@@ -76,7 +84,7 @@ bool RunningCopies::claim(const QString& title)
 {
     if (m_claim && m_claim->title == title)
         return false;
-    std::unique_ptr<QLockFile> lock = lockOf(title);
+    std::unique_ptr<QLockFile> lock = lockAt(lockPath(title));
     if (lock && isHeldByAnother(*lock, ClaimMs))
         return false;
     m_claim.reset(new Claim{title, std::move(lock)});
