@@ -122,10 +122,8 @@ void MainWindow::wireConnection()
     m_connection.setNeighbour(this);
     m_connection.setObstacle(
         [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
-    connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
-        m_ui->connect->setChecked(isChecked);
-        m_ui->connect->repaint();
-    });
+    connect(&m_connection, &Connection::buttonShouldBe, m_ui->connect,
+            &QAbstractButton::setChecked);
     connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
             &QAbstractButton::click);
     connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);

@@ -6,6 +6,8 @@
 namespace
 {
 constexpr int messageMs = 6000;
+/// A text that stays for less is not seen.
+constexpr int seenMs = 20;
 /// The outer and the inner of what goes on: more would not be read.
 constexpr int mostActivities = 2;
 const QString separator = QStringLiteral("  ·  ");
@@ -22,12 +24,15 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
         refresh();
     });
     connect(&m_faultTimer, &QTimer::timeout, this, &StatusLine::refresh);
+    m_sincePainted.start();
     connect(&Activities::global(), &Activities::changed, this, [this] {
         const QString before = m_label.text();
         refresh();
-        // What comes next may keep the event loop waiting.
-        if (m_label.text() != before)
+        // What comes next may keep the event loop waiting, which otherwise paints.
+        if (m_label.text() != before && m_sincePainted.hasExpired(seenMs)) {
             m_label.repaint();
+            m_sincePainted.start();
+        }
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "link/activity.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
 
@@ -54,4 +55,5 @@ private:
     bool m_isOfInstrument = false;
     StatusWords m_fault;
     bool m_isLoss = false;
+    QElapsedTimer m_sincePainted; ///< at once, before the event loop was reached
 };
