@@ -1,7 +1,6 @@
 #include "app/instrument_source.h"
 
 #include "app/demo_mode.h"
-#include "app/start_options.h"
 #include "connection/demo_plug_watch.h"
 #include "link/scpi_session.h"
 
@@ -10,11 +9,11 @@ namespace
 const QString visaLibraryName = QStringLiteral("VeVISA32");
 }
 
-InstrumentSource::InstrumentSource(const StartOptions& options, VisaLibrary& visa,
+InstrumentSource::InstrumentSource(bool isSimulated, const QString& library, VisaLibrary& visa,
                                    ScpiSession& session)
-    : m_options(options), m_visa(visa), m_session(session)
+    : m_isStartedSimulated(isSimulated), m_namedLibrary(library), m_visa(visa), m_session(session)
 {
-    choose(options.isDemo);
+    choose(isSimulated);
 }
 
 InstrumentSource::~InstrumentSource() = default;
@@ -32,9 +31,8 @@ void InstrumentSource::choose(bool isSimulated)
 QString InstrumentSource::libraryName() const
 {
     // A library named together with the simulated mode is the one to be tried with it.
-    const bool isNamed = !m_options.visaLibrary.isEmpty() && (!m_demo || m_options.isDemo);
-    if (isNamed)
-        return m_options.visaLibrary;
+    if (!m_namedLibrary.isEmpty() && (!m_demo || m_isStartedSimulated))
+        return m_namedLibrary;
     return m_demo ? DemoMode::libraryPath() : visaLibraryName;
 }
 

@@ -7,7 +7,6 @@
 class DemoMode;
 class ScpiSession;
 class VisaLibrary;
-struct StartOptions;
 
 /// Where instruments are looked for: on this computer's bus through the maker's VISA library, or
 /// among the simulated ones. Owns the simulated mode and the hot-plug watch; the library and the
@@ -15,8 +14,10 @@ struct StartOptions;
 class InstrumentSource
 {
 public:
-    /// As the command line asks; loads nothing yet.
-    InstrumentSource(const StartOptions& options, VisaLibrary& visa, ScpiSession& session);
+    /// As the program was started: `library`, by name or path, is the VISA library to be used for
+    /// that, empty the ordinary one. Loads nothing yet.
+    InstrumentSource(bool isSimulated, const QString& library, VisaLibrary& visa,
+                     ScpiSession& session);
     ~InstrumentSource();
 
     bool isSimulated() const { return m_demo != nullptr; }
@@ -38,7 +39,8 @@ private:
     void choose(bool isSimulated);
     QString libraryName() const;
 
-    const StartOptions& m_options;
+    const bool m_isStartedSimulated;
+    const QString m_namedLibrary;
     VisaLibrary& m_visa;
     ScpiSession& m_session;
     std::unique_ptr<DemoMode> m_demo;

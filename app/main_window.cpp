@@ -64,7 +64,8 @@ const QString themeKey = QStringLiteral("theme");
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     : QMainWindow(parent, Qt::FramelessWindowHint), m_options(options),
       m_settings(QStringLiteral("Veltro"), QStringLiteral("KLV")),
-      m_source(std::make_unique<InstrumentSource>(m_options, m_visa, m_session)),
+      m_source(std::make_unique<InstrumentSource>(options.isDemo, options.visaLibrary, m_visa,
+                                                  m_session)),
       m_language(std::make_unique<Language>(options.language.isEmpty()
                                                 ? m_settings.value(languageKey).toString()
                                                 : options.language)),
