@@ -1,4 +1,4 @@
-#include "app/demo_mode.h"
+#include "connection/demo_mode.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,6 +1,6 @@
-#include "app/instrument_source.h"
+#include "connection/instrument_source.h"
 
-#include "app/demo_mode.h"
+#include "connection/demo_mode.h"
 #include "connection/demo_plug_watch.h"
 #include "link/scpi_session.h"
 
