@@ -1,4 +1,3 @@
-#include "app/error_box.h"
 #include "connection/gui_list_klv.h"
 #include "link/activity.h"
 #include "link/instrument_limits.h"
@@ -56,10 +55,7 @@ private slots:
     void init();
     void cleanup() { m_rig.reset(); }
 
-    void tellsWhyThereIsNoConnection_data();
-    void tellsWhyThereIsNoConnection();
     void tellsWhereTheLibraryWasLookedFor();
-    void tellsWhoHoldsTheInstrument();
     void aLossIsNotHidden();
     void aLossIsSaidBesideTheNextSearch();
     void whatIsGoneIsNotSpokenOf_data();
@@ -120,53 +116,6 @@ void StatusTest::chooseRussian()
     QCoreApplication::processEvents();
 }
 
-void StatusTest::tellsWhyThereIsNoConnection_data()
-{
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<QString>("reason");
-    const auto row = [](const char* name, const QString& library, const char* set,
-                        const char* reason) { QTest::newRow(name) << library << set << reason; };
-    const QString demo = Demo::libraryPath();
-    row("no such path", "/no/such/library.so", "", "There is no VISA library /no/such/library.so");
-    row("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
-    row("another library", KLV_NO_VISA_LIBRARY, "", "does not start");
-    row("no instrument", demo, "unplug", "No instrument found");
-    row("silent at the opening", demo, "fault 1 status 0xBFFF0015",
-        "could not be opened: it does not answer");
-    row("not opened", demo, "fault 1 status 0xBFFF003E", "could not be opened: VISA status 0xbff");
-    row("not permitted", demo, "fault 1 status 0xBFFF00A8", "This user may not open");
-    row("no identity", demo, "reply *IDN? ->", "no access to the device: it does not answer");
-    row("strange identity", demo, "reply *IDN? -> Veltro",
-        "no access to the device: it does not say what it is");
-    row("not allowed", demo, "", "serial number 20215678 is not among those allowed");
-    row("old firmware", demo, "instruments [1111]\nfirmware=2.3.9", "firmware 2.3.9");
-    row("no due date", demo, "reply SERV:SOUR:CDUE? ->", "connection error: ");
-}
-
-void StatusTest::tellsWhyThereIsNoConnection()
-{
-    QFETCH(QString, library);
-    QFETCH(QString, set);
-    QFETCH(QString, reason);
-    if (!set.isEmpty())
-        (*m_demo)(set);
-    if (QTest::currentDataTag() == QByteArray("not allowed"))
-        QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV"))
-            .setValue("/Settings/one", "another");
-    start(library);
-    m_rig->connectDevice();
-    QVERIFY(!m_rig->isConnected());
-    QVERIFY2(m_rig->status().contains(reason), qPrintable(m_rig->status()));
-    if (auto* box = m_rig->window().findChild<ErrorBox*>())
-        box->close();
-    // It stays until the next attempt, which begins by saying so.
-    m_rig->click("connect");
-    QVERIFY2(m_rig->status().startsWith("Searching"), qPrintable(m_rig->status()));
-    QVERIFY(!m_rig->status().contains(reason));
-    QTRY_VERIFY(!QGuiApplication::overrideCursor());
-}
-
 void StatusTest::tellsWhereTheLibraryWasLookedFor()
 {
     qputenv("LD_LIBRARY_PATH", "/first:/second");
@@ -178,23 +127,6 @@ void StatusTest::tellsWhereTheLibraryWasLookedFor()
     for (const QString& place : all)
         QVERIFY2(m_rig->status().contains(place), qPrintable(place));
     qunsetenv("LD_LIBRARY_PATH");
-}
-
-void StatusTest::tellsWhoHoldsTheInstrument()
-{
-    VisaLibrary visa;
-    visa.load(Demo::libraryPath().toLocal8Bit().constData());
-    ScpiSession another(visa);
-    another.openResourceManager();
-    QVERIFY(another.open("USB0::0x5645::0x0040::20215678::0::INSTR"));
-    start();
-    m_rig->connectDevice();
-    QCOMPARE(m_rig->status(), QString("Another program holds the instrument"));
-    another.close();
-    m_rig->connectDevice();
-    QVERIFY(m_rig->isConnected());
-    QCOMPARE(m_rig->status(), QString());
-    another.closeResourceManager();
 }
 
 void StatusTest::aLossIsNotHidden()

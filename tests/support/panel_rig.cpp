@@ -5,6 +5,11 @@
 #include <QLabel>
 #include <QLineEdit>
 
+namespace
+{
+constexpr int longestAttemptMs = 5000;
+}
+
 PanelRig::PanelRig(const StartOptions& options) : m_window(std::make_unique<MainWindow>(options))
 {
     m_window->show();
@@ -56,8 +61,15 @@ void PanelRig::connectDevice()
 {
     click("connect");
     // The attempt is over when the wait cursor of the search and of the push is gone.
-    QVERIFY(QTest::qWaitFor([] { return !QGuiApplication::overrideCursor(); }));
+    // Waiting for events is quicker than looking again and again.
+    QTimer tooLong;
+    tooLong.setSingleShot(true);
+    tooLong.start(longestAttemptMs);
+    while (QGuiApplication::overrideCursor() && tooLong.isActive())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    QVERIFY(tooLong.isActive());
     QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 bool PanelRig::isConnected()
