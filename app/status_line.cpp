@@ -25,11 +25,11 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
     });
     connect(&m_faultTimer, &QTimer::timeout, this, &StatusLine::refresh);
     m_sincePainted.start();
-    connect(&Activities::global(), &Activities::changed, this, [this] {
+    connect(&Activities::global(), &Activities::changed, this, [this](bool blocks) {
         const QString before = m_label.text();
         refresh();
         // What comes next may keep the event loop waiting, which otherwise paints.
-        if (m_label.text() != before && m_sincePainted.hasExpired(seenMs)) {
+        if (m_label.text() != before && (blocks || m_sincePainted.hasExpired(seenMs))) {
             m_label.repaint();
             m_sincePainted.start();
         }

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-Activity::Activity(const StatusWords& words)
+Activity::Activity(const StatusWords& words, bool blocks)
 {
-    Activities::global().set(this, words);
+    Activities::global().set(this, words, blocks);
 }
 
 Activity::~Activity()
@@ -14,7 +14,7 @@ Activity::~Activity()
 
 void Activity::say(const StatusWords& words)
 {
-    Activities::global().set(this, words);
+    Activities::global().set(this, words, false);
 }
 
 Activities& Activities::global()
@@ -31,7 +31,7 @@ QStringList Activities::texts() const
     return texts;
 }
 
-void Activities::set(const Activity* activity, const StatusWords& words)
+void Activities::set(const Activity* activity, const StatusWords& words, bool blocks)
 {
     const auto known = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry& entry) { return entry.activity == activity; });
@@ -39,12 +39,12 @@ void Activities::set(const Activity* activity, const StatusWords& words)
         known->words = words;
     else
         m_entries.push_back({activity, words});
-    emit changed();
+    emit changed(blocks);
 }
 
 void Activities::remove(const Activity* activity)
 {
     const auto isOver = [&](const Entry& entry) { return entry.activity == activity; };
     m_entries.erase(std::remove_if(m_entries.begin(), m_entries.end(), isOver), m_entries.end());
-    emit changed();
+    emit changed(false);
 }

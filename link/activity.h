@@ -15,7 +15,8 @@ Q_DECLARE_METATYPE(StatusWords)
 class Activity
 {
 public:
-    explicit Activity(const StatusWords& words);
+    /// `blocks`: what follows is known to keep the event loop waiting.
+    explicit Activity(const StatusWords& words, bool blocks = false);
     ~Activity();
     Activity(const Activity&) = delete;
     Activity& operator=(const Activity&) = delete;
@@ -36,8 +37,8 @@ public:
     QStringList texts() const;
 
 signals:
-    /// Said at once, for the wire may block right after.
-    void changed();
+    /// Said at once, for the wire may block right after; `blocks` when that is known.
+    void changed(bool blocks);
 
 private:
     friend class Activity;
@@ -47,7 +48,7 @@ private:
         StatusWords words;
     };
 
-    void set(const Activity* activity, const StatusWords& words);
+    void set(const Activity* activity, const StatusWords& words, bool blocks);
     void remove(const Activity* activity);
 
     std::vector<Entry> m_entries;

@@ -56,7 +56,7 @@ public:
     explicit Answer(ScpiSession& session) : m_session(session)
     {
         if (session.m_lastAnswerMs >= slowAnswerMs)
-            m_waiting.emplace([] { return tr("waiting for the instrument to answer"); });
+            m_waiting.emplace([] { return tr("waiting for the instrument to answer"); }, true);
         m_time.start();
     }
     ~Answer() { m_session.m_lastAnswerMs = m_time.elapsed(); }

@@ -43,6 +43,27 @@ private:
     QStringList m_texts;
     QMetaObject::Connection m_connection;
 };
+
+/// The texts with which a label was painted since this was made.
+class Painted : public QObject
+{
+public:
+    explicit Painted(QLabel& label) : m_label(label) { label.installEventFilter(this); }
+
+    const QStringList& texts() const { return m_texts; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_texts << m_label.text();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QLabel& m_label;
+    QStringList m_texts;
+};
 } // namespace
 
 /// What the status line tells: what goes on, and why there is no connection.
@@ -369,7 +390,15 @@ void StatusTest::tellsOfASlowInstrument()
     QVERIFY(said.texts().isEmpty());
     (*m_demo)(QStringLiteral("latency 320000"));
     m_rig->enter("FREQ", "6M");
-    QCOMPARE(said.texts(), QStringList("waiting for the instrument to answer"));
+    const QString waiting = "waiting for the instrument to answer";
+    QCOMPARE(said.texts(), QStringList(waiting));
+    // To be seen, however soon it follows another text.
+    const Painted painted(m_rig->get<QLabel>("status"));
+    {
+        const Activity step([] { return QStringLiteral("step"); });
+        m_rig->enter("FREQ", "7M");
+    }
+    QVERIFY(!painted.texts().filter(waiting).isEmpty());
     (*m_demo)(QStringLiteral("latency 0"));
     QCOMPARE(m_rig->status(), QString());
 }
