@@ -2,6 +2,9 @@
 
 #include "connection/usb_ids.h"
 
+namespace
+{
+/// Empty for an ID that has not the maker's vendor ID and `productId`.
 QString serialInInstanceId(const QString& instanceId, const char* productId)
 {
     // With their prefixes, so that the digits of a serial number are never taken for an ID.
@@ -12,6 +15,7 @@ QString serialInInstanceId(const QString& instanceId, const char* productId)
         return {};
     return instanceId.section(QLatin1Char('\\'), 2, 2);
 }
+} // namespace
 
 QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList& ownIds,
                                  bool firstOnly)

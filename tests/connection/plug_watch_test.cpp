@@ -61,7 +61,7 @@ void TestHotPlug::readsSerialOfInstanceId()
 {
     QFETCH(QString, instanceId);
     QFETCH(QString, serial);
-    QCOMPARE(serialInInstanceId(instanceId, "0041"), serial);
+    QCOMPARE(serialsInInstanceIds({instanceId}, {}, false).join(' '), serial);
 }
 
 void TestHotPlug::listsSerialsPairByPair()
