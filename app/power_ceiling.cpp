@@ -1,8 +1,8 @@
 #include "app/power_ceiling.h"
 
 #include "numbers/number_text.h"
-#include "panel/describe.h"
 #include "panel/numeric_field.h"
+#include "ui/describe.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

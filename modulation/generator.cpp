@@ -5,6 +5,7 @@
 #include "numbers/readable_quantity.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
+#include "ui/describe.h"
 
 #include <QEvent>
 #include <QGridLayout>

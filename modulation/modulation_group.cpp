@@ -4,6 +4,7 @@
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
 #include "panel/numeric_field.h"
+#include "ui/describe.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>

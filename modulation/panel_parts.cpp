@@ -1,5 +1,7 @@
 #include "modulation/panel_parts.h"
 
+#include "ui/describe.h"
+
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>

@@ -2,6 +2,7 @@
 
 #include "modulation/waveform_picture.h"
 #include "numbers/readable_quantity.h"
+#include "ui/describe.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>

@@ -1,6 +1,7 @@
 #include "panel/describe.h"
 
 #include "panel/numeric_field.h"
+#include "ui/describe.h"
 
 #include <QCoreApplication>
 #include <QLineEdit>
@@ -30,12 +31,6 @@ QString unitLettersHint(UnitFamily units)
     return QString();
 }
 } // namespace
-
-void describe(QWidget* control, const QString& name, const QString& toolTip)
-{
-    control->setAccessibleName(name);
-    control->setToolTip(toolTip);
-}
 
 void describeField(QLineEdit* field, const QString& name, const QString& toolTip)
 {

@@ -1,6 +1,6 @@
 #include "panel/panel_dialog.h"
 
-#include "panel/describe.h"
+#include "ui/describe.h"
 
 #include <QFrame>
 #include <QHBoxLayout>

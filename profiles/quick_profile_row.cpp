@@ -1,7 +1,7 @@
 #include "profiles/quick_profile_row.h"
 
-#include "panel/describe.h"
 #include "profiles/profile_folder.h"
+#include "ui/describe.h"
 
 #include <QHBoxLayout>
 #include <QIcon>

@@ -1,6 +1,6 @@
 #include "service/firmware_dialog.h"
 
-#include "panel/describe.h"
+#include "ui/describe.h"
 
 #include <QEvent>
 #include <QFrame>

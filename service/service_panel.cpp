@@ -5,6 +5,7 @@
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
 #include "service/calibration_table.h"
+#include "ui/describe.h"
 
 #include <QGridLayout>
 #include <QIcon>

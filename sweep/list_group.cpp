@@ -1,10 +1,10 @@
 #include "sweep/list_group.h"
 
-#include "panel/describe.h"
 #include "sweep/mode_list.h"
 #include "sweep/point_actions.h"
 #include "sweep/point_table.h"
 #include "sweep/run_button.h"
+#include "ui/describe.h"
 
 #include <QLabel>
 #include <QPushButton>

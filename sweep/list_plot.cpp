@@ -1,7 +1,7 @@
 #include "sweep/list_plot.h"
 
-#include "panel/describe.h"
 #include "sweep/run_plot.h"
+#include "ui/describe.h"
 
 #include <QEvent>
 #include <QKeyEvent>

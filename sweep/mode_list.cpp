@@ -1,7 +1,7 @@
 #include "sweep/mode_list.h"
 
-#include "panel/describe.h"
 #include "sweep/trigger_group.h"
+#include "ui/describe.h"
 
 #include <QGridLayout>
 #include <QIcon>

@@ -1,8 +1,8 @@
 #include "sweep/point_actions.h"
 
-#include "panel/describe.h"
 #include "sweep/cell_clipboard.h"
 #include "sweep/point_table.h"
+#include "ui/describe.h"
 
 #include <QAction>
 #include <QApplication>

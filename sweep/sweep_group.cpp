@@ -10,6 +10,7 @@
 #include "panel/power_guard.h"
 #include "panel/unit_key_filter.h"
 #include "sweep/run_button.h"
+#include "ui/describe.h"
 
 #include <QGridLayout>
 #include <QLabel>

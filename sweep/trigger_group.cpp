@@ -1,6 +1,6 @@
 #include "sweep/trigger_group.h"
 
-#include "panel/describe.h"
+#include "ui/describe.h"
 
 #include <QGridLayout>
 #include <QIcon>
