@@ -1,7 +1,7 @@
 #include "app/help_file.h"
 
-#include "app/language.h"
 #include "service/open_document.h"
+#include "ui/language.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,10 +1,8 @@
 #include "app/main_window.h"
 
-#include "app/error_box.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
 #include "app/exclusions.h"
-#include "app/language.h"
 #include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
@@ -39,6 +37,8 @@
 #include "sweep/sweep_commands.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
+#include "ui/error_box.h"
+#include "ui/language.h"
 #include "ui_mainwindow.h"
 
 #include <QApplication>

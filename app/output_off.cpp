@@ -1,6 +1,6 @@
 #include "app/output_off.h"
 
-#include "app/state_button.h"
+#include "ui/state_button.h"
 
 #include <QApplication>
 #include <QKeyEvent>

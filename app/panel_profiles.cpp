@@ -1,6 +1,5 @@
 #include "app/panel_profiles.h"
 
-#include "app/error_box.h"
 #include "app/status_line.h"
 #include "connection/connection.h"
 #include "link/pause.h"
@@ -12,11 +11,12 @@
 #include "numbers/unit_keys.h"
 #include "panel/cw_controls.h"
 #include "panel/power_guard.h"
-#include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
-#include "panel/user_folder.h"
 #include "sweep/list_panel.h"
 #include "sweep/sweep_group.h"
+#include "ui/error_box.h"
+#include "ui/files/user_folder.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QLineEdit>
 #include <QPushButton>

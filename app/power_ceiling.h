@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/panel_dialog.h"
+#include "ui/panel_dialog.h"
 
 #include <optional>
 

@@ -4,10 +4,10 @@
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
 #include "link/instrument_limits.h"
-#include "link/instrument_text.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
+#include "ui/instrument_text.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
 #include "connection/gui_list_klv.h"
 
-#include "link/instrument_text.h"
+#include "ui/instrument_text.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>

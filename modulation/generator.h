@@ -2,7 +2,7 @@
 
 #include "modulation/panel_parts.h"
 #include "modulation/waveform.h"
-#include "panel/side_panel.h"
+#include "ui/side_panel.h"
 
 #include <array>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "modulation/modulation_group.h"
 #include "modulation/pulse_group.h"
-#include "panel/side_panel.h"
+#include "ui/side_panel.h"
 
 #include <array>
 #include <optional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/panel_dialog.h"
+#include "ui/panel_dialog.h"
 
 /// Asks whether the level may rise from one power to another, both in dBm. Raising accepts it;
 /// Return, Escape and closing it do not.

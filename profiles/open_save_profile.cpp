@@ -1,10 +1,10 @@
 #include "profiles/open_save_profile.h"
 
-#include "files/file_questions.h"
 #include "profiles/open_save_xml_file.h"
 #include "profiles/profile_folder.h"
 #include "profiles/quick_profile_row.h"
 #include "ui/describe.h"
+#include "ui/files/file_questions.h"
 
 #include <QFileInfo>
 #include <QLabel>

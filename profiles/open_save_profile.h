@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/side_panel.h"
+#include "ui/side_panel.h"
 
 #include <QFileSystemWatcher>
 #include <QTimer>

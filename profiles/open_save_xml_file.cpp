@@ -1,8 +1,8 @@
 #include "profiles/open_save_xml_file.h"
 
-#include "files/file_questions.h"
-#include "files/file_work.h"
 #include "profiles/profile_folder.h"
+#include "ui/files/file_questions.h"
+#include "ui/files/file_work.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -134,8 +134,8 @@ bool openSave_XML_FILE::saveLast()
 {
     QDir().mkpath(m_folder);
     const QString path = lastProfilePath(m_folder);
-    return writeWholeFile(path, profileDocument(m_store, nameInPath(path), m_owner.fieldText)).fault ==
-           FileFault::None;
+    return writeWholeFile(path, profileDocument(m_store, nameInPath(path), m_owner.fieldText))
+               .fault == FileFault::None;
 }
 
 void openSave_XML_FILE::applyAtStart(const QString& path)

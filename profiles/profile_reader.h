@@ -1,6 +1,6 @@
 #pragma once
 
-#include "files/whole_file.h"
+#include "ui/files/whole_file.h"
 
 #include <QPointer>
 #include <QString>

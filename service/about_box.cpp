@@ -1,8 +1,8 @@
 #include "service/about_box.h"
 
-#include "link/instrument_text.h"
 #include "service/open_document.h"
 #include "ui/describe.h"
+#include "ui/instrument_text.h"
 
 #include <QCoreApplication>
 #include <QDate>

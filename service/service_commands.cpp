@@ -1,20 +1,20 @@
 #include "service/service_commands.h"
 
-#include "files/file_questions.h"
-#include "files/file_work.h"
 #include "link/activity.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
 #include "panel/entry_notice.h"
-#include "panel/progress_bar_for_table.h"
 #include "panel/unit_key_filter.h"
-#include "panel/user_folder.h"
 #include "service/calibration_table.h"
 #include "service/calibration_text.h"
 #include "service/service_panel.h"
 #include "ui/busy_cursor.h"
+#include "ui/files/file_questions.h"
+#include "ui/files/file_work.h"
+#include "ui/files/user_folder.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QCoreApplication>
 #include <QDateTime>

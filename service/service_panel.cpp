@@ -1,11 +1,11 @@
 #include "service/service_panel.h"
 
-#include "link/instrument_text.h"
 #include "panel/describe.h"
 #include "panel/numeric_field.h"
 #include "panel/unit_key_filter.h"
 #include "service/calibration_table.h"
 #include "ui/describe.h"
+#include "ui/instrument_text.h"
 
 #include <QGridLayout>
 #include <QIcon>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "files/whole_file.h"
 #include "sweep/point_row.h"
+#include "ui/files/whole_file.h"
 
 #include <QByteArray>
 

@@ -1,10 +1,10 @@
 #include "sweep/list_file_dialogs.h"
 
-#include "files/file_questions.h"
-#include "files/file_work.h"
-#include "panel/user_folder.h"
 #include "sweep/list_file.h"
 #include "sweep/point_table.h"
+#include "ui/files/file_questions.h"
+#include "ui/files/file_work.h"
+#include "ui/files/user_folder.h"
 
 #include <QDateTime>
 #include <QFileInfo>

@@ -2,7 +2,6 @@
 
 #include "numbers/number_text.h"
 #include "panel/power_guard.h"
-#include "panel/progress_bar_for_table.h"
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"
@@ -11,6 +10,7 @@
 #include "sweep/point_actions.h"
 #include "sweep/point_table.h"
 #include "sweep/sweep_group.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "panel/side_panel.h"
 #include "sweep/trigger_group.h"
+#include "ui/side_panel.h"
 
 class ListFileDialogs;
 class ListGroup;

@@ -4,8 +4,8 @@
 #include "numbers/number_text.h"
 #include "panel/clamp_field.h"
 #include "panel/power_guard.h"
-#include "panel/progress_bar_for_table.h"
 #include "sweep/point_delegate.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QHeaderView>
 #include <QIcon>

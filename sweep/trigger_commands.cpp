@@ -1,10 +1,10 @@
 #include "sweep/trigger_commands.h"
 
 #include "link/scpi_session.h"
-#include "panel/progress_bar_for_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/point_table.h"
 #include "sweep/trigger_group.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QPushButton>
 

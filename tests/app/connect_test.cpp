@@ -1,7 +1,7 @@
-#include "app/error_box.h"
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 #include "tests/support/titled_copy.h"
+#include "ui/error_box.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,9 +1,9 @@
 #include "app/end_requests.h"
-#include "app/error_box.h"
 #include "link/instrument_limits.h"
-#include "panel/user_folder.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
+#include "ui/error_box.h"
+#include "ui/files/user_folder.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,9 +1,9 @@
 #include "app/side_panels.h"
-#include "app/theme.h"
 #include "link/instrument_limits.h"
 #include "panel/keypad.h"
 #include "service/about_box.h"
 #include "tests/support/panel_rig.h"
+#include "ui/theme.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,7 +1,7 @@
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 
-#include "app/error_box.h"
+#include "ui/error_box.h"
 
 namespace
 {

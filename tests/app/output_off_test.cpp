@@ -1,13 +1,13 @@
 #include "link/instrument_limits.h"
-#include "panel/user_folder.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
+#include "ui/files/user_folder.h"
 
-#include "app/error_box.h"
 #include "app/side_panels.h"
 #include "panel/keypad.h"
 #include "panel/unit_key_filter.h"
 #include "service/about_box.h"
+#include "ui/error_box.h"
 
 #include <QLineEdit>
 #include <QMenu>

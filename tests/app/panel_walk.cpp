@@ -1,8 +1,8 @@
 #include "tests/app/panel_walk.h"
 
-#include "app/eliding_label.h"
-#include "app/theme.h"
 #include "sweep/list_plot.h"
+#include "ui/eliding_label.h"
+#include "ui/theme.h"
 
 #include <QAbstractButton>
 #include <QAbstractScrollArea>

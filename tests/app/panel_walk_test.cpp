@@ -1,16 +1,16 @@
 #include "tests/app/panel_walk.h"
 
-#include "app/error_box.h"
 #include "app/side_panels.h"
 #include "connection/gui_list_klv.h"
 #include "link/instrument_limits.h"
 #include "modulation/fold_box.h"
 #include "panel/keypad.h"
-#include "panel/user_folder.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
+#include "ui/error_box.h"
+#include "ui/files/user_folder.h"
 
 #include <QAction>
 #include <QLabel>

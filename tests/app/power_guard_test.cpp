@@ -1,9 +1,9 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
-#include "panel/user_folder.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
+#include "ui/files/user_folder.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -1,11 +1,11 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
-#include "panel/user_folder.h"
 #include "tests/app/panel_set_ups.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/installed_driver.h"
 #include "tests/support/panel_rig.h"
+#include "ui/files/user_folder.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,10 +2,11 @@
 #include "link/activity.h"
 #include "link/instrument_limits.h"
 #include "link/library_places.h"
-#include "panel/user_folder.h"
 #include "sweep/list_panel.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
+#include "ui/error_box.h"
+#include "ui/files/user_folder.h"
 
 #include "app/side_panels.h"
 

@@ -1,9 +1,9 @@
-#include "app/language.h"
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
-#include "panel/side_panel.h"
 #include "service/about_box.h"
 #include "tests/support/panel_rig.h"
+#include "ui/language.h"
+#include "ui/side_panel.h"
 
 #include <QLabel>
 #include <QLineEdit>

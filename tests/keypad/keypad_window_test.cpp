@@ -1,8 +1,8 @@
 #include "tests/keypad/keypad_rig.h"
 
-#include "app/language.h"
-#include "app/theme.h"
 #include "panel/keypad_place.h"
+#include "ui/language.h"
+#include "ui/theme.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -1,9 +1,9 @@
 #include "tests/profiles/profile_rig.h"
 
-#include "panel/user_folder.h"
 #include "profiles/open_save_profile.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/documents_folder.h"
+#include "ui/files/user_folder.h"
 
 #include <QFileDialog>
 #include <QLabel>

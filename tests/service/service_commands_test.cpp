@@ -1,10 +1,10 @@
 #include "link/scpi_session.h"
-#include "panel/progress_bar_for_table.h"
 #include "service/calibration_table.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "tests/support/demo.h"
 #include "tests/support/documents_folder.h"
+#include "ui/progress_bar_for_table.h"
 #include "ui/resources.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "panel/progress_bar_for_table.h"
 #include "tests/sweep/sweep_rig.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <memory>
 

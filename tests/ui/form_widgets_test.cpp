@@ -1,8 +1,8 @@
-#include "app/anim_label.h"
-#include "app/error_box.h"
-#include "app/state_button.h"
-#include "app/theme.h"
-#include "app/window_chrome.h"
+#include "ui/anim_label.h"
+#include "ui/error_box.h"
+#include "ui/state_button.h"
+#include "ui/theme.h"
+#include "ui/window_chrome.h"
 
 #include <QGraphicsEffect>
 #include <QLabel>

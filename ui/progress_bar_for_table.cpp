@@ -1,4 +1,4 @@
-#include "panel/progress_bar_for_table.h"
+#include "ui/progress_bar_for_table.h"
 
 #include <QEvent>
 #include <QPainter>

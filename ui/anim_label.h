@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/indicator.h"
+#include "ui/indicator.h"
 
 /// An indicator that fades in once when told to; showing and hiding it stay with its owner.
 class animLabel : public Indicator

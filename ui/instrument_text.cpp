@@ -1,4 +1,4 @@
-#include "link/instrument_text.h"
+#include "ui/instrument_text.h"
 
 namespace
 {

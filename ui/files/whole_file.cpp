@@ -1,4 +1,4 @@
-#include "files/whole_file.h"
+#include "ui/files/whole_file.h"
 
 #include <QCoreApplication>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "files/file_questions.h"
+#include "ui/files/file_questions.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>

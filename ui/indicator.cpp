@@ -1,4 +1,4 @@
-#include "app/indicator.h"
+#include "ui/indicator.h"
 
 #include <QPainter>
 #include <QStyle>

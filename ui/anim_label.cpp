@@ -1,4 +1,4 @@
-#include "app/anim_label.h"
+#include "ui/anim_label.h"
 
 #include <QGraphicsOpacityEffect>
 #include <QPropertyAnimation>

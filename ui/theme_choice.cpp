@@ -1,4 +1,4 @@
-#include "app/theme_choice.h"
+#include "ui/theme_choice.h"
 
 #include <QGuiApplication>
 #include <QPalette>

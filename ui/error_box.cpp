@@ -1,6 +1,6 @@
-#include "app/error_box.h"
+#include "ui/error_box.h"
 
-#include "app/window_chrome.h"
+#include "ui/window_chrome.h"
 
 #include <QIcon>
 #include <QLabel>

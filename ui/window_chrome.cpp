@@ -1,4 +1,4 @@
-#include "app/window_chrome.h"
+#include "ui/window_chrome.h"
 
 #include <QApplication>
 #include <QMouseEvent>

@@ -1,4 +1,4 @@
-#include "panel/panel_dialog.h"
+#include "ui/panel_dialog.h"
 
 #include "ui/describe.h"
 

@@ -1,4 +1,4 @@
-#include "panel/side_panel.h"
+#include "ui/side_panel.h"
 
 #include <QEvent>
 #include <QIcon>

@@ -1,4 +1,4 @@
-#include "app/state_button.h"
+#include "ui/state_button.h"
 
 #include <QPainter>
 #include <QShortcut>

@@ -1,6 +1,6 @@
-#include "app/eliding_label.h"
+#include "ui/eliding_label.h"
 
-#include "link/instrument_text.h"
+#include "ui/instrument_text.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,9 +1,9 @@
-#include "files/whole_file.h"
 #include "profiles/profile_folder.h"
 #include "sweep/list_file.h"
 #include "tests/profiles/profile_rig.h"
 #include "tests/support/documents_folder.h"
 #include "tests/sweep/list_bench.h"
+#include "ui/files/whole_file.h"
 
 #include <QFileDialog>
 

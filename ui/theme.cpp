@@ -1,4 +1,4 @@
-#include "app/theme.h"
+#include "ui/theme.h"
 
 #include "ui/resources.h"
 

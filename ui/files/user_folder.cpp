@@ -1,4 +1,4 @@
-#include "panel/user_folder.h"
+#include "ui/files/user_folder.h"
 
 #include <QDir>
 #include <QStandardPaths>

@@ -1,4 +1,4 @@
-#include "files/file_work.h"
+#include "ui/files/file_work.h"
 
 #include <QApplication>
 #include <QProgressDialog>

@@ -1,4 +1,4 @@
-#include "files/file_work.h"
+#include "ui/files/file_work.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
