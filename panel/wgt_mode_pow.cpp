@@ -1,6 +1,7 @@
 #include "panel/wgt_mode_pow.h"
 
 #include "panel/keypad_place.h"
+#include "ui/window_chrome.h"
 
 #include <QFrame>
 #include <QGraphicsOpacityEffect>
@@ -18,11 +19,10 @@ constexpr int spacing = 8;
 constexpr int appearMs = 160;
 } // namespace
 
-WgtModePow::WgtModePow(const QWidget& opener, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_opener(opener)
+WgtModePow::WgtModePow(const QWidget& opener, QWidget* parent) : QDialog(parent), m_opener(opener)
 {
     setObjectName(QStringLiteral("WgtModePow"));
-    setAttribute(Qt::WA_TranslucentBackground);
+    new WindowChrome(this);
     build();
     retranslate();
     connect(m_yes, &QPushButton::clicked, this, &WgtModePow::confirm);
@@ -50,6 +50,8 @@ void WgtModePow::build()
     m_lastLabel->hide();
     for (QLabel* label : {m_firstLabel, m_lastLabel}) {
         label->setTextFormat(Qt::RichText);
+        // It would take the mouse that moves the window.
+        label->setTextInteractionFlags(Qt::NoTextInteraction);
         label->setAlignment(Qt::AlignCenter);
     }
 

@@ -3,6 +3,7 @@
 #include "service/open_document.h"
 #include "ui/describe.h"
 #include "ui/instrument_text.h"
+#include "ui/window_chrome.h"
 
 #include <QCoreApplication>
 #include <QDate>
@@ -56,11 +57,11 @@ protected:
 };
 } // namespace
 
-Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool | Qt::FramelessWindowHint)
+Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool)
 {
     setObjectName(QStringLiteral("Form"));
     setWindowModality(Qt::ApplicationModal);
-    setAttribute(Qt::WA_TranslucentBackground);
+    new WindowChrome(this);
 
     auto* frame = new QFrame(this);
     frame->setObjectName(QStringLiteral("frame"));

@@ -1,6 +1,7 @@
 #include "service/firmware_dialog.h"
 
 #include "ui/describe.h"
+#include "ui/window_chrome.h"
 
 #include <QEvent>
 #include <QFrame>
@@ -20,11 +21,11 @@ constexpr int spacing = 8;
 constexpr int buttonWidth = 112;
 } // namespace
 
-Firmware::Firmware(QWidget* parent) : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
+Firmware::Firmware(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("Firmware"));
     setWindowModality(Qt::WindowModal);
-    setAttribute(Qt::WA_TranslucentBackground);
+    new WindowChrome(this);
     build();
     connect(m_ok, &QPushButton::clicked, this, &Firmware::confirm);
     connect(m_cancel, &QPushButton::clicked, this, &QWidget::close);
@@ -55,6 +56,8 @@ void Firmware::build()
     m_message = new QLabel(plate);
     m_message->setObjectName(QStringLiteral("lblMessage"));
     m_message->setTextFormat(Qt::RichText);
+    // It would take the mouse that moves the window.
+    m_message->setTextInteractionFlags(Qt::NoTextInteraction);
 
     auto* top = new QHBoxLayout;
     top->setSpacing(spacing);

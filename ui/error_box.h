@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QDialog>
+#include "ui/panel_dialog.h"
 
 /// The small box that shows one error message over the whole program until it is put away.
 /// It is shown without waiting and deletes itself when closed.
-class ErrorBox : public QDialog
+class ErrorBox : public PanelDialog
 {
     Q_OBJECT
 

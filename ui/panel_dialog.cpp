@@ -1,9 +1,11 @@
 #include "ui/panel_dialog.h"
 
 #include "ui/describe.h"
+#include "ui/window_chrome.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 
@@ -11,34 +13,43 @@ namespace
 {
 constexpr int margin = 24;
 constexpr int spacing = 16;
-constexpr int leastTextWidth = 320;
+constexpr int leastTextWidth = 360;
+constexpr int logoSize = 24;
 constexpr int leastButtonWidth = 112;
 } // namespace
 
 PanelDialog::PanelDialog(const QString& title, const QString& text, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint), m_content(new QVBoxLayout),
-      m_buttons(new QHBoxLayout)
+    : QDialog(parent), m_content(new QVBoxLayout), m_buttons(new QHBoxLayout)
 {
-    setAttribute(Qt::WA_TranslucentBackground);
+    const QIcon logo(QStringLiteral(":/images/logotip.png"));
+    new WindowChrome(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(title);
+    setWindowIcon(logo);
     setAccessibleName(title);
     auto* surface = new QFrame(this);
     surface->setObjectName(QStringLiteral("dialog_surface"));
+    auto* icon = new QLabel(surface);
+    icon->setPixmap(logo.pixmap(logoSize));
     auto* heading = new QLabel(title, surface);
     heading->setObjectName(QStringLiteral("dialog_title"));
     auto* message = new QLabel(text, surface);
     message->setObjectName(QStringLiteral("message"));
     message->setTextFormat(Qt::PlainText);
+    message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     message->setWordWrap(true);
     message->setMinimumWidth(leastTextWidth);
     m_buttons->setSpacing(spacing / 2);
     m_buttons->addStretch(1);
 
+    auto* titleRow = new QHBoxLayout;
+    titleRow->setSpacing(spacing / 2);
+    titleRow->addWidget(icon);
+    titleRow->addWidget(heading, 1);
     auto* rows = new QVBoxLayout(surface);
     rows->setContentsMargins(margin, spacing, margin, margin);
     rows->setSpacing(spacing);
-    rows->addWidget(heading);
+    rows->addLayout(titleRow);
     rows->addWidget(message);
     rows->addLayout(m_content);
     rows->addLayout(m_buttons);

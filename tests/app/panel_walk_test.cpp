@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QWindow>
 
 #include <algorithm>
 #include <functional>
@@ -221,6 +222,8 @@ private slots:
     void init();
     void nothingIsInTheWay_data();
     void nothingIsInTheWay();
+    void everyWindowIsMovedByItsTitle_data();
+    void everyWindowIsMovedByItsTitle();
 
 private:
     QTemporaryDir m_home;
@@ -274,6 +277,43 @@ void PanelWalkTest::nothingIsInTheWay()
                                overlaps(*window) + ambiguousKeys(*window) + tabFaults(*window);
     window->close();
     QVERIFY2(faults.isEmpty(), qPrintable('\n' + faults.join('\n')));
+}
+
+void PanelWalkTest::everyWindowIsMovedByItsTitle_data()
+{
+    QTest::addColumn<QString>("surface");
+    QTest::addColumn<QString>("grip");
+    for (const char* const dialog : {"power question", "highest power", "error"})
+        QTest::newRow(dialog) << dialog << "dialog_title";
+    QTest::newRow("window") << "idle"
+                            << "title";
+    QTest::newRow("About") << "About"
+                           << "title";
+    QTest::newRow("firmware") << "firmware"
+                              << "lblCaption";
+    QTest::newRow("power prompt") << "power prompt"
+                                  << "lblModePowFirst";
+}
+
+void PanelWalkTest::everyWindowIsMovedByItsTitle()
+{
+    QFETCH(QString, surface);
+    QFETCH(QString, grip);
+    PanelRig rig;
+    const auto* const found =
+        std::find_if(std::begin(surfaces), std::end(surfaces),
+                     [&](const Surface& each) { return QLatin1String(each.name) == surface; });
+    QWidget* window = found->open(rig);
+    QVERIFY(QTest::qWaitForWindowExposed(window));
+    window->move(50, 50);
+    const QPoint at = window->findChild<QLabel*>(grip)->mapTo(window, QPoint(5, 5));
+    QWindow* const hand = window->windowHandle();
+    QTest::mousePress(hand, Qt::LeftButton, {}, at);
+    QTest::mouseMove(hand, at + QPoint(60, 40));
+    QTest::mouseRelease(hand, Qt::LeftButton, {}, at);
+    QCOMPARE(window->pos(), QPoint(110, 90));
+    QTest::mouseMove(hand, at + QPoint(20, 20));
+    QCOMPARE(window->pos(), QPoint(110, 90));
 }
 
 QTEST_MAIN(PanelWalkTest)
