@@ -33,6 +33,7 @@
 #include "sweep/run_picture.h"
 #include "sweep/sweep_commands.h"
 #include "sweep/trigger_commands.h"
+#include "ui/error_box.h"
 #include "ui/instrument_text.h"
 #include "ui/language.h"
 #include "ui/resources.h"
@@ -385,6 +386,11 @@ void MainWindow::refreshPanel(QWidget* panel)
         update_Modulation();
     else if (panel == m_generator)
         update_Generator();
+}
+
+void MainWindow::reportError(const QString& message)
+{
+    ErrorBox::report(message, this);
 }
 
 void MainWindow::retranslate()

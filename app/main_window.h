@@ -144,6 +144,7 @@ private:
     void showConnectedState(bool isConnected);
     void showIndicator329(const QString& message);
     void refreshPanel(QWidget* panel);
+    void reportError(const QString& message);
     void saveScreenshotOnceSettled();
 
     StartOptions m_options;

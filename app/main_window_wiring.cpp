@@ -37,7 +37,6 @@
 #include "sweep/sweep_commands.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
-#include "ui/error_box.h"
 #include "ui/language.h"
 #include "ui_mainwindow.h"
 
@@ -129,8 +128,7 @@ void MainWindow::wireConnection()
     connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);
     connect(&m_connection, &Connection::identified, this, &MainWindow::showIdentity);
     connect(&m_connection, &Connection::calibrationDue, m_about.get(), &Form::setCalibrationDue);
-    connect(&m_connection, &Connection::refused, this,
-            [this](const QString& message) { ErrorBox::report(message, this); });
+    connect(&m_connection, &Connection::refused, this, &MainWindow::reportError);
     connect(&m_connection, &Connection::ready, this, &MainWindow::showReady);
     connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
     connect(&m_connection, &Connection::disconnected, m_powerGuard.get(), &PowerGuard::cancel);
@@ -224,8 +222,7 @@ void MainWindow::wireSweep()
             &StatusLine::forgetMessage);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
-    connect(m_list, &List::errorMessage, this,
-            [this](const QString& message) { ErrorBox::report(message, this); });
+    connect(m_list, &List::errorMessage, this, &MainWindow::reportError);
 }
 
 void MainWindow::wireService()
@@ -234,7 +231,7 @@ void MainWindow::wireService()
     connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
             &StatusLine::showInstrumentMessage);
     connect(m_serviceCommands.get(), &ServiceCommands::errorMessage, this,
-            [this](const QString& message) { ErrorBox::report(message, this); });
+            &MainWindow::reportError);
     connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
     // An instrument that comes to an open panel fills it, as opening it does.
@@ -287,34 +284,26 @@ void MainWindow::wireSource()
 
 void MainWindow::wireProfiles()
 {
-    const auto isUsable = [this](const QWidget* widget) {
+    m_panelProfiles = std::make_unique<PanelProfiles>(
+        PanelProfiles::Panels{*this, *m_modulation, *m_generator, *m_list},
+        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard}, *m_cw, *m_ui->ROSC_FREQ);
+    m_panelProfiles->setUsable([this](const QWidget* widget) {
         return widget == m_ui->closeWindow || widget == m_ui->minimize ||
                widget == m_ui->stop_run || m_outputOff->isWayOff(widget) ||
                m_powerGuard->isOfQuestion(widget);
-    };
-    PanelProfiles::Parts parts{*this,
-                               *m_modulation,
-                               *m_generator,
-                               *m_list,
-                               *m_cw,
-                               *m_ui->ROSC_FREQ,
-                               m_session,
-                               m_connection,
-                               *m_powerGuard,
-                               *m_status,
-                               [this] {
-                                   update_Modulation();
-                                   update_Generator();
-                               },
-                               // A profile switches no RF output, connects to nothing, starts no
-                               // run and opens no panel.
-                               {m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list,
-                                m_ui->open_gener, m_ui->profiles, m_ui->service, m_service,
-                                &m_list->runSweep(), &m_list->runList()},
-                               isUsable};
-    m_panelProfiles = std::make_unique<PanelProfiles>(parts);
-    m_profiles = new openSaveProfile(m_panelProfiles->files(), this);
-    m_panelProfiles->files().store().exclude(m_profiles);
+    });
+    connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Modulation);
+    connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Generator);
+    openSave_XML_FILE& files = m_panelProfiles->files();
+    connect(&files, &openSave_XML_FILE::message, m_status.get(), &StatusLine::showMessage);
+    connect(&files, &openSave_XML_FILE::error, this, &MainWindow::reportError);
+    m_profiles = new openSaveProfile(files, this);
+    // A profile switches no RF output, connects to nothing, starts no run and opens no panel.
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list, m_ui->open_gener,
+             m_ui->profiles, m_ui->service, m_service, m_profiles, &m_list->runSweep(),
+             &m_list->runList()})
+        files.store().exclude(control);
     m_sidePanels->add(m_profiles, m_ui->profiles);
     connect(m_profiles, &SidePanel::hide_, this, [this] { m_sidePanels->close(m_profiles); });
 }

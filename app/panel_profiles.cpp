@@ -14,7 +14,6 @@
 #include "panel/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/sweep_group.h"
-#include "ui/error_box.h"
 #include "ui/files/user_folder.h"
 #include "ui/progress_bar_for_table.h"
 
@@ -53,22 +52,20 @@ SharedVariable numberVariable(const QString& name, QString& text)
 }
 } // namespace
 
-PanelProfiles::PanelProfiles(const Parts& parts)
-    : m_parts(parts),
-      m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), &parts.window))
+PanelProfiles::PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
+                             QLineEdit& referenceEntry)
+    : m_panels(panels), m_instrument(instrument), m_cw(cw), m_referenceEntry(referenceEntry),
+      m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), &panels.window))
 {
     registerPanels();
     registerWaits();
     registerVariables();
-    connect(m_files, &openSave_XML_FILE::message, &m_parts.status, &StatusLine::showMessage);
-    connect(m_files, &openSave_XML_FILE::error, this,
-            [this](const QString& text) { ErrorBox::report(text, &m_parts.window); });
-    connect(&m_parts.connection, &Connection::disconnected, m_files, &openSave_XML_FILE::stop);
-    connect(&m_parts.powerGuard, &PowerGuard::answered, this, [this](bool isRaised) {
+    connect(&m_instrument.connection, &Connection::disconnected, m_files, &openSave_XML_FILE::stop);
+    connect(&m_instrument.powerGuard, &PowerGuard::answered, this, [this](bool isRaised) {
         if (!isRaised)
             m_files->leaveOut();
     });
-    connect(&m_parts.connection, &Connection::busyChanged, this,
+    connect(&m_instrument.connection, &Connection::busyChanged, this,
             [this](bool isBusy) { m_isConnecting = isBusy; });
 }
 
@@ -78,12 +75,13 @@ openSave_XML_FILE::Owner PanelProfiles::owner()
     // Without an instrument nothing takes its time. A question that an entry has raised is answered
     // before the next one.
     owner.pause = [this](int ms) {
-        return !m_parts.session.isConnected() || (pause(ms) && m_parts.powerGuard.waitForAnswer());
+        return !m_instrument.session.isConnected() ||
+               (pause(ms) && m_instrument.powerGuard.waitForAnswer());
     };
     owner.refusal = [this] { return refusal(); };
     owner.fieldText = [this](const QLineEdit& field) { return fieldText(field); };
     owner.settle = [this] { settle(); };
-    owner.refresh = m_parts.refreshIndicators;
+    owner.refresh = [this] { emit applied(); };
     owner.setBusy = [this](bool isBusy) { setBusy(isBusy); };
     return owner;
 }
@@ -91,9 +89,9 @@ openSave_XML_FILE::Owner PanelProfiles::owner()
 /// Why no profile may be applied just now; empty if one may.
 QString PanelProfiles::refusal() const
 {
-    if (m_parts.session.isConnected() && m_isConnecting)
+    if (m_instrument.session.isConnected() && m_isConnecting)
         return tr("The instrument is still being set up");
-    if (progressBarForTable::liesWithin(m_parts.window))
+    if (progressBarForTable::liesWithin(m_panels.window))
         return tr("No profile is applied while a table is transferred");
     return QString();
 }
@@ -103,13 +101,13 @@ QString PanelProfiles::refusal() const
 QString PanelProfiles::fieldText(const QLineEdit& field) const
 {
     for (const PulseTime* time :
-         {&m_parts.modulation.pulsePeriod(), &m_parts.modulation.pulseWidth()}) {
+         {&m_panels.modulation.pulsePeriod(), &m_panels.modulation.pulseWidth()}) {
         if (time->field() == &field)
             return isEdited(&field) ? time->acceptedTextUs() : time->textUs();
     }
     // The entry is open only while a frequency is being typed.
-    if (&field == &m_parts.referenceEntry)
-        return m_parts.cw.externalReferenceMHz();
+    if (&field == &m_referenceEntry)
+        return m_cw.externalReferenceMHz();
     return isEdited(&field) ? acceptedText(&field) : field.text();
 }
 
@@ -123,19 +121,19 @@ void PanelProfiles::settle()
                 showAccepted(field, acceptedText(field));
         }
     }
-    m_parts.modulation.usePulseMicroseconds();
+    m_panels.modulation.usePulseMicroseconds();
     // The entry is open only while a frequency is being typed.
-    if (m_parts.referenceEntry.isHidden())
-        showAccepted(&m_parts.referenceEntry, m_parts.cw.externalReferenceMHz());
+    if (m_referenceEntry.isHidden())
+        showAccepted(&m_referenceEntry, m_cw.externalReferenceMHz());
 }
 
 void PanelProfiles::setBusy(bool isBusy)
 {
     if (isBusy) {
         // A run keeps the front panel for itself.
-        if (m_parts.list.isRunning())
-            m_parts.list.autoOff();
-        m_guard.emplace(m_parts.isUsable);
+        if (m_panels.list.isRunning())
+            m_panels.list.autoOff();
+        m_guard.emplace(m_isUsable);
     } else {
         m_guard.reset();
     }
@@ -143,39 +141,37 @@ void PanelProfiles::setBusy(bool isBusy)
 
 void PanelProfiles::registerPanels()
 {
-    // Behind the width in the files: entered before it, the period would give way to a width that
-    // is still the old one.
-    m_parts.modulation.pulsePeriod().field()->raise();
     ProfileStore& store = m_files->store();
-    for (QWidget* panel : std::initializer_list<QWidget*>{&m_parts.window, &m_parts.modulation,
-                                                          &m_parts.lfGenerator, &m_parts.list})
+    for (QWidget* panel : std::initializer_list<QWidget*>{&m_panels.window, &m_panels.modulation,
+                                                          &m_panels.lfGenerator, &m_panels.list})
         store.addPanel(panel);
-    for (QWidget* control : qAsConst(m_parts.excluded))
-        store.exclude(control);
+    // Entered before the width, the period would give way to one that is still the old one.
+    store.putBehind(m_panels.modulation.pulseWidth().field(),
+                    m_panels.modulation.pulsePeriod().field());
 }
 
 void PanelProfiles::registerWaits()
 {
-    const Modulat& panel = m_parts.modulation;
+    const Modulat& panel = m_panels.modulation;
     QStringList names = {panel.pulse()->objectName(), panel.pulseSource()->objectName()};
     for (const Modulation modulation : modulations) {
         const ModulationGroup& group = panel.group(modulation);
         names << group.state()->objectName() << group.source()->objectName();
     }
     for (int shape = 0; shape < shapeCount; ++shape)
-        names << m_parts.lfGenerator.shapeButton(static_cast<WaveShape>(shape))->objectName();
+        names << m_panels.lfGenerator.shapeButton(static_cast<WaveShape>(shape))->objectName();
     m_files->store().waitAfter(names, waitMs);
 }
 
 void PanelProfiles::registerVariables()
 {
     ProfileStore& store = m_files->store();
-    SweepValues& aside = m_parts.list.valuesAside();
+    SweepValues& aside = m_panels.list.valuesAside();
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW"), aside.fixed));
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW_start"), aside.start));
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW_stop"), aside.stop));
     store.addVariable({QStringLiteral("ROSC_EXT_FREQ"), SharedVariable::Type::Text,
-                       [this] { return m_parts.cw.externalReferenceMHz(); },
+                       [this] { return m_cw.externalReferenceMHz(); },
                        [this](const QVariant& value) { takeExternalReference(value.toString()); }});
     // Time comes before the point count in the files, behind it in the step table.
     QVector<StepKind> kinds;
@@ -190,10 +186,10 @@ void PanelProfiles::registerVariables()
 void PanelProfiles::takeExternalReference(const QString& frequencyMHz)
 {
     const bool isNumber = frequencyMHz.toUInt() > 0;
-    if (!isNumber || frequencyMHz == m_parts.cw.externalReferenceMHz())
+    if (!isNumber || frequencyMHz == m_cw.externalReferenceMHz())
         return;
-    m_parts.cw.setExternalReferenceMHz(frequencyMHz);
-    m_parts.cw.pushExternalReference();
+    m_cw.setExternalReferenceMHz(frequencyMHz);
+    m_cw.pushExternalReference();
 }
 
 void PanelProfiles::applyAtStart(const QString& path, bool isClean)

@@ -6,9 +6,7 @@
 #include "ui/busy_cursor.h"
 
 #include <QObject>
-#include <QVector>
 
-#include <functional>
 #include <optional>
 
 class Connection;
@@ -18,7 +16,6 @@ class Modulat;
 class PowerGuard;
 class QLineEdit;
 class ScpiSession;
-class StatusLine;
 class generator;
 
 /// What a profile holds of this program, and what goes on around saving and applying one. Reads and
@@ -28,32 +25,37 @@ class PanelProfiles : public QObject
     Q_OBJECT
 
 public:
-    struct Parts {
+    /// What a profile holds, in the order of the file.
+    struct Panels {
         QWidget& window;
         Modulat& modulation;
         generator& lfGenerator;
         List& list;
-        CwControls& cw;
-        QLineEdit& referenceEntry;
+    };
+    /// What a replay waits for and ends with.
+    struct Instrument {
         ScpiSession& session;
         Connection& connection;
         PowerGuard& powerGuard;
-        StatusLine& status;
-        /// Brings indicators into line with the panels' buttons.
-        std::function<void()> refreshIndicators;
-        QVector<QWidget*> excluded; ///< controls, or panels with all in them
-        /// Of the widgets that can be used while a profile is replayed.
-        InputBlock::IsExempt isUsable;
     };
 
-    explicit PanelProfiles(const Parts& parts);
+    PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
+                  QLineEdit& referenceEntry);
 
+    /// Where controls are excluded, and where it is said what came of a file.
     openSave_XML_FILE& files() { return *m_files; }
+
+    /// Of the widgets that can be used while a profile is replayed; at first none can.
+    void setUsable(const InputBlock::IsExempt& isUsable) { m_isUsable = isUsable; }
 
     /// Applies the file, or what the last run has kept if there is none. From now on the end of the
     /// program keeps the state; after a clean start nothing is taken over and nothing kept.
     void applyAtStart(const QString& path, bool isClean);
     void saveLast();
+
+signals:
+    /// All of a profile is applied: indicators are to follow the panels' buttons.
+    void applied();
 
 private:
     /// What the user sees, and cannot do, while a profile is replayed.
@@ -74,7 +76,11 @@ private:
     void registerVariables();
     void takeExternalReference(const QString& frequencyMHz);
 
-    Parts m_parts;
+    Panels m_panels;
+    Instrument m_instrument;
+    CwControls& m_cw;
+    QLineEdit& m_referenceEntry;
+    InputBlock::IsExempt m_isUsable = [](const QWidget*) { return false; };
     openSave_XML_FILE* m_files;
     std::optional<ReplayGuard> m_guard;
     bool m_isConnecting = false;

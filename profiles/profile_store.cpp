@@ -43,6 +43,11 @@ void ProfileStore::exclude(QWidget* control)
     m_excluded.emplace_back(control);
 }
 
+void ProfileStore::putBehind(QWidget* earlier, QWidget* control)
+{
+    m_putBehind.emplace_back(earlier, control);
+}
+
 void ProfileStore::waitAfter(const QStringList& buttonNames, int waitMs)
 {
     m_waitNames = buttonNames;
@@ -82,6 +87,10 @@ QVector<QWidget*> ProfileStore::ownWidgets(const QWidget& panel) const
 {
     QVector<QWidget*> found;
     collect(panel, found);
+    for (const auto& [earlier, later] : m_putBehind) {
+        if (found.contains(earlier) && found.removeOne(later))
+            found.insert(found.indexOf(earlier) + 1, later);
+    }
     return found;
 }
 

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 /// A program variable that a profile holds beside the panels' controls.
@@ -34,6 +35,8 @@ public:
     void addVariable(const SharedVariable& variable);
     /// Neither writes nor replays a control, nor, if it is a panel, anything in it.
     void exclude(QWidget* control);
+    /// In file and replay `control` comes right behind `earlier`, on which its bounds depend.
+    void putBehind(QWidget* earlier, QWidget* control);
     /// Buttons whose click starts something that takes its time.
     void waitAfter(const QStringList& buttonNames, int waitMs);
 
@@ -48,8 +51,9 @@ public:
     bool waitsAfter(const QString& buttonName) const { return m_waitNames.contains(buttonName); }
     int waitMs() const { return m_waitMs; }
 
-    /// The controls of this kind that a profile holds of a panel, in the order they were made. What
-    /// stands in another registered panel, in another window or inside a control is not its own.
+    /// The controls of this kind that a profile holds of a panel, in the order they were made, but
+    /// for what was put behind another. What stands in another registered panel, in another window
+    /// or inside a control is not its own.
     template <typename Control>
     QVector<Control*> controls(const QWidget& panel) const
     {
@@ -85,6 +89,7 @@ private:
     QString m_documentName;
     std::vector<QPointer<QWidget>> m_panels;
     std::vector<QPointer<QWidget>> m_excluded;
+    std::vector<std::pair<QWidget*, QWidget*>> m_putBehind; ///< earlier, later; compared only
     std::vector<SharedVariable> m_variables;
     QStringList m_waitNames;
     int m_waitMs = 0;
