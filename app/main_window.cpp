@@ -1,105 +1,74 @@
 #include "app/main_window.h"
 
+#include "connection/connection_obstacle.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
 #include "app/exclusions.h"
 #include "app/help_file.h"
+#include "app/instrument_display.h"
 #include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
-#include "app/power_ceiling.h"
 #include "app/run_display.h"
-#include "app/side_panels.h"
+#include "app/screenshot.h"
+#include "connection/simulator_offer.h"
 #include "app/status_line.h"
+#include "app/window_menu.h"
 #include "connection/instrument_source.h"
 #include "link/instrument_limits.h"
-#include "modulation/generator.h"
-#include "modulation/lf_generator_commands.h"
-#include "modulation/modulat.h"
-#include "modulation/modulation_commands.h"
 #include "numbers/step_table.h"
-#include "panel/cw_controls.h"
+#include "panel/accepted_watch.h"
+#include "panel/entry_notice.h"
 #include "panel/keypad.h"
 #include "panel/power_guard.h"
 #include "panel/power_mode.h"
-#include "profiles/open_save_profile.h"
+#include "panel/wgt_mode_pow.h"
 #include "service/about_box.h"
 #include "service/driver_check.h"
+#include "service/firmware_dialog.h"
 #include "service/firmware_update.h"
-#include "service/service_commands.h"
-#include "service/service_panel.h"
-#include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/run_picture.h"
-#include "sweep/sweep_commands.h"
+#include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 #include "ui/error_box.h"
-#include "ui/instrument_text.h"
-#include "ui/language.h"
-#include "ui/resources.h"
-#include "ui/theme_choice.h"
 #include "ui/window_chrome.h"
 #include "ui_mainwindow.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QTimer>
 
-namespace
-{
-constexpr int deviceWidthConnected = 171;
-constexpr int deviceWidthDisconnected = 131;
-constexpr int indicatorAppearMs = 300;
-constexpr int settleMs = 400;
-constexpr int serialDigitsShown = 4;
-
-const char* const identityRecords[] = {"/Settings/one", "/Settings/two", "/Settings/three",
-                                       "/Settings/four"};
-const QString languageKey = QStringLiteral("language");
-const QString themeKey = QStringLiteral("theme");
-} // namespace
-
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
-    : QMainWindow(parent, Qt::FramelessWindowHint), m_options(options),
-      m_settings(QStringLiteral("Veltro"), QStringLiteral("KLV")),
+    : QMainWindow(parent), m_options(options), m_look(m_settings, options.language),
       m_source(std::make_unique<InstrumentSource>(options.isDemo, options.visaLibrary, m_visa,
                                                   m_session)),
-      m_language(std::make_unique<Language>(options.language.isEmpty()
-                                                ? m_settings.value(languageKey).toString()
-                                                : options.language)),
       m_ui(std::make_unique<Ui::MainWindow>()), m_session(m_visa),
       m_search(m_visa, m_session.defaultRM()),
       m_connection(
           {m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, m_source->watch()},
           this)
 {
-    loadUiResources();
-    applyLook();
     setUpForm();
     m_powerGuard = std::make_unique<PowerGuard>(m_session, *m_ui->Output, *this, &m_settings);
     setUpPanels();
-    m_about = std::make_unique<Form>(this);
-    m_keypad = new Keypad(this);
     setUpMenu();
     wireStatusLine();
     wireConnection();
     wireCwControls();
-    wirePowerMode();
     wireModulation();
     wireSweep();
+    wireRunDisplay();
     wireService();
     wireFirmware();
     wireSource();
     wireProfiles();
-    setUpEscape();
     setUpPush();
     loadSettings();
     m_source->open();
     showSource();
-    showDisconnected();
     retranslate();
 }
 
@@ -120,30 +89,13 @@ void MainWindow::start()
         m_session.checkErrors();
     QTimer::singleShot(0, this, &MainWindow::connectAtStart);
     if (!m_options.screenshotPath.isEmpty())
-        saveScreenshotOnceSettled();
+        saveScreenshotOnceSettled(*this, m_connection, m_options.screenshotPath);
 }
 
 void MainWindow::connectAtStart()
 {
     if (m_source->isSimulated() || checkDriver())
         m_ui->connect->click();
-}
-
-void MainWindow::loadSettings()
-{
-    if (!m_options.isClean)
-        StepTable::global().attach(&m_settings);
-    QStringList allowedSerials;
-    for (const char* record : identityRecords) {
-        const QString serial = m_settings.value(QLatin1String(record)).toString();
-        if (!serial.isEmpty())
-            allowedSerials << serial;
-    }
-    m_connection.setAllowedSerials(allowedSerials);
-    if (m_settings.status() != QSettings::NoError)
-        m_status->showMessage(tr("The settings cannot be read: defaults are used"));
-    else if (!m_settings.isWritable())
-        m_status->showMessage(tr("The settings cannot be written: changes will not be kept"));
 }
 
 void MainWindow::setUpForm()
@@ -153,6 +105,297 @@ void MainWindow::setUpForm()
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     // A click that took the focus would close the entry it is to close or open.
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
+    m_about = new Form(this);
+    m_keypad = new Keypad(this);
+}
+
+// Only after the form: connectSlotsByName takes the first child of a name, and panels share names
+// with the form.
+void MainWindow::setUpPanels()
+{
+    m_modulation = new Modulat(this);
+    m_list = new List(this);
+    m_generator = new generator(this);
+    m_service = new service(this);
+
+    m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
+    m_escapeOrder = std::make_unique<EscapeOrder>();
+    addPanel(m_modulation, m_ui->open_mod, &MainWindow::closeFromModulation);
+    addPanel(m_list, m_ui->open_list, &MainWindow::closeFromList);
+    addPanel(m_generator, m_ui->open_gener, &MainWindow::closeFromGenerator);
+    addPanel(m_service, m_ui->service, &MainWindow::service_close);
+    connect(this, &MainWindow::service_animate, this, &MainWindow::animate_move_service);
+    connect(m_sidePanels.get(), &SidePanels::allMoved, this, &MainWindow::allow_move);
+    connect(m_sidePanels.get(), &SidePanels::opened, this, &MainWindow::refreshPanel);
+}
+
+void MainWindow::addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainWindow::*closing)())
+{
+    m_sidePanels->add(panel, toggle);
+    connect(panel, &SidePanel::hide_, this, closing);
+    m_escapeOrder->add(panel, [panel] { emit panel->hide_(); });
+}
+
+void MainWindow::setUpMenu()
+{
+    m_menu = new WindowMenu(m_look, *m_powerGuard, this);
+    // The shortcuts work without the menu being open.
+    addActions(m_menu->actions());
+    m_ui->menuButton->setMenu(m_menu);
+    connect(m_menu, &WindowMenu::helpChosen, this, &MainWindow::toHelp);
+    connect(m_menu, &WindowMenu::aboutChosen, m_about, &Form::showAbout);
+    connect(m_menu, &WindowMenu::quitChosen, this, &MainWindow::close);
+    connect(m_menu, &WindowMenu::simulatorChosen, this, &MainWindow::simulate);
+}
+
+/// The order in which a freshly reset instrument is brought into line with the panel.
+void MainWindow::setUpPush()
+{
+    m_connection.setPushSteps({
+        {[] { return tr("reference"); }, [this] { m_cw->pushReferenceSource(); }},
+        {[] { return tr("RF output"); }, [this] { m_cw->pushOutput(); }},
+        {[] { return tr("frequency"); }, [this] { m_cw->pushFrequency(); }},
+        {[] { return tr("power"); }, [this] { m_cw->pushPower(); }},
+        {[] { return tr("power mode"); }, [this] { m_powerMode->restore(); }},
+        {[] { return tr("LF generator"); }, [this] { m_lfGenerator->restore(); }},
+        {[] { return tr("modulation"); }, [this] { m_modulationCommands->restore(); }},
+        {[] { return tr("external reference"); }, [this] { m_cw->pushExternalReference(); }},
+        {[] { return tr("DAC"); }, [this] { m_serviceCommands->readDac(); }},
+    });
+}
+
+void MainWindow::loadSettings()
+{
+    if (!m_options.isClean)
+        StepTable::global().attach(&m_settings);
+    m_connection.setAllowedSerials(m_settings.allowedSerials());
+    const QString complaint = m_settings.complaint();
+    if (!complaint.isEmpty())
+        m_status->showMessage(complaint);
+}
+
+void MainWindow::wireStatusLine()
+{
+    m_status = std::make_unique<StatusLine>(*m_ui->status);
+    connect(m_powerGuard.get(), &PowerGuard::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(&m_connection, &Connection::failed, m_status.get(), &StatusLine::showFailure);
+    connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
+    connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
+    connect(&m_connection, &Connection::attemptStarted, m_status.get(),
+            &StatusLine::forgetInstrument);
+    connect(&m_connection, &Connection::ready, m_status.get(), &StatusLine::forgetFault);
+    m_errors = std::make_unique<ErrorChip>(*m_ui->errors);
+    connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
+        m_errors->count();
+        m_status->showInstrumentMessage(errorWords(error));
+    });
+    connect(&m_connection, &Connection::disconnected, m_status.get(),
+            &StatusLine::forgetInstrument);
+    connect(&m_connection, &Connection::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(&EntryNotice::global(), &EntryNotice::refused, m_status.get(),
+            &StatusLine::showMessage);
+}
+
+void MainWindow::wireConnection()
+{
+    connect(&m_search, &SearchKLV::sendData, this, &MainWindow::showKLVDevice);
+    connect(&m_search, &SearchKLV::finish, this, &MainWindow::finishVisaSearch);
+    connect(&m_search, &SearchKLV::error, this, &MainWindow::failVisaSearch);
+    connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
+
+    m_connection.setNeighbour(this);
+    m_connection.setObstacle(
+        [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
+    connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
+        m_ui->connect->setChecked(isChecked);
+        m_ui->connect->repaint();
+    });
+    connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
+            &QAbstractButton::click);
+    connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);
+    m_instrument = std::make_unique<InstrumentDisplay>(
+        InstrumentDisplay::Widgets{*m_ui->device, *m_ui->led, *m_ui->label_329}, *m_about,
+        *m_service, m_session, m_connection);
+    connect(&m_connection, &Connection::refused, this, &MainWindow::reportError);
+    connect(&m_connection, &Connection::ready, this, &MainWindow::showBounded);
+    connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
+    connect(&m_connection, &Connection::disconnected, m_powerGuard.get(), &PowerGuard::cancel);
+}
+
+void MainWindow::wireCwControls()
+{
+    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(), *m_powerGuard,
+                                        CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
+                                                            *m_ui->ROSC, *m_ui->ROSC_FREQ,
+                                                            *m_ui->label_328, *m_ui->label_ExtRef});
+    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(&m_connection, &Connection::disconnected, m_cw.get(), &CwControls::forgetInstrument);
+    m_cw->forgetInstrument();
+    m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session);
+    connect(m_cw.get(), &CwControls::outputSent, m_outputDisplay.get(), &OutputDisplay::outputSent);
+    connect(&m_connection, &Connection::disconnected, m_outputDisplay.get(),
+            &OutputDisplay::forgetInstrument);
+    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output);
+    connect(m_outputOff.get(), &OutputOff::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    // It is checked while there is a connection.
+    connect(&m_connection, &Connection::buttonShouldBe, m_outputOff.get(),
+            &OutputOff::setConnected);
+    m_keypad->setPowerGuard(*m_powerGuard);
+    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->FREQ); });
+    connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
+            [this] { m_keypad->openFor(m_ui->POW); });
+
+    auto* prompt = new WgtModePow(*m_ui->butSetModePow, this);
+    m_powerMode = std::make_unique<PowerMode>(m_session, *m_ui->wgtMaxPow, *prompt);
+    m_escapeOrder->add(prompt, [prompt] { prompt->close(); });
+}
+
+// AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
+void MainWindow::wireModulation()
+{
+    const InstrumentLimits& limits = InstrumentLimits::global();
+    m_modulationCommands = std::make_unique<ModulationCommands>(
+        m_session, limits, *m_modulation,
+        ModulationCommands::Indicators{*m_ui->label_AmPmFm, *m_ui->label_PULM});
+    m_lfGenerator =
+        std::make_unique<LfGeneratorCommands>(m_session, limits, *m_generator, *m_ui->label_Gener);
+    connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
+    connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
+}
+
+void MainWindow::wireSweep()
+{
+    m_list->setPowerGuard(*m_powerGuard);
+    connect(new AcceptedWatch(m_ui->POW), &AcceptedWatch::accepted, &m_list->sweep(),
+            &SweepGroup::followPower);
+    connect(new AcceptedWatch(m_ui->FREQ), &AcceptedWatch::accepted, &m_list->sweep(),
+            &SweepGroup::followFrequency);
+    m_triggers = std::make_unique<TriggerCommands>(m_session, *m_list, *m_modulation->pulse());
+    m_listTransfer = std::make_unique<ListTransfer>(m_session, *m_list, *m_ui->POW);
+    m_sweepCommands = std::make_unique<SweepCommands>(
+        m_session, *m_list, *m_triggers, *m_listTransfer, *m_powerGuard,
+        SweepCommands::CwWidgets{*m_ui->FREQ, *m_ui->POW, {m_ui->key_FREQ, m_ui->key_POW}});
+    m_exclusions = std::make_unique<Exclusions>(
+        Exclusions::Parts{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator,
+                          *m_list, *m_sweepCommands, *m_triggers});
+    connect(m_exclusions.get(), &Exclusions::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(m_sweepCommands.get(), &SweepCommands::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
+            &SweepCommands::connectionLost);
+    connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
+    connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
+    connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_list, &List::errorMessage, this, &MainWindow::reportError);
+}
+
+void MainWindow::wireRunDisplay()
+{
+    m_runPicture = std::make_unique<RunPicture>(*m_list, *m_ui->POW);
+    m_runPicture->follow(*m_sweepCommands, *m_triggers);
+    m_runDisplay = std::make_unique<RunDisplay>(
+        RunDisplay::Widgets{*m_ui->FREQ, *m_ui->unit_FREQ, *m_ui->POW, *m_ui->unit_POW,
+                            *m_ui->label_Run, *m_ui->run_point, *m_ui->run_progress,
+                            *m_ui->stop_run},
+        *m_list, *m_runPicture, *m_sweepCommands);
+    connect(m_runDisplay.get(), &RunDisplay::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(m_runDisplay.get(), &RunDisplay::statusMessageOver, m_status.get(),
+            &StatusLine::forgetMessage);
+}
+
+void MainWindow::wireService()
+{
+    m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
+    connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
+            &StatusLine::showInstrumentMessage);
+    connect(m_serviceCommands.get(), &ServiceCommands::errorMessage, this,
+            &MainWindow::reportError);
+    connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
+    connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
+    // An instrument that comes to an open panel fills it, as opening it does.
+    connect(&m_connection, &Connection::ready, this, [this] {
+        if (m_ui->service->isChecked())
+            initial_service();
+    });
+    connect(&m_connection, &Connection::disconnected, m_serviceCommands.get(),
+            &ServiceCommands::stopWriting);
+    connect(m_ui->service, &QAbstractButton::toggled, m_serviceCommands.get(), [this](bool isOpen) {
+        if (!isOpen)
+            m_serviceCommands->stopWriting();
+    });
+    connect(&m_connection, &Connection::pollDue, this, [this] {
+        if (m_ui->service->isChecked() && !m_firmwareUpdate->isRunning())
+            m_serviceCommands->readTemperature();
+    });
+}
+
+void MainWindow::wireFirmware()
+{
+    m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
+        FirmwareUpdate::Parts{m_session, m_connection, m_source->watch()});
+    auto* dialog = new Firmware(this);
+    connect(m_about, &Form::updateFirmware, dialog, &QWidget::show);
+    connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::statusMessage, m_status.get(),
+            &StatusLine::showMessage);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
+            &QAbstractButton::click);
+    // Before the click tells of its own search.
+    connect(m_ui->connect, &QAbstractButton::pressed, m_firmwareUpdate.get(),
+            &FirmwareUpdate::stop);
+    connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, this,
+            [this] { m_source->endBootloaderSoon(); });
+}
+
+void MainWindow::wireSource()
+{
+    auto* offer = new SimulatorOffer(this);
+    m_ui->status_layout->addWidget(offer);
+    setTabOrder(m_ui->closeWindow, offer);
+    connect(&m_connection, &Connection::attemptStarted, offer, &QWidget::hide);
+    connect(&m_connection, &Connection::nothingFound, offer,
+            [this, offer] { offer->setVisible(!m_source->isSimulated()); });
+    connect(offer, &QAbstractButton::clicked, this, [this] { simulate(true); });
+    // Answered at once: the desktop may end right behind it.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
+    connect(&m_connection, &Connection::identified, this,
+            [this](const InstrumentIdentity& identity) {
+                if (m_source->isSimulated())
+                    qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
+                          qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
+            });
+}
+
+void MainWindow::wireProfiles()
+{
+    m_panelProfiles = std::make_unique<PanelProfiles>(
+        PanelProfiles::Panels{*this, *m_modulation, *m_generator, *m_list},
+        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard}, *m_cw, *m_ui->ROSC_FREQ);
+    m_panelProfiles->setUsable([this](const QWidget* widget) {
+        return widget == m_ui->closeWindow || widget == m_ui->minimize ||
+               widget == m_ui->stop_run || m_outputOff->isWayOff(widget) ||
+               m_powerGuard->isOfQuestion(widget);
+    });
+    connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Modulation);
+    connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Generator);
+    openSave_XML_FILE& files = m_panelProfiles->files();
+    connect(&files, &openSave_XML_FILE::message, m_status.get(), &StatusLine::showMessage);
+    connect(&files, &openSave_XML_FILE::error, this, &MainWindow::reportError);
+    m_profiles = new openSaveProfile(files, this);
+    // A profile switches no RF output, connects to nothing, starts no run and opens no panel.
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list, m_ui->open_gener,
+             m_ui->profiles, m_ui->service, m_service, m_profiles, &m_list->runSweep(),
+             &m_list->runList()})
+        files.store().exclude(control);
+    addPanel(m_profiles, m_ui->profiles, &MainWindow::closeFromProfiles);
 }
 
 void MainWindow::simulate(bool isSimulated)
@@ -167,177 +410,7 @@ void MainWindow::simulate(bool isSimulated)
 void MainWindow::showSource()
 {
     m_ui->label_simulated->setVisible(m_source->isSimulated());
-    findChild<QAction*>(QStringLiteral("action_simulator"))->setChecked(m_source->isSimulated());
-}
-
-QString MainWindow::themeSetting() const
-{
-    return m_settings.value(themeKey, QStringLiteral("system")).toString();
-}
-
-void MainWindow::chooseLanguage(const QString& code)
-{
-    m_settings.setValue(languageKey, code);
-    m_language->choose(code);
-    applyLook();
-}
-
-void MainWindow::chooseTheme(const QString& name)
-{
-    m_settings.setValue(themeKey, name);
-    applyLook();
-}
-
-void MainWindow::askCeiling()
-{
-    auto* dialog = new PowerCeiling(m_powerGuard->ceilingDbm(), this);
-    connect(dialog, &PowerCeiling::chosen, m_powerGuard.get(), &PowerGuard::setCeilingDbm);
-    dialog->open();
-}
-
-void MainWindow::applyLook()
-{
-    applyTheme(*qApp, chosenTheme(themeSetting()), Language::isRussian());
-}
-
-void MainWindow::on_connect_clicked()
-{
-    m_connection.on_connect_clicked(m_ui->connect->isChecked());
-}
-void MainWindow::on_Output_clicked()
-{
-    m_cw->on_Output_clicked();
-}
-void MainWindow::on_ROSC_clicked()
-{
-    m_cw->on_ROSC_clicked();
-}
-void MainWindow::on_open_ROSC_FREQ_clicked()
-{
-    m_cw->openReferenceEntry();
-}
-void MainWindow::on_open_mod_clicked()
-{
-    m_sidePanels->toggle(m_modulation);
-}
-void MainWindow::on_open_list_clicked()
-{
-    m_sidePanels->toggle(m_list);
-}
-void MainWindow::on_open_gener_clicked()
-{
-    m_sidePanels->toggle(m_generator);
-}
-void MainWindow::on_profiles_clicked()
-{
-    m_sidePanels->toggle(m_profiles);
-}
-void MainWindow::on_service_clicked()
-{
-    emit service_animate();
-}
-void MainWindow::on_minimize_clicked()
-{
-    showMinimized();
-}
-void MainWindow::on_closeWindow_clicked()
-{
-    close();
-}
-
-void MainWindow::showKLVDevice(const QString& address, const QString& model, const QString& series)
-{
-    m_connection.showKLVDevice(address, model, series);
-}
-
-void MainWindow::finishVisaSearch()
-{
-    m_connection.finishVisaSearch();
-}
-
-void MainWindow::failVisaSearch()
-{
-    m_connection.failVisaSearch();
-}
-
-void MainWindow::slot_connect(const QString& address)
-{
-    m_connection.slot_connect(address);
-}
-
-void MainWindow::allow_move()
-{
-    SidePanels::setMoving(false);
-}
-void MainWindow::not_move()
-{
-    SidePanels::setMoving(true);
-}
-void MainWindow::closeFromModulation()
-{
-    m_sidePanels->close(m_modulation);
-}
-void MainWindow::closeFromList()
-{
-    m_sidePanels->close(m_list);
-}
-void MainWindow::closeFromGenerator()
-{
-    m_sidePanels->close(m_generator);
-}
-void MainWindow::service_close()
-{
-    m_sidePanels->close(m_service);
-}
-void MainWindow::animate_move_service()
-{
-    m_sidePanels->toggle(m_service);
-}
-void MainWindow::update_Modulation()
-{
-    m_modulationCommands->update_Modulation();
-}
-void MainWindow::update_Generator()
-{
-    m_lfGenerator->update_Generator();
-}
-void MainWindow::CommandSweep()
-{
-    m_sweepCommands->CommandSweep();
-}
-void MainWindow::CommandList()
-{
-    m_sweepCommands->CommandList();
-}
-void MainWindow::initial_service()
-{
-    m_serviceCommands->initial_service();
-}
-
-void MainWindow::toHelp()
-{
-    const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
-    if (!complaint.isEmpty())
-        m_status->showMessage(complaint);
-}
-
-void MainWindow::showIdentity(const InstrumentIdentity& identity)
-{
-    m_ui->device->setText(instrumentText(identity.model + QLatin1Char(' ') +
-                                         identity.serial.right(serialDigitsShown)));
-    m_ui->device->setFixedWidth(deviceWidthConnected);
-    m_about->setSerial(identity.serial);
-    m_about->setFirmware(identity.firmware);
-    m_service->showInstrument(identity.serial, identity.firmware);
-    if (m_source->isSimulated())
-        qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
-              qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
-}
-
-void MainWindow::showReady()
-{
-    showConnectedState(true);
-    showBounded();
+    m_menu->showSimulated(m_source->isSimulated());
 }
 
 /// Sweep and list may have been set for an instrument of other limits.
@@ -350,32 +423,6 @@ void MainWindow::showBounded()
                 ? tr("One value of sweep and list was bounded by the limits of the instrument")
                 : tr("%n values of sweep and list were bounded by the limits of the instrument",
                      nullptr, count));
-}
-
-void MainWindow::showDisconnected()
-{
-    m_ui->device->setFixedWidth(deviceWidthDisconnected);
-    m_ui->device->setText(tr("Disconnected"));
-    m_about->empty();
-    m_service->forgetInstrument();
-    m_cw->forgetInstrument();
-    m_ui->label_329->hide();
-    showConnectedState(false);
-}
-
-/// Colours the controls that tell a connected panel from an idle one.
-void MainWindow::showConnectedState(bool isConnected)
-{
-    m_ui->device->setProperty("connected", isConnected);
-    m_ui->led->setProperty("connected", isConnected);
-}
-
-void MainWindow::showIndicator329(const QString& message)
-{
-    if (m_ui->label_329->isHidden())
-        m_ui->label_329->start(indicatorAppearMs);
-    m_ui->label_329->setToolTip(instrumentText(message));
-    m_ui->label_329->show();
 }
 
 void MainWindow::refreshPanel(QWidget* panel)
@@ -393,8 +440,21 @@ void MainWindow::reportError(const QString& message)
     ErrorBox::report(message, this);
 }
 
+void MainWindow::on_connect_clicked()
+{
+    m_connection.on_connect_clicked(m_ui->connect->isChecked());
+}
+
+void MainWindow::toHelp()
+{
+    const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
+    if (!complaint.isEmpty())
+        m_status->showMessage(complaint);
+}
+
 void MainWindow::retranslate()
 {
+    m_instrument->retranslate();
     m_cw->retranslate();
     m_runDisplay->retranslate();
     m_status->retranslate();
@@ -406,10 +466,7 @@ void MainWindow::changeEvent(QEvent* event)
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::LanguageChange || !m_cw)
         return;
-    const QString device = m_ui->device->text();
     m_ui->retranslateUi(this);
-    if (m_session.isConnected())
-        m_ui->device->setText(device);
     retranslate();
 }
 
@@ -435,24 +492,4 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
     const bool isEscape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier;
     if (!isEscape || !m_escapeOrder->closeLast())
         QMainWindow::keyPressEvent(event);
-}
-
-/// Settled: nothing has been going on for a moment.
-void MainWindow::saveScreenshotOnceSettled()
-{
-    auto* settled = new QTimer(this);
-    settled->setSingleShot(true);
-    settled->setInterval(settleMs);
-    connect(&m_connection, &Connection::busyChanged, settled, [settled](bool isBusy) {
-        if (isBusy)
-            settled->stop();
-        else
-            settled->start();
-    });
-    connect(settled, &QTimer::timeout, this, [this, settled] {
-        settled->deleteLater();
-        if (!grab().save(m_options.screenshotPath))
-            qWarning("The picture could not be saved as %s",
-                     qUtf8Printable(m_options.screenshotPath));
-    });
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/program_settings.h"
+#include "app/side_panels.h"
 #include "app/start_options.h"
 #include "connection/connection.h"
 #include "connection/gui_list_klv.h"
@@ -7,26 +9,31 @@
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "link/visa_library.h"
+#include "modulation/generator.h"
+#include "modulation/lf_generator_commands.h"
+#include "modulation/modulat.h"
+#include "modulation/modulation_commands.h"
+#include "panel/cw_controls.h"
+#include "profiles/open_save_profile.h"
+#include "service/service_commands.h"
+#include "service/service_panel.h"
+#include "sweep/list_panel.h"
+#include "sweep/sweep_commands.h"
+#include "ui/look.h"
 
 #include <QMainWindow>
-#include <QSettings>
 
 #include <memory>
 
-class CwControls;
 class ErrorChip;
 class EscapeOrder;
 class Exclusions;
 class FirmwareUpdate;
 class Form;
+class InstrumentDisplay;
 class InstrumentSource;
 class Keypad;
-class Language;
-class LfGeneratorCommands;
-class List;
 class ListTransfer;
-class Modulat;
-class ModulationCommands;
 class OutputDisplay;
 class OutputOff;
 class PanelProfiles;
@@ -34,14 +41,9 @@ class PowerGuard;
 class PowerMode;
 class RunDisplay;
 class RunPicture;
-class ServiceCommands;
-class SidePanels;
 class StatusLine;
-class SweepCommands;
 class TriggerCommands;
-class generator;
-class openSaveProfile;
-class service;
+class WindowMenu;
 
 namespace Ui
 {
@@ -67,38 +69,42 @@ public:
     void endProgram();
 
 public slots:
+    // The form's buttons; connected by these names.
     void on_connect_clicked();
-    void on_Output_clicked();
-    void on_ROSC_clicked();
-    void on_open_ROSC_FREQ_clicked();
-    void on_open_mod_clicked();
-    void on_open_list_clicked();
-    void on_open_gener_clicked();
-    void on_profiles_clicked();
-    void on_service_clicked();
-    void on_minimize_clicked();
-    void on_closeWindow_clicked();
+    void on_Output_clicked() { m_cw->on_Output_clicked(); }
+    void on_ROSC_clicked() { m_cw->on_ROSC_clicked(); }
+    void on_open_ROSC_FREQ_clicked() { m_cw->openReferenceEntry(); }
+    void on_open_mod_clicked() { m_sidePanels->toggle(m_modulation); }
+    void on_open_list_clicked() { m_sidePanels->toggle(m_list); }
+    void on_open_gener_clicked() { m_sidePanels->toggle(m_generator); }
+    void on_profiles_clicked() { m_sidePanels->toggle(m_profiles); }
+    void on_service_clicked() { emit service_animate(); }
+    void on_minimize_clicked() { showMinimized(); }
+    void on_closeWindow_clicked() { close(); }
 
-    void showKLVDevice(const QString& address, const QString& model, const QString& series);
-    void finishVisaSearch();
-    void failVisaSearch();
-    void slot_connect(const QString& address);
+    void showKLVDevice(const QString& address, const QString& model, const QString& series)
+    {
+        m_connection.showKLVDevice(address, model, series);
+    }
+    void finishVisaSearch() { m_connection.finishVisaSearch(); }
+    void failVisaSearch() { m_connection.failVisaSearch(); }
+    void slot_connect(const QString& address) { m_connection.slot_connect(address); }
 
     /// The last animation of the side panels is over: their buttons work again.
-    void allow_move();
+    void allow_move() { SidePanels::setMoving(false); }
     /// Holds the side panels in place: their buttons are ignored.
-    void not_move();
-    void closeFromModulation();
-    void closeFromList();
-    void closeFromGenerator();
-    void service_close();
-    void initial_service();
-    void animate_move_service();
-    void update_Modulation();
-    void update_Generator();
-    void CommandSweep();
-    void CommandList();
-
+    void not_move() { SidePanels::setMoving(true); }
+    void closeFromModulation() { m_sidePanels->close(m_modulation); }
+    void closeFromList() { m_sidePanels->close(m_list); }
+    void closeFromGenerator() { m_sidePanels->close(m_generator); }
+    void closeFromProfiles() { m_sidePanels->close(m_profiles); }
+    void service_close() { m_sidePanels->close(m_service); }
+    void animate_move_service() { m_sidePanels->toggle(m_service); }
+    void initial_service() { m_serviceCommands->initial_service(); }
+    void update_Modulation() { m_modulationCommands->update_Modulation(); }
+    void update_Generator() { m_lfGenerator->update_Generator(); }
+    void CommandSweep() { m_sweepCommands->CommandSweep(); }
+    void CommandList() { m_sweepCommands->CommandList(); }
     void toHelp();
 
 signals:
@@ -111,46 +117,35 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void connectAtStart();
-    void loadSettings();
     void setUpForm();
     void setUpPanels();
+    void addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainWindow::*closing)());
     void setUpMenu();
-    void setUpEscape();
     void setUpPush();
+    void loadSettings();
     void wireStatusLine();
     void wireConnection();
     void wireCwControls();
-    void wirePowerMode();
     void wireModulation();
     void wireSweep();
+    void wireRunDisplay();
     void wireService();
     void wireFirmware();
-    void wireProfiles();
     void wireSource();
+    void wireProfiles();
+
+    void connectAtStart();
     void simulate(bool isSimulated);
     void showSource();
-    QString themeSetting() const;
-    void chooseLanguage(const QString& code);
-    void chooseTheme(const QString& name);
-    void askCeiling();
-    void applyLook();
-    void retranslate();
-
-    void showIdentity(const InstrumentIdentity& identity);
-    void showReady();
     void showBounded();
-    void showDisconnected();
-    void showConnectedState(bool isConnected);
-    void showIndicator329(const QString& message);
     void refreshPanel(QWidget* panel);
     void reportError(const QString& message);
-    void saveScreenshotOnceSettled();
+    void retranslate();
 
     StartOptions m_options;
-    QSettings m_settings;
+    ProgramSettings m_settings;
+    Look m_look;
     std::unique_ptr<InstrumentSource> m_source;
-    std::unique_ptr<Language> m_language;
     std::unique_ptr<Ui::MainWindow> m_ui;
 
     VisaLibrary m_visa;
@@ -175,12 +170,14 @@ private:
     std::unique_ptr<FirmwareUpdate> m_firmwareUpdate;
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<ErrorChip> m_errors;
+    std::unique_ptr<InstrumentDisplay> m_instrument;
     std::unique_ptr<PanelProfiles> m_panelProfiles;
-    std::unique_ptr<Form> m_about;
     std::unique_ptr<SidePanels> m_sidePanels;
     std::unique_ptr<EscapeOrder> m_escapeOrder;
     std::unique_ptr<OutputOff> m_outputOff;
     std::unique_ptr<OutputDisplay> m_outputDisplay;
+    Form* m_about = nullptr;
+    WindowMenu* m_menu = nullptr;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
     List* m_list = nullptr;

@@ -1,5 +1,9 @@
 #include "app/window_menu.h"
 
+#include "app/power_ceiling.h"
+#include "panel/power_guard.h"
+#include "ui/look.h"
+
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QEvent>
@@ -20,9 +24,9 @@ const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &sys
 const char* const jumps[] = {"0", "10", "20", "30"};
 } // namespace
 
-WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, int jumpDb,
-                       QWidget* parent)
-    : QMenu(parent), m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
+WindowMenu::WindowMenu(Look& look, PowerGuard& guard, QWidget* parent)
+    : QMenu(parent), m_look(look), m_guard(guard),
+      m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
       m_about(addAction(QString(), this, &WindowMenu::aboutChosen))
 {
     setObjectName(QStringLiteral("menu"));
@@ -37,38 +41,59 @@ WindowMenu::WindowMenu(const QString& languageCode, const QString& themeName, in
     connect(m_simulator, &QAction::triggered, this, &WindowMenu::simulatorChosen);
 
     addSeparator();
+    addLook();
+    addSeparator();
+    addPowerGuard();
+    addSeparator();
+    m_quit = addAction(QString(), this, &WindowMenu::quitChosen);
+    retranslate();
+}
+
+void WindowMenu::addLook()
+{
     m_languages = addMenu(QString());
     auto* languageGroup = new QActionGroup(this);
     for (const Choice& language : languages) {
-        addChoice(m_languages, languageGroup, QLatin1String(language.value), languageCode)
+        addChoice(m_languages, languageGroup, QLatin1String(language.value), m_look.languageCode())
             ->setText(QString::fromUtf8(language.caption));
     }
     connect(languageGroup, &QActionGroup::triggered, this,
-            [this](const QAction* action) { emit languageChosen(action->data().toString()); });
+            [this](const QAction* action) { m_look.chooseLanguage(action->data().toString()); });
 
     m_themes = addMenu(QString());
     auto* themeGroup = new QActionGroup(this);
     for (const Choice& theme : themes)
-        addChoice(m_themes, themeGroup, QLatin1String(theme.value), themeName);
+        addChoice(m_themes, themeGroup, QLatin1String(theme.value), m_look.themeName());
     connect(themeGroup, &QActionGroup::triggered, this,
-            [this](const QAction* action) { emit themeChosen(action->data().toString()); });
+            [this](const QAction* action) { m_look.chooseTheme(action->data().toString()); });
+}
 
-    addSeparator();
+void WindowMenu::addPowerGuard()
+{
     m_jumps = addMenu(QString());
     auto* jumpGroup = new QActionGroup(this);
     for (const char* jump : jumps) {
         const QString value = QLatin1String(jump);
-        addChoice(m_jumps, jumpGroup, value, QString::number(jumpDb))
+        addChoice(m_jumps, jumpGroup, value, QString::number(m_guard.jumpDb()))
             ->setObjectName(QStringLiteral("action_jump_") + value);
     }
     connect(jumpGroup, &QActionGroup::triggered, this,
-            [this](const QAction* action) { emit jumpChosen(action->data().toInt()); });
-    m_ceiling = addAction(QString(), this, &WindowMenu::ceilingWanted);
+            [this](const QAction* action) { m_guard.setJumpDb(action->data().toInt()); });
+    m_ceiling = addAction(QString(), this, &WindowMenu::askCeiling);
     m_ceiling->setObjectName(QStringLiteral("action_ceiling"));
+    connect(&m_guard, &PowerGuard::ceilingChanged, this, &WindowMenu::showCeiling);
+}
 
-    addSeparator();
-    m_quit = addAction(QString(), this, &WindowMenu::quitChosen);
-    retranslate();
+void WindowMenu::askCeiling()
+{
+    auto* dialog = new PowerCeiling(m_guard.ceilingDbm(), parentWidget());
+    connect(dialog, &PowerCeiling::chosen, &m_guard, &PowerGuard::setCeilingDbm);
+    dialog->open();
+}
+
+void WindowMenu::showSimulated(bool isSimulated)
+{
+    m_simulator->setChecked(isSimulated);
 }
 
 QAction* WindowMenu::addChoice(QMenu* menu, QActionGroup* group, const QString& value,
@@ -97,7 +122,7 @@ void WindowMenu::retranslate()
         const int jumpDb = action->data().toInt();
         action->setText(jumpDb > 0 ? tr("By more than %1 dB").arg(jumpDb) : tr("&Never"));
     }
-    showCeiling(m_ceilingDbm);
+    showCeiling();
     m_quit->setText(tr("&Quit") + QLatin1Char('\t') + quitKey);
     const QList<QAction*> themeActions = m_themes->actions();
     for (int index = 0; index < themeActions.size(); ++index)
@@ -105,9 +130,9 @@ void WindowMenu::retranslate()
             QCoreApplication::translate("WindowMenu", themes[index].caption));
 }
 
-void WindowMenu::showCeiling(std::optional<int> ceilingDbm)
+void WindowMenu::showCeiling()
 {
-    m_ceilingDbm = ceilingDbm;
+    const std::optional<int> ceilingDbm = m_guard.ceilingDbm();
     m_ceiling->setText(ceilingDbm ? tr("Highest &power: %1 dBm...").arg(*ceilingDbm)
                                   : tr("Highest &power..."));
 }

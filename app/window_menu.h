@@ -2,33 +2,28 @@
 
 #include <QMenu>
 
-#include <optional>
-
+class Look;
+class PowerGuard;
 class QAction;
 class QActionGroup;
 
-/// The window's menu: Help, About, language, theme, what guards the power, and Quit. Says what was
-/// chosen; does nothing.
+/// The window's menu: Help, About, language, theme, what guards the power, and Quit. Sets the look
+/// and the guard; of the rest it says what was chosen.
 class WindowMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// `languageCode` and `themeName` are the ones in force ("system", "light" or "dark"),
-    /// `jumpDb` is the largest rise in dB that is not asked about.
-    WindowMenu(const QString& languageCode, const QString& themeName, int jumpDb, QWidget* parent);
+    /// Look and guard outlive the menu.
+    WindowMenu(Look& look, PowerGuard& guard, QWidget* parent);
 
-    /// Names the highest level that is in force, in dBm.
-    void showCeiling(std::optional<int> ceilingDbm);
+    /// Whether the simulated instrument is the one that is worked with.
+    void showSimulated(bool isSimulated);
 
 signals:
     void helpChosen();
     void aboutChosen();
-    void languageChosen(const QString& code);
-    void themeChosen(const QString& name);
     void simulatorChosen(bool isOn);
-    void jumpChosen(int jumpDb);
-    void ceilingWanted();
     void quitChosen();
 
 protected:
@@ -37,8 +32,14 @@ protected:
 private:
     QAction* addChoice(QMenu* menu, QActionGroup* group, const QString& value,
                        const QString& current);
+    void addLook();
+    void addPowerGuard();
+    void askCeiling();
+    void showCeiling();
     void retranslate();
 
+    Look& m_look;
+    PowerGuard& m_guard;
     QAction* m_help;
     QAction* m_about;
     QAction* m_simulator;
@@ -46,6 +47,5 @@ private:
     QMenu* m_themes;
     QMenu* m_jumps;
     QAction* m_ceiling;
-    std::optional<int> m_ceilingDbm;
     QAction* m_quit;
 };

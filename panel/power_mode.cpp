@@ -1,6 +1,7 @@
 #include "panel/power_mode.h"
 
 #include "link/scpi_session.h"
+#include "panel/wgt_mode_pow.h"
 
 #include <QWidget>
 
@@ -10,9 +11,13 @@ const QString boostOnCommand = QStringLiteral("POW:BOOST ON");
 const QString boostOffCommand = QStringLiteral("POW:BOOST OFF");
 } // namespace
 
-PowerMode::PowerMode(ScpiSession& session, QWidget& indicator, QObject* parent)
+PowerMode::PowerMode(ScpiSession& session, QWidget& indicator, const WgtModePow& prompt,
+                     QObject* parent)
     : QObject(parent), m_session(session), m_indicator(indicator)
 {
+    // The command is chosen by the indicator as it was.
+    connect(&prompt, &WgtModePow::signalSwitchMode, this, &PowerMode::slotCommandSwitchModePow);
+    connect(&prompt, &WgtModePow::signalSwitchMode, this, &PowerMode::slotGuiSwitchModePow);
 }
 
 bool PowerMode::isModeOn() const

@@ -4,6 +4,7 @@
 
 class QWidget;
 class ScpiSession;
+class WgtModePow;
 
 /// Switches the instrument's maximum-power mode, in which its output power is not calibrated. The
 /// indicator is the one record of the mode: shown while it is on. Owns no widget.
@@ -12,7 +13,9 @@ class PowerMode : public QObject
     Q_OBJECT
 
 public:
-    PowerMode(ScpiSession& session, QWidget& indicator, QObject* parent = nullptr);
+    /// Switches when the prompt says so.
+    PowerMode(ScpiSession& session, QWidget& indicator, const WgtModePow& prompt,
+              QObject* parent = nullptr);
 
     /// Brings a freshly reset instrument into line: sends nothing while the mode is off.
     void restore();

@@ -19,12 +19,14 @@ constexpr int spacing = 8;
 constexpr int appearMs = 160;
 } // namespace
 
-WgtModePow::WgtModePow(const QWidget& opener, QWidget* parent) : QDialog(parent), m_opener(opener)
+WgtModePow::WgtModePow(const QAbstractButton& opener, QWidget* parent)
+    : QDialog(parent), m_opener(opener)
 {
     setObjectName(QStringLiteral("WgtModePow"));
     new WindowChrome(this);
     build();
     retranslate();
+    connect(&m_opener, &QAbstractButton::clicked, this, &WgtModePow::open);
     connect(m_yes, &QPushButton::clicked, this, &WgtModePow::confirm);
     connect(m_cancel, &QPushButton::clicked, this, &QWidget::close);
     installEventFilter(this);

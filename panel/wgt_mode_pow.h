@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QAbstractButton;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -13,8 +14,8 @@ class WgtModePow : public QDialog
     Q_OBJECT
 
 public:
-    /// `opener` is the widget beside which it opens; it outlives the prompt.
-    WgtModePow(const QWidget& opener, QWidget* parent);
+    /// Opens beside `opener` when that is clicked; it outlives the prompt.
+    WgtModePow(const QAbstractButton& opener, QWidget* parent);
 
 signals:
     void signalSwitchMode();
@@ -34,7 +35,7 @@ private:
     void retranslate();
     void confirm();
 
-    const QWidget& m_opener;
+    const QAbstractButton& m_opener;
     QFrame* m_plate;
     QPushButton* m_yes;
     QPushButton* m_cancel;

@@ -546,6 +546,13 @@
     </message>
 </context>
 <context>
+    <name>InstrumentDisplay</name>
+    <message>
+        <source>Disconnected</source>
+        <translation>Не подключено</translation>
+    </message>
+</context>
+<context>
     <name>InstrumentError</name>
     <message>
         <source>%1 after %2</source>
@@ -1176,14 +1183,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Закрыть (Ctrl+Q)</translation>
     </message>
     <message>
-        <source>The settings cannot be read: defaults are used</source>
-        <translation>Настройки не читаются: используются значения по умолчанию</translation>
-    </message>
-    <message>
-        <source>The settings cannot be written: changes will not be kept</source>
-        <translation>Настройки не записываются: изменения не сохранятся</translation>
-    </message>
-    <message>
         <source>Lit while the external reference is selected; red while it is not locked</source>
         <translation>Горит, пока выбран внешний опорный сигнал; красным, пока нет захвата</translation>
     </message>
@@ -1679,6 +1678,17 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Leave the power as it is (Esc)</source>
         <translation>Оставить мощность как есть (Esc)</translation>
+    </message>
+</context>
+<context>
+    <name>ProgramSettings</name>
+    <message>
+        <source>The settings cannot be read: defaults are used</source>
+        <translation>Настройки не читаются: используются значения по умолчанию</translation>
+    </message>
+    <message>
+        <source>The settings cannot be written: changes will not be kept</source>
+        <translation>Настройки не записываются: изменения не сохранятся</translation>
     </message>
 </context>
 <context>
