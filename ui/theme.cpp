@@ -99,14 +99,6 @@ void loadFonts()
 }
 } // namespace
 
-QStringList colourNames()
-{
-    QStringList names;
-    for (const NamedColour& colour : colours)
-        names += QLatin1String(colour.name);
-    return names;
-}
-
 QColor themeColour(ThemeName theme, const QString& name)
 {
     for (const NamedColour& colour : colours)

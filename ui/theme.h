@@ -2,16 +2,13 @@
 
 #include <QColor>
 #include <QString>
-#include <QStringList>
 
 class QApplication;
 
 enum class ThemeName { Light, Dark };
 
-/// Names of the colours that the style sheet may use (written there with a leading "@").
-QStringList colourNames();
-
-/// The colour of that name; an unknown name gives an invalid colour.
+/// The colour that the style sheet names with a leading "@"; an unknown name gives an invalid
+/// colour.
 QColor themeColour(ThemeName theme, const QString& name);
 
 /// The panel's style sheet in the theme's colours. With `russianImages`, each image that has a

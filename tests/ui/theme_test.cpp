@@ -41,13 +41,6 @@ QColor tone(const QString& image)
                 return pixels.pixelColor(x, y);
     return QColor();
 }
-
-QString sheetTemplate()
-{
-    loadUiResources();
-    QFile file(QStringLiteral(":/panel.qss"));
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
 } // namespace
 
 class ThemeTest : public QObject
@@ -101,14 +94,6 @@ private slots:
             const double ratio = contrast(tone(image), themeColour(theme, ground));
             QVERIFY2(ratio >= 3.0, qPrintable(QString::number(ratio)));
         }
-    }
-
-    void everyColourIsUsed()
-    {
-        const QString sheet = sheetTemplate();
-        QVERIFY(!sheet.isEmpty());
-        for (const QString& name : colourNames())
-            QVERIFY2(sheet.contains(QRegularExpression("@" + name + "\\b")), qPrintable(name));
     }
 
     void sheetIsResolved_data()
