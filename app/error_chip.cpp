@@ -1,12 +1,15 @@
 #include "app/error_chip.h"
 
+#include "link/scpi_session.h"
+
 #include <QAbstractButton>
 
-ErrorChip::ErrorChip(QAbstractButton& button, QObject* parent) : QObject(parent), m_button(button)
+ErrorChip::ErrorChip(QAbstractButton& button, const ScpiSession& session) : m_button(button)
 {
     // A click on it leaves the keyboard where it was.
     m_button.setFocusPolicy(Qt::TabFocus);
     connect(&m_button, &QAbstractButton::clicked, this, &ErrorChip::clear);
+    connect(&session, &ScpiSession::errorReported, this, &ErrorChip::count);
     clear();
 }
 

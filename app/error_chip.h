@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QAbstractButton;
+class ScpiSession;
 
 /// Counts the errors that the instrument has reported, on a button that is there only while there
 /// are any and that forgets them when it is clicked. Owns the count, not the button.
@@ -11,16 +12,13 @@ class ErrorChip : public QObject
     Q_OBJECT
 
 public:
-    explicit ErrorChip(QAbstractButton& button, QObject* parent = nullptr);
+    ErrorChip(QAbstractButton& button, const ScpiSession& session);
 
     /// In the present language.
     void retranslate();
 
-public slots:
-    /// One more.
-    void count();
-
 private:
+    void count();
     void clear();
 
     QAbstractButton& m_button;

@@ -3,34 +3,27 @@
 #include "connection/connection_obstacle.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
-#include "app/exclusions.h"
 #include "app/help_file.h"
 #include "app/instrument_display.h"
 #include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
-#include "app/run_display.h"
 #include "app/screenshot.h"
+#include "app/simulator_switch.h"
 #include "connection/simulator_offer.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
 #include "connection/instrument_source.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
-#include "panel/accepted_watch.h"
 #include "panel/entry_notice.h"
 #include "panel/keypad.h"
 #include "panel/power_guard.h"
 #include "panel/power_mode.h"
 #include "panel/wgt_mode_pow.h"
 #include "service/about_box.h"
-#include "service/driver_check.h"
 #include "service/firmware_dialog.h"
 #include "service/firmware_update.h"
-#include "sweep/list_transfer.h"
-#include "sweep/run_picture.h"
-#include "sweep/sweep_group.h"
-#include "sweep/trigger_commands.h"
 #include "ui/error_box.h"
 #include "ui/window_chrome.h"
 #include "ui_mainwindow.h"
@@ -60,15 +53,12 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireCwControls();
     wireModulation();
     wireSweep();
-    wireRunDisplay();
     wireService();
     wireFirmware();
-    wireSource();
     wireProfiles();
     setUpPush();
     loadSettings();
     m_source->open();
-    showSource();
     retranslate();
 }
 
@@ -87,15 +77,9 @@ void MainWindow::start()
     QApplication::processEvents();
     if (m_session.isConnected())
         m_session.checkErrors();
-    QTimer::singleShot(0, this, &MainWindow::connectAtStart);
+    QTimer::singleShot(0, m_simulator.get(), &SimulatorSwitch::connectAtStart);
     if (!m_options.screenshotPath.isEmpty())
         saveScreenshotOnceSettled(*this, m_connection, m_options.screenshotPath);
-}
-
-void MainWindow::connectAtStart()
-{
-    if (m_source->isSimulated() || checkDriver())
-        m_ui->connect->click();
 }
 
 void MainWindow::setUpForm()
@@ -105,8 +89,8 @@ void MainWindow::setUpForm()
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     // A click that took the focus would close the entry it is to close or open.
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
-    m_about = new Form(this);
-    m_keypad = new Keypad(this);
+    // Answered at once: the desktop may end right behind it.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
 }
 
 // Only after the form: connectSlotsByName takes the first child of a name, and panels share names
@@ -117,6 +101,8 @@ void MainWindow::setUpPanels()
     m_list = new List(this);
     m_generator = new generator(this);
     m_service = new service(this);
+    m_about = new Form(this);
+    m_keypad = new Keypad(this);
 
     m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
     m_escapeOrder = std::make_unique<EscapeOrder>();
@@ -145,7 +131,6 @@ void MainWindow::setUpMenu()
     connect(m_menu, &WindowMenu::helpChosen, this, &MainWindow::toHelp);
     connect(m_menu, &WindowMenu::aboutChosen, m_about, &Form::showAbout);
     connect(m_menu, &WindowMenu::quitChosen, this, &MainWindow::close);
-    connect(m_menu, &WindowMenu::simulatorChosen, this, &MainWindow::simulate);
 }
 
 /// The order in which a freshly reset instrument is brought into line with the panel.
@@ -177,23 +162,10 @@ void MainWindow::loadSettings()
 void MainWindow::wireStatusLine()
 {
     m_status = std::make_unique<StatusLine>(*m_ui->status);
+    m_status->follow(m_connection, m_session);
+    m_errors = std::make_unique<ErrorChip>(*m_ui->errors, m_session);
     connect(m_powerGuard.get(), &PowerGuard::statusMessage, m_status.get(),
             &StatusLine::showMessage);
-    connect(&m_connection, &Connection::failed, m_status.get(), &StatusLine::showFailure);
-    connect(&m_connection, &Connection::lost, m_status.get(), &StatusLine::showLoss);
-    connect(&m_connection, &Connection::attemptStarted, m_status.get(), &StatusLine::forgetFailure);
-    connect(&m_connection, &Connection::attemptStarted, m_status.get(),
-            &StatusLine::forgetInstrument);
-    connect(&m_connection, &Connection::ready, m_status.get(), &StatusLine::forgetFault);
-    m_errors = std::make_unique<ErrorChip>(*m_ui->errors);
-    connect(&m_session, &ScpiSession::errorReported, this, [this](const InstrumentError& error) {
-        m_errors->count();
-        m_status->showInstrumentMessage(errorWords(error));
-    });
-    connect(&m_connection, &Connection::disconnected, m_status.get(),
-            &StatusLine::forgetInstrument);
-    connect(&m_connection, &Connection::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
     connect(&EntryNotice::global(), &EntryNotice::refused, m_status.get(),
             &StatusLine::showMessage);
 }
@@ -210,7 +182,6 @@ void MainWindow::wireConnection()
         [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
     connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
         m_ui->connect->setChecked(isChecked);
-        m_ui->connect->repaint();
     });
     connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
             &QAbstractButton::click);
@@ -219,7 +190,6 @@ void MainWindow::wireConnection()
         InstrumentDisplay::Widgets{*m_ui->device, *m_ui->led, *m_ui->label_329}, *m_about,
         *m_service, m_session, m_connection);
     connect(&m_connection, &Connection::refused, this, &MainWindow::reportError);
-    connect(&m_connection, &Connection::ready, this, &MainWindow::showBounded);
     connect(&m_connection, &Connection::pushed, this, &QWidget::activateWindow);
     connect(&m_connection, &Connection::disconnected, m_powerGuard.get(), &PowerGuard::cancel);
 }
@@ -234,16 +204,11 @@ void MainWindow::wireCwControls()
             &StatusLine::showInstrumentMessage);
     connect(&m_connection, &Connection::disconnected, m_cw.get(), &CwControls::forgetInstrument);
     m_cw->forgetInstrument();
-    m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session);
-    connect(m_cw.get(), &CwControls::outputSent, m_outputDisplay.get(), &OutputDisplay::outputSent);
-    connect(&m_connection, &Connection::disconnected, m_outputDisplay.get(),
-            &OutputDisplay::forgetInstrument);
-    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output);
+    m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session,
+                                                      m_connection, *m_cw);
+    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output, m_connection);
     connect(m_outputOff.get(), &OutputOff::statusMessage, m_status.get(),
             &StatusLine::showInstrumentMessage);
-    // It is checked while there is a connection.
-    connect(&m_connection, &Connection::buttonShouldBe, m_outputOff.get(),
-            &OutputOff::setConnected);
     m_keypad->setPowerGuard(*m_powerGuard);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
@@ -271,43 +236,12 @@ void MainWindow::wireModulation()
 void MainWindow::wireSweep()
 {
     m_list->setPowerGuard(*m_powerGuard);
-    connect(new AcceptedWatch(m_ui->POW), &AcceptedWatch::accepted, &m_list->sweep(),
-            &SweepGroup::followPower);
-    connect(new AcceptedWatch(m_ui->FREQ), &AcceptedWatch::accepted, &m_list->sweep(),
-            &SweepGroup::followFrequency);
-    m_triggers = std::make_unique<TriggerCommands>(m_session, *m_list, *m_modulation->pulse());
-    m_listTransfer = std::make_unique<ListTransfer>(m_session, *m_list, *m_ui->POW);
-    m_sweepCommands = std::make_unique<SweepCommands>(
-        m_session, *m_list, *m_triggers, *m_listTransfer, *m_powerGuard,
-        SweepCommands::CwWidgets{*m_ui->FREQ, *m_ui->POW, {m_ui->key_FREQ, m_ui->key_POW}});
-    m_exclusions = std::make_unique<Exclusions>(
-        Exclusions::Parts{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator,
-                          *m_list, *m_sweepCommands, *m_triggers});
-    connect(m_exclusions.get(), &Exclusions::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
-    connect(m_sweepCommands.get(), &SweepCommands::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
-    connect(&m_connection, &Connection::disconnected, m_sweepCommands.get(),
-            &SweepCommands::connectionLost);
-    connect(m_triggers.get(), &TriggerCommands::refreshWanted, this, qOverload<>(&QWidget::update));
+    m_runs = std::make_unique<Runs>(
+        m_session, m_connection, *m_powerGuard, *m_ui, *m_list,
+        Runs::Others{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator},
+        *m_status);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
-    connect(m_list, &List::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_list, &List::errorMessage, this, &MainWindow::reportError);
-}
-
-void MainWindow::wireRunDisplay()
-{
-    m_runPicture = std::make_unique<RunPicture>(*m_list, *m_ui->POW);
-    m_runPicture->follow(*m_sweepCommands, *m_triggers);
-    m_runDisplay = std::make_unique<RunDisplay>(
-        RunDisplay::Widgets{*m_ui->FREQ, *m_ui->unit_FREQ, *m_ui->POW, *m_ui->unit_POW,
-                            *m_ui->label_Run, *m_ui->run_point, *m_ui->run_progress,
-                            *m_ui->stop_run},
-        *m_list, *m_runPicture, *m_sweepCommands);
-    connect(m_runDisplay.get(), &RunDisplay::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
-    connect(m_runDisplay.get(), &RunDisplay::statusMessageOver, m_status.get(),
-            &StatusLine::forgetMessage);
 }
 
 void MainWindow::wireService()
@@ -319,27 +253,13 @@ void MainWindow::wireService()
             &MainWindow::reportError);
     connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
-    // An instrument that comes to an open panel fills it, as opening it does.
-    connect(&m_connection, &Connection::ready, this, [this] {
-        if (m_ui->service->isChecked())
-            initial_service();
-    });
-    connect(&m_connection, &Connection::disconnected, m_serviceCommands.get(),
-            &ServiceCommands::stopWriting);
-    connect(m_ui->service, &QAbstractButton::toggled, m_serviceCommands.get(), [this](bool isOpen) {
-        if (!isOpen)
-            m_serviceCommands->stopWriting();
-    });
-    connect(&m_connection, &Connection::pollDue, this, [this] {
-        if (m_ui->service->isChecked() && !m_firmwareUpdate->isRunning())
-            m_serviceCommands->readTemperature();
-    });
 }
 
 void MainWindow::wireFirmware()
 {
     m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
         FirmwareUpdate::Parts{m_session, m_connection, m_source->watch()});
+    m_serviceCommands->follow(m_connection, *m_ui->service, *m_firmwareUpdate);
     auto* dialog = new Firmware(this);
     connect(m_about, &Form::updateFirmware, dialog, &QWidget::show);
     connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
@@ -352,77 +272,24 @@ void MainWindow::wireFirmware()
             &FirmwareUpdate::stop);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, this,
             [this] { m_source->endBootloaderSoon(); });
-}
-
-void MainWindow::wireSource()
-{
-    auto* offer = new SimulatorOffer(this);
-    m_ui->status_layout->addWidget(offer);
-    setTabOrder(m_ui->closeWindow, offer);
-    connect(&m_connection, &Connection::attemptStarted, offer, &QWidget::hide);
-    connect(&m_connection, &Connection::nothingFound, offer,
-            [this, offer] { offer->setVisible(!m_source->isSimulated()); });
-    connect(offer, &QAbstractButton::clicked, this, [this] { simulate(true); });
-    // Answered at once: the desktop may end right behind it.
-    connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
-    connect(&m_connection, &Connection::identified, this,
-            [this](const InstrumentIdentity& identity) {
-                if (m_source->isSimulated())
-                    qInfo("Connected to %s, serial %s, firmware %s", qUtf8Printable(identity.model),
-                          qUtf8Printable(identity.serial), qUtf8Printable(identity.firmware));
-            });
+    m_simulator = std::make_unique<SimulatorSwitch>(*m_source, m_connection, *m_firmwareUpdate,
+                                                    *m_ui, *m_menu);
 }
 
 void MainWindow::wireProfiles()
 {
     m_panelProfiles = std::make_unique<PanelProfiles>(
         PanelProfiles::Panels{*this, *m_modulation, *m_generator, *m_list},
-        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard}, *m_cw, *m_ui->ROSC_FREQ);
-    m_panelProfiles->setUsable([this](const QWidget* widget) {
-        return widget == m_ui->closeWindow || widget == m_ui->minimize ||
-               widget == m_ui->stop_run || m_outputOff->isWayOff(widget) ||
-               m_powerGuard->isOfQuestion(widget);
-    });
+        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard}, *m_cw, *m_ui);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Modulation);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Generator);
     openSave_XML_FILE& files = m_panelProfiles->files();
     connect(&files, &openSave_XML_FILE::message, m_status.get(), &StatusLine::showMessage);
     connect(&files, &openSave_XML_FILE::error, this, &MainWindow::reportError);
     m_profiles = new openSaveProfile(files, this);
-    // A profile switches no RF output, connects to nothing, starts no run and opens no panel.
-    for (QWidget* control : std::initializer_list<QWidget*>{
-             m_ui->Output, m_ui->connect, m_ui->open_mod, m_ui->open_list, m_ui->open_gener,
-             m_ui->profiles, m_ui->service, m_service, m_profiles, &m_list->runSweep(),
-             &m_list->runList()})
-        files.store().exclude(control);
+    for (QWidget* panel : std::initializer_list<QWidget*>{m_service, m_profiles})
+        files.store().exclude(panel);
     addPanel(m_profiles, m_ui->profiles, &MainWindow::closeFromProfiles);
-}
-
-void MainWindow::simulate(bool isSimulated)
-{
-    m_firmwareUpdate->stop();
-    m_connection.leave();
-    m_source->simulate(isSimulated);
-    showSource();
-    connectAtStart();
-}
-
-void MainWindow::showSource()
-{
-    m_ui->label_simulated->setVisible(m_source->isSimulated());
-    m_menu->showSimulated(m_source->isSimulated());
-}
-
-/// Sweep and list may have been set for an instrument of other limits.
-void MainWindow::showBounded()
-{
-    const int count = m_list->boundByLimits();
-    if (count > 0)
-        m_status->addInstrumentMessage(
-            count == 1
-                ? tr("One value of sweep and list was bounded by the limits of the instrument")
-                : tr("%n values of sweep and list were bounded by the limits of the instrument",
-                     nullptr, count));
 }
 
 void MainWindow::refreshPanel(QWidget* panel)
@@ -456,7 +323,7 @@ void MainWindow::retranslate()
 {
     m_instrument->retranslate();
     m_cw->retranslate();
-    m_runDisplay->retranslate();
+    m_runs->retranslate();
     m_status->retranslate();
     m_errors->retranslate();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/program_settings.h"
+#include "app/runs.h"
 #include "app/side_panels.h"
 #include "app/start_options.h"
 #include "connection/connection.h"
@@ -18,7 +19,6 @@
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
-#include "sweep/sweep_commands.h"
 #include "ui/look.h"
 
 #include <QMainWindow>
@@ -27,22 +27,18 @@
 
 class ErrorChip;
 class EscapeOrder;
-class Exclusions;
 class FirmwareUpdate;
 class Form;
 class InstrumentDisplay;
 class InstrumentSource;
 class Keypad;
-class ListTransfer;
 class OutputDisplay;
 class OutputOff;
 class PanelProfiles;
 class PowerGuard;
 class PowerMode;
-class RunDisplay;
-class RunPicture;
+class SimulatorSwitch;
 class StatusLine;
-class TriggerCommands;
 class WindowMenu;
 
 namespace Ui
@@ -103,8 +99,8 @@ public slots:
     void initial_service() { m_serviceCommands->initial_service(); }
     void update_Modulation() { m_modulationCommands->update_Modulation(); }
     void update_Generator() { m_lfGenerator->update_Generator(); }
-    void CommandSweep() { m_sweepCommands->CommandSweep(); }
-    void CommandList() { m_sweepCommands->CommandList(); }
+    void CommandSweep() { m_runs->commands().CommandSweep(); }
+    void CommandList() { m_runs->commands().CommandList(); }
     void toHelp();
 
 signals:
@@ -128,16 +124,10 @@ private:
     void wireCwControls();
     void wireModulation();
     void wireSweep();
-    void wireRunDisplay();
     void wireService();
     void wireFirmware();
-    void wireSource();
     void wireProfiles();
 
-    void connectAtStart();
-    void simulate(bool isSimulated);
-    void showSource();
-    void showBounded();
     void refreshPanel(QWidget* panel);
     void reportError(const QString& message);
     void retranslate();
@@ -160,14 +150,10 @@ private:
     std::unique_ptr<PowerMode> m_powerMode;
     std::unique_ptr<ModulationCommands> m_modulationCommands;
     std::unique_ptr<LfGeneratorCommands> m_lfGenerator;
-    std::unique_ptr<ListTransfer> m_listTransfer;
-    std::unique_ptr<TriggerCommands> m_triggers;
-    std::unique_ptr<SweepCommands> m_sweepCommands;
-    std::unique_ptr<RunPicture> m_runPicture;
-    std::unique_ptr<RunDisplay> m_runDisplay;
-    std::unique_ptr<Exclusions> m_exclusions;
+    std::unique_ptr<Runs> m_runs;
     std::unique_ptr<ServiceCommands> m_serviceCommands;
     std::unique_ptr<FirmwareUpdate> m_firmwareUpdate;
+    std::unique_ptr<SimulatorSwitch> m_simulator;
     std::unique_ptr<StatusLine> m_status;
     std::unique_ptr<ErrorChip> m_errors;
     std::unique_ptr<InstrumentDisplay> m_instrument;

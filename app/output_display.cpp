@@ -1,12 +1,17 @@
 #include "app/output_display.h"
 
+#include "connection/connection.h"
 #include "link/scpi_session.h"
+#include "panel/cw_controls.h"
 
 #include <QAbstractButton>
 
-OutputDisplay::OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session)
+OutputDisplay::OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session,
+                             const Connection& connection, const CwControls& cw)
     : m_button(button), m_lamp(lamp), m_session(session)
 {
+    connect(&cw, &CwControls::outputSent, this, &OutputDisplay::outputSent);
+    connect(&connection, &Connection::disconnected, this, &OutputDisplay::forgetInstrument);
     outputSent();
 }
 

@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class Connection;
+class CwControls;
 class QAbstractButton;
 class QWidget;
 class ScpiSession;
@@ -14,16 +16,16 @@ class OutputDisplay : public QObject
 
 public:
     /// `lamp` is lit by being enabled.
-    OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session);
+    OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session,
+                  const Connection& connection, const CwControls& cw);
 
-public slots:
+private:
     /// The instrument has been told what the button says.
     void outputSent();
     /// Only an instrument that had been connected takes the button with it: a hand that has
     /// switched on beforehand means the next one.
     void forgetInstrument(bool wasConnected);
 
-private:
     QAbstractButton& m_button;
     QWidget& m_lamp;
     const ScpiSession& m_session;

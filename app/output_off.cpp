@@ -1,20 +1,19 @@
 #include "app/output_off.h"
 
+#include "connection/connection.h"
 #include "ui/state_button.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 
-OutputOff::OutputOff(StateButton& output) : m_output(output)
+OutputOff::OutputOff(StateButton& output, const Connection& connection) : m_output(output)
 {
     qApp->installEventFilter(this);
     connect(&output, &QAbstractButton::toggled, this, &OutputOff::followOutput);
     followOutput(output.isChecked());
-}
-
-bool OutputOff::isWayOff(const QWidget* widget) const
-{
-    return widget == &m_output && m_output.isChecked();
+    // The connect button is checked while there is a connection.
+    connect(&connection, &Connection::buttonShouldBe, this,
+            [this](bool isConnected) { m_isConnected = isConnected; });
 }
 
 /// A field that loses the focus to the click would commit itself, and that may take its time.

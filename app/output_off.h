@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class Connection;
 class QKeyEvent;
 class QWidget;
 class StateButton;
@@ -15,14 +16,7 @@ class OutputOff : public QObject
 
 public:
     /// `output` is checked while the RF output is on, and outlives this.
-    explicit OutputOff(StateButton& output);
-
-    /// Whether a click on the widget would switch the RF output off.
-    bool isWayOff(const QWidget* widget) const;
-
-    /// Without an instrument the key does not switch on: it is pressed in haste, and the button may
-    /// have been let go with a connection that has just broken.
-    void setConnected(bool isConnected) { m_isConnected = isConnected; }
+    OutputOff(StateButton& output, const Connection& connection);
 
 signals:
     /// The key was pressed, and there was no instrument to be switched off.
@@ -36,5 +30,7 @@ private:
     bool isOutputKey(const QKeyEvent& key) const;
 
     StateButton& m_output;
+    /// Without an instrument the key does not switch on: it is pressed in haste, and the button may
+    /// have been let go with a connection that has just broken.
     bool m_isConnected = false;
 };

@@ -16,6 +16,7 @@
 #include "sweep/sweep_group.h"
 #include "ui/files/user_folder.h"
 #include "ui/progress_bar_for_table.h"
+#include "ui_mainwindow.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -53,8 +54,8 @@ SharedVariable numberVariable(const QString& name, QString& text)
 } // namespace
 
 PanelProfiles::PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
-                             QLineEdit& referenceEntry)
-    : m_panels(panels), m_instrument(instrument), m_cw(cw), m_referenceEntry(referenceEntry),
+                             const Ui::MainWindow& form)
+    : m_panels(panels), m_instrument(instrument), m_cw(cw), m_form(form),
       m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), &panels.window))
 {
     registerPanels();
@@ -106,7 +107,7 @@ QString PanelProfiles::fieldText(const QLineEdit& field) const
             return isEdited(&field) ? time->acceptedTextUs() : time->textUs();
     }
     // The entry is open only while a frequency is being typed.
-    if (&field == &m_referenceEntry)
+    if (&field == m_form.ROSC_FREQ)
         return m_cw.externalReferenceMHz();
     return isEdited(&field) ? acceptedText(&field) : field.text();
 }
@@ -123,8 +124,16 @@ void PanelProfiles::settle()
     }
     m_panels.modulation.usePulseMicroseconds();
     // The entry is open only while a frequency is being typed.
-    if (m_referenceEntry.isHidden())
-        showAccepted(&m_referenceEntry, m_cw.externalReferenceMHz());
+    if (m_form.ROSC_FREQ->isHidden())
+        showAccepted(m_form.ROSC_FREQ, m_cw.externalReferenceMHz());
+}
+
+/// While a profile is replayed: what ends something.
+bool PanelProfiles::isUsable(const QWidget* widget) const
+{
+    return widget == m_form.closeWindow || widget == m_form.minimize || widget == m_form.stop_run ||
+           (widget == m_form.Output && m_form.Output->isChecked()) ||
+           m_instrument.powerGuard.isOfQuestion(widget);
 }
 
 void PanelProfiles::setBusy(bool isBusy)
@@ -133,7 +142,7 @@ void PanelProfiles::setBusy(bool isBusy)
         // A run keeps the front panel for itself.
         if (m_panels.list.isRunning())
             m_panels.list.autoOff();
-        m_guard.emplace(m_isUsable);
+        m_guard.emplace([this](const QWidget* widget) { return isUsable(widget); });
     } else {
         m_guard.reset();
     }
@@ -145,6 +154,11 @@ void PanelProfiles::registerPanels()
     for (QWidget* panel : std::initializer_list<QWidget*>{&m_panels.window, &m_panels.modulation,
                                                           &m_panels.lfGenerator, &m_panels.list})
         store.addPanel(panel);
+    // A profile switches no RF output, connects to nothing, starts no run and opens no panel.
+    for (QWidget* control : std::initializer_list<QWidget*>{
+             m_form.Output, m_form.connect, m_form.open_mod, m_form.open_list, m_form.open_gener,
+             m_form.profiles, m_form.service, &m_panels.list.runSweep(), &m_panels.list.runList()})
+        store.exclude(control);
     // Entered before the width, the period would give way to one that is still the old one.
     store.putBehind(m_panels.modulation.pulseWidth().field(),
                     m_panels.modulation.pulsePeriod().field());

@@ -15,8 +15,14 @@ class List;
 class Modulat;
 class PowerGuard;
 class QLineEdit;
+class QWidget;
 class ScpiSession;
 class generator;
+
+namespace Ui
+{
+class MainWindow;
+}
 
 /// What a profile holds of this program, and what goes on around saving and applying one. Reads and
 /// writes no file itself, and sends nothing.
@@ -39,14 +45,12 @@ public:
         PowerGuard& powerGuard;
     };
 
+    /// `form` is the window's.
     PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
-                  QLineEdit& referenceEntry);
+                  const Ui::MainWindow& form);
 
-    /// Where controls are excluded, and where it is said what came of a file.
+    /// Where panels are excluded, and where it is said what came of a file.
     openSave_XML_FILE& files() { return *m_files; }
-
-    /// Of the widgets that can be used while a profile is replayed; at first none can.
-    void setUsable(const InputBlock::IsExempt& isUsable) { m_isUsable = isUsable; }
 
     /// Applies the file, or what the last run has kept if there is none. From now on the end of the
     /// program keeps the state; after a clean start nothing is taken over and nothing kept.
@@ -70,6 +74,7 @@ private:
     QString refusal() const;
     QString fieldText(const QLineEdit& field) const;
     void settle();
+    bool isUsable(const QWidget* widget) const;
     void setBusy(bool isBusy);
     void registerPanels();
     void registerWaits();
@@ -79,8 +84,7 @@ private:
     Panels m_panels;
     Instrument m_instrument;
     CwControls& m_cw;
-    QLineEdit& m_referenceEntry;
-    InputBlock::IsExempt m_isUsable = [](const QWidget*) { return false; };
+    const Ui::MainWindow& m_form;
     openSave_XML_FILE* m_files;
     std::optional<ReplayGuard> m_guard;
     bool m_isConnecting = false;

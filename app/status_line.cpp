@@ -1,5 +1,8 @@
 #include "app/status_line.h"
 
+#include "connection/connection.h"
+#include "link/scpi_session.h"
+
 #include <QLabel>
 #include <QVariant>
 
@@ -34,6 +37,19 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
             m_sincePainted.start();
         }
     });
+}
+
+void StatusLine::follow(const Connection& connection, const ScpiSession& session)
+{
+    connect(&connection, &Connection::failed, this, &StatusLine::showFailure);
+    connect(&connection, &Connection::lost, this, &StatusLine::showLoss);
+    connect(&connection, &Connection::attemptStarted, this, &StatusLine::forgetFailure);
+    connect(&connection, &Connection::attemptStarted, this, &StatusLine::forgetInstrument);
+    connect(&connection, &Connection::ready, this, &StatusLine::forgetFault);
+    connect(&connection, &Connection::disconnected, this, &StatusLine::forgetInstrument);
+    connect(&connection, &Connection::statusMessage, this, &StatusLine::showInstrumentMessage);
+    connect(&session, &ScpiSession::errorReported, this,
+            [this](const InstrumentError& error) { showInstrumentMessage(errorWords(error)); });
 }
 
 void StatusLine::showMessage(const QString& message)

@@ -6,7 +6,9 @@
 #include <QObject>
 #include <QTimer>
 
+class Connection;
 class QLabel;
+class ScpiSession;
 
 /// The line at the foot of the window: what is going on; else why there is no connection; else, for
 /// a few seconds, what is to be read once. Owns the texts, not the label.
@@ -16,6 +18,9 @@ class StatusLine : public QObject
 
 public:
     explicit StatusLine(QLabel& label, QObject* parent = nullptr);
+
+    /// Says what becomes of the connection, and which errors the instrument reports.
+    void follow(const Connection& connection, const ScpiSession& session);
 
     /// In the present language.
     void retranslate() { refresh(); }

@@ -1,6 +1,7 @@
 #include "service/service_commands.h"
 
 #include "link/activity.h"
+#include "connection/connection.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
@@ -9,6 +10,7 @@
 #include "panel/unit_key_filter.h"
 #include "service/calibration_table.h"
 #include "service/calibration_text.h"
+#include "service/firmware_update.h"
 #include "service/service_panel.h"
 #include "ui/busy_cursor.h"
 #include "ui/files/file_questions.h"
@@ -48,6 +50,24 @@ ServiceCommands::ServiceCommands(ScpiSession& session, service& panel, QObject* 
     connect(&panel.openBackup(), &QPushButton::clicked, this, &ServiceCommands::openBackup);
     connect(&panel.referenceDac(), &QLineEdit::returnPressed, this,
             &ServiceCommands::on_REF_OSC_returnPressed);
+}
+
+void ServiceCommands::follow(const Connection& connection, const QAbstractButton& toggle,
+                             const FirmwareUpdate& update)
+{
+    connect(&connection, &Connection::ready, this, [this, &toggle] {
+        if (toggle.isChecked())
+            initial_service();
+    });
+    connect(&connection, &Connection::pollDue, this, [this, &toggle, &update] {
+        if (toggle.isChecked() && !update.isRunning())
+            readTemperature();
+    });
+    connect(&connection, &Connection::disconnected, this, &ServiceCommands::stopWriting);
+    connect(&toggle, &QAbstractButton::toggled, this, [this](bool isOpen) {
+        if (!isOpen)
+            stopWriting();
+    });
 }
 
 void ServiceCommands::initial_service()

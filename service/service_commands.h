@@ -3,6 +3,9 @@
 #include <QObject>
 #include <QStringList>
 
+class Connection;
+class FirmwareUpdate;
+class QAbstractButton;
 class ScpiSession;
 class service;
 
@@ -14,6 +17,12 @@ class ServiceCommands : public QObject
 
 public:
     ServiceCommands(ScpiSession& session, service& panel, QObject* parent = nullptr);
+
+    /// Fills the panel for an instrument that comes while it is open, as opening it does, reads the
+    /// temperature whenever that is due, and ends a writing with the panel or the connection.
+    /// `toggle` is checked while the panel is open.
+    void follow(const Connection& connection, const QAbstractButton& toggle,
+                const FirmwareUpdate& update);
 
     void readDac();
     void readTemperature();

@@ -1255,18 +1255,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Ошибки прибора</translation>
     </message>
     <message>
-        <source>One value of sweep and list was bounded by the limits of the instrument</source>
-        <translation>Одно значение качания и списка ограничено пределами прибора</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n values of sweep and list were bounded by the limits of the instrument</source>
-        <translation>
-            <numerusform>%n значение качания и списка ограничено пределами прибора</numerusform>
-            <numerusform>%n значения качания и списка ограничены пределами прибора</numerusform>
-            <numerusform>%n значений качания и списка ограничены пределами прибора</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>The instrument is simulated: nothing real is switched or measured</source>
         <translation>Прибор имитируется: на самом деле ничего не включается и не измеряется</translation>
     </message>
@@ -1876,6 +1864,21 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>%1 of %2</source>
         <translation>%1 из %2</translation>
+    </message>
+</context>
+<context>
+    <name>Runs</name>
+    <message>
+        <source>One value of sweep and list was bounded by the limits of the instrument</source>
+        <translation>Одно значение качания и списка ограничено пределами прибора</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values of sweep and list were bounded by the limits of the instrument</source>
+        <translation>
+            <numerusform>%n значение качания и списка ограничено пределами прибора</numerusform>
+            <numerusform>%n значения качания и списка ограничены пределами прибора</numerusform>
+            <numerusform>%n значений качания и списка ограничены пределами прибора</numerusform>
+        </translation>
     </message>
 </context>
 <context>
