@@ -14,7 +14,7 @@
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
-#include "panel/cw_controls.h"
+#include "cw/cw_controls.h"
 #include "profiles/open_save_profile.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"

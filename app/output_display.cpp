@@ -2,7 +2,7 @@
 
 #include "connection/connection.h"
 #include "link/scpi_session.h"
-#include "panel/cw_controls.h"
+#include "cw/cw_controls.h"
 
 #include <QAbstractButton>
 

@@ -1,7 +1,7 @@
 #include "app/power_ceiling.h"
 
 #include "numbers/number_text.h"
-#include "panel/numeric_field.h"
+#include "fields/numeric_field.h"
 #include "ui/describe.h"
 
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 #include "app/status_line.h"
 #include "connection/connection.h"
 #include "modulation/modulat.h"
-#include "panel/accepted_watch.h"
+#include "fields/accepted_watch.h"
 #include "sweep/list_panel.h"
 #include "sweep/sweep_group.h"
 #include "ui_mainwindow.h"

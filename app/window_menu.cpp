@@ -1,7 +1,7 @@
 #include "app/window_menu.h"
 
 #include "app/power_ceiling.h"
-#include "panel/power_guard.h"
+#include "fields/power_guard.h"
 #include "ui/look.h"
 
 #include <QActionGroup>

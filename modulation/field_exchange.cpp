@@ -3,9 +3,9 @@
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "numbers/unit_keys.h"
-#include "panel/clamp_field.h"
-#include "panel/numeric_field.h"
-#include "panel/unit_key_filter.h"
+#include "fields/clamp_field.h"
+#include "fields/numeric_field.h"
+#include "fields/unit_key_filter.h"
 
 #include <QLineEdit>
 

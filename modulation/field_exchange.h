@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/instrument_limits.h"
-#include "panel/entry_notice.h"
+#include "fields/entry_notice.h"
 
 #include <QString>
 

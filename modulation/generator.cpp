@@ -3,8 +3,8 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
-#include "panel/numeric_field.h"
-#include "panel/unit_key_filter.h"
+#include "fields/numeric_field.h"
+#include "fields/unit_key_filter.h"
 #include "ui/describe.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #include "modulation/modulat.h"
 
-#include "panel/unit_key_filter.h"
+#include "fields/unit_key_filter.h"
 
 #include <QBoxLayout>
 #include <QLabel>

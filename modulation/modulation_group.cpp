@@ -3,7 +3,7 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
-#include "panel/numeric_field.h"
+#include "fields/numeric_field.h"
 #include "ui/describe.h"
 
 #include <QBoxLayout>

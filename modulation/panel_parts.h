@@ -1,7 +1,7 @@
 #pragma once
 
 #include "modulation/waveform.h"
-#include "panel/describe.h"
+#include "fields/describe.h"
 
 #include <QStringList>
 

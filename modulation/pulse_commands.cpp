@@ -8,7 +8,7 @@
 #include "modulation/settling.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
-#include "panel/entry_notice.h"
+#include "fields/entry_notice.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -3,8 +3,8 @@
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
 #include "numbers/unit_keys.h"
-#include "panel/numeric_field.h"
-#include "panel/unit_key_filter.h"
+#include "fields/numeric_field.h"
+#include "fields/unit_key_filter.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>

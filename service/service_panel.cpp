@@ -1,8 +1,8 @@
 #include "service/service_panel.h"
 
-#include "panel/describe.h"
-#include "panel/numeric_field.h"
-#include "panel/unit_key_filter.h"
+#include "fields/describe.h"
+#include "fields/numeric_field.h"
+#include "fields/unit_key_filter.h"
 #include "service/calibration_table.h"
 #include "ui/describe.h"
 #include "ui/instrument_text.h"

@@ -1,7 +1,7 @@
 #include "sweep/list_panel.h"
 
 #include "numbers/number_text.h"
-#include "panel/power_guard.h"
+#include "fields/power_guard.h"
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"

@@ -1,7 +1,7 @@
 #include "sweep/point_delegate.h"
 
-#include "panel/numeric_field.h"
-#include "panel/unit_key_filter.h"
+#include "fields/numeric_field.h"
+#include "fields/unit_key_filter.h"
 #include "sweep/point_table.h"
 
 #include <QLineEdit>

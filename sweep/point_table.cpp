@@ -2,8 +2,8 @@
 
 #include "link/instrument_limits.h"
 #include "numbers/number_text.h"
-#include "panel/clamp_field.h"
-#include "panel/power_guard.h"
+#include "fields/clamp_field.h"
+#include "fields/power_guard.h"
 #include "sweep/point_delegate.h"
 #include "ui/progress_bar_for_table.h"
 

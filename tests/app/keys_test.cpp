@@ -1,6 +1,6 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
-#include "panel/keypad.h"
+#include "fields/keypad/keypad.h"
 #include "service/about_box.h"
 #include "tests/support/panel_rig.h"
 #include "ui/theme.h"

@@ -4,8 +4,8 @@
 #include "ui/files/user_folder.h"
 
 #include "app/side_panels.h"
-#include "panel/keypad.h"
-#include "panel/unit_key_filter.h"
+#include "fields/keypad/keypad.h"
+#include "fields/unit_key_filter.h"
 #include "service/about_box.h"
 #include "ui/error_box.h"
 

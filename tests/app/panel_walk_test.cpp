@@ -4,7 +4,7 @@
 #include "connection/gui_list_klv.h"
 #include "link/instrument_limits.h"
 #include "modulation/fold_box.h"
-#include "panel/keypad.h"
+#include "fields/keypad/keypad.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "tests/support/documents_folder.h"

@@ -1,5 +1,5 @@
 #include "link/instrument_limits.h"
-#include "panel/wgt_mode_pow.h"
+#include "cw/wgt_mode_pow.h"
 #include "tests/support/panel_rig.h"
 
 #include <QAction>

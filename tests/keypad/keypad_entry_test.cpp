@@ -2,7 +2,7 @@
 
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
-#include "panel/unit_key_filter.h"
+#include "fields/unit_key_filter.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "panel/keypad.h"
+#include "fields/keypad/keypad.h"
 #include "tests/support/quantities.h"
 
 #include <QLineEdit>

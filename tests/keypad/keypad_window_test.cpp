@@ -1,6 +1,6 @@
 #include "tests/keypad/keypad_rig.h"
 
-#include "panel/keypad_place.h"
+#include "fields/keypad/keypad_place.h"
 #include "ui/language.h"
 #include "ui/theme.h"
 

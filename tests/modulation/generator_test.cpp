@@ -1,6 +1,6 @@
 #include "modulation/generator.h"
 #include "modulation/waveform_picture.h"
-#include "panel/numeric_field.h"
+#include "fields/numeric_field.h"
 
 #include <QLabel>
 #include <QLineEdit>

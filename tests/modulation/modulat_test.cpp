@@ -1,5 +1,5 @@
 #include "modulation/modulat.h"
-#include "panel/numeric_field.h"
+#include "fields/numeric_field.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "panel/unit_key_filter.h"
+#include "fields/unit_key_filter.h"
 #include "tests/modulation/modulation_rig.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "modulation/pulse_time.h"
 #include "numbers/step_table.h"
-#include "panel/unit_key_filter.h"
+#include "fields/unit_key_filter.h"
 
 #include <QLineEdit>
 #include <QPushButton>

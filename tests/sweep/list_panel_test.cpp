@@ -1,5 +1,5 @@
 #include "link/instrument_limits.h"
-#include "panel/numeric_field.h"
+#include "fields/numeric_field.h"
 #include "sweep/sweep_group.h"
 #include "tests/sweep/list_bench.h"
 

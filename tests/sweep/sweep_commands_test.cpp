@@ -1,5 +1,5 @@
 #include "link/pause.h"
-#include "panel/entry_notice.h"
+#include "fields/entry_notice.h"
 #include "tests/sweep/sweep_rig.h"
 
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "link/scpi_session.h"
-#include "panel/numeric_field.h"
-#include "panel/power_guard.h"
-#include "panel/unit_key_filter.h"
+#include "fields/numeric_field.h"
+#include "fields/power_guard.h"
+#include "fields/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/point_table.h"

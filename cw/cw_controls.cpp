@@ -1,0 +1,366 @@
+#include "cw/cw_controls.h"
+
+#include "link/instrument_limits.h"
+#include "link/scpi_session.h"
+#include "numbers/number_text.h"
+#include "fields/clamp_field.h"
+#include "fields/entry_notice.h"
+#include "fields/numeric_field.h"
+#include "fields/power_guard.h"
+#include "fields/unit_key_filter.h"
+
+#include <QAbstractButton>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+namespace
+{
+// In characters, blanks and unit letters included.
+constexpr int longestFrequency = 24;
+constexpr int longestPower = 8;
+constexpr int longestReference = 5;
+
+/// Of the lamp of the external reference; the style sheet shows it.
+constexpr char unlockedProperty[] = "unlocked";
+
+const QString outputOnCommand = QStringLiteral("OUTPut ON");
+const QString outputOffCommand = QStringLiteral("OUTPut OFF");
+const QString externalSourceCommand = QStringLiteral("ROSCillator:SOURce EXTernal");
+const QString internalSourceCommand = QStringLiteral("ROSCillator:SOURce INTernal");
+const QString externalFrequencyCommand = QStringLiteral("ROSC:EXT:FREQ %1 MHZ");
+const QString externalFrequencyQuery = QStringLiteral("ROSC:EXT:FREQ?");
+
+/// The focus went to another control, not to a menu or another window from which it comes back.
+bool isGoneForGood(const QEvent& focusOut)
+{
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(focusOut).reason();
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
+/// What is no number gives way to what was accepted, which the instrument has not been given: the
+/// field stays marked.
+bool hasNumberToPush(QLineEdit& field)
+{
+    if (takeNumber(&field))
+        return true;
+    setEdited(&field, true);
+    return false;
+}
+
+/// Marks the text as what was set, with the cursor at its end and nothing selected.
+void selectAndDeselect(QLineEdit& field)
+{
+    field.selectAll();
+    field.deselect();
+}
+} // namespace
+
+CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, PowerGuard& guard,
+                       const Widgets& widgets, QObject* parent)
+    : QObject(parent), m_session(session), m_limits(limits), m_guard(guard), m_ui(widgets)
+{
+    setUpFields();
+    holdCeiling();
+    connect(&m_guard, &PowerGuard::ceilingChanged, this, &CwControls::holdCeiling);
+    connect(&m_ui.reference, &QAbstractButton::toggled, this, &CwControls::animateSwitchRoscButton);
+    animateSwitchRoscButton(isRoscExt());
+    connect(&m_session, &ScpiSession::referenceUnlockSeen, this, &CwControls::showUnlockRosc);
+    connect(&m_session, &ScpiSession::referenceUnlockGone, this, &CwControls::hideUnlockRosc);
+}
+
+void CwControls::setUpFields()
+{
+    setUpNumericField(&m_ui.frequency, Quantity::Frequency);
+    setUpNumericField(&m_ui.power, Quantity::Power);
+    setUpNumericField(&m_ui.referenceEntry, Quantity::ExternalReference);
+    m_ui.frequency.setMaxLength(longestFrequency);
+    m_ui.power.setMaxLength(longestPower);
+    m_ui.referenceEntry.setMaxLength(longestReference);
+    m_ui.referenceEntry.installEventFilter(this);
+    connect(&m_ui.frequency, &QLineEdit::editingFinished, this,
+            &CwControls::on_FREQ_editingFinished);
+    connect(&m_ui.power, &QLineEdit::editingFinished, this, &CwControls::on_POW_editingFinished);
+    connect(&m_ui.referenceEntry, &QLineEdit::editingFinished, this,
+            &CwControls::RoscFreq_editingFinished);
+    connect(&m_ui.referenceEntry, &QLineEdit::textEdited, this, &CwControls::slotSetTextButtonRosc);
+}
+
+void CwControls::on_FREQ_editingFinished()
+{
+    QLineEdit& field = m_ui.frequency;
+    if (!takeNumber(&field))
+        return;
+    clampField(m_limits, &field);
+    selectAndDeselect(field);
+    showAccepted(&field, field.text());
+    if (!m_session.isConnected())
+        return;
+    showAnswer(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
+                                                FieldKind::Frequency));
+    m_session.checkErrors();
+}
+
+void CwControls::on_POW_editingFinished()
+{
+    QLineEdit& field = m_ui.power;
+    if (!takeNumber(&field))
+        return;
+    m_guard.bound(&field);
+    const QString wanted = field.text();
+    const double wantedDbm = toNumber(wanted);
+    const double fromDbm =
+        m_guard.riseStart(toNumber(acceptedText(&field)), wantedDbm, isBeingStepped(&field));
+    const auto raise = [this, wanted] {
+        m_ui.power.setText(wanted);
+        sendPower();
+    };
+    // Until it is answered, the field says what the output has.
+    if (m_guard.ask(fromDbm, wantedDbm, raise))
+        showAccepted(&field, acceptedText(&field));
+    else
+        sendPower();
+}
+
+void CwControls::pushPower()
+{
+    QLineEdit& field = m_ui.power;
+    if (!hasNumberToPush(field))
+        return;
+    m_guard.bound(&field);
+    if (m_guard.wouldAsk(toNumber(acceptedText(&field)), toNumber(field.text())))
+        showAccepted(&field, m_guard.bounded(acceptedText(&field)));
+    sendPower();
+}
+
+/// A level that is above goes down at once, and is never raised again when there is more room. In a
+/// run it is what the instrument comes back to.
+void CwControls::holdCeiling()
+{
+    QLineEdit& field = m_ui.power;
+    const QString accepted = acceptedText(&field);
+    const QString bounded = m_guard.bounded(accepted);
+    if (bounded == accepted)
+        return;
+    showAccepted(&field, bounded);
+    if (field.isEnabled())
+        sendPower();
+}
+
+void CwControls::sendPower()
+{
+    QLineEdit& field = m_ui.power;
+    showAccepted(&field, field.text());
+    if (!m_session.isConnected())
+        return;
+    showAnswer(&field,
+               m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
+    m_session.checkErrors();
+}
+
+void CwControls::pushFrequency()
+{
+    if (hasNumberToPush(m_ui.frequency))
+        on_FREQ_editingFinished();
+}
+
+void CwControls::on_Output_clicked()
+{
+    leaveUnreadable(m_ui.frequency);
+    leaveUnreadable(m_ui.power);
+    if (m_session.isConnected())
+        pushOutput();
+    else if (m_ui.output.isChecked())
+        emit statusMessage(tr("No instrument is connected: RF goes on when one is"));
+    else
+        emit statusMessage(tr("No instrument is connected: nothing was switched off"));
+}
+
+/// A field that holds no number: by a key, or by a click that does not take the focus, it is not
+/// left by itself. While RF is switched off, typing goes on.
+void CwControls::leaveUnreadable(QLineEdit& field)
+{
+    const bool isOn = m_ui.output.isChecked();
+    if (readsAsNumber(field.text(), numericField(&field)->kind) || acceptedText(&field).isEmpty() ||
+        (field.hasFocus() && !isOn))
+        return;
+    if (field.hasFocus())
+        m_ui.output.setFocus();
+    takeNumber(&field);
+}
+
+void CwControls::pushOutput()
+{
+    if (!m_session.isConnected())
+        return;
+    if (m_ui.output.isChecked())
+        m_session.writeChecked(outputOnCommand);
+    else
+        m_session.switchOffChecked(outputOffCommand);
+    emit outputSent();
+}
+
+void CwControls::animateSwitchRoscButton(bool isExternal)
+{
+    m_ui.externalIndicator.setEnabled(isExternal);
+}
+
+bool CwControls::isRoscExt() const
+{
+    return m_ui.reference.isChecked();
+}
+
+void CwControls::on_ROSC_clicked()
+{
+    closeReferenceEntry();
+    if (isRoscExt())
+        captionReference(m_externalReferenceMHz);
+    pushReferenceSource();
+    pushExternalReference();
+}
+
+void CwControls::pushReferenceSource()
+{
+    if (m_session.isConnected())
+        m_session.writeChecked(isRoscExt() ? externalSourceCommand : internalSourceCommand);
+}
+
+void CwControls::pushExternalReference()
+{
+    if (isRoscExt())
+        sendExternalReference();
+}
+
+void CwControls::sendExternalReference()
+{
+    const QString captioned = captionedReferenceMHz();
+    if (readsAsNumber(captioned)) {
+        const Range& range = m_limits[Quantity::ExternalReference];
+        qint64 frequencyMHz = toWholeNumber(captioned);
+        if (range.isKnown())
+            frequencyMHz = qMax(qMin(frequencyMHz, qint64(range.max)), qint64(range.min));
+        if (m_session.isConnected()) {
+            m_session.write(externalFrequencyCommand.arg(frequencyMHz));
+            const QString reply = m_session.read(externalFrequencyQuery);
+            if (!m_session.lastFailed())
+                m_externalReferenceMHz = displayText(reply, FieldKind::ExternalReference);
+            m_session.checkErrors();
+        } else {
+            m_externalReferenceMHz = QString::number(frequencyMHz);
+        }
+    }
+    if (m_ui.referenceEntry.isHidden() && isRoscExt())
+        captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::setExternalReferenceMHz(const QString& frequencyMHz)
+{
+    m_externalReferenceMHz = frequencyMHz;
+    captionReference(frequencyMHz);
+}
+
+void CwControls::openReferenceEntry()
+{
+    if (m_ui.referenceEntry.isVisible()) {
+        cancelReferenceEntry();
+        return;
+    }
+    showAccepted(&m_ui.referenceEntry, m_externalReferenceMHz);
+    m_ui.referenceEntry.show();
+    m_ui.referenceEntry.setFocus();
+    m_ui.referenceEntry.selectAll();
+}
+
+void CwControls::closeReferenceEntry()
+{
+    // Losing the focus by being hidden would commit the entry a second time.
+    const QSignalBlocker silent(m_ui.referenceEntry);
+    const bool hadFocus = m_ui.referenceEntry.hasFocus();
+    m_ui.referenceEntry.hide();
+    if (hadFocus)
+        m_ui.reference.setFocus();
+}
+
+void CwControls::forgetInstrument()
+{
+    closeReferenceEntry();
+    hideUnlockRosc();
+}
+
+void CwControls::cancelReferenceEntry()
+{
+    closeReferenceEntry();
+    captionReference(m_externalReferenceMHz);
+}
+
+/// The entry goes with Escape, and when it is left as it was opened.
+bool CwControls::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isEscape = event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    const bool isLeft = event->type() == QEvent::FocusOut && isGoneForGood(*event) &&
+                        m_ui.referenceEntry.isVisible() &&
+                        m_ui.referenceEntry.text() == acceptedText(&m_ui.referenceEntry);
+    if (!isEscape && !isLeft)
+        return QObject::eventFilter(watched, event);
+    cancelReferenceEntry();
+    return true;
+}
+
+void CwControls::slotSetTextButtonRosc(const QString& typedMHz)
+{
+    captionReference(typedMHz);
+}
+
+void CwControls::RoscFreq_editingFinished()
+{
+    const QString typedMHz = withoutBlanks(m_ui.referenceEntry.text());
+    closeReferenceEntry();
+    if (typedMHz.isEmpty()) {
+        captionReference(m_externalReferenceMHz);
+        return;
+    }
+    captionReference(typedMHz);
+    sendExternalReference();
+    if (!m_session.isConnected())
+        captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::captionReference(const QString& frequencyMHz)
+{
+    m_ui.reference.setText(frequencyMHz.isEmpty() ? QString() : frequencyMHz + tr(" MHz"));
+}
+
+/// The frequency on the reference button, without its unit.
+QString CwControls::captionedReferenceMHz() const
+{
+    QString caption = m_ui.reference.text();
+    const QString unit = tr(" MHz");
+    if (caption.endsWith(unit))
+        caption.chop(unit.size());
+    return withoutBlanks(caption);
+}
+
+void CwControls::retranslate()
+{
+    // Blank while not locked, and the user's own while being typed.
+    if (!m_ui.reference.text().isEmpty() && m_ui.referenceEntry.isHidden())
+        captionReference(m_externalReferenceMHz);
+}
+
+void CwControls::showUnlockRosc()
+{
+    m_ui.reference.setText(QString());
+    m_ui.externalIndicator.setProperty(unlockedProperty, isRoscExt());
+    if (isRoscExt())
+        emit statusMessage(tr("The external reference is not locked"));
+    else
+        m_ui.unlockIndicator.show();
+}
+
+void CwControls::hideUnlockRosc()
+{
+    m_ui.unlockIndicator.hide();
+    m_ui.externalIndicator.setProperty(unlockedProperty, false);
+    captionReference(m_externalReferenceMHz);
+}

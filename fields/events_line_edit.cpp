@@ -1,0 +1,110 @@
+#include "fields/events_line_edit.h"
+
+#include "numbers/number_text.h"
+#include "numbers/step_table.h"
+#include "numbers/unit_keys.h"
+#include "fields/unit_key_filter.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPointer>
+#include <QWheelEvent>
+
+namespace
+{
+/// 0 for a wheel event that turns nothing, as a touchpad sends at the end of a movement.
+int wheelDirection(const QWheelEvent& event)
+{
+    const QPoint turn = event.angleDelta();
+    const int delta = turn.y() != 0 ? turn.y() : turn.x();
+    return delta > 0 ? 1 : delta < 0 ? -1 : 0;
+}
+
+/// A number in another unit, grouped; anything else as it is.
+QString shiftedText(const QString& text, int powerOfTen)
+{
+    const QString number = withoutBlanks(text);
+    if (powerOfTen == 0 || !isPlainDecimal(number))
+        return text;
+    return formatGrouped(shiftedDecimal(number, powerOfTen));
+}
+
+int keyDirection(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Up ? 1 : event.key() == Qt::Key_Down ? -1 : 0;
+}
+} // namespace
+
+EventsLineEdit::EventsLineEdit(QLineEdit* edit, StepKind kind, StepFlags flags)
+    : QObject(edit), m_edit(edit), m_kind(kind), m_flags(flags)
+{
+    edit->installEventFilter(this);
+}
+
+bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isWheel = event->type() == QEvent::Wheel;
+    const bool isKey = event->type() == QEvent::KeyPress;
+    if (!isWheel && !isKey)
+        return QObject::eventFilter(watched, event);
+
+    if (m_edit->hasFocus()) {
+        const auto* key = isKey ? static_cast<const QKeyEvent*>(event) : nullptr;
+        const int direction =
+            isKey ? keyDirection(*key) : wheelDirection(*static_cast<const QWheelEvent*>(event));
+        if (isKey && direction == 0)
+            return QObject::eventFilter(watched, event);
+        // Committing may delete the line edit and this filter with it: nothing of either below.
+        event->accept();
+        if (isKey && key->modifiers().testFlag(Qt::ControlModifier))
+            stepDigit(direction);
+        else if (direction != 0)
+            step(direction);
+        return true;
+    }
+    // A wheel event that is only filtered, not accepted, still goes on to the parent.
+    event->accept();
+    return true;
+}
+
+void EventsLineEdit::step(int direction)
+{
+    const double size = StepTable::global().step(m_kind);
+    // Steps count in the kind's own unit, whatever unit the field shows.
+    const int power = unitPower(m_edit);
+    const QString text = shiftedText(m_edit->text(), power);
+    m_edit->setText(shiftedText(steppedText(text, direction, m_kind, size, m_flags), -power));
+    commit();
+}
+
+void EventsLineEdit::stepDigit(int direction)
+{
+    const QString text = m_edit->text();
+    const int cursor = m_edit->cursorPosition();
+    std::optional<int> decimalPlace = decimalPlaceAt(text, cursor);
+    if (!decimalPlace)
+        return;
+    if (text == m_lastDigit.text && cursor == m_lastDigit.position)
+        decimalPlace = m_lastDigit.decimalPlace;
+
+    m_edit->setText(steppedPlace(text, *decimalPlace, direction, stopsAtZero(m_kind, m_flags)));
+    const QPointer<QLineEdit> edit = m_edit;
+    commit();
+    if (!edit)
+        return;
+    // The commit has written what was accepted and left the cursor somewhere else.
+    m_lastDigit = {m_edit->text(), cursorBehindPlace(m_edit->text(), *decimalPlace), *decimalPlace};
+    m_edit->setCursorPosition(m_lastDigit.position);
+}
+
+void EventsLineEdit::commit()
+{
+    if (m_flags.silent)
+        return;
+    // What is announced may delete the line edit and this filter with it.
+    const QPointer<EventsLineEdit> self = this;
+    m_isCommitting = true;
+    emit m_edit->editingFinished();
+    if (self)
+        m_isCommitting = false;
+}

@@ -1,0 +1,413 @@
+#include "fields/keypad/keypad.h"
+
+#include "numbers/number_text.h"
+#include "numbers/step_table.h"
+#include "fields/events_line_edit.h"
+#include "fields/keypad/keypad_keys.h"
+#include "fields/keypad/keypad_place.h"
+#include "fields/power_guard.h"
+#include "fields/select_line.h"
+#include "fields/step_entry.h"
+#include "fields/keypad/trailing_input.h"
+#include "fields/unit_key_filter.h"
+#include "fields/validators.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QValidator>
+
+namespace
+{
+constexpr int margin = 16;
+constexpr int spacing = 8;
+
+bool canBeTypedInto(const QLineEdit& field)
+{
+    return field.isVisible() && field.isEnabled() && !field.isReadOnly();
+}
+
+bool accepts(const QLineEdit& field, QString text)
+{
+    int position = 0;
+    const QValidator* validator = field.validator();
+    const bool isValid =
+        validator == nullptr || validator->validate(text, position) == QValidator::Acceptable;
+    return isValid && text.size() <= field.maxLength();
+}
+
+QString withUnit(const QString& number, const QString& unit)
+{
+    return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
+}
+} // namespace
+
+Keypad::Keypad(QWidget* window)
+    : QFrame(window, Qt::Popup | Qt::FramelessWindowHint), m_title(new QLabel(this)),
+      m_close(new QToolButton(this)), m_entry(new QLineEdit(this)), m_unit(new QLabel(this)),
+      m_limits(new QLabel(this)), m_keys(new KeypadKeys(this)),
+      m_stepButton(KeypadKeys::makeButton(QStringLiteral("keypad_step"), this)),
+      m_enter(KeypadKeys::makeButton(QStringLiteral("keypad_enter"), this))
+{
+    setObjectName(QStringLiteral("keypad"));
+    build();
+    wire();
+    retranslate();
+}
+
+Keypad::~Keypad() = default;
+
+void Keypad::build()
+{
+    m_title->setObjectName(QStringLiteral("keypad_title"));
+    m_title->setProperty("panelTitle", true);
+    m_close->setObjectName(QStringLiteral("keypad_close"));
+    m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
+    m_close->setIconSize(QSize(24, 24));
+    m_close->setAutoRaise(true);
+    m_close->setFocusPolicy(Qt::NoFocus);
+    m_entry->setObjectName(QStringLiteral("keypad_entry"));
+    m_entry->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_unit->setObjectName(QStringLiteral("keypad_unit"));
+    m_limits->setObjectName(QStringLiteral("keypad_limits"));
+    m_stepButton->setCheckable(true);
+    new selectLine(m_entry);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, spacing, margin, margin);
+    column->setSpacing(spacing);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    auto* head = new QHBoxLayout;
+    head->addWidget(m_title, 1);
+    head->addWidget(m_close);
+    auto* number = new QHBoxLayout;
+    number->setSpacing(spacing);
+    number->addWidget(m_entry, 1);
+    number->addWidget(m_unit);
+    auto* foot = new QHBoxLayout;
+    foot->setSpacing(spacing);
+    foot->addWidget(m_stepButton, 1);
+    foot->addWidget(m_enter, 1);
+    column->addLayout(head);
+    column->addLayout(number);
+    column->addWidget(m_limits);
+    column->addWidget(m_keys);
+    column->addLayout(foot);
+}
+
+void Keypad::wire()
+{
+    connect(m_close, &QToolButton::clicked, this, &Keypad::close);
+    connect(m_keys, &KeypadKeys::typed, this, &Keypad::type);
+    connect(m_keys, &KeypadKeys::signPressed, this, &Keypad::changeSign);
+    connect(m_keys, &KeypadKeys::clearPressed, this, [this] {
+        m_entry->selectAll();
+        type(Qt::Key_Backspace, QString());
+    });
+    connect(m_keys, &KeypadKeys::stepPressed, this, &Keypad::stepField);
+    connect(m_keys, &KeypadKeys::unitPressed, this, &Keypad::enterIn);
+    connect(m_enter, &QPushButton::clicked, this, [this] { enterIn(plainPower()); });
+    connect(m_stepButton, &QPushButton::clicked, this, &Keypad::showPage);
+    connect(m_entry, &QLineEdit::textEdited, this, [this] { m_isTyped = true; });
+    connect(m_entry, &QLineEdit::textChanged, this, &Keypad::updateKeys);
+}
+
+void Keypad::openFor(QLineEdit* field)
+{
+    const std::optional<NumericField> numeric = numericField(field);
+    if (!numeric || !canBeTypedInto(*field))
+        return;
+    release();
+    m_quantity = numeric->quantity;
+    m_kind = numeric->kind;
+    m_step = numeric->step;
+    watch(field);
+    m_keys->setSteppable(m_step.has_value());
+    m_stepButton->setVisible(m_step.has_value());
+    showPage(false);
+    if (!isVisible()) {
+        TrailingInput::swallow();
+        show();
+    }
+    m_entry->setFocus(Qt::PopupFocusReason);
+    m_entry->selectAll();
+}
+
+QLineEdit* Keypad::field() const
+{
+    return m_field;
+}
+
+void Keypad::watch(QLineEdit* field)
+{
+    m_field = field;
+    field->installEventFilter(this);
+    field->window()->installEventFilter(this);
+    connect(field, &QObject::destroyed, this, [this] {
+        // A widget tells its end while it is no longer a line edit, yet still known by its pointer.
+        m_field.clear();
+        close();
+    });
+    connect(field, &QLineEdit::textChanged, this, [this] {
+        if (!m_isTyped && !m_isStepPage)
+            showPresent();
+    });
+}
+
+void Keypad::release()
+{
+    if (!m_field)
+        return;
+    m_field->disconnect(this);
+    m_field->removeEventFilter(this);
+    m_field->window()->removeEventFilter(this);
+    m_field = nullptr;
+}
+
+bool Keypad::eventFilter(QObject* watched, QEvent* event)
+{
+    const bool isBlocked = event->type() == QEvent::WindowBlocked;
+    const bool isFieldChange = watched == m_field && (event->type() == QEvent::Hide ||
+                                                      event->type() == QEvent::EnabledChange ||
+                                                      event->type() == QEvent::ReadOnlyChange);
+    if (isBlocked || (isFieldChange && !canBeTypedInto(*m_field)))
+        close();
+    return false;
+}
+
+void Keypad::hideEvent(QHideEvent* event)
+{
+    QFrame::hideEvent(event);
+    release();
+    TrailingInput::swallow();
+}
+
+void Keypad::place()
+{
+    // Before it is first shown the style sheet has not yet given the keys their sizes.
+    for (QWidget* child : findChildren<QWidget*>())
+        child->ensurePolished();
+    layout()->activate();
+    const QRect field(m_field->mapToGlobal(QPoint()), m_field->size());
+    move(placeBeside(field, sizeHint(), m_field->screen()->availableGeometry()));
+}
+
+void Keypad::showPage(bool isStepPage)
+{
+    if (!m_field)
+        return;
+    m_isStepPage = isStepPage;
+    m_stepButton->setChecked(isStepPage);
+    setUpEntry();
+    m_keys->setUnits(units());
+    m_keys->enableStepping(!isStepPage);
+    showPresent();
+    retranslate();
+    place();
+}
+
+void Keypad::setUpEntry()
+{
+    const bool isSigned = entryPattern(m_kind) == EntryPattern::SignedWhole;
+    m_entry->setValidator(m_isStepPage && isSigned ? entryValidator(EntryPattern::Whole)
+                                                   : m_field->validator());
+    setUnitPower(m_entry, plainPower());
+    m_typing = std::make_unique<UnitKeyFilter>(m_entry, m_kind);
+    m_stepping = m_step ? std::make_unique<EventsLineEdit>(m_entry, *m_step, StepFlags{true, false})
+                        : nullptr;
+    m_keys->setCharacters(accepts(*m_entry, QStringLiteral("-")),
+                          accepts(*m_entry, QStringLiteral(".")));
+}
+
+void Keypad::showPresent()
+{
+    m_isTyped = false;
+    showAccepted(m_entry,
+                 m_isStepPage ? stepText(StepTable::global().step(*m_step)) : m_field->text());
+    m_entry->selectAll();
+    updateKeys();
+}
+
+void Keypad::updateKeys()
+{
+    const bool hasNumber = !enteredNumber().isEmpty();
+    // A unit other than its own would scale the present value by a slip.
+    m_keys->enableUnits(hasNumber, m_isTyped ? std::nullopt : std::optional<int>(plainPower()));
+    m_enter->setEnabled(hasNumber || (m_isStepPage && m_entry->text().isEmpty()));
+}
+
+std::vector<EntryUnit> Keypad::units() const
+{
+    return m_isStepPage ? stepUnits(m_kind) : entryUnits(m_kind, plainPower());
+}
+
+int Keypad::plainPower() const
+{
+    return m_isStepPage || !m_field ? 0 : unitPower(m_field);
+}
+
+QString Keypad::enteredNumber() const
+{
+    const QString number = convertUnitKeys(m_entry->text(), UnitFamily::None);
+    return isPlainDecimal(number) ? number : QString();
+}
+
+void Keypad::retranslate()
+{
+    m_keys->retranslate();
+    m_close->setToolTip(tr("Close without a change (Esc)"));
+    m_close->setAccessibleName(tr("Close keypad"));
+    m_enter->setText(tr("Enter"));
+    m_enter->setToolTip(tr("Enter the number as it stands (Return)"));
+    m_enter->setAccessibleName(tr("Enter the number"));
+    m_stepButton->setToolTip(tr("Enter the step of the arrows and the wheel"));
+    if (!m_field)
+        return;
+    const QString name = m_field->accessibleName();
+    m_title->setText(m_isStepPage ? tr("%1: step").arg(name) : name);
+    m_entry->setAccessibleName(m_title->text());
+    m_entry->setToolTip(m_isStepPage ? tr("Type the step; Return takes it")
+                                     : tr("Type the number; Return or a unit enters it"));
+    m_unit->setText(unitText(units(), plainPower()));
+    m_unit->setVisible(!m_unit->text().isEmpty());
+    m_limits->setText(m_isStepPage ? QString() : limitsText());
+    m_entry->setAccessibleDescription(m_limits->text());
+    m_limits->setVisible(!limitsText().isEmpty());
+    if (m_step) {
+        const QString step =
+            withUnit(stepText(StepTable::global().step(*m_step)), unitText(stepUnits(m_kind), 0));
+        m_stepButton->setText(tr("Step %1").arg(step));
+        m_stepButton->setAccessibleName(m_stepButton->text());
+    }
+}
+
+QString Keypad::limitsText() const
+{
+    // No instrument tells how many points there may be.
+    Range limits = InstrumentLimits::global()[m_quantity];
+    const std::optional<int> ceiling =
+        m_guard && m_kind == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
+    if (ceiling && !limits.isKnown())
+        return tr("at most %1").arg(withUnit(QString::number(*ceiling), m_unit->text()));
+    if (!limits.isKnown())
+        return QString();
+    if (ceiling)
+        limits.max = qMin(limits.max, static_cast<double>(*ceiling));
+    const int power = m_isStepPage ? 0 : plainPower();
+    const auto text = [&](double limit) {
+        const QString number = shiftedDecimal(shortestText(limit), -power);
+        return isGrouped(m_kind) ? formatGrouped(number) : number;
+    };
+    return withUnit(text(limits.min) + QStringLiteral(" … ") + text(limits.max),
+                    unitText(entryUnits(m_kind, power), power));
+}
+
+void Keypad::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        retranslate();
+        if (m_field)
+            place();
+    }
+    QFrame::changeEvent(event);
+}
+
+void Keypad::keyPressEvent(QKeyEvent* event)
+{
+    auto* button = qobject_cast<QAbstractButton*>(focusWidget());
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        if (button != nullptr)
+            button->click();
+        else
+            m_enter->click();
+    } else if (button != nullptr && !event->text().isEmpty() && event->text().at(0).isPrint()) {
+        type(event->key(), event->text());
+    } else {
+        QFrame::keyPressEvent(event);
+    }
+}
+
+/// As if typed on the keyboard, so that validator, grouping and unit letters do as they do there.
+void Keypad::type(int key, const QString& text)
+{
+    // With this reason the selection stays as it is.
+    m_entry->setFocus(Qt::PopupFocusReason);
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(m_entry, &press);
+}
+
+/// Over a selected number the sign begins a new one, as typed; else it turns the sign of the
+/// number.
+void Keypad::changeSign()
+{
+    const QString minus = QStringLiteral("-");
+    const int cursor = m_entry->cursorPosition();
+    if (m_entry->selectedText() == m_entry->text()) {
+        type(Qt::Key_Minus, minus);
+        return;
+    }
+    const bool isNegative = m_entry->text().startsWith(minus);
+    m_entry->setCursorPosition(0);
+    if (isNegative)
+        type(Qt::Key_Delete, QString());
+    else
+        type(Qt::Key_Minus, minus);
+    m_entry->setCursorPosition(qMax(0, isNegative ? cursor - 1 : cursor + 1));
+}
+
+void Keypad::stepField(int direction)
+{
+    if (!m_field)
+        return;
+    stepNumericField(m_field, direction);
+    if (m_field)
+        showPresent();
+}
+
+void Keypad::enterIn(int power)
+{
+    if (!m_field)
+        return;
+    if (m_isStepPage) {
+        acceptStep(power);
+        return;
+    }
+    const QString number = enteredNumber();
+    const int shift = power - plainPower();
+    if (!number.isEmpty())
+        commit(shift == 0 ? number : shiftedDecimal(number, shift));
+}
+
+void Keypad::acceptStep(int power)
+{
+    const QString number = enteredNumber();
+    if (power != 0 && !number.isEmpty())
+        m_entry->setText(shiftedDecimal(number, power));
+    // An empty line is given the clipboard's text and stays.
+    if (acceptStepEntry(m_entry, m_quantity))
+        showPage(false);
+}
+
+void Keypad::commit(const QString& text)
+{
+    const QPointer<QLineEdit> field = m_field;
+    if (!accepts(*field, text))
+        return;
+    // Closed first: what the field announces may open a dialog, or the keypad for another field.
+    close();
+    if (field) {
+        field->selectAll();
+        field->insert(text);
+    }
+    if (field)
+        emit field->returnPressed();
+    if (field)
+        emit field->editingFinished();
+}

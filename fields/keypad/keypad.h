@@ -1,0 +1,94 @@
+#pragma once
+
+#include "fields/keypad/keypad_units.h"
+#include "fields/numeric_field.h"
+
+#include <QFrame>
+#include <QPointer>
+
+#include <memory>
+
+class EventsLineEdit;
+class KeypadKeys;
+class PowerGuard;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QToolButton;
+class UnitKeyFilter;
+
+/// The on-screen keypad: types a number or a step size for one numeric field at a time. A popup
+/// beside the field; it owns its entry line and no field, bounds nothing and sends nothing. What is
+/// entered is typed into the field and announced there once, as by Return. A press elsewhere,
+/// Escape, or the field going away close it without a change.
+class Keypad : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit Keypad(QWidget* window);
+    ~Keypad() override;
+
+    /// Opens for a field that setUpNumericField has set up, or turns to it when already open. A
+    /// field that cannot be typed into is left alone.
+    void openFor(QLineEdit* field);
+
+    /// Who knows of a highest power of the user's own; outlives the keypad's use.
+    void setPowerGuard(const PowerGuard& guard) { m_guard = &guard; }
+
+    /// The field it is open for; none while it is closed.
+    QLineEdit* field() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void build();
+    void wire();
+
+    void watch(QLineEdit* field);
+    void release();
+    void place();
+    /// Turns to the value of the field, or to the step of its quantity.
+    void showPage(bool isStepPage);
+    void setUpEntry();
+    void showPresent();
+    void updateKeys();
+    void retranslate();
+    QString limitsText() const;
+    std::vector<EntryUnit> units() const;
+    /// The power of ten of the kind's own unit that a number without a unit counts in.
+    int plainPower() const;
+    /// The number in the entry line; empty while it is not a finished one.
+    QString enteredNumber() const;
+
+    void type(int key, const QString& text);
+    void changeSign();
+    void stepField(int direction);
+    void enterIn(int power);
+    void acceptStep(int power);
+    void commit(const QString& text);
+
+    QPointer<QLineEdit> m_field;
+    const PowerGuard* m_guard = nullptr;
+    Quantity m_quantity = Quantity::Frequency;
+    FieldKind m_kind = FieldKind::Frequency;
+    std::optional<StepKind> m_step;
+    bool m_isStepPage = false;
+    bool m_isTyped = false; ///< the entry line holds the user's number, not the present one
+
+    QLabel* m_title;
+    QToolButton* m_close;
+    QLineEdit* m_entry;
+    QLabel* m_unit;
+    QLabel* m_limits;
+    KeypadKeys* m_keys;
+    QPushButton* m_stepButton;
+    QPushButton* m_enter;
+
+    std::unique_ptr<UnitKeyFilter> m_typing;
+    std::unique_ptr<EventsLineEdit> m_stepping;
+};

@@ -1,0 +1,486 @@
+#include "numbers/step_table.h"
+#include "fields/clamp_field.h"
+#include "fields/events_line_edit.h"
+#include "fields/numeric_field.h"
+#include "fields/select_line.h"
+#include "fields/step_entry.h"
+#include "fields/unit_key_filter.h"
+#include "fields/validators.h"
+#include "tests/support/quantities.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QValidator>
+#include <QWheelEvent>
+
+Q_DECLARE_METATYPE(FieldKind)
+Q_DECLARE_METATYPE(StepKind)
+
+namespace
+{
+/// Two fields in a window that sees the wheel events its fields let through.
+class Window : public QWidget
+{
+public:
+    Window()
+    {
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(&field);
+        layout->addWidget(&other);
+        show();
+        other.setFocus();
+        isActive = QTest::qWaitForWindowActive(this);
+    }
+
+    QLineEdit field;
+    QLineEdit other;
+    bool isActive = false;
+    int wheelEvents = 0;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        ++wheelEvents;
+        event->accept();
+    }
+};
+
+void turnWheel(QWidget& widget, const QPoint& angle)
+{
+    const QPoint at = widget.rect().center();
+    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    // As from the window system: Qt hands only these on to the parent.
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
+}
+
+/// The text with "|" at the cursor.
+QString withCursor(const QLineEdit& field)
+{
+    return field.text().insert(field.cursorPosition(), '|');
+}
+
+void setWithCursor(QLineEdit& field, QString text)
+{
+    const int cursor = text.indexOf('|');
+    field.setText(text.remove('|'));
+    field.setCursorPosition(cursor);
+}
+} // namespace
+
+class NumberEntryTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void validators_data();
+    void validators();
+    void clamping();
+    void stepsFocusedField();
+    void unfocusedFieldIsLeftAlone();
+    void silentStepsAnnounceNothing();
+    void digitStepKeepsItsPlace();
+    void commitMayDeleteTheField();
+    void stepBounds_data();
+    void stepBounds();
+    void emptyStepEntryPastes();
+    void typing_data();
+    void typing();
+    void editedMark();
+    void leavingCommitsChangesOnly();
+    void selection();
+};
+
+void NumberEntryTest::init()
+{
+    InstrumentLimits::global() = InstrumentLimits();
+    for (int i = 0; i < stepKindCount; ++i)
+        StepTable::global().setStep(static_cast<StepKind>(i),
+                                    defaultStep(static_cast<StepKind>(i)));
+}
+
+void NumberEntryTest::validators_data()
+{
+    QTest::addColumn<FieldKind>("kind");
+    QTest::addColumn<QString>("admitted");
+    QTest::addColumn<QString>("refused");
+    const struct {
+        FieldKind kind;
+        const char* admitted;
+        const char* refused;
+    } rows[] = {
+        {FieldKind::Frequency, "0 9kmgKMG,.", "-es"}, {FieldKind::Power, "09-", " .,k"},
+        {FieldKind::Dwell, "0 9msMS.,", "-kg"},       {FieldKind::LfAmplitude, "09mM,.", " -k"},
+        {FieldKind::AmDepth, "09,.", " -m"},          {FieldKind::PmDeviation, "09,.", " -m"},
+        {FieldKind::PointCount, "0 9", ".,-k"},       {FieldKind::Duty, "09", " .,-k"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row.admitted) << row.kind << QString(row.admitted) << QString(row.refused);
+}
+
+void NumberEntryTest::validators()
+{
+    QFETCH(FieldKind, kind);
+    QFETCH(QString, admitted);
+    QFETCH(QString, refused);
+    QLineEdit field;
+    setEntryValidator(&field, kind);
+    QTest::keyClicks(&field, admitted + refused);
+    QCOMPARE(field.text(), admitted);
+    QLineEdit second;
+    setEntryValidator(&second, kind);
+    QCOMPARE(second.validator(), field.validator());
+}
+
+void NumberEntryTest::clamping()
+{
+    InstrumentLimits limits;
+    limits[Quantity::Frequency] = {9e3, 2e10};
+    QLineEdit field("25G");
+    setUpNumericField(&field, Quantity::Frequency);
+    clampField(limits, &field);
+    QCOMPARE(field.text(), QString("20 000 000 000"));
+    field.setCursorPosition(3);
+    clampField(limits, &field);
+    QCOMPARE(field.cursorPosition(), 3);
+    field.clear();
+    clampField(limits, &field);
+    QCOMPARE(field.text(), QString());
+}
+
+void NumberEntryTest::stepsFocusedField()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    new EventsLineEdit(&window.field, StepKind::Frequency);
+    QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
+    window.field.setText("1 000 000 000");
+    window.field.setFocus();
+
+    turnWheel(window.field, {0, 120});
+    QCOMPARE(window.field.text(), QString("1 001 000 000"));
+    turnWheel(window.field, {0, -120});
+    turnWheel(window.field, {0, -120});
+    QCOMPARE(window.field.text(), QString("999 000 000"));
+    turnWheel(window.field, {0, 0});
+    QCOMPARE(committed.count(), 3);
+    QTest::keyClick(&window.field, Qt::Key_Up);
+    QTest::keyClick(&window.field, Qt::Key_Down);
+    QCOMPARE(window.field.text(), QString("999 000 000"));
+    QCOMPARE(committed.count(), 5);
+    StepTable::global().setStep(StepKind::Frequency, 5);
+    QTest::keyClick(&window.field, Qt::Key_Up);
+    QCOMPARE(window.field.text(), QString("999 000 005"));
+    QTest::keyClicks(&window.field, "12");
+    QTest::keyClick(&window.field, Qt::Key_Backspace);
+    QCOMPARE(window.field.text(), QString("999 000 0051"));
+    QCOMPARE(window.wheelEvents, 0);
+}
+
+void NumberEntryTest::unfocusedFieldIsLeftAlone()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    window.field.setText("100");
+    turnWheel(window.field, {0, 120});
+    QCOMPARE(window.wheelEvents, 1);
+
+    new EventsLineEdit(&window.field, StepKind::Frequency);
+    QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
+    QVERIFY(!window.field.hasFocus());
+    turnWheel(window.field, {0, 120});
+    QTest::keyClick(&window.field, Qt::Key_Up);
+    QTest::keyClicks(&window.field, "7");
+    QCOMPARE(window.field.text(), QString("100"));
+    QCOMPARE(committed.count(), 0);
+    QCOMPARE(window.wheelEvents, 1);
+}
+
+void NumberEntryTest::silentStepsAnnounceNothing()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    new EventsLineEdit(&window.field, StepKind::Power, {true, false});
+    QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
+    window.field.setText("1");
+    window.field.setFocus();
+    QTest::keyClick(&window.field, Qt::Key_Down);
+    QTest::keyClick(&window.field, Qt::Key_Down);
+    QCOMPARE(window.field.text(), QString("0"));
+    QTest::keyClick(&window.field, Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(window.field.text(), QString("1"));
+    QCOMPARE(committed.count(), 0);
+}
+
+void NumberEntryTest::digitStepKeepsItsPlace()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    QLineEdit& field = window.field;
+    new EventsLineEdit(&field, StepKind::Frequency);
+    // As a commit does: what was accepted is written back, the cursor left at the end.
+    QStringList committed;
+    connect(&field, &QLineEdit::editingFinished, &field, [&] {
+        committed << field.text();
+        field.setText(clampText(field.text(), 100, 2e10, FieldKind::Frequency));
+        field.selectAll();
+        field.deselect();
+    });
+    field.setFocus();
+
+    setWithCursor(field, "9| 500");
+    QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(withCursor(field), QString("10| 500"));
+    QTest::keyClick(&field, Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(withCursor(field), QString("9| 500"));
+    QCOMPARE(committed, QStringList({"10 500", "9 500"}));
+
+    // The digit vanishes and comes back: the place is still the thousands.
+    setWithCursor(field, "1| 500");
+    QTest::keyClick(&field, Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(withCursor(field), QString("|500"));
+    QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(withCursor(field), QString("1| 500"));
+
+    // Bounded by the commit.
+    setWithCursor(field, "1|00");
+    QTest::keyClick(&field, Qt::Key_Down, Qt::ControlModifier);
+    QCOMPARE(withCursor(field), QString("1|00"));
+
+    field.setText("-");
+    committed.clear();
+    QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+    QCOMPARE(field.text(), QString("-"));
+    QVERIFY(committed.isEmpty());
+}
+
+/// As when the window is closed in a pause of the commit.
+void NumberEntryTest::commitMayDeleteTheField()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    for (Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        QPointer<QLineEdit> field = new QLineEdit("5", &window);
+        new EventsLineEdit(field, StepKind::Frequency);
+        connect(field, &QLineEdit::editingFinished, this, [field] { delete field; });
+        field->show();
+        field->setFocus();
+        QTest::keyPress(field.data(), Qt::Key_Up, modifier);
+        QVERIFY(!field);
+    }
+}
+
+void NumberEntryTest::stepBounds_data()
+{
+    QTest::addColumn<StepKind>("kind");
+    QTest::addColumn<QString>("largest");
+
+    // Each quantity has a span of its own, so that no kind can take another one's limits.
+    const char* largest[stepKindCount] = {"1 001", "102", "9 999", "1 003", "1 004", "1 005",
+                                          "2 006", "107", "108",   "1 009", "1 010", "111",
+                                          "1 012", "113", "114",   "1 015", "116",   "117"};
+    for (int i = 0; i < stepKindCount; ++i)
+        QTest::newRow(stepKey(static_cast<StepKind>(i)).data())
+            << static_cast<StepKind>(i) << QString(largest[i]);
+}
+
+void NumberEntryTest::stepBounds()
+{
+    InstrumentLimits& limits = InstrumentLimits::global();
+    limits[Quantity::Frequency] = {1000, 2001};
+    limits[Quantity::Power] = {-100, 2};
+    limits[Quantity::SweepDwell] = {1000, 2003};
+    limits[Quantity::ListDwell] = {1000, 1500};
+    limits[Quantity::PulsePeriod] = {1000, 2004};
+    limits[Quantity::PulseWidth] = {1000, 2005};
+    limits[Quantity::AmRate] = {1000, 2006};
+    limits[Quantity::AmDepth] = {1000, 1107};
+    limits[Quantity::AmDuty] = {1000, 1108};
+    limits[Quantity::FmRate] = {1000, 2009};
+    limits[Quantity::FmDeviation] = {1000, 2010};
+    limits[Quantity::FmDuty] = {1000, 1111};
+    limits[Quantity::PmRate] = {1000, 2012};
+    limits[Quantity::PmDeviation] = {1000, 1113};
+    limits[Quantity::PmDuty] = {1000, 1114};
+    limits[Quantity::LfFrequency] = {1000, 2015};
+    limits[Quantity::LfAmplitude] = {1000, 1116};
+    limits[Quantity::LfDuty] = {1000, 1117};
+
+    QFETCH(StepKind, kind);
+    QLineEdit line("999 999");
+    QVERIFY(acceptStepEntry(&line, quantityOf(kind)));
+    QTEST(line.text(), "largest");
+    QCOMPARE(stepText(StepTable::global().step(kind)), line.text());
+}
+
+void NumberEntryTest::emptyStepEntryPastes()
+{
+    QApplication::clipboard()->setText("250");
+    QLineEdit line(" ");
+    QVERIFY(!acceptStepEntry(&line, Quantity::Frequency));
+    QCOMPARE(line.text(), QString("250"));
+    QCOMPARE(StepTable::global().step(StepKind::Frequency), defaultStep(StepKind::Frequency));
+}
+
+/// "<" and ">" stand for the keys Backspace and Delete, "|" for the cursor.
+void NumberEntryTest::typing_data()
+{
+    QTest::addColumn<FieldKind>("kind");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<QString>("after");
+
+    using K = FieldKind;
+    const struct {
+        const char* name;
+        FieldKind kind;
+        const char* before;
+        const char* keys;
+        const char* after;
+    } rows[] = {
+        {"unit", K::Frequency, "|", "2.5G", "2 500 000 000|"},
+        {"comma", K::Frequency, "|", "2,5k", "2 500|"},
+        {"unit twice", K::Frequency, "|", "10MMk", "10 000 000|"},
+        {"unit, digit, unit", K::Frequency, "|", "2kk7k", "20 007 000|"},
+        {"unit, deleted, unit", K::Frequency, "|", "2k<k", "200 000|"},
+        {"milliseconds twice", K::PulsePeriod, "|", "5mm", "5 000|"},
+        {"millivolts twice", K::LfAmplitude, "|", "5mm", "0.005|"},
+        {"misplaced unit, unit", K::Frequency, "|25", "M>5k", "5 000|"},
+        {"unit without number", K::Frequency, "|25", "M", "|25"},
+        {"unit in the middle", K::Frequency, "2|5", "k", "2 000|"},
+        {"grouping", K::Frequency, "|", "1234567", "1 234 567|"},
+        {"in the middle", K::Frequency, "1| 234", "9", "19| 234"},
+        {"behind a blank", K::Frequency, "1 |234", "9", "19| 234"},
+        {"group grows", K::Frequency, "12|3", "9", "1 29|3"},
+        {"backspace over a blank", K::Frequency, "1 |234", "<", "|234"},
+        {"delete over a blank", K::Frequency, "1| 234", ">", "1|34"},
+        {"unfinished", K::Frequency, "|", "1234.", "1 234.|"},
+        {"second point", K::Frequency, "|", "1.2.3", "1.2|"},
+        {"point in whole dB", K::Power, "|", "-10.5", "-10|"},
+        {"comma in whole percent", K::Duty, "|", "1,55", "1|"},
+        {"point, something else, digit", K::Power, "|", "1.5<25", "25|"},
+        {"leading point", K::PointCount, "|", ".5", "|"},
+        {"exponent", K::Frequency, "|", "1e9", "1|"},
+        {"Russian words", K::Frequency, "|", "2,5Г", "2 500 000 000|"},
+        {"Russian keys", K::Frequency, "|", "7ь", "7 000 000|"},
+        {"Russian seconds", K::Dwell, "|", "2ы", "2 000 000|"},
+        {"Russian milliseconds twice", K::Dwell, "|", "5мм", "5 000|"},
+        {"no unit there", K::Power, "|", "5к", "5|"},
+        {"emptied", K::Frequency, "1|", "<", "|"},
+        {"minus", K::Power, "|", "-123", "-123|"},
+        {"stepped power", K::Power, "- 123|", "x4", "-1234|"},
+        {"duty", K::Duty, "5|0", "2", "52|0"},
+    };
+    for (const auto& row : rows)
+        QTest::newRow(row.name) << row.kind << QString(row.before) << QString(row.keys)
+                                << QString(row.after);
+}
+
+void NumberEntryTest::typing()
+{
+    QFETCH(FieldKind, kind);
+    QFETCH(QString, before);
+    QFETCH(QString, keys);
+    QLineEdit field;
+    setEntryValidator(&field, kind);
+    new UnitKeyFilter(&field, kind);
+    setWithCursor(field, before);
+    QSignalSpy edited(&field, &QLineEdit::textEdited);
+    for (QChar key : keys) {
+        if (key == '<' || key == '>')
+            QTest::keyClick(&field, key == '<' ? Qt::Key_Backspace : Qt::Key_Delete);
+        else
+            QTest::sendKeyEvent(QTest::Click, &field, Qt::Key_unknown, QString(key),
+                                Qt::NoModifier);
+        QVERIFY(edited.count() <= 1);
+        edited.clear();
+    }
+    QTEST(withCursor(field), "after");
+}
+
+void NumberEntryTest::editedMark()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    QLineEdit& field = window.field;
+    new UnitKeyFilter(&field, FieldKind::Frequency);
+
+    field.setText("5");
+    QVERIFY(!field.property("edited").toBool());
+    QTest::keyClicks(&field, "0k");
+    QCOMPARE(field.property("edited"), QVariant(true));
+    QSignalSpy edited(&field, &QLineEdit::textEdited);
+    QSignalSpy committed(&field, &QLineEdit::editingFinished);
+    showAccepted(&field, "40 000");
+    QCOMPARE(field.text(), QString("40 000"));
+    QCOMPARE(field.property("edited"), QVariant(false));
+    QCOMPARE(edited.count() + committed.count(), 0);
+}
+
+void NumberEntryTest::leavingCommitsChangesOnly()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    QLineEdit& field = window.field;
+    field.setText("10");
+    setUpNumericField(&field, Quantity::Frequency);
+    QSignalSpy committed(&field, &QLineEdit::editingFinished);
+    const auto commitsOnLeaving = [&] {
+        field.clearFocus();
+        field.setFocus();
+        const int count = committed.count();
+        committed.clear();
+        return count;
+    };
+    QCOMPARE(commitsOnLeaving(), 0);
+    QTest::keyClicks(&field, "5");
+    QCOMPARE(commitsOnLeaving(), 1);
+    showAccepted(&field, "7");
+    QCOMPARE(commitsOnLeaving(), 0);
+    field.setText("8");
+    QCOMPARE(commitsOnLeaving(), 1);
+    showAccepted(&field, "8");
+    QTest::keyClick(&field, Qt::Key_Return);
+    QCOMPARE(commitsOnLeaving(), 1);
+}
+
+void NumberEntryTest::selection()
+{
+    Window window;
+    QVERIFY(window.isActive);
+    QLineEdit& field = window.field;
+    new selectLine(&field);
+    field.setText("1 000 000 000");
+    const QPoint start(2, field.height() / 2);
+
+    QTest::mouseClick(&field, Qt::LeftButton, {}, start);
+    QCOMPARE(field.selectedText(), field.text());
+    QTest::mouseClick(&field, Qt::LeftButton, {}, start);
+    QCOMPARE(field.selectedText(), QString());
+    QCOMPARE(field.cursorPosition(), 0);
+
+    window.other.setFocus();
+    field.deselect();
+    field.setFocus();
+    QCOMPARE(field.selectedText(), field.text());
+
+    // A selection dragged with the first click is the user's own.
+    window.other.setFocus();
+    field.deselect();
+    QTest::mousePress(&field, Qt::LeftButton, {}, start);
+    QMouseEvent drag(QEvent::MouseMove, start + QPoint(40, 0), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&field, &drag);
+    const QString dragged = field.selectedText();
+    QTest::mouseRelease(&field, Qt::LeftButton, {}, start + QPoint(40, 0));
+    QVERIFY(!dragged.isEmpty() && dragged != field.text());
+    QCOMPARE(field.selectedText(), dragged);
+}
+
+QTEST_MAIN(NumberEntryTest)
+#include "number_entry_test.moc"
