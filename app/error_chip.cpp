@@ -1,15 +1,21 @@
 #include "app/error_chip.h"
 
+#include "link/notices.h"
 #include "link/scpi_session.h"
 
 #include <QAbstractButton>
 
-ErrorChip::ErrorChip(QAbstractButton& button, const ScpiSession& session) : m_button(button)
+ErrorChip::ErrorChip(QAbstractButton& button, const ScpiSession& session, Notices& notices)
+    : m_button(button)
 {
     // A click on it leaves the keyboard where it was.
     m_button.setFocusPolicy(Qt::TabFocus);
     connect(&m_button, &QAbstractButton::clicked, this, &ErrorChip::clear);
-    connect(&session, &ScpiSession::errorReported, this, &ErrorChip::count);
+    connect(&session, &ScpiSession::errorReported, this,
+            [this, &notices](const InstrumentError& error) {
+                count();
+                notices.sayOfInstrument([error] { return errorWords(error); });
+            });
     clear();
 }
 

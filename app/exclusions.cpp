@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <utility>
+
 Exclusions::Exclusions(const Parts& parts, QObject* parent) : QObject(parent), m_parts(parts)
 {
     connect(&m_parts.modulationCommands, &ModulationCommands::switchedOn, this,
@@ -23,7 +25,8 @@ Exclusions::Exclusions(const Parts& parts, QObject* parent) : QObject(parent), m
     connect(&m_parts.runs, &SweepCommands::runStarted, this, [this] { m_running = checkedRun(); });
     connect(&m_parts.runs, &SweepCommands::runStopped, this, &Exclusions::runStopped);
     connect(&m_parts.triggers, &TriggerCommands::pulseExcluded, this, [this] {
-        emit statusMessage(tr("Pulse modulation off: the trigger takes its input"));
+        m_parts.notices.sayOfInstrument(
+            [] { return tr("Pulse modulation off: the trigger takes its input"); });
     });
 }
 
@@ -34,13 +37,13 @@ void Exclusions::modulationStarted()
         m_ended << stopWords(checkedRun());
         m_parts.list.autoOff();
     }
-    tell(tr("a modulation is on"));
+    tell([] { return tr("a modulation is on"); });
 }
 
 void Exclusions::lfGeneratorStarting()
 {
     endModulation();
-    tell(tr("the LF generator is on"));
+    tell([] { return tr("the LF generator is on"); });
 }
 
 void Exclusions::lfGeneratorStarted()
@@ -49,7 +52,7 @@ void Exclusions::lfGeneratorStarted()
         m_ended << stopWords(checkedRun());
     // The panel of the runs closes even where none runs.
     m_parts.list.autoOff();
-    tell(tr("the LF generator is on"));
+    tell([] { return tr("the LF generator is on"); });
 }
 
 void Exclusions::runStarting()
@@ -60,7 +63,9 @@ void Exclusions::runStarting()
     m_justStopped.reset();
     endModulation();
     endLfGenerator();
-    tell(kind == RunKind::List ? tr("a list has started") : tr("a sweep has started"));
+    tell([kind] {
+        return kind == RunKind::List ? tr("a list has started") : tr("a sweep has started");
+    });
 }
 
 /// Sweep and list take one another's place within one click.
@@ -74,7 +79,7 @@ void Exclusions::endModulation()
 {
     const Modulat& panel = m_parts.modulation;
     if (panel.checkedModulation() || panel.pulse()->isChecked())
-        m_ended << tr("Modulation off");
+        m_ended << [] { return tr("Modulation off"); };
     m_parts.modulationCommands.switchEverythingOff(true);
 }
 
@@ -82,7 +87,7 @@ void Exclusions::endLfGenerator()
 {
     if (!m_parts.lfGenerator.isOn())
         return;
-    m_ended << tr("LF generator off");
+    m_ended << [] { return tr("LF generator off"); };
     m_parts.lfGenerator.autoOff();
 }
 
@@ -91,14 +96,20 @@ RunKind Exclusions::checkedRun() const
     return m_parts.list.runList().isChecked() ? RunKind::List : RunKind::Sweep;
 }
 
-QString Exclusions::stopWords(RunKind kind)
+StatusWords Exclusions::stopWords(RunKind kind)
 {
-    return kind == RunKind::List ? tr("List stopped") : tr("Sweep stopped");
+    return [kind] { return kind == RunKind::List ? tr("List stopped") : tr("Sweep stopped"); };
 }
 
-void Exclusions::tell(const QString& cause)
+void Exclusions::tell(const StatusWords& cause)
 {
-    if (!m_ended.isEmpty())
-        emit statusMessage(tr("%1: %2").arg(m_ended.join(QLatin1String(", ")), cause));
-    m_ended.clear();
+    const QVector<StatusWords> ended = std::exchange(m_ended, {});
+    if (ended.isEmpty())
+        return;
+    m_parts.notices.sayOfInstrument([ended, cause] {
+        QStringList texts;
+        for (const StatusWords& words : ended)
+            texts << words();
+        return tr("%1: %2").arg(texts.join(QLatin1String(", ")), cause());
+    });
 }

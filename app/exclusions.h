@@ -1,9 +1,10 @@
 #pragma once
 
+#include "link/notices.h"
 #include "sweep/run_words.h"
 
 #include <QObject>
-#include <QStringList>
+#include <QVector>
 
 #include <optional>
 
@@ -30,12 +31,10 @@ public:
         List& list;
         SweepCommands& runs;
         TriggerCommands& triggers;
+        Notices& notices;
     };
 
     explicit Exclusions(const Parts& parts, QObject* parent = nullptr);
-
-signals:
-    void statusMessage(const QString& message);
 
 private:
     void modulationStarted();
@@ -47,12 +46,12 @@ private:
     void endModulation();
     void endLfGenerator();
     RunKind checkedRun() const;
-    static QString stopWords(RunKind kind);
-    void tell(const QString& cause);
+    static StatusWords stopWords(RunKind kind);
+    void tell(const StatusWords& cause);
 
     Parts m_parts;
     /// What has gone off and was not told of yet.
-    QStringList m_ended;
+    QVector<StatusWords> m_ended;
     RunKind m_running = RunKind::Sweep;
     /// The run that has ended just now.
     std::optional<RunKind> m_justStopped;

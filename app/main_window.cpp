@@ -1,6 +1,5 @@
 #include "app/main_window.h"
 
-#include "connection/connection_obstacle.h"
 #include "app/error_chip.h"
 #include "app/escape_order.h"
 #include "app/help_file.h"
@@ -10,17 +9,15 @@
 #include "app/panel_profiles.h"
 #include "app/screenshot.h"
 #include "app/simulator_switch.h"
-#include "connection/simulator_offer.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
+#include "connection/connection_obstacle.h"
 #include "connection/instrument_source.h"
-#include "link/instrument_limits.h"
-#include "numbers/step_table.h"
-#include "fields/entry_notice.h"
-#include "fields/keypad/keypad.h"
-#include "fields/power_guard.h"
+#include "connection/simulator_offer.h"
 #include "cw/power_mode.h"
 #include "cw/wgt_mode_pow.h"
+#include "fields/keypad/keypad.h"
+#include "fields/power_guard.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "service/firmware_update.h"
@@ -41,8 +38,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
       m_ui(std::make_unique<Ui::MainWindow>()), m_session(m_visa),
       m_search(m_visa, m_session.defaultRM()),
       m_connection(
-          {m_session, InstrumentLimits::global(), m_search, m_chooser, m_copies, m_source->watch()},
-          this)
+          {m_session, m_limits, m_search, m_chooser, m_copies, m_source->watch(), m_notices}, this)
 {
     setUpForm();
     m_powerGuard = std::make_unique<PowerGuard>(m_session, *m_ui->Output, *this, &m_settings);
@@ -97,12 +93,12 @@ void MainWindow::setUpForm()
 // with the form.
 void MainWindow::setUpPanels()
 {
-    m_modulation = new Modulat(this);
-    m_list = new List(this);
-    m_generator = new generator(this);
-    m_service = new service(this);
+    m_modulation = new Modulat(m_context, this);
+    m_list = new List(m_context, this);
+    m_generator = new generator(m_context, this);
+    m_service = new service(m_context, this);
     m_about = new Form(this);
-    m_keypad = new Keypad(this);
+    m_keypad = new Keypad(m_context, this);
 
     m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
     m_escapeOrder = std::make_unique<EscapeOrder>();
@@ -124,7 +120,7 @@ void MainWindow::addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainW
 
 void MainWindow::setUpMenu()
 {
-    m_menu = new WindowMenu(m_look, *m_powerGuard, this);
+    m_menu = new WindowMenu(m_look, *m_powerGuard, m_context, this);
     // The shortcuts work without the menu being open.
     addActions(m_menu->actions());
     m_ui->menuButton->setMenu(m_menu);
@@ -152,22 +148,16 @@ void MainWindow::setUpPush()
 void MainWindow::loadSettings()
 {
     if (!m_options.isClean)
-        StepTable::global().attach(&m_settings);
+        m_steps.attach(&m_settings);
     m_connection.setAllowedSerials(m_settings.allowedSerials());
-    const QString complaint = m_settings.complaint();
-    if (!complaint.isEmpty())
-        m_status->showMessage(complaint);
+    m_notices.say([this] { return m_settings.complaint(); });
 }
 
 void MainWindow::wireStatusLine()
 {
-    m_status = std::make_unique<StatusLine>(*m_ui->status);
-    m_status->follow(m_connection, m_session);
-    m_errors = std::make_unique<ErrorChip>(*m_ui->errors, m_session);
-    connect(m_powerGuard.get(), &PowerGuard::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
-    connect(&EntryNotice::global(), &EntryNotice::refused, m_status.get(),
-            &StatusLine::showMessage);
+    m_status = std::make_unique<StatusLine>(*m_ui->status, m_notices);
+    m_status->follow(m_connection);
+    m_errors = std::make_unique<ErrorChip>(*m_ui->errors, m_session, m_notices);
 }
 
 void MainWindow::wireConnection()
@@ -180,9 +170,8 @@ void MainWindow::wireConnection()
     m_connection.setNeighbour(this);
     m_connection.setObstacle(
         [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
-    connect(&m_connection, &Connection::buttonShouldBe, this, [this](bool isChecked) {
-        m_ui->connect->setChecked(isChecked);
-    });
+    connect(&m_connection, &Connection::buttonShouldBe, m_ui->connect,
+            &QAbstractButton::setChecked);
     connect(&m_connection, &Connection::buttonShouldBeClicked, m_ui->connect,
             &QAbstractButton::click);
     connect(&m_connection, &Connection::titleChanged, this, &MainWindow::setWindowTitle);
@@ -196,19 +185,15 @@ void MainWindow::wireConnection()
 
 void MainWindow::wireCwControls()
 {
-    m_cw = std::make_unique<CwControls>(m_session, InstrumentLimits::global(), *m_powerGuard,
+    m_cw = std::make_unique<CwControls>(m_session, m_context, *m_powerGuard,
                                         CwControls::Widgets{*m_ui->FREQ, *m_ui->POW, *m_ui->Output,
                                                             *m_ui->ROSC, *m_ui->ROSC_FREQ,
                                                             *m_ui->label_328, *m_ui->label_ExtRef});
-    connect(m_cw.get(), &CwControls::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
     connect(&m_connection, &Connection::disconnected, m_cw.get(), &CwControls::forgetInstrument);
     m_cw->forgetInstrument();
     m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session,
                                                       m_connection, *m_cw);
-    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output, m_connection);
-    connect(m_outputOff.get(), &OutputOff::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
+    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output, m_connection, m_notices);
     m_keypad->setPowerGuard(*m_powerGuard);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
@@ -223,12 +208,11 @@ void MainWindow::wireCwControls()
 // AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
 void MainWindow::wireModulation()
 {
-    const InstrumentLimits& limits = InstrumentLimits::global();
     m_modulationCommands = std::make_unique<ModulationCommands>(
-        m_session, limits, *m_modulation,
+        m_session, *m_modulation,
         ModulationCommands::Indicators{*m_ui->label_AmPmFm, *m_ui->label_PULM});
     m_lfGenerator =
-        std::make_unique<LfGeneratorCommands>(m_session, limits, *m_generator, *m_ui->label_Gener);
+        std::make_unique<LfGeneratorCommands>(m_session, *m_generator, *m_ui->label_Gener);
     connect(m_modulation, &Modulat::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_generator, &generator::keypadRequested, m_keypad, &Keypad::openFor);
 }
@@ -239,32 +223,27 @@ void MainWindow::wireSweep()
     m_runs = std::make_unique<Runs>(
         m_session, m_connection, *m_powerGuard, *m_ui, *m_list,
         Runs::Others{*m_modulation, *m_modulationCommands, *m_generator, *m_lfGenerator},
-        *m_status);
+        m_notices);
     connect(m_list, &List::keypadRequested, m_keypad, &Keypad::openFor);
     connect(m_list, &List::errorMessage, this, &MainWindow::reportError);
 }
 
 void MainWindow::wireService()
 {
-    m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service);
-    connect(m_serviceCommands.get(), &ServiceCommands::statusMessage, m_status.get(),
-            &StatusLine::showInstrumentMessage);
+    m_serviceCommands = std::make_unique<ServiceCommands>(m_session, *m_service, m_notices);
     connect(m_serviceCommands.get(), &ServiceCommands::errorMessage, this,
             &MainWindow::reportError);
-    connect(m_service, &service::statusMessage, m_status.get(), &StatusLine::showMessage);
     connect(m_service, &service::keypadRequested, m_keypad, &Keypad::openFor);
 }
 
 void MainWindow::wireFirmware()
 {
     m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
-        FirmwareUpdate::Parts{m_session, m_connection, m_source->watch()});
+        FirmwareUpdate::Parts{m_session, m_connection, m_source->watch(), m_notices});
     m_serviceCommands->follow(m_connection, *m_ui->service, *m_firmwareUpdate);
     auto* dialog = new Firmware(this);
     connect(m_about, &Form::updateFirmware, dialog, &QWidget::show);
     connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
-    connect(m_firmwareUpdate.get(), &FirmwareUpdate::statusMessage, m_status.get(),
-            &StatusLine::showMessage);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
             &QAbstractButton::click);
     // Before the click tells of its own search.
@@ -280,11 +259,12 @@ void MainWindow::wireProfiles()
 {
     m_panelProfiles = std::make_unique<PanelProfiles>(
         PanelProfiles::Panels{*this, *m_modulation, *m_generator, *m_list},
-        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard}, *m_cw, *m_ui);
+        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard, m_steps}, *m_cw, *m_ui);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Modulation);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Generator);
     openSave_XML_FILE& files = m_panelProfiles->files();
-    connect(&files, &openSave_XML_FILE::message, m_status.get(), &StatusLine::showMessage);
+    connect(&files, &openSave_XML_FILE::message, this,
+            [this](const QString& text) { m_notices.say([text] { return text; }); });
     connect(&files, &openSave_XML_FILE::error, this, &MainWindow::reportError);
     m_profiles = new openSaveProfile(files, this);
     for (QWidget* panel : std::initializer_list<QWidget*>{m_service, m_profiles})
@@ -315,8 +295,7 @@ void MainWindow::on_connect_clicked()
 void MainWindow::toHelp()
 {
     const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
-    if (!complaint.isEmpty())
-        m_status->showMessage(complaint);
+    m_notices.say([complaint] { return complaint; });
 }
 
 void MainWindow::retranslate()

@@ -7,6 +7,10 @@
 #include "connection/connection.h"
 #include "connection/gui_list_klv.h"
 #include "connection/running_copies.h"
+#include "cw/cw_controls.h"
+#include "fields/field_context.h"
+#include "link/instrument_limits.h"
+#include "link/notices.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "link/visa_library.h"
@@ -14,7 +18,7 @@
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
-#include "cw/cw_controls.h"
+#include "numbers/step_table.h"
 #include "profiles/open_save_profile.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
@@ -137,6 +141,11 @@ private:
     Look m_look;
     std::unique_ptr<InstrumentSource> m_source;
     std::unique_ptr<Ui::MainWindow> m_ui;
+
+    InstrumentLimits m_limits;
+    StepTable m_steps;
+    Notices m_notices;
+    const FieldContext m_context{m_limits, m_steps, m_notices};
 
     VisaLibrary m_visa;
     ScpiSession m_session;

@@ -1,8 +1,8 @@
 #include "app/output_display.h"
 
 #include "connection/connection.h"
-#include "link/scpi_session.h"
 #include "cw/cw_controls.h"
+#include "link/scpi_session.h"
 
 #include <QAbstractButton>
 

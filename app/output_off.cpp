@@ -1,12 +1,14 @@
 #include "app/output_off.h"
 
 #include "connection/connection.h"
+#include "link/notices.h"
 #include "ui/state_button.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 
-OutputOff::OutputOff(StateButton& output, const Connection& connection) : m_output(output)
+OutputOff::OutputOff(StateButton& output, const Connection& connection, Notices& notices)
+    : m_output(output), m_notices(notices)
 {
     qApp->installEventFilter(this);
     connect(&output, &QAbstractButton::toggled, this, &OutputOff::followOutput);
@@ -39,7 +41,8 @@ bool OutputOff::eventFilter(QObject* watched, QEvent* event)
     if (m_output.isChecked())
         m_output.click();
     else
-        emit statusMessage(tr("No instrument is connected: nothing was switched off"));
+        m_notices.sayOfInstrument(
+            [] { return tr("No instrument is connected: nothing was switched off"); });
     return true;
 }
 

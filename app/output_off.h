@@ -3,6 +3,7 @@
 #include <QObject>
 
 class Connection;
+class Notices;
 class QKeyEvent;
 class QWidget;
 class StateButton;
@@ -16,11 +17,7 @@ class OutputOff : public QObject
 
 public:
     /// `output` is checked while the RF output is on, and outlives this.
-    OutputOff(StateButton& output, const Connection& connection);
-
-signals:
-    /// The key was pressed, and there was no instrument to be switched off.
-    void statusMessage(const QString& message);
+    OutputOff(StateButton& output, const Connection& connection, Notices& notices);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -30,6 +27,7 @@ private:
     bool isOutputKey(const QKeyEvent& key) const;
 
     StateButton& m_output;
+    Notices& m_notices;
     /// Without an instrument the key does not switch on: it is pressed in haste, and the button may
     /// have been let go with a connection that has just broken.
     bool m_isConnected = false;

@@ -2,6 +2,9 @@
 
 #include "app/status_line.h"
 #include "connection/connection.h"
+#include "cw/cw_controls.h"
+#include "fields/number_edit.h"
+#include "fields/power_guard.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/generator.h"
@@ -9,9 +12,6 @@
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
 #include "numbers/unit_keys.h"
-#include "cw/cw_controls.h"
-#include "fields/power_guard.h"
-#include "fields/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/sweep_group.h"
 #include "ui/files/user_folder.h"
@@ -37,10 +37,10 @@ SharedVariable::Type typeOf(StepKind kind)
     return isWholeStep(kind) ? SharedVariable::Type::Int32 : SharedVariable::Type::Double;
 }
 
-SharedVariable stepVariable(StepKind kind)
+SharedVariable stepVariable(StepTable& steps, StepKind kind)
 {
-    return {stepKey(kind), typeOf(kind), [kind] { return StepTable::global().step(kind); },
-            [kind](const QVariant& step) { StepTable::global().setStep(kind, step.toDouble()); }};
+    return {stepKey(kind), typeOf(kind), [kind, &steps] { return steps.step(kind); },
+            [kind, &steps](const QVariant& step) { steps.setStep(kind, step.toDouble()); }};
 }
 
 SharedVariable numberVariable(const QString& name, QString& text)
@@ -101,15 +101,13 @@ QString PanelProfiles::refusal() const
 /// that could come back.
 QString PanelProfiles::fieldText(const QLineEdit& field) const
 {
-    for (const PulseTime* time :
-         {&m_panels.modulation.pulsePeriod(), &m_panels.modulation.pulseWidth()}) {
-        if (time->field() == &field)
-            return isEdited(&field) ? time->acceptedTextUs() : time->textUs();
-    }
     // The entry is open only while a frequency is being typed.
     if (&field == m_form.ROSC_FREQ)
         return m_cw.externalReferenceMHz();
-    return isEdited(&field) ? acceptedText(&field) : field.text();
+    const auto* number = qobject_cast<const NumberEdit*>(&field);
+    if (!number)
+        return field.text();
+    return number->isEdited() ? number->acceptedText() : number->ownText();
 }
 
 /// Brings the fields into the form in which files hold them.
@@ -118,14 +116,15 @@ void PanelProfiles::settle()
     const ProfileStore& store = m_files->store();
     for (const QWidget* panel : store.panels()) {
         for (QLineEdit* field : store.controls<QLineEdit>(*panel)) {
-            if (isEdited(field))
-                showAccepted(field, acceptedText(field));
+            auto* number = qobject_cast<NumberEdit*>(field);
+            if (number && number->isEdited())
+                number->showAccepted(number->acceptedText());
         }
     }
     m_panels.modulation.usePulseMicroseconds();
     // The entry is open only while a frequency is being typed.
     if (m_form.ROSC_FREQ->isHidden())
-        showAccepted(m_form.ROSC_FREQ, m_cw.externalReferenceMHz());
+        m_form.ROSC_FREQ->showAccepted(m_cw.externalReferenceMHz());
 }
 
 /// While a profile is replayed: what ends something.
@@ -160,8 +159,7 @@ void PanelProfiles::registerPanels()
              m_form.profiles, m_form.service, &m_panels.list.runSweep(), &m_panels.list.runList()})
         store.exclude(control);
     // Entered before the width, the period would give way to one that is still the old one.
-    store.putBehind(m_panels.modulation.pulseWidth().field(),
-                    m_panels.modulation.pulsePeriod().field());
+    store.putBehind(&m_panels.modulation.pulseWidth(), &m_panels.modulation.pulsePeriod());
 }
 
 void PanelProfiles::registerWaits()
@@ -180,7 +178,7 @@ void PanelProfiles::registerWaits()
 void PanelProfiles::registerVariables()
 {
     ProfileStore& store = m_files->store();
-    SweepValues& aside = m_panels.list.valuesAside();
+    SweepValues& aside = m_panels.list.sweep().valuesAside();
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW"), aside.fixed));
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW_start"), aside.start));
     store.addVariable(numberVariable(QStringLiteral("FREQ_POW_stop"), aside.stop));
@@ -194,7 +192,7 @@ void PanelProfiles::registerVariables()
     std::swap(kinds[static_cast<int>(StepKind::PointCount)],
               kinds[static_cast<int>(StepKind::Time)]);
     for (const StepKind kind : qAsConst(kinds))
-        store.addVariable(stepVariable(kind));
+        store.addVariable(stepVariable(m_instrument.steps, kind));
 }
 
 void PanelProfiles::takeExternalReference(const QString& frequencyMHz)

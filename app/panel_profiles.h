@@ -17,6 +17,7 @@ class PowerGuard;
 class QLineEdit;
 class QWidget;
 class ScpiSession;
+class StepTable;
 class generator;
 
 namespace Ui
@@ -43,6 +44,7 @@ public:
         ScpiSession& session;
         Connection& connection;
         PowerGuard& powerGuard;
+        StepTable& steps;
     };
 
     /// `form` is the window's.

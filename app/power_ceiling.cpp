@@ -1,12 +1,10 @@
 #include "app/power_ceiling.h"
 
+#include "fields/number_edit.h"
 #include "numbers/number_text.h"
-#include "fields/numeric_field.h"
-#include "ui/describe.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace
@@ -22,21 +20,21 @@ bool isWholeOrEmpty(const QString& text)
 }
 } // namespace
 
-PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, QWidget* parent)
+PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, const FieldContext& context,
+                           QWidget* parent)
     : PanelDialog(tr("Highest power"),
                   tr("No power above it is set by this program, whatever is typed, stepped or "
                      "opened. Empty: as high as the instrument allows."),
                   parent),
-      m_field(new QLineEdit(this))
+      m_field(new NumberEdit(Quantity::HighestPower, context, this,
+                             ceilingDbm ? QString::number(*ceilingDbm) : QString()))
 {
     setObjectName(QStringLiteral("PowerCeiling"));
     m_field->setObjectName(QStringLiteral("line_ceiling"));
-    m_field->setText(ceilingDbm ? QString::number(*ceilingDbm) : QString());
     m_field->setMaxLength(longestPower);
     m_field->setFixedWidth(fieldWidth);
     m_field->setAlignment(Qt::AlignRight);
-    setUpNumericField(m_field, Quantity::HighestPower);
-    describe(m_field, windowTitle(), tr("Whole dBm, or nothing"));
+    m_field->describe();
     auto* line = new QHBoxLayout;
     line->addWidget(m_field);
     line->addWidget(new QLabel(tr("dBm"), this));

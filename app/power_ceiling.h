@@ -4,7 +4,8 @@
 
 #include <optional>
 
-class QLineEdit;
+class NumberEdit;
+struct FieldContext;
 
 /// Asks for the highest power that the program may set, in whole dBm; an empty field stands for
 /// none. What is no whole number cannot be taken.
@@ -13,7 +14,7 @@ class PowerCeiling : public PanelDialog
     Q_OBJECT
 
 public:
-    PowerCeiling(std::optional<int> ceilingDbm, QWidget* parent);
+    PowerCeiling(std::optional<int> ceilingDbm, const FieldContext& context, QWidget* parent);
 
 signals:
     void chosen(std::optional<int> ceilingDbm);
@@ -21,5 +22,5 @@ signals:
 private:
     void choose();
 
-    QLineEdit* m_field;
+    NumberEdit* m_field;
 };

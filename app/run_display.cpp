@@ -1,5 +1,7 @@
 #include "app/run_display.h"
 
+#include "fields/number_edit.h"
+#include "link/notices.h"
 #include "numbers/number_text.h"
 #include "sweep/list_panel.h"
 #include "sweep/run_picture.h"
@@ -7,7 +9,6 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -40,8 +41,8 @@ void keepRoomOf(QWidget& widget)
 } // namespace
 
 RunDisplay::RunDisplay(const Widgets& widgets, List& panel, const RunPicture& picture,
-                       const SweepCommands& runs, QObject* parent)
-    : QObject(parent), m_ui(widgets), m_panel(panel), m_picture(picture),
+                       const SweepCommands& runs, Notices& notices, QObject* parent)
+    : QObject(parent), m_ui(widgets), m_panel(panel), m_picture(picture), m_notices(notices),
       m_frequency(figureOver(widgets.frequency, widgets.frequencyUnit, "run_FREQ")),
       m_power(figureOver(widgets.power, widgets.powerUnit, "run_POW"))
 {
@@ -50,7 +51,7 @@ RunDisplay::RunDisplay(const Widgets& widgets, List& panel, const RunPicture& pi
     setRunning(false);
 }
 
-RunDisplay::Figure RunDisplay::figureOver(QLineEdit& field, QWidget& unit, const char* name)
+RunDisplay::Figure RunDisplay::figureOver(NumberEdit& field, QWidget& unit, const char* name)
 {
     auto* label = new QLabel(&field);
     label->setObjectName(QLatin1String(name));
@@ -103,11 +104,12 @@ void RunDisplay::showOver(bool isOver)
 {
     m_ui.lamp.setEnabled(m_isRunning && !isOver);
     if (m_isRunning && isOver) {
-        m_told = tr("Pass finished: Stop returns to %1 Hz").arg(m_ui.frequency.text());
-        emit statusMessage(m_told);
-    } else if (!m_told.isEmpty()) {
-        emit statusMessageOver(m_told);
-        m_told.clear();
+        m_notice = m_notices.sayOfInstrument([frequency = m_ui.frequency.text()] {
+            return tr("Pass finished: Stop returns to %1 Hz").arg(frequency);
+        });
+    } else if (m_notice) {
+        m_notices.takeBack(*m_notice);
+        m_notice.reset();
     }
 }
 

@@ -3,10 +3,13 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 class List;
+class Notices;
+class NumberEdit;
 class QAbstractButton;
 class QLabel;
-class QLineEdit;
 class QProgressBar;
 class QWidget;
 class RunPicture;
@@ -21,9 +24,9 @@ class RunDisplay : public QObject
 
 public:
     struct Widgets {
-        QLineEdit& frequency;
+        NumberEdit& frequency;
         QWidget& frequencyUnit;
-        QLineEdit& power;
+        NumberEdit& power;
         QWidget& powerUnit;
         QLabel& lamp; ///< enabled while the run moves, shown as long as it is not stopped
         QLabel& point;
@@ -32,15 +35,10 @@ public:
     };
 
     RunDisplay(const Widgets& widgets, List& panel, const RunPicture& picture,
-               const SweepCommands& runs, QObject* parent = nullptr);
+               const SweepCommands& runs, Notices& notices, QObject* parent = nullptr);
 
     /// In the present language.
     void retranslate();
-
-signals:
-    void statusMessage(const QString& message);
-    /// It holds no longer.
-    void statusMessageOver(const QString& message);
 
 private:
     /// A number in the place of a field's, as large.
@@ -49,7 +47,7 @@ private:
         QWidget* unit;
     };
 
-    static Figure figureOver(QLineEdit& field, QWidget& unit, const char* name);
+    static Figure figureOver(NumberEdit& field, QWidget& unit, const char* name);
     void wire(const SweepCommands& runs);
     void showStop();
     void setRunning(bool isRunning);
@@ -62,8 +60,9 @@ private:
     Widgets m_ui;
     List& m_panel;
     const RunPicture& m_picture;
+    Notices& m_notices;
     Figure m_frequency;
     Figure m_power;
     bool m_isRunning = false;
-    QString m_told; ///< of the pass that is over
+    std::optional<int> m_notice; ///< of the pass that is over
 };

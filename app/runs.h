@@ -12,7 +12,6 @@
 class Connection;
 class PowerGuard;
 class ScpiSession;
-class StatusLine;
 
 namespace Ui
 {
@@ -35,7 +34,7 @@ public:
     };
 
     Runs(ScpiSession& session, const Connection& connection, PowerGuard& guard,
-         const Ui::MainWindow& form, List& panel, const Others& others, StatusLine& status);
+         const Ui::MainWindow& form, List& panel, const Others& others, Notices& notices);
 
     SweepCommands& commands() { return m_commands; }
 
@@ -43,11 +42,10 @@ public:
     void retranslate() { m_display->retranslate(); }
 
 private:
-    void wireStatus();
     void showBounded();
 
     List& m_panel;
-    StatusLine& m_status;
+    Notices& m_notices;
     TriggerCommands m_triggers;
     ListTransfer m_transfer;
     SweepCommands m_commands;

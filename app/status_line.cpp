@@ -1,7 +1,6 @@
 #include "app/status_line.h"
 
 #include "connection/connection.h"
-#include "link/scpi_session.h"
 
 #include <QLabel>
 #include <QVariant>
@@ -16,15 +15,18 @@ constexpr int mostActivities = 2;
 const QString separator = QStringLiteral("  ·  ");
 } // namespace
 
-StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_label(label)
+StatusLine::StatusLine(QLabel& label, const Notices& notices, QObject* parent)
+    : QObject(parent), m_label(label)
 {
     for (QTimer* timer : {&m_messageTimer, &m_faultTimer}) {
         timer->setSingleShot(true);
         timer->setInterval(messageMs);
     }
-    connect(&m_messageTimer, &QTimer::timeout, this, [this] {
-        m_message.clear();
-        refresh();
+    connect(&m_messageTimer, &QTimer::timeout, this, &StatusLine::forgetNotice);
+    connect(&notices, &Notices::said, this, &StatusLine::showNotice);
+    connect(&notices, &Notices::takenBack, this, [this](int number) {
+        if (m_notice && m_notice->number == number)
+            forgetNotice();
     });
     connect(&m_faultTimer, &QTimer::timeout, this, &StatusLine::refresh);
     m_sincePainted.start();
@@ -39,7 +41,7 @@ StatusLine::StatusLine(QLabel& label, QObject* parent) : QObject(parent), m_labe
     });
 }
 
-void StatusLine::follow(const Connection& connection, const ScpiSession& session)
+void StatusLine::follow(const Connection& connection)
 {
     connect(&connection, &Connection::failed, this, &StatusLine::showFailure);
     connect(&connection, &Connection::lost, this, &StatusLine::showLoss);
@@ -47,41 +49,36 @@ void StatusLine::follow(const Connection& connection, const ScpiSession& session
     connect(&connection, &Connection::attemptStarted, this, &StatusLine::forgetInstrument);
     connect(&connection, &Connection::ready, this, &StatusLine::forgetFault);
     connect(&connection, &Connection::disconnected, this, &StatusLine::forgetInstrument);
-    connect(&connection, &Connection::statusMessage, this, &StatusLine::showInstrumentMessage);
-    connect(&session, &ScpiSession::errorReported, this,
-            [this](const InstrumentError& error) { showInstrumentMessage(errorWords(error)); });
 }
 
-void StatusLine::showMessage(const QString& message)
+void StatusLine::showNotice(const Notice& notice)
 {
-    m_message = message;
-    m_isOfInstrument = false;
+    const bool isBeside =
+        notice.about == Notice::About::InstrumentToo && isOfInstrument() && !noticeText().isEmpty();
+    const StatusWords before = m_notice ? m_notice->words : nullptr;
+    m_notice = notice;
+    if (isBeside)
+        m_notice->words = [before, words = notice.words] { return before() + separator + words(); };
     m_messageTimer.stop();
     refresh();
 }
 
-void StatusLine::forgetMessage(const QString& message)
+void StatusLine::forgetNotice()
 {
-    if (m_message == message)
-        showMessage(QString());
+    m_notice.reset();
+    m_messageTimer.stop();
+    refresh();
 }
 
-void StatusLine::showInstrumentMessage(const QString& message)
+bool StatusLine::isOfInstrument() const
 {
-    showMessage(message);
-    m_isOfInstrument = true;
-}
-
-void StatusLine::addInstrumentMessage(const QString& message)
-{
-    const bool isAlone = !m_isOfInstrument || m_message.isEmpty();
-    showInstrumentMessage(isAlone ? message : m_message + separator + message);
+    return m_notice && m_notice->about != Notice::About::Program;
 }
 
 void StatusLine::forgetInstrument()
 {
-    if (m_isOfInstrument)
-        showMessage(QString());
+    if (isOfInstrument())
+        forgetNotice();
 }
 
 void StatusLine::showFailure(const StatusWords& reason)
@@ -129,13 +126,14 @@ QString StatusLine::activityText() const
 void StatusLine::refresh()
 {
     const QString activity = activityText();
-    const bool isMessage = activity.isEmpty() && !m_message.isEmpty() && !m_faultTimer.isActive();
+    const QString notice = noticeText();
+    const bool isMessage = activity.isEmpty() && !notice.isEmpty() && !m_faultTimer.isActive();
     // It has its full time once it is seen.
     if (!isMessage)
         m_messageTimer.stop();
     else if (!m_messageTimer.isActive())
         m_messageTimer.start();
-    const QString text = isMessage ? m_message : activity.isEmpty() ? faultText() : activity;
+    const QString text = isMessage ? notice : activity.isEmpty() ? faultText() : activity;
     m_label.setProperty("warning", activity.isEmpty() && !text.isEmpty());
     m_label.setText(text);
 }

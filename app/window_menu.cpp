@@ -24,8 +24,8 @@ const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &sys
 const char* const jumps[] = {"0", "10", "20", "30"};
 } // namespace
 
-WindowMenu::WindowMenu(Look& look, PowerGuard& guard, QWidget* parent)
-    : QMenu(parent), m_look(look), m_guard(guard),
+WindowMenu::WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent)
+    : QMenu(parent), m_look(look), m_guard(guard), m_context(context),
       m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
       m_about(addAction(QString(), this, &WindowMenu::aboutChosen))
 {
@@ -86,7 +86,7 @@ void WindowMenu::addPowerGuard()
 
 void WindowMenu::askCeiling()
 {
-    auto* dialog = new PowerCeiling(m_guard.ceilingDbm(), parentWidget());
+    auto* dialog = new PowerCeiling(m_guard.ceilingDbm(), m_context, parentWidget());
     connect(dialog, &PowerCeiling::chosen, &m_guard, &PowerGuard::setCeilingDbm);
     dialog->open();
 }

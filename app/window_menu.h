@@ -4,6 +4,7 @@
 
 class Look;
 class PowerGuard;
+struct FieldContext;
 class QAction;
 class QActionGroup;
 
@@ -15,7 +16,7 @@ class WindowMenu : public QMenu
 
 public:
     /// Look and guard outlive the menu.
-    WindowMenu(Look& look, PowerGuard& guard, QWidget* parent);
+    WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent);
 
     /// Whether the simulated instrument is the one that is worked with.
     void showSimulated(bool isSimulated);
@@ -40,6 +41,7 @@ private:
 
     Look& m_look;
     PowerGuard& m_guard;
+    const FieldContext& m_context;
     QAction* m_help;
     QAction* m_about;
     QAction* m_simulator;

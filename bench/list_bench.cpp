@@ -3,6 +3,7 @@
 #include "sweep/list_file.h"
 #include "sweep/list_panel.h"
 #include "sweep/point_table.h"
+#include "tests/support/fields.h"
 
 #include <QApplication>
 #include <QTemporaryDir>
@@ -46,7 +47,8 @@ void measureOpening()
         fillPlainTable(table, points);
     });
     const double openUs = microsecondsEach(1, [&] {
-        PointTable table;
+        const Fields fields;
+        PointTable table(fields.context);
         table.change({0, 0, readListFile(path).rows}, QString());
     });
     std::printf("filling a plain table:        %7.1f ms  (%d rows)\n", plainUs / 1000.0, fileRows);
@@ -56,7 +58,8 @@ void measureOpening()
 
 void measureEditing()
 {
-    List panel;
+    const Fields fields;
+    List panel(fields.context);
     panel.show();
     PointTable& table = panel.table();
     table.change({0, 0, somePoints(editedRows)}, QString());

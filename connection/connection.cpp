@@ -4,6 +4,7 @@
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
 #include "link/instrument_limits.h"
+#include "link/notices.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
@@ -72,7 +73,8 @@ QString silenceText(ViStatus status)
 
 Connection::Connection(const Parts& parts, QObject* parent)
     : QObject(parent), m_session(parts.session), m_limits(parts.limits), m_search(parts.search),
-      m_chooser(parts.chooser), m_copies(parts.copies), m_watch(parts.watch)
+      m_chooser(parts.chooser), m_copies(parts.copies), m_watch(parts.watch),
+      m_notices(parts.notices)
 {
     m_pollTimer.setTimerType(Qt::CoarseTimer);
     m_pollTimer.setInterval(pollIntervalMs);
@@ -377,8 +379,10 @@ void Connection::tellReady(const InstrumentIdentity& identity)
     const QString name = titleOf(identity.model, identity.serial);
     const QString before = std::exchange(m_lastName, name);
     if (m_attempt.isByItself && !before.isEmpty() && before != name)
-        emit statusMessage(
-            tr("Connected to %1 in place of %2").arg(instrumentText(name), instrumentText(before)));
+        m_notices.sayOfInstrument([name, before] {
+            return tr("Connected to %1 in place of %2")
+                .arg(instrumentText(name), instrumentText(before));
+        });
     emit ready();
 }
 

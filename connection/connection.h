@@ -13,6 +13,7 @@
 
 class GuiListKLV;
 class HotPlugWatch;
+class Notices;
 class InstrumentLimits;
 class RunningCopies;
 class ScpiSession;
@@ -41,6 +42,7 @@ public:
         GuiListKLV& chooser;
         RunningCopies& copies;
         HotPlugWatch& watch;
+        Notices& notices;
     };
 
     /// Sends one part of the panel's state to a freshly reset instrument.
@@ -112,8 +114,6 @@ signals:
     void failed(const StatusWords& reason);
     /// Told behind failed() when there is no instrument to be found at all.
     void nothingFound();
-    /// To be read once.
-    void statusMessage(const QString& message);
     /// The connection has ended by itself.
     void lost(const StatusWords& reason);
     /// Whether anything goes on, from the search to the end of the push.
@@ -172,6 +172,7 @@ private:
     GuiListKLV& m_chooser;
     RunningCopies& m_copies;
     HotPlugWatch& m_watch;
+    Notices& m_notices;
 
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;

@@ -1,17 +1,14 @@
 #include "cw/cw_controls.h"
 
-#include "link/instrument_limits.h"
+#include "fields/number_edit.h"
+#include "fields/power_guard.h"
+#include "link/cw_formats.h"
+#include "link/notices.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
-#include "fields/clamp_field.h"
-#include "fields/entry_notice.h"
-#include "fields/numeric_field.h"
-#include "fields/power_guard.h"
-#include "fields/unit_key_filter.h"
 
 #include <QAbstractButton>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QSignalBlocker>
 
 namespace
@@ -40,11 +37,11 @@ bool isGoneForGood(const QEvent& focusOut)
 
 /// What is no number gives way to what was accepted, which the instrument has not been given: the
 /// field stays marked.
-bool hasNumberToPush(QLineEdit& field)
+bool hasNumberToPush(NumberEdit& field)
 {
-    if (takeNumber(&field))
+    if (field.takeNumber())
         return true;
-    setEdited(&field, true);
+    field.setEdited(true);
     return false;
 }
 
@@ -56,11 +53,11 @@ void selectAndDeselect(QLineEdit& field)
 }
 } // namespace
 
-CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, PowerGuard& guard,
+CwControls::CwControls(ScpiSession& session, const FieldContext& context, PowerGuard& guard,
                        const Widgets& widgets, QObject* parent)
-    : QObject(parent), m_session(session), m_limits(limits), m_guard(guard), m_ui(widgets)
+    : QObject(parent), m_session(session), m_notices(context.notices), m_guard(guard), m_ui(widgets)
 {
-    setUpFields();
+    setUpFields(context);
     holdCeiling();
     connect(&m_guard, &PowerGuard::ceilingChanged, this, &CwControls::holdCeiling);
     connect(&m_ui.reference, &QAbstractButton::toggled, this, &CwControls::animateSwitchRoscButton);
@@ -69,11 +66,11 @@ CwControls::CwControls(ScpiSession& session, const InstrumentLimits& limits, Pow
     connect(&m_session, &ScpiSession::referenceUnlockGone, this, &CwControls::hideUnlockRosc);
 }
 
-void CwControls::setUpFields()
+void CwControls::setUpFields(const FieldContext& context)
 {
-    setUpNumericField(&m_ui.frequency, Quantity::Frequency);
-    setUpNumericField(&m_ui.power, Quantity::Power);
-    setUpNumericField(&m_ui.referenceEntry, Quantity::ExternalReference);
+    m_ui.frequency.setUp(Quantity::Frequency, context);
+    m_ui.power.setUp(Quantity::Power, context);
+    m_ui.referenceEntry.setUp(Quantity::ExternalReference, context);
     m_ui.frequency.setMaxLength(longestFrequency);
     m_ui.power.setMaxLength(longestPower);
     m_ui.referenceEntry.setMaxLength(longestReference);
@@ -88,48 +85,48 @@ void CwControls::setUpFields()
 
 void CwControls::on_FREQ_editingFinished()
 {
-    QLineEdit& field = m_ui.frequency;
-    if (!takeNumber(&field))
+    NumberEdit& field = m_ui.frequency;
+    if (!field.takeNumber())
         return;
-    clampField(m_limits, &field);
+    field.clamp();
     selectAndDeselect(field);
-    showAccepted(&field, field.text());
+    field.showAccepted(field.text());
     if (!m_session.isConnected())
         return;
-    showAnswer(&field, m_session.setAndReadBack(frequencyFormat, toNumber(field.text()),
-                                                FieldKind::Frequency));
+    field.showAnswer(
+        m_session.setAndReadBack(frequencyFormat, field.value(), FieldKind::Frequency));
     m_session.checkErrors();
 }
 
 void CwControls::on_POW_editingFinished()
 {
-    QLineEdit& field = m_ui.power;
-    if (!takeNumber(&field))
+    NumberEdit& field = m_ui.power;
+    if (!field.takeNumber())
         return;
-    m_guard.bound(&field);
+    m_guard.bound(field);
     const QString wanted = field.text();
-    const double wantedDbm = toNumber(wanted);
+    const double wantedDbm = field.value();
     const double fromDbm =
-        m_guard.riseStart(toNumber(acceptedText(&field)), wantedDbm, isBeingStepped(&field));
+        m_guard.riseStart(field.acceptedValue(), wantedDbm, field.isBeingStepped());
     const auto raise = [this, wanted] {
         m_ui.power.setText(wanted);
         sendPower();
     };
     // Until it is answered, the field says what the output has.
     if (m_guard.ask(fromDbm, wantedDbm, raise))
-        showAccepted(&field, acceptedText(&field));
+        field.showAccepted(field.acceptedText());
     else
         sendPower();
 }
 
 void CwControls::pushPower()
 {
-    QLineEdit& field = m_ui.power;
+    NumberEdit& field = m_ui.power;
     if (!hasNumberToPush(field))
         return;
-    m_guard.bound(&field);
-    if (m_guard.wouldAsk(toNumber(acceptedText(&field)), toNumber(field.text())))
-        showAccepted(&field, m_guard.bounded(acceptedText(&field)));
+    m_guard.bound(field);
+    if (m_guard.wouldAsk(field.acceptedValue(), field.value()))
+        field.showAccepted(m_guard.bounded(field.acceptedText()));
     sendPower();
 }
 
@@ -137,24 +134,23 @@ void CwControls::pushPower()
 /// run it is what the instrument comes back to.
 void CwControls::holdCeiling()
 {
-    QLineEdit& field = m_ui.power;
-    const QString accepted = acceptedText(&field);
+    NumberEdit& field = m_ui.power;
+    const QString accepted = field.acceptedText();
     const QString bounded = m_guard.bounded(accepted);
     if (bounded == accepted)
         return;
-    showAccepted(&field, bounded);
+    field.showAccepted(bounded);
     if (field.isEnabled())
         sendPower();
 }
 
 void CwControls::sendPower()
 {
-    QLineEdit& field = m_ui.power;
-    showAccepted(&field, field.text());
+    NumberEdit& field = m_ui.power;
+    field.showAccepted(field.text());
     if (!m_session.isConnected())
         return;
-    showAnswer(&field,
-               m_session.setAndReadBack(powerFormat, toNumber(field.text()), FieldKind::Power));
+    field.showAnswer(m_session.setAndReadBack(powerFormat, field.value(), FieldKind::Power));
     m_session.checkErrors();
 }
 
@@ -171,22 +167,23 @@ void CwControls::on_Output_clicked()
     if (m_session.isConnected())
         pushOutput();
     else if (m_ui.output.isChecked())
-        emit statusMessage(tr("No instrument is connected: RF goes on when one is"));
+        m_notices.sayOfInstrument(
+            [] { return tr("No instrument is connected: RF goes on when one is"); });
     else
-        emit statusMessage(tr("No instrument is connected: nothing was switched off"));
+        m_notices.sayOfInstrument(
+            [] { return tr("No instrument is connected: nothing was switched off"); });
 }
 
 /// A field that holds no number: by a key, or by a click that does not take the focus, it is not
 /// left by itself. While RF is switched off, typing goes on.
-void CwControls::leaveUnreadable(QLineEdit& field)
+void CwControls::leaveUnreadable(NumberEdit& field)
 {
     const bool isOn = m_ui.output.isChecked();
-    if (readsAsNumber(field.text(), numericField(&field)->kind) || acceptedText(&field).isEmpty() ||
-        (field.hasFocus() && !isOn))
+    if (field.hasNumber() || field.acceptedText().isEmpty() || (field.hasFocus() && !isOn))
         return;
     if (field.hasFocus())
         m_ui.output.setFocus();
-    takeNumber(&field);
+    field.takeNumber();
 }
 
 void CwControls::pushOutput()
@@ -235,7 +232,7 @@ void CwControls::sendExternalReference()
 {
     const QString captioned = captionedReferenceMHz();
     if (readsAsNumber(captioned)) {
-        const Range& range = m_limits[Quantity::ExternalReference];
+        const Range& range = m_ui.referenceEntry.range();
         qint64 frequencyMHz = toWholeNumber(captioned);
         if (range.isKnown())
             frequencyMHz = qMax(qMin(frequencyMHz, qint64(range.max)), qint64(range.min));
@@ -265,7 +262,7 @@ void CwControls::openReferenceEntry()
         cancelReferenceEntry();
         return;
     }
-    showAccepted(&m_ui.referenceEntry, m_externalReferenceMHz);
+    m_ui.referenceEntry.showAccepted(m_externalReferenceMHz);
     m_ui.referenceEntry.show();
     m_ui.referenceEntry.setFocus();
     m_ui.referenceEntry.selectAll();
@@ -300,7 +297,7 @@ bool CwControls::eventFilter(QObject* watched, QEvent* event)
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     const bool isLeft = event->type() == QEvent::FocusOut && isGoneForGood(*event) &&
                         m_ui.referenceEntry.isVisible() &&
-                        m_ui.referenceEntry.text() == acceptedText(&m_ui.referenceEntry);
+                        m_ui.referenceEntry.text() == m_ui.referenceEntry.acceptedText();
     if (!isEscape && !isLeft)
         return QObject::eventFilter(watched, event);
     cancelReferenceEntry();
@@ -343,6 +340,8 @@ QString CwControls::captionedReferenceMHz() const
 
 void CwControls::retranslate()
 {
+    for (NumberEdit* field : {&m_ui.frequency, &m_ui.power, &m_ui.referenceEntry})
+        field->describe();
     // Blank while not locked, and the user's own while being typed.
     if (!m_ui.reference.text().isEmpty() && m_ui.referenceEntry.isHidden())
         captionReference(m_externalReferenceMHz);
@@ -353,7 +352,7 @@ void CwControls::showUnlockRosc()
     m_ui.reference.setText(QString());
     m_ui.externalIndicator.setProperty(unlockedProperty, isRoscExt());
     if (isRoscExt())
-        emit statusMessage(tr("The external reference is not locked"));
+        m_notices.sayOfInstrument([] { return tr("The external reference is not locked"); });
     else
         m_ui.unlockIndicator.show();
 }

@@ -3,12 +3,13 @@
 #include <QObject>
 #include <QString>
 
-class InstrumentLimits;
+class Notices;
+class NumberEdit;
 class PowerGuard;
 class QAbstractButton;
-class QLineEdit;
 class QWidget;
 class ScpiSession;
+struct FieldContext;
 
 /// The continuous-wave controls at work: frequency, power, RF output and reference oscillator go
 /// to the instrument, and what it answers goes back into their fields. Owns the stored external
@@ -18,23 +19,19 @@ class CwControls : public QObject
     Q_OBJECT
 
 public:
-    // Both set a number and ask for it back.
-    static constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
-    static constexpr char powerFormat[] = "POW %lf;POW?";
-
     struct Widgets {
-        QLineEdit& frequency;
-        QLineEdit& power;
+        NumberEdit& frequency;
+        NumberEdit& power;
         QAbstractButton& output;
         QAbstractButton& reference; ///< checked: external
-        QLineEdit& referenceEntry;  ///< external frequency in whole MHz
+        NumberEdit& referenceEntry; ///< external frequency in whole MHz
         QWidget& unlockIndicator;
         /// Lit, that is enabled, while the reference is external; "unlocked" while it has lost its
         /// lock.
         QWidget& externalIndicator;
     };
 
-    CwControls(ScpiSession& session, const InstrumentLimits& limits, PowerGuard& guard,
+    CwControls(ScpiSession& session, const FieldContext& context, PowerGuard& guard,
                const Widgets& widgets, QObject* parent = nullptr);
 
     /// The last external reference frequency that the instrument confirmed, or that was entered
@@ -83,15 +80,14 @@ public slots:
 signals:
     /// The instrument has been told whether the RF output is to be on.
     void outputSent();
-    void statusMessage(const QString& message);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void setUpFields();
+    void setUpFields(const FieldContext& context);
     void sendPower();
-    void leaveUnreadable(QLineEdit& field);
+    void leaveUnreadable(NumberEdit& field);
     void holdCeiling();
     void cancelReferenceEntry();
     void sendExternalReference();
@@ -100,7 +96,7 @@ private:
     void closeReferenceEntry();
 
     ScpiSession& m_session;
-    const InstrumentLimits& m_limits;
+    Notices& m_notices;
     PowerGuard& m_guard;
     Widgets m_ui;
     QString m_externalReferenceMHz = QStringLiteral("10");

@@ -1,7 +1,7 @@
 #include "cw/power_mode.h"
 
-#include "link/scpi_session.h"
 #include "cw/wgt_mode_pow.h"
+#include "link/scpi_session.h"
 
 #include <QWidget>
 

@@ -3,7 +3,6 @@
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
 #include "numbers/unit_keys.h"
-#include "fields/unit_key_filter.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -35,10 +34,16 @@ int keyDirection(const QKeyEvent& event)
 }
 } // namespace
 
-EventsLineEdit::EventsLineEdit(QLineEdit* edit, StepKind kind, StepFlags flags)
-    : QObject(edit), m_edit(edit), m_kind(kind), m_flags(flags)
+EventsLineEdit::EventsLineEdit(QLineEdit* edit, StepKind kind, const StepTable& steps)
+    : QObject(edit), m_edit(edit), m_kind(kind), m_steps(steps)
 {
     edit->installEventFilter(this);
+}
+
+void EventsLineEdit::set(StepFlags flags, int unitPower)
+{
+    m_flags = flags;
+    m_unitPower = unitPower;
 }
 
 bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
@@ -69,11 +74,9 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
 
 void EventsLineEdit::step(int direction)
 {
-    const double size = StepTable::global().step(m_kind);
-    // Steps count in the kind's own unit, whatever unit the field shows.
-    const int power = unitPower(m_edit);
-    const QString text = shiftedText(m_edit->text(), power);
-    m_edit->setText(shiftedText(steppedText(text, direction, m_kind, size, m_flags), -power));
+    const QString text = shiftedText(m_edit->text(), m_unitPower);
+    const QString stepped = steppedText(text, direction, m_kind, m_steps.step(m_kind), m_flags);
+    m_edit->setText(shiftedText(stepped, -m_unitPower));
     commit();
 }
 

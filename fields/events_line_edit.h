@@ -6,6 +6,7 @@
 #include <QString>
 
 class QLineEdit;
+class StepTable;
 
 /// Steps the number in a focused line edit: the wheel and Up/Down by the step of its kind,
 /// Ctrl+Up/Down by the digit at the cursor. Each step commits at once. Installs itself on the line
@@ -15,9 +16,11 @@ class EventsLineEdit : public QObject
     Q_OBJECT
 
 public:
-    EventsLineEdit(QLineEdit* edit, StepKind kind, StepFlags flags = {});
+    EventsLineEdit(QLineEdit* edit, StepKind kind, const StepTable& steps);
 
     void setKind(StepKind kind) { m_kind = kind; }
+    /// Steps count in the kind's own unit; the edit's numbers in that power of ten of it.
+    void set(StepFlags flags, int unitPower);
 
     /// One step up (direction 1) or down (-1), as by the wheel; the focus does not matter.
     void step(int direction);
@@ -42,7 +45,9 @@ private:
 
     QLineEdit* m_edit;
     StepKind m_kind;
+    const StepTable& m_steps;
     StepFlags m_flags;
+    int m_unitPower = 0;
     DigitCursor m_lastDigit;
     bool m_isCommitting = false;
 };

@@ -21,8 +21,7 @@ bool pastesSelection(const QMouseEvent& event)
 }
 } // namespace
 
-PasteFilter::PasteFilter(QLineEdit* field, Taker taker, QObject* parent)
-    : QObject(parent), m_field(field), m_taker(std::move(taker))
+PasteFilter::PasteFilter(QLineEdit* field, Taker taker) : m_field(field), m_taker(std::move(taker))
 {
     field->installEventFilter(this);
 }

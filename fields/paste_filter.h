@@ -16,7 +16,7 @@ class PasteFilter : public QObject
 public:
     using Taker = std::function<void(const QString& text)>;
 
-    PasteFilter(QLineEdit* field, Taker taker, QObject* parent);
+    PasteFilter(QLineEdit* field, Taker taker);
 
     /// What the clipboard holds, as if its key had been pressed.
     void paste();

@@ -1,13 +1,13 @@
 #include "fields/power_guard.h"
 
+#include "fields/number_edit.h"
+#include "fields/power_question.h"
+#include "link/notices.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
-#include "fields/power_question.h"
-#include "fields/unit_key_filter.h"
 
 #include <QAbstractButton>
 #include <QEventLoop>
-#include <QLineEdit>
 #include <QSettings>
 
 #include <algorithm>
@@ -88,13 +88,14 @@ QString PowerGuard::bounded(const QString& powerText) const
     return isAbove ? QString::number(*m_ceilingDbm) : powerText;
 }
 
-void PowerGuard::bound(QLineEdit* field)
+void PowerGuard::bound(NumberEdit& field)
 {
-    const QString text = bounded(field->text());
-    if (text == field->text())
+    const QString text = bounded(field.text());
+    if (text == field.text())
         return;
-    field->setText(text);
-    emit statusMessage(tr("Power: at most %1 dBm, as set in the menu").arg(text));
+    field.setText(text);
+    field.context().notices.say(
+        [text] { return tr("Power: at most %1 dBm, as set in the menu").arg(text); });
 }
 
 double PowerGuard::riseStart(double presentDbm, double wantedDbm, bool isStep)

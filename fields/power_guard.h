@@ -7,9 +7,9 @@
 #include <functional>
 #include <optional>
 
+class NumberEdit;
 class PowerQuestion;
 class QAbstractButton;
-class QLineEdit;
 class QSettings;
 class QWidget;
 class ScpiSession;
@@ -41,7 +41,7 @@ public:
     /// A power's text, or that of the highest level where it is above.
     QString bounded(const QString& powerText) const;
     /// Bounds a field of power and says so; one that is not above stays as it is.
-    void bound(QLineEdit* field);
+    void bound(NumberEdit& field);
 
     /// Where the rise begins that a change from the present level to the wanted one is part of.
     /// Steps of less than a second apart are one rise, from the lowest level among them. For a
@@ -67,7 +67,6 @@ public slots:
 signals:
     void ceilingChanged();
     void answered(bool isRaised);
-    void statusMessage(const QString& message);
 
 private:
     void keepSetting(const QString& key, const QVariant& value);

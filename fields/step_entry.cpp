@@ -1,10 +1,9 @@
 #include "fields/step_entry.h"
 
+#include "fields/number_edit.h"
+#include "link/instrument_limits.h"
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
-#include "fields/unit_key_filter.h"
-
-#include <QLineEdit>
 
 namespace
 {
@@ -12,25 +11,18 @@ namespace
 constexpr Range pointCounts{1, 10000};
 } // namespace
 
-Range stepLimits(Quantity quantity)
+bool acceptStepEntry(NumberEdit& line)
 {
-    return quantity == Quantity::SweepPoints ? pointCounts : InstrumentLimits::global()[quantity];
-}
-
-bool acceptStepEntry(QLineEdit* line, Quantity quantity)
-{
-    const QString typed = withoutBlanks(line->text());
+    const QString typed = withoutBlanks(line.text());
     if (typed.isEmpty()) {
-        line->selectAll();
-        if (auto* typing = line->findChild<UnitKeyFilter*>())
-            typing->paste();
-        else
-            line->paste();
+        line.selectAll();
+        line.paste();
         return false;
     }
+    const Quantity quantity = line.quantity();
     const StepKind kind = *stepKind(quantity);
-    const Range limits = stepLimits(quantity);
+    const Range limits = quantity == Quantity::SweepPoints ? pointCounts : line.range();
     const double step = acceptedStep(kind, typed, limits.min, limits.max);
-    line->setText(stepText(step));
-    return StepTable::global().setStep(kind, step);
+    line.setText(stepText(step));
+    return line.context().steps.setStep(kind, step);
 }

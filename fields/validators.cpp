@@ -1,6 +1,5 @@
 #include "fields/validators.h"
 
-#include <QLineEdit>
 #include <QRegularExpressionValidator>
 
 #include <array>
@@ -32,9 +31,4 @@ const QValidator* entryValidator(EntryPattern pattern)
 {
     static const EntryValidators validators;
     return validators.of(pattern);
-}
-
-void setEntryValidator(QLineEdit* field, FieldKind kind)
-{
-    field->setValidator(entryValidator(entryPattern(kind)));
 }

@@ -1,6 +1,7 @@
 #include "link/instrument_limits.h"
 
 #include "link/scpi_session.h"
+#include "numbers/number_text.h"
 
 namespace
 {
@@ -14,12 +15,6 @@ void readLimit(ScpiSession& session, Quantity quantity, const char* which, doubl
 }
 } // namespace
 
-InstrumentLimits& InstrumentLimits::global()
-{
-    static InstrumentLimits limits;
-    return limits;
-}
-
 void InstrumentLimits::readLimits(ScpiSession& session)
 {
     for (int i = 0; i < quantityCount; ++i) {
@@ -30,4 +25,15 @@ void InstrumentLimits::readLimits(ScpiSession& session)
         readLimit(session, quantity, " MAX", range.max);
         readLimit(session, quantity, " MIN", range.min);
     }
+}
+
+bool InstrumentLimits::bound(QString& text, Quantity quantity) const
+{
+    const Range& range = (*this)[quantity];
+    bool isNumber = false;
+    const double value = withoutBlanks(text).toDouble(&isNumber);
+    if (!isNumber || !range.isKnown() || (value >= range.min && value <= range.max))
+        return false;
+    text = clampText(text, range.min, range.max, fieldKind(quantity));
+    return true;
 }

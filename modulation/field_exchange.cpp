@@ -1,54 +1,45 @@
 #include "modulation/field_exchange.h"
 
+#include "fields/number_edit.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
 #include "numbers/unit_keys.h"
-#include "fields/clamp_field.h"
-#include "fields/numeric_field.h"
-#include "fields/unit_key_filter.h"
 
-#include <QLineEdit>
-
-void FieldExchange::accept(QLineEdit* field) const
+namespace
 {
-    clampField(m_limits, field);
-    showAccepted(field, field->text());
-}
-
-void FieldExchange::acceptAsItStands(QLineEdit* field) const
+void acceptAsItStands(NumberEdit& field)
 {
-    const Range& range = m_limits[numericField(field)->quantity];
-    const QString number = withoutBlanks(field->text());
+    const Range& range = field.range();
+    const QString number = withoutBlanks(field.text());
     const double value = toNumber(number);
     const bool isWithin = !range.isKnown() || (range.min <= value && value <= range.max);
     if (isWithin && isPlainDecimal(number))
-        showAccepted(field, field->text());
+        field.showAccepted(field.text());
     else
-        accept(field);
+        field.acceptClamped();
 }
+} // namespace
 
-void FieldExchange::setAndShow(const char* format, QLineEdit* field)
+void FieldExchange::setAndShow(const char* format, NumberEdit& field)
 {
-    if (!takeNumber(field))
+    if (!field.takeNumber())
         return;
-    accept(field);
+    field.acceptClamped();
     if (!m_session.isConnected())
         return;
-    showAnswer(field, m_session.setAndReadBack(format, toNumber(field->text()),
-                                               numericField(field)->kind));
+    field.showAnswer(m_session.setAndReadBack(format, field.acceptedValue(), field.kind()));
     m_session.checkErrors();
 }
 
-void FieldExchange::writeAndShow(const TwoStep& texts, QLineEdit* field)
+void FieldExchange::writeAndShow(const TwoStep& texts, NumberEdit& field)
 {
-    if (!takeNumber(field))
+    if (!field.takeNumber())
         return;
     acceptAsItStands(field);
     if (!m_session.isConnected())
         return;
-    const QString number = withoutBlanks(field->text());
-    m_session.write(texts.command + number + texts.unit);
-    const QString shown = displayText(m_session.read(texts.query), numericField(field)->kind);
+    m_session.write(texts.command + withoutBlanks(field.text()) + texts.unit);
+    const QString shown = displayText(m_session.read(texts.query), field.kind());
     if (!shown.isEmpty())
-        showAccepted(field, shown);
+        field.showAccepted(shown);
 }

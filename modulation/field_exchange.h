@@ -1,11 +1,8 @@
 #pragma once
 
-#include "link/instrument_limits.h"
-#include "fields/entry_notice.h"
-
 #include <QString>
 
-class QLineEdit;
+class NumberEdit;
 class ScpiSession;
 
 /// Sends the numbers of fields and shows what the instrument answers. Every number is bounded
@@ -21,23 +18,16 @@ public:
         QString query;
     };
 
-    FieldExchange(ScpiSession& session, const InstrumentLimits& limits)
-        : m_session(session), m_limits(limits)
-    {
-    }
+    explicit FieldExchange(ScpiSession& session) : m_session(session) {}
 
     /// Sends `format` with the field's number, shows the reply and drains the error queue.
-    void setAndShow(const char* format, QLineEdit* field);
+    void setAndShow(const char* format, NumberEdit& field);
 
     /// Writes the command with the field's text, which stays as it stands while it is within the
     /// range, then the query, and shows its reply; a failed read leaves the field. Checks no
     /// errors.
-    void writeAndShow(const TwoStep& texts, QLineEdit* field);
+    void writeAndShow(const TwoStep& texts, NumberEdit& field);
 
 private:
-    void accept(QLineEdit* field) const;
-    void acceptAsItStands(QLineEdit* field) const;
-
     ScpiSession& m_session;
-    const InstrumentLimits& m_limits;
 };

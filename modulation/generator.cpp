@@ -3,15 +3,12 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
-#include "fields/numeric_field.h"
-#include "fields/unit_key_filter.h"
 #include "ui/describe.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -43,15 +40,15 @@ constexpr std::array<ShapeButton, shapeCount> shapeRows = {{
 }};
 } // namespace
 
-generator::generator(QWidget* parent)
+generator::generator(const FieldContext& context, QWidget* parent)
     : SidePanel(QStringLiteral("generator"), parent), m_picture(new WaveformPicture(this))
 {
-    build();
+    build(context);
     wire();
     generator::retranslate();
 }
 
-void generator::build()
+void generator::build(const FieldContext& context)
 {
     setFixedWidth(modulationPanelWidth);
     title()->setObjectName(QStringLiteral("name_generator"));
@@ -59,18 +56,21 @@ void generator::build()
     shapeButton(WaveShape::Dc)->setFixedWidth(shapeWidth);
     auto* values = new QGridLayout;
     values->setSpacing(panelSpacing);
+    const auto field = [&](Quantity quantity, const char* text) {
+        return new NumberEdit(quantity, context, this, QLatin1String(text));
+    };
     m_frequency = addValueRow(values,
                               {QStringLiteral("caption_FREQ"), QStringLiteral("FREQ"),
                                QStringLiteral("unit_generator_FREQ")},
-                              QLatin1String(initialFrequency), this);
+                              field(Quantity::LfFrequency, initialFrequency));
     m_amplitude = addValueRow(values,
                               {QStringLiteral("caption_VOLTAGE"), QStringLiteral("VOLTAGE"),
                                QStringLiteral("unit_VOLTAGE")},
-                              QLatin1String(initialAmplitude), this);
+                              field(Quantity::LfAmplitude, initialAmplitude));
     m_duty = addValueRow(
         values,
         {QStringLiteral("vvod_Percent"), QStringLiteral("percent"), QStringLiteral("unit_percent")},
-        QLatin1String(initialDuty), this);
+        field(Quantity::LfDuty, initialDuty));
     auto* settings = new QVBoxLayout;
     settings->setSpacing(panelSpacing);
     settings->addWidget(shapeButton(WaveShape::Dc));
@@ -102,12 +102,7 @@ QGridLayout* generator::buildShapes()
 
 void generator::wire()
 {
-    setUpNumericField(frequency(), Quantity::LfFrequency);
-    setUpNumericField(amplitude(), Quantity::LfAmplitude);
-    setUpNumericField(duty(), Quantity::LfDuty);
-    connect(frequency(), &QLineEdit::textEdited, this, &generator::FREQ_Edit);
-    connect(amplitude(), &QLineEdit::textEdited, this, &generator::Volt_Edit);
-    for (const QLineEdit* field : {frequency(), amplitude(), duty()})
+    for (const QLineEdit* field : {&frequency(), &amplitude(), &duty()})
         connect(field, &QLineEdit::textChanged, this, &generator::refresh);
 
     // Made here, so that the choice is exclusive before any other listener hears of the click.
@@ -180,26 +175,17 @@ void generator::autoOff()
     emit hide_();
 }
 
-void generator::FREQ_Edit(const QString&)
-{
-    reformatEdited(frequency(), FieldKind::LfFrequency);
-}
-void generator::Volt_Edit()
-{
-    reformatEdited(amplitude(), FieldKind::LfAmplitude);
-}
-
 void generator::A_click()
 {
-    emit keypadRequested(amplitude());
+    emit keypadRequested(&amplitude());
 }
 void generator::F_click()
 {
-    emit keypadRequested(frequency());
+    emit keypadRequested(&frequency());
 }
 void generator::vvod_Percent_click()
 {
-    emit keypadRequested(duty());
+    emit keypadRequested(&duty());
 }
 
 /// Brings everything into line with the waveform and the fields.
@@ -213,10 +199,9 @@ void generator::refresh()
         return;
     }
     const bool hasFrequency = *shown != WaveShape::Random && *shown != WaveShape::Dc;
-    const double frequencyHz = hasFrequency ? toNumber(frequency()->text()) : 0.0;
-    const double amplitudeV = toNumber(amplitude()->text());
-    m_picture->showWaveform({*shown, frequencyHz > 0.0 ? 1.0 / frequencyHz : 0.0,
-                             toNumber(duty()->text()),
+    const double frequencyHz = hasFrequency ? frequency().value() : 0.0;
+    const double amplitudeV = amplitude().value();
+    m_picture->showWaveform({*shown, frequencyHz > 0.0 ? 1.0 / frequencyHz : 0.0, duty().value(),
                              *shown == WaveShape::Dc ? amplitudeV : -amplitudeV, amplitudeV},
                             Unit::Volt);
 }
@@ -232,12 +217,8 @@ void generator::retranslate()
                  tr("Switch the LF generator on with this waveform; a click on the chosen one "
                     "switches it off"));
     }
-    const auto fullName = [](const QString& name) { return tr("LF generator: %1").arg(name); };
-    retranslateValueRow(m_frequency, {fullName(tr("Frequency")), tr("Frequency"),
-                                      unitSymbol(Unit::Hertz), tr("Frequency in hertz")});
-    retranslateValueRow(m_amplitude, {fullName(tr("Magnitude")), tr("Magnitude"),
-                                      unitSymbol(Unit::Volt), tr("Amplitude in volts")});
-    retranslateValueRow(m_duty, {fullName(tr("DUTY")), tr("DUTY"), unitSymbol(Unit::Percent),
-                                 tr("Duty of the rectangle in whole percent")});
+    retranslateValueRow(m_frequency, tr("Frequency"), unitSymbol(Unit::Hertz));
+    retranslateValueRow(m_amplitude, tr("Magnitude"), unitSymbol(Unit::Volt));
+    retranslateValueRow(m_duty, tr("DUTY"), unitSymbol(Unit::Percent));
     refresh();
 }

@@ -9,7 +9,6 @@
 
 class QAbstractButton;
 class QGridLayout;
-class QLineEdit;
 class QPushButton;
 class WaveformPicture;
 
@@ -20,28 +19,26 @@ class generator : public SidePanel
     Q_OBJECT
 
 public:
-    explicit generator(QWidget* parent = nullptr);
+    explicit generator(const FieldContext& context, QWidget* parent = nullptr);
 
     bool isOn() const { return checkedShape().has_value(); }
     QPushButton* shapeButton(WaveShape shape) const;
     /// None while the generator is off.
     std::optional<WaveShape> checkedShape() const;
-    QLineEdit* frequency() const { return m_frequency.field; }
-    QLineEdit* amplitude() const { return m_amplitude.field; }
-    QLineEdit* duty() const { return m_duty.field; }
+    NumberEdit& frequency() const { return *m_frequency.field; }
+    NumberEdit& amplitude() const { return *m_amplitude.field; }
+    NumberEdit& duty() const { return *m_duty.field; }
 
 public slots:
     /// Switches the generator off by a click on its waveform, and asks to be closed.
     void autoOff();
-    void FREQ_Edit(const QString& typed);
-    void Volt_Edit();
     void A_click();
     void F_click();
     void vvod_Percent_click();
 
 signals:
     /// The user wants to enter the number of this field on a keypad.
-    void keypadRequested(QLineEdit* field);
+    void keypadRequested(NumberEdit* field);
 
 protected:
     void retranslate() override;
@@ -49,7 +46,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void build();
+    void build(const FieldContext& context);
     QGridLayout* buildShapes();
     void wire();
     void chooseShape(const QAbstractButton* clicked);

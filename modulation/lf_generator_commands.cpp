@@ -7,7 +7,6 @@
 #include "modulation/settling.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include <algorithm>
@@ -44,10 +43,10 @@ const ShapeRow shapeRows[] = {
 static_assert(std::size(shapeRows) == shapeCount);
 } // namespace
 
-LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, const InstrumentLimits& limits,
-                                         generator& panel, QLabel& indicator, QObject* parent)
-    : QObject(parent), m_session(session), m_limits(limits), m_panel(panel), m_indicator(indicator),
-      m_exchange(session, limits)
+LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, generator& panel, QLabel& indicator,
+                                         QObject* parent)
+    : QObject(parent), m_session(session), m_panel(panel), m_indicator(indicator),
+      m_exchange(session)
 {
     wire();
     update_Generator();
@@ -57,9 +56,9 @@ void LfGeneratorCommands::wire()
 {
     for (const ShapeRow& row : shapeRows)
         connect(m_panel.shapeButton(row.shape), &QAbstractButton::clicked, this, row.slot);
-    connect(m_panel.frequency(), &QLineEdit::editingFinished, this, &Self::editFreqGenerator);
-    connect(m_panel.amplitude(), &QLineEdit::editingFinished, this, &Self::editVoltGenerator);
-    connect(m_panel.duty(), &QLineEdit::editingFinished, this, &Self::editPercentGenerator);
+    connect(&m_panel.frequency(), &QLineEdit::editingFinished, this, &Self::editFreqGenerator);
+    connect(&m_panel.amplitude(), &QLineEdit::editingFinished, this, &Self::editVoltGenerator);
+    connect(&m_panel.duty(), &QLineEdit::editingFinished, this, &Self::editPercentGenerator);
 }
 
 void LfGeneratorCommands::update_Generator()

@@ -17,8 +17,8 @@ class LfGeneratorCommands : public QObject
     Q_OBJECT
 
 public:
-    LfGeneratorCommands(ScpiSession& session, const InstrumentLimits& limits, generator& panel,
-                        QLabel& indicator, QObject* parent = nullptr);
+    LfGeneratorCommands(ScpiSession& session, generator& panel, QLabel& indicator,
+                        QObject* parent = nullptr);
 
     /// Sends the panel's state to a freshly connected instrument; nothing while the generator is
     /// off.
@@ -55,7 +55,6 @@ private:
     bool sendShape(int run, WaveShape shape, bool isRestore);
 
     ScpiSession& m_session;
-    const InstrumentLimits& m_limits;
     generator& m_panel;
     QLabel& m_indicator;
     FieldExchange m_exchange;

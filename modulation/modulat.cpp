@@ -1,10 +1,7 @@
 #include "modulation/modulat.h"
 
-#include "fields/unit_key_filter.h"
-
 #include <QBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
 
@@ -55,16 +52,15 @@ private:
     std::vector<Entry> m_boxes;
 };
 
-Modulat::Modulat(QWidget* parent)
+Modulat::Modulat(const FieldContext& context, QWidget* parent)
     : SidePanel(QStringLiteral("Modulat"), parent), m_selection(new QGroupBox(this)),
-      m_column(new GroupColumn(this)), m_pulseGroup(new PulseGroup(m_selection, m_column))
+      m_column(new GroupColumn(this)), m_pulseGroup(new PulseGroup(context, m_selection, m_column))
 {
     for (const Modulation modulation : modulations)
         m_groups[static_cast<std::size_t>(modulation)] =
-            new ModulationGroup(modulation, m_selection, m_column);
+            new ModulationGroup(modulation, context, m_selection, m_column);
     build();
     wireButtons();
-    wireFields();
     wireGroups();
     m_pulseGroup->setExpanded(true, false);
     Modulat::retranslate();
@@ -124,32 +120,10 @@ void Modulat::wireButtons()
     for (const auto& row : clicks)
         connect(row.button, &QAbstractButton::clicked, this, row.slot);
     connect(period.caption, &QAbstractButton::clicked, this,
-            [this] { emit keypadRequested(pulsePeriod().field()); });
+            [this] { emit keypadRequested(&pulsePeriod()); });
     connect(width.caption, &QAbstractButton::clicked, this,
-            [this] { emit keypadRequested(pulseWidth().field()); });
+            [this] { emit keypadRequested(&pulseWidth()); });
     connect(pulseSource(), &QAbstractButton::clicked, this, &Modulat::setEnabledModulationSetting);
-}
-
-void Modulat::wireFields()
-{
-    const ModulationGroup& am = group(Modulation::Am);
-    const ModulationGroup& fm = group(Modulation::Fm);
-    const ModulationGroup& pm = group(Modulation::Pm);
-    const struct {
-        QLineEdit* field;
-        void (Modulat::*slot)(const QString&);
-    } edits[] = {
-        {pulsePeriod().field(), &Modulat::on_line_period_textEdited},
-        {pulseWidth().field(), &Modulat::on_line_width_textEdited},
-        {am.rate().field, &Modulat::on_line_Ampl_1_textEdited},
-        {fm.rate().field, &Modulat::on_line_FREQ_1_textEdited},
-        {fm.level().field, &Modulat::on_line_FREQ_2_textEdited},
-        {pm.rate().field, &Modulat::on_line_Phase_1_textEdited},
-        {am.level().field, &Modulat::line_Ampl_2_Edited},
-        {pm.level().field, &Modulat::line_Phase_2_Edited},
-    };
-    for (const auto& row : edits)
-        connect(row.field, &QLineEdit::textEdited, this, row.slot);
 }
 
 void Modulat::wireGroups()
@@ -172,15 +146,6 @@ ModulationGroup& Modulat::group(Modulation modulation) const
     return *m_groups[static_cast<std::size_t>(modulation)];
 }
 
-std::optional<Modulation> Modulat::modulationNamed(const QString& name) const
-{
-    for (const ModulationGroup* each : m_groups) {
-        if (each->name() == name)
-            return each->modulation();
-    }
-    return std::nullopt;
-}
-
 std::optional<Modulation> Modulat::checkedModulation() const
 {
     for (const ModulationGroup* each : m_groups) {
@@ -188,29 +153,6 @@ std::optional<Modulation> Modulat::checkedModulation() const
             return each->modulation();
     }
     return std::nullopt;
-}
-
-double Modulat::pulsePeriodUs() const
-{
-    return pulsePeriod().microseconds();
-}
-double Modulat::pulseWidthUs() const
-{
-    return pulseWidth().microseconds();
-}
-void Modulat::showPulsePeriodUs(const QString& acceptedUs)
-{
-    pulsePeriod().showAcceptedUs(acceptedUs);
-}
-void Modulat::showPulseWidthUs(const QString& acceptedUs)
-{
-    pulseWidth().showAcceptedUs(acceptedUs);
-}
-
-void Modulat::usePulseMicroseconds()
-{
-    pulsePeriod().useMicroseconds();
-    pulseWidth().useMicroseconds();
 }
 
 void Modulat::fold(FoldBox& box, bool isExpanded, bool isAnimated)
@@ -269,11 +211,11 @@ void Modulat::on_PM_clicked()
 
 void Modulat::on_us_per_clicked()
 {
-    pulsePeriod().nextUnit();
+    m_pulseGroup->nextUnit(pulsePeriod());
 }
 void Modulat::on_us_wid_clicked()
 {
-    pulseWidth().nextUnit();
+    m_pulseGroup->nextUnit(pulseWidth());
 }
 
 void Modulat::on_Ampl_F_clicked()
@@ -311,39 +253,6 @@ void Modulat::percentButton_PM_click()
 void Modulat::percentButton_FM_click()
 {
     emit keypadRequested(group(Modulation::Fm).duty().field);
-}
-
-void Modulat::on_line_period_textEdited(const QString&)
-{
-    reformatEdited(pulsePeriod().field(), FieldKind::PulsePeriod);
-}
-void Modulat::on_line_width_textEdited(const QString&)
-{
-    reformatEdited(pulseWidth().field(), FieldKind::PulseWidth);
-}
-void Modulat::on_line_Ampl_1_textEdited(const QString&)
-{
-    reformatEdited(group(Modulation::Am).rate().field, FieldKind::ModulationRate);
-}
-void Modulat::on_line_FREQ_1_textEdited(const QString&)
-{
-    reformatEdited(group(Modulation::Fm).rate().field, FieldKind::ModulationRate);
-}
-void Modulat::on_line_FREQ_2_textEdited(const QString&)
-{
-    reformatEdited(group(Modulation::Fm).level().field, FieldKind::FmDeviation);
-}
-void Modulat::on_line_Phase_1_textEdited(const QString&)
-{
-    reformatEdited(group(Modulation::Pm).rate().field, FieldKind::ModulationRate);
-}
-void Modulat::line_Ampl_2_Edited(const QString&)
-{
-    reformatEdited(group(Modulation::Am).level().field, FieldKind::AmDepth);
-}
-void Modulat::line_Phase_2_Edited(const QString&)
-{
-    reformatEdited(group(Modulation::Pm).level().field, FieldKind::PmDeviation);
 }
 
 void Modulat::correct_this()

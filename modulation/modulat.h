@@ -7,8 +7,6 @@
 #include <array>
 #include <optional>
 
-class QLineEdit;
-
 /// The modulation panel: choice, source, shape and settings of AM, FM, PM and pulse modulation, and
 /// their mutual consistency. It sends nothing, and leaves it to its owner to switch the other two
 /// of AM, FM and PM off.
@@ -17,11 +15,9 @@ class Modulat : public SidePanel
     Q_OBJECT
 
 public:
-    explicit Modulat(QWidget* parent = nullptr);
+    explicit Modulat(const FieldContext& context, QWidget* parent = nullptr);
 
     ModulationGroup& group(Modulation modulation) const;
-    /// "AM", "FM" or "PM" as named by an object; none for another name.
-    std::optional<Modulation> modulationNamed(const QString& name) const;
     QPushButton* stateButton(Modulation modulation) const { return group(modulation).state(); }
     WaveShape checkedShape(Modulation modulation) const { return group(modulation).checkedShape(); }
     /// The first of AM, FM and PM that is checked.
@@ -29,15 +25,10 @@ public:
 
     QPushButton* pulse() const { return m_pulseGroup->state(); }
     QPushButton* pulseSource() const { return m_pulseGroup->source(); }
-    PulseTime& pulsePeriod() const { return m_pulseGroup->period(); }
-    PulseTime& pulseWidth() const { return m_pulseGroup->width(); }
-    double pulsePeriodUs() const;
-    double pulseWidthUs() const;
-    /// Show what has been accepted, in microseconds as the instrument's reply is shown.
-    void showPulsePeriodUs(const QString& acceptedUs);
-    void showPulseWidthUs(const QString& acceptedUs);
+    NumberEdit& pulsePeriod() const { return m_pulseGroup->period(); }
+    NumberEdit& pulseWidth() const { return m_pulseGroup->width(); }
     /// Shows period and width in microseconds, as files hold them.
-    void usePulseMicroseconds();
+    void usePulseMicroseconds() { m_pulseGroup->useMicroseconds(); }
 
     /// Expands one group and collapses the other two.
     void expand(Modulation modulation, bool isAnimated = true);
@@ -48,22 +39,14 @@ public slots:
     void on_AM_clicked();
     void on_FM_clicked();
     void on_PM_clicked();
-    void on_line_period_textEdited(const QString& text);
     void on_us_per_clicked();
     void on_us_wid_clicked();
-    void on_line_width_textEdited(const QString& text);
     void on_Ampl_F_clicked();
     void on_FREQ_T_clicked();
     void on_FREQ_Dev_clicked();
     void on_Phase_T_clicked();
     void Ampl_depth_click();
     void Phase_Dev_click();
-    void on_line_Ampl_1_textEdited(const QString& text);
-    void on_line_FREQ_1_textEdited(const QString& text);
-    void on_line_FREQ_2_textEdited(const QString& text);
-    void on_line_Phase_1_textEdited(const QString& text);
-    void line_Ampl_2_Edited(const QString& text);
-    void line_Phase_2_Edited(const QString& text);
     /// While groups fold, the panel keeps the mouse from dragging the window; this ends it.
     void allow_move();
     /// Expands the group of the checked one of AM, FM and PM, and collapses the others.
@@ -78,7 +61,7 @@ public slots:
 
 signals:
     /// The user wants to enter the number of this field on a keypad.
-    void keypadRequested(QLineEdit* field);
+    void keypadRequested(NumberEdit* field);
 
 protected:
     void retranslate() override;
@@ -87,7 +70,6 @@ protected:
 private:
     void build();
     void wireButtons();
-    void wireFields();
     void wireGroups();
     void expandOnly(std::optional<Modulation> modulation, bool isAnimated);
     void fold(FoldBox& box, bool isExpanded, bool isAnimated);

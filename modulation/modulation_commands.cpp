@@ -61,12 +61,10 @@ const ModulationRow& rowOf(Modulation modulation)
 }
 } // namespace
 
-ModulationCommands::ModulationCommands(ScpiSession& session, const InstrumentLimits& limits,
-                                       Modulat& panel, const Indicators& indicators,
-                                       QObject* parent)
-    : QObject(parent), m_session(session), m_limits(limits), m_panel(panel),
-      m_indicators(indicators), m_exchange(session, limits),
-      m_pulse(session, limits, panel, indicators.pulse)
+ModulationCommands::ModulationCommands(ScpiSession& session, Modulat& panel,
+                                       const Indicators& indicators, QObject* parent)
+    : QObject(parent), m_session(session), m_panel(panel), m_indicators(indicators),
+      m_exchange(session), m_pulse(session, panel, indicators.pulse)
 {
     connect(&m_pulse, &PulseCommands::switchedOn, this, &ModulationCommands::switchedOn);
     wireButtons();
@@ -274,12 +272,12 @@ void ModulationCommands::sendRate(Modulation modulation)
     const ModulationGroup& group = m_panel.group(modulation);
     const QString header = group.name() + rateSuffix;
     m_exchange.writeAndShow({header + QLatin1Char(' '), hertzUnit, header + QLatin1Char('?')},
-                            group.rate().field);
+                            *group.rate().field);
 }
 
 void ModulationCommands::sendLevel(Modulation modulation)
 {
-    m_exchange.setAndShow(rowOf(modulation).levelFormat, m_panel.group(modulation).level().field);
+    m_exchange.setAndShow(rowOf(modulation).levelFormat, *m_panel.group(modulation).level().field);
 }
 
 void ModulationCommands::sendDuty(Modulation modulation)
@@ -287,7 +285,7 @@ void ModulationCommands::sendDuty(Modulation modulation)
     const ModulationGroup& group = m_panel.group(modulation);
     const QString header = group.name() + dutySuffix;
     m_exchange.writeAndShow({header + QLatin1Char(' '), QString(), header + QLatin1Char('?')},
-                            group.duty().field);
+                            *group.duty().field);
 }
 
 void ModulationCommands::restore()

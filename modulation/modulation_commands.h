@@ -26,8 +26,8 @@ public:
         QLabel& pulse;
     };
 
-    ModulationCommands(ScpiSession& session, const InstrumentLimits& limits, Modulat& panel,
-                       const Indicators& indicators, QObject* parent = nullptr);
+    ModulationCommands(ScpiSession& session, Modulat& panel, const Indicators& indicators,
+                       QObject* parent = nullptr);
 
     /// Sends the panel's state to a freshly connected instrument; nothing while no modulation is
     /// on.
@@ -82,7 +82,6 @@ private:
     void sendDuty(Modulation modulation);
 
     ScpiSession& m_session;
-    const InstrumentLimits& m_limits;
     Modulat& m_panel;
     Indicators m_indicators;
     FieldExchange m_exchange;

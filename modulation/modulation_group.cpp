@@ -3,13 +3,11 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
-#include "fields/numeric_field.h"
 #include "ui/describe.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
 
@@ -23,7 +21,6 @@ struct ModulationGroup::Row {
     const char* suffix;
     const char* heading;
     const char* levelCaption;
-    const char* levelTip;
     Unit levelUnit;
     const char* levelText;
     Quantity rate;
@@ -46,7 +43,6 @@ const Row rows[] = {
      "Ampl",
      QT_TRANSLATE_NOOP("ModulationGroup", "Amplitude modulation"),
      QT_TRANSLATE_NOOP("ModulationGroup", "Depth"),
-     QT_TRANSLATE_NOOP("ModulationGroup", "AM depth in percent"),
      Unit::Percent,
      "1.00",
      Q::AmRate,
@@ -61,7 +57,6 @@ const Row rows[] = {
      "FREQ",
      QT_TRANSLATE_NOOP("ModulationGroup", "Frequency modulation"),
      QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
-     QT_TRANSLATE_NOOP("ModulationGroup", "FM deviation in hertz"),
      Unit::Hertz,
      "0.0015625",
      Q::FmRate,
@@ -76,7 +71,6 @@ const Row rows[] = {
      "Phase",
      QT_TRANSLATE_NOOP("ModulationGroup", "Phase modulation"),
      QT_TRANSLATE_NOOP("ModulationGroup", "Deviation"),
-     QT_TRANSLATE_NOOP("ModulationGroup", "PM deviation in radians"),
      Unit::Radian,
      "0.001",
      Q::PmRate,
@@ -105,7 +99,8 @@ constexpr int shapeColumns = 3;
 constexpr int dutyButtonWidth = 48;
 } // namespace
 
-ModulationGroup::ModulationGroup(Modulation modulation, QWidget* selection, QWidget* parent)
+ModulationGroup::ModulationGroup(Modulation modulation, const FieldContext& context,
+                                 QWidget* selection, QWidget* parent)
     : FoldBox(QLatin1String(rows[static_cast<int>(modulation)].name) + QLatin1Char('_'),
               QStringLiteral("title") + QLatin1String(rows[static_cast<int>(modulation)].name),
               parent),
@@ -114,12 +109,8 @@ ModulationGroup::ModulationGroup(Modulation modulation, QWidget* selection, QWid
       m_dutyCaption(new QLabel(body())), m_picture(new WaveformPicture(body()))
 {
     m_state->setIcon(QIcon(QLatin1String(m_row.image)));
-    build();
+    build(context);
     shapeButton(WaveShape::Sine)->setChecked(true);
-    setUpNumericField(m_rate.field, m_row.rate);
-    setUpNumericField(m_level.field, m_row.level);
-    setUpNumericField(m_duty.field, m_row.duty);
-
     for (const QLineEdit* field : {m_rate.field, m_level.field, m_duty.field})
         connect(field, &QLineEdit::textChanged, this, &ModulationGroup::refresh);
     for (const QPushButton* button : m_shapes)
@@ -129,7 +120,7 @@ ModulationGroup::ModulationGroup(Modulation modulation, QWidget* selection, QWid
     retranslate();
 }
 
-void ModulationGroup::build()
+void ModulationGroup::build(const FieldContext& context)
 {
     m_summary->setObjectName(QLatin1String(m_row.labelNames[0]));
     header()->addWidget(m_source);
@@ -140,7 +131,7 @@ void ModulationGroup::build()
     column->addLayout(buildShapes());
     column->addLayout(lower);
     lower->setSpacing(2 * panelSpacing);
-    lower->addLayout(buildValues());
+    lower->addLayout(buildValues(context));
     lower->addWidget(m_picture, 1);
 }
 
@@ -159,7 +150,7 @@ QGridLayout* ModulationGroup::buildShapes()
     return grid;
 }
 
-QGridLayout* ModulationGroup::buildValues()
+QGridLayout* ModulationGroup::buildValues(const FieldContext& context)
 {
     const QString suffix = QLatin1String(m_row.suffix);
     const auto names = [](const char* const(&keys)[2], const QString& field) {
@@ -167,15 +158,18 @@ QGridLayout* ModulationGroup::buildValues()
     };
     auto* grid = new QGridLayout;
     grid->setSpacing(panelSpacing);
+    const auto field = [&](Quantity quantity, const char* text) {
+        return new NumberEdit(quantity, context, body(), QLatin1String(text));
+    };
     m_rate = addValueRow(grid, names(m_row.rateNames, QStringLiteral("line_%1_1").arg(suffix)),
-                         QLatin1String(initialRate), body());
+                         field(m_row.rate, initialRate));
     m_level = addValueRow(grid, names(m_row.levelNames, QStringLiteral("line_%1_2").arg(suffix)),
-                          QLatin1String(m_row.levelText), body());
+                          field(m_row.level, m_row.levelText));
     m_duty =
         addValueRow(grid,
                     {QStringLiteral("percentButton_") + suffix,
                      QStringLiteral("percentLine_") + suffix, QLatin1String(m_row.dutyUnitName)},
-                    QLatin1String(initialDuty), body());
+                    field(m_row.duty, initialDuty));
     for (const ValueRow* row : {&m_rate, &m_level, &m_duty})
         joinUnitToCaption(*row);
 
@@ -248,9 +242,9 @@ void ModulationGroup::refresh()
     m_dutyCaption->setEnabled(shape == WaveShape::Square);
     m_duty.caption->setText(withoutBlanks(m_duty.field->text()));
 
-    const double level = toNumber(m_level.field->text());
-    const double rateHz = shape == WaveShape::Random ? 0.0 : toNumber(m_rate.field->text());
-    const double duty = toNumber(m_duty.field->text());
+    const double level = m_level.field->value();
+    const double rateHz = shape == WaveShape::Random ? 0.0 : m_rate.field->value();
+    const double duty = m_duty.field->value();
     if (isExternal())
         m_picture->showNote(tr("External source"));
     else
@@ -277,16 +271,9 @@ void ModulationGroup::retranslate()
     retranslateSourceSwitch(m_source, tr("%1 source").arg(caption()));
     m_summary->setToolTip(tr("Settings of the modulation"));
 
-    const auto fullName = [this](const QString& name) {
-        return caption() + QLatin1Char(' ') + name;
-    };
     m_dutyCaption->setText(tr("DUTY"));
-    retranslateValueRow(m_rate,
-                        {fullName(tr("Frequency")), tr("Frequency"), unitSymbol(Unit::Hertz),
-                         tr("Frequency of the internal source in hertz")});
-    retranslateValueRow(m_level, {fullName(tr(m_row.levelCaption)), tr(m_row.levelCaption),
-                                  unitSymbol(m_row.levelUnit), tr(m_row.levelTip)});
-    retranslateValueRow(m_duty, {fullName(tr("DUTY")), QString(), unitSymbol(Unit::Percent),
-                                 tr("Duty of the rectangle in whole percent")});
+    retranslateValueRow(m_rate, tr("Frequency"), unitSymbol(Unit::Hertz));
+    retranslateValueRow(m_level, tr(m_row.levelCaption), unitSymbol(m_row.levelUnit));
+    retranslateValueRow(m_duty, QString(), unitSymbol(Unit::Percent));
     refresh();
 }

@@ -25,7 +25,8 @@ public:
     struct Row;
 
     /// `selection` is where the state button lives, laid out by its owner.
-    ModulationGroup(Modulation modulation, QWidget* selection, QWidget* parent);
+    ModulationGroup(Modulation modulation, const FieldContext& context, QWidget* selection,
+                    QWidget* parent);
 
     Modulation modulation() const;
     /// "AM", "FM" or "PM": the state button's object name and the instrument's subsystem.
@@ -52,9 +53,9 @@ public:
     void retranslate();
 
 private:
-    void build();
+    void build(const FieldContext& context);
     QGridLayout* buildShapes();
-    QGridLayout* buildValues();
+    QGridLayout* buildValues(const FieldContext& context);
     void refresh();
 
     const Row& m_row;

@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
 
@@ -31,10 +30,10 @@ void ValueRow::setEnabled(bool isEnabled) const
     unit->setEnabled(isEnabled);
 }
 
-ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, const QString& text,
-                     QWidget* parent)
+ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* field)
 {
-    ValueRow row{new QPushButton(parent), new QLineEdit(text, parent), new QPushButton(parent)};
+    QWidget* parent = field->parentWidget();
+    ValueRow row{new QPushButton(parent), field, new QPushButton(parent)};
     row.caption->setObjectName(names.caption);
     row.caption->setProperty("valueCaption", true);
     row.caption->setFixedWidth(captionWidth);
@@ -100,14 +99,14 @@ QString summaryText(const QStringList& values)
     return values.join(QStringLiteral("  ·  "));
 }
 
-void retranslateValueRow(const ValueRow& row, const ValueRowTexts& texts)
+void retranslateValueRow(const ValueRow& row, const QString& caption, const QString& unit)
 {
-    describeField(row.field, texts.name, texts.toolTip);
-    if (!texts.caption.isEmpty())
-        row.caption->setText(texts.caption);
-    row.unit->setText(texts.unit);
+    row.field->describe();
+    if (!caption.isEmpty())
+        row.caption->setText(caption);
+    row.unit->setText(unit);
     for (QPushButton* key : {row.caption, row.unit})
-        describeKeypadKey(key, texts.name);
+        row.field->describeKeypadKey(*key);
 }
 
 void retranslateSourceSwitch(QPushButton* button, const QString& name)

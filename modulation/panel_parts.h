@@ -1,13 +1,13 @@
 #pragma once
 
+#include "fields/number_edit.h"
 #include "modulation/waveform.h"
-#include "fields/describe.h"
+#include "ui/describe.h"
 
 #include <QStringList>
 
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QWidget;
 
@@ -20,7 +20,7 @@ constexpr int sectionMargin = 12;
 /// One setting: a caption button that opens the keypad, the field, and its unit.
 struct ValueRow {
     QPushButton* caption = nullptr;
-    QLineEdit* field = nullptr;
+    NumberEdit* field = nullptr;
     QPushButton* unit = nullptr;
 
     void setEnabled(bool isEnabled) const;
@@ -32,10 +32,8 @@ struct ValueRowNames {
     QString unit;
 };
 
-/// Makes a row of a setting in columns 0 to 2 of a grid, holding a text. What its unit does is the
-/// owner's.
-ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, const QString& text,
-                     QWidget* parent);
+/// Makes the row of a field in columns 0 to 2 of a grid. What its unit does is the owner's.
+ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* field);
 
 /// Lets the unit do what the caption button does.
 void joinUnitToCaption(const ValueRow& row);
@@ -55,12 +53,6 @@ void showIcon(QLabel& indicator, const QPushButton* button);
 /// The settings of a group in one short line.
 QString summaryText(const QStringList& values);
 
-/// What a row of a setting says in the user's language. An empty caption leaves the button's text.
-struct ValueRowTexts {
-    QString name; ///< in full, as for somebody who does not see where the field stands
-    QString caption;
-    QString unit;
-    QString toolTip; ///< without what all such fields have in common
-};
-void retranslateValueRow(const ValueRow& row, const ValueRowTexts& texts);
+/// Names a row in the user's language. An empty caption leaves the button's text.
+void retranslateValueRow(const ValueRow& row, const QString& caption, const QString& unit);
 void retranslateSourceSwitch(QPushButton* button, const QString& name);

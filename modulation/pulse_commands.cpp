@@ -1,17 +1,14 @@
 #include "modulation/pulse_commands.h"
 
 #include "link/activity.h"
-#include "link/instrument_limits.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/modulat.h"
 #include "modulation/settling.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
-#include "fields/entry_notice.h"
 
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 namespace
@@ -26,27 +23,23 @@ constexpr char widthFormat[] = "PULM:INT:PWID %lf U;PWID?";
 /// The resolution of the period: the least by which it exceeds the width.
 constexpr double periodResolutionUs = 0.1;
 
-QString boundedText(const QString& text, const Range& range, FieldKind kind)
+/// Bounds a time in microseconds and shows it as accepted.
+void acceptUs(NumberEdit& field, double us)
 {
-    return clampText(text, range.min, range.max, kind);
-}
-
-double acceptedUs(const PulseTime& time)
-{
-    return toNumber(time.acceptedTextUs());
+    const Range& range = field.range();
+    field.showAccepted(clampText(fieldText(us, field.kind()), range.min, range.max, field.kind()));
 }
 } // namespace
 
-PulseCommands::PulseCommands(ScpiSession& session, const InstrumentLimits& limits, Modulat& panel,
-                             QLabel& indicator)
-    : m_session(session), m_limits(limits), m_panel(panel), m_indicator(indicator)
+PulseCommands::PulseCommands(ScpiSession& session, Modulat& panel, QLabel& indicator)
+    : m_session(session), m_panel(panel), m_indicator(indicator)
 {
     using Self = PulseCommands;
     connect(panel.pulse(), &QAbstractButton::clicked, this, &Self::on_Pulse_clicked);
     connect(panel.pulseSource(), &QAbstractButton::clicked, this, &Self::switchExtInt_PULM);
-    connect(panel.pulsePeriod().field(), &QLineEdit::editingFinished, this,
+    connect(&panel.pulsePeriod(), &QLineEdit::editingFinished, this,
             &Self::on_line_period_editingFinished);
-    connect(panel.pulseWidth().field(), &QLineEdit::editingFinished, this,
+    connect(&panel.pulseWidth(), &QLineEdit::editingFinished, this,
             &Self::on_line_width_editingFinished);
 }
 
@@ -89,8 +82,8 @@ void PulseCommands::send()
     if (!isInternalOn() || !pause(settleMs) || run != m_run || !isInternalOn())
         return;
     bound();
-    sendPeriod();
-    sendWidth();
+    send(periodFormat, m_panel.pulsePeriod());
+    send(widthFormat, m_panel.pulseWidth());
 }
 
 void PulseCommands::switchOff()
@@ -111,94 +104,69 @@ void PulseCommands::restoreValues()
     if (m_panel.pulseSource()->isChecked())
         return;
     bound();
-    sendWidth();
-    sendPeriod();
+    send(widthFormat, m_panel.pulseWidth());
+    send(periodFormat, m_panel.pulsePeriod());
 }
 
-void PulseCommands::commit(bool isPeriod)
+void PulseCommands::on_line_period_editingFinished()
 {
-    if (!takeNumber((isPeriod ? m_panel.pulsePeriod() : m_panel.pulseWidth()).field()))
+    commit(m_panel.pulsePeriod());
+}
+
+void PulseCommands::on_line_width_editingFinished()
+{
+    commit(m_panel.pulseWidth());
+}
+
+void PulseCommands::commit(NumberEdit& field)
+{
+    if (!field.takeNumber())
         return;
-    const double periodUs = acceptedUs(m_panel.pulsePeriod());
-    const double widthUs = acceptedUs(m_panel.pulseWidth());
-    if (isPeriod)
-        boundPeriod();
-    else
-        boundWidth();
+    NumberEdit& period = m_panel.pulsePeriod();
+    NumberEdit& width = m_panel.pulseWidth();
+    const double periodUs = period.acceptedValue();
+    const double widthUs = width.acceptedValue();
+    field.acceptClamped();
     keepWidthBelowPeriod();
     // What the one has changed of the other goes out too. The period first: the instrument
     // may refuse a width that is longer.
-    const bool isPeriodChanged = acceptedUs(m_panel.pulsePeriod()) != periodUs;
-    const bool isWidthChanged = acceptedUs(m_panel.pulseWidth()) != widthUs;
-    if (isPeriod || isPeriodChanged)
-        sendPeriod();
-    if (!isPeriod || isWidthChanged)
-        sendWidth();
+    if (&field == &period || period.acceptedValue() != periodUs)
+        send(periodFormat, period);
+    if (&field == &width || width.acceptedValue() != widthUs)
+        send(widthFormat, width);
     // The instrument has its own resolution: its answers may have met.
     if (m_session.isConnected() && keepWidthBelowPeriod())
-        sendPeriod();
+        send(periodFormat, period);
 }
 
 void PulseCommands::bound()
 {
-    boundWidth();
-    boundPeriod();
+    m_panel.pulseWidth().acceptClamped();
+    m_panel.pulsePeriod().acceptClamped();
     keepWidthBelowPeriod();
-}
-
-void PulseCommands::boundPeriod()
-{
-    m_panel.showPulsePeriodUs(periodWithinLimits(m_panel.pulsePeriod().textUs()));
-}
-
-void PulseCommands::boundWidth()
-{
-    m_panel.showPulseWidthUs(widthWithinLimits(m_panel.pulseWidth().textUs()));
 }
 
 /// The width is the one kept, unless no period is longer. What is being typed into the other field
 /// does not count. True if the period has changed.
 bool PulseCommands::keepWidthBelowPeriod()
 {
-    const double widthUs = acceptedUs(m_panel.pulseWidth());
-    const double presentUs = acceptedUs(m_panel.pulsePeriod());
-    if (widthUs < presentUs || m_panel.pulsePeriod().acceptedTextUs().isEmpty())
+    NumberEdit& period = m_panel.pulsePeriod();
+    NumberEdit& width = m_panel.pulseWidth();
+    const double widthUs = width.acceptedValue();
+    const double presentUs = period.acceptedValue();
+    if (widthUs < presentUs || period.text().isEmpty())
         return false;
-    m_panel.showPulsePeriodUs(
-        periodWithinLimits(fieldText(widthUs + periodResolutionUs, FieldKind::PulsePeriod)));
-    const double periodUs = acceptedUs(m_panel.pulsePeriod());
+    acceptUs(period, widthUs + periodResolutionUs);
+    const double periodUs = period.acceptedValue();
     if (widthUs >= periodUs)
-        m_panel.showPulseWidthUs(
-            widthWithinLimits(fieldText(periodUs - periodResolutionUs, FieldKind::PulseWidth)));
+        acceptUs(width, periodUs - periodResolutionUs);
     return periodUs != presentUs;
 }
 
-QString PulseCommands::periodWithinLimits(const QString& textUs) const
+void PulseCommands::send(const char* format, NumberEdit& field)
 {
-    return boundedText(textUs, m_limits[Quantity::PulsePeriod], FieldKind::PulsePeriod);
-}
-
-QString PulseCommands::widthWithinLimits(const QString& textUs) const
-{
-    return boundedText(textUs, m_limits[Quantity::PulseWidth], FieldKind::PulseWidth);
-}
-
-void PulseCommands::sendPeriod()
-{
-    const QString periodUs = m_panel.pulsePeriod().textUs();
-    if (!m_session.isConnected() || periodUs.isEmpty())
+    if (!m_session.isConnected() || field.text().isEmpty())
         return;
-    m_panel.showPulsePeriodUs(
-        m_session.setAndReadBack(periodFormat, toNumber(periodUs), FieldKind::PulsePeriod));
-    m_session.checkErrors();
-}
-
-void PulseCommands::sendWidth()
-{
-    const QString widthUs = m_panel.pulseWidth().textUs();
-    if (!m_session.isConnected() || widthUs.isEmpty())
-        return;
-    m_panel.showPulseWidthUs(
-        m_session.setAndReadBack(widthFormat, toNumber(widthUs), FieldKind::PulseWidth));
+    field.showAnswer(m_session.setAndReadBack(format, field.value(), field.kind()));
     m_session.checkErrors();
 }

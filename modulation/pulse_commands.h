@@ -2,8 +2,8 @@
 
 #include <QObject>
 
-class InstrumentLimits;
 class Modulat;
+class NumberEdit;
 class QLabel;
 class ScpiSession;
 
@@ -16,8 +16,7 @@ class PulseCommands : public QObject
     Q_OBJECT
 
 public:
-    PulseCommands(ScpiSession& session, const InstrumentLimits& limits, Modulat& panel,
-                  QLabel& indicator);
+    PulseCommands(ScpiSession& session, Modulat& panel, QLabel& indicator);
 
     /// Sends state and source and, when pulses are made inside, period and width after a pause.
     void send();
@@ -34,8 +33,8 @@ public:
 public slots:
     void on_Pulse_clicked();
     void switchExtInt_PULM();
-    void on_line_period_editingFinished() { commit(true); }
-    void on_line_width_editingFinished() { commit(false); }
+    void on_line_period_editingFinished();
+    void on_line_width_editingFinished();
 
 signals:
     /// The pulses are on: LF generator and sweep or list have to go off, before this returns.
@@ -44,18 +43,12 @@ signals:
 private:
     bool isInternalOn() const;
     /// Period or width has been typed.
-    void commit(bool isPeriod);
+    void commit(NumberEdit& field);
     void bound();
-    void boundPeriod();
-    void boundWidth();
     bool keepWidthBelowPeriod();
-    QString periodWithinLimits(const QString& textUs) const;
-    QString widthWithinLimits(const QString& textUs) const;
-    void sendPeriod();
-    void sendWidth();
+    void send(const char* format, NumberEdit& field);
 
     ScpiSession& m_session;
-    const InstrumentLimits& m_limits;
     Modulat& m_panel;
     QLabel& m_indicator;
     /// Numbers the sequences, so that one that has paused knows of a newer one.

@@ -8,28 +8,31 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QVariant>
+
+#include <algorithm>
+#include <iterator>
 
 namespace
 {
 constexpr char initialPeriod[] = "1 000";
 constexpr char initialWidth[] = "1.00";
 constexpr double secondsPerMicrosecond = 1e-6;
+constexpr int microsecondPower = -6;
+/// The units in the order they are cycled, as powers of ten of a microsecond.
+constexpr int unitPowers[] = {0, 3, 6, -3};
 } // namespace
 
-PulseGroup::PulseGroup(QWidget* selection, QWidget* parent)
+PulseGroup::PulseGroup(const FieldContext& context, QWidget* selection, QWidget* parent)
     : FoldBox(QStringLiteral("PULM_"), QStringLiteral("titlePulse"), parent),
       m_state(newStateButton(QStringLiteral("Pulse"), selection)), m_summary(addSummary()),
       m_source(newSourceSwitch(QStringLiteral("IntExt_PULM"), this)),
       m_picture(new WaveformPicture(body()))
 {
     m_state->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
-    build();
-    m_period.emplace(m_periodRow.field, m_periodRow.unit, Quantity::PulsePeriod);
-    m_width.emplace(m_widthRow.field, m_widthRow.unit, Quantity::PulseWidth);
-    for (const QLineEdit* field : {m_periodRow.field, m_widthRow.field})
+    build(context);
+    for (const QLineEdit* field : {m_period.field, m_width.field})
         connect(field, &QLineEdit::textChanged, this, &PulseGroup::refresh);
     connect(m_source, &QAbstractButton::toggled, this, [this](bool isChecked) {
         setSettingsEnabled(!isChecked);
@@ -39,20 +42,20 @@ PulseGroup::PulseGroup(QWidget* selection, QWidget* parent)
     retranslate();
 }
 
-void PulseGroup::build()
+void PulseGroup::build(const FieldContext& context)
 {
     header()->addWidget(m_source);
     auto* values = new QGridLayout;
     values->setSpacing(panelSpacing);
-    m_periodRow = addValueRow(
+    m_period = addValueRow(
         values,
         {QStringLiteral("pulse_period"), QStringLiteral("line_period"), QStringLiteral("us_per")},
-        QLatin1String(initialPeriod), body());
-    m_widthRow = addValueRow(
+        new NumberEdit(Quantity::PulsePeriod, context, body(), QLatin1String(initialPeriod)));
+    m_width = addValueRow(
         values,
         {QStringLiteral("pulse_width"), QStringLiteral("line_width"), QStringLiteral("us_wid")},
-        QLatin1String(initialWidth), body());
-    for (QPushButton* unit : {m_periodRow.unit, m_widthRow.unit})
+        new NumberEdit(Quantity::PulseWidth, context, body(), QLatin1String(initialWidth)));
+    for (QPushButton* unit : {m_period.unit, m_width.unit})
         unit->setProperty("unitSwitch", true);
     auto* row = new QHBoxLayout(body());
     row->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
@@ -68,14 +71,14 @@ bool PulseGroup::isExternal() const
 
 void PulseGroup::setSettingsEnabled(bool isEnabled)
 {
-    m_periodRow.setEnabled(isEnabled);
-    m_widthRow.setEnabled(isEnabled);
+    m_period.setEnabled(isEnabled);
+    m_width.setEnabled(isEnabled);
 }
 
 void PulseGroup::refresh()
 {
-    const double periodUs = m_period->microseconds();
-    const double widthUs = m_width->microseconds();
+    const double periodUs = period().value();
+    const double widthUs = width().value();
     if (isExternal()) {
         m_picture->showNote(tr("External source"));
         m_summary->setText(tr("External source"));
@@ -99,14 +102,33 @@ void PulseGroup::retranslate()
     describe(m_state, tr("Pulse modulation"), tr("Switch pulse modulation on or off"));
     retranslateSourceSwitch(m_source, tr("Source of the pulses"));
     // The units are switches here and have names of their own.
-    retranslateValueRow(m_periodRow, {tr("Pulse period"), tr("Period"), QString(),
-                                      tr("Period of the pulses in the unit beside it")});
-    retranslateValueRow(m_widthRow, {tr("Pulse width"), tr("Width"), QString(),
-                                     tr("Width of the pulses in the unit beside it")});
-    for (const ValueRow* row : {&m_periodRow, &m_widthRow})
+    retranslateValueRow(m_period, tr("Period"), QString());
+    retranslateValueRow(m_width, tr("Width"), QString());
+    for (const ValueRow* row : {&m_period, &m_width})
         describe(row->unit, tr("%1: unit").arg(row->field->accessibleName()),
                  tr("Unit shown and typed: µs, ms, s or ns; a click takes the next one"));
-    m_period->retranslate();
-    m_width->retranslate();
+    showUnits();
     refresh();
+}
+
+void PulseGroup::showUnits()
+{
+    for (const ValueRow* row : {&m_period, &m_width})
+        row->unit->setText(unitSymbol(Unit::Second, microsecondPower + row->field->unitPower()));
+}
+
+void PulseGroup::nextUnit(NumberEdit& field)
+{
+    const auto* const present =
+        std::find(std::begin(unitPowers), std::end(unitPowers), field.unitPower());
+    const auto* const next = present + 1;
+    field.setUnitPower(next == std::end(unitPowers) ? unitPowers[0] : *next);
+    showUnits();
+}
+
+void PulseGroup::useMicroseconds()
+{
+    period().setUnitPower(0);
+    width().setUnitPower(0);
+    showUnits();
 }

@@ -2,9 +2,6 @@
 
 #include "modulation/fold_box.h"
 #include "modulation/panel_parts.h"
-#include "modulation/pulse_time.h"
-
-#include <optional>
 
 class WaveformPicture;
 
@@ -16,30 +13,33 @@ class PulseGroup : public FoldBox
 
 public:
     /// `selection` is where the state button lives, laid out by its owner.
-    PulseGroup(QWidget* selection, QWidget* parent);
+    PulseGroup(const FieldContext& context, QWidget* selection, QWidget* parent);
 
     QPushButton* state() const { return m_state; }
     QPushButton* source() const { return m_source; }
     bool isExternal() const;
-    const ValueRow& periodRow() const { return m_periodRow; }
-    const ValueRow& widthRow() const { return m_widthRow; }
-    PulseTime& period() { return *m_period; }
-    PulseTime& width() { return *m_width; }
+    const ValueRow& periodRow() const { return m_period; }
+    const ValueRow& widthRow() const { return m_width; }
+    NumberEdit& period() const { return *m_period.field; }
+    NumberEdit& width() const { return *m_width.field; }
+
+    /// Shows one of the two in the next unit: from µs to ms, s, ns and again to µs.
+    void nextUnit(NumberEdit& field);
+    void useMicroseconds();
 
     /// An external source makes period and width meaningless.
     void setSettingsEnabled(bool isEnabled);
     void retranslate();
 
 private:
-    void build();
+    void build(const FieldContext& context);
+    void showUnits();
     void refresh();
 
     QPushButton* m_state;
     QLabel* m_summary;
     QPushButton* m_source;
-    ValueRow m_periodRow;
-    ValueRow m_widthRow;
-    std::optional<PulseTime> m_period;
-    std::optional<PulseTime> m_width;
+    ValueRow m_period;
+    ValueRow m_width;
     WaveformPicture* m_picture;
 };

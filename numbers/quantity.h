@@ -3,7 +3,7 @@
 #include "numbers/field_kind.h"
 #include "numbers/step_kind.h"
 
-#include <QLatin1String>
+#include <QString>
 
 #include <optional>
 
@@ -34,8 +34,15 @@ enum class Quantity {
     ListPower,     ///< bounded as the power is
     HighestPower,
     Dac,
+    // Of a sweep over frequency, then of one over power; bounded as frequency and power are.
+    SweepFixedPower,
+    SweepStartFrequency,
+    SweepStopFrequency,
+    SweepFixedFrequency,
+    SweepStartPower,
+    SweepStopPower,
 };
-constexpr int quantityCount = 24;
+constexpr int quantityCount = 30;
 
 FieldKind fieldKind(Quantity quantity);
 
@@ -45,8 +52,12 @@ std::optional<StepKind> stepKind(Quantity quantity);
 /// The query of the limits, ahead of " MAX" and " MIN"; empty where no instrument tells.
 QLatin1String limitQuery(Quantity quantity);
 
-/// The quantity whose limits bound this one: itself, but for the columns of a list.
+/// The quantity whose limits bound this one: itself, but for the values of sweeps and lists.
 Quantity boundedAs(Quantity quantity);
+
+/// What a field of the quantity is called in full, and what it is for, in the chosen language.
+QString quantityName(Quantity quantity);
+QString quantityToolTip(Quantity quantity);
 
 /// The reply to a limit query as a number in the quantity's unit. What is counted in whole numbers
 /// is truncated toward zero and bounded by what a count can hold.

@@ -19,12 +19,6 @@ std::size_t indexOf(StepKind kind)
 }
 } // namespace
 
-StepTable& StepTable::global()
-{
-    static StepTable table;
-    return table;
-}
-
 StepTable::StepTable()
 {
     forEachStepKind([this](StepKind kind) { m_steps[indexOf(kind)] = defaultStep(kind); });

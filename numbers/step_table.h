@@ -12,9 +12,6 @@
 class StepTable
 {
 public:
-    /// The one table of the process.
-    static StepTable& global();
-
     StepTable();
 
     /// Takes over what the store holds and writes every later change into it. What is missing,

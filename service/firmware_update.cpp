@@ -2,6 +2,7 @@
 
 #include "connection/connection.h"
 #include "connection/hot_plug_watch.h"
+#include "link/notices.h"
 #include "link/scpi_session.h"
 
 namespace
@@ -11,7 +12,7 @@ const QString bootloaderCommand = QStringLiteral("MEM:REPROGRAM");
 
 FirmwareUpdate::FirmwareUpdate(const Parts& parts, int longestMs, QObject* parent)
     : QObject(parent), m_session(parts.session), m_connection(parts.connection),
-      m_watch(parts.watch)
+      m_watch(parts.watch), m_notices(parts.notices)
 {
     m_longest.setSingleShot(true);
     m_longest.setInterval(longestMs);
@@ -62,7 +63,7 @@ void FirmwareUpdate::giveUp()
     const bool isAway = m_stage == Stage::Away;
     stop();
     if (isAway)
-        emit statusMessage(tr("The instrument has not come back from its bootloader"));
+        m_notices.say([] { return tr("The instrument has not come back from its bootloader"); });
 }
 
 void FirmwareUpdate::stop()

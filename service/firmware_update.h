@@ -9,6 +9,7 @@
 
 class Connection;
 class HotPlugWatch;
+class Notices;
 class ScpiSession;
 
 /// The instrument's way through its bootloader: sends it there, gives the connection up once it has
@@ -24,6 +25,7 @@ public:
         ScpiSession& session;
         Connection& connection;
         HotPlugWatch& watch;
+        Notices& notices;
     };
     static constexpr int longestUpdateMs = 120000;
 
@@ -43,8 +45,6 @@ signals:
     void started();
     /// The instrument is back on the bus and can be connected.
     void cameBack();
-    /// Something to be read once, for a few seconds.
-    void statusMessage(const QString& message);
 
 private:
     enum class Stage { None, Leaving, Away };
@@ -56,6 +56,7 @@ private:
     ScpiSession& m_session;
     Connection& m_connection;
     HotPlugWatch& m_watch;
+    Notices& m_notices;
     QTimer m_longest;
     QString m_serial;
     std::optional<Activity> m_activity;

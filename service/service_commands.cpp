@@ -1,13 +1,13 @@
 #include "service/service_commands.h"
 
-#include "link/activity.h"
 #include "connection/connection.h"
+#include "fields/number_edit.h"
+#include "link/activity.h"
+#include "link/notices.h"
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
-#include "fields/entry_notice.h"
-#include "fields/unit_key_filter.h"
 #include "service/calibration_table.h"
 #include "service/calibration_text.h"
 #include "service/firmware_update.h"
@@ -22,9 +22,11 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
+
+#include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -41,8 +43,9 @@ const QString dacQuery = QStringLiteral("MEM:DAC?");
 const QString temperatureQuery = QStringLiteral("TEMP?");
 } // namespace
 
-ServiceCommands::ServiceCommands(ScpiSession& session, service& panel, QObject* parent)
-    : QObject(parent), m_session(session), m_panel(panel)
+ServiceCommands::ServiceCommands(ScpiSession& session, service& panel, Notices& notices,
+                                 QObject* parent)
+    : QObject(parent), m_session(session), m_panel(panel), m_notices(notices)
 {
     connect(&panel.applyCalibrate(), &QPushButton::clicked, this,
             &ServiceCommands::commandCalibrate);
@@ -74,7 +77,8 @@ void ServiceCommands::initial_service()
 {
     if (m_isBusy)
         return;
-    const QStringList failures = {readTable(), queryDac(), queryTemperature()};
+    // In this order.
+    const QVector<StatusWords> failures{readTable(), queryDac(), queryTemperature()};
     report(failures);
 }
 
@@ -85,23 +89,31 @@ void ServiceCommands::reloadTable()
     if (m_session.isConnected())
         report({readTable()});
     else
-        emit statusMessage(tr("No instrument is connected"));
+        m_notices.sayOfInstrument([] { return tr("No instrument is connected"); });
 }
 
 /// Shows what could not be read, all of it at once: the status line has one place.
-void ServiceCommands::report(QStringList failures)
+void ServiceCommands::report(const QVector<StatusWords>& failures)
 {
-    failures.removeAll(QString());
-    if (!failures.isEmpty())
-        emit statusMessage(failures.join(QStringLiteral("; ")));
+    QVector<StatusWords> said;
+    std::copy_if(failures.begin(), failures.end(), std::back_inserter(said),
+                 [](const StatusWords& words) { return words != nullptr; });
+    if (said.isEmpty())
+        return;
+    m_notices.sayOfInstrument([said] {
+        QStringList texts;
+        for (const StatusWords& words : said)
+            texts << words();
+        return texts.join(QStringLiteral("; "));
+    });
 }
 
 // These say what failed; nothing when it did not, or while disconnected.
 
-QString ServiceCommands::readTable()
+StatusWords ServiceCommands::readTable()
 {
     if (!m_session.isConnected())
-        return QString();
+        return nullptr;
     m_isBusy = true;
     const Activity activity([] { return tr("Reading the calibration table"); });
     m_panel.setState(service::State::Loading);
@@ -110,7 +122,9 @@ QString ServiceCommands::readTable()
     const bool isRead = !m_session.isConnected() || queryTable();
     m_panel.setState(service::State::Ready);
     m_isBusy = false;
-    return isRead ? QString() : tr("error get calibrate");
+    if (isRead)
+        return nullptr;
+    return [] { return tr("error get calibrate"); };
 }
 
 /// False when the instrument does not tell its table; what was shown then stays.
@@ -133,9 +147,11 @@ bool ServiceCommands::queryTable()
     m_keptAs.clear();
     const int expected = pointCount * CalibrationTable::ColumnCount;
     if (numbers.size() > expected)
-        emit statusMessage(tr("The instrument sent more numbers than it has calibration points"));
+        m_notices.sayOfInstrument(
+            [] { return tr("The instrument sent more numbers than it has calibration points"); });
     else if (numbers.size() < expected)
-        emit statusMessage(tr("The instrument sent fewer numbers than it has calibration points"));
+        m_notices.sayOfInstrument(
+            [] { return tr("The instrument sent fewer numbers than it has calibration points"); });
     return true;
 }
 
@@ -149,10 +165,10 @@ void ServiceCommands::commandCalibrate()
         return;
     const QString complaint = m_panel.table().firstComplaint();
     if (!complaint.isEmpty()) {
-        emit statusMessage(complaint);
+        m_notices.sayOfInstrument([complaint] { return complaint; });
         return;
     }
-    emit statusMessage(QString());
+    m_notices.sayOfInstrument([] { return QString(); });
     m_isBusy = true;
     m_isStopped = false;
     const bool isKept = keepAsRead();
@@ -163,13 +179,17 @@ void ServiceCommands::commandCalibrate()
     if (!isKept || !m_session.isConnected() || m_isRefused)
         return;
     if (!isWritten)
-        emit statusMessage(tr("Writing was stopped: the stored table is as it was"));
+        m_notices.sayOfInstrument(
+            [] { return tr("Writing was stopped: the stored table is as it was"); });
     else if (m_keptAs.isEmpty())
-        emit statusMessage(tr("The calibration table is stored in the instrument"));
+        m_notices.sayOfInstrument(
+            [] { return tr("The calibration table is stored in the instrument"); });
     else
-        emit statusMessage(
-            tr("The calibration table is stored in the instrument; as it was read it is kept as %1")
-                .arg(m_keptAs));
+        m_notices.sayOfInstrument([name = m_keptAs] {
+            return tr("The calibration table is stored in the instrument; as it was read it is "
+                      "kept as %1")
+                .arg(name);
+        });
 }
 
 /// Before what was read is written over: once, and only what there was to read. False when it could
@@ -186,7 +206,8 @@ bool ServiceCommands::keepAsRead()
     if (written.fault == FileFault::None)
         m_keptAs = name;
     else if (written.fault == FileFault::Cancelled)
-        emit statusMessage(tr("Nothing was written: the table was not kept as it was read"));
+        m_notices.sayOfInstrument(
+            [] { return tr("Nothing was written: the table was not kept as it was read"); });
     else
         emit errorMessage(tr("Nothing was written: the table as it was read could not be kept as "
                              "%1: %2")
@@ -211,7 +232,7 @@ void ServiceCommands::showBackup(const QString& path)
     const ReadBackup read = readBeside(m_panel.window(), path, &readBackup)
                                 .value_or(ReadBackup{{FileFault::Cancelled, {}}, {}, 0});
     if (read.fault == FileFault::Cancelled || m_isBusy) {
-        emit statusMessage(tr("Not opened: %1").arg(name));
+        m_notices.sayOfInstrument([name] { return tr("Not opened: %1").arg(name); });
     } else if (read.fault != FileFault::None) {
         emit errorMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));
     } else if (read.strangeLine > 0) {
@@ -222,13 +243,14 @@ void ServiceCommands::showBackup(const QString& path)
     } else {
         m_panel.showOtherPoints(read.points);
         const int changed = m_panel.table().changedRows();
-        emit statusMessage(
-            name.startsWith(backupPrefix(m_panel.serial()) + QLatin1Char(' '))
-                ? tr("%1: rows that differ from what was read: %2").arg(name).arg(changed)
-                : tr("%1 may be another instrument's; rows that differ from what "
-                     "was read: %2")
-                      .arg(name)
-                      .arg(changed));
+        const bool isOwn = name.startsWith(backupPrefix(m_panel.serial()) + QLatin1Char(' '));
+        m_notices.sayOfInstrument([name, changed, isOwn] {
+            return (isOwn ? tr("%1: rows that differ from what was read: %2")
+                          : tr("%1 may be another instrument's; rows that differ from what "
+                               "was read: %2"))
+                .arg(name)
+                .arg(changed);
+        });
     }
 }
 
@@ -275,18 +297,18 @@ void ServiceCommands::readDac()
     report({queryDac()});
 }
 
-QString ServiceCommands::queryDac()
+StatusWords ServiceCommands::queryDac()
 {
     if (!m_session.isConnected())
-        return QString();
+        return nullptr;
     const QString reply = m_session.query(dacQuery);
     bool isNumber = false;
     withoutBlanks(reply).toDouble(&isNumber);
     if (m_session.lastFailed() || !isNumber)
-        return tr("error getting dac");
+        return [] { return tr("error getting dac"); };
     // As a whole number: the field takes no sign that a reply may bear.
     m_panel.showDac(displayText(reply, FieldKind::DacValue));
-    return QString();
+    return nullptr;
 }
 
 void ServiceCommands::readTemperature()
@@ -294,24 +316,25 @@ void ServiceCommands::readTemperature()
     report({queryTemperature()});
 }
 
-QString ServiceCommands::queryTemperature()
+StatusWords ServiceCommands::queryTemperature()
 {
     if (!m_session.isConnected())
-        return QString();
+        return nullptr;
     const QString reply = m_session.read(temperatureQuery);
     if (m_session.lastFailed())
-        return tr("error getting temperature");
+        return [] { return tr("error getting temperature"); };
     m_panel.showTemperature(toNumber(reply));
-    return QString();
+    return nullptr;
 }
 
 void ServiceCommands::sendCommandRefOsc()
 {
-    if (!takeNumber(&m_panel.referenceDac()) || !m_session.isConnected())
+    NumberEdit& field = m_panel.referenceDac();
+    if (!field.takeNumber() || !m_session.isConnected())
         return;
-    const QString value = m_panel.referenceDac().text();
+    const QString value = field.text();
     if (m_session.writeChecked(dacCommand + value))
-        showAccepted(&m_panel.referenceDac(), value);
+        field.showAccepted(value);
 }
 
 void ServiceCommands::on_REF_OSC_returnPressed()

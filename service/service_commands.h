@@ -1,10 +1,14 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QObject>
 #include <QStringList>
+#include <QVector>
 
 class Connection;
 class FirmwareUpdate;
+class Notices;
 class QAbstractButton;
 class ScpiSession;
 class service;
@@ -16,7 +20,8 @@ class ServiceCommands : public QObject
     Q_OBJECT
 
 public:
-    ServiceCommands(ScpiSession& session, service& panel, QObject* parent = nullptr);
+    ServiceCommands(ScpiSession& session, service& panel, Notices& notices,
+                    QObject* parent = nullptr);
 
     /// Fills the panel for an instrument that comes while it is open, as opening it does, reads the
     /// temperature whenever that is due, and ends a writing with the panel or the connection.
@@ -43,16 +48,14 @@ public slots:
     void on_REF_OSC_returnPressed();
 
 signals:
-    /// Something to be read once, for a few seconds.
-    void statusMessage(const QString& message);
     /// Something went wrong that the user must not miss.
     void errorMessage(const QString& message);
 
 private:
-    QString readTable();
-    QString queryDac();
-    QString queryTemperature();
-    void report(QStringList failures);
+    StatusWords readTable();
+    StatusWords queryDac();
+    StatusWords queryTemperature();
+    void report(const QVector<StatusWords>& failures);
     bool queryTable();
     bool keepAsRead();
     bool writeTable();
@@ -61,6 +64,7 @@ private:
 
     ScpiSession& m_session;
     service& m_panel;
+    Notices& m_notices;
     /// Loading or writing: events are processed meanwhile, and may ask for either again.
     bool m_isBusy = false;
     bool m_isStopped = false;

@@ -1,8 +1,7 @@
 #include "service/service_panel.h"
 
-#include "fields/describe.h"
-#include "fields/numeric_field.h"
-#include "fields/unit_key_filter.h"
+#include "fields/number_edit.h"
+#include "link/notices.h"
 #include "service/calibration_table.h"
 #include "ui/describe.h"
 #include "ui/instrument_text.h"
@@ -10,7 +9,6 @@
 #include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPixmap>
 #include <QPushButton>
 #include <QStyle>
@@ -28,8 +26,9 @@ QIcon sendIcon()
 }
 } // namespace
 
-service::service(QWidget* parent)
-    : SidePanel(QStringLiteral("service_panel"), parent), m_controls(new QWidget(this))
+service::service(const FieldContext& context, QWidget* parent)
+    : SidePanel(QStringLiteral("service_panel"), parent), m_notices(context.notices),
+      m_controls(new QWidget(this))
 {
     title()->setObjectName(QStringLiteral("title"));
     m_controls->setObjectName(QStringLiteral("widget_Service"));
@@ -37,7 +36,7 @@ service::service(QWidget* parent)
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(spacing);
     rows->addWidget(buildInstrument());
-    rows->addWidget(buildDac());
+    rows->addWidget(buildDac(context));
     rows->addWidget(buildTable(), 1);
     content()->addWidget(m_controls, 1);
 
@@ -109,14 +108,13 @@ QWidget* service::buildInstrument()
     return info;
 }
 
-QWidget* service::buildDac()
+QWidget* service::buildDac(const FieldContext& context)
 {
     auto* dac = new QWidget(this);
     m_dacCaption = newLabel("label_3");
-    m_referenceDac = new QLineEdit(this);
+    m_referenceDac = new NumberEdit(Quantity::Dac, context, this);
     m_referenceDac->setObjectName(QStringLiteral("REF_OSC"));
     m_referenceDac->setAlignment(Qt::AlignRight);
-    setUpNumericField(m_referenceDac, Quantity::Dac);
     m_dacCaption->setBuddy(m_referenceDac);
     m_dacKey = new QPushButton(this);
     m_dacKey->setObjectName(QStringLiteral("key_REF_OSC"));
@@ -216,7 +214,7 @@ void service::editTable(int row, int column)
     const QString complaint = m_table->acceptCell(row, column);
     showPointCount();
     if (!complaint.isEmpty())
-        emit statusMessage(complaint);
+        m_notices.say([complaint] { return complaint; });
 }
 
 void service::call_manual_input_for_RefOsc()
@@ -226,7 +224,7 @@ void service::call_manual_input_for_RefOsc()
 
 void service::showDac(const QString& value)
 {
-    showAccepted(m_referenceDac, value);
+    m_referenceDac->showAccepted(value);
 }
 
 void service::showTemperature(double degreesCelsius)
@@ -263,10 +261,9 @@ void service::retranslate()
     m_temperatureIcon->setToolTip(tr("Temperature inside the instrument"));
     m_temperature->setToolTip(m_temperatureIcon->toolTip());
     m_temperature->setAccessibleName(m_temperatureIcon->toolTip());
-    m_dacCaption->setText(tr("Reference oscillator DAC"));
-    describe(m_referenceDac, m_dacCaption->text(),
-             tr("Tuning of the reference oscillator; Return sends it"));
-    describeKeypadKey(m_dacKey, m_dacCaption->text());
+    m_dacCaption->setText(quantityName(Quantity::Dac));
+    m_referenceDac->describe();
+    m_referenceDac->describeKeypadKey(*m_dacKey);
     m_tableCaption->setText(tr("Attenuation at  0 dBm"));
     m_hint->setText(tr("Frequencies in whole hertz, or with k, M or G"));
     m_loading->setText(tr("Loading..."));

@@ -6,10 +6,12 @@
 #include <vector>
 
 class CalibrationTable;
+class Notices;
+class NumberEdit;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 struct CalibrationPoint;
+struct FieldContext;
 
 /// The maintenance view: who the instrument is, its temperature, its reference-oscillator DAC and
 /// its calibration table. Sends nothing itself.
@@ -21,9 +23,9 @@ public:
     /// While loading nothing can be used; while writing only the button, which then cancels.
     enum class State { Ready, Loading, Writing };
 
-    explicit service(QWidget* parent = nullptr);
+    explicit service(const FieldContext& context, QWidget* parent = nullptr);
 
-    QLineEdit& referenceDac() const { return *m_referenceDac; }
+    NumberEdit& referenceDac() const { return *m_referenceDac; }
     CalibrationTable& table() const { return *m_table; }
     QPushButton& applyCalibrate() const { return *m_applyCalibrate; }
     QPushButton& reloadTable() const { return *m_reloadTable; }
@@ -51,16 +53,14 @@ public slots:
 
 signals:
     /// The user wants to enter the number of this field on a keypad.
-    void keypadRequested(QLineEdit* field);
-    /// Something to be read once, for a few seconds.
-    void statusMessage(const QString& message);
+    void keypadRequested(NumberEdit* field);
 
 protected:
     void retranslate() override;
 
 private:
     QWidget* buildInstrument();
-    QWidget* buildDac();
+    QWidget* buildDac(const FieldContext& context);
     QWidget* buildTable();
     QLabel* newLabel(const char* name);
     QPushButton* newFootButton(const char* name);
@@ -68,6 +68,7 @@ private:
     void showPointCount();
     void fillTable(const std::function<void()>& fill);
 
+    Notices& m_notices;
     QLabel* m_serialCaption;
     QLabel* m_serial;
     QLabel* m_firmwareCaption;
@@ -75,7 +76,7 @@ private:
     QLabel* m_temperatureIcon;
     QLabel* m_temperature;
     QLabel* m_dacCaption;
-    QLineEdit* m_referenceDac;
+    NumberEdit* m_referenceDac;
     QPushButton* m_dacKey;
     QLabel* m_tableCaption;
     QLabel* m_pointCount;

@@ -1,5 +1,6 @@
 #include "sweep/list_file_dialogs.h"
 
+#include "link/notices.h"
 #include "sweep/list_file.h"
 #include "sweep/point_table.h"
 #include "ui/files/file_questions.h"
@@ -56,11 +57,12 @@ void ListFileDialogs::save()
 void ListFileDialogs::saveTo(const QString& path)
 {
     const QString name = nameIn(path);
+    Notices& notices = m_table->context().notices;
     const FileOutcome written = writeBeside(m_table->window(), path, listText(m_table->points()));
     if (written.fault == FileFault::None)
-        emit statusMessage(tr("List saved: %1").arg(name));
+        notices.say([name] { return tr("List saved: %1").arg(name); });
     else if (written.fault == FileFault::Cancelled)
-        emit statusMessage(tr("Not saved: %1").arg(name));
+        notices.say([name] { return tr("Not saved: %1").arg(name); });
     else
         emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, written.detail));
 }
@@ -86,7 +88,9 @@ void ListFileDialogs::openFrom(const QString& path)
             return;
         m_table->scrollToTop();
         if (hasHeading)
-            emit statusMessage(tr("%1: the first line is a heading and was passed over").arg(name));
+            m_table->context().notices.say([name] {
+                return tr("%1: the first line is a heading and was passed over").arg(name);
+            });
     };
     if (read.error != ListFileError::None)
         tellError(name, read);
@@ -100,11 +104,12 @@ void ListFileDialogs::openFrom(const QString& path)
 
 void ListFileDialogs::tellError(const QString& name, const ReadList& read)
 {
+    Notices& notices = m_table->context().notices;
     switch (read.error) {
     case ListFileError::None:
         break;
     case ListFileError::Cancelled:
-        emit statusMessage(tr("Not opened: %1").arg(name));
+        notices.say([name] { return tr("Not opened: %1").arg(name); });
         break;
     case ListFileError::LongCell:
         emit errorMessage(tr("%1 is not a list: a field in line %2 is longer than %3 characters")
@@ -113,7 +118,9 @@ void ListFileDialogs::tellError(const QString& name, const ReadList& read)
                               .arg(longestCell));
         break;
     case ListFileError::NotOpened:
-        emit statusMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));
+        notices.say([name, detail = read.detail] {
+            return tr("%1 cannot be opened: %2").arg(name, detail);
+        });
         break;
     case ListFileError::NotRead:
         emit errorMessage(tr("%1 cannot be read: %2").arg(name, read.detail));

@@ -18,8 +18,6 @@ public:
     void open();
 
 signals:
-    /// Said in passing.
-    void statusMessage(const QString& message);
     /// Something went wrong that the user must not miss.
     void errorMessage(const QString& message);
 

@@ -45,8 +45,8 @@ QPushButton* namedButton(const char* name, QWidget* parent)
 }
 } // namespace
 
-ListGroup::ListGroup(TriggerGroup& trigger, QWidget* parent)
-    : QGroupBox(parent), m_title(new QLabel(this)), m_table(new PointTable(this)),
+ListGroup::ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget* parent)
+    : QGroupBox(parent), m_title(new QLabel(this)), m_table(new PointTable(context, this)),
       m_actions(new PointActions(m_table)), m_mode(new ModeList(trigger, this)),
       m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
       m_run(new RunButton(QStringLiteral("button_List"), this)),

@@ -10,6 +10,7 @@ class QLabel;
 class QPushButton;
 class RunButton;
 class TriggerGroup;
+struct FieldContext;
 
 /// The list of points with all that edits it, and its run button. Sends nothing.
 class ListGroup : public QGroupBox
@@ -18,7 +19,7 @@ class ListGroup : public QGroupBox
 
 public:
     /// `trigger` is what the compact form of the trigger's choices acts on.
-    ListGroup(TriggerGroup& trigger, QWidget* parent);
+    ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget* parent);
 
     QPushButton& run() const;
     QPushButton& save() const { return *m_save; }

@@ -1,7 +1,8 @@
 #include "sweep/list_panel.h"
 
-#include "numbers/number_text.h"
 #include "fields/power_guard.h"
+#include "link/notices.h"
+#include "numbers/number_text.h"
 #include "sweep/list_file.h"
 #include "sweep/list_file_dialogs.h"
 #include "sweep/list_group.h"
@@ -12,7 +13,6 @@
 #include "sweep/sweep_group.h"
 #include "ui/progress_bar_for_table.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -33,10 +33,11 @@ constexpr int frameHeight = 200;
 constexpr int spacing = 8;
 } // namespace
 
-List::List(QWidget* parent)
-    : SidePanel(QStringLiteral("List"), parent), m_sweep(new SweepGroup(this)),
-      m_trigger(new TriggerGroup(this)), m_list(new ListGroup(*m_trigger, this)),
-      m_plot(new ListPlot(this)), m_files(new ListFileDialogs(&m_list->table()))
+List::List(const FieldContext& context, QWidget* parent)
+    : SidePanel(QStringLiteral("List"), parent), m_notices(context.notices),
+      m_sweep(new SweepGroup(context, this)), m_trigger(new TriggerGroup(this)),
+      m_list(new ListGroup(context, *m_trigger, this)), m_plot(new ListPlot(this)),
+      m_files(new ListFileDialogs(&m_list->table()))
 {
     build();
     wire();
@@ -86,15 +87,12 @@ void List::wire()
         if (isChecked)
             m_trigger->listShown().setChecked(true);
     });
-    connect(m_files, &ListFileDialogs::statusMessage, this, &List::statusMessage);
     connect(m_files, &ListFileDialogs::errorMessage, this, &List::errorMessage);
 }
 
 void List::wireList()
 {
     connect(&table(), &QTableWidget::cellChanged, this, &List::editTable);
-    connect(&table(), &PointTable::refused, this, &List::statusMessage);
-    connect(&m_list->actions(), &PointActions::refused, this, &List::statusMessage);
     connect(&m_list->actions(), &PointActions::generateWanted, this, &List::generateList);
     connect(&m_list->save(), &QAbstractButton::clicked, m_files, &ListFileDialogs::save);
     connect(&m_list->open(), &QAbstractButton::clicked, this, &List::openList);
@@ -102,14 +100,15 @@ void List::wireList()
     connect(&table(), &QTableWidget::currentCellChanged, this, &List::chooseRow);
     connect(&table(), &QTableWidget::cellPressed, this, &List::chooseRow);
     connect(m_trigger, &TriggerGroup::changed, this, [this] {
-        if (triggerChoice() != TriggerChoice::Manual)
+        if (m_trigger->choice() != TriggerChoice::Manual)
             m_chosenRow = -1;
     });
     connect(&m_list->mode(), &ModeList::stepWanted, this, &List::step);
-    for (const QPushButton* button : {&previousPoint(), &nextPoint()}) {
+    for (const QPushButton* button : {&m_trigger->previousPoint(), &m_trigger->nextPoint()}) {
         connect(button, &QAbstractButton::clicked, this, [this] {
             if (runList().isChecked())
-                emit statusMessage(tr("Step a list by its rows or by the arrows above them"));
+                m_notices.say(
+                    [] { return tr("Step a list by its rows or by the arrows above them"); });
         });
     }
 }
@@ -162,70 +161,8 @@ bool List::canRunList()
 {
     const bool hasPoints = table().rowCount() > 0;
     if (!hasPoints)
-        emit statusMessage(tr("The list has no points to run"));
+        m_notices.say([] { return tr("The list has no points to run"); });
     return hasPoints;
-}
-
-bool List::isPowerSweep() const
-{
-    return m_sweep->isPowerSweep();
-}
-QLineEdit& List::fixedValue() const
-{
-    return m_sweep->fixedValue();
-}
-QLineEdit& List::start() const
-{
-    return m_sweep->start();
-}
-QLineEdit& List::stop() const
-{
-    return m_sweep->stop();
-}
-QLineEdit& List::points() const
-{
-    return m_sweep->points();
-}
-QLineEdit& List::dwell() const
-{
-    return m_sweep->dwell();
-}
-SweepTexts List::sweepTexts() const
-{
-    return m_sweep->texts();
-}
-SweepValues& List::valuesAside() const
-{
-    return m_sweep->valuesAside();
-}
-
-TriggerChoice List::triggerChoice() const
-{
-    return m_trigger->choice();
-}
-bool List::isAllPoints() const
-{
-    return allPointsMode().isChecked();
-}
-bool List::isContinuous() const
-{
-    return continuousMode().isChecked();
-}
-QPushButton& List::previousPoint() const
-{
-    return m_trigger->previousPoint();
-}
-QPushButton& List::nextPoint() const
-{
-    return m_trigger->nextPoint();
-}
-QPushButton& List::continuousMode() const
-{
-    return m_trigger->continuousMode();
-}
-QPushButton& List::allPointsMode() const
-{
-    return m_trigger->allPointsMode();
 }
 
 PointTable& List::table() const
@@ -241,9 +178,9 @@ void List::setPowerGuard(PowerGuard& guard)
 
 double List::sweepTopDbm() const
 {
-    if (!isPowerSweep())
-        return toNumber(fixedValue().text());
-    return std::max(toNumber(start().text()), toNumber(stop().text()));
+    if (!m_sweep->isPowerSweep())
+        return m_sweep->fixedValue().value();
+    return std::max(m_sweep->start().value(), m_sweep->stop().value());
 }
 
 double List::listTopDbm() const
@@ -294,7 +231,8 @@ void List::editTable(int row, int column)
 void List::openList()
 {
     if (progressBarForTable::liesWithin(*window())) {
-        emit statusMessage(tr("No list can be opened while a table is being transferred"));
+        m_notices.say(
+            [] { return tr("No list can be opened while a table is being transferred"); });
         return;
     }
     stopRuns();
@@ -303,16 +241,16 @@ void List::openList()
 
 void List::generateList()
 {
-    const RunPoints run = RunPoints::ofSweep(sweepTexts());
+    const RunPoints run = RunPoints::ofSweep(m_sweep->texts());
     if (run.isEmpty() || run.firstWrong() > 0 || run.count() > mostListLines)
-        emit statusMessage(tr("The fields of the sweep give no list"));
+        m_notices.say([] { return tr("The fields of the sweep give no list"); });
     else
         m_list->actions().generate(rowsOfRun(run));
 }
 
 bool List::isManualListRun() const
 {
-    return runList().isChecked() && triggerChoice() == TriggerChoice::Manual &&
+    return runList().isChecked() && m_trigger->choice() == TriggerChoice::Manual &&
            !progressBarForTable::liesWithin(*window());
 }
 
@@ -329,7 +267,7 @@ void List::chooseRow(int row)
 void List::step(int direction)
 {
     if (!runList().isChecked()) {
-        (direction < 0 ? previousPoint() : nextPoint()).click();
+        (direction < 0 ? m_trigger->previousPoint() : m_trigger->nextPoint()).click();
         return;
     }
     // Whoever hears of the choice makes the instrument ready for the step.

@@ -6,14 +6,14 @@
 class ListFileDialogs;
 class ListGroup;
 class ListPlot;
+class Notices;
+class NumberEdit;
 class PointTable;
 class PowerGuard;
-class QLineEdit;
 class QPushButton;
 class QVBoxLayout;
 class SweepGroup;
-struct SweepTexts;
-struct SweepValues;
+struct FieldContext;
 
 /// The sweep and list panel: the settings of a sweep, the points of a list and the trigger of both,
 /// kept consistent with each other. One of the two is shown and may run. It sends nothing.
@@ -22,7 +22,7 @@ class List : public SidePanel
     Q_OBJECT
 
 public:
-    explicit List(QWidget* parent = nullptr);
+    explicit List(const FieldContext& context, QWidget* parent = nullptr);
 
     QPushButton& runSweep() const;
     QPushButton& runList() const;
@@ -35,30 +35,9 @@ public:
     /// The list, not the sweep, is chosen and shown.
     bool isListShown() const;
 
-    bool isPowerSweep() const;
-    /// Frequency in hertz of a power sweep, power in dBm of a frequency sweep.
-    QLineEdit& fixedValue() const;
-    QLineEdit& start() const;
-    QLineEdit& stop() const;
-    /// How many.
-    QLineEdit& points() const;
-    /// Microseconds.
-    QLineEdit& dwell() const;
-    SweepTexts sweepTexts() const;
-    /// What the sweep over the other quantity holds meanwhile.
-    SweepValues& valuesAside() const;
-
-    TriggerChoice triggerChoice() const;
-    /// One trigger runs all points, not one.
-    bool isAllPoints() const;
-    bool isContinuous() const;
-    QPushButton& previousPoint() const;
-    QPushButton& nextPoint() const;
-    QPushButton& continuousMode() const;
-    QPushButton& allPointsMode() const;
-
     PointTable& table() const;
     SweepGroup& sweep() const { return *m_sweep; }
+    TriggerGroup& trigger() const { return *m_trigger; }
     /// From now on sweep and list heed the guard's highest level.
     void setPowerGuard(PowerGuard& guard);
     /// The highest power in dBm that the sweep, or the list, would set by itself; minus infinity
@@ -89,7 +68,7 @@ public slots:
 
 signals:
     /// The user wants to enter the number of this field on a keypad.
-    void keypadRequested(QLineEdit* field);
+    void keypadRequested(NumberEdit* field);
     /// The user moves the list run to a point, counted from 1.
     void pointChosen(int number);
     /// The user has chosen another trigger source.
@@ -98,8 +77,6 @@ signals:
     void sweepChanged();
     /// Sweep or list: the other one is shown now.
     void shownChanged();
-    /// Said in passing.
-    void statusMessage(const QString& message);
     /// Something went wrong that the user must not miss.
     void errorMessage(const QString& message);
 
@@ -119,6 +96,7 @@ private:
     void stepRow(int direction);
     bool isManualListRun() const;
 
+    Notices& m_notices;
     SweepGroup* m_sweep;
     TriggerGroup* m_trigger;
     ListGroup* m_list;

@@ -1,5 +1,6 @@
 #include "sweep/point_actions.h"
 
+#include "link/notices.h"
 #include "sweep/cell_clipboard.h"
 #include "sweep/point_table.h"
 #include "ui/describe.h"
@@ -207,10 +208,12 @@ void PointActions::fill(Fill fill)
         return;
     const auto edit = withFilled(m_table->points(), span, fill);
     if (!edit) {
-        emit refused(fill == Fill::Logarithmic
-                         ? tr("To fill logarithmically, the first and the last cell must both "
-                              "hold numbers above 0, or both below")
-                         : tr("To fill, the first and the last cell must hold numbers"));
+        m_table->context().notices.say([fill] {
+            return fill == Fill::Logarithmic
+                       ? tr("To fill logarithmically, the first and the last cell must both "
+                            "hold numbers above 0, or both below")
+                       : tr("To fill, the first and the last cell must hold numbers");
+        });
         return;
     }
     const Command commands[] = {FillLinear, FillLogarithmic, FillDown};
@@ -230,20 +233,22 @@ void PointActions::copy()
         QApplication::clipboard()->setText(copiedText(m_table->points(), span));
 }
 
-QString PointActions::notPasted(const QString& text)
+void PointActions::refusePaste(const QString& text)
 {
-    return tr("Not pasted: \"%1\" is no number").arg(text.trimmed());
+    m_table->context().notices.say(
+        [text = text.trimmed()] { return tr("Not pasted: \"%1\" is no number").arg(text); });
 }
 
 /// A single number goes into every cell chosen; a range from the first cell chosen on.
 void PointActions::paste()
 {
     CellSpan span = chosenCells();
+    const InstrumentLimits& limits = m_table->context().limits;
     const int column = std::max(span.firstColumn, 0);
     const QString copied = QApplication::clipboard()->text();
     const PastedCells pasted = pastedCells(copied, column);
     if (!pasted.strange.isEmpty()) {
-        emit refused(notPasted(pasted.strange));
+        refusePaste(pasted.strange);
         return;
     }
     if (pasted.texts.empty())
@@ -254,14 +259,14 @@ void PointActions::paste()
         for (int other = column + 1; other <= span.lastColumn; ++other) {
             if (pastedCells(copied, other).texts == pasted.texts)
                 continue;
-            emit refused(notPasted(copied));
+            refusePaste(copied);
             return;
         }
-        change(withEntered(m_table->points(), span, pasted.texts.front().front()), Paste);
+        change(withEntered(m_table->points(), span, pasted.texts.front().front(), limits), Paste);
         return;
     }
     const int row = std::max(span.firstRow, 0);
-    if (change(withEntered(m_table->points(), row, column, pasted.texts), Paste))
+    if (change(withEntered(m_table->points(), row, column, pasted.texts, limits), Paste))
         m_table->selectRows(row, row + static_cast<int>(pasted.texts.size()) - 1);
 }
 

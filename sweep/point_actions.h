@@ -53,7 +53,6 @@ public:
 signals:
     /// The rows are to be made from the sweep as set.
     void generateWanted();
-    void refused(const QString& message);
 
 private:
     struct Row;
@@ -66,7 +65,7 @@ private:
     void moveUp() { move(-1); }
     void moveDown() { move(1); }
     void move(int direction);
-    static QString notPasted(const QString& text);
+    void refusePaste(const QString& text);
     void fillLinear() { fill(Fill::Linear); }
     void fillLogarithmic() { fill(Fill::Logarithmic); }
     void fillDown() { fill(Fill::Down); }

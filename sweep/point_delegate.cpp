@@ -1,10 +1,8 @@
 #include "sweep/point_delegate.h"
 
-#include "fields/numeric_field.h"
-#include "fields/unit_key_filter.h"
+#include "fields/number_edit.h"
 #include "sweep/point_table.h"
 
-#include <QLineEdit>
 #include <QPainter>
 
 namespace
@@ -18,17 +16,16 @@ PointDelegate::PointDelegate(PointTable* table) : QStyledItemDelegate(table), m_
 QWidget* PointDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const
 {
-    auto* editor = new QLineEdit(parent);
+    auto* editor = new NumberEdit(PointTable::quantity(index.column()), m_table->context(), parent);
     editor->setProperty("cellEditor", true);
     editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    editor->setAccessibleName(m_table->horizontalHeaderItem(index.column())->text());
-    setUpNumericField(editor, PointTable::quantity(index.column()));
+    editor->describe();
     return editor;
 }
 
 void PointDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
-    showAccepted(static_cast<QLineEdit*>(editor), index.data().toString());
+    static_cast<NumberEdit*>(editor)->showAccepted(index.data().toString());
 }
 
 bool PointDelegate::isReached(const QModelIndex& index) const

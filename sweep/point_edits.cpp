@@ -95,7 +95,7 @@ std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span
 }
 
 RowsEdit withEntered(const PointRows& points, int row, int column,
-                     const std::vector<std::vector<QString>>& texts)
+                     const std::vector<std::vector<QString>>& texts, const InstrumentLimits& limits)
 {
     const int rowCount = static_cast<int>(points.size());
     const int end = std::min(row + static_cast<int>(texts.size()), rowCount);
@@ -107,19 +107,20 @@ RowsEdit withEntered(const PointRows& points, int row, int column,
             if (target == pointColumnCount)
                 break;
             edit.rows[line][static_cast<std::size_t>(target)] =
-                PointTable::enteredText(text, target);
+                PointTable::enteredText(text, target, limits);
             ++target;
         }
     }
     return edit;
 }
 
-RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text)
+RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
+                     const InstrumentLimits& limits)
 {
     RowsEdit edit{span.firstRow, span.lastRow - span.firstRow + 1,
                   rowsFrom(points, span.firstRow, span.lastRow + 1)};
     for (int column = span.firstColumn; column <= span.lastColumn; ++column) {
-        const QString entered = PointTable::enteredText(text, column);
+        const QString entered = PointTable::enteredText(text, column, limits);
         for (PointRow& row : edit.rows)
             row[static_cast<std::size_t>(column)] = entered;
     }

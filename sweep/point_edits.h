@@ -4,6 +4,7 @@
 
 #include <optional>
 
+class InstrumentLimits;
 class RunPoints;
 
 // Changes of a list as values: what they would change, for a table to carry out. Rows and columns
@@ -38,10 +39,12 @@ std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span
 /// Texts entered into the cells from a row and column on: what stands beyond the last column is
 /// dropped, missing rows are added.
 RowsEdit withEntered(const PointRows& points, int row, int column,
-                     const std::vector<std::vector<QString>>& texts);
+                     const std::vector<std::vector<QString>>& texts,
+                     const InstrumentLimits& limits);
 
 /// One text entered into all cells of a span.
-RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text);
+RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
+                     const InstrumentLimits& limits);
 
 /// The rows that a run's points make, as the table shows such numbers.
 PointRows rowsOfRun(const RunPoints& run);

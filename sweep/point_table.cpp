@@ -1,9 +1,9 @@
 #include "sweep/point_table.h"
 
-#include "link/instrument_limits.h"
-#include "numbers/number_text.h"
-#include "fields/clamp_field.h"
 #include "fields/power_guard.h"
+#include "link/instrument_limits.h"
+#include "link/notices.h"
+#include "numbers/number_text.h"
 #include "sweep/point_delegate.h"
 #include "ui/progress_bar_for_table.h"
 
@@ -67,7 +67,8 @@ private:
     std::size_t m_bytes;
 };
 
-PointTable::PointTable(QWidget* parent) : QTableWidget(0, pointColumnCount, parent)
+PointTable::PointTable(const FieldContext& context, QWidget* parent)
+    : QTableWidget(0, pointColumnCount, parent), m_context(context)
 {
     setObjectName(QStringLiteral("table_List"));
     setItemDelegate(new PointDelegate(this));
@@ -93,10 +94,10 @@ Quantity PointTable::quantity(int column)
     return quantities[column];
 }
 
-QString PointTable::enteredText(const QString& typed, int column)
+QString PointTable::enteredText(const QString& typed, int column, const InstrumentLimits& limits)
 {
-    const Range& limits = InstrumentLimits::global()[quantity(column)];
-    return clampText(typed, limits.min, limits.max, kind(column));
+    const Range& range = limits[quantity(column)];
+    return clampText(typed, range.min, range.max, kind(column));
 }
 
 QString PointTable::text(int row, int column) const
@@ -135,7 +136,7 @@ bool PointTable::change(RowsEdit edit, const QString& what)
     m_history.push(new RowsChange(*this, std::move(edit), what));
     boundHistory();
     if (!m_history.canUndo())
-        emit refused(tr("This change is too large to be taken back"));
+        m_context.notices.say([] { return tr("This change is too large to be taken back"); });
     return true;
 }
 
@@ -161,13 +162,12 @@ void PointTable::dropForgotten()
 
 int PointTable::boundByLimits()
 {
-    const InstrumentLimits& limits = InstrumentLimits::global();
     PointRows rows = points();
     int count = 0;
     for (int column = 0; column < pointColumnCount; ++column) {
         for (PointRow& row : rows)
             count +=
-                boundText(row[static_cast<std::size_t>(column)], limits, quantity(column)) ? 1 : 0;
+                m_context.limits.bound(row[static_cast<std::size_t>(column)], quantity(column));
     }
     const int all = rowCount();
     return count > 0 && change({0, all, std::move(rows)}, tr("Bound by the limits")) ? count : 0;
@@ -196,12 +196,14 @@ void PointTable::acceptCell(int row, int column)
         return;
     if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, kind(column))) {
         showRow(row);
-        emit refused(tr("Row %1, %2: \"%3\" is no number")
-                         .arg(row + 1)
-                         .arg(horizontalHeaderItem(column)->text(), typed));
+        m_context.notices.say([this, row, column, typed] {
+            return tr("Row %1, %2: \"%3\" is no number")
+                .arg(row + 1)
+                .arg(horizontalHeaderItem(column)->text(), typed);
+        });
         return;
     }
-    QString entered = enteredText(typed, column);
+    QString entered = enteredText(typed, column, m_context.limits);
     if (column == Power && m_guard)
         entered = m_guard->bounded(entered);
     const bool isNew = entered != held;
@@ -279,7 +281,7 @@ bool PointTable::refuseDuringTransfer()
 {
     const bool isTransferred = progressBarForTable::liesWithin(*this);
     if (isTransferred)
-        emit refused(tr("The list is being transferred"));
+        m_context.notices.say([] { return tr("The list is being transferred"); });
     return isTransferred;
 }
 

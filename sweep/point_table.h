@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fields/field_context.h"
 #include "numbers/quantity.h"
 #include "sweep/point_row.h"
 
@@ -18,14 +19,16 @@ class PointTable : public QTableWidget
 public:
     enum Column { Frequency, Power, Dwell };
 
-    explicit PointTable(QWidget* parent = nullptr);
+    explicit PointTable(const FieldContext& context, QWidget* parent = nullptr);
+
+    const FieldContext& context() const { return m_context; }
 
     static Quantity quantity(int column);
     static FieldKind kind(int column) { return fieldKind(quantity(column)); }
 
     /// What a cell of the column holds after this text has been entered: unit letters carried out,
     /// bounded where an instrument has told limits, and written as the column is shown.
-    static QString enteredText(const QString& typed, int column);
+    static QString enteredText(const QString& typed, int column, const InstrumentLimits& limits);
 
     bool hasEmptyCell(int column) const;
     /// Empty where there is no such cell.
@@ -68,8 +71,6 @@ public:
 signals:
     /// The texts of one or many cells have changed, by whatever hand.
     void pointsChanged();
-    /// Something could not be done; the message says why.
-    void refused(const QString& message);
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
@@ -90,6 +91,7 @@ private:
     /// Empty where there is no such point; beyond the viewport for one that is not in view.
     QRect rectOfPoint(int number) const;
 
+    const FieldContext& m_context;
     PointRows m_points;
     QUndoStack m_history;
     int m_highlightedPoint = 0;

@@ -4,6 +4,7 @@
 #include "sweep/list_plot.h"
 #include "sweep/point_table.h"
 #include "sweep/sweep_commands.h"
+#include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 
 #include <QEvent>
@@ -36,7 +37,7 @@ void RunPicture::wire()
     m_panel.plot().installEventFilter(this);
 
     connect(&m_panel, &List::triggerChosen, this, &RunPicture::followPace);
-    connect(&m_panel.continuousMode(), &QAbstractButton::toggled, &m_clock,
+    connect(&m_panel.trigger().continuousMode(), &QAbstractButton::toggled, &m_clock,
             &RunClock::setContinuous);
     connect(&m_clock, &RunClock::pointReached, this, &RunPicture::showReached);
     connect(&m_clock, &RunClock::timeChanged, &m_panel.plot(), &ListPlot::setTime);
@@ -57,7 +58,7 @@ void RunPicture::runStarted()
     m_running = m_panel.runList().isChecked() ? RunKind::List : RunKind::Sweep;
     const RunPoints points = pointsOf(m_running);
     m_panel.plot().showRun(m_running, points);
-    m_clock.start(points, pace(), m_panel.isContinuous());
+    m_clock.start(points, pace(), m_panel.trigger().continuousMode().isChecked());
     // The trigger that starts a sweep is its first step; a list waits for one.
     if (m_running == RunKind::Sweep)
         m_clock.moveTo(1);
@@ -85,7 +86,7 @@ void RunPicture::movedTo(int number)
 RunPoints RunPicture::pointsOf(RunKind kind) const
 {
     if (kind == RunKind::Sweep)
-        return RunPoints::ofSweep(m_panel.sweepTexts());
+        return RunPoints::ofSweep(m_panel.sweep().texts());
     const PointRows& rows = m_panel.table().points();
     const auto texts = [&rows](int row) {
         const PointRow& cells = rows[static_cast<std::size_t>(row)];
@@ -97,7 +98,7 @@ RunPoints RunPicture::pointsOf(RunKind kind) const
 
 RunClock::Pace RunPicture::pace() const
 {
-    switch (m_panel.triggerChoice()) {
+    switch (m_panel.trigger().choice()) {
     case TriggerChoice::FreeRun:
         return RunClock::Pace::Free;
     case TriggerChoice::Manual:

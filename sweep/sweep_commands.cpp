@@ -1,19 +1,18 @@
 #include "sweep/sweep_commands.h"
 
-#include "link/activity.h"
+#include "fields/number_edit.h"
+#include "fields/power_guard.h"
+#include "link/cw_formats.h"
+#include "link/notices.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
-#include "cw/cw_controls.h"
-#include "fields/entry_notice.h"
-#include "fields/power_guard.h"
-#include "fields/unit_key_filter.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/panel_wait_cursor.h"
 #include "sweep/point_table.h"
+#include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
 
@@ -45,10 +44,10 @@ const QString abortListCommand = QStringLiteral("*ABORt");
 } // namespace
 
 SweepCommands::SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
-                             ListTransfer& transfer, PowerGuard& guard, const CwWidgets& cw,
-                             QObject* parent)
+                             ListTransfer& transfer, PowerGuard& guard, Notices& notices,
+                             const CwWidgets& cw, QObject* parent)
     : QObject(parent), m_session(session), m_panel(panel), m_triggers(triggers),
-      m_transfer(transfer), m_guard(guard), m_cw(cw)
+      m_transfer(transfer), m_guard(guard), m_notices(notices), m_cw(cw)
 {
     connect(&m_guard, &PowerGuard::ceilingChanged, this, &SweepCommands::holdCeiling);
     connect(&m_panel.runSweep(), &QAbstractButton::toggled, this, &SweepCommands::CommandSweep);
@@ -113,7 +112,7 @@ void SweepCommands::request(Mode mode)
         if (isWanted(run, mode))
             start(run, mode);
     };
-    if (!m_guard.ask(toNumber(acceptedText(&m_cw.power)), topDbm(mode), agreed, letGo))
+    if (!m_guard.ask(m_cw.power.acceptedValue(), topDbm(mode), agreed, letGo))
         start(run, mode);
 }
 
@@ -121,13 +120,17 @@ void SweepCommands::sayAboveCeiling(Mode mode)
 {
     const QString ceiling = QString::number(*m_guard.ceilingDbm());
     if (mode == Mode::Sweep) {
-        emit statusMessage(tr("Sweep not run: above the highest power of %1 dBm").arg(ceiling));
+        m_notices.sayOfInstrument([ceiling] {
+            return tr("Sweep not run: above the highest power of %1 dBm").arg(ceiling);
+        });
         return;
     }
     const int row = m_panel.table().markAboveCeiling();
     m_panel.table().setCurrentCell(row, PointTable::Power);
-    emit statusMessage(tr("List not run: row %1 is above the highest power of %2 dBm")
-                           .arg(QString::number(row + 1), ceiling));
+    m_notices.sayOfInstrument([row, ceiling] {
+        return tr("List not run: row %1 is above the highest power of %2 dBm")
+            .arg(QString::number(row + 1), ceiling);
+    });
 }
 
 /// What runs above a level that has become the highest one ends.
@@ -137,8 +140,9 @@ void SweepCommands::holdCeiling()
         if (!runButton(mode).isChecked() || !m_guard.isAboveCeiling(m_topDbm))
             continue;
         runButton(mode).click();
-        emit statusMessage(
-            tr("Run ended: above the highest power of %1 dBm").arg(*m_guard.ceilingDbm()));
+        m_notices.sayOfInstrument([ceiling = *m_guard.ceilingDbm()] {
+            return tr("Run ended: above the highest power of %1 dBm").arg(ceiling);
+        });
     }
 }
 
@@ -148,7 +152,7 @@ bool SweepCommands::canRun(Mode mode)
     if (mode == Mode::Sweep)
         return m_panel.canRunSweep();
     return m_panel.canRunList() &&
-           (!m_panel.table().hasEmptyCell(PointTable::Power) || takeNumber(&m_cw.power));
+           (!m_panel.table().hasEmptyCell(PointTable::Power) || m_cw.power.takeNumber());
 }
 
 void SweepCommands::enableCw(bool isEnabled)
@@ -171,12 +175,15 @@ bool SweepCommands::goesOn(int run, Mode mode)
         return false;
     if (!m_refusal)
         return true;
-    const QString words = errorWords(*m_refusal);
+    const InstrumentError refusal = *m_refusal;
     ++m_run;
     m_isSettingUp = false;
     runButton(mode).click();
-    emit statusMessage(mode == Mode::List ? tr("The list does not run: %1").arg(words)
-                                          : tr("The sweep does not run: %1").arg(words));
+    m_notices.sayOfInstrument([mode, refusal] {
+        const QString words = errorWords(refusal);
+        return mode == Mode::List ? tr("The list does not run: %1").arg(words)
+                                  : tr("The sweep does not run: %1").arg(words);
+    });
     return false;
 }
 
@@ -220,7 +227,8 @@ bool SweepCommands::startPrepared(int run, Mode mode)
     m_triggers.setUpContinuousMode();
     if (!goesOn(run, mode))
         return false;
-    const QStringList& sweepStart = m_panel.isPowerSweep() ? powerSweepStart : frequencySweepStart;
+    const QStringList& sweepStart =
+        m_panel.sweep().isPowerSweep() ? powerSweepStart : frequencySweepStart;
     for (const QString& text : mode == Mode::List ? listStart : sweepStart)
         m_session.write(text);
     return true;
@@ -239,17 +247,16 @@ void SweepCommands::sendSweep()
 
 QStringList SweepCommands::sweepCommands() const
 {
-    const QString fixed = m_panel.fixedValue().text();
-    const QString start = m_panel.start().text();
-    const QString stop = m_panel.stop().text();
-    QStringList commands = {pointsCommand + withoutBlanks(m_panel.points().text())};
-    if (m_panel.isPowerSweep())
-        commands << frequencyCommand + withoutBlanks(fixed) + hertzUnit << startPowerCommand + start
-                 << stopPowerCommand + stop;
+    const SweepTexts texts = m_panel.sweep().texts();
+    QStringList commands = {pointsCommand + withoutBlanks(texts.points)};
+    if (texts.isPowerSweep)
+        commands << frequencyCommand + withoutBlanks(texts.fixedValue) + hertzUnit
+                 << startPowerCommand + texts.start << stopPowerCommand + texts.stop;
     else
-        commands << powerCommand + fixed << startFrequencyCommand + withoutBlanks(start)
-                 << stopFrequencyCommand + withoutBlanks(stop);
-    commands << dwellCommand + secondsText(m_panel.dwell().text());
+        commands << powerCommand + texts.fixedValue
+                 << startFrequencyCommand + withoutBlanks(texts.start)
+                 << stopFrequencyCommand + withoutBlanks(texts.stop);
+    commands << dwellCommand + secondsText(texts.dwellUs);
     return commands;
 }
 
@@ -267,20 +274,18 @@ void SweepCommands::stop(Mode mode)
 
 void SweepCommands::restoreCw()
 {
-    takeNumber(&m_cw.frequency);
-    takeNumber(&m_cw.power);
+    m_cw.frequency.takeNumber();
+    m_cw.power.takeNumber();
     if (readsAsNumber(m_cw.frequency.text())) {
-        showAnswer(&m_cw.frequency,
-                   m_session.setAndReadBack(CwControls::frequencyFormat,
-                                            toNumber(m_cw.frequency.text()), FieldKind::Frequency));
+        m_cw.frequency.showAnswer(m_session.setAndReadBack(frequencyFormat, m_cw.frequency.value(),
+                                                           FieldKind::Frequency));
         m_session.checkErrors();
     }
     if (!m_session.isConnected() || !readsAsNumber(m_cw.power.text()))
         return;
     // Whole dB only: any other text is 0 dBm.
     const auto powerDbm = static_cast<double>(toWholeNumber(m_cw.power.text()));
-    showAnswer(&m_cw.power,
-               m_session.setAndReadBack(CwControls::powerFormat, powerDbm, FieldKind::Power));
+    m_cw.power.showAnswer(m_session.setAndReadBack(powerFormat, powerDbm, FieldKind::Power));
     m_session.checkErrors();
 }
 

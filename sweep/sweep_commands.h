@@ -10,8 +10,9 @@
 
 class List;
 class ListTransfer;
+class Notices;
+class NumberEdit;
 class PowerGuard;
-class QLineEdit;
 class QPushButton;
 class QWidget;
 class ScpiSession;
@@ -29,13 +30,13 @@ public:
     /// The continuous-wave controls, which rest while sweep or list runs and are set again when it
     /// stops.
     struct CwWidgets {
-        QLineEdit& frequency; ///< hertz
-        QLineEdit& power;     ///< dBm
+        NumberEdit& frequency;
+        NumberEdit& power;
         QList<QWidget*> others;
     };
 
     SweepCommands(ScpiSession& session, List& panel, TriggerCommands& triggers,
-                  ListTransfer& transfer, PowerGuard& guard, const CwWidgets& cw,
+                  ListTransfer& transfer, PowerGuard& guard, Notices& notices, const CwWidgets& cw,
                   QObject* parent = nullptr);
 
 public slots:
@@ -46,8 +47,6 @@ public slots:
     void connectionLost();
 
 signals:
-    /// Why no run has started, or why one has been stopped.
-    void statusMessage(const QString& message);
     /// A run is about to be sent to the instrument: modulation and LF generator have to go off,
     /// before this returns.
     void runStarting();
@@ -82,6 +81,7 @@ private:
     TriggerCommands& m_triggers;
     ListTransfer& m_transfer;
     PowerGuard& m_guard;
+    Notices& m_notices;
     CwWidgets m_cw;
     /// Numbers the starts, so that one that has paused knows of a newer one.
     int m_run = 0;

@@ -1,20 +1,14 @@
 #include "sweep/sweep_group.h"
 
-#include "link/instrument_limits.h"
-#include "numbers/number_text.h"
-#include "fields/clamp_field.h"
-#include "fields/describe.h"
-#include "fields/entry_notice.h"
-#include "fields/keypad/keypad_units.h"
-#include "fields/numeric_field.h"
 #include "fields/power_guard.h"
-#include "fields/unit_key_filter.h"
+#include "link/instrument_limits.h"
+#include "numbers/entry_units.h"
+#include "numbers/number_text.h"
 #include "sweep/run_button.h"
 #include "ui/describe.h"
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVariant>
@@ -41,9 +35,9 @@ struct Row {
 
 using Q = Quantity;
 constexpr std::array<Row, 5> rows = {{
-    {"Freq_Pow", Q::Power, Q::Frequency, 0, 0, "0"},
-    {"Start", Q::Frequency, Q::Power, 1, 0, "25 000 000"},
-    {"Stop", Q::Frequency, Q::Power, 1, 1, "1 000 000 000"},
+    {"Freq_Pow", Q::SweepFixedPower, Q::SweepFixedFrequency, 0, 0, "0"},
+    {"Start", Q::SweepStartFrequency, Q::SweepStartPower, 1, 0, "25 000 000"},
+    {"Stop", Q::SweepStopFrequency, Q::SweepStopPower, 1, 1, "1 000 000 000"},
     {"Step", Q::SweepPoints, Q::SweepPoints, 2, 0, "100"},
     {"Time", Q::SweepDwell, Q::SweepDwell, 2, 1, "1 000"},
 }};
@@ -56,7 +50,7 @@ Quantity quantityOf(const Row& row, bool isPowerSweep)
 }
 } // namespace
 
-SweepGroup::SweepGroup(QWidget* parent)
+SweepGroup::SweepGroup(const FieldContext& context, QWidget* parent)
     : QGroupBox(parent), m_title(new QLabel(this)), m_mode(new QPushButton(this)),
       m_run(new RunButton(QStringLiteral("button_Sweep"), this)),
       m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")},
@@ -65,12 +59,12 @@ SweepGroup::SweepGroup(QWidget* parent)
     setObjectName(QStringLiteral("Sweep__"));
     setProperty("section", true);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    build();
+    build(context);
     wire();
     retranslate();
 }
 
-void SweepGroup::build()
+void SweepGroup::build(const FieldContext& context)
 {
     m_title->setObjectName(QStringLiteral("title_Sweep"));
     m_title->setProperty("sectionTitle", true);
@@ -86,10 +80,10 @@ void SweepGroup::build()
     column->setContentsMargins(margin, spacing, margin, margin);
     column->setSpacing(spacing);
     column->addLayout(header);
-    column->addLayout(buildFields());
+    column->addLayout(buildFields(context));
 }
 
-QGridLayout* SweepGroup::buildFields()
+QGridLayout* SweepGroup::buildFields(const FieldContext& context)
 {
     constexpr int cellsOfRow = 4; // the last one parts the two columns
     auto* grid = new QGridLayout;
@@ -101,7 +95,7 @@ QGridLayout* SweepGroup::buildFields()
         const QString name = QLatin1String(row.name);
         FieldRow& made = m_rows[i];
         made.label = new QLabel(this);
-        made.field = new QLineEdit(QLatin1String(row.text), this);
+        made.field = new NumberEdit(row.quantity, context, this, QLatin1String(row.text));
         made.key = new QPushButton(this);
         made.label->setObjectName(QStringLiteral("label_") + name);
         made.label->setMinimumWidth(labelWidth);
@@ -125,8 +119,7 @@ QGridLayout* SweepGroup::buildFields()
 void SweepGroup::wire()
 {
     for (std::size_t i = 0; i < rows.size(); ++i) {
-        QLineEdit* field = m_rows[i].field;
-        setUpNumericField(field, rows[i].quantity);
+        NumberEdit* field = m_rows[i].field;
         connect(field, &QLineEdit::editingFinished, this, [this, i] { commit(i); });
         connect(field, &QLineEdit::textChanged, this, &SweepGroup::settingsChanged);
         connect(m_rows[i].key, &QAbstractButton::clicked, this,
@@ -155,22 +148,22 @@ void SweepGroup::changeMode()
 {
     QString* const asides[] = {&m_valuesAside.fixed, &m_valuesAside.start, &m_valuesAside.stop};
     for (std::size_t i = 0; i < modeRowCount; ++i) {
-        QLineEdit* field = m_rows[i].field;
+        NumberEdit* field = m_rows[i].field;
         // Until all three are changed, they are the values of no mode.
         const QSignalBlocker quiet(field);
-        changeQuantity(field, quantityOf(rows[i], isPowerSweep()));
+        field->setQuantity(quantityOf(rows[i], isPowerSweep()));
         const QString shown = std::exchange(*asides[i], field->text());
-        showAccepted(field, shown);
+        field->showAccepted(shown);
     }
     holdCeiling();
     retranslate();
     emit settingsChanged();
 }
 
-void SweepGroup::clampToLimits(QLineEdit* field)
+void SweepGroup::clampToLimits(NumberEdit& field)
 {
-    clampField(InstrumentLimits::global(), field);
-    if (m_guard && numericField(field)->quantity == Quantity::Power)
+    field.clamp();
+    if (m_guard && boundedAs(field.quantity()) == Quantity::Power)
         m_guard->bound(field);
 }
 
@@ -185,29 +178,28 @@ void SweepGroup::setPowerGuard(PowerGuard& guard)
 void SweepGroup::holdCeiling()
 {
     for (std::size_t i = 0; m_guard && i < modeRowCount; ++i) {
-        QLineEdit* field = m_rows[i].field;
-        const QString bounded = m_guard->bounded(field->text());
-        if (quantityOf(rows[i], isPowerSweep()) != Quantity::Power || bounded == field->text())
-            continue;
-        showBounded(i, bounded);
+        const NumberEdit& field = *m_rows[i].field;
+        const QString bounded = m_guard->bounded(field.text());
+        if (boundedAs(field.quantity()) == Quantity::Power && bounded != field.text())
+            showBounded(i, bounded);
     }
 }
 
 /// A bound is nobody's entry: what follows the display goes on following it.
 void SweepGroup::showBounded(std::size_t index, const QString& text)
 {
-    QLineEdit* field = m_rows[index].field;
+    NumberEdit& field = *m_rows[index].field;
     QString* const followed = followedBy(index);
-    if (followed && field->text() == *followed)
+    if (followed && field.text() == *followed)
         *followed = text;
-    showAccepted(field, text);
+    field.showAccepted(text);
 }
 
 void SweepGroup::follow(QString* followed, std::size_t index, const QString& text)
 {
-    QLineEdit* field = m_rows[index].field;
+    NumberEdit& field = *m_rows[index].field;
     QString* const aside = index == 0 ? &m_valuesAside.fixed : &m_valuesAside.start;
-    const QString present = isPowerSweep() ? *aside : field->text();
+    const QString present = isPowerSweep() ? *aside : field.text();
     if (followed->isNull() || !isPlainDecimal(withoutBlanks(text)))
         return;
     *followed = present == *followed || present == text ? text : QString();
@@ -216,20 +208,20 @@ void SweepGroup::follow(QString* followed, std::size_t index, const QString& tex
     if (isPowerSweep())
         *aside = text;
     else
-        showAccepted(field, text);
+        field.showAccepted(text);
 }
 
 void SweepGroup::commit(std::size_t index)
 {
-    QLineEdit* field = m_rows[index].field;
-    const bool isNumber = takeNumber(field);
+    NumberEdit& field = *m_rows[index].field;
+    const bool isNumber = field.takeNumber();
     m_isLeftForRun = !isNumber && m_run->hasFocus();
     if (!isNumber)
         return;
     clampToLimits(field);
-    showAccepted(field, field->text());
+    field.showAccepted(field.text());
     QString* const followed = followedBy(index);
-    if (followed && field->text() != *followed)
+    if (followed && field.text() != *followed)
         *followed = QString();
 }
 
@@ -247,28 +239,28 @@ bool SweepGroup::canRun()
     if (std::exchange(m_isLeftForRun, false))
         return false;
     for (const FieldRow& row : m_rows) {
-        if (!takeNumber(row.field))
+        if (!row.field->takeNumber())
             return false;
     }
-    const bool hasPoints = toNumber(points().text()) >= 1.0;
+    const bool hasPoints = points().value() >= 1.0;
     if (!hasPoints)
-        EntryNotice::global().refuse(points(), tr("nothing to run"));
+        points().refuse([] { return tr("nothing to run"); });
     return hasPoints;
 }
 
 int SweepGroup::boundByLimits()
 {
-    const InstrumentLimits& limits = InstrumentLimits::global();
+    const InstrumentLimits& limits = points().context().limits;
     int count = 0;
     QString* const asides[] = {&m_valuesAside.fixed, &m_valuesAside.start, &m_valuesAside.stop};
     for (std::size_t i = 0; i < rows.size(); ++i) {
         QString text = m_rows[i].field->text();
-        if (boundText(text, limits, quantityOf(rows[i], isPowerSweep()))) {
+        if (limits.bound(text, m_rows[i].field->quantity())) {
             showBounded(i, text);
             ++count;
         }
         const Quantity aside = quantityOf(rows[i], !isPowerSweep());
-        if (i < modeRowCount && boundText(*asides[i], limits, aside))
+        if (i < modeRowCount && limits.bound(*asides[i], aside))
             ++count;
     }
     return count;
@@ -285,17 +277,11 @@ void SweepGroup::retranslate()
 
     const QString captions[] = {isPowerSweep() ? tr("Frequency") : tr("Power"), tr("Start"),
                                 tr("Stop"), tr("Points"), tr("Dwell")};
-    const QString hints[] = {tr("The value that stays"), tr("First value of the sweep"),
-                             tr("Last value of the sweep"), tr("Number of points of the sweep"),
-                             tr("Time at each point in microseconds")};
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const FieldRow& row = m_rows[i];
         row.label->setText(captions[i]);
-        const QString name = tr("Sweep: %1").arg(captions[i]);
-        describeField(row.field, name, hints[i]);
-        describeKeypadKey(row.key, name);
-        const std::vector<EntryUnit> units =
-            entryUnits(fieldKind(quantityOf(rows[i], isPowerSweep())), 0);
-        row.key->setText(unitText(units, 0));
+        row.field->describe();
+        row.field->describeKeypadKey(*row.key);
+        row.key->setText(unitText(entryUnits(row.field->kind(), 0), 0));
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "numbers/field_kind.h"
+#include "fields/number_edit.h"
 #include "sweep/run_points.h"
 
 #include <QGroupBox>
@@ -10,7 +10,6 @@
 class PowerGuard;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class RunButton;
 
@@ -29,15 +28,15 @@ class SweepGroup : public QGroupBox
     Q_OBJECT
 
 public:
-    explicit SweepGroup(QWidget* parent = nullptr);
+    explicit SweepGroup(const FieldContext& context, QWidget* parent = nullptr);
 
     QPushButton& run() const;
     bool isPowerSweep() const;
-    QLineEdit& fixedValue() const { return *m_rows[0].field; }
-    QLineEdit& start() const { return *m_rows[1].field; }
-    QLineEdit& stop() const { return *m_rows[2].field; }
-    QLineEdit& points() const { return *m_rows[3].field; }
-    QLineEdit& dwell() const { return *m_rows[4].field; }
+    NumberEdit& fixedValue() const { return *m_rows[0].field; }
+    NumberEdit& start() const { return *m_rows[1].field; }
+    NumberEdit& stop() const { return *m_rows[2].field; }
+    NumberEdit& points() const { return *m_rows[3].field; }
+    NumberEdit& dwell() const { return *m_rows[4].field; }
 
     /// Whether there is something to run. If not, it is said which field is to blame.
     bool canRun();
@@ -61,23 +60,23 @@ public:
     void retranslate();
 
 signals:
-    void keypadRequested(QLineEdit* field);
+    void keypadRequested(NumberEdit* field);
     /// What the sweep would run through has changed.
     void settingsChanged();
 
 private:
     struct FieldRow {
         QLabel* label = nullptr;
-        QLineEdit* field = nullptr;
+        NumberEdit* field = nullptr;
         QPushButton* key = nullptr;
     };
 
-    void build();
-    QGridLayout* buildFields();
+    void build(const FieldContext& context);
+    QGridLayout* buildFields(const FieldContext& context);
     void wire();
     void changeMode();
     void commit(std::size_t index);
-    void clampToLimits(QLineEdit* field);
+    void clampToLimits(NumberEdit& field);
     void holdCeiling();
     void showBounded(std::size_t index, const QString& text);
     QString* followedBy(std::size_t index);

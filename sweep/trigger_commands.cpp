@@ -28,12 +28,13 @@ TriggerCommands::TriggerCommands(ScpiSession& session, List& panel, QAbstractBut
                                  QObject* parent)
     : QObject(parent), m_session(session), m_panel(panel), m_pulse(pulse)
 {
-    for (const QPushButton* button : {&m_panel.previousPoint(), &m_panel.nextPoint()})
+    for (const QPushButton* button :
+         {&m_panel.trigger().previousPoint(), &m_panel.trigger().nextPoint()})
         connect(button, &QAbstractButton::clicked, this,
                 &TriggerCommands::sharedCommand_List_Sweep);
-    connect(&m_panel.continuousMode(), &QAbstractButton::toggled, this,
+    connect(&m_panel.trigger().continuousMode(), &QAbstractButton::toggled, this,
             &TriggerCommands::setUpContinuousMode);
-    connect(&m_panel.allPointsMode(), &QAbstractButton::toggled, this,
+    connect(&m_panel.trigger().allPointsMode(), &QAbstractButton::toggled, this,
             [this](bool isAllPoints) { slotModeIntFront(!isAllPoints); });
     connect(&m_panel, &List::triggerChosen, this, &TriggerCommands::choiceChanged);
     connect(&m_panel, &List::pointChosen, this, &TriggerCommands::pointChosen);
@@ -41,7 +42,7 @@ TriggerCommands::TriggerCommands(ScpiSession& session, List& panel, QAbstractBut
 
 void TriggerCommands::setUpTrigger()
 {
-    switch (m_panel.triggerChoice()) {
+    switch (m_panel.trigger().choice()) {
     case TriggerChoice::FreeRun:
         m_session.writeChecked(immediateCommand);
         break;
@@ -66,7 +67,7 @@ void TriggerCommands::setUpExternal(const QString& slopeCommand)
     if (!m_session.isConnected())
         return;
     m_session.write(slopeCommand);
-    m_session.write(advanceCommand(!m_panel.isAllPoints()));
+    m_session.write(advanceCommand(!m_panel.trigger().allPointsMode().isChecked()));
     m_session.writeChecked(externalCommand);
 }
 
@@ -82,7 +83,8 @@ void TriggerCommands::prepareManual()
 void TriggerCommands::setUpContinuousMode()
 {
     if (isRunConnected() && !progressBarForTable::liesWithin(*m_panel.window()))
-        m_session.writeChecked(m_panel.isContinuous() ? continuousCommand : singleCommand);
+        m_session.writeChecked(m_panel.trigger().continuousMode().isChecked() ? continuousCommand
+                                                                              : singleCommand);
 }
 
 void TriggerCommands::sharedCommand_List_Sweep()
@@ -92,8 +94,8 @@ void TriggerCommands::sharedCommand_List_Sweep()
     const QString name = sender() ? sender()->objectName() : QString();
     setUpTrigger();
     if (m_panel.runSweep().isChecked() && m_isManualPrepared && m_session.isConnected()) {
-        const bool isUp = name == m_panel.nextPoint().objectName();
-        if (isUp || name == m_panel.previousPoint().objectName()) {
+        const bool isUp = name == m_panel.trigger().nextPoint().objectName();
+        if (isUp || name == m_panel.trigger().previousPoint().objectName()) {
             if (m_session.writeChecked(isUp ? upCommand : downCommand))
                 emit stepped(isUp ? 1 : -1);
         }
@@ -131,7 +133,7 @@ void TriggerCommands::choiceChanged()
 {
     if (!isRunConnected() || progressBarForTable::liesWithin(m_panel.table()))
         return;
-    if (m_panel.triggerChoice() != TriggerChoice::Manual)
+    if (m_panel.trigger().choice() != TriggerChoice::Manual)
         m_isManualPrepared = false;
     setUpTrigger();
 }
@@ -139,7 +141,7 @@ void TriggerCommands::choiceChanged()
 /// A row was chosen. Only a list that is stepped by hand goes there.
 void TriggerCommands::pointChosen(int number)
 {
-    if (m_panel.triggerChoice() != TriggerChoice::Manual ||
+    if (m_panel.trigger().choice() != TriggerChoice::Manual ||
         progressBarForTable::liesWithin(m_panel.table()))
         return;
     // The instrument refuses a point while it runs through all of them.

@@ -1,23 +1,22 @@
 #include "fields/keypad/keypad.h"
 
-#include "numbers/number_text.h"
-#include "numbers/step_table.h"
-#include "fields/events_line_edit.h"
 #include "fields/keypad/keypad_keys.h"
 #include "fields/keypad/keypad_place.h"
-#include "fields/power_guard.h"
-#include "fields/select_line.h"
-#include "fields/step_entry.h"
 #include "fields/keypad/trailing_input.h"
-#include "fields/unit_key_filter.h"
+#include "fields/number_edit.h"
+#include "fields/power_guard.h"
+#include "fields/step_entry.h"
 #include "fields/validators.h"
+#include "link/instrument_limits.h"
+#include "numbers/number_text.h"
+#include "numbers/step_table.h"
+#include "numbers/unit_keys.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QToolButton>
@@ -29,17 +28,15 @@ namespace
 constexpr int margin = 16;
 constexpr int spacing = 8;
 
-bool canBeTypedInto(const QLineEdit& field)
+bool canBeTypedInto(const NumberEdit& field)
 {
     return field.isVisible() && field.isEnabled() && !field.isReadOnly();
 }
 
-bool accepts(const QLineEdit& field, QString text)
+bool accepts(const NumberEdit& field, QString text)
 {
     int position = 0;
-    const QValidator* validator = field.validator();
-    const bool isValid =
-        validator == nullptr || validator->validate(text, position) == QValidator::Acceptable;
+    const bool isValid = field.validator()->validate(text, position) == QValidator::Acceptable;
     return isValid && text.size() <= field.maxLength();
 }
 
@@ -49,10 +46,10 @@ QString withUnit(const QString& number, const QString& unit)
 }
 } // namespace
 
-Keypad::Keypad(QWidget* window)
+Keypad::Keypad(const FieldContext& context, QWidget* window)
     : QFrame(window, Qt::Popup | Qt::FramelessWindowHint), m_title(new QLabel(this)),
-      m_close(new QToolButton(this)), m_entry(new QLineEdit(this)), m_unit(new QLabel(this)),
-      m_limits(new QLabel(this)), m_keys(new KeypadKeys(this)),
+      m_close(new QToolButton(this)), m_entry(new NumberEdit(Quantity::Frequency, context, this)),
+      m_unit(new QLabel(this)), m_limits(new QLabel(this)), m_keys(new KeypadKeys(this)),
       m_stepButton(KeypadKeys::makeButton(QStringLiteral("keypad_step"), this)),
       m_enter(KeypadKeys::makeButton(QStringLiteral("keypad_enter"), this))
 {
@@ -61,8 +58,6 @@ Keypad::Keypad(QWidget* window)
     wire();
     retranslate();
 }
-
-Keypad::~Keypad() = default;
 
 void Keypad::build()
 {
@@ -78,7 +73,8 @@ void Keypad::build()
     m_unit->setObjectName(QStringLiteral("keypad_unit"));
     m_limits->setObjectName(QStringLiteral("keypad_limits"));
     m_stepButton->setCheckable(true);
-    new selectLine(m_entry);
+    m_entry->setStepFlags({true, false});
+    m_entry->installEventFilter(this);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, spacing, margin, margin);
@@ -119,18 +115,15 @@ void Keypad::wire()
     connect(m_entry, &QLineEdit::textChanged, this, &Keypad::updateKeys);
 }
 
-void Keypad::openFor(QLineEdit* field)
+void Keypad::openFor(NumberEdit* field)
 {
-    const std::optional<NumericField> numeric = numericField(field);
-    if (!numeric || !canBeTypedInto(*field))
+    if (!canBeTypedInto(*field))
         return;
     release();
-    m_quantity = numeric->quantity;
-    m_kind = numeric->kind;
-    m_step = numeric->step;
+    m_entry->setQuantity(field->quantity());
     watch(field);
-    m_keys->setSteppable(m_step.has_value());
-    m_stepButton->setVisible(m_step.has_value());
+    m_keys->setSteppable(step().has_value());
+    m_stepButton->setVisible(step().has_value());
     showPage(false);
     if (!isVisible()) {
         TrailingInput::swallow();
@@ -140,12 +133,12 @@ void Keypad::openFor(QLineEdit* field)
     m_entry->selectAll();
 }
 
-QLineEdit* Keypad::field() const
+NumberEdit* Keypad::field() const
 {
     return m_field;
 }
 
-void Keypad::watch(QLineEdit* field)
+void Keypad::watch(NumberEdit* field)
 {
     m_field = field;
     field->installEventFilter(this);
@@ -177,9 +170,12 @@ bool Keypad::eventFilter(QObject* watched, QEvent* event)
     const bool isFieldChange = watched == m_field && (event->type() == QEvent::Hide ||
                                                       event->type() == QEvent::EnabledChange ||
                                                       event->type() == QEvent::ReadOnlyChange);
-    if (isBlocked || (isFieldChange && !canBeTypedInto(*m_field)))
+    // Here Escape does not bring back the number: it closes the keypad.
+    const bool isEscape = watched == m_entry && event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (isBlocked || isEscape || (isFieldChange && !canBeTypedInto(*m_field)))
         close();
-    return false;
+    return isEscape;
 }
 
 void Keypad::hideEvent(QHideEvent* event)
@@ -213,15 +209,23 @@ void Keypad::showPage(bool isStepPage)
     place();
 }
 
+FieldKind Keypad::kind() const
+{
+    return m_entry->kind();
+}
+
+std::optional<double> Keypad::step() const
+{
+    const std::optional<StepKind> stepped = stepKind(m_entry->quantity());
+    return stepped ? std::optional(m_entry->context().steps.step(*stepped)) : std::nullopt;
+}
+
 void Keypad::setUpEntry()
 {
-    const bool isSigned = entryPattern(m_kind) == EntryPattern::SignedWhole;
-    m_entry->setValidator(m_isStepPage && isSigned ? entryValidator(EntryPattern::Whole)
-                                                   : m_field->validator());
-    setUnitPower(m_entry, plainPower());
-    m_typing = std::make_unique<UnitKeyFilter>(m_entry, m_kind);
-    m_stepping = m_step ? std::make_unique<EventsLineEdit>(m_entry, *m_step, StepFlags{true, false})
-                        : nullptr;
+    m_entry->setUnitPower(plainPower());
+    m_entry->setQuantity(m_field->quantity());
+    if (m_isStepPage && entryPattern(kind()) == EntryPattern::SignedWhole)
+        m_entry->setValidator(entryValidator(EntryPattern::Whole));
     m_keys->setCharacters(accepts(*m_entry, QStringLiteral("-")),
                           accepts(*m_entry, QStringLiteral(".")));
 }
@@ -229,8 +233,7 @@ void Keypad::setUpEntry()
 void Keypad::showPresent()
 {
     m_isTyped = false;
-    showAccepted(m_entry,
-                 m_isStepPage ? stepText(StepTable::global().step(*m_step)) : m_field->text());
+    m_entry->showAccepted(m_isStepPage ? stepText(*step()) : m_field->ownText());
     m_entry->selectAll();
     updateKeys();
 }
@@ -245,12 +248,12 @@ void Keypad::updateKeys()
 
 std::vector<EntryUnit> Keypad::units() const
 {
-    return m_isStepPage ? stepUnits(m_kind) : entryUnits(m_kind, plainPower());
+    return m_isStepPage ? stepUnits(kind()) : entryUnits(kind(), plainPower());
 }
 
 int Keypad::plainPower() const
 {
-    return m_isStepPage || !m_field ? 0 : unitPower(m_field);
+    return m_isStepPage || !m_field ? 0 : m_field->unitPower();
 }
 
 QString Keypad::enteredNumber() const
@@ -280,10 +283,9 @@ void Keypad::retranslate()
     m_limits->setText(m_isStepPage ? QString() : limitsText());
     m_entry->setAccessibleDescription(m_limits->text());
     m_limits->setVisible(!limitsText().isEmpty());
-    if (m_step) {
-        const QString step =
-            withUnit(stepText(StepTable::global().step(*m_step)), unitText(stepUnits(m_kind), 0));
-        m_stepButton->setText(tr("Step %1").arg(step));
+    if (step()) {
+        m_stepButton->setText(
+            tr("Step %1").arg(withUnit(stepText(*step()), unitText(stepUnits(kind()), 0))));
         m_stepButton->setAccessibleName(m_stepButton->text());
     }
 }
@@ -291,9 +293,9 @@ void Keypad::retranslate()
 QString Keypad::limitsText() const
 {
     // No instrument tells how many points there may be.
-    Range limits = InstrumentLimits::global()[m_quantity];
+    Range limits = m_entry->range();
     const std::optional<int> ceiling =
-        m_guard && m_kind == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
+        m_guard && kind() == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
     if (ceiling && !limits.isKnown())
         return tr("at most %1").arg(withUnit(QString::number(*ceiling), m_unit->text()));
     if (!limits.isKnown())
@@ -303,10 +305,10 @@ QString Keypad::limitsText() const
     const int power = m_isStepPage ? 0 : plainPower();
     const auto text = [&](double limit) {
         const QString number = shiftedDecimal(shortestText(limit), -power);
-        return isGrouped(m_kind) ? formatGrouped(number) : number;
+        return isGrouped(kind()) ? formatGrouped(number) : number;
     };
     return withUnit(text(limits.min) + QStringLiteral(" … ") + text(limits.max),
-                    unitText(entryUnits(m_kind, power), power));
+                    unitText(entryUnits(kind(), power), power));
 }
 
 void Keypad::changeEvent(QEvent* event)
@@ -366,7 +368,7 @@ void Keypad::stepField(int direction)
 {
     if (!m_field)
         return;
-    stepNumericField(m_field, direction);
+    m_field->step(direction);
     if (m_field)
         showPresent();
 }
@@ -391,23 +393,17 @@ void Keypad::acceptStep(int power)
     if (power != 0 && !number.isEmpty())
         m_entry->setText(shiftedDecimal(number, power));
     // An empty line is given the clipboard's text and stays.
-    if (acceptStepEntry(m_entry, m_quantity))
+    if (acceptStepEntry(*m_entry))
         showPage(false);
 }
 
 void Keypad::commit(const QString& text)
 {
-    const QPointer<QLineEdit> field = m_field;
+    const QPointer<NumberEdit> field = m_field;
     if (!accepts(*field, text))
         return;
     // Closed first: what the field announces may open a dialog, or the keypad for another field.
     close();
-    if (field) {
-        field->selectAll();
-        field->insert(text);
-    }
     if (field)
-        emit field->returnPressed();
-    if (field)
-        emit field->editingFinished();
+        field->commit(text);
 }

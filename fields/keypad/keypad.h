@@ -1,21 +1,18 @@
 #pragma once
 
-#include "fields/keypad/keypad_units.h"
-#include "fields/numeric_field.h"
+#include "numbers/entry_units.h"
+#include "numbers/quantity.h"
 
 #include <QFrame>
 #include <QPointer>
 
-#include <memory>
-
-class EventsLineEdit;
 class KeypadKeys;
+class NumberEdit;
 class PowerGuard;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QToolButton;
-class UnitKeyFilter;
+struct FieldContext;
 
 /// The on-screen keypad: types a number or a step size for one numeric field at a time. A popup
 /// beside the field; it owns its entry line and no field, bounds nothing and sends nothing. What is
@@ -26,18 +23,17 @@ class Keypad : public QFrame
     Q_OBJECT
 
 public:
-    explicit Keypad(QWidget* window);
-    ~Keypad() override;
+    Keypad(const FieldContext& context, QWidget* window);
 
-    /// Opens for a field that setUpNumericField has set up, or turns to it when already open. A
-    /// field that cannot be typed into is left alone.
-    void openFor(QLineEdit* field);
+    /// Opens for a field, or turns to it when already open. One that cannot be typed into is left
+    /// alone.
+    void openFor(NumberEdit* field);
 
     /// Who knows of a highest power of the user's own; outlives the keypad's use.
     void setPowerGuard(const PowerGuard& guard) { m_guard = &guard; }
 
     /// The field it is open for; none while it is closed.
-    QLineEdit* field() const;
+    NumberEdit* field() const;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -49,7 +45,7 @@ private:
     void build();
     void wire();
 
-    void watch(QLineEdit* field);
+    void watch(NumberEdit* field);
     void release();
     void place();
     /// Turns to the value of the field, or to the step of its quantity.
@@ -59,6 +55,9 @@ private:
     void updateKeys();
     void retranslate();
     QString limitsText() const;
+    FieldKind kind() const;
+    /// The present step of the quantity; none where it does not step.
+    std::optional<double> step() const;
     std::vector<EntryUnit> units() const;
     /// The power of ten of the kind's own unit that a number without a unit counts in.
     int plainPower() const;
@@ -72,23 +71,17 @@ private:
     void acceptStep(int power);
     void commit(const QString& text);
 
-    QPointer<QLineEdit> m_field;
+    QPointer<NumberEdit> m_field;
     const PowerGuard* m_guard = nullptr;
-    Quantity m_quantity = Quantity::Frequency;
-    FieldKind m_kind = FieldKind::Frequency;
-    std::optional<StepKind> m_step;
     bool m_isStepPage = false;
     bool m_isTyped = false; ///< the entry line holds the user's number, not the present one
 
     QLabel* m_title;
     QToolButton* m_close;
-    QLineEdit* m_entry;
+    NumberEdit* m_entry;
     QLabel* m_unit;
     QLabel* m_limits;
     KeypadKeys* m_keys;
     QPushButton* m_stepButton;
     QPushButton* m_enter;
-
-    std::unique_ptr<UnitKeyFilter> m_typing;
-    std::unique_ptr<EventsLineEdit> m_stepping;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fields/keypad/keypad_units.h"
+#include "numbers/entry_units.h"
 
 #include <QWidget>
 

@@ -1,3 +1,4 @@
+#include "fields/number_edit.h"
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 #include "tests/support/titled_copy.h"
@@ -70,7 +71,6 @@ void ConnectTest::init()
 {
     m_demo = std::make_unique<Demo>();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-    InstrumentLimits::global() = {};
 }
 
 void ConnectTest::connectsTheOnlyInstrument()
@@ -421,9 +421,10 @@ void ConnectTest::secondInstrumentReplacesTheLimits()
 {
     PanelRig rig;
     rig.connectDevice();
-    const double first = InstrumentLimits::global()[Quantity::Frequency].max;
+    const Range& range = rig.get<NumberEdit>("FREQ").range();
+    const double first = range.max;
     rig.click("connect");
-    QCOMPARE(InstrumentLimits::global()[Quantity::Frequency].max, first);
+    QCOMPARE(range.max, first);
     (*m_demo)(QStringLiteral("reply FREQ? MAX -> 6000000000"));
     // It was handed back in its mass-storage mode, which takes one attempt to leave.
     rig.connectDevice();

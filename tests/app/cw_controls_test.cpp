@@ -52,7 +52,6 @@ private:
 void CwControlsTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     m_rig = std::make_unique<PanelRig>();
     m_rig->connectDevice();

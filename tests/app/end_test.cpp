@@ -47,7 +47,6 @@ void EndTest::initTestCase()
 void EndTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QDir(userFolder()).removeRecursively();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }

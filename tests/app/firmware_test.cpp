@@ -52,7 +52,6 @@ void FirmwareTest::init()
     file.write("[1111]\nmodel=KLV-6G\n\n[2222]\nmodel=KLV-20G\nmaker=Other\n");
     QVERIFY(file.commit());
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }
 

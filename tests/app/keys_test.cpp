@@ -1,6 +1,6 @@
 #include "app/side_panels.h"
-#include "link/instrument_limits.h"
 #include "fields/keypad/keypad.h"
+#include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "tests/support/panel_rig.h"
 #include "ui/theme.h"
@@ -45,7 +45,6 @@ private:
 void KeysTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;

@@ -40,7 +40,6 @@ private:
 void OutputLifeTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;

@@ -5,7 +5,6 @@
 
 #include "app/side_panels.h"
 #include "fields/keypad/keypad.h"
-#include "fields/unit_key_filter.h"
 #include "service/about_box.h"
 #include "ui/error_box.h"
 
@@ -89,7 +88,6 @@ void OutputOffTest::initTestCase()
 void OutputOffTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QDir(userFolder()).removeRecursively();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     StartOptions options = PanelRig::defaultOptions();

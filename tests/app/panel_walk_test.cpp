@@ -2,9 +2,9 @@
 
 #include "app/side_panels.h"
 #include "connection/gui_list_klv.h"
+#include "fields/keypad/keypad.h"
 #include "link/instrument_limits.h"
 #include "modulation/fold_box.h"
-#include "fields/keypad/keypad.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "tests/support/documents_folder.h"
@@ -241,7 +241,6 @@ void PanelWalkTest::initTestCase()
 void PanelWalkTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QDir(userFolder()).removeRecursively();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }

@@ -56,7 +56,6 @@ private:
 void PausesTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     m_rig = std::make_unique<PanelRig>();
     // Two blocks with a pause between them, and a rest.

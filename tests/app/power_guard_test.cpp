@@ -66,8 +66,6 @@ void PowerGuardTest::init()
 {
     m_demo = std::make_unique<Demo>();
     (*m_demo)("instruments [1]\nmodel=KLV-20G\npowerMinDbm=-130\npowerMaxDbm=20\n");
-    InstrumentLimits::global() = {};
-    StepTable::global() = StepTable();
     QDir(userFolder()).removeRecursively();
     m_settings.clear();
 }

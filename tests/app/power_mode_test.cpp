@@ -1,5 +1,5 @@
-#include "link/instrument_limits.h"
 #include "cw/wgt_mode_pow.h"
+#include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 
 #include <QAction>
@@ -38,7 +38,6 @@ private:
 void PowerModeTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }
 

@@ -1,4 +1,5 @@
 #include "app/side_panels.h"
+#include "fields/number_edit.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
 #include "tests/app/panel_set_ups.h"
@@ -66,8 +67,6 @@ void ProfilesTest::init()
 {
     QVERIFY(QDir(madeUserFolder()).removeRecursively());
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
-    StepTable::global() = StepTable();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }
 
@@ -137,7 +136,8 @@ void ProfilesTest::apply(const SetUp& setUp)
     const double factor = 1.0 + double(QString(setUp.name).size());
     for (int kind = 0; kind < stepKindCount; ++kind) {
         const auto step = static_cast<StepKind>(kind);
-        StepTable::global().setStep(step, std::min(defaultStep(step) * factor, 90000.0));
+        m_rig->get<NumberEdit>("FREQ").context().steps.setStep(
+            step, std::min(defaultStep(step) * factor, 90000.0));
     }
 }
 
@@ -221,7 +221,6 @@ void ProfilesTest::everyControlIsSet()
     for (auto it = defaults.begin(); it != defaults.end(); ++it)
         untouched << it.key();
     for (const SetUp& setUp : setUps) {
-        StepTable::global() = StepTable();
         begin();
         apply(setUp);
         const QMap<QString, QString> content = contentOf(stateBytes());
@@ -360,10 +359,8 @@ void ProfilesTest::keepsTheStateBetweenRuns()
     m_rig->click("Output");
     const Content instrument = instrumentState();
     m_rig->click("Output");
-    // The step table's own settings are not what brings the steps back here.
     m_rig.reset();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-    StepTable::global() = StepTable();
 
     start(PanelRig::defaultOptions());
     // Without an instrument so far, and therefore without a word.

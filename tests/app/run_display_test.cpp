@@ -1,3 +1,4 @@
+#include "fields/number_edit.h"
 #include "link/instrument_limits.h"
 #include "tests/support/panel_rig.h"
 
@@ -52,7 +53,6 @@ private:
 void RunDisplayTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     m_rig = std::make_unique<PanelRig>();
 }
@@ -335,7 +335,7 @@ void RunDisplayTest::anotherInstrumentBounds()
     m_rig->connectDevice();
     QCOMPARE(m_rig->status(),
              QString("3 values of sweep and list were bounded by the limits of the instrument"));
-    const InstrumentLimits& limits = InstrumentLimits::global();
+    const InstrumentLimits& limits = m_rig->get<NumberEdit>("FREQ").context().limits;
     const auto& table = m_rig->get<QTableWidget>("table_List");
     const auto plain = [](QString text) { return text.remove(' '); };
     const QString highest = QString::number(limits[Quantity::Frequency].max, 'f', 0);

@@ -34,7 +34,6 @@ private:
 void RunExclusionTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
     m_rig = std::make_unique<PanelRig>();
     m_rig->get<QTableWidget>("table_List").setRowCount(3);

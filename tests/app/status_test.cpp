@@ -1,4 +1,5 @@
 #include "connection/gui_list_klv.h"
+#include "fields/number_edit.h"
 #include "link/activity.h"
 #include "link/instrument_limits.h"
 #include "link/library_places.h"
@@ -115,7 +116,6 @@ void StatusTest::initTestCase()
 void StatusTest::init()
 {
     m_demo = std::make_unique<Demo>();
-    InstrumentLimits::global() = {};
     QDir(userFolder()).removeRecursively();
     QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
 }
@@ -160,7 +160,7 @@ void StatusTest::aLossIsNotHidden()
     QVERIFY(!m_rig->isConnected());
     const QString loss = "connection error: the instrument or its cable has gone";
     QCOMPARE(m_rig->status(), loss);
-    emit m_rig->window().findChild<List*>()->statusMessage("in passing");
+    m_rig->get<NumberEdit>("FREQ").context().notices.say([] { return QString("in passing"); });
     QCOMPARE(m_rig->status(), loss);
     // Once it has been read, the message has its turn, and then the loss is back.
     QTRY_COMPARE_WITH_TIMEOUT(m_rig->status(), QString("in passing"), 8000);

@@ -1,11 +1,6 @@
-#include "numbers/step_table.h"
-#include "fields/clamp_field.h"
-#include "fields/events_line_edit.h"
-#include "fields/numeric_field.h"
 #include "fields/select_line.h"
 #include "fields/step_entry.h"
-#include "fields/unit_key_filter.h"
-#include "fields/validators.h"
+#include "tests/support/fields.h"
 #include "tests/support/quantities.h"
 
 #include <QApplication>
@@ -29,6 +24,7 @@ public:
     Window()
     {
         auto* layout = new QVBoxLayout(this);
+        layout->addWidget(&plain);
         layout->addWidget(&field);
         layout->addWidget(&other);
         show();
@@ -36,7 +32,9 @@ public:
         isActive = QTest::qWaitForWindowActive(this);
     }
 
-    QLineEdit field;
+    Fields fields;
+    QLineEdit plain; ///< nothing more than a line edit
+    NumberEdit field{Quantity::Frequency, fields.context};
     QLineEdit other;
     bool isActive = false;
     int wheelEvents = 0;
@@ -78,7 +76,6 @@ class NumberEntryTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
     void validators_data();
     void validators();
     void clamping();
@@ -96,14 +93,6 @@ private slots:
     void leavingCommitsChangesOnly();
     void selection();
 };
-
-void NumberEntryTest::init()
-{
-    InstrumentLimits::global() = InstrumentLimits();
-    for (int i = 0; i < stepKindCount; ++i)
-        StepTable::global().setStep(static_cast<StepKind>(i),
-                                    defaultStep(static_cast<StepKind>(i)));
-}
 
 void NumberEntryTest::validators_data()
 {
@@ -129,28 +118,29 @@ void NumberEntryTest::validators()
     QFETCH(FieldKind, kind);
     QFETCH(QString, admitted);
     QFETCH(QString, refused);
-    QLineEdit field;
-    setEntryValidator(&field, kind);
-    QTest::keyClicks(&field, admitted + refused);
-    QCOMPARE(field.text(), admitted);
-    QLineEdit second;
-    setEntryValidator(&second, kind);
-    QCOMPARE(second.validator(), field.validator());
+    Fields fields;
+    const NumberEdit field(quantityOf(kind), fields.context);
+    const auto isAdmitted = [&](QString text) {
+        int position = 0;
+        return field.validator()->validate(text, position) == QValidator::Acceptable;
+    };
+    QVERIFY(isAdmitted(admitted));
+    for (const QChar c : refused)
+        QVERIFY(!isAdmitted(c));
 }
 
 void NumberEntryTest::clamping()
 {
-    InstrumentLimits limits;
-    limits[Quantity::Frequency] = {9e3, 2e10};
-    QLineEdit field("25G");
-    setUpNumericField(&field, Quantity::Frequency);
-    clampField(limits, &field);
+    Fields fields;
+    fields.limits[Quantity::Frequency] = {9e3, 2e10};
+    NumberEdit field(Quantity::Frequency, fields.context, nullptr, "25G");
+    field.clamp();
     QCOMPARE(field.text(), QString("20 000 000 000"));
     field.setCursorPosition(3);
-    clampField(limits, &field);
+    field.clamp();
     QCOMPARE(field.cursorPosition(), 3);
     field.clear();
-    clampField(limits, &field);
+    field.clamp();
     QCOMPARE(field.text(), QString());
 }
 
@@ -158,7 +148,6 @@ void NumberEntryTest::stepsFocusedField()
 {
     Window window;
     QVERIFY(window.isActive);
-    new EventsLineEdit(&window.field, StepKind::Frequency);
     QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
     window.field.setText("1 000 000 000");
     window.field.setFocus();
@@ -174,12 +163,9 @@ void NumberEntryTest::stepsFocusedField()
     QTest::keyClick(&window.field, Qt::Key_Down);
     QCOMPARE(window.field.text(), QString("999 000 000"));
     QCOMPARE(committed.count(), 5);
-    StepTable::global().setStep(StepKind::Frequency, 5);
+    window.fields.steps.setStep(StepKind::Frequency, 5);
     QTest::keyClick(&window.field, Qt::Key_Up);
     QCOMPARE(window.field.text(), QString("999 000 005"));
-    QTest::keyClicks(&window.field, "12");
-    QTest::keyClick(&window.field, Qt::Key_Backspace);
-    QCOMPARE(window.field.text(), QString("999 000 0051"));
     QCOMPARE(window.wheelEvents, 0);
 }
 
@@ -187,11 +173,10 @@ void NumberEntryTest::unfocusedFieldIsLeftAlone()
 {
     Window window;
     QVERIFY(window.isActive);
-    window.field.setText("100");
-    turnWheel(window.field, {0, 120});
+    turnWheel(window.plain, {0, 120});
     QCOMPARE(window.wheelEvents, 1);
 
-    new EventsLineEdit(&window.field, StepKind::Frequency);
+    window.field.setText("100");
     QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
     QVERIFY(!window.field.hasFocus());
     turnWheel(window.field, {0, 120});
@@ -206,7 +191,8 @@ void NumberEntryTest::silentStepsAnnounceNothing()
 {
     Window window;
     QVERIFY(window.isActive);
-    new EventsLineEdit(&window.field, StepKind::Power, {true, false});
+    window.field.setQuantity(Quantity::Power);
+    window.field.setStepFlags({true, false});
     QSignalSpy committed(&window.field, &QLineEdit::editingFinished);
     window.field.setText("1");
     window.field.setFocus();
@@ -222,8 +208,7 @@ void NumberEntryTest::digitStepKeepsItsPlace()
 {
     Window window;
     QVERIFY(window.isActive);
-    QLineEdit& field = window.field;
-    new EventsLineEdit(&field, StepKind::Frequency);
+    NumberEdit& field = window.field;
     // As a commit does: what was accepted is written back, the cursor left at the end.
     QStringList committed;
     connect(&field, &QLineEdit::editingFinished, &field, [&] {
@@ -266,8 +251,8 @@ void NumberEntryTest::commitMayDeleteTheField()
     Window window;
     QVERIFY(window.isActive);
     for (Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
-        QPointer<QLineEdit> field = new QLineEdit("5", &window);
-        new EventsLineEdit(field, StepKind::Frequency);
+        QPointer<QLineEdit> field =
+            new NumberEdit(Quantity::Frequency, window.fields.context, &window, "5");
         connect(field, &QLineEdit::editingFinished, this, [field] { delete field; });
         field->show();
         field->setFocus();
@@ -292,7 +277,8 @@ void NumberEntryTest::stepBounds_data()
 
 void NumberEntryTest::stepBounds()
 {
-    InstrumentLimits& limits = InstrumentLimits::global();
+    Fields fields;
+    InstrumentLimits& limits = fields.limits;
     limits[Quantity::Frequency] = {1000, 2001};
     limits[Quantity::Power] = {-100, 2};
     limits[Quantity::SweepDwell] = {1000, 2003};
@@ -313,19 +299,20 @@ void NumberEntryTest::stepBounds()
     limits[Quantity::LfDuty] = {1000, 1117};
 
     QFETCH(StepKind, kind);
-    QLineEdit line("999 999");
-    QVERIFY(acceptStepEntry(&line, quantityOf(kind)));
+    NumberEdit line(quantityOf(kind), fields.context, nullptr, "999 999");
+    QVERIFY(acceptStepEntry(line));
     QTEST(line.text(), "largest");
-    QCOMPARE(stepText(StepTable::global().step(kind)), line.text());
+    QCOMPARE(stepText(fields.steps.step(kind)), line.text());
 }
 
 void NumberEntryTest::emptyStepEntryPastes()
 {
     QApplication::clipboard()->setText("250");
-    QLineEdit line(" ");
-    QVERIFY(!acceptStepEntry(&line, Quantity::Frequency));
+    Fields fields;
+    NumberEdit line(Quantity::Frequency, fields.context, nullptr, " ");
+    QVERIFY(!acceptStepEntry(line));
     QCOMPARE(line.text(), QString("250"));
-    QCOMPARE(StepTable::global().step(StepKind::Frequency), defaultStep(StepKind::Frequency));
+    QCOMPARE(fields.steps.step(StepKind::Frequency), defaultStep(StepKind::Frequency));
 }
 
 /// "<" and ">" stand for the keys Backspace and Delete, "|" for the cursor.
@@ -387,9 +374,13 @@ void NumberEntryTest::typing()
     QFETCH(FieldKind, kind);
     QFETCH(QString, before);
     QFETCH(QString, keys);
-    QLineEdit field;
-    setEntryValidator(&field, kind);
-    new UnitKeyFilter(&field, kind);
+    Window window;
+    QVERIFY(window.isActive);
+    NumberEdit& field = window.field;
+    field.setQuantity(quantityOf(kind));
+    field.setFocus();
+    // From now on what is typed no longer replaces the whole number.
+    QTest::keyClick(&field, Qt::Key_End);
     setWithCursor(field, before);
     QSignalSpy edited(&field, &QLineEdit::textEdited);
     for (QChar key : keys) {
@@ -408,16 +399,15 @@ void NumberEntryTest::editedMark()
 {
     Window window;
     QVERIFY(window.isActive);
-    QLineEdit& field = window.field;
-    new UnitKeyFilter(&field, FieldKind::Frequency);
-
+    NumberEdit& field = window.field;
+    field.setFocus();
     field.setText("5");
     QVERIFY(!field.property("edited").toBool());
     QTest::keyClicks(&field, "0k");
     QCOMPARE(field.property("edited"), QVariant(true));
     QSignalSpy edited(&field, &QLineEdit::textEdited);
     QSignalSpy committed(&field, &QLineEdit::editingFinished);
-    showAccepted(&field, "40 000");
+    field.showAccepted("40 000");
     QCOMPARE(field.text(), QString("40 000"));
     QCOMPARE(field.property("edited"), QVariant(false));
     QCOMPARE(edited.count() + committed.count(), 0);
@@ -427,9 +417,8 @@ void NumberEntryTest::leavingCommitsChangesOnly()
 {
     Window window;
     QVERIFY(window.isActive);
-    QLineEdit& field = window.field;
-    field.setText("10");
-    setUpNumericField(&field, Quantity::Frequency);
+    NumberEdit& field = window.field;
+    field.showAccepted("10");
     QSignalSpy committed(&field, &QLineEdit::editingFinished);
     const auto commitsOnLeaving = [&] {
         field.clearFocus();
@@ -441,11 +430,11 @@ void NumberEntryTest::leavingCommitsChangesOnly()
     QCOMPARE(commitsOnLeaving(), 0);
     QTest::keyClicks(&field, "5");
     QCOMPARE(commitsOnLeaving(), 1);
-    showAccepted(&field, "7");
+    field.showAccepted("7");
     QCOMPARE(commitsOnLeaving(), 0);
     field.setText("8");
     QCOMPARE(commitsOnLeaving(), 1);
-    showAccepted(&field, "8");
+    field.showAccepted("8");
     QTest::keyClick(&field, Qt::Key_Return);
     QCOMPARE(commitsOnLeaving(), 1);
 }
@@ -454,7 +443,7 @@ void NumberEntryTest::selection()
 {
     Window window;
     QVERIFY(window.isActive);
-    QLineEdit& field = window.field;
+    QLineEdit& field = window.plain;
     new selectLine(&field);
     field.setText("1 000 000 000");
     const QPoint start(2, field.height() / 2);

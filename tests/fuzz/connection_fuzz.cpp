@@ -6,6 +6,7 @@
 #include "connection/running_copies.h"
 #include "link/instrument_limits.h"
 #include "link/scpi_session.h"
+#include "link/notices.h"
 #include "link/search_klv.h"
 #include "tests/fuzz/told_replies.h"
 
@@ -53,7 +54,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     static GuiListKLV chooser;
     RunningCopies copies;
     NoWatch watch;
-    Connection connection({session, limits, search, chooser, copies, watch});
+    Notices notices;
+    Connection connection({session, limits, search, chooser, copies, watch, notices});
     QString said;
     const auto hear = [&](const StatusWords& words) { said = words(); };
     QObject::connect(&connection, &Connection::failed, hear);

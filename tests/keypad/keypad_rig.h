@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/keypad/keypad.h"
+#include "tests/support/fields.h"
 #include "tests/support/quantities.h"
 
 #include <QLineEdit>
@@ -17,11 +18,11 @@ public:
     {
         resize(600, 200);
         field->setGeometry(20, 20, 200, 30);
-        field->setAccessibleName("Value");
         other->setGeometry(20, 80, 200, 30);
         button->setGeometry(20, 140, 200, 30);
-        setUpNumericField(field, quantityOf(kind, step));
-        setUpNumericField(other, Quantity::Power);
+        field->setUp(quantityOf(kind, step), fields.context);
+        field->setAccessibleName("Value");
+        other->setUp(Quantity::Power, fields.context);
         connect(button, &QPushButton::clicked, this, [this] { ++buttonClicks; });
         show();
         button->setFocus();
@@ -44,10 +45,11 @@ public:
 
     QLineEdit* entry() { return keypad->findChild<QLineEdit*>("keypad_entry"); }
 
-    QLineEdit* field = new QLineEdit(this);
-    QLineEdit* other = new QLineEdit(this);
+    Fields fields;
+    NumberEdit* field = new NumberEdit(this);
+    NumberEdit* other = new NumberEdit(this);
     QPushButton* button = new QPushButton(this);
-    Keypad* keypad = new Keypad(this);
+    Keypad* keypad = new Keypad(fields.context, this);
     QSignalSpy committed{field, &QLineEdit::editingFinished};
     int buttonClicks = 0;
 };

@@ -69,7 +69,7 @@ void KeypadWindowTest::closes()
     QFETCH(Action, action);
     KeypadRig rig;
     rig.field->setText("50");
-    const QPointer<QLineEdit> field = rig.field;
+    const QPointer<NumberEdit> field = rig.field;
     rig.keypad->openFor(rig.field);
     QVERIFY(rig.keypad->isVisible());
     rig.clickKeys("12");

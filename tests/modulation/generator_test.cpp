@@ -1,6 +1,6 @@
 #include "modulation/generator.h"
 #include "modulation/waveform_picture.h"
-#include "fields/numeric_field.h"
+#include "tests/support/fields.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -37,7 +37,8 @@ struct Bench {
     }
     QString picture() const { return panel.findChild<WaveformPicture*>()->accessibleDescription(); }
 
-    generator panel;
+    Fields fields;
+    generator panel{fields.context};
 };
 } // namespace
 
@@ -147,11 +148,9 @@ void GeneratorTest::fields()
     QFETCH(int, step);
     QFETCH(QString, keys);
     const Bench bench;
-    auto* field = bench.panel.findChild<QLineEdit*>(QTest::currentDataTag());
-    const auto numeric = numericField(field);
-    QVERIFY(numeric.has_value());
-    QCOMPARE(static_cast<int>(numeric->kind), kind);
-    QCOMPARE(static_cast<int>(*numeric->step), step);
+    auto* field = bench.panel.findChild<NumberEdit*>(QTest::currentDataTag());
+    QCOMPARE(static_cast<int>(field->kind()), kind);
+    QCOMPARE(static_cast<int>(*stepKind(field->quantity())), step);
     QTEST(field->text(), "initial");
     bench.click("rectangle");
     field->setFocus();
@@ -193,7 +192,7 @@ void GeneratorTest::pictureFollows()
                  QString("Triangle, 10 kHz (period 100 µs), from \u22121 V to 1 V"));
     QVERIFY(!bench.panel.isOn());
     bench.click("dc");
-    bench.panel.amplitude()->setText("0.25");
+    bench.panel.amplitude().setText("0.25");
     QCOMPARE(bench.picture(), QString("DC, level 250 mV"));
     bench.click("random");
     QCOMPARE(bench.picture(), QString("Random, from \u2212250 mV to 250 mV"));

@@ -1,5 +1,5 @@
 #include "modulation/modulat.h"
-#include "fields/numeric_field.h"
+#include "tests/support/fields.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -65,7 +65,8 @@ struct Bench {
                             [](const FoldBox* box) { return box->isMoving(); });
     }
 
-    Modulat panel;
+    Fields fields;
+    Modulat panel{fields.context};
 };
 
 /// The first two controls that lie on each other.
@@ -151,7 +152,8 @@ void ModulatTest::hasEveryWidget()
     QFETCH(QString, type);
     QFETCH(QString, names);
     const bool isCheckable = type == "checkable";
-    const Modulat panel;
+    const Fields fields;
+    const Modulat panel(fields.context);
     QCOMPARE(panel.objectName(), QString("Modulat"));
     for (const QString& name : names.split(' ')) {
         const auto found = panel.findChildren<QWidget*>(name);
@@ -165,7 +167,8 @@ void ModulatTest::hasEveryWidget()
 
 void ModulatTest::everyControlSaysWhatItIs()
 {
-    const Modulat panel;
+    const Fields fields;
+    const Modulat panel(fields.context);
     QStringList names;
     for (const QWidget* each : panel.findChildren<QWidget*>()) {
         const bool isControl = each->inherits("QAbstractButton") || each->inherits("QLineEdit");
@@ -280,11 +283,9 @@ void ModulatTest::fields()
     QFETCH(StepKind, step);
     QFETCH(QString, keys);
     Bench bench;
-    QLineEdit* field = bench.field(QTest::currentDataTag());
-    const auto numeric = numericField(field);
-    QVERIFY(numeric.has_value());
-    QCOMPARE(numeric->kind, kind);
-    QCOMPARE(numeric->step, std::optional(step));
+    auto* field = static_cast<NumberEdit*>(bench.field(QTest::currentDataTag()));
+    QCOMPARE(field->kind(), kind);
+    QCOMPARE(stepKind(field->quantity()), std::optional(step));
     QTEST(field->text(), "initial");
     for (const QString& suffix : suffixes)
         bench.click("Rect_" + suffix);
@@ -356,8 +357,6 @@ void ModulatTest::updateFollowsTheStateButtons()
     bench.panel.collapse(Modulation::Pm, false);
     QCOMPARE(bench.expanded(), QString());
     QVERIFY(bench.isStill());
-    QCOMPARE(bench.panel.modulationNamed("FM"), std::optional(Modulation::Fm));
-    QVERIFY(!bench.panel.modulationNamed("Pulse"));
 }
 
 void ModulatTest::headersFoldWithoutSwitching()
@@ -426,17 +425,17 @@ void ModulatTest::foldedFieldsTakeNoFocus()
 void ModulatTest::pulseUnits()
 {
     Bench bench;
-    bench.panel.showPulsePeriodUs("2 500");
+    bench.panel.pulsePeriod().showAccepted("2 500");
     bench.click("us_per");
     QCOMPARE(bench.field("line_period")->text(), QString("2.5"));
     QCOMPARE(bench.field("line_width")->text(), QString("1.00"));
-    QCOMPARE(bench.panel.pulsePeriodUs(), 2500.0);
+    QCOMPARE(bench.panel.pulsePeriod().value(), 2500.0);
     for (int i = 0; i < 3; ++i)
         bench.click("us_wid");
     QCOMPARE(bench.field("line_width")->text(), QString("1 000"));
     QCOMPARE(bench.button("us_wid")->text(), QString("ns"));
-    QCOMPARE(bench.panel.pulseWidthUs(), 1.0);
-    bench.panel.showPulseWidthUs("20.00");
+    QCOMPARE(bench.panel.pulseWidth().value(), 1.0);
+    bench.panel.pulseWidth().showAccepted("20.00");
     QCOMPARE(bench.field("line_width")->text(), QString("20 000"));
     bench.panel.usePulseMicroseconds();
     QCOMPARE(bench.field("line_period")->text(), QString("2 500"));
@@ -482,7 +481,7 @@ void ModulatTest::picturesFollow()
     QCOMPARE(words("AM_"), QString("Rectangle, from \u221230.5 % to 30.5 %, duty 20 %"));
     bench.click("IntExt_AM");
     QCOMPARE(words("AM_"), QString("External source"));
-    bench.panel.showPulsePeriodUs("500");
+    bench.panel.pulsePeriod().showAccepted("500");
     QCOMPARE(words("PULM_"), QString("Pulses: period 500 µs, width 1 µs"));
 }
 

@@ -1,4 +1,3 @@
-#include "fields/unit_key_filter.h"
 #include "tests/modulation/modulation_rig.h"
 
 #include <memory>
@@ -264,8 +263,8 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
 {
     QFETCH(QString, field);
     QFETCH(QString, typed);
-    m_rig->limits[Quantity::PulsePeriod].max = 5000;
-    m_rig->limits[Quantity::PulseWidth].max = 5000;
+    m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
+    m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
     m_rig->enter("line_width", "20");
     m_rig->sent();
     m_rig->enter(field, typed);
@@ -277,10 +276,10 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
 /// A value that only the next instrument refuses is no business of the other one's.
 void ModulationCommandsTest::pulseValuesGoOutAlone()
 {
-    m_rig->limits[Quantity::PulseWidth].min = 5;
+    m_rig->fields.limits[Quantity::PulseWidth].min = 5;
     m_rig->enter("line_period", "500");
     QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
-    m_rig->limits[Quantity::PulsePeriod].max = 100;
+    m_rig->fields.limits[Quantity::PulsePeriod].max = 100;
     m_rig->enter("line_width", "3");
     QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
 }
@@ -301,14 +300,14 @@ void ModulationCommandsTest::pulseValuesAsAnswered()
 /// A width from before the connection, which no limits bound.
 void ModulationCommandsTest::periodAtItsLimitLowersTheWidth()
 {
-    m_rig->limits[Quantity::PulsePeriod].max = 5000;
-    m_rig->limits[Quantity::PulseWidth].max = 5000;
-    showAccepted(m_rig->get<QLineEdit>("line_width"), "5 000");
+    m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
+    m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
+    m_rig->get<NumberEdit>("line_width")->showAccepted("5 000");
     m_rig->enter("line_period", "100");
     QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
                                          "PULM:INT:PWID 4999.900000 U;PWID?!"}));
     checkInstrumentHoldsPulse();
-    showAccepted(m_rig->get<QLineEdit>("line_width"), "5 000");
+    m_rig->get<NumberEdit>("line_width")->showAccepted("5 000");
     m_rig->click("Pulse");
     QCOMPARE(m_rig->sent().mid(2), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
                                                 "PULM:INT:PWID 4999.900000 U;PWID?!"}));
@@ -321,8 +320,8 @@ void ModulationCommandsTest::checkInstrumentHoldsPulse()
     const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
     const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
     m_rig->demo.takeTranscript();
-    QCOMPARE(periodUs, m_rig->panel.pulsePeriodUs());
-    QCOMPARE(widthUs, m_rig->panel.pulseWidthUs());
+    QCOMPARE(periodUs, m_rig->panel.pulsePeriod().value());
+    QCOMPARE(widthUs, m_rig->panel.pulseWidth().value());
     QVERIFY(widthUs < periodUs);
 }
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "link/instrument_limits.h"
 #include "link/scpi_session.h"
 #include "modulation/generator.h"
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
 #include "tests/support/demo.h"
+#include "tests/support/fields.h"
 #include "ui/resources.h"
 
 #include <QLabel>
@@ -28,7 +28,7 @@ public:
         if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
             qFatal("no instrument");
         session.setConnected();
-        limits.readLimits(session);
+        fields.limits.readLimits(session);
         QObject::connect(&session, &ScpiSession::connectionFailed, [this] { session.close(); });
         QObject::connect(&modulation, &ModulationCommands::switchedOn, [this] {
             if (lfPanel.isOn())
@@ -134,15 +134,15 @@ public:
     Demo demo;
     VisaLibrary visa;
     ScpiSession session{visa};
-    InstrumentLimits limits;
+    Fields fields;
     QWidget host;
-    Modulat panel{&host};
-    generator lfPanel{&host};
+    Modulat panel{fields.context, &host};
+    generator lfPanel{fields.context, &host};
     QLabel amPmFm;
     QLabel pulse;
     QLabel gener;
-    ModulationCommands modulation{session, limits, panel, {amPmFm, pulse}};
-    LfGeneratorCommands lf{session, limits, lfPanel, gener};
+    ModulationCommands modulation{session, panel, {amPmFm, pulse}};
+    LfGeneratorCommands lf{session, lfPanel, gener};
     /// How often sweep or list had to go off.
     int sweepOffs = 0;
 };

@@ -1,6 +1,5 @@
-#include "modulation/pulse_time.h"
-#include "numbers/step_table.h"
-#include "fields/unit_key_filter.h"
+#include "modulation/pulse_group.h"
+#include "tests/support/fields.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -8,36 +7,38 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <memory>
-
 namespace
 {
 struct Bench {
     Bench()
     {
         auto* column = new QVBoxLayout(&window);
-        column->addWidget(&field);
+        column->addWidget(&group);
         column->addWidget(&other);
-        column->addWidget(&unit);
-        time = std::make_unique<PulseTime>(&field, &unit, Quantity::PulsePeriod);
+        // As the panel does.
+        QObject::connect(&unit, &QPushButton::clicked, [this] { group.nextUnit(field); });
+        group.setExpanded(true, false);
         window.show();
         window.activateWindow();
         (void)QTest::qWaitForWindowActive(&window);
         field.setFocus();
     }
 
+    void nextUnit() { unit.click(); }
+
     void useUnit(const QString& symbol)
     {
         for (int i = 0; i < 4 && unit.text() != symbol; ++i)
-            time->nextUnit();
+            nextUnit();
         QCOMPARE(unit.text(), symbol);
     }
 
-    std::unique_ptr<PulseTime> time;
+    Fields fields;
     QWidget window;
-    QLineEdit& field = *new QLineEdit(&window);
+    PulseGroup& group = *new PulseGroup(fields.context, &window, &window);
+    NumberEdit& field = group.period();
+    QPushButton& unit = *group.periodRow().unit;
     QLineEdit& other = *new QLineEdit(&window);
-    QPushButton& unit = *new QPushButton(&window);
 };
 } // namespace
 
@@ -97,20 +98,20 @@ void PulseTimeTest::cyclesWithoutLoss()
     QFETCH(QString, ns);
     Bench bench;
     bench.field.setText(us);
-    const double microseconds = bench.time->microseconds();
+    const double microseconds = bench.field.value();
     const struct {
         const char* unit;
         QString text;
     } views[] = {{"ms", ms}, {"s", s}, {"ns", ns}, {"µs", us}};
     for (const auto& view : views) {
-        bench.time->nextUnit();
+        bench.nextUnit();
         QCOMPARE(bench.unit.text(), QString(view.unit));
         QCOMPARE(bench.field.text(), view.text);
-        QCOMPARE(bench.time->microseconds(), microseconds);
-        QCOMPARE(bench.time->textUs(), us);
+        QCOMPARE(bench.field.value(), microseconds);
+        QCOMPARE(bench.field.ownText(), us);
     }
-    bench.time->nextUnit();
-    bench.time->useMicroseconds();
+    bench.nextUnit();
+    bench.group.useMicroseconds();
     QCOMPARE(bench.field.text(), us);
 }
 
@@ -158,7 +159,7 @@ void PulseTimeTest::typing()
     bench.field.clear();
     QTest::keyClicks(&bench.field, keys);
     QTEST(bench.field.text(), "shown");
-    QTEST(bench.time->microseconds(), "microseconds");
+    QTEST(bench.field.value(), "microseconds");
     QCOMPARE(bench.field.property("edited").toBool(), true);
 }
 
@@ -187,12 +188,12 @@ void PulseTimeTest::steps()
     QFETCH(QString, unit);
     QString announced;
     Bench bench;
-    QVERIFY(StepTable::global().setStep(StepKind::PulsePeriod, 100.0));
+    QVERIFY(bench.fields.steps.setStep(StepKind::PulsePeriod, 100.0));
     bench.field.setText("1 000");
     bench.useUnit(unit);
     QTEST(bench.field.text(), "shown");
     connect(&bench.field, &QLineEdit::editingFinished, &bench.window,
-            [&] { announced = bench.time->textUs(); });
+            [&] { announced = bench.field.ownText(); });
     QTest::keyClick(&bench.field, Qt::Key_Up);
     QTEST(bench.field.text(), "stepped");
     QCOMPARE(announced, QString("1 100"));
@@ -201,35 +202,35 @@ void PulseTimeTest::steps()
 void PulseTimeTest::newUnitCommitsNothing()
 {
     Bench bench;
-    bench.time->showAcceptedUs("1 000");
+    bench.field.showAccepted("1 000");
     const QSignalSpy announced(&bench.field, &QLineEdit::editingFinished);
-    bench.time->nextUnit();
+    bench.nextUnit();
     bench.other.setFocus();
     QCOMPARE(announced.size(), 0);
     // What was typed before is still to be committed, in whatever unit.
     bench.field.setFocus();
     bench.field.selectAll();
     QTest::keyClicks(&bench.field, "2");
-    bench.time->nextUnit();
+    bench.nextUnit();
     QCOMPARE(bench.field.property("edited").toBool(), true);
     bench.other.setFocus();
     QCOMPARE(announced.size(), 1);
-    QCOMPARE(bench.time->textUs(), QString("2 000"));
+    QCOMPARE(bench.field.ownText(), QString("2 000"));
 }
 
 void PulseTimeTest::acceptedValue()
 {
     Bench bench;
     bench.useUnit("ms");
-    setEdited(&bench.field, true);
+    bench.field.setEdited(true);
     const QSignalSpy announced(&bench.field, &QLineEdit::editingFinished);
-    bench.time->showAcceptedUs("12 500.5");
+    bench.field.showAccepted("12 500.5");
     QCOMPARE(bench.field.text(), QString("12.5005"));
-    QCOMPARE(bench.time->textUs(), QString("12 500.5"));
+    QCOMPARE(bench.field.ownText(), QString("12 500.5"));
     QCOMPARE(bench.field.property("edited").toBool(), false);
     QCOMPARE(announced.size(), 0);
     // A failed read leaves an empty text.
-    bench.time->showAcceptedUs(QString());
+    bench.field.showAccepted(QString());
     QCOMPARE(bench.field.text(), QString());
 }
 
@@ -238,10 +239,8 @@ void PulseTimeTest::emptyFieldHasNoValue()
     Bench bench;
     for (const char* text : {"", "  ", "m", "."}) {
         bench.field.setText(text);
-        QCOMPARE(bench.time->microseconds(), 0.0);
+        QCOMPARE(bench.field.value(), 0.0);
     }
-    bench.field.setText("  ");
-    QCOMPARE(bench.time->textUs(), QString());
 }
 
 QTEST_MAIN(PulseTimeTest)

@@ -1,5 +1,12 @@
+#include "link/scpi_session.h"
+#include "link/search_klv.h"
+#include "link/visa_library.h"
 #include "service/firmware_update.h"
 #include "tests/support/connection_rig.h"
+#include "tests/support/demo.h"
+#include "tests/support/fields.h"
+#include <QSignalSpy>
+#include <QtTest>
 
 namespace
 {
@@ -21,9 +28,8 @@ public:
 
     QString lastActivity() { return Activities::global().texts().join(' '); }
 
-    FirmwareUpdate update{{session, connection, watch}, longestMs};
+    FirmwareUpdate update{{session, connection, watch, fields.notices}, longestMs};
     QSignalSpy back{&update, &FirmwareUpdate::cameBack};
-    QSignalSpy told{&update, &FirmwareUpdate::statusMessage};
     QSignalSpy watchWantsToConnect{&connection, &Connection::buttonShouldBeClicked};
 };
 } // namespace
@@ -88,7 +94,7 @@ void FirmwareUpdateTest::givesUpAfterTheLongestTime()
     if (hasLeft)
         bench.watch.tell({});
     QTRY_VERIFY(!bench.update.isRunning());
-    QCOMPARE(bench.told.size(), hasLeft ? 1 : 0);
+    QCOMPARE(bench.fields.said.size(), hasLeft ? 1 : 0);
     QCOMPARE(bench.lastActivity(), QString());
     QCOMPARE(bench.session.isConnected(), !hasLeft);
     bench.watch.tell(hasLeft ? QStringList(serial) : QStringList());

@@ -4,6 +4,7 @@
 #include "service/service_panel.h"
 #include "tests/support/demo.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/fields.h"
 #include "ui/progress_bar_for_table.h"
 #include "ui/resources.h"
 
@@ -71,12 +72,8 @@ public:
     }
     QString messages()
     {
-        QStringList texts;
-        for (const QList<QVariant>& call : told + toldByPanel)
-            texts << call.value(0).toString();
+        QStringList texts = fields.takeSaid();
         texts.removeAll(QString());
-        told.clear();
-        toldByPanel.clear();
         return texts.join('|');
     }
 
@@ -156,10 +153,9 @@ public:
     Demo demo;
     VisaLibrary visa;
     ScpiSession session{visa};
-    service panel;
-    ServiceCommands commands{session, panel};
-    QSignalSpy told{&commands, &ServiceCommands::statusMessage};
-    QSignalSpy toldByPanel{&panel, &service::statusMessage};
+    Fields fields;
+    service panel{fields.context};
+    ServiceCommands commands{session, panel, fields.notices};
     QSignalSpy errors{&commands, &ServiceCommands::errorMessage};
 };
 } // namespace
@@ -465,7 +461,7 @@ void ServiceCommandsTest::onlyTablesAreTakenForBackups()
     bench.openBackup("given.csv");
     QTEST(bench.cells(), "cells");
     for (const QList<QVariant>& error : qAsConst(bench.errors))
-        bench.told << error;
+        bench.fields.said << error.first().toString();
     const QString told = bench.messages();
     QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
     QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);

@@ -4,10 +4,10 @@
 #include "connection/gui_list_klv.h"
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
-#include "link/instrument_limits.h"
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "tests/support/demo.h"
+#include "tests/support/fields.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -52,10 +52,10 @@ public:
     Demo demo;
     VisaLibrary visa;
     ScpiSession session{visa};
-    InstrumentLimits limits;
+    Fields fields;
     SearchKLV search{visa, session.defaultRM()};
     GuiListKLV chooser;
     RunningCopies copies;
     FakeWatch watch;
-    Connection connection{{session, limits, search, chooser, copies, watch}};
+    Connection connection{{session, fields.limits, search, chooser, copies, watch, fields.notices}};
 };

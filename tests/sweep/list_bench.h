@@ -2,6 +2,7 @@
 
 #include "sweep/list_panel.h"
 #include "sweep/point_table.h"
+#include "tests/support/fields.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -20,7 +21,8 @@ struct ListBench {
         (void)QTest::qWaitForWindowActive(&panel);
         if (isListShown)
             click("List_is_Checked");
-        QObject::connect(&panel, &List::statusMessage, [this](const QString& m) { said << m; });
+        QObject::connect(&fields.notices, &Notices::said,
+                         [this](const Notice& notice) { said << notice.words(); });
         QObject::connect(&panel, &List::errorMessage,
                          [this](const QString& m) { said << "error: " + m; });
     }
@@ -109,6 +111,7 @@ struct ListBench {
         QCoreApplication::processEvents();
     }
 
-    List panel;
+    Fields fields;
+    List panel{fields.context};
     QStringList said;
 };

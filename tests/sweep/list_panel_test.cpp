@@ -1,5 +1,4 @@
 #include "link/instrument_limits.h"
-#include "fields/numeric_field.h"
 #include "sweep/sweep_group.h"
 #include "tests/sweep/list_bench.h"
 
@@ -41,7 +40,6 @@ class ListPanelTest : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { InstrumentLimits::global() = InstrumentLimits(); }
     void hasEveryWidget();
     void fields_data();
     void fields();
@@ -169,11 +167,11 @@ void ListPanelTest::limitsBoundFields()
     QFETCH(bool, isPowerSweep);
     QFETCH(QStringList, typed);
     QFETCH(QStringList, bounded);
-    InstrumentLimits& limits = InstrumentLimits::global();
+    ListBench bench(false);
+    InstrumentLimits& limits = bench.fields.limits;
     limits[Quantity::Frequency] = {9000, 20000000000};
     limits[Quantity::Power] = {-30.0, 20.0};
     limits[Quantity::SweepDwell] = {50, 1000000};
-    const ListBench bench(false);
     if (isPowerSweep)
         bench.click("power_toFrom_freq");
     const char* const names[] = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
@@ -196,19 +194,17 @@ void ListPanelTest::modesKeepTheirValues()
     QStringList heard;
     connect(&bench.panel, &List::sweepChanged, [&] { heard << shown().join('|'); });
     bench.click("power_toFrom_freq");
-    QVERIFY(bench.panel.isPowerSweep());
+    QVERIFY(bench.panel.sweep().isPowerSweep());
     const QStringList powerSweep = {"1 000 000 000", "-10", "0"};
     QCOMPARE(shown(), powerSweep);
     // The three change at once: nobody sees the values of one mode under the other.
     QCOMPARE(heard, QStringList(powerSweep.join('|')));
     QCOMPARE(bench.get<QLabel>("label_Freq_Pow").text(), QString("Frequency"));
-    const auto fixed = numericField(&bench.get<QLineEdit>("Freq_Pow"));
-    QVERIFY(fixed->kind == FieldKind::Frequency && fixed->step == StepKind::Frequency);
-    const auto start = numericField(&bench.get<QLineEdit>("Start"));
-    QVERIFY(start->kind == FieldKind::Power && start->step == StepKind::Power);
+    QCOMPARE(bench.get<NumberEdit>("Freq_Pow").quantity(), Quantity::SweepFixedFrequency);
+    QCOMPARE(bench.get<NumberEdit>("Start").quantity(), Quantity::SweepStartPower);
 
-    QCOMPARE(bench.panel.valuesAside().start, frequencySweep.at(1));
-    bench.panel.valuesAside().start = "30 000 000";
+    QCOMPARE(bench.panel.sweep().valuesAside().start, frequencySweep.at(1));
+    bench.panel.sweep().valuesAside().start = "30 000 000";
     bench.get<QLineEdit>("Stop").setText("5");
     bench.click("power_toFrom_freq");
     QCOMPARE(shown(), QStringList({"0", "30 000 000", "1 000 000 000"}));
@@ -253,7 +249,7 @@ void ListPanelTest::sourcesExcludeOneAnother()
     for (const QString& name : names)
         bench.click(name);
     QTEST(checkedSources(bench), "checked");
-    QTEST(static_cast<int>(bench.panel.triggerChoice()), "choice");
+    QTEST(static_cast<int>(bench.panel.trigger().choice()), "choice");
     // Others hear of a choice once, and after it has been made.
     QCOMPARE(heard.size(), names.size());
     QCOMPARE(heard.last(), checkedSources(bench));
@@ -265,7 +261,8 @@ void ListPanelTest::stepsLeaveNoSource()
     int chosen = 0;
     connect(&bench.panel, &List::triggerChosen, [&] { ++chosen; });
     QStringList heard;
-    for (QPushButton* button : {&bench.panel.previousPoint(), &bench.panel.nextPoint()}) {
+    for (QPushButton* button :
+         {&bench.panel.trigger().previousPoint(), &bench.panel.trigger().nextPoint()}) {
         connect(button, &QAbstractButton::clicked, [&, button] {
             heard << button->objectName() + checkedSources(bench);
             QVERIFY(!button->isChecked());
@@ -355,7 +352,8 @@ void ListPanelTest::steppingRows()
     connect(&bench.panel, &List::pointChosen,
             [&](int number) { chosen << QString::number(number); });
     connect(&bench.panel, &List::triggerChosen, [&] { chosen << "ready"; });
-    connect(&bench.panel.nextPoint(), &QAbstractButton::clicked, [&] { chosen << "next"; });
+    connect(&bench.panel.trigger().nextPoint(), &QAbstractButton::clicked,
+            [&] { chosen << "next"; });
     const auto step = [&](const char* name) {
         bench.click(name);
         return std::exchange(chosen, {}).join(' ');
@@ -471,7 +469,7 @@ void ListPanelTest::compactMode()
         bench.click(name);
     QTEST(checkedSources(bench), "checked");
     QTEST(bench.get<QLabel>("lableStatus").text(), "status");
-    const bool isManual = bench.panel.triggerChoice() == TriggerChoice::Manual;
+    const bool isManual = bench.panel.trigger().choice() == TriggerChoice::Manual;
     QCOMPARE(bench.get<QPushButton>("pushButton_Manual").isChecked(), isManual);
     QCOMPARE(bench.get<QPushButton>("pushButton_Auto").isChecked(), !isManual);
 }

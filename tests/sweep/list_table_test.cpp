@@ -11,7 +11,6 @@ class ListTableTest : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { InstrumentLimits::global() = InstrumentLimits(); }
     void typedCells_data();
     void typedCells();
     void limitsBoundCells();
@@ -78,11 +77,11 @@ void ListTableTest::typedCells()
 
 void ListTableTest::limitsBoundCells()
 {
-    InstrumentLimits& limits = InstrumentLimits::global();
+    ListBench bench;
+    InstrumentLimits& limits = bench.fields.limits;
     limits[Quantity::Frequency] = {9000, 20000000000};
     limits[Quantity::Power] = {-30.0, 20.0};
     limits[Quantity::ListDwell] = {50, 1000000};
-    const ListBench bench;
     bench.setRows({"1,2,3"});
     const char* const typed[] = {"90G", "77", "1"};
     for (int column = 0; column < 3; ++column) {

@@ -19,8 +19,8 @@ struct PictureRig : SweepRig {
 
     void setSweep(int count, int dwellUs)
     {
-        panel.points().setText(QString::number(count));
-        panel.dwell().setText(QString::number(dwellUs));
+        panel.sweep().points().setText(QString::number(count));
+        panel.sweep().dwell().setText(QString::number(dwellUs));
     }
     QString words() { return panel.plot().accessibleDescription(); }
     QString header() { return panel.findChild<QLabel*>("plot_List_header")->text(); }
@@ -50,13 +50,13 @@ private slots:
 void RunPictureTest::followsTheFields()
 {
     PictureRig rig;
-    rig.panel.start().setText("2 000 000");
-    rig.panel.stop().setText("1 000 000");
+    rig.panel.sweep().start().setText("2 000 000");
+    rig.panel.sweep().stop().setText("1 000 000");
     rig.setSweep(11, 2000);
     QTRY_COMPARE(rig.words(), QString("Sweep of 11 points: 2 MHz to 1 MHz, 0 dBm, 22 ms per pass"));
     rig.click("power_toFrom_freq");
     QTRY_VERIFY2(rig.words().contains("dBm to"), qPrintable(rig.words()));
-    rig.panel.dwell().clear();
+    rig.panel.sweep().dwell().clear();
     QTRY_COMPARE(rig.words(), QString("The fields of the sweep give no points"));
 }
 

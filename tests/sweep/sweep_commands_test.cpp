@@ -1,5 +1,4 @@
 #include "link/pause.h"
-#include "fields/entry_notice.h"
 #include "tests/sweep/sweep_rig.h"
 
 #include <memory>
@@ -63,17 +62,17 @@ private:
     {
         m_rig.reset();
         m_rig = std::make_unique<SweepRig>(shortPauseMs);
-        m_rig->panel.continuousMode().setChecked(false);
+        m_rig->panel.trigger().continuousMode().setChecked(false);
         setSweep({"-4", "10 000 000", "50 000 000", "5", "1 000"});
         m_rig->fill({"1 000 000;-1;50", "2 000 000;-2;100"});
     }
     void setSweep(const QStringList& texts)
     {
-        m_rig->panel.fixedValue().setText(texts.at(0));
-        m_rig->panel.start().setText(texts.at(1));
-        m_rig->panel.stop().setText(texts.at(2));
-        m_rig->panel.points().setText(texts.at(3));
-        m_rig->panel.dwell().setText(texts.at(4));
+        m_rig->panel.sweep().fixedValue().setText(texts.at(0));
+        m_rig->panel.sweep().start().setText(texts.at(1));
+        m_rig->panel.sweep().stop().setText(texts.at(2));
+        m_rig->panel.sweep().points().setText(texts.at(3));
+        m_rig->panel.sweep().dwell().setText(texts.at(4));
     }
     /// Nothing runs, and nothing of a run is left.
     void verifyAtRest()
@@ -153,7 +152,7 @@ void SweepCommandsTest::nothingToRun()
 {
     QFETCH(QString, field);
     QFETCH(QString, typed);
-    const QSignalSpy refused(&EntryNotice::global(), &EntryNotice::refused);
+    m_rig->fields.takeSaid();
     auto& edit = *m_rig->panel.findChild<QLineEdit*>(field);
     m_rig->panel.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(m_rig->panel.window()));
@@ -170,18 +169,17 @@ void SweepCommandsTest::nothingToRun()
     verifyAtRest();
     QCOMPARE(m_rig->sent(), QStringList());
     QCOMPARE(m_rig->events, QStringList());
-    QCOMPARE(refused.count(), 2);
-    QVERIFY(refused.first().first().toString().startsWith(edit.accessibleName() + ':'));
+    QCOMPARE(m_rig->fields.said.size(), 2);
+    QVERIFY(m_rig->fields.said.first().startsWith(edit.accessibleName() + ':'));
     m_rig->click("button_Sweep");
     QVERIFY(m_rig->panel.runSweep().isChecked());
 }
 
 void SweepCommandsTest::emptyListDoesNotStart()
 {
-    const QSignalSpy said(&m_rig->panel, &List::statusMessage);
     m_rig->fill({});
     m_rig->click("button_List");
-    QCOMPARE(said.last().first().toString(), QString("The list has no points to run"));
+    QCOMPARE(m_rig->fields.said.last(), QString("The list has no points to run"));
     // Cells without a power send that of the main window.
     m_rig->fill({"1 000 000;;50"});
     m_rig->power.setText("-");

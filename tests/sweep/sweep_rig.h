@@ -1,15 +1,15 @@
 #pragma once
 
-#include "link/scpi_session.h"
-#include "fields/numeric_field.h"
 #include "fields/power_guard.h"
-#include "fields/unit_key_filter.h"
+#include "link/scpi_session.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/point_table.h"
 #include "sweep/sweep_commands.h"
+#include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 #include "tests/support/demo.h"
+#include "tests/support/fields.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -26,10 +26,8 @@ public:
     explicit SweepRig(int pauseMs) : transfer(session, panel, power, pauseMs)
     {
         std::setlocale(LC_NUMERIC, "C");
-        setUpNumericField(&frequency, Quantity::Frequency);
-        setUpNumericField(&power, Quantity::Power);
-        showAccepted(&frequency, "1 500 000 000");
-        showAccepted(&power, "-7");
+        frequency.showAccepted("1 500 000 000");
+        power.showAccepted("-7");
         pulse.setCheckable(true);
         visa.load(Demo::libraryPath().toLocal8Bit().constData());
         session.openResourceManager();
@@ -167,10 +165,11 @@ public:
     Demo demo;
     VisaLibrary visa;
     ScpiSession session{visa};
+    Fields fields;
     QWidget host;
-    List panel{&host};
-    QLineEdit frequency{&host};
-    QLineEdit power{&host};
+    List panel{fields.context, &host};
+    NumberEdit frequency{Quantity::Frequency, fields.context, &host};
+    NumberEdit power{Quantity::Power, fields.context, &host};
     QPushButton key{&host};
     QPushButton otherKey{&host};
     QPushButton pulse{&host};
@@ -178,8 +177,13 @@ public:
     ListTransfer transfer;
     QPushButton output{&host};
     PowerGuard guard{session, output, host, nullptr};
-    SweepCommands sweep{session,  panel, triggers,
-                        transfer, guard, {frequency, power, {&key, &otherKey}}};
+    SweepCommands sweep{session,
+                        panel,
+                        triggers,
+                        transfer,
+                        guard,
+                        fields.notices,
+                        {frequency, power, {&key, &otherKey}}};
     std::function<void()> whenStarting = [this] { events << "starting"; };
     /// What has been announced, in order.
     QStringList events;

@@ -26,10 +26,10 @@ private slots:
         m_rig = std::make_unique<SweepRig>(1);
         m_rig->demo("clock stop");
         m_rig->fill({"1 000 000;-1;1 000", "2 000 000;-2;2 000", "3 000 000;-3;3 000"});
-        m_rig->panel.points().setText("5");
-        m_rig->panel.start().setText("10 000 000");
-        m_rig->panel.stop().setText("50 000 000");
-        m_rig->panel.fixedValue().setText("-4");
+        m_rig->panel.sweep().points().setText("5");
+        m_rig->panel.sweep().start().setText("10 000 000");
+        m_rig->panel.sweep().stop().setText("50 000 000");
+        m_rig->panel.sweep().fixedValue().setText("-4");
     }
     void cleanup() { m_rig.reset(); }
 
@@ -82,13 +82,13 @@ void TriggerCommandsTest::arrangements()
     QFETCH(QString, clicked);
     QFETCH(QStringList, sent);
     QFETCH(bool, isPulseOff);
-    m_rig->panel.allPointsMode().setChecked(false);
-    m_rig->panel.continuousMode().setChecked(false);
+    m_rig->panel.trigger().allPointsMode().setChecked(false);
+    m_rig->panel.trigger().continuousMode().setChecked(false);
     m_rig->click(clicked);
     for (const bool isContinuous : {false, true}) {
         for (const char* button : {"button_Sweep", "button_List"}) {
             m_rig->pulse.setChecked(true);
-            m_rig->panel.continuousMode().setChecked(isContinuous);
+            m_rig->panel.trigger().continuousMode().setChecked(isContinuous);
             m_rig->sent();
             m_rig->click(button);
             const QStringList all = m_rig->sent();
@@ -129,12 +129,12 @@ void TriggerCommandsTest::stepTakesAFreeSweepOver()
     m_rig->click("right_select right_select");
     QCOMPARE(m_rig->sent(), manual + QStringList({up, up}));
     QCOMPARE(m_rig->whereItIs(), QString("4 WAIT 40000000 -4"));
-    QCOMPARE(m_rig->panel.triggerChoice(), TriggerChoice::Manual);
+    QCOMPARE(m_rig->panel.trigger().choice(), TriggerChoice::Manual);
 }
 
 void TriggerCommandsTest::listGoesToThePointChosen()
 {
-    m_rig->panel.allPointsMode().setChecked(false);
+    m_rig->panel.trigger().allPointsMode().setChecked(false);
     run("button_List");
     emit m_rig->panel.pointChosen(2);
     QCOMPARE(m_rig->sent(), QStringList());
@@ -143,7 +143,7 @@ void TriggerCommandsTest::listGoesToThePointChosen()
     emit m_rig->panel.pointChosen(3);
     QCOMPARE(m_rig->sent(), QStringList("LIST:MAN 3!"));
     QCOMPARE(m_rig->whereItIs(), QString("3 WAIT 3000000 -3"));
-    m_rig->panel.allPointsMode().setChecked(true);
+    m_rig->panel.trigger().allPointsMode().setChecked(true);
     emit m_rig->panel.pointChosen(2);
     QCOMPARE(m_rig->sent(), QStringList("LIST:MODE AUTO!") + manual + QStringList("LIST:MAN 2!"));
     QCOMPARE(m_rig->whereItIs(), QString("2 WAIT 2000000 -2"));
@@ -173,7 +173,7 @@ void TriggerCommandsTest::arrowsBesideTheTable()
 
 void TriggerCommandsTest::edgesStepASweep()
 {
-    m_rig->panel.allPointsMode().setChecked(false);
+    m_rig->panel.trigger().allPointsMode().setChecked(false);
     m_rig->click("ext_select");
     run("button_Sweep");
     m_rig->demo("trigger rising");
@@ -210,8 +210,8 @@ void TriggerCommandsTest::choicesInARun()
 {
     QFETCH(QString, clicked);
     QFETCH(QStringList, sent);
-    m_rig->panel.allPointsMode().setChecked(false);
-    m_rig->panel.continuousMode().setChecked(false);
+    m_rig->panel.trigger().allPointsMode().setChecked(false);
+    m_rig->panel.trigger().continuousMode().setChecked(false);
     QStringList inASweep = sent;
     inASweep.replaceInStrings("STEP", up);
     QStringList inAList = sent;
@@ -219,9 +219,9 @@ void TriggerCommandsTest::choicesInARun()
     run("button_Sweep");
     m_rig->click(clicked);
     QCOMPARE(m_rig->sent(), inASweep);
-    if (m_rig->panel.triggerChoice() != TriggerChoice::FreeRun)
+    if (m_rig->panel.trigger().choice() != TriggerChoice::FreeRun)
         m_rig->click("time_select");
-    m_rig->panel.allPointsMode().setChecked(false);
+    m_rig->panel.trigger().allPointsMode().setChecked(false);
     run("button_List");
     m_rig->click(clicked);
     QCOMPARE(m_rig->sent(), inAList);

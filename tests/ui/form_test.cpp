@@ -72,26 +72,6 @@ private:
     }
 
 private slots:
-    void controlsExplainThemselves_data() { addLanguages(); }
-    void controlsExplainThemselves()
-    {
-        QFETCH(bool, russian);
-        Panel panel(russian);
-        const auto widgets = panel.window.findChildren<QWidget*>();
-        int controls = 0;
-        for (const QWidget* widget : widgets) {
-            const bool isControl = qobject_cast<const QAbstractButton*>(widget) ||
-                                   qobject_cast<const QLineEdit*>(widget) ||
-                                   qobject_cast<const Indicator*>(widget);
-            if (!isControl)
-                continue;
-            ++controls;
-            QVERIFY2(!widget->toolTip().isEmpty(), qPrintable(widget->objectName()));
-            QVERIFY2(!widget->accessibleName().isEmpty(), qPrintable(widget->objectName()));
-        }
-        QCOMPARE(controls, 29);
-    }
-
     void noTextIsClipped_data() { addLanguages(); }
     void noTextIsClipped()
     {

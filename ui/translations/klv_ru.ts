@@ -191,37 +191,6 @@
     </message>
 </context>
 <context>
-    <name>EntryNotice</name>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; cannot be read</source>
-        <translation>«%1» не читается</translation>
-    </message>
-    <message>
-        <source>whole numbers only</source>
-        <translation>только целые числа</translation>
-    </message>
-    <message>
-        <source>whole %1</source>
-        <translation>целые %1</translation>
-    </message>
-    <message>
-        <source>only one decimal point</source>
-        <translation>только одна десятичная точка</translation>
-    </message>
-    <message>
-        <source>&quot;%1&quot; is no part of its number</source>
-        <translation>«%1» не входит в число</translation>
-    </message>
-    <message>
-        <source>no number, nothing is sent</source>
-        <translation>нет числа, ничего не отправлено</translation>
-    </message>
-</context>
-<context>
     <name>EntryUnit</name>
     <message>
         <source>dB</source>
@@ -935,10 +904,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Частота</translation>
     </message>
     <message>
-        <source>RF frequency in hertz; k, m or g after the number: kilo, mega, giga (Ctrl+F; Up and Down or the wheel: one step)</source>
-        <translation>Частота ВЧ в герцах; k, m или g после числа: кило, мега, гига (Ctrl+F; стрелки вверх и вниз или колесо: один шаг)</translation>
-    </message>
-    <message>
         <source>RF frequency in hertz</source>
         <translation>Частота ВЧ в герцах</translation>
     </message>
@@ -969,10 +934,6 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>MAX POW</source>
         <translation>МАКС. МОЩН.</translation>
-    </message>
-    <message>
-        <source>RF power in whole dBm (Ctrl+P; Up and Down or the wheel: one step)</source>
-        <translation>Мощность ВЧ в целых дБм (Ctrl+P; стрелки вверх и вниз или колесо: один шаг)</translation>
     </message>
     <message>
         <source>RF power in dBm</source>
@@ -1065,14 +1026,6 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Reference</source>
         <translation>Опора</translation>
-    </message>
-    <message>
-        <source>Frequency of the external reference in whole MHz</source>
-        <translation>Частота внешнего опорного сигнала в целых мегагерцах</translation>
-    </message>
-    <message>
-        <source>External reference frequency</source>
-        <translation>Частота внешнего опорного сигнала</translation>
     </message>
     <message>
         <source>External reference frequency in whole MHz</source>
@@ -1422,25 +1375,60 @@ Keys: +, −, Left, Right, Home</source>
         <source>DUTY</source>
         <translation>Заполн.</translation>
     </message>
+</context>
+<context>
+    <name>NumberEdit</name>
     <message>
-        <source>AM depth in percent</source>
-        <translation>Глубина АМ в процентах</translation>
+        <source>k, m or g after the number: kilo, mega, giga</source>
+        <translation>k, m или g после числа: кило, мега, гига</translation>
     </message>
     <message>
-        <source>FM deviation in hertz</source>
-        <translation>Девиация ЧМ в герцах</translation>
+        <source>m or s after the number: milliseconds, seconds</source>
+        <translation>m или s после числа: миллисекунды, секунды</translation>
     </message>
     <message>
-        <source>PM deviation in radians</source>
-        <translation>Девиация ФМ в радианах</translation>
+        <source>m after the number: millivolts</source>
+        <translation>m после числа: милливольты</translation>
     </message>
     <message>
-        <source>Frequency of the internal source in hertz</source>
-        <translation>Частота внутреннего источника в герцах</translation>
+        <source>no number, nothing is sent</source>
+        <translation>нет числа, ничего не отправлено</translation>
     </message>
     <message>
-        <source>Duty of the rectangle in whole percent</source>
-        <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Up and Down or the wheel: one step</source>
+        <translation>Стрелки вверх и вниз или колесо: один шаг</translation>
+    </message>
+    <message>
+        <source>%1: keypad</source>
+        <translation>%1: клавиатура</translation>
+    </message>
+    <message>
+        <source>Enter the value with the keypad</source>
+        <translation>Ввести значение с экранной клавиатуры</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot be read</source>
+        <translation>«%1» не читается</translation>
+    </message>
+    <message>
+        <source>whole numbers only</source>
+        <translation>только целые числа</translation>
+    </message>
+    <message>
+        <source>whole %1</source>
+        <translation>целые %1</translation>
+    </message>
+    <message>
+        <source>only one decimal point</source>
+        <translation>только одна десятичная точка</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no part of its number</source>
+        <translation>«%1» не входит в число</translation>
     </message>
 </context>
 <context>
@@ -1610,10 +1598,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Мощность выше этой программа не устанавливает, что бы ни было введено, пройдено шагами или открыто. Пусто: сколько допускает прибор.</translation>
     </message>
     <message>
-        <source>Whole dBm, or nothing</source>
-        <translation>Целое число дБм или пусто</translation>
-    </message>
-    <message>
         <source>dBm</source>
         <translation>дБм</translation>
     </message>
@@ -1710,14 +1694,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Длительность</translation>
     </message>
     <message>
-        <source>Pulse period</source>
-        <translation>Период импульсов</translation>
-    </message>
-    <message>
-        <source>Pulse width</source>
-        <translation>Длительность импульсов</translation>
-    </message>
-    <message>
         <source>%1: unit</source>
         <translation>%1: единица</translation>
     </message>
@@ -1725,13 +1701,208 @@ Keys: +, −, Left, Right, Home</source>
         <source>Unit shown and typed: µs, ms, s or ns; a click takes the next one</source>
         <translation>Единица показа и ввода: мкс, мс, с или нс; щелчок выбирает следующую</translation>
     </message>
+</context>
+<context>
+    <name>Quantity</name>
+    <message>
+        <source>Frequency</source>
+        <translation>Частота</translation>
+    </message>
+    <message>
+        <source>RF frequency in hertz (Ctrl+F)</source>
+        <translation>Частота ВЧ в герцах (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>Power</source>
+        <translation>Мощность</translation>
+    </message>
+    <message>
+        <source>RF power in whole dBm (Ctrl+P)</source>
+        <translation>Мощность ВЧ в целых дБм (Ctrl+P)</translation>
+    </message>
+    <message>
+        <source>Pulse period</source>
+        <translation>Период импульсов</translation>
+    </message>
     <message>
         <source>Period of the pulses in the unit beside it</source>
         <translation>Период импульсов в единицах, указанных рядом</translation>
     </message>
     <message>
+        <source>Pulse width</source>
+        <translation>Длительность импульсов</translation>
+    </message>
+    <message>
         <source>Width of the pulses in the unit beside it</source>
         <translation>Длительность импульсов в единицах, указанных рядом</translation>
+    </message>
+    <message>
+        <source>AM Depth</source>
+        <translation>АМ: глубина</translation>
+    </message>
+    <message>
+        <source>AM depth in percent</source>
+        <translation>Глубина АМ в процентах</translation>
+    </message>
+    <message>
+        <source>AM Frequency</source>
+        <translation>АМ: частота</translation>
+    </message>
+    <message>
+        <source>Frequency of the internal source in hertz</source>
+        <translation>Частота внутреннего источника в герцах</translation>
+    </message>
+    <message>
+        <source>AM DUTY</source>
+        <translation>АМ: коэффициент заполнения</translation>
+    </message>
+    <message>
+        <source>Duty of the rectangle in whole percent</source>
+        <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
+    </message>
+    <message>
+        <source>FM Deviation</source>
+        <translation>ЧМ: девиация</translation>
+    </message>
+    <message>
+        <source>FM deviation in hertz</source>
+        <translation>Девиация ЧМ в герцах</translation>
+    </message>
+    <message>
+        <source>FM Frequency</source>
+        <translation>ЧМ: частота</translation>
+    </message>
+    <message>
+        <source>FM DUTY</source>
+        <translation>ЧМ: коэффициент заполнения</translation>
+    </message>
+    <message>
+        <source>PM Deviation</source>
+        <translation>ФМ: девиация</translation>
+    </message>
+    <message>
+        <source>PM deviation in radians</source>
+        <translation>Девиация ФМ в радианах</translation>
+    </message>
+    <message>
+        <source>PM Frequency</source>
+        <translation>ФМ: частота</translation>
+    </message>
+    <message>
+        <source>PM DUTY</source>
+        <translation>ФМ: коэффициент заполнения</translation>
+    </message>
+    <message>
+        <source>LF generator: DUTY</source>
+        <translation>Генератор НЧ: коэффициент заполнения</translation>
+    </message>
+    <message>
+        <source>LF generator: Magnitude</source>
+        <translation>Генератор НЧ: амплитуда</translation>
+    </message>
+    <message>
+        <source>Amplitude in volts</source>
+        <translation>Амплитуда в вольтах</translation>
+    </message>
+    <message>
+        <source>LF generator: Frequency</source>
+        <translation>Генератор НЧ: частота</translation>
+    </message>
+    <message>
+        <source>Frequency in hertz</source>
+        <translation>Частота в герцах</translation>
+    </message>
+    <message>
+        <source>External reference frequency</source>
+        <translation>Частота внешнего опорного сигнала</translation>
+    </message>
+    <message>
+        <source>Frequency of the external reference in whole MHz</source>
+        <translation>Частота внешнего опорного сигнала в целых мегагерцах</translation>
+    </message>
+    <message>
+        <source>List: Dwell</source>
+        <translation>Список: время</translation>
+    </message>
+    <message>
+        <source>Time at the point in microseconds</source>
+        <translation>Время в точке в микросекундах</translation>
+    </message>
+    <message>
+        <source>Sweep: Dwell</source>
+        <translation>Качание: время</translation>
+    </message>
+    <message>
+        <source>Time at each point in microseconds</source>
+        <translation>Время в каждой точке в микросекундах</translation>
+    </message>
+    <message>
+        <source>Sweep: Points</source>
+        <translation>Качание: точки</translation>
+    </message>
+    <message>
+        <source>Number of points of the sweep</source>
+        <translation>Число точек качания</translation>
+    </message>
+    <message>
+        <source>List: Frequency</source>
+        <translation>Список: частота</translation>
+    </message>
+    <message>
+        <source>Frequency at the point in hertz</source>
+        <translation>Частота в точке в герцах</translation>
+    </message>
+    <message>
+        <source>List: Power</source>
+        <translation>Список: мощность</translation>
+    </message>
+    <message>
+        <source>Power at the point in whole dBm</source>
+        <translation>Мощность в точке в целых дБм</translation>
+    </message>
+    <message>
+        <source>Highest power</source>
+        <translation>Наибольшая мощность</translation>
+    </message>
+    <message>
+        <source>Whole dBm, or nothing</source>
+        <translation>Целое число дБм или пусто</translation>
+    </message>
+    <message>
+        <source>Reference oscillator DAC</source>
+        <translation>ЦАП опорного генератора</translation>
+    </message>
+    <message>
+        <source>Tuning of the reference oscillator; Return sends it</source>
+        <translation>Подстройка опорного генератора; отправка клавишей Enter</translation>
+    </message>
+    <message>
+        <source>Sweep: Power</source>
+        <translation>Качание: мощность</translation>
+    </message>
+    <message>
+        <source>The value that stays</source>
+        <translation>Постоянное значение</translation>
+    </message>
+    <message>
+        <source>Sweep: Start</source>
+        <translation>Качание: начало</translation>
+    </message>
+    <message>
+        <source>First value of the sweep</source>
+        <translation>Первое значение качания</translation>
+    </message>
+    <message>
+        <source>Sweep: Stop</source>
+        <translation>Качание: конец</translation>
+    </message>
+    <message>
+        <source>Last value of the sweep</source>
+        <translation>Последнее значение качания</translation>
+    </message>
+    <message>
+        <source>Sweep: Frequency</source>
+        <translation>Качание: частота</translation>
     </message>
 </context>
 <context>
@@ -2126,30 +2297,6 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Время</translation>
     </message>
     <message>
-        <source>The value that stays</source>
-        <translation>Постоянное значение</translation>
-    </message>
-    <message>
-        <source>First value of the sweep</source>
-        <translation>Первое значение качания</translation>
-    </message>
-    <message>
-        <source>Last value of the sweep</source>
-        <translation>Последнее значение качания</translation>
-    </message>
-    <message>
-        <source>Number of points of the sweep</source>
-        <translation>Число точек качания</translation>
-    </message>
-    <message>
-        <source>Time at each point in microseconds</source>
-        <translation>Время в каждой точке в микросекундах</translation>
-    </message>
-    <message>
-        <source>Sweep: %1</source>
-        <translation>Качание: %1</translation>
-    </message>
-    <message>
         <source>Stop the sweep</source>
         <translation>Остановить качание</translation>
     </message>
@@ -2298,30 +2445,6 @@ Keys: +, −, Left, Right, Home</source>
 </context>
 <context>
     <name>ValueRow</name>
-    <message>
-        <source>k, m or g after the number: kilo, mega, giga</source>
-        <translation>k, m или g после числа: кило, мега, гига</translation>
-    </message>
-    <message>
-        <source>m or s after the number: milliseconds, seconds</source>
-        <translation>m или s после числа: миллисекунды, секунды</translation>
-    </message>
-    <message>
-        <source>m after the number: millivolts</source>
-        <translation>m после числа: милливольты</translation>
-    </message>
-    <message>
-        <source>Up and Down or the wheel: one step</source>
-        <translation>Стрелки вверх и вниз или колесо: один шаг</translation>
-    </message>
-    <message>
-        <source>%1: keypad</source>
-        <translation>%1: клавиатура</translation>
-    </message>
-    <message>
-        <source>Enter the value with the keypad</source>
-        <translation>Ввести значение с экранной клавиатуры</translation>
-    </message>
     <message>
         <source>Int-Ext switch: internal or external source of the modulation</source>
         <translation>Переключатель внутр./внеш.: источник модуляции</translation>
@@ -2504,18 +2627,6 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>DUTY</source>
         <translation>Заполн.</translation>
-    </message>
-    <message>
-        <source>Frequency in hertz</source>
-        <translation>Частота в герцах</translation>
-    </message>
-    <message>
-        <source>Amplitude in volts</source>
-        <translation>Амплитуда в вольтах</translation>
-    </message>
-    <message>
-        <source>Duty of the rectangle in whole percent</source>
-        <translation>Коэффициент заполнения прямоугольного сигнала в целых процентах</translation>
     </message>
 </context>
 <context>
@@ -2704,14 +2815,6 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Serial:</source>
         <translation>Серийный номер:</translation>
-    </message>
-    <message>
-        <source>Reference oscillator DAC</source>
-        <translation>ЦАП опорного генератора</translation>
-    </message>
-    <message>
-        <source>Tuning of the reference oscillator; Return sends it</source>
-        <translation>Подстройка опорного генератора; отправка клавишей Enter</translation>
     </message>
     <message>
         <source>Temperature inside the instrument</source>

@@ -1,4 +1,4 @@
-#include "fields/keypad/keypad_units.h"
+#include "numbers/entry_units.h"
 
 #include <QCoreApplication>
 

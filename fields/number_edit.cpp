@@ -1,0 +1,278 @@
+#include "fields/number_edit.h"
+
+#include "fields/events_line_edit.h"
+#include "fields/select_line.h"
+#include "fields/validators.h"
+#include "link/instrument_limits.h"
+#include "link/notices.h"
+#include "numbers/number_text.h"
+#include "numbers/unit_keys.h"
+#include "ui/describe.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <QSignalBlocker>
+#include <QVariant>
+
+namespace
+{
+QString unitLettersHint(UnitFamily units)
+{
+    switch (units) {
+    case UnitFamily::Frequency:
+        return NumberEdit::tr("k, m or g after the number: kilo, mega, giga");
+    case UnitFamily::Time:
+        return NumberEdit::tr("m or s after the number: milliseconds, seconds");
+    case UnitFamily::Voltage:
+        return NumberEdit::tr("m after the number: millivolts");
+    case UnitFamily::None:
+        break;
+    }
+    return QString();
+}
+
+bool isEscape(const QEvent& event)
+{
+    return event.type() == QEvent::KeyPress &&
+           static_cast<const QKeyEvent&>(event).key() == Qt::Key_Escape;
+}
+} // namespace
+
+NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent), m_typing(*this) {}
+
+NumberEdit::NumberEdit(Quantity quantity, const FieldContext& context, QWidget* parent,
+                       const QString& text)
+    : NumberEdit(parent)
+{
+    setText(text);
+    setUp(quantity, context);
+}
+
+void NumberEdit::setUp(Quantity quantity, const FieldContext& context)
+{
+    m_context = &context;
+    m_acceptedText = text();
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& typed) {
+        m_typing.takeEdited(typed);
+        setEdited(text() != inShownUnit(m_acceptedText));
+    });
+    new selectLine(this);
+    setQuantity(quantity);
+}
+
+void NumberEdit::setQuantity(Quantity quantity)
+{
+    m_quantity = quantity;
+    m_typing.forget();
+    setValidator(entryValidator(entryPattern(kind())));
+    const std::optional<StepKind> step = ::stepKind(quantity);
+    if (step && m_stepping) {
+        m_stepping->setKind(*step);
+    } else {
+        delete m_stepping;
+        m_stepping = step ? new EventsLineEdit(this, *step, m_context->steps) : nullptr;
+        setStepFlags(m_stepFlags);
+    }
+}
+
+void NumberEdit::setStepFlags(StepFlags flags)
+{
+    m_stepFlags = flags;
+    if (m_stepping)
+        m_stepping->set(flags, m_unitPower);
+}
+
+const Range& NumberEdit::range() const
+{
+    return m_context->limits[m_quantity];
+}
+
+void NumberEdit::setUnitPower(int powerOfTen)
+{
+    if (powerOfTen == m_unitPower)
+        return;
+    const QString own = ownText();
+    m_unitPower = powerOfTen;
+    setStepFlags(m_stepFlags);
+    setText(inShownUnit(own));
+}
+
+QString NumberEdit::inOwnUnit(const QString& text) const
+{
+    if (m_unitPower == 0)
+        return text;
+    const QString number = convertUnitKeys(text, unitFamily(kind()), m_unitPower);
+    if (number.isEmpty())
+        return number;
+    return clampText(isPlainDecimal(number) ? shiftedDecimal(number, m_unitPower) : number, 0.0,
+                     0.0, kind());
+}
+
+QString NumberEdit::inShownUnit(const QString& ownText) const
+{
+    const QString number = withoutBlanks(ownText);
+    if (m_unitPower == 0 || !isPlainDecimal(number))
+        return ownText;
+    return formatGrouped(shiftedDecimal(number, -m_unitPower));
+}
+
+double NumberEdit::value() const
+{
+    return toNumber(convertUnitKeys(ownText(), unitFamily(kind())));
+}
+
+double NumberEdit::acceptedValue() const
+{
+    return toNumber(m_acceptedText);
+}
+
+void NumberEdit::setEdited(bool isEdited)
+{
+    if (isEdited == m_isEdited)
+        return;
+    m_isEdited = isEdited;
+    setProperty("edited", isEdited);
+}
+
+bool NumberEdit::hasNumber() const
+{
+    return readsAsNumber(text(), kind());
+}
+
+bool NumberEdit::takeNumber()
+{
+    if (hasNumber())
+        return true;
+    refuse([] { return tr("no number, nothing is sent"); });
+    showAccepted(m_acceptedText);
+    return false;
+}
+
+void NumberEdit::clamp()
+{
+    const QString clamped = inShownUnit(clampText(ownText(), range().min, range().max, kind()));
+    // Setting the same text would still move the cursor and forget what can be undone.
+    if (clamped != text())
+        setText(clamped);
+}
+
+void NumberEdit::acceptClamped()
+{
+    clamp();
+    showAccepted(ownText());
+}
+
+void NumberEdit::showAccepted(const QString& ownText)
+{
+    const QString shown = inShownUnit(ownText);
+    if (text() != shown)
+        setText(shown);
+    setEdited(false);
+    accept(ownText);
+}
+
+void NumberEdit::showAnswer(const QString& ownText)
+{
+    if (!ownText.isEmpty()) {
+        showAccepted(ownText);
+        return;
+    }
+    clear();
+    setEdited(false);
+}
+
+void NumberEdit::accept(const QString& ownText)
+{
+    if (ownText == m_acceptedText)
+        return;
+    m_acceptedText = ownText;
+    emit accepted(ownText);
+}
+
+void NumberEdit::refuse(const StatusWords& reason) const
+{
+    m_context->notices.say(
+        [name = accessibleName(), reason] { return tr("%1: %2").arg(name, reason()); });
+}
+
+void NumberEdit::commit(const QString& text)
+{
+    const QPointer<NumberEdit> self = this;
+    selectAll();
+    insert(text);
+    // What is announced may delete the field.
+    if (self)
+        emit returnPressed();
+    if (self)
+        emit editingFinished();
+}
+
+void NumberEdit::step(int direction)
+{
+    if (m_stepping)
+        m_stepping->step(direction);
+}
+
+bool NumberEdit::isBeingStepped() const
+{
+    return m_stepping && m_stepping->isCommitting();
+}
+
+void NumberEdit::describe()
+{
+    QStringList hints = {quantityToolTip(m_quantity), unitLettersHint(unitFamily(kind()))};
+    if (m_stepping)
+        hints << tr("Up and Down or the wheel: one step");
+    hints.removeAll(QString());
+    ::describe(this, quantityName(m_quantity), hints.join(QLatin1Char('\n')));
+}
+
+void NumberEdit::describeKeypadKey(QWidget& key) const
+{
+    ::describe(&key, tr("%1: keypad").arg(quantityName(m_quantity)),
+               tr("Enter the value with the keypad"));
+}
+
+bool NumberEdit::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        m_typing.forget();
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::Wheel:
+        m_typing.forgetRefusal();
+        break;
+    case QEvent::FocusOut:
+        return leave(event);
+    case QEvent::KeyPress:
+        if (m_typing.swallows(*static_cast<QKeyEvent*>(event)) || (isEscape(*event) && bringBack()))
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QLineEdit::event(event);
+}
+
+/// Qt announces editingFinished whenever the focus goes, and each announcement is a command on the
+/// wire: a field that is left as it was accepted keeps quiet.
+bool NumberEdit::leave(QEvent* event)
+{
+    // A failed answer has emptied it: what was accepted comes back without a word.
+    if (text().isEmpty() && !m_isEdited)
+        showAccepted(m_acceptedText);
+    const bool isQuiet = text() == inShownUnit(m_acceptedText);
+    const QSignalBlocker quiet(isQuiet ? this : nullptr);
+    return QLineEdit::event(event);
+}
+
+/// What was last accepted; false where it stands there already.
+bool NumberEdit::bringBack()
+{
+    if (text() == inShownUnit(m_acceptedText))
+        return false;
+    showAccepted(m_acceptedText);
+    selectAll();
+    return true;
+}

@@ -1,0 +1,111 @@
+#pragma once
+
+#include "fields/field_context.h"
+#include "fields/number_typing.h"
+#include "numbers/quantity.h"
+#include "numbers/range.h"
+#include "numbers/stepping.h"
+
+#include <QLineEdit>
+
+class EventsLineEdit;
+
+/// The field of a quantity: takes the characters of its kind only, carries out unit letters, groups
+/// digits, marks what is not yet accepted, selects its text with the focus and steps by wheel and
+/// arrow keys. Announces a commit by editingFinished: on Return, on each step, and when it is left
+/// with a text that differs from the accepted one. Escape brings the accepted one back. Sends
+/// nothing.
+class NumberEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    /// For a form, which knows no quantity: to be set up before it is used.
+    explicit NumberEdit(QWidget* parent = nullptr);
+    NumberEdit(Quantity quantity, const FieldContext& context, QWidget* parent = nullptr,
+               const QString& text = QString());
+
+    /// Once. The present text counts as accepted.
+    void setUp(Quantity quantity, const FieldContext& context);
+    /// Another quantity. The text is the caller's.
+    void setQuantity(Quantity quantity);
+    void setStepFlags(StepFlags flags);
+
+    Quantity quantity() const { return m_quantity; }
+    FieldKind kind() const { return fieldKind(m_quantity); }
+    const FieldContext& context() const { return *m_context; }
+    /// The limits of the quantity, in its unit.
+    const Range& range() const;
+
+    /// The power of ten of the quantity's unit that the field's numbers count in: 3 while a field
+    /// of microseconds shows milliseconds. The number stays and is shown in the other unit.
+    int unitPower() const { return m_unitPower; }
+    void setUnitPower(int powerOfTen);
+
+    /// The number in the quantity's own unit, as its kind is shown; an unfinished one as it stands.
+    QString ownText() const { return inOwnUnit(text()); }
+    double value() const;
+    /// What was last accepted, whatever is being typed; in the own unit, too.
+    QString acceptedText() const { return m_acceptedText; }
+    double acceptedValue() const;
+
+    /// Whether the user's text has not been accepted yet. The style sheet reads it as "edited".
+    bool isEdited() const { return m_isEdited; }
+    void setEdited(bool isEdited);
+
+    bool hasNumber() const;
+    /// False for a text that is no number: the accepted one is back then, and the refusal is said.
+    bool takeNumber();
+    /// Bounds the number by its range, in silence, and writes it as its kind is shown. Nothing is
+    /// bounded while no instrument has told the range; an empty field stays empty.
+    void clamp();
+    /// The same, and what is left is accepted.
+    void acceptClamped();
+
+    /// Shows, in silence, what has been accepted or answered, in the quantity's unit.
+    void showAccepted(const QString& ownText);
+    /// Shows the reply to a query. None, of a query that failed, empties the field; what was
+    /// accepted before comes back when the field is left, with the next entry or push.
+    void showAnswer(const QString& ownText);
+    /// Says why something entered here was refused, behind the field's name.
+    void refuse(const StatusWords& reason) const;
+
+    /// Enters a text as the user's hand would, and announces it once, as by Return.
+    void commit(const QString& text);
+    /// Puts what the clipboard holds in the place of the number.
+    void paste() { m_typing.paste(); }
+    /// One step up (direction 1) or down (-1), as by the wheel; nothing where the quantity does not
+    /// step.
+    void step(int direction);
+    /// Whether what is announced now is a step.
+    bool isBeingStepped() const;
+
+    /// Takes over the quantity's name, and a tool-tip that tells too how it is typed and stepped,
+    /// in the chosen language.
+    void describe();
+    /// Describes a button that opens the keypad for this field.
+    void describeKeypadKey(QWidget& key) const;
+
+signals:
+    /// Another text than before has been accepted, in the quantity's unit.
+    void accepted(const QString& ownText);
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    void accept(const QString& ownText);
+    QString inOwnUnit(const QString& text) const;
+    QString inShownUnit(const QString& ownText) const;
+    bool leave(QEvent* event);
+    bool bringBack();
+
+    const FieldContext* m_context = nullptr;
+    Quantity m_quantity = Quantity::Frequency;
+    int m_unitPower = 0;
+    QString m_acceptedText;
+    bool m_isEdited = false;
+    NumberTyping m_typing;
+    EventsLineEdit* m_stepping = nullptr;
+    StepFlags m_stepFlags;
+};

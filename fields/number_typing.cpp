@@ -1,0 +1,244 @@
+#include "fields/number_typing.h"
+
+#include "fields/number_edit.h"
+#include "fields/validators.h"
+#include "numbers/entry_units.h"
+#include "numbers/number_text.h"
+#include "numbers/quantity_text.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QValidator>
+
+#include <algorithm>
+
+namespace
+{
+/// More of a pasted text would not be read.
+constexpr int longestQuote = 40;
+
+/// The cursor position behind so many characters that are not blanks.
+int positionBehind(const QString& text, int characters)
+{
+    int position = 0;
+    for (int i = 0; i < text.size() && characters > 0; ++i) {
+        if (!text.at(i).isSpace()) {
+            --characters;
+            position = i + 1;
+        }
+    }
+    return position;
+}
+
+bool isBlankAt(const QString& text, int position)
+{
+    return position >= 0 && position < text.size() && text.at(position) == QLatin1Char(' ');
+}
+
+/// A typed text, or the part of it before the cursor, without blanks and unit letters.
+QString convertedText(const QString& typed, FieldKind kind, int plainPower)
+{
+    return convertUnitKeys(typed, unitFamily(kind), plainPower);
+}
+
+/// A unit letter among what was typed has made another number of the digits.
+bool isScaled(QString typed, const QString& result)
+{
+    const auto* lettersEnd =
+        std::remove_if(typed.begin(), typed.end(), [](QChar c) { return c.isLetter(); });
+    const int digits = static_cast<int>(lettersEnd - typed.cbegin());
+    const bool hasLetter = digits < typed.size();
+    typed.truncate(digits);
+    return hasLetter && convertUnitKeys(typed, UnitFamily::None) != withoutBlanks(result);
+}
+
+bool isDigit(QChar c)
+{
+    return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+}
+
+bool isSeparator(QChar c)
+{
+    return c == QLatin1Char('.') || c == QLatin1Char(',');
+}
+
+/// Whether the digits behind such a letter belong to a fraction or to an exponent: the keys of
+/// comma and point type "б" and "ю" in the Russian layout.
+bool continuesNumber(QChar letter)
+{
+    return QStringLiteral("eбю").contains(letter, Qt::CaseInsensitive);
+}
+
+/// The character that a key would type; null for any other key.
+QChar typedCharacter(const QKeyEvent& key)
+{
+    const Qt::KeyboardModifiers control = key.modifiers() & ~Qt::ShiftModifier;
+    const bool isTyping = control != Qt::ControlModifier && !key.text().isEmpty();
+    return isTyping && key.text().at(0).isPrint() ? key.text().at(0) : QChar();
+}
+
+bool isModifierKey(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Shift || key.key() == Qt::Key_Control || key.key() == Qt::Key_Alt ||
+           key.key() == Qt::Key_AltGr || key.key() == Qt::Key_Meta;
+}
+StatusWords unreadable(const QString& text)
+{
+    return [quote = text.simplified().left(longestQuote)] {
+        return NumberEdit::tr("\"%1\" cannot be read").arg(quote);
+    };
+}
+
+/// That such a field takes whole numbers only, in its unit.
+StatusWords wholeOnly(FieldKind kind)
+{
+    return [kind] {
+        const QString unit = unitText(entryUnits(kind, 0), 0);
+        return unit.isEmpty() ? NumberEdit::tr("whole numbers only")
+                              : NumberEdit::tr("whole %1").arg(unit);
+    };
+}
+
+StatusWords onePoint()
+{
+    return [] { return NumberEdit::tr("only one decimal point"); };
+}
+
+StatusWords foreign(QChar typed)
+{
+    return [typed] { return NumberEdit::tr("\"%1\" is no part of its number").arg(typed); };
+}
+} // namespace
+
+NumberTyping::NumberTyping(NumberEdit& field)
+    : m_field(field), m_paste(&field, [this](const QString& text) { takePasted(text); })
+{
+}
+
+void NumberTyping::forget()
+{
+    m_convertedText.clear();
+    m_refusal = nullptr;
+}
+
+/// Grouping and unit letters, the cursor still at the same digit.
+void NumberTyping::takeEdited(const QString& typed)
+{
+    const FieldKind kind = m_field.kind();
+    const QString converted = convertedText(typed, kind, m_field.unitPower());
+    const QString text = isGrouped(kind) ? formatGrouped(converted) : converted;
+    if (text != typed) {
+        const QString beforeCursor = typed.left(m_field.cursorPosition());
+        const int charactersBefore = convertedText(beforeCursor, kind, m_field.unitPower()).size();
+        m_field.setText(text);
+        m_field.setCursorPosition(positionBehind(text, charactersBefore));
+    }
+    m_convertedText = isScaled(typed, text) ? text : QString();
+}
+
+/// One unit letter is all a number takes: a second one, as a key that bounces gives, would scale it
+/// once more.
+bool NumberTyping::isSurplusLetter(const QKeyEvent& key) const
+{
+    const QString text = key.text();
+    return !m_convertedText.isEmpty() && m_field.text() == m_convertedText &&
+           !m_field.hasSelectedText() && !text.isEmpty() && text.at(0).isLetter();
+}
+
+/// With the Russian layout on, the letter that its key or its word stands for.
+bool NumberTyping::typeLatinLetter(const QKeyEvent& key)
+{
+    const QChar typed = typedCharacter(key);
+    const QChar letter = latinUnitKey(typed);
+    if (letter == typed || !unitKeyPower(letter, unitFamily(m_field.kind())))
+        return false;
+    QKeyEvent latin(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter);
+    QCoreApplication::sendEvent(&m_field, &latin);
+    return true;
+}
+
+/// Why a character that is no digit cannot be typed here; empty where it can.
+StatusWords NumberTyping::refusalOf(QChar typed) const
+{
+    const FieldKind kind = m_field.kind();
+    QString rest = m_field.text();
+    rest.remove(m_field.selectionStart(), m_field.selectedText().size());
+    if (isSeparator(typed)) {
+        if (!takesFraction(kind))
+            return wholeOnly(kind);
+        return std::any_of(rest.begin(), rest.end(), isSeparator) ? onePoint() : nullptr;
+    }
+    QString text(typed);
+    int position = 0;
+    const bool isAdmitted =
+        typed.isSpace() || m_field.validator()->validate(text, position) != QValidator::Invalid;
+    return isAdmitted ? nullptr : foreign(typed);
+}
+
+/// True for a character that must not be typed: one that the number has no place for, and the
+/// digits that follow it.
+bool NumberTyping::refuses(const QKeyEvent& key)
+{
+    const QChar typed = typedCharacter(key);
+    if (isDigit(typed)) {
+        if (m_refusal)
+            m_field.refuse(m_refusal);
+        return m_refusal != nullptr;
+    }
+    if (typed.isNull() && isModifierKey(key))
+        return false;
+    m_refusal = typed.isNull() ? nullptr : refusalOf(typed);
+    if (!m_refusal)
+        return false;
+    const bool hasNumber = m_field.selectedText() != m_field.text();
+    if (isSeparator(typed))
+        m_field.refuse(m_refusal);
+    else if (!hasNumber || !continuesNumber(typed))
+        m_refusal = nullptr;
+    return true;
+}
+
+void NumberTyping::takePasted(const QString& text)
+{
+    const FieldKind kind = m_field.kind();
+    const std::optional<QString> number = readQuantity(text, kind, m_field.unitPower());
+    const bool isWhole = number && !number->contains(QLatin1Char('.'));
+    const bool hasSign = number && number->startsWith(QLatin1Char('-'));
+    const int length = !number           ? 0
+                       : isGrouped(kind) ? formatGrouped(*number).size()
+                                         : number->size();
+    m_refusal = nullptr;
+    if (!number || (hasSign && !takesSign(kind)) || length > m_field.maxLength()) {
+        m_field.refuse(unreadable(text));
+        return;
+    }
+    if (!isWhole && !takesFraction(kind)) {
+        m_field.refuse(wholeOnly(kind));
+        return;
+    }
+    m_field.selectAll();
+    m_field.insert(*number);
+    // A unit letter typed behind it would scale it once more.
+    if (std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); }))
+        m_convertedText = m_field.text();
+}
+
+/// Grouping would bring back a deleted blank at once: the digit beyond it is meant.
+void NumberTyping::skipBlank(const QKeyEvent& key)
+{
+    if (m_field.hasSelectedText())
+        return;
+    const int cursor = m_field.cursorPosition();
+    if (key.key() == Qt::Key_Backspace && isBlankAt(m_field.text(), cursor - 1))
+        m_field.setCursorPosition(cursor - 1);
+    else if (key.key() == Qt::Key_Delete && isBlankAt(m_field.text(), cursor))
+        m_field.setCursorPosition(cursor + 1);
+}
+
+bool NumberTyping::swallows(const QKeyEvent& key)
+{
+    if (isSurplusLetter(key) || typeLatinLetter(key) || refuses(key))
+        return true;
+    skipBlank(key);
+    return false;
+}
