@@ -31,7 +31,8 @@ QString lockFolder()
 /// Readable for people, and by its hash different for every title whatever is in it.
 QString lockName(const QString& title)
 {
-    QString readable = title.left(40);
+    // Without what is no text at all, which no pattern matches.
+    QString readable = QString::fromLatin1(title.left(40).toLatin1());
     readable.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9-]+")), QStringLiteral("_"));
     const QByteArray hash =
         QCryptographicHash::hash(title.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
