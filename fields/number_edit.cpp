@@ -259,12 +259,24 @@ bool NumberEdit::event(QEvent* event)
 /// wire: a field that is left as it was accepted keeps quiet.
 bool NumberEdit::leave(QEvent* event)
 {
-    // A failed answer has emptied it: what was accepted comes back without a word.
+    // What is announced may delete the field.
+    const QPointer<NumberEdit> self = this;
+    refill();
+    bool isTaken = false;
+    {
+        const QSignalBlocker quiet(text() == inShownUnit(m_acceptedText) ? this : nullptr);
+        isTaken = QLineEdit::event(event);
+    }
+    if (self)
+        refill();
+    return isTaken;
+}
+
+/// A failed answer has emptied it: what was accepted comes back without a word.
+void NumberEdit::refill()
+{
     if (text().isEmpty() && !m_isEdited)
         showAccepted(m_acceptedText);
-    const bool isQuiet = text() == inShownUnit(m_acceptedText);
-    const QSignalBlocker quiet(isQuiet ? this : nullptr);
-    return QLineEdit::event(event);
 }
 
 /// What was last accepted; false where it stands there already.

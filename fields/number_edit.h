@@ -98,6 +98,7 @@ private:
     QString inOwnUnit(const QString& text) const;
     QString inShownUnit(const QString& ownText) const;
     bool leave(QEvent* event);
+    void refill();
     bool bringBack();
 
     const FieldContext* m_context = nullptr;

@@ -437,6 +437,14 @@ void NumberEntryTest::leavingCommitsChangesOnly()
     field.showAccepted("8");
     QTest::keyClick(&field, Qt::Key_Return);
     QCOMPARE(commitsOnLeaving(), 1);
+    // The answer to what leaving commits fails.
+    connect(&field, &QLineEdit::editingFinished, &field, [&] {
+        field.acceptClamped();
+        field.showAnswer(QString());
+    });
+    field.setText("9");
+    QCOMPARE(commitsOnLeaving(), 1);
+    QCOMPARE(field.text(), QString("9"));
 }
 
 void NumberEntryTest::selection()
