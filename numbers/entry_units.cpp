@@ -1,66 +1,41 @@
 #include "numbers/entry_units.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
 
 namespace
 {
-constexpr EntryUnit decibel{QT_TRANSLATE_NOOP("EntryUnit", "dB"), 0};
-constexpr EntryUnit nanosecond{QT_TRANSLATE_NOOP("EntryUnit", "ns"), -3};
-
-std::vector<EntryUnit> ownUnits(FieldKind kind)
+/// As powers of ten of the kind's own unit.
+std::vector<int> entryPowers(FieldKind kind, int plainPower)
 {
-    switch (kind) {
-    case FieldKind::Power:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "dBm"), 0}};
-    case FieldKind::ExternalReference:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "MHz"), 0}};
-    case FieldKind::AmDepth:
-    case FieldKind::Duty:
-    case FieldKind::LfDuty:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "%"), 0}};
-    case FieldKind::PmDeviation:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "rad"), 0}};
-    default:
-        return {};
+    constexpr int nanoseconds = -3;
+    switch (unitFamily(kind)) {
+    case UnitFamily::Frequency:
+        return {9, 6, 3, 0};
+    case UnitFamily::Time:
+        return plainPower == nanoseconds ? std::vector<int>{6, 3, 0, nanoseconds}
+                                         : std::vector<int>{6, 3, 0};
+    case UnitFamily::Voltage:
+        return {0, -3};
+    case UnitFamily::None:
+        break;
     }
+    return ownUnit(kind).unit == Unit::None ? std::vector<int>{} : std::vector<int>{0};
 }
 } // namespace
 
-QString EntryUnit::text() const
-{
-    return QCoreApplication::translate("EntryUnit", symbol);
-}
-
 std::vector<EntryUnit> entryUnits(FieldKind kind, int plainPower)
 {
-    switch (unitFamily(kind)) {
-    case UnitFamily::Frequency:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "GHz"), 9},
-                {QT_TRANSLATE_NOOP("EntryUnit", "MHz"), 6},
-                {QT_TRANSLATE_NOOP("EntryUnit", "kHz"), 3},
-                {QT_TRANSLATE_NOOP("EntryUnit", "Hz"), 0}};
-    case UnitFamily::Time: {
-        std::vector<EntryUnit> units = {{QT_TRANSLATE_NOOP("EntryUnit", "s"), 6},
-                                        {QT_TRANSLATE_NOOP("EntryUnit", "ms"), 3},
-                                        {QT_TRANSLATE_NOOP("EntryUnit", "µs"), 0}};
-        if (plainPower == nanosecond.powerOfTen)
-            units.push_back(nanosecond);
-        return units;
-    }
-    case UnitFamily::Voltage:
-        return {{QT_TRANSLATE_NOOP("EntryUnit", "V"), 0},
-                {QT_TRANSLATE_NOOP("EntryUnit", "mV"), -3}};
-    case UnitFamily::None:
-        return ownUnits(kind);
-    }
-    Q_UNREACHABLE();
+    const OwnUnit own = ownUnit(kind);
+    std::vector<EntryUnit> units;
+    for (const int power : entryPowers(kind, plainPower))
+        units.push_back({{own.unit, own.powerOfTen + power}, power});
+    return units;
 }
 
 std::vector<EntryUnit> stepUnits(FieldKind kind)
 {
-    return kind == FieldKind::Power ? std::vector<EntryUnit>{decibel} : entryUnits(kind, 0);
+    return kind == FieldKind::Power ? std::vector<EntryUnit>{{{Unit::Decibel, 0}, 0}}
+                                    : entryUnits(kind, 0);
 }
 
 QString unitText(const std::vector<EntryUnit>& units, int powerOfTen)

@@ -2,17 +2,15 @@
 
 #include "numbers/field_kind.h"
 
-#include <QString>
-
 #include <vector>
 
 /// A unit that a number may be given in.
 struct EntryUnit {
-    const char* symbol; ///< untranslated
-    int powerOfTen;     ///< of the kind's own unit
+    OwnUnit unit;
+    int powerOfTen; ///< of the kind's own unit
 
     /// The symbol in the chosen language.
-    QString text() const;
+    QString text() const { return unitSymbol(unit.unit, unit.powerOfTen); }
 };
 
 /// The units that finish a number of that kind, the largest first; none for counts. `plainPower`

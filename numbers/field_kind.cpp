@@ -16,6 +16,7 @@ double hertzFromReply(const QString& reply)
 
 struct FieldRow {
     FieldKind kind;
+    OwnUnit unit;
     UnitFamily units;
     EntryPattern pattern;
     int replyDecimals;
@@ -31,22 +32,22 @@ using P = EntryPattern;
 // Six decimals are what "%lf" sends. The least decimals keep a point in fields whose steps have
 // fractions: a text without one is stepped in whole numbers.
 constexpr FieldRow fieldRows[] = {
-    {K::Frequency, U::Frequency, P::Frequency, 0, 0, 0, hertzFromReply},
-    {K::Power, U::None, P::SignedWhole, 0, 2, 0, toNumber},
-    {K::ExternalReference, U::None, P::Whole, 0, 0, 0, megahertzFromReply},
-    {K::PulsePeriod, U::Time, P::Time, 6, 6, 0, microsecondsFromReply},
-    {K::PulseWidth, U::Time, P::Time, 6, 6, 2, microsecondsFromReply},
-    {K::ModulationRate, U::Frequency, P::Frequency, 6, 6, 0, hertzFromReply},
-    {K::AmDepth, U::None, P::Percent, 6, 6, 2, toNumber},
-    {K::FmDeviation, U::Frequency, P::Frequency, 7, 7, 0, hertzFromReply},
-    {K::PmDeviation, U::None, P::Deviation, 6, 6, 2, toNumber},
-    {K::Duty, U::None, P::Whole, 0, 0, 0, toNumber},
-    {K::LfFrequency, U::Frequency, P::Frequency, 6, 6, 1, hertzFromReply},
-    {K::LfAmplitude, U::Voltage, P::Voltage, 6, 6, 3, toNumber},
-    {K::LfDuty, U::None, P::Whole, 0, 0, 0, toNumber},
-    {K::Dwell, U::Time, P::Time, 6, 6, 0, microsecondsFromReply},
-    {K::PointCount, U::None, P::PointCount, 0, 0, 0, toNumber},
-    {K::DacValue, U::None, P::SignedWhole, 0, 0, 0, toNumber},
+    {K::Frequency, {Unit::Hertz, 0}, U::Frequency, P::Frequency, 0, 0, 0, hertzFromReply},
+    {K::Power, {Unit::Dbm, 0}, U::None, P::SignedWhole, 0, 2, 0, toNumber},
+    {K::ExternalReference, {Unit::Hertz, 6}, U::None, P::Whole, 0, 0, 0, megahertzFromReply},
+    {K::PulsePeriod, {Unit::Second, -6}, U::Time, P::Time, 6, 6, 0, microsecondsFromReply},
+    {K::PulseWidth, {Unit::Second, -6}, U::Time, P::Time, 6, 6, 2, microsecondsFromReply},
+    {K::ModulationRate, {Unit::Hertz, 0}, U::Frequency, P::Frequency, 6, 6, 0, hertzFromReply},
+    {K::AmDepth, {Unit::Percent, 0}, U::None, P::Percent, 6, 6, 2, toNumber},
+    {K::FmDeviation, {Unit::Hertz, 0}, U::Frequency, P::Frequency, 7, 7, 0, hertzFromReply},
+    {K::PmDeviation, {Unit::Radian, 0}, U::None, P::Deviation, 6, 6, 2, toNumber},
+    {K::Duty, {Unit::Percent, 0}, U::None, P::Whole, 0, 0, 0, toNumber},
+    {K::LfFrequency, {Unit::Hertz, 0}, U::Frequency, P::Frequency, 6, 6, 1, hertzFromReply},
+    {K::LfAmplitude, {Unit::Volt, 0}, U::Voltage, P::Voltage, 6, 6, 3, toNumber},
+    {K::LfDuty, {Unit::Percent, 0}, U::None, P::Whole, 0, 0, 0, toNumber},
+    {K::Dwell, {Unit::Second, -6}, U::Time, P::Time, 6, 6, 0, microsecondsFromReply},
+    {K::PointCount, {Unit::None, 0}, U::None, P::PointCount, 0, 0, 0, toNumber},
+    {K::DacValue, {Unit::None, 0}, U::None, P::SignedWhole, 0, 0, 0, toNumber},
 };
 
 struct PatternRow {
@@ -144,6 +145,11 @@ EntryPattern entryPattern(FieldKind kind)
 UnitFamily unitFamily(FieldKind kind)
 {
     return rowOf(kind).units;
+}
+
+OwnUnit ownUnit(FieldKind kind)
+{
+    return rowOf(kind).unit;
 }
 
 bool isGrouped(FieldKind kind)

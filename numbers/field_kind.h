@@ -1,5 +1,6 @@
 #pragma once
 
+#include "numbers/readable_quantity.h"
 #include "numbers/unit_keys.h"
 
 #include <QLatin1String>
@@ -46,6 +47,13 @@ QLatin1String patternText(EntryPattern pattern);
 
 EntryPattern entryPattern(FieldKind kind);
 UnitFamily unitFamily(FieldKind kind);
+
+/// What a plain number in such a field counts: microseconds are seconds by 10 to the power of -6.
+struct OwnUnit {
+    Unit unit;
+    int powerOfTen;
+};
+OwnUnit ownUnit(FieldKind kind);
 
 /// Whether the digits of such a field are grouped: where its pattern admits the blank. Elsewhere a
 /// grouped text would not be valid.

@@ -1,7 +1,6 @@
 #include "numbers/quantity_text.h"
 
 #include "numbers/number_text.h"
-#include "numbers/readable_quantity.h"
 
 #include <QRegularExpression>
 
@@ -30,43 +29,6 @@ constexpr UnitWord unitWords[] = {
     {Unit::Radian, "rad", "рад", 0}, {Unit::Radian, "mrad", "мрад", -3},
     {Unit::Dbm, "dBm", "дБм", 0},
 };
-
-/// What a plain number in a field of the kind counts.
-struct OwnUnit {
-    Unit unit;
-    int powerOfTen;
-};
-
-OwnUnit ownUnit(FieldKind kind)
-{
-    switch (kind) {
-    case FieldKind::Frequency:
-    case FieldKind::ModulationRate:
-    case FieldKind::FmDeviation:
-    case FieldKind::LfFrequency:
-        return {Unit::Hertz, 0};
-    case FieldKind::ExternalReference:
-        return {Unit::Hertz, 6};
-    case FieldKind::PulsePeriod:
-    case FieldKind::PulseWidth:
-    case FieldKind::Dwell:
-        return {Unit::Second, -6};
-    case FieldKind::AmDepth:
-    case FieldKind::Duty:
-    case FieldKind::LfDuty:
-        return {Unit::Percent, 0};
-    case FieldKind::PmDeviation:
-        return {Unit::Radian, 0};
-    case FieldKind::LfAmplitude:
-        return {Unit::Volt, 0};
-    case FieldKind::Power:
-        return {Unit::Dbm, 0};
-    case FieldKind::PointCount:
-    case FieldKind::DacValue:
-        break;
-    }
-    return {Unit::None, 0};
-}
 
 bool isWord(const QString& typed, const char* word)
 {

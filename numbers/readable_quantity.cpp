@@ -16,7 +16,8 @@ const char* const unitSymbols[] = {"",
                                    QT_TRANSLATE_NOOP("Unit", "%"),
                                    QT_TRANSLATE_NOOP("Unit", "rad"),
                                    QT_TRANSLATE_NOOP("Unit", "V"),
-                                   QT_TRANSLATE_NOOP("Unit", "dBm")};
+                                   QT_TRANSLATE_NOOP("Unit", "dBm"),
+                                   QT_TRANSLATE_NOOP("Unit", "dB")};
 
 struct Prefix {
     int powerOfTen;

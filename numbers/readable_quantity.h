@@ -3,7 +3,7 @@
 #include <QString>
 
 /// What a number on a picture or beside a field counts.
-enum class Unit { None, Second, Hertz, Percent, Radian, Volt, Dbm };
+enum class Unit { None, Second, Hertz, Percent, Radian, Volt, Dbm, Decibel };
 
 /// The unit in the user's language, with a decimal prefix of a power of ten that is a multiple of
 /// 3 from -12 to 9: unitSymbol(Unit::Second, -6) is "µs".

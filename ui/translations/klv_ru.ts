@@ -191,65 +191,6 @@
     </message>
 </context>
 <context>
-    <name>EntryUnit</name>
-    <message>
-        <source>dB</source>
-        <translation>дБ</translation>
-    </message>
-    <message>
-        <source>ns</source>
-        <translation>нс</translation>
-    </message>
-    <message>
-        <source>dBm</source>
-        <translation>дБм</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>МГц</translation>
-    </message>
-    <message>
-        <source>%</source>
-        <translation>%</translation>
-    </message>
-    <message>
-        <source>rad</source>
-        <translation>рад</translation>
-    </message>
-    <message>
-        <source>GHz</source>
-        <translation>ГГц</translation>
-    </message>
-    <message>
-        <source>kHz</source>
-        <translation>кГц</translation>
-    </message>
-    <message>
-        <source>Hz</source>
-        <translation>Гц</translation>
-    </message>
-    <message>
-        <source>s</source>
-        <translation>с</translation>
-    </message>
-    <message>
-        <source>ms</source>
-        <translation>мс</translation>
-    </message>
-    <message>
-        <source>µs</source>
-        <translation>мкс</translation>
-    </message>
-    <message>
-        <source>V</source>
-        <translation>В</translation>
-    </message>
-    <message>
-        <source>mV</source>
-        <translation>мВ</translation>
-    </message>
-</context>
-<context>
     <name>ErrorBox</name>
     <message>
         <source>Error</source>
@@ -2441,6 +2382,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>G</source>
         <translation>Г</translation>
+    </message>
+    <message>
+        <source>dB</source>
+        <translation>дБ</translation>
     </message>
 </context>
 <context>
