@@ -104,13 +104,18 @@ QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store
     // As the reader takes it: in UTF-8, whatever it says of itself.
     if (!renamed.setContent(QString::fromUtf8(document)))
         return QByteArray();
-    QDomElement root = renamed.documentElement();
-    QDomElement element = renamed.createElement(store.nameElement());
-    element.appendChild(renamed.createTextNode(xmlText(profileName)));
-    const QDomElement old = root.firstChildElement(store.nameElement());
-    if (old.isNull())
-        root.insertBefore(element, QDomNode());
-    else
-        root.replaceChild(element, old);
+    // The first one wherever it stands, as the reader takes it.
+    QDomElement element = renamed.elementsByTagName(store.nameElement()).at(0).toElement();
+    if (element.isNull()) {
+        element = renamed.createElement(store.nameElement());
+        renamed.documentElement().insertBefore(element, QDomNode());
+    }
+    // Its text alone: other elements may lie within.
+    const QDomNodeList children = element.childNodes();
+    for (int i = children.size() - 1; i >= 0; --i) {
+        if (children.at(i).isText())
+            element.removeChild(children.at(i));
+    }
+    element.insertBefore(renamed.createTextNode(xmlText(profileName)), QDomNode());
     return renamed.toString(indentation).toUtf8();
 }
