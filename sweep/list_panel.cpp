@@ -31,6 +31,20 @@ constexpr int leastHeight = 320;
 /// What the window and the panel take besides.
 constexpr int frameHeight = 200;
 constexpr int spacing = 8;
+
+/// As the table shows such numbers.
+PointRows rowsOfRun(const RunPoints& run)
+{
+    PointRows rows;
+    rows.reserve(static_cast<std::size_t>(run.count()));
+    for (int number = 1; number <= run.count(); ++number) {
+        const RunPoint point = run.point(number);
+        rows.push_back({fieldText(point.frequencyHz, FieldKind::Frequency),
+                        fieldText(point.powerDbm, FieldKind::Power),
+                        fieldText(point.dwellUs, FieldKind::Dwell)});
+    }
+    return rows;
+}
 } // namespace
 
 List::List(const FieldContext& context, QWidget* parent)

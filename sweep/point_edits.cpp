@@ -2,7 +2,6 @@
 
 #include "numbers/number_text.h"
 #include "sweep/point_table.h"
-#include "sweep/run_points.h"
 
 #include <algorithm>
 #include <cmath>
@@ -125,17 +124,4 @@ RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QStrin
             row[static_cast<std::size_t>(column)] = entered;
     }
     return edit;
-}
-
-PointRows rowsOfRun(const RunPoints& run)
-{
-    PointRows rows;
-    rows.reserve(static_cast<std::size_t>(run.count()));
-    for (int number = 1; number <= run.count(); ++number) {
-        const RunPoint point = run.point(number);
-        rows.push_back({fieldText(point.frequencyHz, FieldKind::Frequency),
-                        fieldText(point.powerDbm, FieldKind::Power),
-                        fieldText(point.dwellUs, FieldKind::Dwell)});
-    }
-    return rows;
 }

@@ -5,7 +5,6 @@
 #include <optional>
 
 class InstrumentLimits;
-class RunPoints;
 
 // Changes of a list as values: what they would change, for a table to carry out. Rows and columns
 // count from 0; rows given as numbers are in rising order and not empty.
@@ -45,6 +44,3 @@ RowsEdit withEntered(const PointRows& points, int row, int column,
 /// One text entered into all cells of a span.
 RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
                      const InstrumentLimits& limits);
-
-/// The rows that a run's points make, as the table shows such numbers.
-PointRows rowsOfRun(const RunPoints& run);
