@@ -1,7 +1,7 @@
 #pragma once
 
 #include "link/notices.h"
-#include "sweep/run_words.h"
+#include "sweep/picture/run_words.h"
 
 #include <QObject>
 #include <QVector>

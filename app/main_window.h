@@ -19,7 +19,7 @@
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
 #include "numbers/step_table.h"
-#include "profiles/open_save_profile.h"
+#include "profiles/panel/open_save_profile.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"

@@ -1,8 +1,8 @@
 // What long lists cost: opening a file against filling a plain table, and editing one cell.
 #include "bench/timing.h"
-#include "sweep/list_file.h"
+#include "sweep/list/list_file.h"
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
-#include "sweep/point_table.h"
 #include "tests/support/fields.h"
 
 #include <QApplication>

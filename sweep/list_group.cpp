@@ -1,8 +1,8 @@
 #include "sweep/list_group.h"
 
+#include "sweep/list/point_actions.h"
+#include "sweep/list/point_table.h"
 #include "sweep/mode_list.h"
-#include "sweep/point_actions.h"
-#include "sweep/point_table.h"
 #include "sweep/run_button.h"
 #include "ui/describe.h"
 

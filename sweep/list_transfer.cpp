@@ -3,9 +3,9 @@
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/panel_wait_cursor.h"
-#include "sweep/point_table.h"
 #include "ui/progress_bar_for_table.h"
 
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 #include "sweep/run_picture.h"
 
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
-#include "sweep/list_plot.h"
-#include "sweep/point_table.h"
+#include "sweep/picture/list_plot.h"
 #include "sweep/sweep_commands.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"

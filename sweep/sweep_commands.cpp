@@ -6,10 +6,10 @@
 #include "link/notices.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
 #include "sweep/panel_wait_cursor.h"
-#include "sweep/point_table.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fields/number_edit.h"
-#include "sweep/run_points.h"
+#include "sweep/picture/run_points.h"
 
 #include <QGroupBox>
 

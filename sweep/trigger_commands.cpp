@@ -1,8 +1,8 @@
 #include "sweep/trigger_commands.h"
 
 #include "link/scpi_session.h"
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
-#include "sweep/point_table.h"
 #include "sweep/trigger_group.h"
 #include "ui/progress_bar_for_table.h"
 

@@ -1,6 +1,6 @@
 #include "tests/app/panel_walk.h"
 
-#include "sweep/list_plot.h"
+#include "sweep/picture/list_plot.h"
 #include "ui/eliding_label.h"
 #include "ui/theme.h"
 

@@ -1,6 +1,6 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "sweep/list_file.h"
+#include "sweep/list/list_file.h"
 #include "tests/fuzz/memory_file.h"
 
 /// A list file of any bytes: refused whole, or what was read comes back the same when written.

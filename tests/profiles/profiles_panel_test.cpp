@@ -1,6 +1,6 @@
 #include "tests/profiles/profile_rig.h"
 
-#include "profiles/open_save_profile.h"
+#include "profiles/panel/open_save_profile.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/documents_folder.h"
 #include "ui/files/user_folder.h"

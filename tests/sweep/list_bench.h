@@ -1,7 +1,7 @@
 #pragma once
 
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
-#include "sweep/point_table.h"
 #include "tests/support/fields.h"
 
 #include <QApplication>

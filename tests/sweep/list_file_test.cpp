@@ -1,4 +1,4 @@
-#include "sweep/list_file.h"
+#include "sweep/list/list_file.h"
 #include "tests/support/documents_folder.h"
 #include "tests/sweep/list_bench.h"
 

@@ -1,5 +1,5 @@
-#include "sweep/list_plot.h"
-#include "sweep/run_plot.h"
+#include "sweep/picture/list_plot.h"
+#include "sweep/picture/run_plot.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "sweep/list_plot.h"
+#include "sweep/picture/list_plot.h"
 #include "sweep/run_picture.h"
 #include "tests/sweep/sweep_rig.h"
 

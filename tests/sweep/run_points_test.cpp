@@ -1,5 +1,5 @@
-#include "sweep/run_lines.h"
-#include "sweep/run_points.h"
+#include "sweep/picture/run_lines.h"
+#include "sweep/picture/run_points.h"
 
 #include <QTest>
 

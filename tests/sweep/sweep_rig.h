@@ -2,9 +2,9 @@
 
 #include "fields/power_guard.h"
 #include "link/scpi_session.h"
+#include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"
-#include "sweep/point_table.h"
 #include "sweep/sweep_commands.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"

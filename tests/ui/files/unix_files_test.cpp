@@ -1,5 +1,5 @@
 #include "profiles/profile_folder.h"
-#include "sweep/list_file.h"
+#include "sweep/list/list_file.h"
 #include "tests/profiles/profile_rig.h"
 #include "tests/support/documents_folder.h"
 #include "tests/sweep/list_bench.h"

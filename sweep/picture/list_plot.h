@@ -1,7 +1,7 @@
 #pragma once
 
-#include "sweep/run_clock.h"
-#include "sweep/run_words.h"
+#include "sweep/picture/run_clock.h"
+#include "sweep/picture/run_words.h"
 
 #include <QColor>
 #include <QPoint>

@@ -1,4 +1,4 @@
-#include "sweep/run_words.h"
+#include "sweep/picture/run_words.h"
 
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"

@@ -1,6 +1,6 @@
-#include "sweep/list_plot.h"
+#include "sweep/picture/list_plot.h"
 
-#include "sweep/run_plot.h"
+#include "sweep/picture/run_plot.h"
 #include "ui/describe.h"
 
 #include <QEvent>

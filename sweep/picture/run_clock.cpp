@@ -1,4 +1,4 @@
-#include "sweep/run_clock.h"
+#include "sweep/picture/run_clock.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
-#include "sweep/point_actions.h"
+#include "sweep/list/point_actions.h"
 
 #include "link/notices.h"
-#include "sweep/cell_clipboard.h"
-#include "sweep/point_table.h"
+#include "sweep/list/cell_clipboard.h"
+#include "sweep/list/point_table.h"
 #include "ui/describe.h"
 
 #include <QAction>

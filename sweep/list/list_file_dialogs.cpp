@@ -1,8 +1,8 @@
-#include "sweep/list_file_dialogs.h"
+#include "sweep/list/list_file_dialogs.h"
 
 #include "link/notices.h"
-#include "sweep/list_file.h"
-#include "sweep/point_table.h"
+#include "sweep/list/list_file.h"
+#include "sweep/list/point_table.h"
 #include "ui/files/file_questions.h"
 #include "ui/files/file_work.h"
 #include "ui/files/user_folder.h"

@@ -1,7 +1,7 @@
-#include "sweep/point_edits.h"
+#include "sweep/list/point_edits.h"
 
 #include "numbers/number_text.h"
-#include "sweep/point_table.h"
+#include "sweep/list/point_table.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,8 +1,8 @@
-#include "profiles/open_save_profile.h"
+#include "profiles/panel/open_save_profile.h"
 
 #include "profiles/open_save_xml_file.h"
+#include "profiles/panel/quick_profile_row.h"
 #include "profiles/profile_folder.h"
-#include "profiles/quick_profile_row.h"
 #include "ui/describe.h"
 #include "ui/files/file_questions.h"
 

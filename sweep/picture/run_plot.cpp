@@ -1,7 +1,7 @@
-#include "sweep/run_plot.h"
+#include "sweep/picture/run_plot.h"
 
 #include "numbers/readable_quantity.h"
-#include "sweep/run_lines.h"
+#include "sweep/picture/run_lines.h"
 
 #include <QEvent>
 #include <QPainter>

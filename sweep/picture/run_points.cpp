@@ -1,4 +1,4 @@
-#include "sweep/run_points.h"
+#include "sweep/picture/run_points.h"
 
 #include "numbers/number_text.h"
 

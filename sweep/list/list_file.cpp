@@ -1,4 +1,4 @@
-#include "sweep/list_file.h"
+#include "sweep/list/list_file.h"
 
 #include "numbers/number_text.h"
 

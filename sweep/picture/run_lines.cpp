@@ -1,4 +1,4 @@
-#include "sweep/run_lines.h"
+#include "sweep/picture/run_lines.h"
 
 #include <cmath>
 

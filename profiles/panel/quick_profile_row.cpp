@@ -1,4 +1,4 @@
-#include "profiles/quick_profile_row.h"
+#include "profiles/panel/quick_profile_row.h"
 
 #include "profiles/profile_folder.h"
 #include "ui/describe.h"

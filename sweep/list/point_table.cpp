@@ -1,10 +1,10 @@
-#include "sweep/point_table.h"
+#include "sweep/list/point_table.h"
 
 #include "fields/power_guard.h"
 #include "link/instrument_limits.h"
 #include "link/notices.h"
 #include "numbers/number_text.h"
-#include "sweep/point_delegate.h"
+#include "sweep/list/point_delegate.h"
 #include "ui/progress_bar_for_table.h"
 
 #include <QHeaderView>

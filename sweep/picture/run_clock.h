@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sweep/run_points.h"
+#include "sweep/picture/run_points.h"
 
 #include <QElapsedTimer>
 #include <QObject>

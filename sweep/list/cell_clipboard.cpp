@@ -1,9 +1,9 @@
-#include "sweep/cell_clipboard.h"
+#include "sweep/list/cell_clipboard.h"
 
 #include "numbers/number_text.h"
 #include "numbers/quantity_text.h"
-#include "sweep/point_edits.h"
-#include "sweep/point_table.h"
+#include "sweep/list/point_edits.h"
+#include "sweep/list/point_table.h"
 
 #include <QStringList>
 

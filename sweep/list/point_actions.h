@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sweep/point_edits.h"
+#include "sweep/list/point_edits.h"
 
 #include <QObject>
 

@@ -2,7 +2,7 @@
 
 #include "fields/field_context.h"
 #include "numbers/quantity.h"
-#include "sweep/point_row.h"
+#include "sweep/list/point_row.h"
 
 #include <QTableWidget>
 #include <QUndoStack>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sweep/point_row.h"
+#include "sweep/list/point_row.h"
 
 #include <optional>
 

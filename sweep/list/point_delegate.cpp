@@ -1,7 +1,7 @@
-#include "sweep/point_delegate.h"
+#include "sweep/list/point_delegate.h"
 
 #include "fields/number_edit.h"
-#include "sweep/point_table.h"
+#include "sweep/list/point_table.h"
 
 #include <QPainter>
 
