@@ -2,40 +2,84 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
+#include <qwt_plot_curve.h>
+#include <qwt_plot_grid.h>
+#include <qwt_plot_textlabel.h>
+#include <qwt_scale_map.h>
+#include <qwt_scale_widget.h>
+#include <qwt_text.h>
 
 namespace
 {
-constexpr int fontPixels = 11;
-constexpr int gap = 4;
-constexpr int timeDivisions = 4;
-constexpr int levelDivisions = 4;
+constexpr int margin = 4;
+constexpr double curveWidth = 1.5;
+// What is left free above and below for the line's own width, as a part of the height.
+constexpr double freePart = 0.02;
 
-QFont scaleFont(const QWidget& widget)
+class LevelScale : public QuantityScale
 {
-    QFont font = widget.font();
-    font.setPixelSize(fontPixels);
-    return font;
-}
+public:
+    LevelScale() : QuantityScale(Unit::None) {}
 
-QColor faded(QColor colour, int alpha)
+    QwtText label(double level) const override
+    {
+        if (unit() != Unit::None)
+            return QuantityScale::label(level);
+        return level > 0.0 ? WaveformPicture::tr("ON") : WaveformPicture::tr("OFF");
+    }
+};
+
+/// Its corners are not rounded to whole pixels: in a small picture that shows.
+class SmoothCurve : public QwtPlotCurve
 {
-    colour.setAlpha(alpha);
-    return colour;
+protected:
+    void drawLines(QPainter* painter, const QwtScaleMap& times, const QwtScaleMap& levels,
+                   const QRectF&, int from, int to) const override
+    {
+        QPolygonF line;
+        for (int i = from; i <= to; ++i)
+            line << QPointF(times.transform(sample(i).x()), levels.transform(sample(i).y()));
+        painter->drawPolyline(line);
+    }
+};
+
+/// Lines at each quarter; numbers at the ends, and in the middle where it is wanted.
+QwtScaleDiv quarters(double from, double to, double spare, bool hasMiddle)
+{
+    const double quarter = (to - from) / 4.0;
+    const double middle = from + 2.0 * quarter;
+    QList<double> plain = {from + quarter, from + 3.0 * quarter};
+    QList<double> numbered = {from, to};
+    if (hasMiddle)
+        numbered.insert(1, middle);
+    else
+        plain.insert(1, middle);
+    return QwtScaleDiv(from - spare, to + spare, {}, plain, numbered);
 }
 } // namespace
 
-WaveformPicture::WaveformPicture(QWidget* parent) : QWidget(parent)
+WaveformPicture::WaveformPicture(QWidget* parent)
+    : QuantityPlot(new QuantityScale(Unit::Second), new LevelScale, parent),
+      m_levels(static_cast<QuantityScale*>(axisScaleDraw(yLeft))), m_curve(new SmoothCurve),
+      m_label(new QwtPlotTextLabel)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setContentsMargins(margin / 2, margin, margin, margin);
+    const int halfLine = QFontMetrics(axisFont(yLeft)).height() / 2;
+    axisWidget(yLeft)->setMinBorderDist(halfLine, halfLine);
+    // The times stand below the lower half of the lowest level's number.
+    axisScaleDraw(xBottom)->setSpacing(halfLine);
+    grid().enableXMin(true);
+    grid().enableYMin(true);
+    m_curve->setRenderHint(QwtPlotItem::RenderAntialiased);
+    m_curve->attach(this);
+    m_label->attach(this);
     describe();
-}
-
-QSize WaveformPicture::sizeHint() const
-{
-    return {200, 72};
+    recolour();
 }
 
 void WaveformPicture::showWaveform(const Waveform& waveform, Unit levelUnit)
@@ -43,19 +87,51 @@ void WaveformPicture::showWaveform(const Waveform& waveform, Unit levelUnit)
     m_waveform = waveform;
     m_levelUnit = levelUnit;
     m_note.clear();
-    m_top = levelUnit == Unit::None
-                ? waveform.high
-                : axisSpan(std::max(std::abs(waveform.low), std::abs(waveform.high)));
-    m_bottom = levelUnit == Unit::None ? waveform.low : -m_top;
-    describe();
-    update();
+    const bool hasUnit = levelUnit != Unit::None;
+    const double top = hasUnit ? axisSpan(std::max(std::abs(waveform.low), std::abs(waveform.high)))
+                               : waveform.high;
+    const double bottom = hasUnit ? -top : waveform.low;
+    const double span = pictureSpan(waveform);
+    m_levels->setUnit(levelUnit);
+    setAxisScaleDiv(yLeft, quarters(bottom, top, (top - bottom) * freePart, false));
+    setAxisScaleDiv(xBottom, quarters(0.0, span, 0.0, true));
+    axisScaleDraw(xBottom)->enableComponent(QwtAbstractScaleDraw::Labels, waveform.hasPeriod());
+    m_curve->setSamples(waveformPoints(waveform, span));
+    showParts();
 }
 
 void WaveformPicture::showNote(const QString& note)
 {
     m_note = note;
+    QwtText text(note);
+    text.setRenderFlags(Qt::AlignCenter | Qt::TextWordWrap);
+    text.setFont(axisFont(xBottom));
+    m_label->setText(text);
+    showParts();
+}
+
+/// Either the waveform with its scales or the note.
+void WaveformPicture::showParts()
+{
+    const bool isWaveform = m_note.isEmpty();
+    enableAxis(yLeft, isWaveform);
+    enableAxis(xBottom, isWaveform);
+    grid().setVisible(isWaveform);
+    m_curve->setVisible(isWaveform);
+    m_label->setVisible(!isWaveform);
     describe();
-    update();
+    recolour();
+}
+
+void WaveformPicture::recolour()
+{
+    const QColor muted = palette().color(QPalette::PlaceholderText);
+    setColours(palette().color(QPalette::Base), muted);
+    m_curve->setPen(palette().color(QPalette::Link), curveWidth);
+    QwtText note = m_label->text();
+    note.setColor(muted);
+    m_label->setText(note);
+    replot();
 }
 
 void WaveformPicture::describe()
@@ -90,96 +166,17 @@ QString WaveformPicture::words() const
     return result;
 }
 
-QString WaveformPicture::levelText(double level) const
-{
-    if (m_levelUnit != Unit::None)
-        return readableQuantity(level, m_levelUnit);
-    return level > 0.0 ? tr("ON") : tr("OFF");
-}
-
-/// What the scales leave free: levels are written on the left, times below.
-QRect WaveformPicture::plotArea() const
-{
-    const QFontMetrics metrics(scaleFont(*this));
-    const int levelWidth = std::max(metrics.horizontalAdvance(levelText(m_top)),
-                                    metrics.horizontalAdvance(levelText(m_bottom)));
-    return rect().adjusted(levelWidth + 2 * gap, 2 * gap, -gap, -metrics.height() - gap);
-}
-
 void WaveformPicture::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(scaleFont(*this));
-    const QColor muted = palette().color(QPalette::PlaceholderText);
-    painter.setPen(faded(muted, 110));
-    painter.setBrush(palette().color(QPalette::Base));
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
-    painter.setBrush(Qt::NoBrush);
-    if (!m_note.isEmpty()) {
-        painter.setPen(muted);
-        painter.drawText(rect().adjusted(gap, gap, -gap, -gap), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_note);
-        return;
-    }
-    const QRect area = plotArea();
-    paintScales(painter, area);
-    paintWaveform(painter, area);
-}
-
-void WaveformPicture::paintScales(QPainter& painter, const QRect& area) const
-{
-    const QColor muted = palette().color(QPalette::PlaceholderText);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(faded(muted, 70));
-    for (int i = 0; i <= timeDivisions; ++i) {
-        const int x = area.left() + area.width() * i / timeDivisions;
-        painter.drawLine(x, area.top(), x, area.bottom());
-    }
-    for (int i = 0; i <= levelDivisions; ++i) {
-        const int y = area.top() + area.height() * i / levelDivisions;
-        painter.drawLine(area.left(), y, area.right(), y);
-    }
-    painter.restore();
-
-    painter.setPen(muted);
-    const int lineHeight = painter.fontMetrics().height();
-    const QRect levels(gap, area.top(), area.left() - 2 * gap, area.height());
-    painter.drawText(levels.adjusted(0, -gap, 0, 0), Qt::AlignRight | Qt::AlignTop,
-                     levelText(m_top));
-    painter.drawText(levels.adjusted(0, 0, 0, gap), Qt::AlignRight | Qt::AlignBottom,
-                     levelText(m_bottom));
-    if (!m_waveform.hasPeriod())
-        return;
-    const QRect times(area.left(), area.bottom() + 2, area.width(), lineHeight);
-    const double span = pictureSpan(m_waveform);
-    painter.drawText(times, Qt::AlignLeft, QStringLiteral("0"));
-    painter.drawText(times, Qt::AlignHCenter, readableQuantity(span / 2.0, Unit::Second));
-    painter.drawText(times, Qt::AlignRight, readableQuantity(span, Unit::Second));
-}
-
-void WaveformPicture::paintWaveform(QPainter& painter, const QRect& area) const
-{
-    const double span = pictureSpan(m_waveform);
-    const double height = m_top - m_bottom;
-    if (!(height > 0.0))
-        return;
-    QPolygonF line;
-    for (const QPointF& corner : waveformPoints(m_waveform, span)) {
-        line << QPointF(area.left() + corner.x() / span * area.width(),
-                        area.bottom() - (corner.y() - m_bottom) / height * area.height());
-    }
-    painter.setPen(
-        QPen(palette().color(QPalette::Link), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.drawPolyline(line);
+    paintPlotFrame(*this, rect());
 }
 
 void WaveformPicture::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::LanguageChange) {
+    QuantityPlot::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
         describe();
-        update();
-    }
-    QWidget::changeEvent(event);
+    else if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        // Not at once: a new style sheet has yet to reach the parts, and takes their colours back.
+        QTimer::singleShot(0, this, &WaveformPicture::recolour);
 }

@@ -1,13 +1,14 @@
 #pragma once
 
+#include "fields/plot/quantity_plot.h"
 #include "modulation/waveform.h"
-#include "numbers/readable_quantity.h"
 
-#include <QWidget>
+class QwtPlotCurve;
+class QwtPlotTextLabel;
 
 /// Draws a waveform as it is set, with round scales of time and level in readable units, and says
 /// the same in words. Colours are the palette's. It reads no field and keeps no setting.
-class WaveformPicture : public QWidget
+class WaveformPicture : public QuantityPlot
 {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ public:
     /// Shows words in place of a waveform that is not known or not there.
     void showNote(const QString& note);
 
-    QSize sizeHint() const override;
+    QSize sizeHint() const override { return {200, 72}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -27,16 +28,15 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    void showParts();
+    void recolour();
     void describe();
     QString words() const;
-    QString levelText(double level) const;
-    QRect plotArea() const;
-    void paintScales(QPainter& painter, const QRect& area) const;
-    void paintWaveform(QPainter& painter, const QRect& area) const;
 
     Waveform m_waveform;
     Unit m_levelUnit = Unit::None;
     QString m_note;
-    double m_bottom = 0.0;
-    double m_top = 1.0;
+    QuantityScale* m_levels;
+    QwtPlotCurve* m_curve;
+    QwtPlotTextLabel* m_label;
 };

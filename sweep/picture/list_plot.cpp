@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QPushButton>
 #include <QToolTip>
 #include <QVBoxLayout>
@@ -20,8 +19,6 @@ namespace
 {
 constexpr int spacing = 8;
 constexpr int frameMargin = 6;
-constexpr int cornerRadius = 5;
-constexpr int frameAlpha = 110;
 // The picture of frequencies stands above, and the one below has the times as well.
 constexpr int upperPart = 8;
 constexpr int lowerPart = 9;
@@ -336,16 +333,7 @@ void ListPlot::focusOutEvent(QFocusEvent* event)
 
 void ListPlot::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QColor edge = palette().color(QPalette::PlaceholderText);
-    edge.setAlpha(frameAlpha);
-    const qreal width = hasFocus() ? 2.0 : 1.0;
-    painter.setPen(QPen(hasFocus() ? palette().color(QPalette::Link) : edge, width));
-    painter.setBrush(palette().color(QPalette::Base));
-    const qreal half = width / 2.0;
-    painter.drawRoundedRect(QRectF(m_area->geometry()).adjusted(half, half, -half, -half),
-                            cornerRadius, cornerRadius);
+    paintPlotFrame(*this, m_area->geometry());
 }
 
 void ListPlot::changeEvent(QEvent* event)

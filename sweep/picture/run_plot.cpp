@@ -1,6 +1,5 @@
 #include "sweep/picture/run_plot.h"
 
-#include "numbers/readable_quantity.h"
 #include "sweep/picture/run_lines.h"
 
 #include <QEvent>
@@ -8,21 +7,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <qwt_plot_canvas.h>
-#include <qwt_plot_grid.h>
 #include <qwt_plot_item.h>
-#include <qwt_plot_layout.h>
-#include <qwt_scale_draw.h>
 #include <qwt_scale_engine.h>
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
-#include <qwt_text.h>
 
 namespace
 {
 constexpr double secondsPerMicrosecond = 1e-6;
-constexpr int fontPixels = 11;
-constexpr int gap = 4;
 constexpr int mostValueTicks = 3;
 constexpr int mostTimeTicks = 5;
 constexpr double lineWidth = 1.5;
@@ -31,43 +23,6 @@ constexpr double dotRadius = 3.5;
 constexpr double freePart = 0.08;
 // How far a logarithmic scale goes down from the highest value when the lowest is not above zero.
 constexpr double lowestPart = 1e3;
-
-/// Writes the numbers at a scale with their units.
-class QuantityScaleDraw : public QwtScaleDraw
-{
-public:
-    explicit QuantityScaleDraw(Unit unit) : m_unit(unit)
-    {
-        enableComponent(Backbone, false);
-        enableComponent(Ticks, false);
-        setSpacing(gap);
-    }
-
-    QwtText label(double value) const override
-    {
-        const QList<double> ticks = scaleDiv().ticks(QwtScaleDiv::MajorTick);
-        if (ticks.size() < 2)
-            return readableQuantity(value, m_unit);
-        const double step = std::abs(ticks.at(1) - ticks.at(0));
-        const double largest = std::max(std::abs(ticks.first()), std::abs(ticks.last()));
-        // Neighbours have to differ, and nothing below that is more than a rounding error.
-        const int digits = static_cast<int>(std::ceil(std::log10(largest / step))) + 2;
-        const bool isZero = std::abs(value) < step * secondsPerMicrosecond;
-        return readableQuantity(isZero ? 0.0 : value, m_unit, std::clamp(digits, 3, 12));
-    }
-
-    /// Labels are kept, and they hold words.
-    void retranslate() { invalidateCache(); }
-
-private:
-    Unit m_unit;
-};
-
-QColor faded(QColor colour, int alpha)
-{
-    colour.setAlpha(alpha);
-    return colour;
-}
 } // namespace
 
 /// The line itself, thinned to the columns of the canvas when it is drawn.
@@ -164,50 +119,22 @@ private:
 };
 
 RunPlot::RunPlot(RunQuantity quantity, QWidget* parent)
-    : QwtPlot(parent), m_quantity(quantity), m_grid(new QwtPlotGrid),
-      m_line(new RunLine(m_points, quantity)), m_marks(new RunMarks(*this))
+    : QuantityPlot(new QuantityScale(Unit::Second),
+                   new QuantityScale(quantity == RunQuantity::Frequency ? Unit::Hertz : Unit::Dbm),
+                   parent),
+      m_quantity(quantity), m_line(new RunLine(m_points, quantity)), m_marks(new RunMarks(*this))
 {
-    setAutoReplot(false);
-    auto* area = static_cast<QwtPlotCanvas*>(canvas());
-    area->setFrameStyle(QFrame::NoFrame);
-    // At a scale of the screen that is no whole number its buffer may end a pixel early.
-    area->setPaintAttribute(QwtPlotCanvas::Opaque, false);
-    area->setAttribute(Qt::WA_OpaquePaintEvent, false);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setMouseTracking(true);
-    area->setCursor(Qt::ArrowCursor);
-    plotLayout()->setAlignCanvasToScales(true);
-    plotLayout()->setSpacing(0);
-
-    QFont small = font();
-    small.setPixelSize(fontPixels);
-    const bool isFrequency = quantity == RunQuantity::Frequency;
-    setAxisScaleDraw(yLeft, new QuantityScaleDraw(isFrequency ? Unit::Hertz : Unit::Dbm));
-    setAxisScaleDraw(xBottom, new QuantityScaleDraw(Unit::Second));
-    for (const int axis : {yLeft, xBottom}) {
-        setAxisFont(axis, small);
-        axisWidget(axis)->setMargin(0);
-        setAxisMaxMinor(axis, 0);
-    }
+    canvas()->setMouseTracking(true);
     setAxisMaxMajor(yLeft, mostValueTicks);
     setAxisMaxMajor(xBottom, mostTimeTicks);
-
-    m_grid->attach(this);
     m_line->attach(this);
 }
 
 void RunPlot::setColours(const RunPlotColours& colours)
 {
-    setCanvasBackground(colours.base);
-    m_grid->setPen(faded(colours.scale, 70));
+    QuantityPlot::setColours(colours.base, colours.scale);
     m_line->setColour(colours.line);
     m_marks->setColours(colours);
-    for (const int axis : {yLeft, xBottom}) {
-        QPalette scale = axisWidget(axis)->palette();
-        scale.setColor(QPalette::WindowText, colours.scale);
-        scale.setColor(QPalette::Text, colours.scale);
-        axisWidget(axis)->setPalette(scale);
-    }
 }
 
 void RunPlot::setLogarithmic(bool isLogarithmic)
@@ -283,17 +210,6 @@ void RunPlot::keepRoom(const ScaleRoom& room)
 {
     axisScaleDraw(yLeft)->setMinimumExtent(room.left);
     axisWidget(xBottom)->setMinBorderDist(0, room.right);
-}
-
-void RunPlot::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        for (const int axis : {yLeft, xBottom}) {
-            static_cast<QuantityScaleDraw*>(axisScaleDraw(axis))->retranslate();
-            axisWidget(axis)->update();
-        }
-    }
-    QwtPlot::changeEvent(event);
 }
 
 double RunPlot::partAt(double x) const

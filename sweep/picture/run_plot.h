@@ -1,12 +1,10 @@
 #pragma once
 
+#include "fields/plot/quantity_plot.h"
 #include "sweep/picture/run_points.h"
 
 #include <QColor>
 
-#include <qwt_plot.h>
-
-class QwtPlotGrid;
 class RunLine;
 class RunMarks;
 
@@ -20,7 +18,7 @@ struct RunPlotColours {
 
 /// One quantity of a run over the time of a pass, with scales in readable units. Shows the part of
 /// the pass that it is told; the values that occur there fill its height.
-class RunPlot : public QwtPlot
+class RunPlot : public QuantityPlot
 {
     Q_OBJECT
 
@@ -52,9 +50,6 @@ public:
     /// Where a point is on the canvas: at the middle of its time.
     QPointF place(int number) const;
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void fitValues();
 
@@ -65,7 +60,6 @@ private:
     double m_toUs = 1.0;
     double m_lowest = 0.0;
     // The plot deletes what is attached to it.
-    QwtPlotGrid* m_grid;
     RunLine* m_line;
     RunMarks* m_marks;
 };
