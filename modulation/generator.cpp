@@ -24,20 +24,6 @@ constexpr char initialDuty[] = "50";
 constexpr int shapeColumns = 3;
 /// Of the one shape that stands alone: as wide as those in the columns above it.
 constexpr int shapeWidth = 170;
-
-struct ShapeButton {
-    WaveShape shape;
-    const char* name;
-};
-constexpr std::array<ShapeButton, shapeCount> shapeRows = {{
-    {WaveShape::Sine, "sine_select"},
-    {WaveShape::SawPositive, "sawPos_select"},
-    {WaveShape::SawNegative, "sawNeg_select"},
-    {WaveShape::Triangle, "triangle_select"},
-    {WaveShape::Random, "random_select"},
-    {WaveShape::Square, "rectangle_select"},
-    {WaveShape::Dc, "dc_select"},
-}};
 } // namespace
 
 generator::generator(const FieldContext& context, QWidget* parent)
@@ -87,12 +73,12 @@ QGridLayout* generator::buildShapes()
     auto* grid = new QGridLayout;
     grid->setSpacing(panelSpacing);
     for (int i = 0; i < shapeCount; ++i) {
-        const ShapeButton& row = shapeRows[static_cast<std::size_t>(i)];
-        QPushButton* button = newShapeButton(row.shape, QLatin1String(row.name), this);
+        const ShapeNames& names = shapeNames(static_cast<WaveShape>(i));
+        QPushButton* button = newShapeButton(names.shape, QLatin1String(names.lfButton), this);
         // The LF output's rectangle is drawn as the pulses are.
-        if (row.shape == WaveShape::Square)
+        if (names.shape == WaveShape::Square)
             button->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
-        if (row.shape != WaveShape::Dc)
+        if (names.shape != WaveShape::Dc)
             grid->addWidget(button, i / shapeColumns, i % shapeColumns);
         grid->setColumnStretch(i % shapeColumns, 1);
         m_shapes[static_cast<std::size_t>(i)] = button;
@@ -123,20 +109,11 @@ void generator::wire()
     }
 }
 
-QPushButton* generator::shapeButton(WaveShape shape) const
-{
-    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-        if (shapeRows[i].shape == shape)
-            return m_shapes[i];
-    }
-    return nullptr;
-}
-
 std::optional<WaveShape> generator::checkedShape() const
 {
     for (std::size_t i = 0; i < m_shapes.size(); ++i) {
         if (m_shapes[i]->isChecked())
-            return shapeRows[i].shape;
+            return static_cast<WaveShape>(i);
     }
     return std::nullopt;
 }
@@ -154,7 +131,7 @@ std::optional<WaveShape> generator::pointedShape() const
 {
     for (std::size_t i = 0; i < m_shapes.size(); ++i) {
         if (m_shapes[i]->underMouse() || m_shapes[i]->hasFocus())
-            return shapeRows[i].shape;
+            return static_cast<WaveShape>(i);
     }
     return std::nullopt;
 }
@@ -211,7 +188,7 @@ void generator::retranslate()
     SidePanel::retranslate();
     setTitle(tr("LF Generator"));
     for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-        const QString shapeName = shapeCaption(shapeRows[i].shape);
+        const QString shapeName = shapeCaption(static_cast<WaveShape>(i));
         m_shapes[i]->setText(shapeName);
         describe(m_shapes[i], tr("LF generator: %1").arg(shapeName),
                  tr("Switch the LF generator on with this waveform; a click on the chosen one "

@@ -22,7 +22,10 @@ public:
     explicit generator(const FieldContext& context, QWidget* parent = nullptr);
 
     bool isOn() const { return checkedShape().has_value(); }
-    QPushButton* shapeButton(WaveShape shape) const;
+    QPushButton* shapeButton(WaveShape shape) const
+    {
+        return m_shapes[static_cast<std::size_t>(shape)];
+    }
     /// None while the generator is off.
     std::optional<WaveShape> checkedShape() const;
     NumberEdit& frequency() const { return *m_frequency.field; }

@@ -9,7 +9,6 @@
 #include <QLabel>
 #include <QPushButton>
 
-#include <algorithm>
 #include <iterator>
 
 namespace
@@ -23,24 +22,23 @@ constexpr char amplitudeFormat[] = "LFO:AMPLitude %lf;AMPLitude?";
 constexpr char dutyFormat[] = "LFO:FUNC:SHAP:SQU:DUTY %lf;DUTY?";
 
 const char rampCommand[] = "LFO:FUNC:SHAP RAMP";
-struct ShapeRow {
-    WaveShape shape;
+using Self = LfGeneratorCommands;
+const struct {
     bool pausesBefore; ///< when clicked
-    void (LfGeneratorCommands::*slot)();
+    void (Self::*slot)();
     const char* shapeCommand;
     const char* directionCommand; ///< of a ramp
+} shapeCommands[] = {
+    // In the order of WaveShape.
+    {true, &Self::Gen_Sine, "LFO:FUNC:SHAP SIN", nullptr},
+    {true, &Self::Gen_SawPos, rampCommand, "LFO:FUNC:SHAP:RAMP POS"},
+    {true, &Self::Gen_SawNeg, rampCommand, "LFO:FUNC:SHAP:RAMP NEG"},
+    {true, &Self::Gen_Train, "LFO:FUNC:SHAP TRI", nullptr},
+    {true, &Self::Gen_Rand, "LFO:FUNC:SHAP RAND", nullptr},
+    {false, &Self::Gen_Rect, "LFO:FUNC:SHAP SQU", nullptr},
+    {false, &Self::Gen_Dc, "LFO:FUNC:SHAP DC", nullptr},
 };
-using Self = LfGeneratorCommands;
-const ShapeRow shapeRows[] = {
-    {WaveShape::Sine, true, &Self::Gen_Sine, "LFO:FUNC:SHAP SIN", nullptr},
-    {WaveShape::SawPositive, true, &Self::Gen_SawPos, rampCommand, "LFO:FUNC:SHAP:RAMP POS"},
-    {WaveShape::SawNegative, true, &Self::Gen_SawNeg, rampCommand, "LFO:FUNC:SHAP:RAMP NEG"},
-    {WaveShape::Triangle, true, &Self::Gen_Train, "LFO:FUNC:SHAP TRI", nullptr},
-    {WaveShape::Random, true, &Self::Gen_Rand, "LFO:FUNC:SHAP RAND", nullptr},
-    {WaveShape::Square, false, &Self::Gen_Rect, "LFO:FUNC:SHAP SQU", nullptr},
-    {WaveShape::Dc, false, &Self::Gen_Dc, "LFO:FUNC:SHAP DC", nullptr},
-};
-static_assert(std::size(shapeRows) == shapeCount);
+static_assert(std::size(shapeCommands) == shapeCount);
 } // namespace
 
 LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, generator& panel, QLabel& indicator,
@@ -54,8 +52,9 @@ LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, generator& panel,
 
 void LfGeneratorCommands::wire()
 {
-    for (const ShapeRow& row : shapeRows)
-        connect(m_panel.shapeButton(row.shape), &QAbstractButton::clicked, this, row.slot);
+    for (int i = 0; i < shapeCount; ++i)
+        connect(m_panel.shapeButton(static_cast<WaveShape>(i)), &QAbstractButton::clicked, this,
+                shapeCommands[i].slot);
     connect(&m_panel.frequency(), &QLineEdit::editingFinished, this, &Self::editFreqGenerator);
     connect(&m_panel.amplitude(), &QLineEdit::editingFinished, this, &Self::editVoltGenerator);
     connect(&m_panel.duty(), &QLineEdit::editingFinished, this, &Self::editPercentGenerator);
@@ -112,16 +111,15 @@ bool LfGeneratorCommands::pauseWhile(int run, WaveShape shape) const
 /// False when it was cut short.
 bool LfGeneratorCommands::sendShape(int run, WaveShape shape, bool isRestore)
 {
-    const auto* row = std::find_if(std::begin(shapeRows), std::end(shapeRows),
-                                   [shape](const ShapeRow& each) { return each.shape == shape; });
-    if (row->pausesBefore && !isRestore && !pauseWhile(run, shape))
+    const auto& row = shapeCommands[static_cast<std::size_t>(shape)];
+    if (row.pausesBefore && !isRestore && !pauseWhile(run, shape))
         return false;
-    m_session.writeChecked(QLatin1String(row->shapeCommand));
-    if (!row->directionCommand || !m_session.isConnected())
+    m_session.writeChecked(QLatin1String(row.shapeCommand));
+    if (!row.directionCommand || !m_session.isConnected())
         return m_session.isConnected();
     if (!pauseWhile(run, shape))
         return false;
-    m_session.writeChecked(QLatin1String(row->directionCommand));
+    m_session.writeChecked(QLatin1String(row.directionCommand));
     return m_session.isConnected() && pauseWhile(run, shape);
 }
 

@@ -9,7 +9,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-#include <algorithm>
 #include <iterator>
 
 namespace
@@ -40,18 +39,17 @@ const QString rateSuffix = QStringLiteral(":INT:FUNC:FREQ");
 const QString dutySuffix = QStringLiteral(":INT:FUNC:SHAP:SQU:DUTY");
 const QString hertzUnit = QStringLiteral(" Hz");
 
-struct ShapeSuffixes {
-    WaveShape shape;
+const struct {
     const char* shapeSuffix;
     const char* directionSuffix; ///< of a ramp
-};
-constexpr ShapeSuffixes shapeSuffixes[] = {
-    {WaveShape::Sine, ":INT:FUNC:SHAP SIN", nullptr},
-    {WaveShape::SawPositive, ":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP POS"},
-    {WaveShape::SawNegative, ":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP NEG"},
-    {WaveShape::Triangle, ":INT:FUNC:SHAP TRI", nullptr},
-    {WaveShape::Random, ":INT:FUNC:SHAP RAND", nullptr},
-    {WaveShape::Square, ":INT:FUNC:SHAP SQU", nullptr},
+} shapeSuffixes[] = {
+    // In the order of WaveShape.
+    {":INT:FUNC:SHAP SIN", nullptr},
+    {":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP POS"},
+    {":INT:FUNC:SHAP RAMP", ":INT:FUNC:SHAP:RAMP NEG"},
+    {":INT:FUNC:SHAP TRI", nullptr},
+    {":INT:FUNC:SHAP RAND", nullptr},
+    {":INT:FUNC:SHAP SQU", nullptr},
 };
 static_assert(std::size(shapeSuffixes) == modulationShapeCount);
 
@@ -89,8 +87,8 @@ void ModulationCommands::wireButtons()
     for (const auto& row : clicks)
         connect(row.button, &QAbstractButton::clicked, this, row.slot);
     for (const Modulation modulation : modulations) {
-        for (const ShapeSuffixes& row : shapeSuffixes) {
-            const WaveShape shape = row.shape;
+        for (int i = 0; i < modulationShapeCount; ++i) {
+            const auto shape = static_cast<WaveShape>(i);
             connect(m_panel.group(modulation).shapeButton(shape), &QAbstractButton::clicked, this,
                     [this, modulation, shape] { sendClickedShape(modulation, shape); });
         }
@@ -258,10 +256,8 @@ void ModulationCommands::sendClickedShape(Modulation modulation, WaveShape shape
 
 void ModulationCommands::sendShape(Modulation modulation, WaveShape shape)
 {
-    const auto* row =
-        std::find_if(std::begin(shapeSuffixes), std::end(shapeSuffixes),
-                     [shape](const ShapeSuffixes& each) { return each.shape == shape; });
-    for (const char* suffix : {row->shapeSuffix, row->directionSuffix}) {
+    const auto& row = shapeSuffixes[static_cast<std::size_t>(shape)];
+    for (const char* suffix : {row.shapeSuffix, row.directionSuffix}) {
         if (suffix && m_session.isConnected())
             m_session.writeChecked(m_panel.group(modulation).name() + QLatin1String(suffix));
     }

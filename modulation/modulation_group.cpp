@@ -82,17 +82,6 @@ const Row rows[] = {
      {"label_9", "label_10"}},
 };
 
-struct ShapePrefix {
-    WaveShape shape;
-    const char* prefix;
-};
-constexpr ShapePrefix shapePrefixes[] = {
-    {WaveShape::Sine, "Sin_"},           {WaveShape::SawPositive, "SawPos_"},
-    {WaveShape::SawNegative, "SawNeg_"}, {WaveShape::Triangle, "Triangle_"},
-    {WaveShape::Random, "Random_"},      {WaveShape::Square, "Rect_"},
-};
-static_assert(std::size(shapePrefixes) == modulationShapeCount);
-
 constexpr char initialRate[] = "1 000";
 constexpr char initialDuty[] = "50";
 constexpr int shapeColumns = 3;
@@ -140,9 +129,10 @@ QGridLayout* ModulationGroup::buildShapes()
     auto* grid = new QGridLayout;
     grid->setSpacing(panelSpacing);
     for (int i = 0; i < modulationShapeCount; ++i) {
-        const ShapePrefix& row = shapePrefixes[i];
+        const auto shape = static_cast<WaveShape>(i);
         QPushButton* button = newShapeButton(
-            row.shape, QLatin1String(row.prefix) + QLatin1String(m_row.suffix), body());
+            shape, QLatin1String(shapeNames(shape).modulationPrefix) + QLatin1String(m_row.suffix),
+            body());
         grid->addWidget(button, i / shapeColumns, i % shapeColumns);
         grid->setColumnStretch(i % shapeColumns, 1);
         m_shapes[static_cast<std::size_t>(i)] = button;
@@ -206,22 +196,13 @@ bool ModulationGroup::isExternal() const
     return m_source->isChecked();
 }
 
-QPushButton* ModulationGroup::shapeButton(WaveShape shape) const
-{
-    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-        if (shapePrefixes[i].shape == shape)
-            return m_shapes[i];
-    }
-    return nullptr;
-}
-
 WaveShape ModulationGroup::checkedShape() const
 {
-    for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-        if (m_shapes[i]->isChecked())
-            return shapePrefixes[i].shape;
-    }
-    return WaveShape::Sine;
+    const auto* checked =
+        std::find_if(m_shapes.begin(), m_shapes.end(),
+                     [](const QPushButton* button) { return button->isChecked(); });
+    return checked == m_shapes.end() ? WaveShape::Sine
+                                     : static_cast<WaveShape>(checked - m_shapes.begin());
 }
 
 bool ModulationGroup::chooseShape(const QPushButton* button)
@@ -263,7 +244,7 @@ void ModulationGroup::retranslate()
     m_state->setText(caption());
     describe(m_state, tr(m_row.heading), tr("Switch the modulation on or off"));
     for (std::size_t i = 0; i < m_shapes.size(); ++i) {
-        const QString shapeName = shapeCaption(shapePrefixes[i].shape);
+        const QString shapeName = shapeCaption(static_cast<WaveShape>(i));
         m_shapes[i]->setText(shapeName);
         describe(m_shapes[i], caption() + QLatin1Char(' ') + shapeName,
                  tr("Shape of the internal source: %1").arg(shapeName));

@@ -13,7 +13,6 @@ class WaveformPicture;
 
 enum class Modulation { Am, Fm, Pm };
 constexpr std::array<Modulation, 3> modulations = {Modulation::Am, Modulation::Fm, Modulation::Pm};
-constexpr int modulationShapeCount = 6;
 
 /// The settings of one of AM, FM and PM: source, shape, rate, depth or deviation, duty and their
 /// picture, kept consistent with each other. Makes its state button among others; sends nothing.
@@ -44,7 +43,11 @@ public:
     const ValueRow& duty() const { return m_duty; }
 
     const std::array<QPushButton*, modulationShapeCount>& shapeButtons() const { return m_shapes; }
-    QPushButton* shapeButton(WaveShape shape) const;
+    /// Of a shape other than DC.
+    QPushButton* shapeButton(WaveShape shape) const
+    {
+        return m_shapes[static_cast<std::size_t>(shape)];
+    }
     /// Sine when no shape is checked.
     WaveShape checkedShape() const;
     /// Makes a shape the one that is checked. False when the button is none of this group's.

@@ -73,7 +73,7 @@ QPushButton* newShapeButton(WaveShape shape, const QString& objectName, QWidget*
 {
     QPushButton* button = newStateButton(objectName, parent);
     button->setProperty("shape", true);
-    button->setIcon(shapeIcon(shape));
+    button->setIcon(QIcon(QLatin1String(shapeNames(shape).image)));
     return button;
 }
 

@@ -14,27 +14,22 @@ constexpr int sineSteps = 48;
 constexpr int noiseStepsPerSpan = 48;
 constexpr double leastPeriodsShown = 2.0;
 
-struct ShapeRow {
-    WaveShape shape;
-    const char* caption;
-    const char* image;
-};
-constexpr ShapeRow shapeRows[] = {
-    {WaveShape::Sine, QT_TRANSLATE_NOOP("Shape", "Sine"), ":/images/Sin.png"},
-    {WaveShape::SawPositive, QT_TRANSLATE_NOOP("Shape", "Saw positive"), ":/images/Saw_pos.png"},
-    {WaveShape::SawNegative, QT_TRANSLATE_NOOP("Shape", "Saw negative"), ":/images/Saw_neg.png"},
-    {WaveShape::Triangle, QT_TRANSLATE_NOOP("Shape", "Triangle"), ":/images/triangle.png"},
-    {WaveShape::Random, QT_TRANSLATE_NOOP("Shape", "Random"), ":/images/random.png"},
-    {WaveShape::Square, QT_TRANSLATE_NOOP("Shape", "Rectangle"), ":/images/square.png"},
-    {WaveShape::Dc, QT_TRANSLATE_NOOP("Shape", "DC"), ":/images/dc.png"},
+constexpr ShapeNames shapeRows[] = {
+    {WaveShape::Sine, QT_TRANSLATE_NOOP("Shape", "Sine"), ":/images/Sin.png", "Sin_",
+     "sine_select"},
+    {WaveShape::SawPositive, QT_TRANSLATE_NOOP("Shape", "Saw positive"), ":/images/Saw_pos.png",
+     "SawPos_", "sawPos_select"},
+    {WaveShape::SawNegative, QT_TRANSLATE_NOOP("Shape", "Saw negative"), ":/images/Saw_neg.png",
+     "SawNeg_", "sawNeg_select"},
+    {WaveShape::Triangle, QT_TRANSLATE_NOOP("Shape", "Triangle"), ":/images/triangle.png",
+     "Triangle_", "triangle_select"},
+    {WaveShape::Random, QT_TRANSLATE_NOOP("Shape", "Random"), ":/images/random.png", "Random_",
+     "random_select"},
+    {WaveShape::Square, QT_TRANSLATE_NOOP("Shape", "Rectangle"), ":/images/square.png", "Rect_",
+     "rectangle_select"},
+    {WaveShape::Dc, QT_TRANSLATE_NOOP("Shape", "DC"), ":/images/dc.png", nullptr, "dc_select"},
 };
 static_assert(std::size(shapeRows) == shapeCount);
-
-const ShapeRow& rowOf(WaveShape shape)
-{
-    return *std::find_if(std::begin(shapeRows), std::end(shapeRows),
-                         [shape](const ShapeRow& row) { return row.shape == shape; });
-}
 
 /// One period: time from 0 to 1, level from -1 to 1.
 QVector<QPointF> periodCorners(const Waveform& waveform)
@@ -93,14 +88,14 @@ void cutAt(QVector<QPointF>& corners, double time)
 }
 } // namespace
 
-QString shapeCaption(WaveShape shape)
+const ShapeNames& shapeNames(WaveShape shape)
 {
-    return QCoreApplication::translate(captionContext, rowOf(shape).caption);
+    return shapeRows[static_cast<std::size_t>(shape)];
 }
 
-QIcon shapeIcon(WaveShape shape)
+QString shapeCaption(WaveShape shape)
 {
-    return QIcon(QLatin1String(rowOf(shape).image));
+    return QCoreApplication::translate(captionContext, shapeNames(shape).caption);
 }
 
 bool Waveform::hasPeriod() const

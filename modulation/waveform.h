@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QIcon>
 #include <QPointF>
 #include <QString>
 #include <QVector>
@@ -8,10 +7,21 @@
 /// The waveforms of the modulating signal and of the LF generator.
 enum class WaveShape { Sine, SawPositive, SawNegative, Triangle, Random, Square, Dc };
 constexpr int shapeCount = 7;
+/// Of AM, FM and PM: all but the last.
+constexpr int modulationShapeCount = 6;
 
+/// What a shape is called and pictured by.
+struct ShapeNames {
+    WaveShape shape;
+    const char* caption; ///< in English
+    const char* image;
+    const char* modulationPrefix; ///< of the object name of its button in AM, FM and PM
+    const char* lfButton;         ///< the object name of its button in the LF generator
+};
+/// In the order of WaveShape.
+const ShapeNames& shapeNames(WaveShape shape);
 /// The name of a shape in the user's language.
 QString shapeCaption(WaveShape shape);
-QIcon shapeIcon(WaveShape shape);
 
 /// A periodic signal as set: everything that a picture of it shows.
 struct Waveform {

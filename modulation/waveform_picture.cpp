@@ -47,6 +47,13 @@ protected:
     }
 };
 
+/// Has the whole picture for its lines.
+class Note : public QwtPlotTextLabel
+{
+protected:
+    QRectF textRect(const QRectF& area, const QSizeF&) const override { return area; }
+};
+
 /// Lines at each quarter; numbers at the ends, and in the middle where it is wanted.
 QwtScaleDiv quarters(double from, double to, double spare, bool hasMiddle)
 {
@@ -65,7 +72,7 @@ QwtScaleDiv quarters(double from, double to, double spare, bool hasMiddle)
 WaveformPicture::WaveformPicture(QWidget* parent)
     : QuantityPlot(new QuantityScale(Unit::Second), new LevelScale, parent),
       m_levels(static_cast<QuantityScale*>(axisScaleDraw(yLeft))), m_curve(new SmoothCurve),
-      m_label(new QwtPlotTextLabel)
+      m_label(new Note)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setContentsMargins(margin / 2, margin, margin, margin);
