@@ -1,5 +1,6 @@
 #include "link/library_places.h"
 #include "link/visa_library.h"
+#include "tests/support/rows.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -33,16 +34,11 @@ void LibraryPlacesTest::initTestCase()
 
 void LibraryPlacesTest::loadsFromPlacesOnly_data()
 {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<bool>("isLoaded");
-    QTest::newRow("current folder") << "."
-                                    << "KlvPlaces" << false;
-    QTest::newRow("relative entry") << "lib"
-                                    << "KlvPlaces" << false;
-    QTest::newRow("listed") << listedFolder << "KlvPlaces" << true;
-    QTest::newRow("asked for by its path") << "."
-                                           << "./KlvPlaces" << true;
+    testColumns<QString, QString, bool>("folder", "asked", "isLoaded");
+    testRow("current folder", ".", "KlvPlaces", false);
+    testRow("relative entry", "lib", "KlvPlaces", false);
+    testRow("listed", listedFolder, "KlvPlaces", true);
+    testRow("asked for by its path", ".", "./KlvPlaces", true);
 }
 
 void LibraryPlacesTest::loadsFromPlacesOnly()

@@ -1,6 +1,7 @@
 #include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "tests/support/demo.h"
+#include "tests/support/rows.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -29,25 +30,20 @@ void SearchTest::init()
 
 void SearchTest::reportsInOrder_data()
 {
-    QTest::addColumn<QString>("control");
-    QTest::addColumn<QStringList>("reports");
+    testColumns<QString, QStringList>("control", "reports");
 
     const QString one = QStringLiteral("KLV-20G/20215678");
-    QTest::newRow("one") << "clear" << QStringList{one};
-    QTest::newRow("two") << "instruments [1111]\nmodel=KLV-6G\n[2222]\nmodel=KLV-20G\n"
-                         << QStringList{"KLV-6G/1111", "KLV-20G/2222"};
-    QTest::newRow("another maker's")
-        << "instruments [1111]\nmaker=Somebody\n[2222]\nmodel=KLV-20G\n"
-        << QStringList{"KLV-20G/2222"};
-    QTest::newRow("maker in capitals") << "attribute 0xBFFF0072 text VELTRO" << QStringList{one};
-    QTest::newRow("another model") << "attribute 0xBFFF0077 text Scope" << QStringList{};
-    QTest::newRow("maker unreadable")
-        << "attribute 0xBFFF0072 status 0xBFFF001D" << QStringList{one};
-    QTest::newRow("model unreadable")
-        << "attribute 0xBFFF0077 status 0xBFFF001D" << QStringList{"/20215678"};
-    QTest::newRow("serial empty") << "attribute 0xBFFF01A0 text " << QStringList{};
-    QTest::newRow("serial unreadable")
-        << "attribute 0xBFFF01A0 status 0xBFFF001D" << QStringList{"KLV-20G/"};
+    testRow("one", "clear", QStringList{one});
+    testRow("two", "instruments [1111]\nmodel=KLV-6G\n[2222]\nmodel=KLV-20G\n",
+            QStringList{"KLV-6G/1111", "KLV-20G/2222"});
+    testRow("another maker's", "instruments [1111]\nmaker=Somebody\n[2222]\nmodel=KLV-20G\n",
+            QStringList{"KLV-20G/2222"});
+    testRow("maker in capitals", "attribute 0xBFFF0072 text VELTRO", QStringList{one});
+    testRow("another model", "attribute 0xBFFF0077 text Scope", QStringList{});
+    testRow("maker unreadable", "attribute 0xBFFF0072 status 0xBFFF001D", QStringList{one});
+    testRow("model unreadable", "attribute 0xBFFF0077 status 0xBFFF001D", QStringList{"/20215678"});
+    testRow("serial empty", "attribute 0xBFFF01A0 text ", QStringList{});
+    testRow("serial unreadable", "attribute 0xBFFF01A0 status 0xBFFF001D", QStringList{"KLV-20G/"});
 }
 
 void SearchTest::reportsInOrder()

@@ -1,6 +1,7 @@
 #include "link/instrument_limits.h"
 #include "link/scpi_session.h"
 #include "tests/support/demo.h"
+#include "tests/support/rows.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -116,12 +117,12 @@ void SessionTest::openLocksAndReportsNothing()
 
 void SessionTest::textReachesTheWireAsItStands_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::newRow("plain") << "OUTPut ON";
-    QTest::newRow("conversions") << "%n%s%d%lf%";
-    QTest::newRow("doubled") << "100%% %%n";
-    QTest::newRow("grouped") << "LIST:FREQ 1 000 000Hz,2 000 000Hz";
-    QTest::newRow("empty") << "";
+    testColumns<QString>("command");
+    testRow("plain", "OUTPut ON");
+    testRow("conversions", "%n%s%d%lf%");
+    testRow("doubled", "100%% %%n");
+    testRow("grouped", "LIST:FREQ 1 000 000Hz,2 000 000Hz");
+    testRow("empty", "");
 }
 
 void SessionTest::textReachesTheWireAsItStands()
@@ -143,24 +144,17 @@ void SessionTest::completionQueryHasNoLineFeed()
 
 void SessionTest::settingIsReadBack_data()
 {
-    QTest::addColumn<QByteArray>("format");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<FieldKind>("kind");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("shown");
+    testColumns<QByteArray, double, FieldKind, QString, QString>("format", "value", "kind", "sent",
+                                                                 "shown");
 
-    QTest::newRow("frequency") << QByteArray("FREQ %lf Hz;FREQ?") << 2.5e9 << FieldKind::Frequency
-                               << "FREQ 2500000000.000000 Hz;FREQ?\\n"
-                               << "2 500 000 000";
-    QTest::newRow("power") << QByteArray("POW %lf;POW?") << -7.0 << FieldKind::Power
-                           << "POW -7.000000;POW?\\n"
-                           << "-7";
-    QTest::newRow("refused") << QByteArray("FREQ %lf Hz;FREQ?") << 1e30 << FieldKind::Frequency
-                             << "FREQ 1000000000000000019884624838656.000000 Hz;FREQ?\\n"
-                             << "1 000 000 000";
-    QTest::newRow("period") << QByteArray("PULM:INT:PER %lf U;PER?") << 1000.0
-                            << FieldKind::PulsePeriod << "PULM:INT:PER 1000.000000 U;PER?\\n"
-                            << "1 000";
+    testRow("frequency", QByteArray("FREQ %lf Hz;FREQ?"), 2.5e9, FieldKind::Frequency,
+            "FREQ 2500000000.000000 Hz;FREQ?\\n", "2 500 000 000");
+    testRow("power", QByteArray("POW %lf;POW?"), -7.0, FieldKind::Power, "POW -7.000000;POW?\\n",
+            "-7");
+    testRow("refused", QByteArray("FREQ %lf Hz;FREQ?"), 1e30, FieldKind::Frequency,
+            "FREQ 1000000000000000019884624838656.000000 Hz;FREQ?\\n", "1 000 000 000");
+    testRow("period", QByteArray("PULM:INT:PER %lf U;PER?"), 1000.0, FieldKind::PulsePeriod,
+            "PULM:INT:PER 1000.000000 U;PER?\\n", "1 000");
 }
 
 void SessionTest::settingIsReadBack()
@@ -193,23 +187,13 @@ void SessionTest::writesLeaveTheStatus()
 
 void SessionTest::repliesOfAnyKindStayInside_data()
 {
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<int>("length");
-    QTest::newRow("100 kB") << "fault 1 length 100000"
-                            << "" << 65535;
-    QTest::newRow("exactly the buffer") << "fault 1 length 65534"
-                                        << "" << 65535;
-    QTest::newRow("endless") << "fault 1 endless"
-                             << "" << 0;
-    QTest::newRow("with NUL") << "fault 1 reply AB\\x00CD\\n"
-                              << "AB" << 2;
-    QTest::newRow("high bytes") << "fault 1 reply \\xFF\\xFE\\n"
-                                << "\xC3\xBF\xC3\xBE\n"
-                                << 3;
-    QTest::newRow("nothing") << "fault 1 reply \\n"
-                             << "\n"
-                             << 1;
+    testColumns<QString, QString, int>("fault", "start", "length");
+    testRow("100 kB", "fault 1 length 100000", "", 65535);
+    testRow("exactly the buffer", "fault 1 length 65534", "", 65535);
+    testRow("endless", "fault 1 endless", "", 0);
+    testRow("with NUL", "fault 1 reply AB\\x00CD\\n", "AB", 2);
+    testRow("high bytes", "fault 1 reply \\xFF\\xFE\\n", "\xC3\xBF\xC3\xBE\n", 3);
+    testRow("nothing", "fault 1 reply \\n", "\n", 1);
 }
 
 void SessionTest::repliesOfAnyKindStayInside()
@@ -230,13 +214,13 @@ void SessionTest::repliesOfAnyKindStayInside()
 
 void SessionTest::errorQueueIsDrained_data()
 {
-    QTest::addColumn<QStringList>("replies");
-    QTest::newRow("empty, bare") << QStringList{"0,\"No error\"\\n"};
-    QTest::newRow("empty, plus") << QStringList{"+0,\"No error\"\\n"};
-    QTest::newRow("empty, minus") << QStringList{"-0,\"No error\"\\n"};
-    QTest::newRow("several") << QStringList{"-113,\"Undefined header\"\\n",
-                                            "-222,\"Data out of range\"\\n", "0,\"No error\"\\n"};
-    QTest::newRow("rubbish") << QStringList{"\\n", "?\\n", ",,,\\n", "0\\n"};
+    testColumns<QStringList>("replies");
+    testRow("empty, bare", QStringList{"0,\"No error\"\\n"});
+    testRow("empty, plus", QStringList{"+0,\"No error\"\\n"});
+    testRow("empty, minus", QStringList{"-0,\"No error\"\\n"});
+    testRow("several", QStringList{"-113,\"Undefined header\"\\n", "-222,\"Data out of range\"\\n",
+                                   "0,\"No error\"\\n"});
+    testRow("rubbish", QStringList{"\\n", "?\\n", ",,,\\n", "0\\n"});
 }
 
 void SessionTest::errorQueueIsDrained()
@@ -276,12 +260,11 @@ void SessionTest::indicatorsFollowTheQueue()
 
 void SessionTest::errorDrainFails_data()
 {
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<int>("queries");
-    QTest::newRow("time-out") << "fault 1 status 0xBFFF0015" << 1;
-    QTest::newRow("warning") << "fault 1 status 0x3FFF0085" << 1;
-    QTest::newRow("unplugged") << "unplug" << 1;
-    QTest::newRow("never empty") << "errors endless -350" << 10000;
+    testColumns<QString, int>("fault", "queries");
+    testRow("time-out", "fault 1 status 0xBFFF0015", 1);
+    testRow("warning", "fault 1 status 0x3FFF0085", 1);
+    testRow("unplugged", "unplug", 1);
+    testRow("never empty", "errors endless -350", 10000);
 }
 
 void SessionTest::errorDrainFails()

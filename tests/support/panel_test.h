@@ -1,0 +1,26 @@
+#pragma once
+
+#include "tests/support/documents_folder.h"
+#include "tests/support/panel_rig.h"
+
+#include <QTemporaryDir>
+
+/// A test of the window: each of its functions begins with an instrument at power-on, without
+/// settings and with an empty user's folder, and ends without a window.
+class PanelTest : public QObject
+{
+    Q_OBJECT
+
+protected slots:
+    void init();
+    void cleanup() { m_rig.reset(); }
+
+protected:
+    PanelTest();
+
+    QTemporaryDir m_home;
+    DocumentsFolder m_documents{m_home.path()};
+    QSettings m_settings{QStringLiteral("Veltro"), QStringLiteral("KLV")};
+    std::unique_ptr<Demo> m_demo;
+    std::unique_ptr<PanelRig> m_rig;
+};
