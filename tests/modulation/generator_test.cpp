@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -47,33 +46,11 @@ class GeneratorTest : public QObject
     Q_OBJECT
 
 private slots:
-    void hasEveryWidget();
     void waveformsExcludeOneAnother();
     void choiceIsMadeBeforeOthersHearOfIt();
     void autoOff();
-    void fields_data();
-    void fields();
-    void keypad_data();
-    void keypad();
     void pictureFollows();
 };
-
-void GeneratorTest::hasEveryWidget()
-{
-    const Bench bench;
-    QCOMPARE(bench.panel.objectName(), QString("generator"));
-    QCOMPARE(bench.panel.findChild<QLabel*>("name_generator")->text(), QString("LF Generator"));
-    QCOMPARE(bench.panel.findChildren<QPushButton*>(QRegularExpression("\\w*_select")).size(),
-             shapes.size());
-    for (const QString& name : shapes)
-        QVERIFY2(bench.shape(name) && bench.shape(name)->isCheckable(), qPrintable(name));
-    QVERIFY(bench.panel.findChild<QPushButton*>("vvod_Percent"));
-    for (const QWidget* each : bench.panel.findChildren<QWidget*>()) {
-        if (each->inherits("QAbstractButton") || each->inherits("QLineEdit"))
-            QVERIFY2(!each->toolTip().isEmpty() && !each->accessibleName().isEmpty(),
-                     qPrintable(each->objectName()));
-    }
-}
 
 void GeneratorTest::waveformsExcludeOneAnother()
 {
@@ -119,67 +96,6 @@ void GeneratorTest::autoOff()
     QCOMPARE(bench.checked(), QString());
     QCOMPARE(hiddenAtClick, 0);
     QCOMPARE(hide.size(), 1);
-}
-
-void GeneratorTest::fields_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("step");
-    QTest::addColumn<QString>("initial");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("shown");
-    const auto row = [](const char* name, FieldKind kind, StepKind step) -> QTestData& {
-        return QTest::newRow(name) << static_cast<int>(kind) << static_cast<int>(step);
-    };
-    row("FREQ", FieldKind::LfFrequency, StepKind::LfFrequency) << "10 000.0"
-                                                               << "2,5k"
-                                                               << "2 500";
-    row("VOLTAGE", FieldKind::LfAmplitude, StepKind::LfAmplitude) << "1.000"
-                                                                  << "250m"
-                                                                  << "0.25";
-    row("percent", FieldKind::LfDuty, StepKind::LfDuty) << "50"
-                                                        << "2.5"
-                                                        << "2";
-}
-
-void GeneratorTest::fields()
-{
-    QFETCH(int, kind);
-    QFETCH(int, step);
-    QFETCH(QString, keys);
-    const Bench bench;
-    auto* field = bench.panel.findChild<NumberEdit*>(QTest::currentDataTag());
-    QCOMPARE(static_cast<int>(field->kind()), kind);
-    QCOMPARE(static_cast<int>(*stepKind(field->quantity())), step);
-    QTEST(field->text(), "initial");
-    bench.click("rectangle");
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, keys);
-    QTEST(field->text(), "shown");
-}
-
-void GeneratorTest::keypad_data()
-{
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("FREQ") << "Frequency";
-    QTest::newRow("VOLTAGE") << "Magnitude";
-    QTest::newRow("percent") << "DUTY";
-}
-
-void GeneratorTest::keypad()
-{
-    QFETCH(QString, caption);
-    Bench bench;
-    bench.click("rectangle");
-    QStringList asked;
-    connect(&bench.panel, &generator::keypadRequested,
-            [&](const QLineEdit* field) { asked << field->objectName(); });
-    for (auto* button : bench.panel.findChildren<QPushButton*>()) {
-        if (button->text() == caption)
-            QTest::mouseClick(button, Qt::LeftButton);
-    }
-    QCOMPARE(asked, QStringList(QTest::currentDataTag()));
 }
 
 void GeneratorTest::pictureFollows()

@@ -1,4 +1,6 @@
+#include "link/pause.h"
 #include "tests/modulation/modulation_rig.h"
+#include "tests/support/rows.h"
 
 #include <memory>
 
@@ -77,9 +79,9 @@ private:
 
 void LfGeneratorCommandsTest::waveforms_data()
 {
-    QTest::addColumn<int>("index");
+    testColumns<int>("index");
     for (int i = 0; i < shapeCount; ++i)
-        QTest::newRow(shapeRows[i].button) << i;
+        testRow(shapeRows[i].button, i);
 }
 
 void LfGeneratorCommandsTest::waveforms()
@@ -90,10 +92,9 @@ void LfGeneratorCommandsTest::waveforms()
     for (const QString& each : row.shape)
         expected << "LFO:FUNC:" + each;
     expected += row.parameters;
-    QElapsedTimer clock;
-    clock.start();
+    pauses().totalMs = 0;
     m_rig->click(row.button);
-    QCOMPARE((clock.elapsed() + 50) / 400, qint64(row.pauses));
+    QCOMPARE(pauses().totalMs, 400 * row.pauses);
     QCOMPARE(m_rig->sent(), expected);
     QCOMPARE(m_rig->sweepOffs, 1);
     QCOMPARE(m_rig->whatIsOn(), QString("LFO"));
@@ -119,14 +120,10 @@ void LfGeneratorCommandsTest::restores()
 
 void LfGeneratorCommandsTest::fields_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("FREQ") << "2 500" << QStringList("LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!")
-                          << "2 500.0";
-    QTest::newRow("VOLTAGE") << "99" << QStringList("LFO:AMPLitude 5.000000;AMPLitude?!")
-                             << "5.000";
-    QTest::newRow("percent") << "0" << QStringList("LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!") << "5";
+    testColumns<QString, QStringList, QString>("typed", "sent", "shown");
+    testRow("FREQ", "2 500", QStringList("LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"), "2 500.0");
+    testRow("VOLTAGE", "99", QStringList("LFO:AMPLitude 5.000000;AMPLitude?!"), "5.000");
+    testRow("percent", "0", QStringList("LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!"), "5");
 }
 
 void LfGeneratorCommandsTest::fields()
@@ -153,7 +150,7 @@ void LfGeneratorCommandsTest::frequencyGoesOutAsTyped()
 
 void LfGeneratorCommandsTest::modulationGoesOffFirst()
 {
-    m_rig->clickAll("IntExt_AM AM IntExt_PULM Pulse");
+    m_rig->click("IntExt_AM AM IntExt_PULM Pulse");
     m_rig->sent();
     m_rig->sweepOffs = 0;
     m_rig->click("dc_select");
@@ -165,36 +162,17 @@ void LfGeneratorCommandsTest::modulationGoesOffFirst()
 
 void LfGeneratorCommandsTest::newestClickWins_data()
 {
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QString>("second");
-    QTest::addColumn<QString>("on");
-    QTest::addColumn<QString>("lastShape");
-    QTest::newRow("off before the shape") << "sine_select"
-                                          << "STAT ON"
-                                          << "sine_select"
-                                          << ""
-                                          << "";
-    QTest::newRow("another before the shape") << "sine_select"
-                                              << "STAT ON"
-                                              << "triangle_select"
-                                              << "LFO"
-                                              << "LFO:FUNC:SHAP TRI!";
-    QTest::newRow("another in the ramp") << "sawPos_select"
-                                         << "SHAP RAMP"
-                                         << "dc_select"
-                                         << "LFO"
-                                         << "LFO:FUNC:SHAP DC!";
-    QTest::newRow("off after the direction") << "sawNeg_select"
-                                             << "RAMP NEG"
-                                             << "sawNeg_select"
-                                             << ""
-                                             << "LFO:FUNC:SHAP:RAMP NEG!";
-    QTest::newRow("off and on") << "random_select"
-                                << "STAT ON"
-                                << "random_select random_select"
-                                << "LFO"
-                                << "LFO:FUNC:SHAP RAND!";
+    testColumns<QString, QString, QString, QString, QString>("first", "seen", "second", "on",
+                                                             "lastShape");
+    testRow("off before the shape", "sine_select", "STAT ON", "sine_select", "", "");
+    testRow("another before the shape", "sine_select", "STAT ON", "triangle_select", "LFO",
+            "LFO:FUNC:SHAP TRI!");
+    testRow("another in the ramp", "sawPos_select", "SHAP RAMP", "dc_select", "LFO",
+            "LFO:FUNC:SHAP DC!");
+    testRow("off after the direction", "sawNeg_select", "RAMP NEG", "sawNeg_select", "",
+            "LFO:FUNC:SHAP:RAMP NEG!");
+    testRow("off and on", "random_select", "STAT ON", "random_select random_select", "LFO",
+            "LFO:FUNC:SHAP RAND!");
 }
 
 void LfGeneratorCommandsTest::newestClickWins()
@@ -203,7 +181,7 @@ void LfGeneratorCommandsTest::newestClickWins()
     QFETCH(QString, seen);
     QFETCH(QString, second);
     QFETCH(QString, lastShape);
-    m_rig->whenSent(seen, [&] { m_rig->clickAll(second); });
+    m_rig->whenSent(seen, [&] { m_rig->click(second); });
     m_rig->click(first);
     const QStringList shapes = m_rig->sent().filter("SHAP");
     QCOMPARE(shapes.isEmpty() ? QString() : shapes.last(), lastShape);
@@ -212,11 +190,10 @@ void LfGeneratorCommandsTest::newestClickWins()
 
 void LfGeneratorCommandsTest::lostConnectionEndsSequences_data()
 {
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<int>("count");
-    QTest::newRow("before the shape") << "STAT ON" << 1;
-    QTest::newRow("in the ramp") << "SHAP RAMP" << 2;
-    QTest::newRow("after the direction") << "RAMP POS" << 3;
+    testColumns<QString, int>("seen", "count");
+    testRow("before the shape", "STAT ON", 1);
+    testRow("in the ramp", "SHAP RAMP", 2);
+    testRow("after the direction", "RAMP POS", 3);
 }
 
 void LfGeneratorCommandsTest::lostConnectionEndsSequences()

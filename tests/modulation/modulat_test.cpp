@@ -1,5 +1,6 @@
 #include "modulation/modulat.h"
 #include "tests/support/fields.h"
+#include "tests/support/rows.h"
 
 #include <QGroupBox>
 #include <QLabel>
@@ -9,8 +10,6 @@
 #include <QTest>
 
 Q_DECLARE_METATYPE(Modulation)
-Q_DECLARE_METATYPE(FieldKind)
-Q_DECLARE_METATYPE(StepKind)
 
 namespace
 {
@@ -69,25 +68,11 @@ struct Bench {
     Modulat panel{fields.context};
 };
 
-/// The first two controls that lie on each other.
-QString overlapping(const QWidget& body)
-{
-    const auto children = body.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
-    for (const QWidget* one : children) {
-        for (const QWidget* other : children) {
-            if (one != other && one->geometry().intersects(other->geometry()))
-                return one->objectName() + " over " + other->objectName();
-        }
-    }
-    return QString();
-}
-
 void addModulations()
 {
-    QTest::addColumn<Modulation>("modulation");
-    QTest::addColumn<QString>("suffix");
+    testColumns<Modulation, QString>("modulation", "suffix");
     for (int i = 0; i < suffixes.size(); ++i)
-        QTest::newRow(qPrintable(suffixes.at(i))) << static_cast<Modulation>(i) << suffixes.at(i);
+        testRow(suffixes.at(i), static_cast<Modulation>(i), suffixes.at(i));
 }
 } // namespace
 
@@ -96,91 +81,19 @@ class ModulatTest : public QObject
     Q_OBJECT
 
 private slots:
-    void hasEveryWidget_data();
-    void hasEveryWidget();
-    void everyControlSaysWhatItIs();
     void shapes_data() { addModulations(); }
     void shapes();
     void dutyButtonTellsTheDuty_data() { addModulations(); }
     void dutyButtonTellsTheDuty();
-    void fields_data();
-    void fields();
-    void keypad_data();
-    void keypad();
     void groupOfTheSwitchedOneIsExpanded();
     void updateFollowsTheStateButtons();
     void headersFoldWithoutSwitching();
     void keepsItsSize();
-    void bodiesAreNotCut();
     void foldedFieldsTakeNoFocus();
     void pulseUnits();
     void externalPulsesDisablePeriodAndWidth();
     void picturesFollow();
 };
-
-void ModulatTest::hasEveryWidget_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("names");
-    QTest::newRow("group boxes") << "QGroupBox"
-                                 << "Box_modulation PULM_ AM_ FM_ PM_";
-    QTest::newRow("labels") << "QLabel"
-                            << "titleModulation titlePulse titleAM titleFM titlePM label_3 label_4 "
-                               "label_7 label_8 label_9 label_10";
-    QTest::newRow("checkable") << "checkable"
-                               << "AM FM PM Pulse IntExt_AM IntExt_FM IntExt_PM IntExt_PULM";
-    QTest::newRow("buttons") << "QPushButton"
-                             << "pulse_period pulse_width us_per us_wid pushButton pushButton_2 "
-                                "pushButton_3 pushButton_4 pushButton_5 pushButton_6 pushButton_7 "
-                                "pushButton_8 pushButton_9 Ampl_F Ampl_depth FREQ_T FREQ_Dev "
-                                "Phase_T Phase_Dev";
-    QTest::newRow("fields") << "QLineEdit"
-                            << "line_period line_width";
-    for (const QString& suffix : suffixes) {
-        QTest::addRow("fields %s", qPrintable(suffix))
-            << "QLineEdit" << QString("line_%1_1 line_%1_2 percentLine_%1").arg(suffix);
-        QTest::addRow("duty button %s", qPrintable(suffix)) << "QPushButton"
-                                                            << "percentButton_" + suffix;
-        for (const QString& prefix : shapePrefixes)
-            QTest::addRow("%s %s", qPrintable(prefix), qPrintable(suffix))
-                << "checkable" << prefix + '_' + suffix;
-    }
-}
-
-void ModulatTest::hasEveryWidget()
-{
-    QFETCH(QString, type);
-    QFETCH(QString, names);
-    const bool isCheckable = type == "checkable";
-    const Fields fields;
-    const Modulat panel(fields.context);
-    QCOMPARE(panel.objectName(), QString("Modulat"));
-    for (const QString& name : names.split(' ')) {
-        const auto found = panel.findChildren<QWidget*>(name);
-        QVERIFY2(found.size() == 1, qPrintable(name));
-        QVERIFY2(found.first()->inherits(isCheckable ? "QPushButton" : qPrintable(type)),
-                 qPrintable(name));
-        if (const auto* button = qobject_cast<QPushButton*>(found.first()))
-            QVERIFY2(button->isCheckable() == isCheckable, qPrintable(name));
-    }
-}
-
-void ModulatTest::everyControlSaysWhatItIs()
-{
-    const Fields fields;
-    const Modulat panel(fields.context);
-    QStringList names;
-    for (const QWidget* each : panel.findChildren<QWidget*>()) {
-        const bool isControl = each->inherits("QAbstractButton") || each->inherits("QLineEdit");
-        if (!isControl)
-            continue;
-        QVERIFY2(!each->toolTip().isEmpty(), qPrintable(each->objectName()));
-        QVERIFY2(!each->accessibleName().isEmpty(), qPrintable(each->objectName()));
-        if (const auto* field = qobject_cast<const QLineEdit*>(each))
-            names << field->accessibleName();
-    }
-    QCOMPARE(names.removeDuplicates(), 0);
-}
 
 void ModulatTest::shapes()
 {
@@ -231,102 +144,6 @@ void ModulatTest::dutyButtonTellsTheDuty()
     QEvent languageChange(QEvent::LanguageChange);
     QCoreApplication::sendEvent(&bench.panel, &languageChange);
     QCOMPARE(button->text(), QString("35"));
-}
-
-void ModulatTest::fields_data()
-{
-    QTest::addColumn<FieldKind>("kind");
-    QTest::addColumn<StepKind>("step");
-    QTest::addColumn<QString>("initial");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("shown");
-    using F = FieldKind;
-    using S = StepKind;
-    QTest::newRow("line_period") << F::PulsePeriod << S::PulsePeriod << "1 000"
-                                 << "12345x"
-                                 << "12 345";
-    QTest::newRow("line_width") << F::PulseWidth << S::PulseWidth << "1.00"
-                                << "2500,5"
-                                << "2 500.5";
-    QTest::newRow("line_Ampl_1") << F::ModulationRate << S::AmRate << "1 000"
-                                 << "2.5k"
-                                 << "2 500";
-    QTest::newRow("line_Ampl_2") << F::AmDepth << S::AmDepth << "1.00"
-                                 << "3%0,5"
-                                 << "30.5";
-    QTest::newRow("percentLine_Ampl") << F::Duty << S::AmDuty << "50"
-                                      << "4.5"
-                                      << "4";
-    QTest::newRow("line_FREQ_1") << F::ModulationRate << S::FmRate << "1 000"
-                                 << "1m"
-                                 << "1 000 000";
-    QTest::newRow("line_FREQ_2") << F::FmDeviation << S::FmDeviation << "0.0015625"
-                                 << "2k"
-                                 << "2 000";
-    QTest::newRow("percentLine_FREQ") << F::Duty << S::FmDuty << "50"
-                                      << "-45"
-                                      << "45";
-    QTest::newRow("line_Phase_1") << F::ModulationRate << S::PmRate << "1 000"
-                                  << "12345.5"
-                                  << "12 345.5";
-    QTest::newRow("line_Phase_2") << F::PmDeviation << S::PmDeviation << "0.001"
-                                  << "1,5k"
-                                  << "1.5";
-    QTest::newRow("percentLine_Phase") << F::Duty << S::PmDuty << "50"
-                                       << "4 5"
-                                       << "45";
-}
-
-void ModulatTest::fields()
-{
-    QFETCH(FieldKind, kind);
-    QFETCH(StepKind, step);
-    QFETCH(QString, keys);
-    Bench bench;
-    auto* field = static_cast<NumberEdit*>(bench.field(QTest::currentDataTag()));
-    QCOMPARE(field->kind(), kind);
-    QCOMPARE(stepKind(field->quantity()), std::optional(step));
-    QTEST(field->text(), "initial");
-    for (const QString& suffix : suffixes)
-        bench.click("Rect_" + suffix);
-    for (const Modulation each : modulations) {
-        if (bench.panel.group(each).isAncestorOf(field))
-            bench.panel.expand(each, false);
-    }
-    bench.type(QTest::currentDataTag(), keys);
-    QTEST(field->text(), "shown");
-}
-
-void ModulatTest::keypad_data()
-{
-    QTest::addColumn<QString>("buttons");
-    QTest::newRow("line_period") << "pulse_period";
-    QTest::newRow("line_width") << "pulse_width";
-    QTest::newRow("line_Ampl_1") << "Ampl_F pushButton";
-    QTest::newRow("line_Ampl_2") << "Ampl_depth pushButton_2";
-    QTest::newRow("percentLine_Ampl") << "percentButton_Ampl pushButton_7";
-    QTest::newRow("line_FREQ_1") << "FREQ_T pushButton_3";
-    QTest::newRow("line_FREQ_2") << "FREQ_Dev pushButton_4";
-    QTest::newRow("percentLine_FREQ") << "percentButton_FREQ pushButton_8";
-    QTest::newRow("line_Phase_1") << "Phase_T pushButton_5";
-    QTest::newRow("line_Phase_2") << "Phase_Dev pushButton_6";
-    QTest::newRow("percentLine_Phase") << "percentButton_Phase pushButton_9";
-}
-
-void ModulatTest::keypad()
-{
-    QFETCH(QString, buttons);
-    Bench bench;
-    for (const QString& suffix : suffixes)
-        bench.click("Rect_" + suffix);
-    QStringList asked;
-    connect(&bench.panel, &Modulat::keypadRequested,
-            [&](const QLineEdit* field) { asked << field->objectName(); });
-    for (const QString& name : buttons.split(' ')) {
-        asked.clear();
-        bench.click(name);
-        QCOMPARE(asked, QStringList(QTest::currentDataTag()));
-    }
 }
 
 void ModulatTest::groupOfTheSwitchedOneIsExpanded()
@@ -391,23 +208,6 @@ void ModulatTest::keepsItsSize()
     bench.click("titlePulse");
     QTRY_VERIFY(bench.isStill());
     QTRY_COMPARE(bench.panel.minimumSizeHint(), size);
-}
-
-void ModulatTest::bodiesAreNotCut()
-{
-    Bench bench;
-    for (const Modulation each : modulations) {
-        bench.panel.expand(each, false);
-        QCoreApplication::processEvents();
-        for (const auto* box : bench.panel.findChildren<FoldBox*>()) {
-            const QWidget* body = box->body();
-            QVERIFY2(!box->isExpanded() || body->width() >= body->minimumSizeHint().width(),
-                     qPrintable(box->objectName()));
-            QVERIFY(!box->isExpanded() || body->parentWidget()->height() == body->height());
-            QVERIFY2(!box->isExpanded() || overlapping(*body).isEmpty(),
-                     qPrintable(overlapping(*body)));
-        }
-    }
 }
 
 void ModulatTest::foldedFieldsTakeNoFocus()

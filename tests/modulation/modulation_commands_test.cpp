@@ -1,4 +1,5 @@
 #include "tests/modulation/modulation_rig.h"
+#include "tests/support/rows.h"
 
 #include <memory>
 
@@ -80,10 +81,7 @@ private:
 
 void ModulationCommandsTest::switches_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("on");
+    testColumns<QString, QString, QStringList, QString>("before", "clicked", "sent", "on");
     for (int i = 0; i < names.size(); ++i) {
         const QString& name = names.at(i);
         const QString source = "IntExt_" + name;
@@ -96,31 +94,23 @@ void ModulationCommandsTest::switches_data()
         newRow(name + " to internal") << source + ' ' + name << source << setUpOf(i) << name;
         newRow(name + " off, source") << "" << source << QStringList() << "";
     }
-    QTest::newRow("FM after AM") << "AM"
-                                 << "FM" << QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1)
-                                 << "FM";
-    QTest::newRow("PM beside pulse")
-        << "Pulse"
-        << "PM" << QStringList("PM:STATe ON") + setUpOf(2) << "PM PULM";
+    testRow("FM after AM", "AM", "FM", QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1),
+            "FM");
+    testRow("PM beside pulse", "Pulse", "PM", QStringList("PM:STATe ON") + setUpOf(2), "PM PULM");
     const QStringList pulseOn = {"PULM:STATe ON", "PULM:SOUR INT"};
     const QStringList pulseExternal = {"PULM:STATe ON", "PULM:SOUR EXT"};
-    QTest::newRow("Pulse on") << ""
-                              << "Pulse" << pulseOn + pulseValues << "PULM";
-    QTest::newRow("Pulse on, external") << "IntExt_PULM"
-                                        << "Pulse" << pulseExternal << "PULM";
-    QTest::newRow("Pulse off") << "Pulse"
-                               << "Pulse" << QStringList{"PULM:STATe OFF", "PULM:SOUR INT"} << "";
-    QTest::newRow("Pulse to external") << "Pulse"
-                                       << "IntExt_PULM" << pulseExternal << "PULM";
-    QTest::newRow("Pulse to internal") << "IntExt_PULM Pulse"
-                                       << "IntExt_PULM" << pulseOn + pulseValues << "PULM";
+    testRow("Pulse on", "", "Pulse", pulseOn + pulseValues, "PULM");
+    testRow("Pulse on, external", "IntExt_PULM", "Pulse", pulseExternal, "PULM");
+    testRow("Pulse off", "Pulse", "Pulse", QStringList{"PULM:STATe OFF", "PULM:SOUR INT"}, "");
+    testRow("Pulse to external", "Pulse", "IntExt_PULM", pulseExternal, "PULM");
+    testRow("Pulse to internal", "IntExt_PULM Pulse", "IntExt_PULM", pulseOn + pulseValues, "PULM");
 }
 
 void ModulationCommandsTest::switches()
 {
     QFETCH(QString, before);
     QFETCH(QString, clicked);
-    m_rig->clickAll(before);
+    m_rig->click(before);
     m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
     m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
     m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
@@ -132,8 +122,7 @@ void ModulationCommandsTest::switches()
 
 void ModulationCommandsTest::shapes_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("shape");
+    testColumns<QString, QStringList>("name", "shape");
     const QStringList prefixes = {"Sin", "SawPos", "SawNeg", "Triangle", "Random", "Rect"};
     const QList<QStringList> commands = {
         {"SIN!"}, {"RAMP!", ":RAMP POS!"}, {"RAMP!", ":RAMP NEG!"}, {"TRI!"}, {"RAND!"}, {"SQU!"}};
@@ -157,7 +146,7 @@ void ModulationCommandsTest::shapes()
 
 void ModulationCommandsTest::setUpSendsTheShape()
 {
-    m_rig->clickAll("SawNeg_Phase Rect_Ampl");
+    m_rig->click("SawNeg_Phase Rect_Ampl");
     m_rig->sent();
     m_rig->click("PM");
     const QStringList sent = m_rig->sent();
@@ -167,10 +156,7 @@ void ModulationCommandsTest::setUpSendsTheShape()
 
 void ModulationCommandsTest::fields_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("shown");
+    testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
     const auto row = [](const QString& tag, const QString& field, const QString& typed,
                         const QStringList& sent,
                         const QString& shown) { newRow(tag) << field << typed << sent << shown; };
@@ -234,29 +220,21 @@ void ModulationCommandsTest::failedReads()
 
 void ModulationCommandsTest::widthStaysBelowThePeriod_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("period below") << "line_period"
-                                  << "8" << QStringList{"PULM:INT:PER 20.100000 U;PER?!"}
-                                  << "20.1, 20.00";
-    QTest::newRow("width above") << "line_width"
-                                 << "2000"
-                                 << QStringList{"PULM:INT:PER 2000.100000 U;PER?!",
-                                                "PULM:INT:PWID 2000.000000 U;PWID?!"}
-                                 << "2 000.1, 2 000.00";
+    testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
+    testRow("period below", "line_period", "8", QStringList{"PULM:INT:PER 20.100000 U;PER?!"},
+            "20.1, 20.00");
+    testRow("width above", "line_width", "2000",
+            QStringList{"PULM:INT:PER 2000.100000 U;PER?!", "PULM:INT:PWID 2000.000000 U;PWID?!"},
+            "2 000.1, 2 000.00");
     // No period is long enough for such a width: the width has to give way.
     QTest::newRow("width at the limit")
         << "line_width"
         << "5000"
         << QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"}
         << "5 000, 4 999.9";
-    QTest::newRow("width beyond the limit")
-        << "line_width"
-        << "9s"
-        << QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"}
-        << "5 000, 4 999.9";
+    testRow("width beyond the limit", "line_width", "9s",
+            QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"},
+            "5 000, 4 999.9");
 }
 
 void ModulationCommandsTest::widthStaysBelowThePeriod()
@@ -327,8 +305,7 @@ void ModulationCommandsTest::checkInstrumentHoldsPulse()
 
 void ModulationCommandsTest::restores_data()
 {
-    QTest::addColumn<QString>("checked");
-    QTest::addColumn<QStringList>("sent");
+    testColumns<QString, QStringList>("checked", "sent");
     const QStringList reversed = {pulseValues.at(1), pulseValues.at(0)};
     for (int i = 0; i < names.size(); ++i) {
         const QString& name = names.at(i);
@@ -341,11 +318,10 @@ void ModulationCommandsTest::restores_data()
         newRow(name + " and pulse")
             << name + " Pulse" << QStringList("PULM:STAT ON") + on + reversed + values;
     }
-    QTest::newRow("all external") << "AM IntExt_AM Pulse IntExt_PULM"
-                                  << QStringList{"PULM:STAT ON", "AM:STAT ON"};
-    QTest::newRow("pulse alone") << "Pulse"
-                                 << QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues;
-    QTest::newRow("none") << "IntExt_FM" << QStringList();
+    testRow("all external", "AM IntExt_AM Pulse IntExt_PULM",
+            QStringList{"PULM:STAT ON", "AM:STAT ON"});
+    testRow("pulse alone", "Pulse", QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues);
+    testRow("none", "IntExt_FM", QStringList());
 }
 
 void ModulationCommandsTest::restores()
@@ -362,14 +338,14 @@ void ModulationCommandsTest::restores()
 void ModulationCommandsTest::exclusionsComeInOrder()
 {
     m_rig->click("dc_select");
-    m_rig->clickAll("IntExt_AM IntExt_PULM");
+    m_rig->click("IntExt_AM IntExt_PULM");
     m_rig->sent();
     m_rig->sweepOffs = 0;
     m_rig->click("AM");
     QCOMPARE(m_rig->sent(), QStringList({"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}));
     QCOMPARE(m_rig->whatIsOn(), QString("AM"));
 
-    m_rig->clickAll("AM dc_select");
+    m_rig->click("AM dc_select");
     m_rig->sent();
     m_rig->sweepOffs = 0;
     m_rig->click("Pulse");
@@ -382,7 +358,7 @@ void ModulationCommandsTest::exclusionsComeInOrder()
 
 void ModulationCommandsTest::everythingOff()
 {
-    m_rig->clickAll("IntExt_FM FM Pulse");
+    m_rig->click("IntExt_FM FM Pulse");
     m_rig->panel.expand(Modulation::Fm, false);
     m_rig->sent();
     m_rig->modulation.switchEverythingOff(false);
@@ -406,15 +382,11 @@ void ModulationCommandsTest::everythingOff()
 
 void ModulationCommandsTest::newestClickWins_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QString>("second");
-    QTest::addColumn<QString>("on");
+    testColumns<QString, QString, QString, QString, QString>("before", "first", "seen", "second",
+                                                             "on");
     const auto row = [](const char* tag, const char* before, const char* first, const char* seen,
-                        const char* second, const char* on) {
-        QTest::newRow(tag) << before << first << seen << second << on;
-    };
+                        const char* second,
+                        const char* on) { testRow(tag, before, first, seen, second, on); };
     row("off again before on", "", "AM", "", "AM", "");
     row("off again before set-up", "", "AM", "AM:STATe ON", "AM", "");
     row("on again before off", "AM", "AM", "", "AM", "AM");
@@ -446,12 +418,12 @@ void ModulationCommandsTest::newestClickWins()
     QFETCH(QString, first);
     QFETCH(QString, seen);
     QFETCH(QString, second);
-    m_rig->clickAll(before);
+    m_rig->click(before);
     m_rig->sent();
     bool isClicked = false;
     m_rig->whenSent(seen, [&] {
         isClicked = true;
-        m_rig->clickAll(second);
+        m_rig->click(second);
     });
     m_rig->click(first);
     QVERIFY(isClicked);
@@ -468,26 +440,13 @@ void ModulationCommandsTest::newestClickWins()
 
 void ModulationCommandsTest::lostConnectionEndsSequences_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QStringList>("sent");
-    QTest::newRow("before on") << ""
-                               << "AM"
-                               << "" << QStringList();
-    QTest::newRow("before set-up") << ""
-                                   << "AM"
-                                   << "AM:STATe ON" << QStringList("AM:STATe ON");
-    QTest::newRow("before the other's off") << "AM"
-                                            << "FM"
-                                            << "" << QStringList();
-    QTest::newRow("before pulse's values")
-        << ""
-        << "Pulse"
-        << "PULM:SOUR" << QStringList{"PULM:STATe ON", "PULM:SOUR INT"};
-    QTest::newRow("source") << "IntExt_PM PM"
-                            << "IntExt_PM"
-                            << "" << QStringList();
+    testColumns<QString, QString, QString, QStringList>("before", "clicked", "seen", "sent");
+    testRow("before on", "", "AM", "", QStringList());
+    testRow("before set-up", "", "AM", "AM:STATe ON", QStringList("AM:STATe ON"));
+    testRow("before the other's off", "AM", "FM", "", QStringList());
+    testRow("before pulse's values", "", "Pulse", "PULM:SOUR",
+            QStringList{"PULM:STATe ON", "PULM:SOUR INT"});
+    testRow("source", "IntExt_PM PM", "IntExt_PM", "", QStringList());
 }
 
 void ModulationCommandsTest::lostConnectionEndsSequences()
@@ -495,7 +454,7 @@ void ModulationCommandsTest::lostConnectionEndsSequences()
     QFETCH(QString, before);
     QFETCH(QString, clicked);
     QFETCH(QString, seen);
-    m_rig->clickAll(before);
+    m_rig->click(before);
     m_rig->sent();
     m_rig->whenSent(seen, [this] { m_rig->session.close(); });
     m_rig->click(clicked);
@@ -507,7 +466,7 @@ void ModulationCommandsTest::offlineOnlyThePanelChanges()
 {
     m_rig->session.close();
     m_rig->demo.takeTranscript();
-    m_rig->clickAll("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
+    m_rig->click("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
     QVERIFY(!m_rig->get("AM")->isChecked());
     QVERIFY(m_rig->get("FM")->isChecked());
     QVERIFY(!m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());

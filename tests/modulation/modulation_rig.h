@@ -1,33 +1,22 @@
 #pragma once
 
-#include "link/scpi_session.h"
 #include "modulation/generator.h"
 #include "modulation/lf_generator_commands.h"
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
-#include "tests/support/demo.h"
-#include "tests/support/fields.h"
+#include "tests/support/wire_rig.h"
 #include "ui/resources.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
 
-#include <clocale>
-
 /// Both panels and their commands over the simulated instrument, joined as the window joins them.
-class ModulationRig
+class ModulationRig : public WireRig
 {
 public:
     ModulationRig()
     {
-        std::setlocale(LC_NUMERIC, "C");
-        visa.load(Demo::libraryPath().toLocal8Bit().constData());
-        session.openResourceManager();
-        if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
-            qFatal("no instrument");
-        session.setConnected();
         fields.limits.readLimits(session);
         QObject::connect(&session, &ScpiSession::connectionFailed, [this] { session.close(); });
         QObject::connect(&modulation, &ModulationCommands::switchedOn, [this] {
@@ -41,25 +30,6 @@ public:
         demo.takeTranscript();
     }
 
-    ~ModulationRig() { session.close(); }
-
-    template <typename Widget = QPushButton>
-    Widget* get(const QString& name)
-    {
-        auto* widget = host.findChild<Widget*>(name);
-        if (!widget)
-            qFatal("no %s", qUtf8Printable(name));
-        return widget;
-    }
-
-    /// Returns when all the sequences that this starts are over.
-    void click(const QString& name) { get(name)->click(); }
-    /// Clicks one after the other, separated by blanks.
-    void clickAll(const QString& names)
-    {
-        for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts))
-            click(name);
-    }
     void enter(const QString& name, const QString& text)
     {
         auto* field = get<QLineEdit>(name);
@@ -67,35 +37,6 @@ public:
         emit field->editingFinished();
     }
     QString text(const QString& name) { return get<QLineEdit>(name)->text(); }
-
-    /// Once a text has been sent, in a pause of whatever sends it.
-    void whenSent(const QString& text, const std::function<void()>& action)
-    {
-        auto* timer = new QTimer(&host);
-        QObject::connect(timer, &QTimer::timeout, &host, [=] {
-            if (!demo(QStringLiteral("transcript")).contains(text))
-                return;
-            timer->stop();
-            action();
-        });
-        timer->start(1);
-    }
-
-    /// What has been sent since the last call, without line feeds; "!" stands for each look into
-    /// the error queue, behind the command that it checks.
-    QStringList sent()
-    {
-        QStringList commands;
-        for (QString line : demo.takeSent()) {
-            if (line == QLatin1String("SYSTem:ERRor?\\n") && !commands.isEmpty())
-                commands.last() += QLatin1Char('!');
-            else if (line.endsWith(QLatin1String("\\n")))
-                commands << line.chopped(2);
-            else
-                commands << line + QLatin1String(" without line feed");
-        }
-        return commands;
-    }
 
     /// What panels, indicators and instrument say is on, when they agree; else all that they say.
     /// The transcript starts afresh.
@@ -131,11 +72,6 @@ public:
             .arg(buttons.join(' '), lamps.join(' '), instrument.join(' '));
     }
 
-    Demo demo;
-    VisaLibrary visa;
-    ScpiSession session{visa};
-    Fields fields;
-    QWidget host;
     Modulat panel{fields.context, &host};
     generator lfPanel{fields.context, &host};
     QLabel amPmFm;

