@@ -1,5 +1,6 @@
 #include "tests/support/fields.h"
 #include "tests/support/quantities.h"
+#include "tests/support/rows.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -26,10 +27,7 @@ private slots:
 
 void PastingTest::pasting_data()
 {
-    QTest::addColumn<FieldKind>("kind");
-    QTest::addColumn<QString>("pasted");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("said");
+    testColumns<FieldKind, QString, QString, QString>("kind", "pasted", "shown", "said");
     using K = FieldKind;
     const struct {
         FieldKind kind;
@@ -50,8 +48,7 @@ void PastingTest::pasting_data()
         {K::Frequency, "123456789012345", "7", "field: \"123456789012345\" cannot be read"},
     };
     for (const auto& row : rows)
-        QTest::newRow(row.pasted) << row.kind << QString(row.pasted) << QString(row.shown)
-                                  << QString(row.said);
+        testRow(row.pasted, row.kind, QString(row.pasted), QString(row.shown), QString(row.said));
 }
 
 /// A field that steps takes no keys without it.

@@ -1,4 +1,5 @@
 #include "numbers/quantity_text.h"
+#include "tests/support/rows.h"
 
 #include <QtTest>
 
@@ -16,10 +17,7 @@ private slots:
 /// "-" stands for a text that cannot be read.
 void QuantityTextTest::reads_data()
 {
-    QTest::addColumn<FieldKind>("kind");
-    QTest::addColumn<int>("plainPower");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("number");
+    testColumns<FieldKind, int, QString, QString>("kind", "plainPower", "text", "number");
     using K = FieldKind;
     const struct {
         FieldKind kind;
@@ -58,8 +56,7 @@ void QuantityTextTest::reads_data()
         {K::PointCount, "5 k", "-"},
     };
     for (const auto& row : rows)
-        QTest::newRow(row.text) << row.kind << row.plainPower << QString(row.text)
-                                << QString(row.number);
+        testRow(row.text, row.kind, row.plainPower, QString(row.text), QString(row.number));
 }
 
 void QuantityTextTest::reads()

@@ -1,4 +1,5 @@
 #include "numbers/readable_quantity.h"
+#include "tests/support/rows.h"
 
 #include <QTest>
 
@@ -16,23 +17,21 @@ private slots:
 
 void ReadableQuantityTest::readable_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<Unit>("unit");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("plain") << 1.0 << Unit::Volt << "1 V";
-    QTest::newRow("kilo") << 1000.0 << Unit::Hertz << "1 kHz";
-    QTest::newRow("giga") << 2.5e9 << Unit::Hertz << "2.5 GHz";
-    QTest::newRow("milli") << 0.0015625 << Unit::Hertz << "1.5625 mHz";
-    QTest::newRow("micro") << 0.25e-3 << Unit::Second << "250 µs";
-    QTest::newRow("rounds up into the next prefix") << 999999.9 << Unit::Hertz << "1 MHz";
-    QTest::newRow("negative") << -0.001 << Unit::Radian << "\u22121 mrad";
-    QTest::newRow("percent has no prefix") << 0.001 << Unit::Percent << "0.001 %";
-    QTest::newRow("dBm has no prefix") << -0.25 << Unit::Dbm << "\u22120.25 dBm";
-    QTest::newRow("no kiloseconds") << 86400.0 << Unit::Second << "86400 s";
-    QTest::newRow("a million seconds") << 1e6 << Unit::Second << "1000000 s";
-    QTest::newRow("zero") << -0.0 << Unit::Second << "0 s";
-    QTest::newRow("beyond the prefixes") << 5e12 << Unit::Hertz << "5000 GHz";
-    QTest::newRow("below the prefixes") << 1e-13 << Unit::Second << "0.1 ps";
+    testColumns<double, Unit, QString>("value", "unit", "text");
+    testRow("plain", 1.0, Unit::Volt, "1 V");
+    testRow("kilo", 1000.0, Unit::Hertz, "1 kHz");
+    testRow("giga", 2.5e9, Unit::Hertz, "2.5 GHz");
+    testRow("milli", 0.0015625, Unit::Hertz, "1.5625 mHz");
+    testRow("micro", 0.25e-3, Unit::Second, "250 µs");
+    testRow("rounds up into the next prefix", 999999.9, Unit::Hertz, "1 MHz");
+    testRow("negative", -0.001, Unit::Radian, "\u22121 mrad");
+    testRow("percent has no prefix", 0.001, Unit::Percent, "0.001 %");
+    testRow("dBm has no prefix", -0.25, Unit::Dbm, "\u22120.25 dBm");
+    testRow("no kiloseconds", 86400.0, Unit::Second, "86400 s");
+    testRow("a million seconds", 1e6, Unit::Second, "1000000 s");
+    testRow("zero", -0.0, Unit::Second, "0 s");
+    testRow("beyond the prefixes", 5e12, Unit::Hertz, "5000 GHz");
+    testRow("below the prefixes", 1e-13, Unit::Second, "0.1 ps");
 }
 
 void ReadableQuantityTest::readable()

@@ -1,4 +1,5 @@
 #include "service/driver_check.h"
+#include "tests/support/rows.h"
 
 #include <QtTest>
 
@@ -42,15 +43,13 @@ private slots:
 
 void DriverCheckTest::installsOnlyABrokenDriver_data()
 {
-    QTest::addColumn<bool>("hasService");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QStringList>("commands");
-    QTest::addColumn<bool>("mayConnect");
+    testColumns<bool, QByteArray, QStringList, bool>("hasService", "answer", "commands",
+                                                     "mayConnect");
     const QStringList onlyStatus(status);
     const QStringList both({status, install});
     const auto row = [](const char* name, bool hasService, const char* answer,
                         const QStringList& commands, bool mayConnect) {
-        QTest::newRow(name) << hasService << QByteArray(answer) << commands << mayConnect;
+        testRow(name, hasService, QByteArray(answer), commands, mayConnect);
     };
     row("no service", false, "Driver is running.", QStringList(install), false);
     row("running", true, "Driver is running.\n1 matching device(s) found.", onlyStatus, true);

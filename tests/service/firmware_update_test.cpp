@@ -5,6 +5,7 @@
 #include "tests/support/connection_rig.h"
 #include "tests/support/demo.h"
 #include "tests/support/fields.h"
+#include "tests/support/rows.h"
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -82,9 +83,9 @@ void FirmwareUpdateTest::aDeadConnectionIsNoEnd()
 
 void FirmwareUpdateTest::givesUpAfterTheLongestTime_data()
 {
-    QTest::addColumn<bool>("hasLeft");
-    QTest::newRow("away") << true;
-    QTest::newRow("never left") << false;
+    testColumns<bool>("hasLeft");
+    testRow("away", true);
+    testRow("never left", false);
 }
 
 void FirmwareUpdateTest::givesUpAfterTheLongestTime()

@@ -1,10 +1,10 @@
-#include "link/scpi_session.h"
+#include "link/pause.h"
 #include "service/calibration_table.h"
 #include "service/service_commands.h"
 #include "service/service_panel.h"
-#include "tests/support/demo.h"
 #include "tests/support/documents_folder.h"
-#include "tests/support/fields.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 #include "ui/progress_bar_for_table.h"
 #include "ui/resources.h"
 
@@ -13,7 +13,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -29,17 +28,12 @@ const QStringList adding = {"MEM:TABLE:ADD 1000000000 -4\\n", "MEM:TABLE:ADD 200
 const QStringList saving = {"MEM:TABLE:SAVE\\n", "SYSTem:ERRor?\\n"};
 
 /// The service panel and its commands over the simulated instrument, which has three points.
-class Bench
+class Bench : public WireRig
 {
 public:
     Bench()
     {
         loadUiResources();
-        visa.load(Demo::libraryPath().toLocal8Bit().constData());
-        session.openResourceManager();
-        if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
-            qFatal("no instrument");
-        session.setConnected();
         QObject::connect(&session, &ScpiSession::connectionFailed, [this] {
             session.close();
             commands.stopWriting();
@@ -53,9 +47,8 @@ public:
             qFatal("not shown");
         demo.takeTranscript();
     }
-    ~Bench() { session.close(); }
 
-    void open()
+    void fill()
     {
         commands.initial_service();
         demo.takeTranscript();
@@ -94,22 +87,6 @@ public:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    /// Does `action` once `condition` holds, in whatever pause that is.
-    void when(const std::function<bool()>& condition, const std::function<void()>& action)
-    {
-        auto* timer = new QTimer(&panel);
-        QObject::connect(timer, &QTimer::timeout, &panel, [=] {
-            if (!condition())
-                return;
-            timer->stop();
-            action();
-        });
-        timer->start(1);
-    }
-    void whenSent(const QString& text, const std::function<void()>& action)
-    {
-        when([=] { return demo(QStringLiteral("transcript")).contains(text); }, action);
-    }
     void click(const char* name)
     {
         QTest::mouseClick(panel.findChild<QWidget*>(name), Qt::LeftButton);
@@ -131,12 +108,13 @@ public:
     }
     void openBackup(const QString& fileName)
     {
-        when([] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); },
-             [fileName] {
-                 QWidget* dialog = QApplication::activeModalWidget();
-                 dialog->findChild<QLineEdit*>("fileNameEdit")->setText(fileName);
-                 static_cast<QDialog*>(dialog)->accept();
-             });
+        when(
+            panel, [] { return qobject_cast<QFileDialog*>(QApplication::activeModalWidget()); },
+            [fileName] {
+                QWidget* dialog = QApplication::activeModalWidget();
+                dialog->findChild<QLineEdit*>("fileNameEdit")->setText(fileName);
+                static_cast<QDialog*>(dialog)->accept();
+            });
         click("open_backup");
         QTRY_VERIFY(panel.findChild<QFileDialog*>());
         QTRY_VERIFY(!panel.findChild<QFileDialog*>());
@@ -150,10 +128,6 @@ public:
 
     QTemporaryDir home;
     DocumentsFolder documents{home.path()};
-    Demo demo;
-    VisaLibrary visa;
-    ScpiSession session{visa};
-    Fields fields;
     service panel{fields.context};
     ServiceCommands commands{session, panel, fields.notices};
     QSignalSpy errors{&commands, &ServiceCommands::errorMessage};
@@ -229,23 +203,18 @@ void ServiceCommandsTest::loadingIsShown()
 
 void ServiceCommandsTest::failedQueriesLeaveWhatWasShown_data()
 {
-    QTest::addColumn<QString>("reply");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<int>("sentOfTable");
+    testColumns<QString, QString, int>("reply", "message", "sentOfTable");
     const QString table = "error get calibrate";
-    QTest::newRow("count") << "MEM:TABLE:POIN? ->" << table << 1;
-    QTest::newRow("count is none") << "MEM:TABLE:POIN? -> many" << table << 1;
-    QTest::newRow("count is negative") << "MEM:TABLE:POIN? -> -1" << table << 1;
-    QTest::newRow("count is absurd") << "MEM:TABLE:POIN? -> 2000000000" << table << 1;
-    QTest::newRow("points") << "MEM:TABLE:POINt:ALL? ->" << table << 2;
-    QTest::newRow("DAC") << "MEM:DAC? ->"
-                         << "error getting dac" << 2;
-    QTest::newRow("no number for the DAC") << "MEM:DAC? -> none"
-                                           << "error getting dac" << 2;
-    QTest::newRow("temperature") << "TEMP? ->"
-                                 << "error getting temperature" << 2;
-    QTest::newRow("all") << "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->"
-                         << table + "; error getting dac; error getting temperature" << 1;
+    testRow("count", "MEM:TABLE:POIN? ->", table, 1);
+    testRow("count is none", "MEM:TABLE:POIN? -> many", table, 1);
+    testRow("count is negative", "MEM:TABLE:POIN? -> -1", table, 1);
+    testRow("count is absurd", "MEM:TABLE:POIN? -> 2000000000", table, 1);
+    testRow("points", "MEM:TABLE:POINt:ALL? ->", table, 2);
+    testRow("DAC", "MEM:DAC? ->", "error getting dac", 2);
+    testRow("no number for the DAC", "MEM:DAC? -> none", "error getting dac", 2);
+    testRow("temperature", "TEMP? ->", "error getting temperature", 2);
+    testRow("all", "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->",
+            table + "; error getting dac; error getting temperature", 1);
 }
 
 void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
@@ -254,7 +223,7 @@ void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
     QFETCH(QString, message);
     QFETCH(int, sentOfTable);
     Bench bench;
-    bench.open();
+    bench.fill();
     const QString cells = bench.cells();
     const QString dac = bench.panel.referenceDac().text();
     for (const QString& one : reply.split('\n'))
@@ -270,18 +239,10 @@ void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
 
 void ServiceCommandsTest::countAndPointsMayDisagree_data()
 {
-    QTest::addColumn<QString>("count");
-    QTest::addColumn<QString>("cells");
-    QTest::addColumn<QString>("word");
-    QTest::newRow("more numbers") << "2"
-                                  << "1000000000 -4|2000000000 3"
-                                  << "more";
-    QTest::newRow("fewer numbers") << "4"
-                                   << "1000000000 -4|2000000000 3|3000000000 10| "
-                                   << "fewer";
-    QTest::newRow("no points") << "0"
-                               << ""
-                               << "more";
+    testColumns<QString, QString, QString>("count", "cells", "word");
+    testRow("more numbers", "2", "1000000000 -4|2000000000 3", "more");
+    testRow("fewer numbers", "4", "1000000000 -4|2000000000 3|3000000000 10| ", "fewer");
+    testRow("no points", "0", "", "more");
 }
 
 void ServiceCommandsTest::countAndPointsMayDisagree()
@@ -299,7 +260,7 @@ void ServiceCommandsTest::countAndPointsMayDisagree()
 void ServiceCommandsTest::editedCellsAreNormalised()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     bench.type(1, CalibrationTable::Frequency, "2.25 GHZ");
     bench.type(1, CalibrationTable::Value, "- 7");
     QCOMPARE(bench.cells(), QString("1000000000 -4|2250000000 -7|3000000000 10"));
@@ -309,15 +270,10 @@ void ServiceCommandsTest::editedCellsAreNormalised()
 
 void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("message");
-    QTest::newRow("frequency") << 0 << "abc"
-                               << "Row 3, Freq [Hz]: \"abc\" is not a frequency";
-    QTest::newRow("value") << 1 << "1.5"
-                           << "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number";
-    QTest::newRow("format") << 0 << "%1%n"
-                            << "Row 3, Freq [Hz]: \"%1%n\" is not a frequency";
+    testColumns<int, QString, QString>("column", "typed", "message");
+    testRow("frequency", 0, "abc", "Row 3, Freq [Hz]: \"abc\" is not a frequency");
+    testRow("value", 1, "1.5", "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number");
+    testRow("format", 0, "%1%n", "Row 3, Freq [Hz]: \"%1%n\" is not a frequency");
 }
 
 void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent()
@@ -326,7 +282,7 @@ void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent()
     QFETCH(QString, typed);
     QFETCH(QString, message);
     Bench bench;
-    bench.open();
+    bench.fill();
     bench.type(2, column, typed);
     QCOMPARE(bench.messages(), message);
     QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
@@ -343,7 +299,7 @@ void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent()
 void ServiceCommandsTest::writingSendsEveryRowAndSaves()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     QStringList seen;
     bench.whenSent("3000000000", [&] {
         seen << bench.button().text() << QString::number(bench.bar()->maximum())
@@ -352,10 +308,9 @@ void ServiceCommandsTest::writingSendsEveryRowAndSaves()
             QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor)
             seen << "busy";
     });
-    QElapsedTimer clock;
-    clock.start();
+    pauses().totalMs = 0;
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QVERIFY(clock.elapsed() >= 500);
+    QVERIFY(pauses().totalMs >= 500);
     QCOMPARE(seen.join(' '), QString("Cancel 3 2 busy"));
     QCOMPARE(bench.demo.takeSent(), adding + saving);
     QVERIFY(bench.isReady());
@@ -366,7 +321,7 @@ void ServiceCommandsTest::anEmptyTableIsOnlySaved()
 {
     Bench bench;
     bench.demo("reply MEM:TABLE:POIN? -> 0");
-    bench.open();
+    bench.fill();
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
     QCOMPARE(bench.demo.takeSent(), saving);
 }
@@ -374,7 +329,7 @@ void ServiceCommandsTest::anEmptyTableIsOnlySaved()
 void ServiceCommandsTest::aWriteCanBeTakenBack()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     QCOMPARE(bench.marks(), QString());
     bench.type(1, CalibrationTable::Value, "7");
     QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 3"));
@@ -418,7 +373,7 @@ void ServiceCommandsTest::aWriteCanBeTakenBack()
 void ServiceCommandsTest::whatCannotBeKeptIsNotWrittenOver()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     QFile inTheWay(bench.folder());
     QVERIFY(inTheWay.open(QIODevice::WriteOnly));
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
@@ -433,19 +388,15 @@ void ServiceCommandsTest::whatCannotBeKeptIsNotWrittenOver()
 
 void ServiceCommandsTest::onlyTablesAreTakenForBackups_data()
 {
-    QTest::addColumn<QByteArray>("contents");
-    QTest::addColumn<QString>("said");
-    QTest::addColumn<QString>("cells");
+    testColumns<QByteArray, QString, QString>("contents", "said", "cells");
     const QString before = "1000000000 -4|2000000000 3|3000000000 10";
     const QString notOne = " is no backup of a calibration table: line ";
-    QTest::newRow("list of points") << QByteArray("1000,5,7\n") << notOne + '1' << before;
-    QTest::newRow("word") << QByteArray("1000,5\n2000,five\n") << notOne + '2' << before;
-    QTest::newRow("nothing") << QByteArray() << " is no backup" << before;
-    QTest::newRow("huge") << QByteArray(5 << 20, '1') << " cannot be opened: it is too large"
-                          << before;
-    QTest::newRow("cells that cannot be sent")
-        << QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n") << "was read: 3"
-        << "1000000000 -4|2000 | 1|9 9";
+    testRow("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
+    testRow("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
+    testRow("nothing", QByteArray(), " is no backup", before);
+    testRow("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
+    testRow("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
+            "was read: 3", "1000000000 -4|2000 | 1|9 9");
 }
 
 void ServiceCommandsTest::onlyTablesAreTakenForBackups()
@@ -453,7 +404,7 @@ void ServiceCommandsTest::onlyTablesAreTakenForBackups()
     QFETCH(QByteArray, contents);
     QFETCH(QString, said);
     Bench bench;
-    bench.open();
+    bench.fill();
     QVERIFY(QDir().mkpath(bench.folder()));
     QFile file(bench.folder() + "/given.csv");
     QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
@@ -469,22 +420,22 @@ void ServiceCommandsTest::onlyTablesAreTakenForBackups()
 
 void ServiceCommandsTest::cancellingStopsAfterTheRow_data()
 {
-    QTest::addColumn<int>("rows");
+    testColumns<int>("rows");
     for (int rows = 1; rows <= 3; ++rows)
         QTest::addRow("row %d", rows) << rows;
-    QTest::newRow("before it is saved") << 4;
+    testRow("before it is saved", 4);
 }
 
 void ServiceCommandsTest::cancellingStopsAfterTheRow()
 {
     QFETCH(int, rows);
     Bench bench;
-    bench.open();
+    bench.fill();
     const auto isThere = [&bench, rows] {
         return rows > 3 ? bench.bar() && bench.bar()->value() == 3
                         : bench.demo("transcript").contains(adding[rows - 1]);
     };
-    bench.when(isThere, [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
+    when(bench.panel, isThere, [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
     QCOMPARE(bench.demo.takeSent(), adding.mid(0, rows));
     QVERIFY(bench.isReady());
@@ -496,11 +447,10 @@ void ServiceCommandsTest::cancellingStopsAfterTheRow()
 
 void ServiceCommandsTest::aLostConnectionEndsWriting_data()
 {
-    QTest::addColumn<QString>("at");
-    QTest::addColumn<QStringList>("sent");
-    QTest::newRow("first row") << adding[0] << QStringList(adding[0]);
-    QTest::newRow("last row") << adding[2] << adding;
-    QTest::newRow("after saving") << saving[1] << QStringList(adding + saving);
+    testColumns<QString, QStringList>("at", "sent");
+    testRow("first row", adding[0], QStringList(adding[0]));
+    testRow("last row", adding[2], adding);
+    testRow("after saving", saving[1], QStringList(adding + saving));
 }
 
 void ServiceCommandsTest::aLostConnectionEndsWriting()
@@ -508,7 +458,7 @@ void ServiceCommandsTest::aLostConnectionEndsWriting()
     QFETCH(QString, at);
     QFETCH(QStringList, sent);
     Bench bench;
-    bench.open();
+    bench.fill();
     // Back at once: the new connection is not written to.
     bench.whenSent(at, [&bench] {
         bench.session.close();
@@ -532,7 +482,7 @@ void ServiceCommandsTest::aLostConnectionEndsWriting()
 void ServiceCommandsTest::theEndOfTheProgramEndsWriting()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     bench.whenSent(adding[1], [] { QCoreApplication::quit(); });
     QTimer::singleShot(0, &bench.panel,
                        [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
@@ -544,7 +494,7 @@ void ServiceCommandsTest::theEndOfTheProgramEndsWriting()
 void ServiceCommandsTest::theDacIsSentAsTyped()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     QLineEdit& field = bench.panel.referenceDac();
     field.setFocus();
     for (const char* value : {"40000", "-12"}) {
@@ -565,7 +515,7 @@ void ServiceCommandsTest::theDacIsSentAsTyped()
 void ServiceCommandsTest::whatIsRefusedIsNotCalledDone()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     for (const bool isRefused : {true, false}) {
         if (isRefused)
             bench.demo("error -222");
@@ -586,7 +536,7 @@ void ServiceCommandsTest::whatIsRefusedIsNotCalledDone()
 void ServiceCommandsTest::nothingIsSentWhileDisconnected()
 {
     Bench bench;
-    bench.open();
+    bench.fill();
     bench.session.close();
     bench.commands.initial_service();
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
