@@ -1,13 +1,11 @@
 #include "tests/keypad/keypad_rig.h"
 
 #include "fields/keypad/keypad_place.h"
-#include "ui/language.h"
+#include "tests/support/rows.h"
 #include "ui/theme.h"
 
 #include <QApplication>
 #include <QDialog>
-#include <QLabel>
-#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -32,9 +30,6 @@ private slots:
     void heldReturn();
     void placing_data();
     void placing();
-    void staysOnTheScreen();
-    void keysFitAFinger();
-    void language();
 };
 
 void KeypadWindowTest::initTestCase()
@@ -46,22 +41,21 @@ using Action = std::function<void(KeypadRig&)>;
 
 void KeypadWindowTest::closes_data()
 {
-    QTest::addColumn<Action>("action");
-    QTest::newRow("Escape") << Action(
-        [](KeypadRig& rig) { QTest::keyClick(rig.entry(), Qt::Key_Escape); });
-    QTest::newRow("cross") << Action([](KeypadRig& rig) {
-        QTest::mouseClick(rig.keypad->findChild<QToolButton*>("keypad_close"), Qt::LeftButton);
-    });
-    QTest::newRow("field hidden") << Action([](KeypadRig& rig) { rig.field->hide(); });
-    QTest::newRow("field disabled") << Action([](KeypadRig& rig) { rig.field->setEnabled(false); });
-    QTest::newRow("field read-only")
-        << Action([](KeypadRig& rig) { rig.field->setReadOnly(true); });
-    QTest::newRow("field deleted") << Action([](KeypadRig& rig) { delete rig.field; });
-    QTest::newRow("window closed") << Action([](KeypadRig& rig) { rig.close(); });
-    QTest::newRow("dialog opened") << Action([](KeypadRig& rig) {
-        auto* dialog = new QDialog(&rig);
-        dialog->open();
-    });
+    testColumns<Action>("action");
+    testRow("Escape", Action([](KeypadRig& rig) { QTest::keyClick(rig.entry(), Qt::Key_Escape); }));
+    testRow("cross", Action([](KeypadRig& rig) {
+                QTest::mouseClick(rig.keypad->findChild<QToolButton*>("keypad_close"),
+                                  Qt::LeftButton);
+            }));
+    testRow("field hidden", Action([](KeypadRig& rig) { rig.field->hide(); }));
+    testRow("field disabled", Action([](KeypadRig& rig) { rig.field->setEnabled(false); }));
+    testRow("field read-only", Action([](KeypadRig& rig) { rig.field->setReadOnly(true); }));
+    testRow("field deleted", Action([](KeypadRig& rig) { delete rig.field; }));
+    testRow("window closed", Action([](KeypadRig& rig) { rig.close(); }));
+    testRow("dialog opened", Action([](KeypadRig& rig) {
+                auto* dialog = new QDialog(&rig);
+                dialog->open();
+            }));
 }
 
 void KeypadWindowTest::closes()
@@ -125,18 +119,16 @@ void KeypadWindowTest::turnsToAnotherField()
 
 void KeypadWindowTest::commitMayDoAnything_data()
 {
-    QTest::addColumn<Action>("action");
-    QTest::newRow("hides the field") << Action([](KeypadRig& rig) { rig.field->hide(); });
-    QTest::newRow("deletes the field") << Action([](KeypadRig& rig) { rig.field->deleteLater(); });
-    QTest::newRow("disables the field")
-        << Action([](KeypadRig& rig) { rig.field->setEnabled(false); });
-    QTest::newRow("opens another")
-        << Action([](KeypadRig& rig) { rig.keypad->openFor(rig.other); });
-    QTest::newRow("shows a dialog") << Action([](KeypadRig& rig) {
-        QDialog dialog(&rig);
-        QTimer::singleShot(0, &dialog, &QDialog::accept);
-        dialog.exec();
-    });
+    testColumns<Action>("action");
+    testRow("hides the field", Action([](KeypadRig& rig) { rig.field->hide(); }));
+    testRow("deletes the field", Action([](KeypadRig& rig) { rig.field->deleteLater(); }));
+    testRow("disables the field", Action([](KeypadRig& rig) { rig.field->setEnabled(false); }));
+    testRow("opens another", Action([](KeypadRig& rig) { rig.keypad->openFor(rig.other); }));
+    testRow("shows a dialog", Action([](KeypadRig& rig) {
+                QDialog dialog(&rig);
+                QTimer::singleShot(0, &dialog, &QDialog::accept);
+                dialog.exec();
+            }));
 }
 
 void KeypadWindowTest::commitMayDoAnything()
@@ -206,17 +198,16 @@ void KeypadWindowTest::heldReturn()
 
 void KeypadWindowTest::placing_data()
 {
-    QTest::addColumn<QRect>("field");
-    QTest::addColumn<QPoint>("place");
+    testColumns<QRect, QPoint>("field", "place");
     // A window of 300 by 400 on a screen of 1000 by 800 that starts at (100, 50).
     QTest::newRow("below") << QRect(500, 100, 200, 30) << QPoint(400, 138);
-    QTest::newRow("above") << QRect(500, 700, 200, 30) << QPoint(400, 292);
-    QTest::newRow("right") << QRect(200, 430, 200, 30) << QPoint(408, 430);
-    QTest::newRow("left") << QRect(800, 440, 250, 30) << QPoint(492, 440);
-    QTest::newRow("left edge") << QRect(110, 100, 100, 30) << QPoint(100, 138);
-    QTest::newRow("right edge") << QRect(1000, 100, 300, 30) << QPoint(800, 138);
-    QTest::newRow("no room") << QRect(110, 60, 980, 780) << QPoint(790, 450);
-    QTest::newRow("off the screen") << QRect(5000, 5000, 10, 10) << QPoint(800, 450);
+    testRow("above", QRect(500, 700, 200, 30), QPoint(400, 292));
+    testRow("right", QRect(200, 430, 200, 30), QPoint(408, 430));
+    testRow("left", QRect(800, 440, 250, 30), QPoint(492, 440));
+    testRow("left edge", QRect(110, 100, 100, 30), QPoint(100, 138));
+    testRow("right edge", QRect(1000, 100, 300, 30), QPoint(800, 138));
+    testRow("no room", QRect(110, 60, 980, 780), QPoint(790, 450));
+    testRow("off the screen", QRect(5000, 5000, 10, 10), QPoint(800, 450));
 }
 
 void KeypadWindowTest::placing()
@@ -226,67 +217,6 @@ void KeypadWindowTest::placing()
     const QRect screen(100, 50, 1000, 800);
     QTEST(placeBeside(field, window, screen), "place");
     QCOMPARE(placeBeside(field, screen.size() * 2, screen), screen.topLeft());
-}
-
-void KeypadWindowTest::staysOnTheScreen()
-{
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    for (const QPoint& corner : {screen.topLeft(), screen.topRight(), screen.bottomLeft(),
-                                 screen.bottomRight(), screen.center()}) {
-        KeypadRig rig;
-        rig.move(corner - QPoint(300, 100));
-        rig.field->move(corner == screen.center() ? 0 : 300, 100);
-        rig.keypad->openFor(rig.field);
-        QVERIFY(screen.contains(rig.keypad->geometry()));
-        const QRect field(rig.field->mapToGlobal(QPoint()), rig.field->size());
-        QVERIFY(!rig.keypad->geometry().intersects(field));
-        rig.click("step");
-        QVERIFY(screen.contains(rig.keypad->geometry()));
-    }
-}
-
-void KeypadWindowTest::keysFitAFinger()
-{
-    for (FieldKind kind : {FieldKind::Frequency, FieldKind::Power, FieldKind::PointCount}) {
-        KeypadRig rig(kind, StepKind::Frequency);
-        rig.keypad->openFor(rig.field);
-        QRegion taken;
-        for (QWidget* child : rig.keypad->findChildren<QWidget*>()) {
-            const bool isTarget = qobject_cast<QAbstractButton*>(child) || child == rig.entry();
-            if (!isTarget || !child->isVisible())
-                continue;
-            const QByteArray name = child->objectName().toUtf8();
-            QVERIFY2(child->width() >= 40 && child->height() >= 40, name.data());
-            const QRect place(child->mapTo(rig.keypad, QPoint()), child->size());
-            QVERIFY2(rig.keypad->rect().contains(place) && !taken.intersects(place), name.data());
-            taken += place;
-        }
-    }
-}
-
-void KeypadWindowTest::language()
-{
-    KeypadRig rig;
-    rig.keypad->openFor(rig.field);
-    rig.clickKeys("12");
-    const auto texts = [&rig] {
-        QStringList result;
-        for (QAbstractButton* key : rig.keypad->findChildren<QAbstractButton*>()) {
-            if (key->isVisible())
-                result << key->toolTip() << key->accessibleName();
-        }
-        return result;
-    };
-    const QStringList before = texts();
-    Language russian("ru");
-    QTRY_COMPARE(rig.key("unit_9")->text(), QString("ГГц"));
-    QCOMPARE(rig.keypad->findChild<QLabel*>("keypad_unit")->text(), QString("Гц"));
-    QCOMPARE(rig.key("step")->text(), QString("Шаг 1 000 000 Гц"));
-    QCOMPARE(rig.entry()->text(), QString("12"));
-    const QStringList after = texts();
-    QCOMPARE(after.size(), before.size());
-    for (int i = 0; i < after.size(); ++i)
-        QVERIFY2(after[i] != before[i], qPrintable(after[i]));
 }
 
 QTEST_MAIN(KeypadWindowTest)
