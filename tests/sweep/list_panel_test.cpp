@@ -1,27 +1,12 @@
 #include "link/instrument_limits.h"
 #include "sweep/sweep_group.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/list_bench.h"
 
-#include <QGroupBox>
 #include <QLabel>
 
 namespace
 {
-struct NamedButton {
-    const char* name;
-    const char* text;
-    const char* toolTip;
-};
-const NamedButton triggers[] = {
-    {"List_is_Checked", "Sweep", "Sweep-List switch"},
-    {"time_select", "AUTO", "Automatic sweep/list control"},
-    {"int_select", "", "External trigger (positive polarity)"},
-    {"ext_select", "", "External trigger (negative polarity)"},
-    {"left_select", "", "Go to previous point"},
-    {"right_select", "", "Go to next point"},
-    {"trigMode", "", "Continuous sweep/list mode"},
-    {"modeFront", "ALLPOINTS", "Sweep all points by the trigger signal"},
-};
 const char* const sources[] = {"time_select", "int_select", "ext_select"};
 
 QString checkedSources(const ListBench& bench)
@@ -40,13 +25,9 @@ class ListPanelTest : public QObject
     Q_OBJECT
 
 private slots:
-    void hasEveryWidget();
-    void fields_data();
-    void fields();
     void limitsBoundFields_data();
     void limitsBoundFields();
     void modesKeepTheirValues();
-    void keypad();
     void sourcesExcludeOneAnother_data();
     void sourcesExcludeOneAnother();
     void stepsLeaveNoSource();
@@ -59,107 +40,13 @@ private slots:
     void compactMode();
 };
 
-void ListPanelTest::hasEveryWidget()
-{
-    const ListBench bench(false);
-    QCOMPARE(bench.panel.objectName(), QString("List"));
-    QCOMPARE(bench.get<QLabel>("title_Sweep").text(), QString("Sweep"));
-    QVERIFY(bench.get<QGroupBox>("Sweep__").isVisible());
-    QVERIFY(!bench.get<QGroupBox>("List__").isVisible());
-    for (const NamedButton& row : triggers) {
-        const auto& button = bench.get<QPushButton>(row.name);
-        QVERIFY2(button.isCheckable(), row.name);
-        QCOMPARE(button.text(), QString(row.text));
-        QCOMPARE(button.toolTip(), QString(row.toolTip));
-    }
-    QCOMPARE(checkedSources(bench), QString("time_select"));
-    QCOMPARE(bench.get<QPushButton>("power_toFrom_freq").toolTip(), QString("Freq-Pow switch"));
-    for (const char* name : {"button_Sweep", "button_List"}) {
-        QVERIFY(bench.get<QPushButton>(name).isCheckable());
-        QCOMPARE(bench.get<QPushButton>(name).text(), QString("Run"));
-    }
-    const auto& table = bench.get<QTableWidget>("table_List");
-    const char* const headers[] = {"Freq [Hz]", "Pow [dBm]", "Dwell [μs]"};
-    for (int column = 0; column < 3; ++column)
-        QCOMPARE(table.horizontalHeaderItem(column)->text(), QString(headers[column]));
-    for (const QWidget* each : bench.panel.findChildren<QWidget*>()) {
-        const bool isOwn = !each->objectName().startsWith("qt_");
-        if (isOwn && (each->inherits("QPushButton") || each->inherits("QLineEdit")))
-            QVERIFY2(!each->toolTip().isEmpty() && !each->accessibleName().isEmpty(),
-                     qPrintable(each->objectName()));
-    }
-}
-
-void ListPanelTest::fields_data()
-{
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("initial");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("powerSweepKeys");
-    QTest::addColumn<QString>("powerSweepShown");
-    QTest::newRow("Freq_Pow") << "Power"
-                              << "0"
-                              << "-1m5"
-                              << "-15"
-                              << "1.5G"
-                              << "1 500 000 000";
-    QTest::newRow("Start") << "Start"
-                           << "25 000 000"
-                           << "-2,5k"
-                           << "2 500"
-                           << "-7"
-                           << "-7";
-    QTest::newRow("Stop") << "Stop"
-                          << "1 000 000 000"
-                          << "3m"
-                          << "3 000 000"
-                          << "1k2"
-                          << "12";
-    QTest::newRow("Step") << "Points"
-                          << "100"
-                          << "1m200"
-                          << "1 200"
-                          << "3"
-                          << "3";
-    QTest::newRow("Time") << "Dwell"
-                          << "1 000"
-                          << "2s"
-                          << "2 000 000"
-                          << "5m"
-                          << "5 000";
-}
-
-void ListPanelTest::fields()
-{
-    QFETCH(QString, keys);
-    QFETCH(QString, powerSweepKeys);
-    const QString name = QTest::currentDataTag();
-    const ListBench bench(false);
-    auto& field = bench.get<QLineEdit>(name);
-    QTEST(bench.get<QLabel>("label_" + name).text(), "caption");
-    QTEST(field.text(), "initial");
-    const auto enter = [&](const QString& text) {
-        field.setFocus();
-        field.selectAll();
-        bench.type(text);
-        bench.press(Qt::Key_Return);
-        return field.text();
-    };
-    QTEST(enter(keys), "shown");
-    bench.click("power_toFrom_freq");
-    QTEST(enter(powerSweepKeys), "powerSweepShown");
-}
-
 void ListPanelTest::limitsBoundFields_data()
 {
-    QTest::addColumn<bool>("isPowerSweep");
-    QTest::addColumn<QStringList>("typed");
-    QTest::addColumn<QStringList>("bounded");
-    QTest::newRow("frequency") << false << QStringList{"50", "1", "90000000000", "5000", "1"}
-                               << QStringList{"20", "9 000", "20 000 000 000", "5 000", "50"};
-    QTest::newRow("power") << true << QStringList{"1", "-99", "99", "7", "99000000000"}
-                           << QStringList{"9 000", "-30", "20", "7", "1 000 000"};
+    testColumns<bool, QStringList, QStringList>("isPowerSweep", "typed", "bounded");
+    testRow("frequency", false, QStringList{"50", "1", "90000000000", "5000", "1"},
+            QStringList{"20", "9 000", "20 000 000 000", "5 000", "50"});
+    testRow("power", true, QStringList{"1", "-99", "99", "7", "99000000000"},
+            QStringList{"9 000", "-30", "20", "7", "1 000 000"});
 }
 
 void ListPanelTest::limitsBoundFields()
@@ -212,25 +99,11 @@ void ListPanelTest::modesKeepTheirValues()
     QCOMPARE(shown(), QStringList({"1 000 000 000", "-10", "5"}));
 }
 
-void ListPanelTest::keypad()
-{
-    ListBench bench(false);
-    QStringList asked;
-    connect(&bench.panel, &List::keypadRequested,
-            [&](const QLineEdit* field) { asked << field->objectName(); });
-    const QStringList names = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
-    for (const QString& name : names)
-        bench.click("key_" + name);
-    QCOMPARE(asked, names);
-}
-
 void ListPanelTest::sourcesExcludeOneAnother_data()
 {
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("checked");
-    QTest::addColumn<int>("choice");
+    testColumns<QString, QString, int>("clicks", "checked", "choice");
     const auto row = [](const char* clicks, const char* checked, TriggerChoice choice) {
-        QTest::newRow(clicks) << clicks << checked << static_cast<int>(choice);
+        testRow(clicks, clicks, checked, static_cast<int>(choice));
     };
     row("time_select", "", TriggerChoice::Manual);
     row("int_select", "int_select", TriggerChoice::ExternalRising);
@@ -429,36 +302,16 @@ void ListPanelTest::highlight()
 
 void ListPanelTest::compactMode_data()
 {
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("checked");
-    QTest::addColumn<QString>("status");
-    QTest::newRow("as at first") << ""
-                                 << "time_select"
-                                 << "Single";
-    QTest::newRow("continuous") << "trigMode"
-                                << "time_select"
-                                << "Freq -  Pow";
-    QTest::newRow("manual") << "pushButton_Manual"
-                            << ""
-                            << "Freq -  Pow";
-    QTest::newRow("manual twice") << "pushButton_Manual pushButton_Manual"
-                                  << ""
-                                  << "Freq -  Pow";
-    QTest::newRow("back") << "pushButton_Manual pushButton_Auto"
-                          << "time_select"
-                          << "Single";
-    QTest::newRow("external stays automatic") << "ext_select pushButton_Auto"
-                                              << "ext_select"
-                                              << "TRIG POINT";
-    QTest::newRow("external, all points") << "int_select modeFront"
-                                          << "int_select"
-                                          << "Single";
-    QTest::newRow("left") << "leftButton"
-                          << ""
-                          << "Freq -  Pow";
-    QTest::newRow("right") << "int_select rightButton"
-                           << ""
-                           << "Freq -  Pow";
+    testColumns<QString, QString, QString>("clicks", "checked", "status");
+    testRow("as at first", "", "time_select", "Single");
+    testRow("continuous", "trigMode", "time_select", "Freq -  Pow");
+    testRow("manual", "pushButton_Manual", "", "Freq -  Pow");
+    testRow("manual twice", "pushButton_Manual pushButton_Manual", "", "Freq -  Pow");
+    testRow("back", "pushButton_Manual pushButton_Auto", "time_select", "Single");
+    testRow("external stays automatic", "ext_select pushButton_Auto", "ext_select", "TRIG POINT");
+    testRow("external, all points", "int_select modeFront", "int_select", "Single");
+    testRow("left", "leftButton", "", "Freq -  Pow");
+    testRow("right", "int_select rightButton", "", "Freq -  Pow");
 }
 
 void ListPanelTest::compactMode()

@@ -1,5 +1,6 @@
 #include "sweep/picture/list_plot.h"
 #include "sweep/picture/run_plot.h"
+#include "tests/support/rows.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -7,68 +8,22 @@
 #include <QPushButton>
 #include <QTest>
 #include <QToolTip>
-#include <QTranslator>
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <qwt_scale_widget.h>
-
 Q_DECLARE_METATYPE(RunKind)
 Q_DECLARE_METATYPE(RunPoints)
 
 namespace
 {
-const QColor lineColour(Qt::green);
-const QColor markerColour(Qt::red);
-
 RunPoints listOf(const QVector<RowTexts>& rows)
 {
     return RunPoints::ofTable(
         rows.size(), [&](int row) { return rows.at(row); }, QStringLiteral("0"));
 }
 
-/// One row of another frequency among equal ones.
-RunPoints longList(int count, int wrongRow)
-{
-    return RunPoints::ofTable(
-        count,
-        [=](int row) {
-            return RowTexts{row == wrongRow ? "18 000 000 000" : "1 000 000", "0", "100"};
-        },
-        QStringLiteral("0"));
-}
-
 const RunPoints sweep =
     RunPoints::ofSweep({false, "0", "25 000 000", "1 000 000 000", "100", "1 000"});
-
-bool isLike(const QColor& colour, const QColor& wanted)
-{
-    return std::abs(colour.red() - wanted.red()) < 90 &&
-           std::abs(colour.green() - wanted.green()) < 90 &&
-           std::abs(colour.blue() - wanted.blue()) < 90;
-}
-
-/// How many pixels of a colour there are in a picture, or in a part of it.
-int count(const QImage& image, const QColor& colour, const QRect& wanted = QRect())
-{
-    const QRect part = wanted.isNull() ? image.rect() : wanted & image.rect();
-    int found = 0;
-    for (int x = part.left(); x <= part.right(); ++x) {
-        for (int y = part.top(); y <= part.bottom(); ++y)
-            found += isLike(image.pixelColor(x, y), colour) ? 1 : 0;
-    }
-    return found;
-}
-
-class UnitTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return qstrcmp(context, "Unit") == 0 && qstrcmp(text, "Hz") == 0 ? QString("Ц") : QString();
-    }
-};
 
 class PaintCounter : public QObject
 {
@@ -94,17 +49,12 @@ private slots:
     void words_data();
     void words();
     void header();
-    void wrongRowIsSeen();
     void pointsWithoutPicture_data();
     void pointsWithoutPicture();
-    void marksThePointReached();
-    void timesStandAboveEachOther();
     void zoomsAndMoves();
     void zoomStaysWithTheSameKind();
     void keys();
     void tellsThePointUnderTheMouse();
-    void followsThePalette();
-    void speaksTheNewLanguage();
     void drawsOnceARound();
 
 private:
@@ -125,12 +75,6 @@ private:
 void ListPlotTest::init()
 {
     m_plot = std::make_unique<ListPlot>();
-    QPalette colours;
-    colours.setColor(QPalette::Base, Qt::black);
-    colours.setColor(QPalette::Link, lineColour);
-    colours.setColor(QPalette::PlaceholderText, Qt::gray);
-    m_plot->setPalette(colours);
-    m_plot->setMarkerColour(markerColour);
     m_plot->resize(500, 260);
     m_plot->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
@@ -164,24 +108,21 @@ void ListPlotTest::drag(int fromX, int toX)
 
 void ListPlotTest::words_data()
 {
-    QTest::addColumn<RunKind>("kind");
-    QTest::addColumn<RunPoints>("points");
-    QTest::addColumn<QString>("words");
-    QTest::newRow("sweep") << RunKind::Sweep << sweep
-                           << "Sweep of 100 points: 25 MHz to 1 GHz, 0 dBm, 100 ms per pass";
-    QTest::newRow("falling power sweep")
-        << RunKind::Sweep << RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"})
-        << "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass";
-    QTest::newRow("list from lowest to highest")
-        << RunKind::List << listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}})
-        << "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass";
-    QTest::newRow("one point, hours") << RunKind::List << listOf({{"2 000", "1", "3 723 000 000"}})
-                                      << "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass";
-    QTest::newRow("unreadable") << RunKind::List << listOf({{"a", "1", "0"}})
-                                << "List of one point: not readable, 1 dBm, 0 s per pass";
-    QTest::newRow("no list") << RunKind::List << RunPoints() << "The list has no points";
-    QTest::newRow("no sweep") << RunKind::Sweep << RunPoints()
-                              << "The fields of the sweep give no points";
+    testColumns<RunKind, RunPoints, QString>("kind", "points", "words");
+    testRow("sweep", RunKind::Sweep, sweep,
+            "Sweep of 100 points: 25 MHz to 1 GHz, 0 dBm, 100 ms per pass");
+    testRow("falling power sweep", RunKind::Sweep,
+            RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
+            "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass");
+    testRow("list from lowest to highest", RunKind::List,
+            listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}}),
+            "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass");
+    testRow("one point, hours", RunKind::List, listOf({{"2 000", "1", "3 723 000 000"}}),
+            "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
+    testRow("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
+            "List of one point: not readable, 1 dBm, 0 s per pass");
+    testRow("no list", RunKind::List, RunPoints(), "The list has no points");
+    testRow("no sweep", RunKind::Sweep, RunPoints(), "The fields of the sweep give no points");
 }
 
 void ListPlotTest::words()
@@ -216,29 +157,18 @@ void ListPlotTest::header()
     QVERIFY(header->text().endsWith("Point 2 cannot run as it stands"));
 }
 
-void ListPlotTest::wrongRowIsSeen()
-{
-    m_plot->showRun(RunKind::List, longList(100000, 99999999));
-    QCOMPARE(count(image(0), lineColour, QRect(0, 8, 1000, 12)), 0);
-    m_plot->showRun(RunKind::List, longList(100000, 50000));
-    const QImage found = image(0);
-    const int middle = found.width() / 2;
-    QVERIFY(count(found, lineColour, QRect(middle - 3, 8, 7, 12)) > 8);
-    QCOMPARE(count(found, lineColour, QRect(0, 8, middle - 10, 12)), 0);
-}
-
 void ListPlotTest::pointsWithoutPicture_data()
 {
-    QTest::addColumn<RunPoints>("points");
-    QTest::newRow("none") << RunPoints();
-    QTest::newRow("one") << listOf({{"1 000", "0", "5"}});
-    QTest::newRow("equal") << listOf({{"1 000", "0", "5"}, {"1 000", "0", "5"}});
-    QTest::newRow("no time") << listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}});
-    QTest::newRow("negative") << listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}});
-    QTest::newRow("zero hertz") << listOf({{"0", "0", "5"}, {"1 000", "0", "5"}});
-    QTest::newRow("only zero hertz") << listOf({{"0", "0", "5"}});
-    QTest::newRow("nothing readable") << listOf({{"a", "b", "c"}, {"d", "e", "5"}});
-    QTest::newRow("enormous") << listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}});
+    testColumns<RunPoints>("points");
+    testRow("none", RunPoints());
+    testRow("one", listOf({{"1 000", "0", "5"}}));
+    testRow("equal", listOf({{"1 000", "0", "5"}, {"1 000", "0", "5"}}));
+    testRow("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
+    testRow("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
+    testRow("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));
+    testRow("only zero hertz", listOf({{"0", "0", "5"}}));
+    testRow("nothing readable", listOf({{"a", "b", "c"}, {"d", "e", "5"}}));
+    testRow("enormous", listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}}));
 }
 
 /// Whatever the points are, both axes cope, zoomed and marked as well.
@@ -258,40 +188,6 @@ void ListPlotTest::pointsWithoutPicture()
         QVERIFY(m_plot->toUs() > m_plot->fromUs());
     }
     QCOMPARE(canvas(0).isVisible(), !points.isEmpty());
-}
-
-void ListPlotTest::marksThePointReached()
-{
-    m_plot->showRun(RunKind::Sweep, sweep);
-    m_plot->setReached(75);
-    for (int i = 0; i < 2; ++i) {
-        QCOMPARE(count(image(i), markerColour), 0);
-        m_plot->setRun(RunClock::Pace::Free);
-        const QImage found = image(i);
-        const int place = static_cast<int>(0.745 * found.width());
-        QVERIFY(count(found, markerColour, QRect(place - 1, 0, 3, 1000)) >= found.height() - 2);
-        QCOMPARE(count(found, markerColour, QRect(0, 0, place - 8, 1000)), 0);
-        m_plot->setRun({});
-    }
-    // A list that became shorter in its run.
-    m_plot->setRun(RunClock::Pace::Free);
-    m_plot->showRun(RunKind::List, listOf({{"1 000", "0", "5"}}));
-    QCOMPARE(count(image(0), markerColour), 0);
-}
-
-void ListPlotTest::timesStandAboveEachOther()
-{
-    m_plot->showRun(RunKind::List, listOf({{"1", "-1000", "5"}, {"12 345 678 912", "0", "5"}}));
-    for (const bool isZoomed : {false, true}) {
-        if (isZoomed)
-            turnWheel(0, 0.3, 15);
-        QCoreApplication::processEvents();
-        const auto left = [this](int index) {
-            return canvas(index).mapTo(m_plot.get(), QPoint()).x();
-        };
-        QCOMPARE(left(0), left(1));
-        QCOMPARE(canvas(0).width(), canvas(1).width());
-    }
 }
 
 void ListPlotTest::zoomsAndMoves()
@@ -358,36 +254,6 @@ void ListPlotTest::tellsThePointUnderTheMouse()
                  QString("Point 1 of 2, from 0 s on\n1 234 567 891 Hz\n\u22125.5 dBm\n1 000 µs"));
     moveMouse(1, QPoint(canvas(1).width() * 3 / 4, 20));
     QTRY_VERIFY(QToolTip::text().startsWith("Point 2 of 2, from 1 ms on"));
-}
-
-void ListPlotTest::followsThePalette()
-{
-    m_plot->showRun(RunKind::Sweep, sweep);
-    QVERIFY(count(image(0), lineColour) > 100);
-    QPalette colours = m_plot->palette();
-    colours.setColor(QPalette::Base, Qt::white);
-    colours.setColor(QPalette::Link, Qt::blue);
-    m_plot->setPalette(colours);
-    const QImage found = image(0);
-    QCOMPARE(count(found, lineColour), 0);
-    QVERIFY(count(found, Qt::blue) > 100);
-    QVERIFY(count(found, Qt::white) > found.width() * found.height() / 2);
-}
-
-void ListPlotTest::speaksTheNewLanguage()
-{
-    const auto scale = [this] {
-        QCoreApplication::processEvents();
-        return plot(0).axisWidget(QwtPlot::yLeft)->grab().toImage();
-    };
-    m_plot->showRun(RunKind::Sweep, sweep);
-    const QImage before = scale();
-    UnitTranslator translator;
-    QCoreApplication::installTranslator(&translator);
-    QTRY_VERIFY(scale() != before);
-    QTRY_VERIFY(m_plot->accessibleDescription().contains("GЦ"));
-    QCoreApplication::removeTranslator(&translator);
-    QTRY_COMPARE(scale(), before);
 }
 
 void ListPlotTest::drawsOnceARound()

@@ -1,4 +1,5 @@
 #include "link/instrument_limits.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/list_bench.h"
 
 #include <QClipboard>
@@ -31,31 +32,20 @@ private slots:
     void undoTakesEveryChangeBack();
     void generating();
     void transferHoldsTheRows();
-    void contextMenuHasAll();
     void longListsAreNotWalkedByAnEdit();
 };
 
 void ListTableTest::typedCells_data()
 {
-    QTest::addColumn<int>("column");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("frequency, giga") << 0 << "2.5G"
-                                     << "2 500 000 000";
-    QTest::newRow("frequency, decimal comma") << 0 << "0,5k"
-                                              << "500";
-    QTest::newRow("frequency, sign not taken") << 0 << "-12x34"
-                                               << "1 234";
-    QTest::newRow("power, sign") << 1 << "-17"
-                                 << "-17";
-    QTest::newRow("power, no point") << 1 << "-1.5"
-                                     << "-1";
-    QTest::newRow("dwell, milliseconds") << 2 << "20m"
-                                         << "20 000";
-    QTest::newRow("dwell, seconds") << 2 << "1.5s"
-                                    << "1 500 000";
-    QTest::newRow("dwell, no giga") << 2 << "7g"
-                                    << "7";
+    testColumns<int, QString, QString>("column", "keys", "shown");
+    testRow("frequency, giga", 0, "2.5G", "2 500 000 000");
+    testRow("frequency, decimal comma", 0, "0,5k", "500");
+    testRow("frequency, sign not taken", 0, "-12x34", "1 234");
+    testRow("power, sign", 1, "-17", "-17");
+    testRow("power, no point", 1, "-1.5", "-1");
+    testRow("dwell, milliseconds", 2, "20m", "20 000");
+    testRow("dwell, seconds", 2, "1.5s", "1 500 000");
+    testRow("dwell, no giga", 2, "7g", "7");
 }
 
 void ListTableTest::typedCells()
@@ -140,15 +130,10 @@ void ListTableTest::returnGoesOnBelow()
 
 void ListTableTest::rowCommands_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("last");
-    QTest::addColumn<QString>("left"); // the frequencies, "_" for an empty one
-    QTest::addColumn<QString>("chosen");
+    testColumns<QString, int, int, QString, QString>(
+        "button", "first", "last", "left", "chosen"); // the frequencies, "_" for an empty one
     const auto row = [](const char* name, const char* button, int first, int last, const char* left,
-                        const char* chosen) {
-        QTest::newRow(name) << button << first << last << left << chosen;
-    };
+                        const char* chosen) { testRow(name, button, first, last, left, chosen); };
     row("insert", "add_List", 1, 1, "1 2 _ 3 4", "2");
     row("delete", "delete_List", 1, 2, "1 4", "1");
     row("delete the last", "delete_List", 3, 3, "1 2 3", "2");
@@ -234,31 +219,26 @@ void ListTableTest::keysOfRows()
 
 void ListTableTest::filling_data()
 {
-    QTest::addColumn<QStringList>("rows");
-    QTest::addColumn<QRect>("chosen"); // columns and rows
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QStringList>("filled");
+    testColumns<QStringList, QRect, QString, QStringList>("rows", "chosen", "command",
+                                                          "filled"); // columns and rows
     const QStringList frequencies = {"1000,a,", "7,b,", ",c,", "1 000 000,d,"};
     const QRect firstCell(0, 0, 1, 1);
-    QTest::newRow("whole column") << frequencies << firstCell << "Fill linearly"
-                                  << QStringList{"1000,a,", "334 000,b,", "667 000,c,",
-                                                 "1 000 000,d,"};
-    QTest::newRow("logarithmically")
-        << frequencies << firstCell << "Fill logarithmically"
-        << QStringList{"1000,a,", "10 000,b,", "100 000,c,", "1 000 000,d,"};
-    QTest::newRow("of the selection")
-        << QStringList{"1,,", "2,0,", "3,,", "4,,", "5,-1,"} << QRect(1, 1, 1, 4) << "Fill linearly"
-        << QStringList{"1,,", "2,0,", "3,-0.33,", "4,-0.67,", "5,-1,"};
-    QTest::newRow("two columns") << QStringList{"10,0,", ",,", "30,-20,"} << QRect(0, 0, 2, 3)
-                                 << "Fill linearly" << QStringList{"10,0,", "20,-10,", "30,-20,"};
-    QTest::newRow("no number") << QStringList{"1,,", "2,,", ",,"} << firstCell << "Fill linearly"
-                               << QStringList{"1,,", "2,,", ",,"};
-    QTest::newRow("no ratio") << QStringList{",-1,", ",,", ",5,"} << QRect(1, 0, 1, 1)
-                              << "Fill logarithmically" << QStringList{",-1,", ",,", ",5,"};
-    QTest::newRow("down") << QStringList{",,5", ",,7", ",,9"} << QRect(2, 1, 1, 1) << "Fill down"
-                          << QStringList{",,5", ",,7", ",,7"};
-    QTest::newRow("an only row") << QStringList{"1,,"} << firstCell << "Fill linearly"
-                                 << QStringList{"1,,"};
+    testRow("whole column", frequencies, firstCell, "Fill linearly",
+            QStringList{"1000,a,", "334 000,b,", "667 000,c,", "1 000 000,d,"});
+    testRow("logarithmically", frequencies, firstCell, "Fill logarithmically",
+            QStringList{"1000,a,", "10 000,b,", "100 000,c,", "1 000 000,d,"});
+    testRow("of the selection", QStringList{"1,,", "2,0,", "3,,", "4,,", "5,-1,"},
+            QRect(1, 1, 1, 4), "Fill linearly",
+            QStringList{"1,,", "2,0,", "3,-0.33,", "4,-0.67,", "5,-1,"});
+    testRow("two columns", QStringList{"10,0,", ",,", "30,-20,"}, QRect(0, 0, 2, 3),
+            "Fill linearly", QStringList{"10,0,", "20,-10,", "30,-20,"});
+    testRow("no number", QStringList{"1,,", "2,,", ",,"}, firstCell, "Fill linearly",
+            QStringList{"1,,", "2,,", ",,"});
+    testRow("no ratio", QStringList{",-1,", ",,", ",5,"}, QRect(1, 0, 1, 1), "Fill logarithmically",
+            QStringList{",-1,", ",,", ",5,"});
+    testRow("down", QStringList{",,5", ",,7", ",,9"}, QRect(2, 1, 1, 1), "Fill down",
+            QStringList{",,5", ",,7", ",,7"});
+    testRow("an only row", QStringList{"1,,"}, firstCell, "Fill linearly", QStringList{"1,,"});
 }
 
 void ListTableTest::filling()
@@ -295,25 +275,19 @@ void ListTableTest::copying()
 
 void ListTableTest::pasting_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QPoint>("cell"); // column, row
-    QTest::addColumn<QStringList>("rows");
-    QTest::newRow("over the end") << "1000\t0\t5\r\n2000\t-1\t6\r\n"
-                                  << QPoint(0, 1)
-                                  << QStringList{"1,2,3", "1 000,0,5", "2 000,-1,6"};
-    QTest::newRow("beyond the last column")
-        << "7\t8\t9" << QPoint(1, 0) << QStringList{"1,7,8", "4,5,6"};
-    QTest::newRow("decimal commas")
-        << "1 000,4\t-2,5" << QPoint(0, 0) << QStringList{"1 000,-2.5,3", "4,5,6"};
-    QTest::newRow("groups and exponents")
-        << "1,234,567.0\n2.5E+09\n1.000.000" << QPoint(0, 0)
-        << QStringList{"1 234 567,2,3", "2 500 000 000,5,6", "1 000 000,,"};
-    QTest::newRow("no-break spaces") << QString::fromUtf8("1\u00a0500\u202f000") << QPoint(0, 0)
-                                     << QStringList{"1 500 000,2,3", "4,5,6"};
-    QTest::newRow("units") << QString::fromUtf8("2.45 GHz\t-10 dBm\t1,5 мс") << QPoint(0, 0)
-                           << QStringList{"2 450 000 000,-10,1 500", "4,5,6"};
-    QTest::newRow("an empty cell") << "\t9" << QPoint(0, 0) << QStringList{",9,3", "4,5,6"};
-    QTest::newRow("nothing") << "" << QPoint(0, 0) << QStringList{"1,2,3", "4,5,6"};
+    testColumns<QString, QPoint, QStringList>("text", "cell", "rows"); // column, row
+    testRow("over the end", "1000\t0\t5\r\n2000\t-1\t6\r\n", QPoint(0, 1),
+            QStringList{"1,2,3", "1 000,0,5", "2 000,-1,6"});
+    testRow("beyond the last column", "7\t8\t9", QPoint(1, 0), QStringList{"1,7,8", "4,5,6"});
+    testRow("decimal commas", "1 000,4\t-2,5", QPoint(0, 0), QStringList{"1 000,-2.5,3", "4,5,6"});
+    testRow("groups and exponents", "1,234,567.0\n2.5E+09\n1.000.000", QPoint(0, 0),
+            QStringList{"1 234 567,2,3", "2 500 000 000,5,6", "1 000 000,,"});
+    testRow("no-break spaces", QString::fromUtf8("1\u00a0500\u202f000"), QPoint(0, 0),
+            QStringList{"1 500 000,2,3", "4,5,6"});
+    testRow("units", QString::fromUtf8("2.45 GHz\t-10 dBm\t1,5 мс"), QPoint(0, 0),
+            QStringList{"2 450 000 000,-10,1 500", "4,5,6"});
+    testRow("an empty cell", "\t9", QPoint(0, 0), QStringList{",9,3", "4,5,6"});
+    testRow("nothing", "", QPoint(0, 0), QStringList{"1,2,3", "4,5,6"});
 }
 
 void ListTableTest::pasting()
@@ -423,24 +397,6 @@ void ListTableTest::transferHoldsTheRows()
     bench.table().item(0, 0)->setText("7");
     QCOMPARE(bench.rows(), QStringList({"1,2,3", "4,5,6"}));
     QCOMPARE(bench.said.size(), 4);
-}
-
-void ListTableTest::contextMenuHasAll()
-{
-    const ListBench bench;
-    const QPoint middle = bench.table().viewport()->rect().center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, middle,
-                            bench.table().viewport()->mapToGlobal(middle));
-    QApplication::sendEvent(bench.table().viewport(), &event);
-    const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    QStringList texts;
-    for (const QAction* action : menu->actions()) {
-        if (!action->isSeparator())
-            texts << action->text();
-    }
-    QCOMPARE(texts.size(), 15);
-    QVERIFY(texts.contains("Insert row") && texts.contains("Clear list"));
 }
 
 void ListTableTest::longListsAreNotWalkedByAnEdit()

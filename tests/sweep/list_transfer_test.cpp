@@ -1,3 +1,5 @@
+#include "link/pause.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/sweep_rig.h"
 #include "ui/progress_bar_for_table.h"
 
@@ -5,7 +7,7 @@
 
 namespace
 {
-constexpr int shortPauseMs = 20;
+constexpr int shortPauseMs = 200;
 
 /// One list as it goes out, in the blocks "0-32 32-70" of its values.
 QStringList listCommands(const QString& name, const QStringList& values, const QString& blocks)
@@ -79,19 +81,18 @@ private:
 
 void ListTransferTest::sizes_data()
 {
-    QTest::addColumn<int>("rows");
-    QTest::addColumn<QString>("blocks");
-    QTest::newRow("0") << 0 << "";
-    QTest::newRow("1") << 1 << "0-1";
-    QTest::newRow("31") << 31 << "0-31";
-    QTest::newRow("32") << 32 << "0-32";
-    QTest::newRow("33") << 33 << "0-32 32-33";
-    QTest::newRow("64") << 64 << "0-32 32-64";
-    QTest::newRow("70") << 70 << "0-32 32-64 64-70";
+    testColumns<int, QString>("rows", "blocks");
+    testRow("0", 0, "");
+    testRow("1", 1, "0-1");
+    testRow("31", 31, "0-31");
+    testRow("32", 32, "0-32");
+    testRow("33", 33, "0-32 32-33");
+    testRow("64", 64, "0-32 32-64");
+    testRow("70", 70, "0-32 32-64 64-70");
     QString blocks;
     for (int first = 0; first < 992; first += 32)
         blocks += QString("%1-%2 ").arg(first).arg(first + 32);
-    QTest::newRow("1000") << 1000 << blocks + "992-1000";
+    testRow("1000", 1000, blocks + "992-1000");
 }
 
 void ListTransferTest::sizes()
@@ -108,17 +109,15 @@ void ListTransferTest::sizes()
 
 void ListTransferTest::cells_data()
 {
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<QStringList>("sent");
-    QTest::newRow("short dwell") << "1 000 000;-5;50"
-                                 << QStringList{"FREQ 1 000 000Hz", "POW -5", "DWEL 5e-05"};
-    QTest::newRow("grouped dwell")
-        << "1 000 000;0;1 000" << QStringList{"FREQ 1 000 000Hz", "POW 0", "DWEL 0.001"};
-    QTest::newRow("six digits") << "1 000.5;-5.50;1 234 567.8"
-                                << QStringList{"FREQ 1 000.5Hz", "POW -5.50", "DWEL 1.23457"};
-    QTest::newRow("empty") << ";;" << QStringList{"FREQ 1 000Hz", "POW -7", "DWEL 0.001"};
-    QTest::newRow("formats") << "%s %1;%n%lf;%d"
-                             << QStringList{"FREQ %s %1Hz", "POW %n%lf", "DWEL 0"};
+    testColumns<QString, QStringList>("row", "sent");
+    testRow("short dwell", "1 000 000;-5;50",
+            QStringList{"FREQ 1 000 000Hz", "POW -5", "DWEL 5e-05"});
+    testRow("grouped dwell", "1 000 000;0;1 000",
+            QStringList{"FREQ 1 000 000Hz", "POW 0", "DWEL 0.001"});
+    testRow("six digits", "1 000.5;-5.50;1 234 567.8",
+            QStringList{"FREQ 1 000.5Hz", "POW -5.50", "DWEL 1.23457"});
+    testRow("empty", ";;", QStringList{"FREQ 1 000Hz", "POW -7", "DWEL 0.001"});
+    testRow("formats", "%s %1;%n%lf;%d", QStringList{"FREQ %s %1Hz", "POW %n%lf", "DWEL 0"});
 }
 
 void ListTransferTest::cells()
@@ -140,16 +139,10 @@ void ListTransferTest::waitsBetweenBlocks()
 {
     make(ListTransfer::usualPauseMs);
     m_rig->fillRows(70);
-    int turns = 0;
-    QTimer ticker;
-    connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
-    ticker.start(50);
-    QElapsedTimer clock;
-    clock.start();
+    pauses().totalMs = 0;
     m_rig->transfer.transferTable();
     // One pause in each list: behind its second block, not behind the first or the remainder.
-    QCOMPARE((clock.elapsed() + 50) / 500, qint64(3));
-    QVERIFY(turns >= 15);
+    QCOMPARE(pauses().totalMs, 3 * 500);
 }
 
 void ListTransferTest::barShowsTheProgress()
@@ -176,13 +169,12 @@ void ListTransferTest::barShowsTheProgress()
 
 void ListTransferTest::uncheckedInAPause_data()
 {
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<int>("commands");
-    QTest::newRow("first") << "1 132 000Hz" << 2;
-    QTest::newRow("last of a list") << "1 164 000Hz" << 3;
-    QTest::newRow("power") << ":POW:ADD" << 6;
-    QTest::newRow("dwell") << "0.001032" << 10;
-    QTest::newRow("last") << "0.001064" << 11;
+    testColumns<QString, int>("seen", "commands");
+    testRow("first", "1 132 000Hz", 2);
+    testRow("last of a list", "1 164 000Hz", 3);
+    testRow("power", ":POW:ADD", 6);
+    testRow("dwell", "0.001032", 10);
+    testRow("last", "0.001064", 11);
 }
 
 /// What remains of the list is not sent, nor are the lists after it.

@@ -1,4 +1,5 @@
 #include "sweep/picture/run_clock.h"
+#include "tests/support/rows.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -147,12 +148,11 @@ void RunClockTest::runsOnFromWhereItWasStepped()
 
 void RunClockTest::runsWithoutTime_data()
 {
-    QTest::addColumn<int>("count");
-    QTest::addColumn<bool>("isContinuous");
-    QTest::newRow("no points") << 0 << false;
-    QTest::newRow("no points, continuous") << 0 << true;
-    QTest::newRow("no dwell") << 5 << false;
-    QTest::newRow("no dwell, continuous") << 5 << true;
+    testColumns<int, bool>("count", "isContinuous");
+    testRow("no points", 0, false);
+    testRow("no points, continuous", 0, true);
+    testRow("no dwell", 5, false);
+    testRow("no dwell, continuous", 5, true);
 }
 
 void RunClockTest::runsWithoutTime()

@@ -1,5 +1,6 @@
 #include "sweep/picture/run_lines.h"
 #include "sweep/picture/run_points.h"
+#include "tests/support/rows.h"
 
 #include <QTest>
 
@@ -61,25 +62,21 @@ private slots:
 
 void RunPointsTest::sweeps_data()
 {
-    QTest::addColumn<SweepTexts>("texts");
-    QTest::addColumn<int>("number");
-    QTest::addColumn<double>("frequencyHz");
-    QTest::addColumn<double>("powerDbm");
-    QTest::addColumn<double>("totalUs");
+    testColumns<SweepTexts, int, double, double, double>("texts", "number", "frequencyHz",
+                                                         "powerDbm", "totalUs");
 
     const SweepTexts rising{false, "-3.5", "1 000 000", "2 000 000", "1 001", "1 000"};
-    QTest::newRow("first") << rising << 1 << 1e6 << -3.5 << 1001e3;
-    QTest::newRow("middle") << rising << 501 << 1.5e6 << -3.5 << 1001e3;
-    QTest::newRow("last") << rising << 1001 << 2e6 << -3.5 << 1001e3;
+    testRow("first", rising, 1, 1e6, -3.5, 1001e3);
+    testRow("middle", rising, 501, 1.5e6, -3.5, 1001e3);
+    testRow("last", rising, 1001, 2e6, -3.5, 1001e3);
     const SweepTexts power{true, "5 000 000", "10", "- 100", "3", "0.5"};
-    QTest::newRow("power falls") << power << 2 << 5e6 << -45.0 << 1.5;
-    QTest::newRow("one point stays at the start")
-        << SweepTexts{false, "0", "1 000", "9 000", "1", "7"} << 1 << 1e3 << 0.0 << 7.0;
-    QTest::newRow("no way to go") << SweepTexts{false, "0", "1 000", "1 000", "5", "7"} << 4 << 1e3
-                                  << 0.0 << 35.0;
-    QTest::newRow("a milliard points")
-        << SweepTexts{false, "0", "0", "999 999 999", "1 000 000 000", "1 000"} << 500000001 << 5e8
-        << 0.0 << 1e12;
+    testRow("power falls", power, 2, 5e6, -45.0, 1.5);
+    testRow("one point stays at the start", SweepTexts{false, "0", "1 000", "9 000", "1", "7"}, 1,
+            1e3, 0.0, 7.0);
+    testRow("no way to go", SweepTexts{false, "0", "1 000", "1 000", "5", "7"}, 4, 1e3, 0.0, 35.0);
+    testRow("a milliard points",
+            SweepTexts{false, "0", "0", "999 999 999", "1 000 000 000", "1 000"}, 500000001, 5e8,
+            0.0, 1e12);
 }
 
 void RunPointsTest::sweeps()
@@ -94,17 +91,17 @@ void RunPointsTest::sweeps()
 
 void RunPointsTest::refusedSweeps_data()
 {
-    QTest::addColumn<SweepTexts>("texts");
-    QTest::newRow("empty") << SweepTexts{};
-    QTest::newRow("no start") << SweepTexts{false, "0", "", "2", "3", "4"};
-    QTest::newRow("no number") << SweepTexts{false, "0", "1", "2 Hz", "3", "4"};
-    QTest::newRow("decimal comma") << SweepTexts{false, "0,5", "1", "2", "3", "4"};
-    QTest::newRow("not finite") << SweepTexts{false, "0", "1", "inf", "3", "4"};
-    QTest::newRow("beyond anything") << SweepTexts{false, "0", "1", "1e300", "3", "4"};
-    QTest::newRow("no points") << SweepTexts{false, "0", "1", "2", "0", "4"};
-    QTest::newRow("half a point") << SweepTexts{false, "0", "1", "2", "2.5", "4"};
-    QTest::newRow("too many points") << SweepTexts{false, "0", "1", "2", "1 000 000 001", "4"};
-    QTest::newRow("no dwell") << SweepTexts{false, "0", "1", "2", "3", " "};
+    testColumns<SweepTexts>("texts");
+    testRow("empty", SweepTexts{});
+    testRow("no start", SweepTexts{false, "0", "", "2", "3", "4"});
+    testRow("no number", SweepTexts{false, "0", "1", "2 Hz", "3", "4"});
+    testRow("decimal comma", SweepTexts{false, "0,5", "1", "2", "3", "4"});
+    testRow("not finite", SweepTexts{false, "0", "1", "inf", "3", "4"});
+    testRow("beyond anything", SweepTexts{false, "0", "1", "1e300", "3", "4"});
+    testRow("no points", SweepTexts{false, "0", "1", "2", "0", "4"});
+    testRow("half a point", SweepTexts{false, "0", "1", "2", "2.5", "4"});
+    testRow("too many points", SweepTexts{false, "0", "1", "2", "1 000 000 001", "4"});
+    testRow("no dwell", SweepTexts{false, "0", "1", "2", "3", " "});
 }
 
 void RunPointsTest::refusedSweeps()
@@ -135,15 +132,14 @@ void RunPointsTest::cells()
 
 void RunPointsTest::wrongPoints_data()
 {
-    QTest::addColumn<QVector<RowTexts>>("rows");
-    QTest::addColumn<int>("firstWrong");
+    testColumns<QVector<RowTexts>, int>("rows", "firstWrong");
     const RowTexts right{"1 000", "0", "100"};
-    QTest::newRow("none") << QVector<RowTexts>{right, right} << 0;
-    QTest::newRow("no rows") << QVector<RowTexts>{} << 0;
-    QTest::newRow("unreadable") << QVector<RowTexts>{right, {"a", "0", "100"}, {"", "a", ""}} << 2;
-    QTest::newRow("zero hertz") << QVector<RowTexts>{{"0", "0", "100"}} << 1;
-    QTest::newRow("negative dwell") << QVector<RowTexts>{right, right, {"1", "0", "-5"}} << 3;
-    QTest::newRow("no time") << QVector<RowTexts>{right, {"1", "0", "0"}} << 2;
+    testRow("none", QVector<RowTexts>{right, right}, 0);
+    testRow("no rows", QVector<RowTexts>{}, 0);
+    testRow("unreadable", QVector<RowTexts>{right, {"a", "0", "100"}, {"", "a", ""}}, 2);
+    testRow("zero hertz", QVector<RowTexts>{{"0", "0", "100"}}, 1);
+    testRow("negative dwell", QVector<RowTexts>{right, right, {"1", "0", "-5"}}, 3);
+    testRow("no time", QVector<RowTexts>{right, {"1", "0", "0"}}, 2);
 }
 
 void RunPointsTest::wrongPoints()
@@ -156,16 +152,15 @@ void RunPointsTest::wrongPoints()
 
 void RunPointsTest::times_data()
 {
-    QTest::addColumn<double>("elapsedUs");
-    QTest::addColumn<int>("number");
-    QTest::newRow("before") << -1.0 << 1;
-    QTest::newRow("start") << 0.0 << 1;
-    QTest::newRow("end of the first") << 9.999 << 1;
-    QTest::newRow("second") << 10.0 << 2;
-    QTest::newRow("over the one without time") << 30.0 << 4;
-    QTest::newRow("last") << 59.999 << 4;
-    QTest::newRow("end") << 60.0 << 4;
-    QTest::newRow("long after") << 1e12 << 4;
+    testColumns<double, int>("elapsedUs", "number");
+    testRow("before", -1.0, 1);
+    testRow("start", 0.0, 1);
+    testRow("end of the first", 9.999, 1);
+    testRow("second", 10.0, 2);
+    testRow("over the one without time", 30.0, 4);
+    testRow("last", 59.999, 4);
+    testRow("end", 60.0, 4);
+    testRow("long after", 1e12, 4);
 }
 
 void RunPointsTest::times()
@@ -186,15 +181,12 @@ void RunPointsTest::everyStartIsReached()
 
 void RunPointsTest::visiblePoints_data()
 {
-    QTest::addColumn<double>("fromUs");
-    QTest::addColumn<double>("toUs");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("last");
-    QTest::newRow("all") << 0.0 << 60.0 << 1 << 4;
-    QTest::newRow("within one") << 12.0 << 13.0 << 2 << 2;
-    QTest::newRow("the one without time") << 29.0 << 31.0 << 2 << 4;
-    QTest::newRow("at its moment") << 30.0 << 30.0 << 2 << 4;
-    QTest::newRow("after") << 61.0 << 70.0 << 1 << 0;
+    testColumns<double, double, int, int>("fromUs", "toUs", "first", "last");
+    testRow("all", 0.0, 60.0, 1, 4);
+    testRow("within one", 12.0, 13.0, 2, 2);
+    testRow("the one without time", 29.0, 31.0, 2, 4);
+    testRow("at its moment", 30.0, 30.0, 2, 4);
+    testRow("after", 61.0, 70.0, 1, 0);
 }
 
 void RunPointsTest::visiblePoints()

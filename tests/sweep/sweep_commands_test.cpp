@@ -1,11 +1,12 @@
 #include "link/pause.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/sweep_rig.h"
 
 #include <memory>
 
 namespace
 {
-constexpr int shortPauseMs = 20;
+constexpr int shortPauseMs = 200;
 const QStringList freeRun = {"TRIG:SOUR IMM!", "INIT:CONT OFF!"};
 const QStringList frequencySweep = {"FREQ:MODE SWE", "POW:MODE FIX", "INIT:IMM", "*TRG"};
 const QStringList powerSweep = {"POW:MODE SWE", "FREQ:MODE FIX", "INIT:IMM", "*TRG"};
@@ -87,19 +88,15 @@ private:
 
 void SweepCommandsTest::sweeps_data()
 {
-    QTest::addColumn<bool>("isPower");
-    QTest::addColumn<QStringList>("texts");
-    QTest::addColumn<QStringList>("block");
-    QTest::newRow("frequency") << false
-                               << QStringList{"-4", "10 000 000", "50 000 000", "5", "1 000"}
-                               << sweepBlock;
-    QTest::newRow("power") << true << QStringList{"1 200 000 000", "-20", "- 5", "1 601", "50"}
-                           << QStringList{"SWEep:POINts 1601!", "FREQ 1200000000 Hz!",
-                                          "POW:START -20!", "POW:STOP - 5!", "SWEep:DWELl 5e-05!"};
-    QTest::newRow("six digits") << true << QStringList{"9 000", "-1.5", "0.25", "2", "12 345 678.9"}
-                                << QStringList{"SWEep:POINts 2!", "FREQ 9000 Hz!",
-                                               "POW:START -1.5!", "POW:STOP 0.25!",
-                                               "SWEep:DWELl 12.3457!"};
+    testColumns<bool, QStringList, QStringList>("isPower", "texts", "block");
+    testRow("frequency", false, QStringList{"-4", "10 000 000", "50 000 000", "5", "1 000"},
+            sweepBlock);
+    testRow("power", true, QStringList{"1 200 000 000", "-20", "- 5", "1 601", "50"},
+            QStringList{"SWEep:POINts 1601!", "FREQ 1200000000 Hz!", "POW:START -20!",
+                        "POW:STOP - 5!", "SWEep:DWELl 5e-05!"});
+    testRow("six digits", true, QStringList{"9 000", "-1.5", "0.25", "2", "12 345 678.9"},
+            QStringList{"SWEep:POINts 2!", "FREQ 9000 Hz!", "POW:START -1.5!", "POW:STOP 0.25!",
+                        "SWEep:DWELl 12.3457!"});
 }
 
 void SweepCommandsTest::sweeps()
@@ -134,11 +131,9 @@ void SweepCommandsTest::lists()
 
 void SweepCommandsTest::nothingToRun_data()
 {
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("accepted");
+    testColumns<QString, QString, QString>("field", "typed", "accepted");
     const auto row = [](const char* field, const char* typed, const char* accepted) {
-        QTest::newRow(field) << field << typed << accepted;
+        testRow(field, field, typed, accepted);
     };
     row("Freq_Pow", "5-3", "0");
     row("Start", "", "25 000 000");
@@ -211,20 +206,12 @@ void SweepCommandsTest::instrumentRunsThePoints()
 
 void SweepCommandsTest::restoresCw_data()
 {
-    QTest::addColumn<QString>("frequency");
-    QTest::addColumn<QString>("power");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("fraction of a dB")
-        << "2 500 000.4"
-        << "-5.5" << QStringList{"FREQ 2500000.400000 Hz;FREQ?!", "POW 0.000000;POW?!"}
-        << "2 500 000|0";
-    QTest::newRow("grouped") << "1 000 000"
-                             << "- 12"
-                             << QStringList{"FREQ 1000000.000000 Hz;FREQ?!", "POW -12.000000;POW?!"}
-                             << "1 000 000|-12";
-    QTest::newRow("no number") << ""
-                               << "5-3" << cwRestored << "1 500 000 000|-7";
+    testColumns<QString, QString, QStringList, QString>("frequency", "power", "sent", "shown");
+    testRow("fraction of a dB", "2 500 000.4", "-5.5",
+            QStringList{"FREQ 2500000.400000 Hz;FREQ?!", "POW 0.000000;POW?!"}, "2 500 000|0");
+    testRow("grouped", "1 000 000", "- 12",
+            QStringList{"FREQ 1000000.000000 Hz;FREQ?!", "POW -12.000000;POW?!"}, "1 000 000|-12");
+    testRow("no number", "", "5-3", cwRestored, "1 500 000 000|-7");
 }
 
 void SweepCommandsTest::restoresCw()
@@ -282,23 +269,20 @@ void SweepCommandsTest::onlyOneRuns()
 
 void SweepCommandsTest::newestClickWins_data()
 {
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QStringList>("sentAfter");
-    QTest::addColumn<QString>("runs");
+    testColumns<QString, QStringList, QString>("clicked", "sentAfter", "runs");
     const QStringList secondRun = shortList + freeRun + listStart;
     // The transfer looks for errors once more, and the start of the run stops it once more.
     QTest::newRow("off") << "button_List"
                          << listStopped.mid(0, 5) + QStringList(cwRestored.last() + '!') +
                                 listStopped
                          << "";
-    QTest::newRow("off and on") << "button_List button_List" << listStopped + secondRun << "List";
-    QTest::newRow("off, on and off")
-        << "button_List button_List button_List" << listStopped + secondRun + listStopped << "";
-    QTest::newRow("the other") << "button_Sweep"
-                               << listStopped + sweepBlock + freeRun + frequencySweep << "Sweep";
-    QTest::newRow("the other and back")
-        << "button_Sweep button_List"
-        << listStopped + sweepBlock + freeRun + frequencySweep + sweepStopped + secondRun << "List";
+    testRow("off and on", "button_List button_List", listStopped + secondRun, "List");
+    testRow("off, on and off", "button_List button_List button_List",
+            listStopped + secondRun + listStopped, "");
+    testRow("the other", "button_Sweep", listStopped + sweepBlock + freeRun + frequencySweep,
+            "Sweep");
+    testRow("the other and back", "button_Sweep button_List",
+            listStopped + sweepBlock + freeRun + frequencySweep + sweepStopped + secondRun, "List");
 }
 
 /// In a pause of the transfer; the table is shorter then, so that the second run takes no pauses.
@@ -327,13 +311,12 @@ void SweepCommandsTest::newestClickWins()
 
 void SweepCommandsTest::clicksWhileModulationGoesOff_data()
 {
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QStringList>("sent");
+    testColumns<QString, QStringList>("clicked", "sent");
     const QStringList start = sweepBlock + freeRun + frequencySweep;
-    QTest::newRow("none") << "" << start;
-    QTest::newRow("off") << "button_Sweep" << sweepStopped;
-    QTest::newRow("off and on") << "button_Sweep button_Sweep" << sweepStopped + start;
-    QTest::newRow("the other") << "button_List" << sweepStopped + shortList + freeRun + listStart;
+    testRow("none", "", start);
+    testRow("off", "button_Sweep", sweepStopped);
+    testRow("off and on", "button_Sweep button_Sweep", sweepStopped + start);
+    testRow("the other", "button_List", sweepStopped + shortList + freeRun + listStart);
 }
 
 void SweepCommandsTest::clicksWhileModulationGoesOff()
@@ -354,11 +337,10 @@ void SweepCommandsTest::clicksWhileModulationGoesOff()
 
 void SweepCommandsTest::lostConnection_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("fault");
+    testColumns<QString, QString>("button", "fault");
     for (const QString button : {"button_Sweep", "button_List"}) {
-        QTest::newRow(qPrintable(button + " unplugged")) << button << "vanish";
-        QTest::newRow(qPrintable(button + " no answer")) << button << "status 0xBFFF0015";
+        testRow(button + " unplugged", button, "vanish");
+        testRow(button + " no answer", button, "status 0xBFFF0015");
     }
 }
 
@@ -408,9 +390,9 @@ void SweepCommandsTest::anotherConnectionIsLeftAlone()
 
 void SweepCommandsTest::endOfTheProgram_data()
 {
-    QTest::addColumn<bool>("isHandedBack");
-    QTest::newRow("handed back") << true;
-    QTest::newRow("still connected") << false;
+    testColumns<bool>("isHandedBack");
+    testRow("handed back", true);
+    testRow("still connected", false);
 }
 
 void SweepCommandsTest::endOfTheProgram()

@@ -8,30 +8,21 @@
 #include "sweep/sweep_commands.h"
 #include "sweep/sweep_group.h"
 #include "sweep/trigger_commands.h"
-#include "tests/support/demo.h"
-#include "tests/support/fields.h"
+#include "tests/support/wire_rig.h"
 
 #include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
-
-#include <clocale>
-#include <functional>
 
 /// The sweep and list panel and its commands over the simulated instrument, joined as the window
 /// joins them.
-class SweepRig
+class SweepRig : public WireRig
 {
 public:
     explicit SweepRig(int pauseMs) : transfer(session, panel, power, pauseMs)
     {
-        std::setlocale(LC_NUMERIC, "C");
         frequency.showAccepted("1 500 000 000");
         power.showAccepted("-7");
         pulse.setCheckable(true);
-        visa.load(Demo::libraryPath().toLocal8Bit().constData());
-        session.openResourceManager();
-        open();
         QObject::connect(&session, &ScpiSession::connectionFailed, [this] { disconnect(); });
         QObject::connect(&sweep, &SweepCommands::runStarting, [this] { whenStarting(); });
         QObject::connect(&sweep, &SweepCommands::runStarted, [this] { events << "started"; });
@@ -45,36 +36,13 @@ public:
         host.show();
     }
 
-    ~SweepRig() { session.close(); }
-
-    void open()
-    {
-        if (!session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR")))
-            qFatal("no instrument");
-        session.setConnected();
-        demo.takeTranscript();
-    }
-
     void disconnect()
     {
         session.close();
         sweep.connectionLost();
     }
 
-    QPushButton& button(const QString& name)
-    {
-        auto* found = host.findChild<QPushButton*>(name);
-        if (!found)
-            qFatal("no %s", qUtf8Printable(name));
-        return *found;
-    }
-
-    /// Clicks one after the other, separated by blanks. Returns when all that this starts is over.
-    void click(const QString& names)
-    {
-        for (const QString& name : names.split(' ', Qt::SkipEmptyParts))
-            button(name).click();
-    }
+    QPushButton& button(const QString& name) { return *get(name); }
 
     /// Rows of "frequency;power;dwell", into the cells as they stand.
     void fill(const QStringList& rows)
@@ -95,39 +63,6 @@ public:
         for (int row = 0; row < count; ++row)
             rows << QString("1 %1 000;%2;%3").arg(100 + row).arg(-(row % 21)).arg(1000 + row);
         fill(rows);
-    }
-
-    /// Once what has been sent contains a text, in a pause of whatever sends it.
-    void whenSent(const QString& text, const std::function<void()>& action)
-    {
-        auto* timer = new QTimer(&host);
-        QObject::connect(timer, &QTimer::timeout, &host, [=] {
-            if (!demo("transcript").contains(text))
-                return;
-            timer->stop();
-            action();
-        });
-        timer->start(1);
-    }
-
-    /// What has been sent since the last call, without line feeds; "!" stands for each look into
-    /// the error queue and "~" for each "*OPC?" without one, behind the command before it.
-    QStringList sent()
-    {
-        QStringList commands = {QString()};
-        for (const QString& line : demo.takeSent()) {
-            if (line == "SYSTem:ERRor?\\n")
-                commands.last() += '!';
-            else if (line == "*OPC?")
-                commands.last() += '~';
-            else if (line.endsWith("\\n"))
-                commands << line.chopped(2);
-            else
-                commands << line + " without line feed";
-        }
-        if (commands.first().isEmpty())
-            commands.removeFirst();
-        return commands;
     }
 
     /// The instrument's own answer; leaves no trace in the transcript.
@@ -162,11 +97,6 @@ public:
         return usable;
     }
 
-    Demo demo;
-    VisaLibrary visa;
-    ScpiSession session{visa};
-    Fields fields;
-    QWidget host;
     List panel{fields.context, &host};
     NumberEdit frequency{Quantity::Frequency, fields.context, &host};
     NumberEdit power{Quantity::Power, fields.context, &host};

@@ -1,3 +1,4 @@
+#include "tests/support/rows.h"
 #include "tests/sweep/sweep_rig.h"
 #include "ui/progress_bar_for_table.h"
 
@@ -23,7 +24,7 @@ class TriggerCommandsTest : public QObject
 private slots:
     void init()
     {
-        m_rig = std::make_unique<SweepRig>(1);
+        m_rig = std::make_unique<SweepRig>(10);
         m_rig->demo("clock stop");
         m_rig->fill({"1 000 000;-1;1 000", "2 000 000;-2;2 000", "3 000 000;-3;3 000"});
         m_rig->panel.sweep().points().setText("5");
@@ -62,18 +63,14 @@ private:
 
 void TriggerCommandsTest::arrangements_data()
 {
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QStringList>("sent");
-    QTest::addColumn<bool>("isPulseOff");
-    QTest::newRow("free") << "" << QStringList("TRIG:SOUR IMM!") << false;
-    QTest::newRow("rising") << "int_select" << external("POS", "MAN") << true;
-    QTest::newRow("rising, all points")
-        << "modeFront int_select" << external("POS", "AUTO") << true;
-    QTest::newRow("falling") << "ext_select" << external("NEG", "MAN") << true;
-    QTest::newRow("falling, all points")
-        << "modeFront ext_select" << external("NEG", "AUTO") << true;
-    QTest::newRow("by hand") << "time_select" << manual << false;
-    QTest::newRow("by hand, all points") << "modeFront time_select" << manual << false;
+    testColumns<QString, QStringList, bool>("clicked", "sent", "isPulseOff");
+    testRow("free", "", QStringList("TRIG:SOUR IMM!"), false);
+    testRow("rising", "int_select", external("POS", "MAN"), true);
+    testRow("rising, all points", "modeFront int_select", external("POS", "AUTO"), true);
+    testRow("falling", "ext_select", external("NEG", "MAN"), true);
+    testRow("falling, all points", "modeFront ext_select", external("NEG", "AUTO"), true);
+    testRow("by hand", "time_select", manual, false);
+    testRow("by hand, all points", "modeFront time_select", manual, false);
 }
 
 /// Alike at the start of a sweep and of a list, behind what is run and before the start itself.
@@ -185,24 +182,19 @@ void TriggerCommandsTest::edgesStepASweep()
 
 void TriggerCommandsTest::choicesInARun_data()
 {
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QStringList>("sent");
-    QTest::newRow("by hand and back")
-        << "time_select time_select time_select" << manual + QStringList("TRIG:SOUR IMM!") + manual;
-    QTest::newRow("step, edge, step")
-        << "right_select int_select right_select"
-        << manual + QStringList("STEP") + external("POS", "MAN") + manual + QStringList("STEP");
-    QTest::newRow("step, all points, step")
-        << "right_select modeFront right_select"
-        << manual + QStringList{"STEP", "LIST:MODE AUTO!"} + manual + QStringList("STEP");
-    QTest::newRow("one edge, the other")
-        << "int_select ext_select" << external("POS", "MAN") + external("NEG", "MAN");
-    QTest::newRow("repeating") << "trigMode trigMode"
-                               << QStringList{"INIT:CONT ON!", "INIT:CONT OFF!"};
-    QTest::newRow("all points") << "modeFront modeFront"
-                                << QStringList{"LIST:MODE AUTO!", "LIST:MODE MAN!"};
-    QTest::newRow("all points by an edge")
-        << "modeFront ext_select" << QStringList("LIST:MODE AUTO!") + external("NEG", "AUTO");
+    testColumns<QString, QStringList>("clicked", "sent");
+    testRow("by hand and back", "time_select time_select time_select",
+            manual + QStringList("TRIG:SOUR IMM!") + manual);
+    testRow("step, edge, step", "right_select int_select right_select",
+            manual + QStringList("STEP") + external("POS", "MAN") + manual + QStringList("STEP"));
+    testRow("step, all points, step", "right_select modeFront right_select",
+            manual + QStringList{"STEP", "LIST:MODE AUTO!"} + manual + QStringList("STEP"));
+    testRow("one edge, the other", "int_select ext_select",
+            external("POS", "MAN") + external("NEG", "MAN"));
+    testRow("repeating", "trigMode trigMode", QStringList{"INIT:CONT ON!", "INIT:CONT OFF!"});
+    testRow("all points", "modeFront modeFront", QStringList{"LIST:MODE AUTO!", "LIST:MODE MAN!"});
+    testRow("all points by an edge", "modeFront ext_select",
+            QStringList("LIST:MODE AUTO!") + external("NEG", "AUTO"));
 }
 
 /// Alike in a sweep and in a list, but that a list takes no single steps.
@@ -255,9 +247,9 @@ void TriggerCommandsTest::barElsewhereHoldsOnlyTheRepeating()
 
 void TriggerCommandsTest::nothingWithoutARun_data()
 {
-    QTest::addColumn<bool>("isConnected");
-    QTest::newRow("connected") << true;
-    QTest::newRow("no instrument") << false;
+    testColumns<bool>("isConnected");
+    testRow("connected", true);
+    testRow("no instrument", false);
 }
 
 void TriggerCommandsTest::nothingWithoutARun()
