@@ -2,6 +2,7 @@
 #undef signals
 
 #include "connection/hot_plug_watch.h"
+#include "tests/support/rows.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -62,9 +63,9 @@ void TestBusWatch::unplug(const QByteArray& path)
 
 void TestBusWatch::findsEachProduct_data()
 {
-    QTest::addColumn<QByteArray>("productId");
+    testColumns<QByteArray>("productId");
     for (const char* productId : {"0040", "0041", "0042", "0043", "0044", "0045"})
-        QTest::newRow(productId) << QByteArray(productId);
+        testRow(productId, QByteArray(productId));
 }
 
 void TestBusWatch::findsEachProduct()

@@ -1,4 +1,5 @@
 #include "tests/support/connection_rig.h"
+#include "tests/support/rows.h"
 
 /// The states of a connection, without a window: news from the bus, and what overtakes a sequence
 /// that pauses.
@@ -17,11 +18,9 @@ private slots:
 
 void ConnectionTest::looksAgainAfterTheSearch_data()
 {
-    QTest::addColumn<QStringList>("present");
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<int>("attempts");
-    QTest::newRow("plugged in") << QStringList("20215678") << "plug" << 2;
-    QTest::newRow("another device") << QStringList() << "" << 1;
+    testColumns<QStringList, QString, int>("present", "set", "attempts");
+    testRow("plugged in", QStringList("20215678"), "plug", 2);
+    testRow("another device", QStringList(), "", 1);
     // Seen on the bus, and of no use: that is no reason to search for ever.
     QTest::newRow("not to be found") << QStringList("20215678") << "" << 2;
 }
@@ -52,9 +51,9 @@ void ConnectionTest::looksAgainAfterTheSearch()
 
 void ConnectionTest::anEndedSearchSaysNothing_data()
 {
-    QTest::addColumn<QString>("set");
-    QTest::newRow("finished") << "plug";
-    QTest::newRow("failed") << "unplug";
+    testColumns<QString>("set");
+    testRow("finished", "plug");
+    testRow("failed", "unplug");
 }
 
 /// The search has walked the bus when the program ends, and is heard of only then.
@@ -77,9 +76,9 @@ void ConnectionTest::anEndedSearchSaysNothing()
 
 void ConnectionTest::anOvertakenPushSendsNothing_data()
 {
-    QTest::addColumn<bool>("isAgain");
-    QTest::newRow("disconnected") << false;
-    QTest::newRow("and connected again") << true;
+    testColumns<bool>("isAgain");
+    testRow("disconnected", false);
+    testRow("and connected again", true);
 }
 
 void ConnectionTest::anOvertakenPushSendsNothing()

@@ -1,5 +1,6 @@
 #include "connection/demo_plug_watch.h"
 #include "connection/usb_instance_id.h"
+#include "tests/support/rows.h"
 
 #include <QSaveFile>
 #include <QSignalSpy>
@@ -37,24 +38,15 @@ private:
 
 void TestHotPlug::readsSerialOfInstanceId_data()
 {
-    QTest::addColumn<QString>("instanceId");
-    QTest::addColumn<QString>("serial");
-    QTest::newRow("own") << R"(USB\VID_5645&PID_0041\1234-5678)"
-                         << "1234-5678";
-    QTest::newRow("lower case") << R"(usb\vid_5645&pid_0041\ab12)"
-                                << "ab12";
-    QTest::newRow("more parts") << R"(USB\VID_5645&PID_0041\1234\extra)"
-                                << "1234";
-    QTest::newRow("another product") << R"(USB\VID_5645&PID_0040\1234)"
-                                     << "";
-    QTest::newRow("another vendor") << R"(USB\VID_1D50&PID_0041\1234)"
-                                    << "";
-    QTest::newRow("IDs in the serial only") << R"(USB\VID_1D50&PID_6018\56450041)"
-                                            << "";
-    QTest::newRow("two parts") << R"(USB\VID_5645&PID_0041)"
-                               << "";
-    QTest::newRow("none") << ""
-                          << "";
+    testColumns<QString, QString>("instanceId", "serial");
+    testRow("own", R"(USB\VID_5645&PID_0041\1234-5678)", "1234-5678");
+    testRow("lower case", R"(usb\vid_5645&pid_0041\ab12)", "ab12");
+    testRow("more parts", R"(USB\VID_5645&PID_0041\1234\extra)", "1234");
+    testRow("another product", R"(USB\VID_5645&PID_0040\1234)", "");
+    testRow("another vendor", R"(USB\VID_1D50&PID_0041\1234)", "");
+    testRow("IDs in the serial only", R"(USB\VID_1D50&PID_6018\56450041)", "");
+    testRow("two parts", R"(USB\VID_5645&PID_0041)", "");
+    testRow("none", "", "");
 }
 
 void TestHotPlug::readsSerialOfInstanceId()
@@ -102,7 +94,7 @@ void TestHotPlug::replace(const QByteArray& content) const
 
 void TestHotPlug::followsFile_data()
 {
-    QTest::addColumn<QString>("way");
+    testColumns<QString>("way");
     for (const char* way : {"rewritten", "replaced", "replaced while held open"}) {
         if (QSysInfo::productType() == "windows" && qstrcmp(way, "replaced while held open") == 0)
             continue; // not allowed there
@@ -169,12 +161,11 @@ void TestHotPlug::waitsUntilWritingIsOver()
 
 void TestHotPlug::noticesOutAndIn_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QByteArray>("out");
-    QTest::newRow("replaced") << "replaced" << QByteArray("[1002]\n");
-    QTest::newRow("replaced by nothing") << "replaced" << QByteArray();
-    QTest::newRow("rewritten") << "rewritten" << QByteArray("[1002]\n");
-    QTest::newRow("removed") << "removed" << QByteArray();
+    testColumns<QString, QByteArray>("way", "out");
+    testRow("replaced", "replaced", QByteArray("[1002]\n"));
+    testRow("replaced by nothing", "replaced", QByteArray());
+    testRow("rewritten", "rewritten", QByteArray("[1002]\n"));
+    testRow("removed", "removed", QByteArray());
 }
 
 /// Faster than the file is looked at: whoever listens sees it go and come.
@@ -212,13 +203,12 @@ void TestHotPlug::noticesAReturnAfterALoss()
 
 void TestHotPlug::readsSections_data()
 {
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QStringList>("serials");
-    QTest::newRow("comments") << QByteArray("; [1]\n# [2]\n[3]\nmodel=[4]\n") << QStringList("3");
-    QTest::newRow("line ends of Windows, blanks")
-        << QByteArray("[1]\r\nlatency=1\r\n  [ 2 ]\r\n") << QStringList({"1", "2"});
-    QTest::newRow("twice") << QByteArray("[1]\n[1]\n") << QStringList("1");
-    QTest::newRow("damaged") << QByteArray("[]\n[1\n\x00\xff[2]\n") << QStringList();
+    testColumns<QByteArray, QStringList>("content", "serials");
+    testRow("comments", QByteArray("; [1]\n# [2]\n[3]\nmodel=[4]\n"), QStringList("3"));
+    testRow("line ends of Windows, blanks", QByteArray("[1]\r\nlatency=1\r\n  [ 2 ]\r\n"),
+            QStringList({"1", "2"}));
+    testRow("twice", QByteArray("[1]\n[1]\n"), QStringList("1"));
+    testRow("damaged", QByteArray("[]\n[1\n\x00\xff[2]\n"), QStringList());
 }
 
 void TestHotPlug::readsSections()

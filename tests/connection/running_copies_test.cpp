@@ -1,4 +1,5 @@
 #include "connection/running_copies.h"
+#include "tests/support/rows.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -77,17 +78,13 @@ void TestRunningCopies::holdsOneTitle()
 
 void TestRunningCopies::tellsAnyTitlesApart_data()
 {
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("otherTitle");
-    QTest::newRow("case") << "KLV (a)"
-                          << "KLV (A)";
-    QTest::newRow("folders") << "../KLV (1/2)"
-                             << "../KLV (1_2)";
-    QTest::newRow("rubbish") << QString(QChar(0)) + QChar(0xd800) + "\n\x7f"
-                             << QString(QChar(0)) + QChar(0xfffe) + "\n\x7f";
-    QTest::newRow("long") << QString(5000, 'x') + '1' << QString(5000, 'x') + '2';
-    QTest::newRow("empty") << ""
-                           << " ()";
+    testColumns<QString, QString>("title", "otherTitle");
+    testRow("case", "KLV (a)", "KLV (A)");
+    testRow("folders", "../KLV (1/2)", "../KLV (1_2)");
+    testRow("rubbish", QString(QChar(0)) + QChar(0xd800) + "\n\x7f",
+            QString(QChar(0)) + QChar(0xfffe) + "\n\x7f");
+    testRow("long", QString(5000, 'x') + '1', QString(5000, 'x') + '2');
+    testRow("empty", "", " ()");
 }
 
 void TestRunningCopies::tellsAnyTitlesApart()
@@ -104,9 +101,9 @@ void TestRunningCopies::tellsAnyTitlesApart()
 
 void TestRunningCopies::seesAnotherCopy_data()
 {
-    QTest::addColumn<bool>("isKilled");
-    QTest::newRow("ends by itself") << false;
-    QTest::newRow("is killed") << true;
+    testColumns<bool>("isKilled");
+    testRow("ends by itself", false);
+    testRow("is killed", true);
 }
 
 void TestRunningCopies::seesAnotherCopy()

@@ -1,4 +1,5 @@
 #include "connection/usb_access.h"
+#include "tests/support/rows.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -51,13 +52,11 @@ void UsbAccessTest::plug(const QString& device, const QByteArray& vendor, int nu
 
 void UsbAccessTest::findsWhatMayNotBeOpened_data()
 {
-    QTest::addColumn<QByteArray>("vendor");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<bool>("isFound");
-    QTest::newRow("accessible") << QByteArray("5645") << 0x6000 << false;
-    QTest::newRow("read only") << QByteArray("5645") << 0x4000 << true;
-    QTest::newRow("no node") << QByteArray("5645") << -1 << true;
-    QTest::newRow("another maker's") << QByteArray("1d50") << -1 << false;
+    testColumns<QByteArray, int, bool>("vendor", "mode", "isFound");
+    testRow("accessible", QByteArray("5645"), 0x6000, false);
+    testRow("read only", QByteArray("5645"), 0x4000, true);
+    testRow("no node", QByteArray("5645"), -1, true);
+    testRow("another maker's", QByteArray("1d50"), -1, false);
 }
 
 void UsbAccessTest::findsWhatMayNotBeOpened()

@@ -1,4 +1,5 @@
 #include "tests/demo/demo_session.h"
+#include "tests/support/rows.h"
 
 #include <QElapsedTimer>
 
@@ -98,8 +99,7 @@ void DemoBusTest::instrumentFile()
 
 void DemoBusTest::refusedDescriptions_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QByteArray>("fault");
+    testColumns<QByteArray, QByteArray>("line", "fault");
     const QByteArray rows[][2] = {
         {"frequencyMaxHz=1e18", "frequencyMaxHz is 0 to 1000000000000"},
         {"listDwellMinUs=0", "listDwellMinUs is 0.001 to 1000000000000"},
@@ -109,7 +109,7 @@ void DemoBusTest::refusedDescriptions_data()
         {"LatencyUs=-1", "latencyUs is 0 to 60000000"},
     };
     for (const auto& row : rows)
-        QTest::newRow(row[0].constData()) << row[0] << row[1];
+        testRow(row[0].constData(), row[0], row[1]);
 }
 
 void DemoBusTest::refusedDescriptions()
@@ -187,21 +187,18 @@ void DemoBusTest::bootloader()
 // A fault at the third call of: set and read back, write, read, write. What each then returns.
 void DemoBusTest::faultAtCall_data()
 {
-    QTest::addColumn<QByteArray>("fault");
-    QTest::addColumn<QByteArray>("outcome");
+    testColumns<QByteArray, QByteArray>("fault", "outcome");
     const QByteArray fine = "0 ";
     const QByteArray timeout = describe(VI_ERROR_TMO) + " ";
     const QByteArray lost = describe(VI_ERROR_CONN_LOST) + " ";
-    QTest::newRow("none") << QByteArray("fault 9 status 0xBFFF0015") << fine.repeated(4);
-    QTest::newRow("query") << QByteArray("fault 1 status 0xBFFF0015") << timeout + fine.repeated(3);
-    QTest::newRow("write") << QByteArray("fault 2 status 0xBFFF0015")
-                           << fine + timeout + timeout + fine;
-    QTest::newRow("read") << QByteArray("fault 3 status 0xBFFF0015")
-                          << fine.repeated(2) + timeout + fine;
-    QTest::newRow("warning") << QByteArray("fault 4 status 0x3FFF0085")
-                             << fine.repeated(3) + describe(VI_WARN_UNKNOWN_STATUS) + " ";
-    QTest::newRow("cable") << QByteArray("fault 3 vanish") << fine.repeated(2) + lost.repeated(2);
-    QTest::newRow("silence") << QByteArray("reply *IDN? ->") << fine.repeated(2) + timeout + fine;
+    testRow("none", QByteArray("fault 9 status 0xBFFF0015"), fine.repeated(4));
+    testRow("query", QByteArray("fault 1 status 0xBFFF0015"), timeout + fine.repeated(3));
+    testRow("write", QByteArray("fault 2 status 0xBFFF0015"), fine + timeout + timeout + fine);
+    testRow("read", QByteArray("fault 3 status 0xBFFF0015"), fine.repeated(2) + timeout + fine);
+    testRow("warning", QByteArray("fault 4 status 0x3FFF0085"),
+            fine.repeated(3) + describe(VI_WARN_UNKNOWN_STATUS) + " ");
+    testRow("cable", QByteArray("fault 3 vanish"), fine.repeated(2) + lost.repeated(2));
+    testRow("silence", QByteArray("reply *IDN? ->"), fine.repeated(2) + timeout + fine);
 }
 
 void DemoBusTest::faultAtCall()

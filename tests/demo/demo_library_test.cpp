@@ -1,4 +1,5 @@
 #include "tests/demo/demo_session.h"
+#include "tests/support/rows.h"
 
 #include <QProcess>
 
@@ -61,8 +62,7 @@ ViStatus KLV_VISA_FIXED handleEvent(ViSession, ViEventType type, ViEvent context
 
 void DemoLibraryTest::find_data()
 {
-    QTest::addColumn<QByteArray>("expression");
-    QTest::addColumn<int>("count");
+    testColumns<QByteArray, int>("expression", "count");
     const struct {
         const char* expression;
         int count;
@@ -88,7 +88,7 @@ void DemoLibraryTest::find_data()
         {"", -2},
     };
     for (const auto& row : rows)
-        QTest::newRow(row.expression) << QByteArray(row.expression) << row.count;
+        testRow(row.expression, QByteArray(row.expression), row.count);
 }
 
 void DemoLibraryTest::find()
@@ -114,18 +114,15 @@ void DemoLibraryTest::find()
 
 void DemoLibraryTest::openNames_data()
 {
-    QTest::addColumn<QByteArray>("name");
-    QTest::addColumn<int>("mode");
-    QTest::addColumn<int>("status");
+    testColumns<QByteArray, int, int>("name", "mode", "status");
     const QByteArray address = DemoSession::address;
-    QTest::newRow("short") << QByteArray("usb::0x5645::0x40::20215678") << 0 << int(VI_SUCCESS);
-    QTest::newRow("decimal") << QByteArray("USB0::22085::64::20215678::INSTR") << 1
-                             << int(VI_SUCCESS);
-    QTest::newRow("other maker") << QByteArray("USB0::0x1111::0x0040::20215678::0::INSTR") << 0
-                                 << int(VI_ERROR_RSRC_NFOUND);
-    QTest::newRow("no USB") << QByteArray("GPIB0::5::INSTR") << 0 << int(VI_ERROR_INV_RSRC_NAME);
-    QTest::newRow("rubbish") << address.repeated(20) << 0 << int(VI_ERROR_INV_RSRC_NAME);
-    QTest::newRow("mode") << address << 3 << int(VI_ERROR_INV_ACC_MODE);
+    testRow("short", QByteArray("usb::0x5645::0x40::20215678"), 0, int(VI_SUCCESS));
+    testRow("decimal", QByteArray("USB0::22085::64::20215678::INSTR"), 1, int(VI_SUCCESS));
+    testRow("other maker", QByteArray("USB0::0x1111::0x0040::20215678::0::INSTR"), 0,
+            int(VI_ERROR_RSRC_NFOUND));
+    testRow("no USB", QByteArray("GPIB0::5::INSTR"), 0, int(VI_ERROR_INV_RSRC_NAME));
+    testRow("rubbish", address.repeated(20), 0, int(VI_ERROR_INV_RSRC_NAME));
+    testRow("mode", address, 3, int(VI_ERROR_INV_ACC_MODE));
 }
 
 void DemoLibraryTest::openNames()

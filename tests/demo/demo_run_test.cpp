@@ -1,4 +1,5 @@
 #include "tests/demo/demo_session.h"
+#include "tests/support/rows.h"
 
 class DemoRunTest : public QObject
 {
@@ -32,71 +33,74 @@ QByteArray presentState(DemoSession& instrument)
 
 void DemoRunTest::run_data()
 {
-    QTest::addColumn<QByteArray>("setting");
-    QTest::addColumn<Steps>("steps");
-    QTest::newRow("sweep, free") << QByteArray(sweep)
-                                 << Steps{{"INIT:IMM", "RUN 1 1000000"},
-                                          {"clock 999", "RUN 1 1000000"},
-                                          {"*TRG", "RUN 1 1000000"},
-                                          {"clock 1001", "RUN 3 3000000"},
-                                          {"clock 2000", "RUN 5 5000000"},
-                                          {"clock 1000", "IDLE 5 5000000"},
-                                          {"FREQ:MODE LIST", "IDLE 0 1000000000"},
-                                          {"FREQ:MODE SWE", "IDLE 0 1000000000"},
-                                          {"INIT", "RUN 1 1000000"},
-                                          {"POW:MODE LIST", "IDLE 0 1000000000"},
-                                          {"POW:MODE FIX;:INIT", "RUN 1 1000000"},
-                                          {"ABOR", "IDLE 0 1000000000"}};
-    QTest::newRow("sweep, repeated")
-        << QByteArray(sweep)
-        << Steps{{"INIT:CONT ON", "IDLE 0 1000000000"}, {"INIT:IMM", "RUN 1 1000000"},
-                 {"clock 6000", "RUN 2 2000000"},       {"clock 50000001000", "RUN 3 3000000"},
-                 {"INIT:CONT OFF", "RUN 3 3000000"},    {"clock 3000", "IDLE 5 5000000"},
-                 {"INIT:CONT ON", "RUN 1 1000000"}};
-    QTest::newRow("list, free") << QByteArray(list)
-                                << Steps{{"INIT:IMM", "RUN 1 10000000"},
-                                         {"clock 1000", "RUN 2 20000000"},
-                                         {"clock 1999", "RUN 2 20000000"},
-                                         {"clock 1", "RUN 3 30000000"},
-                                         {"clock 3000", "IDLE 3 30000000"}};
-    QTest::newRow("sweep, by hand") << QByteArray(sweep)
-                                    << Steps{{"TRIG:SOUR BUS", "IDLE 0 1000000000"},
-                                             {"LIST:MODE MAN", "IDLE 0 1000000000"},
-                                             {"INIT:IMM", "WAIT 0 1000000000"},
-                                             {"*TRG", "WAIT 1 1000000"},
-                                             {"LIST:MAN UP", "WAIT 2 2000000"},
-                                             {"LIST:MAN UP", "WAIT 3 3000000"},
-                                             {"clock 99000", "WAIT 3 3000000"},
-                                             {"LIST:MAN DOWN", "WAIT 2 2000000"},
-                                             {"LIST:MAN 5", "WAIT 5 5000000"},
-                                             {"LIST:MAN UP", "WAIT 5 5000000"},
-                                             {"*TRG", "IDLE 5 5000000"}};
-    QTest::newRow("list, point by edge") << QByteArray(list)
-                                         << Steps{{"TRIG:SLOP NEG;SOUR EXT", "IDLE 0 1000000000"},
-                                                  {"LIST:MODE MAN", "IDLE 0 1000000000"},
-                                                  {"INIT:CONT ON;IMM", "WAIT 0 1000000000"},
-                                                  {"trigger rising", "WAIT 0 1000000000"},
-                                                  {"*TRG", "WAIT 0 1000000000"},
-                                                  {"trigger falling", "WAIT 1 10000000"},
-                                                  {"trigger falling", "WAIT 2 20000000"},
-                                                  {"trigger falling", "WAIT 3 30000000"},
-                                                  {"trigger falling", "WAIT 1 10000000"}};
-    QTest::newRow("list, all at one edge")
-        << QByteArray(list)
-        << Steps{{"TRIG:SOUR EXT", "IDLE 0 1000000000"}, {"INIT:CONT ON;IMM", "WAIT 0 1000000000"},
-                 {"trigger rising", "RUN 1 10000000"},   {"clock 1500", "RUN 2 20000000"},
-                 {"clock 9000", "WAIT 3 30000000"},      {"trigger rising", "RUN 1 10000000"}};
-    QTest::newRow("changes in a run") << QByteArray(sweep)
-                                      << Steps{{"TRIG:SOUR BUS", "IDLE 0 1000000000"},
-                                               {"INIT:IMM", "WAIT 0 1000000000"},
-                                               {"*TRG", "RUN 1 1000000"},
-                                               {"clock 1500", "RUN 2 2000000"},
-                                               {"LIST:MODE MAN", "WAIT 2 2000000"},
-                                               {"clock 5000", "WAIT 2 2000000"},
-                                               {"TRIG:SOUR IMM", "RUN 2 2000000"},
-                                               {"clock 1000", "RUN 3 3000000"},
-                                               {"SWE:POIN 4", "RUN 3 3666666.667"},
-                                               {"FREQ:MODE FIX", "IDLE 0 1000000000"}};
+    testColumns<QByteArray, Steps>("setting", "steps");
+    testRow("sweep, free", QByteArray(sweep),
+            Steps{{"INIT:IMM", "RUN 1 1000000"},
+                  {"clock 999", "RUN 1 1000000"},
+                  {"*TRG", "RUN 1 1000000"},
+                  {"clock 1001", "RUN 3 3000000"},
+                  {"clock 2000", "RUN 5 5000000"},
+                  {"clock 1000", "IDLE 5 5000000"},
+                  {"FREQ:MODE LIST", "IDLE 0 1000000000"},
+                  {"FREQ:MODE SWE", "IDLE 0 1000000000"},
+                  {"INIT", "RUN 1 1000000"},
+                  {"POW:MODE LIST", "IDLE 0 1000000000"},
+                  {"POW:MODE FIX;:INIT", "RUN 1 1000000"},
+                  {"ABOR", "IDLE 0 1000000000"}});
+    testRow("sweep, repeated", QByteArray(sweep),
+            Steps{{"INIT:CONT ON", "IDLE 0 1000000000"},
+                  {"INIT:IMM", "RUN 1 1000000"},
+                  {"clock 6000", "RUN 2 2000000"},
+                  {"clock 50000001000", "RUN 3 3000000"},
+                  {"INIT:CONT OFF", "RUN 3 3000000"},
+                  {"clock 3000", "IDLE 5 5000000"},
+                  {"INIT:CONT ON", "RUN 1 1000000"}});
+    testRow("list, free", QByteArray(list),
+            Steps{{"INIT:IMM", "RUN 1 10000000"},
+                  {"clock 1000", "RUN 2 20000000"},
+                  {"clock 1999", "RUN 2 20000000"},
+                  {"clock 1", "RUN 3 30000000"},
+                  {"clock 3000", "IDLE 3 30000000"}});
+    testRow("sweep, by hand", QByteArray(sweep),
+            Steps{{"TRIG:SOUR BUS", "IDLE 0 1000000000"},
+                  {"LIST:MODE MAN", "IDLE 0 1000000000"},
+                  {"INIT:IMM", "WAIT 0 1000000000"},
+                  {"*TRG", "WAIT 1 1000000"},
+                  {"LIST:MAN UP", "WAIT 2 2000000"},
+                  {"LIST:MAN UP", "WAIT 3 3000000"},
+                  {"clock 99000", "WAIT 3 3000000"},
+                  {"LIST:MAN DOWN", "WAIT 2 2000000"},
+                  {"LIST:MAN 5", "WAIT 5 5000000"},
+                  {"LIST:MAN UP", "WAIT 5 5000000"},
+                  {"*TRG", "IDLE 5 5000000"}});
+    testRow("list, point by edge", QByteArray(list),
+            Steps{{"TRIG:SLOP NEG;SOUR EXT", "IDLE 0 1000000000"},
+                  {"LIST:MODE MAN", "IDLE 0 1000000000"},
+                  {"INIT:CONT ON;IMM", "WAIT 0 1000000000"},
+                  {"trigger rising", "WAIT 0 1000000000"},
+                  {"*TRG", "WAIT 0 1000000000"},
+                  {"trigger falling", "WAIT 1 10000000"},
+                  {"trigger falling", "WAIT 2 20000000"},
+                  {"trigger falling", "WAIT 3 30000000"},
+                  {"trigger falling", "WAIT 1 10000000"}});
+    testRow("list, all at one edge", QByteArray(list),
+            Steps{{"TRIG:SOUR EXT", "IDLE 0 1000000000"},
+                  {"INIT:CONT ON;IMM", "WAIT 0 1000000000"},
+                  {"trigger rising", "RUN 1 10000000"},
+                  {"clock 1500", "RUN 2 20000000"},
+                  {"clock 9000", "WAIT 3 30000000"},
+                  {"trigger rising", "RUN 1 10000000"}});
+    testRow("changes in a run", QByteArray(sweep),
+            Steps{{"TRIG:SOUR BUS", "IDLE 0 1000000000"},
+                  {"INIT:IMM", "WAIT 0 1000000000"},
+                  {"*TRG", "RUN 1 1000000"},
+                  {"clock 1500", "RUN 2 2000000"},
+                  {"LIST:MODE MAN", "WAIT 2 2000000"},
+                  {"clock 5000", "WAIT 2 2000000"},
+                  {"TRIG:SOUR IMM", "RUN 2 2000000"},
+                  {"clock 1000", "RUN 3 3000000"},
+                  {"SWE:POIN 4", "RUN 3 3666666.667"},
+                  {"FREQ:MODE FIX", "IDLE 0 1000000000"}});
 }
 
 void DemoRunTest::run()
@@ -119,8 +123,7 @@ void DemoRunTest::run()
 
 void DemoRunTest::refusedStarts_data()
 {
-    QTest::addColumn<QByteArray>("message");
-    QTest::addColumn<QByteArray>("errors");
+    testColumns<QByteArray, QByteArray>("message", "errors");
     const QByteArray rows[][2] = {
         {"INIT", "-221"},
         {"FREQ:MODE LIST;:INIT", "-221"},
@@ -134,7 +137,7 @@ void DemoRunTest::refusedStarts_data()
         {"FREQ:MODE SWE;:TRIG:SOUR BUS;*TRG", "-211"},
     };
     for (const auto& row : rows)
-        QTest::newRow(row[0].constData()) << row[0] << row[1];
+        testRow(row[0].constData(), row[0], row[1]);
 }
 
 void DemoRunTest::refusedStarts()

@@ -1,6 +1,7 @@
 #include "tests/profiles/profile_rig.h"
 
 #include "profiles/profile_folder.h"
+#include "tests/support/rows.h"
 
 #include <QMetaMethod>
 
@@ -27,7 +28,6 @@ class ProfileFileTest : public QObject
     Q_OBJECT
 
 private slots:
-    void declaresItsSignalsAndSlotsInOrder();
     void writesEveryControlOfEveryPanel();
     void bringsBackWhatItHasWritten();
     void keepsTheFileReadable();
@@ -46,18 +46,6 @@ private slots:
     void startsWithoutTheLastState();
     void namesAnew();
 };
-
-void ProfileFileTest::declaresItsSignalsAndSlotsInOrder()
-{
-    QStringList signatures;
-    const QMetaObject& meta = openSave_XML_FILE::staticMetaObject;
-    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
-        signatures << QString::fromLatin1(meta.method(i).methodSignature());
-    QCOMPARE(signatures,
-             QStringList({"error(QString)", "message(QString)", "sendQuickProfile(QString)",
-                          "getQuickProfiles()", "openProfile()", "saveProfile()",
-                          "saveQuickProfile(QString)", "deleteProfile()"}));
-}
 
 void ProfileFileTest::writesEveryControlOfEveryPanel()
 {
@@ -129,11 +117,10 @@ void ProfileFileTest::keepsTheFileReadable()
 
 void ProfileFileTest::replays_data()
 {
-    QTest::addColumn<QByteArray>("inside");
-    QTest::addColumn<QStringList>("expected");
+    testColumns<QByteArray, QStringList>("inside", "expected");
     const QStringList nothing;
     const auto row = [](const char* name, const QByteArray& inside, const QStringList& expected) {
-        QTest::newRow(name) << ofPanel(inside) << expected;
+        testRow(name, ofPanel(inside), expected);
     };
     row("click and wait", "<AM>ON</AM>", {"AM on", "wait 450"});
     row("as it is", "<AM>OFF</AM>", nothing);
@@ -160,19 +147,20 @@ void ProfileFileTest::replays_data()
         {"FM on", "FM off", "FREQ = 1", "FREQ = 2"});
     row("in the file's order", "<FREQ>1 0</FREQ><FM>ON</FM>", {"FREQ = 1", "FM on"});
     row("split text", "<FREQ>1<![CDATA[ 0]]></FREQ><FM>O<![CDATA[N]]></FM>", {"FREQ = 1", "FM on"});
-    QTest::newRow("before any panel") << document("<AM>ON</AM><Modulat/>") << nothing;
-    QTest::newRow("without white space")
-        << QByteArray("<KLV><Modulat><FM>ON</FM></Modulat></KLV>") << QStringList("FM on");
-    QTest::newRow("variables") << document("<shared_variable><Text_Name>x y 0</Text_Name><Pow_Step>"
-                                           "2.5 1</Pow_Step><Point_Step>7 2</Point_Step><Freq_Step>"
-                                           "9000000000 3</Freq_Step></shared_variable>")
-                               << QStringList("x y 2.5 7 9000000000");
-    QTest::newRow("no such values")
-        << document("<shared_variable><Pow_Step>much 1</Pow_Step><Point_Step>7.5 2</Point_Step>"
-                    "<Freq_Step>3</Freq_Step><Other>5 1</Other></shared_variable>")
-        << nothing;
-    QTest::newRow("a variable is no control")
-        << document("<shared_variable><FREQ>5 0</FREQ></shared_variable>") << nothing;
+    testRow("before any panel", document("<AM>ON</AM><Modulat/>"), nothing);
+    testRow("without white space", QByteArray("<KLV><Modulat><FM>ON</FM></Modulat></KLV>"),
+            QStringList("FM on"));
+    testRow("variables",
+            document("<shared_variable><Text_Name>x y 0</Text_Name><Pow_Step>"
+                     "2.5 1</Pow_Step><Point_Step>7 2</Point_Step><Freq_Step>"
+                     "9000000000 3</Freq_Step></shared_variable>"),
+            QStringList("x y 2.5 7 9000000000"));
+    testRow("no such values",
+            document("<shared_variable><Pow_Step>much 1</Pow_Step><Point_Step>7.5 2</Point_Step>"
+                     "<Freq_Step>3</Freq_Step><Other>5 1</Other></shared_variable>"),
+            nothing);
+    testRow("a variable is no control",
+            document("<shared_variable><FREQ>5 0</FREQ></shared_variable>"), nothing);
 }
 
 void ProfileFileTest::replays()
@@ -207,12 +195,11 @@ void ProfileFileTest::panelsDoNotShareControls()
 
 void ProfileFileTest::leavesUnsoundFilesAlone_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("reason");
+    testColumns<QByteArray, QString>("bytes", "reason");
     const QByteArray sound = ofPanel("<FM>ON</FM>");
     const QString damaged = "The profile is damaged, nothing applied: given.xml";
     const auto row = [&](const char* name, const QByteArray& bytes) {
-        QTest::newRow(name) << bytes << damaged;
+        testRow(name, bytes, damaged);
     };
     row("cut in half", sound.left(sound.size() - 20));
     row("cut behind the panel", sound.left(sound.indexOf("</KLV>")));
@@ -236,10 +223,10 @@ void ProfileFileTest::leavesUnsoundFilesAlone_data()
                 many += "<x" + QByteArray::number(i) + "/>";
             return many;
         }()));
-    QTest::newRow("of something else") << QByteArray("<svg><g><FM>ON</FM></g></svg>")
-                                       << "Not a profile, nothing applied: given.xml";
-    QTest::newRow("too large") << ofPanel("<FM>ON</FM>" + QByteArray(100 * 1024 * 1024, ' '))
-                               << "Too large for a profile, nothing applied: given.xml";
+    testRow("of something else", QByteArray("<svg><g><FM>ON</FM></g></svg>"),
+            "Not a profile, nothing applied: given.xml");
+    testRow("too large", ofPanel("<FM>ON</FM>" + QByteArray(100 * 1024 * 1024, ' ')),
+            "Too large for a profile, nothing applied: given.xml");
 }
 
 void ProfileFileTest::leavesUnsoundFilesAlone()
@@ -254,12 +241,10 @@ void ProfileFileTest::leavesUnsoundFilesAlone()
 
 void ProfileFileTest::refusesWhatItCannotWrite_data()
 {
-    QTest::addColumn<int>("length");
-    QTest::addColumn<bool>("isFolderThere");
-    QTest::addColumn<QStringList>("expected");
-    QTest::newRow("longest") << 259 << true << QStringList();
-    QTest::newRow("too long") << 260 << true << QStringList("error: File name is too long");
-    QTest::newRow("no such folder") << 200 << false << QStringList("error: Error saving file");
+    testColumns<int, bool, QStringList>("length", "isFolderThere", "expected");
+    testRow("longest", 259, true, QStringList());
+    testRow("too long", 260, true, QStringList("error: File name is too long"));
+    testRow("no such folder", 200, false, QStringList("error: Error saving file"));
 }
 
 void ProfileFileTest::refusesWhatItCannotWrite()
@@ -293,10 +278,10 @@ void ProfileFileTest::anUnfinishedFileReplacesNothing()
 
 void ProfileFileTest::endsBetweenTwoClicks_data()
 {
-    QTest::addColumn<std::function<void(ProfileRig&)>>("happening");
+    testColumns<std::function<void(ProfileRig&)>>("happening");
     using Happening = std::function<void(ProfileRig&)>;
-    QTest::newRow("stopped") << Happening([](ProfileRig& rig) { rig.profiles().stop(); });
-    QTest::newRow("program ends") << Happening([](ProfileRig& rig) { rig.isEnding = true; });
+    testRow("stopped", Happening([](ProfileRig& rig) { rig.profiles().stop(); }));
+    testRow("program ends", Happening([](ProfileRig& rig) { rig.isEnding = true; }));
 }
 
 void ProfileFileTest::endsBetweenTwoClicks()

@@ -3,6 +3,7 @@
 #include "profiles/panel/open_save_profile.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/rows.h"
 #include "ui/files/user_folder.h"
 
 #include <QFileDialog>
@@ -141,9 +142,9 @@ void ProfilesPanelTest::nineHaveAKey()
 
 void ProfilesPanelTest::replacesOnlyWhenToldTo_data()
 {
-    QTest::addColumn<bool>("isYes");
-    QTest::newRow("yes") << true;
-    QTest::newRow("no") << false;
+    testColumns<bool>("isYes");
+    testRow("yes", true);
+    testRow("no", false);
 }
 
 void ProfilesPanelTest::replacesOnlyWhenToldTo()
@@ -212,14 +213,12 @@ void ProfilesPanelTest::deletesOnlyWhenToldTo()
 
 void ProfilesPanelTest::refusesNames_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("said");
+    testColumns<QString, QString>("name", "said");
     const QString characters = "error: A file name can't contain any of the following characters:"
                                "\n/ : * ? \" < > |";
     for (const char* character : {"/", ":", "*", "?", "\"", "<", ">", "|", "\\"})
-        QTest::newRow(character) << QString("a%1b").arg(character) << characters;
-    QTest::newRow("reserved") << "Last"
-                              << "message: This name is reserved: Last";
+        testRow(character, QString("a%1b").arg(character), characters);
+    testRow("reserved", "Last", "message: This name is reserved: Last");
 }
 
 void ProfilesPanelTest::refusesNames()

@@ -1,6 +1,7 @@
 #include "service/open_document.h"
 #include "service/windows_system.h"
 #include "tests/support/installed_driver.h"
+#include "tests/support/rows.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -41,17 +42,14 @@ void WindowsSystemTest::theToolIsOfTheSystemsKind()
 
 void WindowsSystemTest::runsTheToolInAFolderWithBlanks_data()
 {
-    QTest::addColumn<bool>("hasService");
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<QStringList>("commands");
-    QTest::addColumn<bool>("mayConnect");
-    QTest::newRow("no service") << false << QByteArray("running") << QStringList("update") << false;
-    QTest::newRow("running") << true << QByteArray("Driver is running.") << QStringList("status")
-                             << true;
-    QTest::newRow("problem") << true << QByteArray("The device has the following problem: 28")
-                             << QStringList({"status", "update"}) << false;
-    QTest::newRow("long") << true << QByteArray(200000, '.') + "problem"
-                          << QStringList({"status", "update"}) << false;
+    testColumns<bool, QByteArray, QStringList, bool>("hasService", "answer", "commands",
+                                                     "mayConnect");
+    testRow("no service", false, QByteArray("running"), QStringList("update"), false);
+    testRow("running", true, QByteArray("Driver is running."), QStringList("status"), true);
+    testRow("problem", true, QByteArray("The device has the following problem: 28"),
+            QStringList({"status", "update"}), false);
+    testRow("long", true, QByteArray(200000, '.') + "problem", QStringList({"status", "update"}),
+            false);
 }
 
 void WindowsSystemTest::runsTheToolInAFolderWithBlanks()
@@ -96,10 +94,10 @@ void WindowsSystemTest::aMissingToolIsAWorkingDriver()
 
 void WindowsSystemTest::documentsOpenByTheInterpreter_data()
 {
-    QTest::addColumn<QString>("name");
+    testColumns<QString>("name");
     for (const char* name : {"two blanks here", "Programs (x86)", "this & md that",
                              "50%, 60% and %no%", "^caret", "bang!", "a;b,c=d", "@home"})
-        QTest::newRow(name) << QString(name);
+        testRow(name, QString(name));
 }
 
 void WindowsSystemTest::documentsOpenByTheInterpreter()

@@ -1,6 +1,7 @@
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
 #include "tests/support/panel_rig.h"
+#include "tests/support/rows.h"
 #include "tests/support/titled_copy.h"
 
 #include <QProcess>
@@ -47,9 +48,9 @@ void WindowsWindowTest::init()
 
 void WindowsWindowTest::seesAnotherCopysInstrument_data()
 {
-    QTest::addColumn<bool>("isKilled");
-    QTest::newRow("ends by itself") << false;
-    QTest::newRow("is killed") << true;
+    testColumns<bool>("isKilled");
+    testRow("ends by itself", false);
+    testRow("is killed", true);
 }
 
 void WindowsWindowTest::seesAnotherCopysInstrument()
@@ -84,11 +85,10 @@ void WindowsWindowTest::showsItsOwnInstrument()
 
 void WindowsWindowTest::looksAtTheDevicesOnTheirMessageOnly_data()
 {
-    QTest::addColumn<uint>("event");
-    QTest::addColumn<int>("changes");
-    QTest::newRow("nodes changed") << uint(DBT_DEVNODES_CHANGED) << 1;
-    QTest::newRow("configuration changed") << uint(DBT_CONFIGCHANGED) << 0;
-    QTest::newRow("nothing") << 0u << 0;
+    testColumns<uint, int>("event", "changes");
+    testRow("nodes changed", uint(DBT_DEVNODES_CHANGED), 1);
+    testRow("configuration changed", uint(DBT_CONFIGCHANGED), 0);
+    testRow("nothing", 0u, 0);
 }
 
 void WindowsWindowTest::looksAtTheDevicesOnTheirMessageOnly()
