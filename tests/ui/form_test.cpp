@@ -1,3 +1,4 @@
+#include "tests/support/rows.h"
 #include "ui/theme.h"
 #include "ui_mainwindow.h"
 
@@ -9,8 +10,6 @@
 
 namespace
 {
-constexpr int grid = 8;
-
 /// The form in a window, in either language, with every indicator shown.
 struct Panel {
     explicit Panel(bool russian)
@@ -46,68 +45,13 @@ struct Panel {
     Ui::MainWindow ui;
 };
 
-/// The lowest row of `widget` on the display that is brighter than half way to its brightest.
-int lowestInkRow(const QWidget& display, const QWidget& widget, const QColor& ink)
-{
-    const QImage image = const_cast<QWidget&>(display).grab().toImage();
-    const QRect area(widget.mapTo(&display, QPoint(2, 2)), widget.size() - QSize(4, 4));
-    for (int y = area.bottom(); y >= area.top(); --y)
-        for (int x = area.left(); x <= area.right(); ++x)
-            if (image.pixelColor(x, y).green() > ink.green() * 3 / 4)
-                return y;
-    return -1;
-}
 } // namespace
 
 class FormTest : public QObject
 {
     Q_OBJECT
 
-private:
-    static void addLanguages()
-    {
-        QTest::addColumn<bool>("russian");
-        QTest::newRow("English") << false;
-        QTest::newRow("Russian") << true;
-    }
-
 private slots:
-    void noTextIsClipped_data() { addLanguages(); }
-    void noTextIsClipped()
-    {
-        QFETCH(bool, russian);
-        Panel panel(russian);
-        const QSize idle = panel.window.sizeHint();
-        panel.showEverything();
-        QCOMPARE(panel.window.sizeHint(), idle);
-        for (const bool checked : {false, true}) {
-            for (auto* button : panel.window.findChildren<StateButton*>())
-                if (button->isCheckable())
-                    button->setChecked(checked);
-            QCoreApplication::processEvents();
-            for (const QWidget* widget : panel.window.findChildren<QWidget*>()) {
-                const auto* label = qobject_cast<const QLabel*>(widget);
-                const auto* button = qobject_cast<const QAbstractButton*>(widget);
-                if ((label && !label->text().isEmpty()) || (button && !button->text().isEmpty()))
-                    QVERIFY2(widget->sizeHint().width() <= widget->width(),
-                             qPrintable(widget->objectName()));
-            }
-        }
-        const QLineEdit& field = *panel.ui.FREQ;
-        QVERIFY(field.fontMetrics().horizontalAdvance(field.text()) < field.width() - 16);
-    }
-
-    void deviceNameFitsItsWidth()
-    {
-        Panel panel(false);
-        QLabel& device = *panel.ui.device;
-        QCOMPARE(device.width(), 131);
-        device.setProperty("connected", true);
-        device.setText("KLV-20G 5678");
-        device.setFixedWidth(171);
-        QVERIFY(device.sizeHint().width() <= device.width());
-    }
-
     void aLongDeviceNameIsElided()
     {
         Panel panel(false);
@@ -131,8 +75,7 @@ private slots:
 
     void keysClickTheirButton_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("keys");
+        testColumns<QString, QString>("name", "keys");
         const QList<QPair<QString, QString>> table = {
             {"connect", "Ctrl+D"},     {"menuButton", "F10"},  {"minimize", "Ctrl+M"},
             {"closeWindow", "Ctrl+Q"}, {"key_FREQ", "Ctrl+F"}, {"key_POW", "Ctrl+P"},
@@ -140,7 +83,7 @@ private slots:
             {"open_mod", "F2"},        {"open_list", "F3"},    {"open_gener", "F4"},
             {"profiles", "F5"},        {"service", "F6"},      {"butSetModePow", "Ctrl+B"}};
         for (const auto& [name, keys] : table)
-            QTest::newRow(qPrintable(name)) << name << keys;
+            testRow(name, name, keys);
     }
 
     void keysClickTheirButton()
@@ -161,24 +104,6 @@ private slots:
         QCOMPARE(clicks.count(), 1);
     }
 
-    void tabGoesAsTheEyeDoes()
-    {
-        Panel panel(false);
-        panel.showEverything();
-        QVERIFY(QTest::qWaitForWindowActive(&panel.window));
-        panel.ui.FREQ->setFocus();
-        QStringList order;
-        for (int i = 0; i < 18; ++i) {
-            order << panel.window.focusWidget()->objectName();
-            QTest::keyClick(panel.window.focusWidget(), Qt::Key_Tab);
-        }
-        QCOMPARE(order.join(' '),
-                 QString("FREQ POW Output ROSC open_ROSC_FREQ ROSC_FREQ open_mod "
-                         "open_list open_gener profiles service stop_run butSetModePow "
-                         "connect menuButton minimize closeWindow errors"));
-        QCOMPARE(panel.window.focusWidget(), panel.ui.FREQ);
-    }
-
     void aNewLanguageKeepsDataAndState()
     {
         Panel panel(false);
@@ -195,37 +120,6 @@ private slots:
         QCOMPARE(panel.ui.Output->text(), QString::fromUtf8("ВЧ ВКЛ."));
         QCOMPARE(panel.ui.connect->text(), QString::fromUtf8("Подключиться"));
         QCOMPARE(panel.window.windowTitle(), QString("KLV"));
-    }
-
-    void figuresAndUnitShareABaseline()
-    {
-        Panel panel(false);
-        const auto& ui = panel.ui;
-        ui.FREQ->setText("1");
-        ui.Output->setFocus();
-        const QColor figures = themeColour(ThemeName::Light, "figures");
-        const QColor muted = themeColour(ThemeName::Light, "displayMuted");
-        const int figureRow = lowestInkRow(*ui.display, *ui.FREQ, figures);
-        QVERIFY(figureRow > 0);
-        QCOMPARE(lowestInkRow(*ui.display, *ui.unit_FREQ, muted), figureRow);
-    }
-
-    void buttonsStandOnTheGrid_data() { addLanguages(); }
-    void buttonsStandOnTheGrid()
-    {
-        QFETCH(bool, russian);
-        Panel panel(russian);
-        panel.showEverything();
-        for (const auto* button : panel.window.findChildren<QAbstractButton*>()) {
-            if (panel.ui.display->isAncestorOf(button) || button == panel.ui.errors)
-                continue;
-            const QPoint corner = button->mapTo(&panel.window, QPoint(0, 0));
-            QVERIFY2(corner.x() % grid == 0 && corner.y() % grid == 0,
-                     qPrintable(button->objectName()));
-            QVERIFY2(button->height() == 32 && button->width() % grid == 0,
-                     qPrintable(button->objectName()));
-        }
-        QCOMPARE(panel.ui.ROSC_FREQ->height(), 30);
     }
 };
 

@@ -1,3 +1,4 @@
+#include "tests/support/rows.h"
 #include "ui/anim_label.h"
 #include "ui/error_box.h"
 #include "ui/state_button.h"
@@ -19,9 +20,9 @@ private slots:
 
     void anErrorIsShownUntilPutAway_data()
     {
-        QTest::addColumn<bool>("byKey");
-        QTest::newRow("Cancel") << false;
-        QTest::newRow("Escape") << true;
+        testColumns<bool>("byKey");
+        testRow("Cancel", false);
+        testRow("Escape", true);
     }
 
     void anErrorIsShownUntilPutAway()
@@ -72,35 +73,6 @@ private slots:
         captioned.setText("10 MHz");
         captioned.click();
         QCOMPARE(captioned.text(), QString("10 MHz"));
-    }
-
-    void aClickFadesToTheNewLook()
-    {
-        StateButton button;
-        button.setObjectName("Output");
-        button.setCheckable(true);
-        button.resize(120, 32);
-        button.show();
-        const auto ground = [&button] { return button.grab().toImage().pixelColor(10, 8); };
-        const QColor off = ground();
-        button.click();
-        QVERIFY(ground() != themeColour(ThemeName::Dark, "on"));
-        QTRY_COMPARE(ground(), themeColour(ThemeName::Dark, "on"));
-        button.setChecked(false);
-        QCOMPARE(ground(), off);
-    }
-
-    void anIconTakesTheIndicatorsColour()
-    {
-        QPixmap blue(24, 24);
-        blue.fill(Qt::blue);
-        Indicator indicator;
-        indicator.setObjectName("label_PULM");
-        indicator.setFixedSize(48, 24);
-        indicator.setPixmap(blue);
-        indicator.show();
-        QCOMPARE(indicator.grab().toImage().pixelColor(24, 12),
-                 themeColour(ThemeName::Dark, "figures"));
     }
 
     void anAnimatedLabelEndsFullyShown()

@@ -1,4 +1,5 @@
 #include "app/help_file.h"
+#include "tests/support/rows.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -16,54 +17,28 @@ private slots:
 
 void HelpFileTest::finds_data()
 {
-    QTest::addColumn<QStringList>("files");
-    QTest::addColumn<QString>("program");
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("found");
+    testColumns<QStringList, QString, QString, QString>("files", "program", "language", "found");
 
     const QStringList built = {"bin/manual/en/index.html", "bin/manual/ru/index.html"};
     const QStringList installed = {"share/doc/klv/manual/en/index.html",
                                    "share/doc/klv/manual/ru/index.html"};
-    QTest::newRow("nothing") << QStringList{"bin/klv", "bin/readme.chm", "bin/KLV.pdf"} << "bin"
-                             << "en"
-                             << "";
-    QTest::newRow("chm, in either language") << QStringList{"bin/KLV.chm"} << "bin"
-                                             << "ru"
-                                             << "bin/KLV.chm";
-    QTest::newRow("chm of a longer name") << QStringList{"bin/Help KLV-20G.chm.old"} << "bin"
-                                          << "en"
-                                          << "bin/Help KLV-20G.chm.old";
-    QTest::newRow("the first of two by name")
-        << QStringList{"bin/KLV_2.chm", "bin/KLV_1.chm"} << "bin"
-        << "en"
-        << "bin/KLV_1.chm";
-    QTest::newRow("a folder is no file") << QStringList{"bin/KLV.chm/a"} << "bin"
-                                         << "en"
-                                         << "";
-    QTest::newRow("other case is another name") << QStringList{"bin/klv.CHM"} << "bin"
-                                                << "en"
-                                                << "";
-    QTest::newRow("chm before the pages") << built + QStringList{"bin/KLV.chm"} << "bin"
-                                          << "en"
-                                          << "bin/KLV.chm";
-    QTest::newRow("build, English") << built << "bin"
-                                    << "en"
-                                    << "bin/manual/en/index.html";
-    QTest::newRow("build, Russian") << built << "bin"
-                                    << "ru"
-                                    << "bin/manual/ru/index.html";
-    QTest::newRow("build before installation") << built + installed << "bin"
-                                               << "ru"
-                                               << "bin/manual/ru/index.html";
-    QTest::newRow("among the commands") << installed << "bin"
-                                        << "ru"
-                                        << "share/doc/klv/manual/ru/index.html";
-    QTest::newRow("in a folder of its own") << installed << "lib/klv"
-                                            << "en"
-                                            << "share/doc/klv/manual/en/index.html";
-    QTest::newRow("the language is missing") << QStringList{installed.last()} << "bin"
-                                             << "en"
-                                             << "";
+    testRow("nothing", QStringList{"bin/klv", "bin/readme.chm", "bin/KLV.pdf"}, "bin", "en", "");
+    testRow("chm, in either language", QStringList{"bin/KLV.chm"}, "bin", "ru", "bin/KLV.chm");
+    testRow("chm of a longer name", QStringList{"bin/Help KLV-20G.chm.old"}, "bin", "en",
+            "bin/Help KLV-20G.chm.old");
+    testRow("the first of two by name", QStringList{"bin/KLV_2.chm", "bin/KLV_1.chm"}, "bin", "en",
+            "bin/KLV_1.chm");
+    testRow("a folder is no file", QStringList{"bin/KLV.chm/a"}, "bin", "en", "");
+    testRow("other case is another name", QStringList{"bin/klv.CHM"}, "bin", "en", "");
+    testRow("chm before the pages", built + QStringList{"bin/KLV.chm"}, "bin", "en", "bin/KLV.chm");
+    testRow("build, English", built, "bin", "en", "bin/manual/en/index.html");
+    testRow("build, Russian", built, "bin", "ru", "bin/manual/ru/index.html");
+    testRow("build before installation", built + installed, "bin", "ru",
+            "bin/manual/ru/index.html");
+    testRow("among the commands", installed, "bin", "ru", "share/doc/klv/manual/ru/index.html");
+    testRow("in a folder of its own", installed, "lib/klv", "en",
+            "share/doc/klv/manual/en/index.html");
+    testRow("the language is missing", QStringList{installed.last()}, "bin", "en", "");
 }
 
 void HelpFileTest::finds()

@@ -1,4 +1,5 @@
 #include "app/side_panels.h"
+#include "tests/support/rows.h"
 
 #include <QAbstractAnimation>
 #include <QHBoxLayout>
@@ -190,9 +191,9 @@ private slots:
 
     void theWindowMayGoInAnyPhase_data()
     {
-        QTest::addColumn<bool>("switching");
-        QTest::newRow("opening") << false;
-        QTest::newRow("switching") << true;
+        testColumns<bool>("switching");
+        testRow("opening", false);
+        testRow("switching", true);
     }
 
     void theWindowMayGoInAnyPhase()

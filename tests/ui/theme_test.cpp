@@ -1,5 +1,6 @@
 #include "ui/theme.h"
 
+#include "tests/support/rows.h"
 #include "ui/resources.h"
 
 #include <QFile>
@@ -50,9 +51,7 @@ class ThemeTest : public QObject
 private slots:
     void contrastIsReadable_data()
     {
-        QTest::addColumn<ThemeName>("theme");
-        QTest::addColumn<QString>("ink");
-        QTest::addColumn<QString>("ground");
+        testColumns<ThemeName, QString, QString>("theme", "ink", "ground");
         const QStringList pairs = {
             "text/body",        "text/surface",  "text/press",      "text/tint",
             "muted/body",       "muted/surface", "accentText/tint", "accentText/body",
@@ -75,35 +74,13 @@ private slots:
         QVERIFY2(ratio >= 4.5, qPrintable(QString::number(ratio)));
     }
 
-    void iconsStandOutInBothThemes_data()
-    {
-        QTest::addColumn<QString>("image");
-        QTest::addColumn<QString>("ground");
-        for (const char* ground : {"body", "surface", "tint", "display"})
-            QTest::addRow("signal icons on %s", ground) << ":/images/pulse@2x.png" << ground;
-        for (const char* ground : {"body", "surface", "tint"})
-            QTest::addRow("window icons on %s", ground) << ":/images/menu@2x.png" << ground;
-    }
-
-    void iconsStandOutInBothThemes()
-    {
-        QFETCH(QString, image);
-        QFETCH(QString, ground);
-        loadUiResources();
-        for (const ThemeName theme : {ThemeName::Light, ThemeName::Dark}) {
-            const double ratio = contrast(tone(image), themeColour(theme, ground));
-            QVERIFY2(ratio >= 3.0, qPrintable(QString::number(ratio)));
-        }
-    }
-
     void sheetIsResolved_data()
     {
-        QTest::addColumn<ThemeName>("theme");
-        QTest::addColumn<bool>("russian");
-        QTest::newRow("light English") << ThemeName::Light << false;
-        QTest::newRow("light Russian") << ThemeName::Light << true;
-        QTest::newRow("dark English") << ThemeName::Dark << false;
-        QTest::newRow("dark Russian") << ThemeName::Dark << true;
+        testColumns<ThemeName, bool>("theme", "russian");
+        testRow("light English", ThemeName::Light, false);
+        testRow("light Russian", ThemeName::Light, true);
+        testRow("dark English", ThemeName::Dark, false);
+        testRow("dark Russian", ThemeName::Dark, true);
     }
 
     void sheetIsResolved()
@@ -128,12 +105,12 @@ private slots:
 
     void imagesComeInTwoResolutions_data()
     {
-        QTest::addColumn<QString>("name");
+        testColumns<QString>("name");
         for (const char* name : {"logotip",  "device", "header", "close",     "minimize", "menu",
                                  "Int",      "Int_ru", "Ext",    "Ext_ru",    "am",       "fm",
                                  "pm",       "pulse",  "square", "Sin",       "Saw_pos",  "Saw_neg",
                                  "triangle", "random", "dc",     "List_send", "grad"})
-            QTest::newRow(name) << QString(name);
+            testRow(name, QString(name));
     }
 
     void imagesComeInTwoResolutions()

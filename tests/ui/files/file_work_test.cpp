@@ -1,3 +1,4 @@
+#include "tests/support/rows.h"
 #include "ui/files/file_work.h"
 
 #include <QApplication>
@@ -18,14 +19,11 @@ private slots:
 
 void FileWorkTest::showsProgressAndCanBeCancelled_data()
 {
-    QTest::addColumn<int>("workMs");
-    QTest::addColumn<bool>("isHeeding");
-    QTest::addColumn<bool>("isCancelled");
-    QTest::addColumn<bool>("isShown");
-    QTest::newRow("quick") << 50 << true << false << false;
-    QTest::newRow("slow") << 1200 << true << false << true;
-    QTest::newRow("cancelled") << 20000 << true << true << true;
-    QTest::newRow("held by the system") << 3000 << false << true << true;
+    testColumns<int, bool, bool, bool>("workMs", "isHeeding", "isCancelled", "isShown");
+    testRow("quick", 50, true, false, false);
+    testRow("slow", 1200, true, false, true);
+    testRow("cancelled", 20000, true, true, true);
+    testRow("held by the system", 3000, false, true, true);
 }
 
 void FileWorkTest::showsProgressAndCanBeCancelled()

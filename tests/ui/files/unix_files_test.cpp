@@ -2,6 +2,7 @@
 #include "sweep/list/list_file.h"
 #include "tests/profiles/profile_rig.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/list_bench.h"
 #include "ui/files/whole_file.h"
 
@@ -94,10 +95,10 @@ void UnixFilesTest::aFullDiskLeavesTheOldList()
 
 void UnixFilesTest::pipesAndDevicesAreRefused_data()
 {
-    QTest::addColumn<QString>("given");
-    QTest::newRow("pipe") << QString();
-    QTest::newRow("device") << QString("/dev/zero");
-    QTest::newRow("folder") << QString("/");
+    testColumns<QString>("given");
+    testRow("pipe", QString());
+    testRow("device", QString("/dev/zero"));
+    testRow("folder", QString("/"));
 }
 
 /// A pipe that nobody writes to keeps its reader for ever.
