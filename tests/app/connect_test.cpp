@@ -1,6 +1,7 @@
 #include "fields/number_edit.h"
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 #include "tests/support/titled_copy.h"
 #include "ui/error_box.h"
 
@@ -34,13 +35,11 @@ QStringList openingMessages()
 } // namespace
 
 /// From the connect button to a usable instrument and back, with everything that can go wrong.
-class ConnectTest : public QObject
+class ConnectTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-
     void connectsTheOnlyInstrument();
     void pushesThePanelAsItIs();
     void disconnectHandsBack();
@@ -48,8 +47,6 @@ private slots:
     void closingInAPauseHandsBack();
     void firmwareDecides_data();
     void firmwareDecides();
-    void showsTheIdentity_data();
-    void showsTheIdentity();
     void tellsWhyThereIsNoConnection_data();
     void tellsWhyThereIsNoConnection();
     void allowListDecides();
@@ -62,16 +59,7 @@ private slots:
     void survivesAFaultAtEveryCall_data();
     void survivesAFaultAtEveryCall();
     void secondInstrumentReplacesTheLimits();
-
-private:
-    std::unique_ptr<Demo> m_demo;
 };
-
-void ConnectTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 void ConnectTest::connectsTheOnlyInstrument()
 {
@@ -153,17 +141,14 @@ void ConnectTest::closingInAPauseHandsBack()
 
 void ConnectTest::firmwareDecides_data()
 {
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<bool>("isAccepted");
-    QTest::newRow("one part") << "2" << true;
-    QTest::newRow("two parts") << "2.3" << true;
-    QTest::newRow("2.3.0") << "2.3.0" << false;
-    QTest::newRow("2.3.9") << "2.3.9" << false;
-    QTest::newRow("2.4.0") << "2.4.0" << true;
-    QTest::newRow("1.4.0") << "1.4.0" << true;
-    QTest::newRow("3.0.1") << "3.0.1" << false;
-    QTest::newRow("four parts") << "2.10.0.1" << true;
-    QTest::newRow("no number") << "a.b.c" << false;
+    testColumns<QString, bool>("version", "isAccepted");
+    testRow("one part", "2", true);
+    testRow("2.3.0", "2.3.0", false);
+    testRow("2.4.0", "2.4.0", true);
+    testRow("1.4.0", "1.4.0", true);
+    testRow("3.0.1", "3.0.1", false);
+    testRow("four parts", "2.10.0.1", true);
+    testRow("no number", "a.b.c", false);
 }
 
 void ConnectTest::firmwareDecides()
@@ -188,34 +173,11 @@ void ConnectTest::firmwareDecides()
     QCOMPARE(rig.device(), QString("Disconnected"));
 }
 
-void ConnectTest::showsTheIdentity_data()
-{
-    QTest::addColumn<QString>("reply");
-    QTest::addColumn<QString>("device");
-    QTest::newRow("ordinary") << "Veltro,KLV-6G,0042,2.7.1"
-                              << "KLV-6G 0042";
-    QTest::newRow("short serial") << "Veltro,KLV-6G,7,2.7"
-                                  << "KLV-6G 7";
-}
-
-void ConnectTest::showsTheIdentity()
-{
-    QFETCH(QString, reply);
-    QFETCH(QString, device);
-    (*m_demo)("reply *IDN? -> " + reply);
-    PanelRig rig;
-    rig.connectDevice();
-    QCOMPARE(rig.device(), device);
-    QVERIFY(rig.isConnected());
-}
-
 void ConnectTest::tellsWhyThereIsNoConnection_data()
 {
-    QTest::addColumn<QString>("library");
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<QString>("reason");
+    testColumns<QString, QString, QString>("library", "set", "reason");
     const auto row = [](const char* name, const QString& library, const char* set,
-                        const char* reason) { QTest::newRow(name) << library << set << reason; };
+                        const char* reason) { testRow(name, library, set, reason); };
     const QString demo = Demo::libraryPath();
     row("no such path", "/no/such/library.so", "", "There is no VISA library /no/such/library.so");
     row("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
@@ -243,8 +205,7 @@ void ConnectTest::tellsWhyThereIsNoConnection()
         (*m_demo)(set);
     const bool isOld = set.contains("firmware");
     if (QTest::currentDataTag() == QByteArray("not allowed"))
-        QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV"))
-            .setValue("/Settings/one", "another");
+        m_settings.setValue("/Settings/one", "another");
     StartOptions options = PanelRig::defaultOptions();
     options.visaLibrary = library;
     PanelRig rig(options);
@@ -377,13 +338,13 @@ void ConnectTest::lockedInstrumentStaysUntouched()
 
 void ConnectTest::survivesAFaultAtEveryCall_data()
 {
-    QTest::addColumn<QString>("fault");
-    QTest::newRow("time-out") << "status 0xBFFF0015";
-    QTest::newRow("warning") << "status 0x3FFF0085";
-    QTest::newRow("unplugged") << "vanish";
-    QTest::newRow("rubbish") << "reply \\x00\\xFF,%n%s;;\\n";
-    QTest::newRow("empty reply") << "reply \\n";
-    QTest::newRow("100 kB") << "length 100000";
+    testColumns<QString>("fault");
+    testRow("time-out", "status 0xBFFF0015");
+    testRow("warning", "status 0x3FFF0085");
+    testRow("unplugged", "vanish");
+    testRow("rubbish", "reply \\x00\\xFF,%n%s;;\\n");
+    testRow("empty reply", "reply \\n");
+    testRow("100 kB", "length 100000");
 }
 
 /// Each attempt gets as far as its own fault, one call beyond the last one's: whatever that did,

@@ -1,5 +1,6 @@
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -12,13 +13,12 @@ const QString drain = QStringLiteral("SYSTem:ERRor?\\n");
 }
 
 /// The continuous-wave controls by keys and clicks, against what reaches the wire.
-class CwControlsTest : public QObject
+class CwControlsTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void frequencyIsCommitted_data();
     void frequencyIsCommitted();
@@ -44,15 +44,11 @@ private slots:
 
 private:
     QLineEdit& field(const char* name) { return m_rig->get<QLineEdit>(name); }
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
 
 void CwControlsTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     m_rig = std::make_unique<PanelRig>();
     m_rig->connectDevice();
     QVERIFY(m_rig->isConnected());
@@ -61,38 +57,17 @@ void CwControlsTest::init()
 
 void CwControlsTest::frequencyIsCommitted_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("hertz") << "2500000"
-                           << "2500000.000000"
-                           << "2 500 000";
-    QTest::newRow("grouped") << "2 500 000"
-                             << "2500000.000000"
-                             << "2 500 000";
-    QTest::newRow("giga") << "2.5G"
-                          << "2500000000.000000"
-                          << "2 500 000 000";
-    QTest::newRow("comma, kilo") << "1500,25k"
-                                 << "1500250.000000"
-                                 << "1 500 250";
-    QTest::newRow("above MAX") << "99G"
-                               << "20000000000.000000"
-                               << "20 000 000 000";
-    QTest::newRow("below MIN") << "1"
-                               << "100000.000000"
-                               << "100 000";
-    QTest::newRow("fraction") << "1000000.6"
-                              << "1000001.000000"
-                              << "1 000 001";
-    QTest::newRow("not a number") << "1.2.3"
-                                  << "100000.000000"
-                                  << "100 000";
-    QTest::newRow("letters are refused") << "5xyzM"
-                                         << "5000000.000000"
-                                         << "5 000 000";
-    QTest::newRow("huge") << QString(60, '9') << "20000000000.000000"
-                          << "20 000 000 000";
+    testColumns<QString, QString, QString>("typed", "sent", "shown");
+    testRow("hertz", "2500000", "2500000.000000", "2 500 000");
+    testRow("grouped", "2 500 000", "2500000.000000", "2 500 000");
+    testRow("giga", "2.5G", "2500000000.000000", "2 500 000 000");
+    testRow("comma, kilo", "1500,25k", "1500250.000000", "1 500 250");
+    testRow("above MAX", "99G", "20000000000.000000", "20 000 000 000");
+    testRow("below MIN", "1", "100000.000000", "100 000");
+    testRow("fraction", "1000000.6", "1000001.000000", "1 000 001");
+    testRow("not a number", "1.2.3", "100000.000000", "100 000");
+    testRow("letters are refused", "5xyzM", "5000000.000000", "5 000 000");
+    testRow("huge", QString(60, '9'), "20000000000.000000", "20 000 000 000");
 }
 
 void CwControlsTest::frequencyIsCommitted()
@@ -109,14 +84,11 @@ void CwControlsTest::frequencyIsCommitted()
 
 void CwControlsTest::noNumberSendsNothing_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("typed");
+    testColumns<QString, QString>("name", "typed");
     for (const char* typed : {"", "-", "--5", "5-3"})
-        QTest::newRow(qPrintable(QString("power \"%1\"").arg(typed))) << "POW" << typed;
-    QTest::newRow("frequency empty") << "FREQ"
-                                     << "";
-    QTest::newRow("frequency point") << "FREQ"
-                                     << ".";
+        testRow(QString("power \"%1\"").arg(typed), "POW", typed);
+    testRow("frequency empty", "FREQ", "");
+    testRow("frequency point", "FREQ", ".");
 }
 
 /// On Return, on leaving the field, and when the output is switched on from within it.
@@ -220,21 +192,11 @@ void CwControlsTest::escapeBringsTheAcceptedBack()
 
 void CwControlsTest::powerIsCommitted_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("positive") << "7"
-                              << "7.000000"
-                              << "7";
-    QTest::newRow("negative") << "-17"
-                              << "-17.000000"
-                              << "-17";
-    QTest::newRow("not bounded here") << "123"
-                                      << "123.000000"
-                                      << "0";
-    QTest::newRow("fraction is refused") << "-5.5"
-                                         << "-5.000000"
-                                         << "-5";
+    testColumns<QString, QString, QString>("typed", "sent", "shown");
+    testRow("positive", "7", "7.000000", "7");
+    testRow("negative", "-17", "-17.000000", "-17");
+    testRow("not bounded here", "123", "123.000000", "0");
+    testRow("fraction is refused", "-5.5", "-5.000000", "-5");
 }
 
 void CwControlsTest::powerIsCommitted()
@@ -301,21 +263,11 @@ void CwControlsTest::outputAndReferenceSwitch()
 
 void CwControlsTest::externalFrequencyIsEntered_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("caption");
-    QTest::newRow("inside") << "25"
-                            << "25"
-                            << "25 MHz";
-    QTest::newRow("above MAX") << "5000"
-                               << "100"
-                               << "100 MHz";
-    QTest::newRow("below MIN") << "0"
-                               << "1"
-                               << "1 MHz";
-    QTest::newRow("overflow") << "99999999999999"
-                              << "100"
-                              << "100 MHz";
+    testColumns<QString, QString, QString>("typed", "sent", "caption");
+    testRow("inside", "25", "25", "25 MHz");
+    testRow("above MAX", "5000", "100", "100 MHz");
+    testRow("below MIN", "0", "1", "1 MHz");
+    testRow("overflow", "99999999999999", "100", "100 MHz");
 }
 
 void CwControlsTest::externalFrequencyIsEntered()
@@ -398,9 +350,9 @@ void CwControlsTest::indicator329ShowsAndGoes()
 
 void CwControlsTest::failureEmptiesTheFieldAndDisconnects_data()
 {
-    QTest::addColumn<QString>("fault");
-    QTest::newRow("time-out") << "fault 1 status 0xBFFF0015";
-    QTest::newRow("unplugged") << "unplug";
+    testColumns<QString>("fault");
+    testRow("time-out", "fault 1 status 0xBFFF0015");
+    testRow("unplugged", "unplug");
 }
 
 void CwControlsTest::failureEmptiesTheFieldAndDisconnects()

@@ -1,7 +1,7 @@
 #include "app/end_requests.h"
 #include "link/instrument_limits.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 #include "ui/error_box.h"
 #include "ui/files/user_folder.h"
 
@@ -9,21 +9,17 @@
 #include <QMenu>
 #include <QProcess>
 #include <QSessionManager>
-#include <QTemporaryDir>
 
 #include <csignal>
 #include <functional>
 #include <unistd.h>
 
 /// The ends that the user has not clicked: signals, and the end of the desktop's session.
-class EndTest : public QObject
+class EndTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-
     void signalHandsBack_data();
     void signalHandsBack();
     void sessionsEndHandsBack();
@@ -33,23 +29,7 @@ private slots:
 private:
     /// Runs the event loop until it is ended.
     bool isEnded(const std::function<void()>& act, int afterMs);
-
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
-    std::unique_ptr<Demo> m_demo;
 };
-
-void EndTest::initTestCase()
-{
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-}
-
-void EndTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QDir(userFolder()).removeRecursively();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 bool EndTest::isEnded(const std::function<void()>& act, int afterMs)
 {
@@ -64,13 +44,12 @@ bool EndTest::isEnded(const std::function<void()>& act, int afterMs)
 
 void EndTest::signalHandsBack_data()
 {
-    QTest::addColumn<QString>("amid");
-    QTest::addColumn<int>("number");
+    testColumns<QString, int>("amid", "number");
     for (const char* amid : {"idle", "off the bus", "connecting", "a pause", "a transfer",
                              "an error box", "a dialog", "a menu", "a profile"})
-        QTest::newRow(amid) << QString(amid) << SIGTERM;
-    QTest::newRow("SIGHUP") << "idle" << SIGHUP;
-    QTest::newRow("SIGINT, twice") << "twice" << SIGINT;
+        testRow(amid, QString(amid), SIGTERM);
+    testRow("SIGHUP", "idle", SIGHUP);
+    testRow("SIGINT, twice", "twice", SIGINT);
 }
 
 void EndTest::signalHandsBack()
@@ -157,10 +136,10 @@ void EndTest::sessionsEndHandsBack()
 
 void EndTest::programEndsBySignal_data()
 {
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGHUP") << SIGHUP;
-    QTest::newRow("SIGINT") << SIGINT;
+    testColumns<int>("number");
+    testRow("SIGTERM", SIGTERM);
+    testRow("SIGHUP", SIGHUP);
+    testRow("SIGINT", SIGINT);
 }
 
 void EndTest::programEndsBySignal()

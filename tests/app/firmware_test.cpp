@@ -1,7 +1,8 @@
 #include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 
 #include <QLabel>
 #include <QSaveFile>
@@ -15,7 +16,7 @@ const QString bootloader = QStringLiteral("MEM:REPROGRAM\\n");
 }
 
 /// From the About box into the bootloader and back.
-class FirmwareTest : public QObject
+class FirmwareTest : public PanelTest
 {
     Q_OBJECT
 
@@ -35,7 +36,6 @@ private:
     static Firmware& openDialog(PanelRig& rig);
     static void press(Firmware& dialog, const char* button);
 
-    std::unique_ptr<Demo> m_demo;
     QTemporaryDir m_folder;
 };
 
@@ -51,8 +51,7 @@ void FirmwareTest::init()
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[1111]\nmodel=KLV-6G\n\n[2222]\nmodel=KLV-20G\nmaker=Other\n");
     QVERIFY(file.commit());
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
 }
 
 StartOptions FirmwareTest::demoOptions()
@@ -97,10 +96,10 @@ void FirmwareTest::theDialogWarns()
 
 void FirmwareTest::onlyOkSends_data()
 {
-    QTest::addColumn<QByteArray>("button");
-    QTest::newRow("Cancel") << QByteArray("butCancel");
-    QTest::newRow("cross") << QByteArray("butClose");
-    QTest::newRow("Escape") << QByteArray();
+    testColumns<QByteArray>("button");
+    testRow("Cancel", QByteArray("butCancel"));
+    testRow("cross", QByteArray("butClose"));
+    testRow("Escape", QByteArray());
 }
 
 void FirmwareTest::onlyOkSends()

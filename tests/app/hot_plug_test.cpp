@@ -1,4 +1,5 @@
 #include "tests/support/panel_rig.h"
+#include "tests/support/rows.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -125,9 +126,9 @@ void HotPlugTest::outAndInIsAnotherConnection()
 
 void HotPlugTest::simulatorIsChosenWhileRunning_data()
 {
-    QTest::addColumn<QString>("amid");
+    testColumns<QString>("amid");
     for (const char* amid : {"connected", "searching", "connecting", "choosing"})
-        QTest::newRow(amid) << QString(amid);
+        testRow(amid, QString(amid));
 }
 
 void HotPlugTest::simulatorIsChosenWhileRunning()

@@ -2,7 +2,8 @@
 #include "fields/keypad/keypad.h"
 #include "link/instrument_limits.h"
 #include "service/about_box.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 #include "ui/theme.h"
 
 #include <QLineEdit>
@@ -17,13 +18,12 @@ bool isStill()
 } // namespace
 
 /// The window's keys: Escape, the menu's, and what a field shows of them.
-class KeysTest : public QObject
+class KeysTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void escapeClosesWhatOpenedLast_data();
     void escapeClosesWhatOpenedLast();
@@ -37,15 +37,11 @@ private:
     void open(const QString& name);
     QString opened();
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
 
 void KeysTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;
     m_rig = std::make_unique<PanelRig>(options);
@@ -91,14 +87,13 @@ void KeysTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
 
 void KeysTest::escapeClosesWhatOpenedLast_data()
 {
-    QTest::addColumn<QString>("order");
-    QTest::addColumn<QStringList>("left"); // after each Escape
+    testColumns<QString, QStringList>("order", "left"); // after each Escape
     QTest::newRow("panel") << "panel" << QStringList({""});
-    QTest::newRow("panel, prompt") << "panel prompt" << QStringList({"panel", ""});
-    QTest::newRow("prompt, panel") << "prompt panel" << QStringList({"prompt", ""});
-    QTest::newRow("panel, keypad") << "panel keypad" << QStringList({"panel", ""});
-    QTest::newRow("prompt, panel, keypad")
-        << "prompt panel keypad" << QStringList({"panel prompt", "prompt", ""});
+    testRow("panel, prompt", "panel prompt", QStringList({"panel", ""}));
+    testRow("prompt, panel", "prompt panel", QStringList({"prompt", ""}));
+    testRow("panel, keypad", "panel keypad", QStringList({"panel", ""}));
+    testRow("prompt, panel, keypad", "prompt panel keypad",
+            QStringList({"panel prompt", "prompt", ""}));
 }
 
 void KeysTest::escapeClosesWhatOpenedLast()
@@ -163,10 +158,9 @@ void KeysTest::aChangedFieldLooksSo()
 
 void KeysTest::menuIsReachedByKeys_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<int>("aboutKey");
-    QTest::newRow("English") << "en" << int(Qt::Key_A);
-    QTest::newRow("Russian") << "ru" << 0x041E;
+    testColumns<QString, int>("language", "aboutKey");
+    testRow("English", "en", int(Qt::Key_A));
+    testRow("Russian", "ru", 0x041E);
 }
 
 void KeysTest::menuIsReachedByKeys()

@@ -1,6 +1,7 @@
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
 
+#include "tests/support/rows.h"
 #include "ui/error_box.h"
 
 namespace
@@ -11,13 +12,12 @@ const QString nextCallFails = QStringLiteral("fault 1 status 0xBFFF003E");
 
 /// The RF output and the instrument it belongs to: it does not outlive it, nothing comes on with
 /// the next one, and what could not be switched off is not shown as off.
-class OutputLifeTest : public QObject
+class OutputLifeTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void endsWithTheConnection_data();
     void endsWithTheConnection();
@@ -32,15 +32,11 @@ private:
     QPushButton& output() { return m_rig->get<QPushButton>("Output"); }
     bool isLit() { return m_rig->get("label_RF").isEnabled(); }
     void press(const char* name) { m_rig->get<QAbstractButton>(name).click(); }
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
 
 void OutputLifeTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;
     m_rig = std::make_unique<PanelRig>(options);
@@ -48,19 +44,12 @@ void OutputLifeTest::init()
 
 void OutputLifeTest::endsWithTheConnection_data()
 {
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<bool>("isRefused");
-    QTest::newRow("by hand") << ""
-                             << "connect" << false;
-    QTest::newRow("by the cable") << "unplug"
-                                  << "ROSC" << false;
-    QTest::newRow("by a failure") << "fault 2 status 0xBFFF0015"
-                                  << "ROSC" << false;
-    QTest::newRow("refused") << "reply *IDN? -> Veltro"
-                             << "" << true;
-    QTest::newRow("too old") << "instruments [1111]\nfirmware=2.3.9"
-                             << "" << true;
+    testColumns<QString, QString, bool>("set", "clicked", "isRefused");
+    testRow("by hand", "", "connect", false);
+    testRow("by the cable", "unplug", "ROSC", false);
+    testRow("by a failure", "fault 2 status 0xBFFF0015", "ROSC", false);
+    testRow("refused", "reply *IDN? -> Veltro", "", true);
+    testRow("too old", "instruments [1111]\nfirmware=2.3.9", "", true);
 }
 
 void OutputLifeTest::endsWithTheConnection()
@@ -97,13 +86,10 @@ void OutputLifeTest::endsWithTheConnection()
 
 void OutputLifeTest::outlivesAnAttempt_data()
 {
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<QString>("unset");
-    QTest::newRow("nothing found") << "unplug"
-                                   << "plug";
-    QTest::newRow("not opened") << nextCallFails << "";
-    QTest::newRow("left its mass-storage mode") << "reply MEM:MSC? -> ON"
-                                                << "reply MEM:MSC? -> OFF";
+    testColumns<QString, QString>("set", "unset");
+    testRow("nothing found", "unplug", "plug");
+    testRow("not opened", nextCallFails, "");
+    testRow("left its mass-storage mode", "reply MEM:MSC? -> ON", "reply MEM:MSC? -> OFF");
 }
 
 /// A hand has asked for it, and no instrument has been there to be switched.
@@ -128,10 +114,10 @@ void OutputLifeTest::outlivesAnAttempt()
 
 void OutputLifeTest::aLostSwitchOffIsALoss_data()
 {
-    QTest::addColumn<QString>("button");
+    testColumns<QString>("button");
     for (const char* button :
          {"Output", "connect", "AM", "PM", "Pulse", "sine_select", "button_Sweep"})
-        QTest::newRow(button) << QString(button);
+        testRow(button, QString(button));
 }
 
 void OutputLifeTest::aLostSwitchOffIsALoss()
@@ -155,12 +141,10 @@ void OutputLifeTest::aLostSwitchOffIsALoss()
 
 void OutputLifeTest::withoutAnInstrument_data()
 {
-    QTest::addColumn<bool>("isOnBefore");
-    QTest::addColumn<bool>("byKey");
-    QTest::addColumn<bool>("isOn");
-    QTest::newRow("click on") << false << false << true;
-    QTest::newRow("click off") << true << false << false;
-    QTest::newRow("key, on") << true << true << false;
+    testColumns<bool, bool, bool>("isOnBefore", "byKey", "isOn");
+    testRow("click on", false, false, true);
+    testRow("click off", true, false, false);
+    testRow("key, on", true, true, false);
     // Pressed in haste, when a loss has just let the button go.
     QTest::newRow("key, off") << false << true << false;
 }

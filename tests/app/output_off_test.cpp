@@ -1,17 +1,16 @@
 #include "link/instrument_limits.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
-#include "ui/files/user_folder.h"
+#include "tests/support/panel_test.h"
 
 #include "app/side_panels.h"
 #include "fields/keypad/keypad.h"
 #include "service/about_box.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 #include "ui/error_box.h"
 
 #include <QLineEdit>
 #include <QMenu>
 #include <QTableWidget>
-#include <QTemporaryDir>
 
 #include <functional>
 
@@ -48,14 +47,12 @@ void pressSpace(PanelRig& rig)
 
 /// The RF output can be switched off at once from wherever the user is and whatever goes on, and
 /// is never switched on by the same way.
-class OutputOffTest : public QObject
+class OutputOffTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void inAPause_data();
     void inAPause();
@@ -71,25 +68,13 @@ private:
     /// Acts as soon as `text` has been sent, in whichever pause that is.
     void actOnceSent(const QString& text, const std::function<void()>& act);
 
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
     QStringList m_sentByAct;
     bool m_hasActed = false;
 };
 
-void OutputOffTest::initTestCase()
-{
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
-}
-
 void OutputOffTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QDir(userFolder()).removeRecursively();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     StartOptions options = PanelRig::defaultOptions();
     options.isClean = true;
     m_rig = std::make_unique<PanelRig>(options);
@@ -123,25 +108,17 @@ void OutputOffTest::saveProfile()
 
 void OutputOffTest::actOnceSent(const QString& text, const std::function<void()>& act)
 {
-    auto* timer = new QTimer(&m_rig->window());
-    connect(timer, &QTimer::timeout, [=] {
-        if (!(*m_demo)(QStringLiteral("transcript")).contains(text))
-            return;
-        timer->stop();
+    whenSent(m_rig->window(), *m_demo, text, [=] {
         m_demo->takeSent();
         act();
         m_sentByAct = m_demo->takeSent();
         m_hasActed = true;
     });
-    timer->start(1);
 }
 
 void OutputOffTest::inAPause_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QString>("way");
+    testColumns<QString, QString, QString, QString>("before", "clicked", "seen", "way");
     const struct {
         const char* tag;
         const char* before;
@@ -160,7 +137,7 @@ void OutputOffTest::inAPause_data()
         {"amid a profile", "", "quick_1", "AM:STATe ON"},
     };
     for (const auto& row : rows)
-        QTest::newRow(row.tag) << row.before << row.clicked << row.seen << QString("key");
+        testRow(row.tag, row.before, row.clicked, row.seen, QString("key"));
     // Nowhere but in a profile does it matter which way.
     for (const char* way : {"click", "space"})
         QTest::addRow("amid a profile: %s", way)
@@ -236,9 +213,9 @@ void OutputOffTest::isNotSwitchedOnInAReplay()
 
 void OutputOffTest::besidesAWindow_data()
 {
-    QTest::addColumn<QString>("kind");
+    testColumns<QString>("kind");
     for (const char* kind : {"About", "error", "keypad", "prompt", "menu", "firmware", "file"})
-        QTest::newRow(kind) << QString(kind);
+        testRow(kind, QString(kind));
 }
 
 void OutputOffTest::besidesAWindow()

@@ -7,16 +7,14 @@
 #include "modulation/fold_box.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 #include "ui/error_box.h"
-#include "ui/files/user_folder.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QWindow>
 
 #include <algorithm>
@@ -213,42 +211,20 @@ const Surface surfaces[] = {
 
 /// Every window and panel of the program in both languages, looked at and walked through by keys.
 /// At which scale is the environment's: one process has one.
-class PanelWalkTest : public QObject
+class PanelWalkTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
     void nothingIsInTheWay_data();
     void nothingIsInTheWay();
     void everyWindowIsMovedByItsTitle_data();
     void everyWindowIsMovedByItsTitle();
-
-private:
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
-    std::unique_ptr<Demo> m_demo;
 };
-
-void PanelWalkTest::initTestCase()
-{
-    QVERIFY(m_home.isValid());
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
-}
-
-void PanelWalkTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QDir(userFolder()).removeRecursively();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 void PanelWalkTest::nothingIsInTheWay_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("language");
+    testColumns<int, QString>("index", "language");
     for (const QString& language : {QStringLiteral("en"), QStringLiteral("ru")}) {
         int index = 0;
         for (const Surface& surface : surfaces)
@@ -280,18 +256,13 @@ void PanelWalkTest::nothingIsInTheWay()
 
 void PanelWalkTest::everyWindowIsMovedByItsTitle_data()
 {
-    QTest::addColumn<QString>("surface");
-    QTest::addColumn<QString>("grip");
+    testColumns<QString, QString>("surface", "grip");
     for (const char* const dialog : {"power question", "highest power", "error"})
-        QTest::newRow(dialog) << dialog << "dialog_title";
-    QTest::newRow("window") << "idle"
-                            << "title";
-    QTest::newRow("About") << "About"
-                           << "title";
-    QTest::newRow("firmware") << "firmware"
-                              << "lblCaption";
-    QTest::newRow("power prompt") << "power prompt"
-                                  << "lblModePowFirst";
+        testRow(dialog, dialog, "dialog_title");
+    testRow("window", "idle", "title");
+    testRow("About", "About", "title");
+    testRow("firmware", "firmware", "lblCaption");
+    testRow("power prompt", "power prompt", "lblModePowFirst");
 }
 
 void PanelWalkTest::everyWindowIsMovedByItsTitle()

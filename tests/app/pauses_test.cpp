@@ -1,5 +1,7 @@
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 
 #include <QLabel>
 #include <QTableWidget>
@@ -14,27 +16,22 @@ const QString unplugging = QStringLiteral("unplug");
 const QStringList endings = {closing, disconnecting, unplugging};
 const QStringList handBack = {"*RST\\n", "MEM:MSC ON\\n"};
 
-/// Faster than any pause of a sequence.
-constexpr int clickIntervalMs = 100;
 constexpr int longestRunMs = 20000;
 } // namespace
 
 /// What may happen to the window while a sequence pauses: it is closed, the user disconnects, the
 /// cable is pulled, a button is hit again.
-class PausesTest : public QObject
+class PausesTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void endsInAPause_data();
     void endsInAPause();
     void endsWhileConnecting_data();
     void endsWhileConnecting();
-    void doubleClicks_data();
-    void doubleClicks();
 
 private:
     QPushButton& button(const QString& name);
@@ -44,10 +41,7 @@ private:
     void checkEnded(const QString& ending);
     QString panelState();
     QString indicatorState();
-    QString wireState() const;
 
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
     QStringList m_sent; ///< so far, by a sequence that has been interrupted
     QString m_calls;    ///< of the library, up to the end of the interruption
     bool m_isInterrupted = false;
@@ -55,8 +49,7 @@ private:
 
 void PausesTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     m_rig = std::make_unique<PanelRig>();
     // Two blocks with a pause between them, and a rest.
     m_rig->get<QTableWidget>("table_List").setRowCount(70);
@@ -89,11 +82,7 @@ bool PausesTest::runAsProgram(const std::function<void()>& start)
 
 void PausesTest::endOnceSent(const QString& text, const QString& ending)
 {
-    auto* timer = new QTimer(&m_rig->window());
-    connect(timer, &QTimer::timeout, [=] {
-        if (!(*m_demo)(QStringLiteral("transcript")).contains(text))
-            return;
-        timer->stop();
+    whenSent(m_rig->window(), *m_demo, text, [=] {
         m_sent = m_demo->takeSent();
         m_isInterrupted = true;
         if (ending == unplugging)
@@ -102,7 +91,6 @@ void PausesTest::endOnceSent(const QString& text, const QString& ending)
             m_rig->click(qPrintable(ending));
         m_calls = (*m_demo)(QStringLiteral("calls"));
     });
-    timer->start(1);
 }
 
 void PausesTest::checkEnded(const QString& ending)
@@ -131,10 +119,7 @@ void PausesTest::checkEnded(const QString& ending)
 
 void PausesTest::endsInAPause_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QString>("ending");
+    testColumns<QString, QString, QString, QString>("before", "clicked", "seen", "ending");
     const struct {
         const char* tag;
         const char* before;
@@ -183,9 +168,7 @@ void PausesTest::endsInAPause()
 
 void PausesTest::endsWhileConnecting_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("seen");
-    QTest::addColumn<QString>("ending");
+    testColumns<QString, QString, QString>("before", "seen", "ending");
     for (const QString& ending : endings) {
         QTest::addRow("LF ramp: %s", qPrintable(ending)) << "sawNeg_select"
                                                          << "SHAP RAMP\\n"
@@ -208,55 +191,6 @@ void PausesTest::endsWhileConnecting()
         QCoreApplication::exit();
     }));
     checkEnded(ending);
-}
-
-void PausesTest::doubleClicks_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("on");
-    const auto row = [](const char* before, const char* clicks, const char* on) {
-        QTest::addRow("%s then %s", before, clicks) << before << clicks << on;
-    };
-    row("", "AM AM", "");
-    row("", "AM AM AM", "AM");
-    row("", "AM FM FM", "");
-    row("AM", "FM FM", "");
-    row("AM", "IntExt_AM IntExt_AM", "AM");
-    row("", "Pulse Pulse", "");
-    row("", "Pulse Pulse Pulse", "PULM");
-    row("", "Pulse IntExt_PULM IntExt_PULM", "PULM");
-    row("", "sine_select sine_select", "");
-    row("", "sawPos_select dc_select dc_select", "");
-    row("", "sine_select triangle_select triangle_select triangle_select", "LFO");
-    row("AM Pulse", "sine_select sine_select", "");
-    row("AM Pulse", "sine_select sine_select sine_select", "LFO");
-}
-
-void PausesTest::doubleClicks()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, clicks);
-    QFETCH(QString, on);
-    setOffline(before);
-    m_rig->connectDevice();
-    const QStringList names = clicks.split(' ');
-    m_rig->openPanelOf(names.first());
-    int open = names.size();
-    QVERIFY(runAsProgram([&] {
-        for (int i = 0; i < names.size(); ++i) {
-            QTimer::singleShot(i * clickIntervalMs, &m_rig->window(), [&, i] {
-                QTest::mouseClick(&button(names.at(i)), Qt::LeftButton);
-                if (--open == 0)
-                    QCoreApplication::exit();
-            });
-        }
-    }));
-    m_sent = m_demo->takeSent();
-    QCOMPARE(panelState(), on);
-    QCOMPARE(indicatorState(), on);
-    QCOMPARE(wireState(), on);
-    QVERIFY(m_rig->isConnected());
 }
 
 QString PausesTest::panelState()
@@ -289,19 +223,6 @@ QString PausesTest::indicatorState()
         on << "PULM";
     if (!picture("label_Gener").isNull())
         on << "LFO";
-    return on.join(' ');
-}
-
-/// What the instrument has been told last of each.
-QString PausesTest::wireState() const
-{
-    QStringList on;
-    for (const char* name : {"AM", "FM", "PM", "PULM", "LFO"}) {
-        const QStringList states = m_sent.filter(
-            QRegularExpression(QStringLiteral("^%1:STATe? ").arg(QLatin1String(name))));
-        if (!states.isEmpty() && states.last().endsWith(" ON\\n"))
-            on << name;
-    }
     return on.join(' ');
 }
 

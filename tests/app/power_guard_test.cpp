@@ -1,9 +1,9 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
-#include "ui/files/user_folder.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -11,24 +11,21 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
-#include <QTemporaryDir>
 
 /// What is asked before the level rises, and the highest level of the user's own.
-class PowerGuardTest : public QObject
+class PowerGuardTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void initTestCase();
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void asks_data();
     void asks();
     void isAnsweredWithNo_data();
     void isAnsweredWithNo();
     void countsStepsAsOneRise();
-    void isChosenInTheMenu();
     void ceilingBoundsFields_data();
     void ceilingBoundsFields();
     void ceilingHoldsWhatIsThere();
@@ -46,28 +43,19 @@ private:
     /// Clicks a button of the question once there is one; notes what it was and what was sent.
     void answerWith(const char* button);
 
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
-    QSettings m_settings{QStringLiteral("Veltro"), QStringLiteral("KLV")};
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
     QString m_asked;
     QStringList m_sentBefore;
 };
 
 void PowerGuardTest::initTestCase()
 {
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
 void PowerGuardTest::init()
 {
-    m_demo = std::make_unique<Demo>();
+    PanelTest::init();
     (*m_demo)("instruments [1]\nmodel=KLV-20G\npowerMinDbm=-130\npowerMaxDbm=20\n");
-    QDir(userFolder()).removeRecursively();
-    m_settings.clear();
 }
 
 void PowerGuardTest::begin()
@@ -126,59 +114,37 @@ void PowerGuardTest::act(const QString& way, int power)
 void PowerGuardTest::answerWith(const char* button)
 {
     m_asked.clear();
-    auto* timer = new QTimer(&m_rig->window());
-    connect(timer, &QTimer::timeout, this, [this, timer, button] {
+    const auto isAsked = [this] { return question() && question()->isVisible(); };
+    when(m_rig->window(), isAsked, [this, button] {
         QDialog* dialog = question();
-        if (!dialog || !dialog->isVisible())
-            return;
-        timer->deleteLater();
         m_asked = dialog->findChild<QLabel*>("message")->text();
         m_sentBefore = m_demo->takeSent();
         const auto* target = dialog->findChild<QWidget*>(button);
         QTest::mouseClick(dialog->windowHandle(), Qt::LeftButton, {},
                           target->mapTo(dialog, target->rect().center()));
     });
-    timer->start(5);
 }
 
 void PowerGuardTest::asks_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("situation");
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("to");
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("sent");
+    testColumns<QString, QString, int, int, QString, QString>("way", "situation", "from", "to",
+                                                              "asked", "sent");
     const QString large = "Power from -40 to +10 dBm with RF on?";
     const QString set = "POW 10.000000;POW?\\n";
-    QTest::newRow("typed") << "typed"
-                           << "" << -40 << 10 << large << set;
-    QTest::newRow("keypad") << "keypad"
-                            << "" << -40 << 10 << large << set;
-    QTest::newRow("profile") << "profile"
-                             << "" << -40 << 10 << large << set;
-    QTest::newRow("fixed power") << "sweep"
-                                 << "" << -40 << 10 << large << "POW 10\\n";
-    QTest::newRow("sweep over power") << "power sweep"
-                                      << "" << -40 << 10 << large << "POW:START 10\\n";
-    QTest::newRow("list") << "list"
-                          << "" << -40 << 10 << large << "LIST:POW -40,10\\n";
+    testRow("typed", "typed", "", -40, 10, large, set);
+    testRow("keypad", "keypad", "", -40, 10, large, set);
+    testRow("profile", "profile", "", -40, 10, large, set);
+    testRow("fixed power", "sweep", "", -40, 10, large, "POW 10\\n");
+    testRow("sweep over power", "power sweep", "", -40, 10, large, "POW:START 10\\n");
+    testRow("list", "list", "", -40, 10, large, "LIST:POW -40,10\\n");
     const QString twenty = "POW -20.000000;POW?\\n";
-    QTest::newRow("just the limit") << "typed"
-                                    << "" << -40 << -20 << "" << twenty;
-    QTest::newRow("own limit") << "typed"
-                               << "jump 10" << -31 << -20 << "Power from -31 to -20 dBm with RF on?"
-                               << twenty;
-    QTest::newRow("never") << "typed"
-                           << "jump 0" << -40 << 10 << "" << set;
-    QTest::newRow("down") << "typed"
-                          << "" << 10 << -120 << ""
-                          << "POW -120.000000;POW?\\n";
-    QTest::newRow("RF off") << "typed"
-                            << "RF off" << -40 << 10 << "" << set;
-    QTest::newRow("offline") << "typed"
-                             << "offline" << -40 << 10 << ""
-                             << "";
+    testRow("just the limit", "typed", "", -40, -20, "", twenty);
+    testRow("own limit", "typed", "jump 10", -31, -20, "Power from -31 to -20 dBm with RF on?",
+            twenty);
+    testRow("never", "typed", "jump 0", -40, 10, "", set);
+    testRow("down", "typed", "", 10, -120, "", "POW -120.000000;POW?\\n");
+    testRow("RF off", "typed", "RF off", -40, 10, "", set);
+    testRow("offline", "typed", "offline", -40, 10, "", "");
 }
 
 void PowerGuardTest::asks()
@@ -228,8 +194,7 @@ void PowerGuardTest::asks()
 
 void PowerGuardTest::isAnsweredWithNo_data()
 {
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<QString>("answer");
+    testColumns<QString, QString>("way", "answer");
     for (const char* way : {"typed", "list"}) {
         for (const char* answer :
              {"Escape", "Return", "closed", "RF off", "unplugged", "window closed", "unchecked"})
@@ -309,24 +274,11 @@ void PowerGuardTest::countsStepsAsOneRise()
     QCOMPARE(text("POW"), QString("12"));
 }
 
-void PowerGuardTest::isChosenInTheMenu()
-{
-    begin();
-    const auto action = [this](const char* name) {
-        return m_rig->window().findChild<QAction*>(name);
-    };
-    QVERIFY(action("action_jump_20")->isChecked());
-    action("action_jump_10")->trigger();
-    begin();
-    QVERIFY(action("action_jump_10")->isChecked());
-    QVERIFY(!action("action_jump_20")->isChecked());
-}
-
 void PowerGuardTest::ceilingBoundsFields_data()
 {
-    QTest::addColumn<QString>("name");
+    testColumns<QString>("name");
     for (const char* name : {"POW", "Freq_Pow", "Start", "Stop"})
-        QTest::newRow(name) << QString(name);
+        testRow(name, QString(name));
 }
 
 void PowerGuardTest::ceilingBoundsFields()

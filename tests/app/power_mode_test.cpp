@@ -1,6 +1,6 @@
 #include "cw/wgt_mode_pow.h"
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
 
 #include <QAction>
 #include <QLabel>
@@ -13,13 +13,11 @@ const QString offQuestion = QStringLiteral("Turn OFF maximum\n(non-calibrated)\n
 } // namespace
 
 /// The maximum-power mode by its button, its prompt and its indicator.
-class PowerModeTest : public QObject
+class PowerModeTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-
     void confirmingSwitchesCancellingDoesNot();
     void confirmingWithoutAnInstrumentSendsNothing();
     void theModeIsRestoredOnConnecting();
@@ -31,15 +29,7 @@ private:
     WgtModePow& open(PanelRig& rig);
     void press(WgtModePow& prompt, const char* button);
     void confirm(PanelRig& rig) { press(open(rig), "butYes"); }
-
-    std::unique_ptr<Demo> m_demo;
 };
-
-void PowerModeTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 /// The one question that is to be seen, as it is to be read.
 QString PowerModeTest::question(const WgtModePow& prompt)

@@ -3,24 +3,22 @@
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
 #include "tests/app/panel_set_ups.h"
-#include "tests/support/documents_folder.h"
 #include "tests/support/installed_driver.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 #include "ui/files/user_folder.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QTemporaryDir>
 
 /// Profiles of the real window: whatever is set comes back, on the panels and in the instrument.
-class ProfilesTest : public QObject
+class ProfilesTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void initTestCase();
-    void init();
-    void cleanup();
 
     void everyControlIsSet();
     void comesBackOnThePanels_data();
@@ -49,30 +47,11 @@ private:
     QByteArray stateBytes();
     Content instrumentState();
     QString indicators();
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
 };
 
 void ProfilesTest::initTestCase()
 {
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-    QVERIFY(userFolder().startsWith(QDir::toNativeSeparators(m_home.path())));
     QApplication::setQuitOnLastWindowClosed(false);
-}
-
-void ProfilesTest::init()
-{
-    QVERIFY(QDir(madeUserFolder()).removeRecursively());
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
-
-void ProfilesTest::cleanup()
-{
-    m_rig.reset();
 }
 
 /// Ends the program, and gives the instrument time to come back from its mass-storage mode.
@@ -239,9 +218,7 @@ void ProfilesTest::everyControlIsSet()
 
 void ProfilesTest::comesBackOnThePanels_data()
 {
-    QTest::addColumn<int>("setUp");
-    QTest::addColumn<int>("other");
-    QTest::addColumn<QString>("language");
+    testColumns<int, int, QString>("setUp", "other", "language");
     const int count = int(std::size(setUps));
     for (int i = 0; i < count; ++i) {
         for (const char* language : {"en", "ru"}) {
@@ -250,8 +227,8 @@ void ProfilesTest::comesBackOnThePanels_data()
                 << i << other << language;
         }
     }
-    QTest::newRow("from long to short pulses") << 1 << 0 << "en";
-    QTest::newRow("from short to long pulses") << 2 << 1 << "en";
+    testRow("from long to short pulses", 1, 0, "en");
+    testRow("from short to long pulses", 2, 1, "en");
 }
 
 void ProfilesTest::comesBackOnThePanels()
@@ -281,14 +258,12 @@ void ProfilesTest::comesBackOnThePanels()
 
 void ProfilesTest::comesBackInTheInstrument_data()
 {
-    QTest::addColumn<int>("setUp");
-    QTest::addColumn<int>("other");
-    QTest::addColumn<QString>("language");
-    QTest::newRow("AM after FM") << 0 << 1 << "en";
-    QTest::newRow("FM after PM") << 1 << 2 << "ru";
-    QTest::newRow("PM after LF") << 2 << 3 << "en";
-    QTest::newRow("LF after AM") << 3 << 0 << "ru";
-    QTest::newRow("sine after square") << 4 << 3 << "en";
+    testColumns<int, int, QString>("setUp", "other", "language");
+    testRow("AM after FM", 0, 1, "en");
+    testRow("FM after PM", 1, 2, "ru");
+    testRow("PM after LF", 2, 3, "en");
+    testRow("LF after AM", 3, 0, "ru");
+    testRow("sine after square", 4, 3, "en");
 }
 
 void ProfilesTest::comesBackInTheInstrument()
@@ -342,9 +317,9 @@ void ProfilesTest::neverTouchesTheOutput()
 
 void ProfilesTest::keepsTheStateBetweenRuns_data()
 {
-    QTest::addColumn<int>("setUp");
+    testColumns<int>("setUp");
     for (int i = 0; i < 4; ++i)
-        QTest::newRow(setUps[i].name) << i;
+        testRow(setUps[i].name, i);
 }
 
 void ProfilesTest::keepsTheStateBetweenRuns()
@@ -360,7 +335,7 @@ void ProfilesTest::keepsTheStateBetweenRuns()
     const Content instrument = instrumentState();
     m_rig->click("Output");
     m_rig.reset();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    m_settings.clear();
 
     start(PanelRig::defaultOptions());
     // Without an instrument so far, and therefore without a word.
@@ -462,8 +437,7 @@ void ProfilesTest::takesNoClicksMeanwhile()
     act("Modulat/AM");
     m_demo->takeSent();
     bool isDone = false;
-    QTimer::singleShot(200, [&] {
-        QVERIFY(QGuiApplication::overrideCursor());
+    when(m_rig->window(), QGuiApplication::overrideCursor, [&] {
         QVERIFY(m_rig->status().contains("Applying"));
         const QWidget& output = m_rig->get("Output");
         const QPoint position = output.mapTo(&m_rig->window(), output.rect().center());
@@ -484,10 +458,10 @@ void ProfilesTest::takesNoClicksMeanwhile()
 
 void ProfilesTest::endsInTheMiddle_data()
 {
-    QTest::addColumn<QString>("ending");
-    QTest::newRow("cable pulled") << "unplug";
-    QTest::newRow("window closed") << "closeWindow";
-    QTest::newRow("window closed by key") << "Ctrl+Q";
+    testColumns<QString>("ending");
+    testRow("cable pulled", "unplug");
+    testRow("window closed", "closeWindow");
+    testRow("window closed by key", "Ctrl+Q");
 }
 
 void ProfilesTest::endsInTheMiddle()
@@ -500,8 +474,7 @@ void ProfilesTest::endsInTheMiddle()
     act("Modulat/AM");
     act("Modulat/Pulse");
     m_rig->connectDevice();
-    QTimer::singleShot(200, [&] {
-        QVERIFY(QGuiApplication::overrideCursor());
+    when(m_rig->window(), QGuiApplication::overrideCursor, [&] {
         if (ending == "unplug")
             (*m_demo)(ending);
         else if (ending == "Ctrl+Q")

@@ -1,6 +1,8 @@
 #include "fields/number_edit.h"
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 
 #include <QAction>
 #include <QLabel>
@@ -8,13 +10,12 @@
 #include <QTableWidget>
 
 /// What the window says of a run, of what the instrument refuses, and of what excludes each other.
-class RunDisplayTest : public QObject
+class RunDisplayTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void aRunIsSeenEverywhere_data();
     void aRunIsSeenEverywhere();
@@ -45,15 +46,11 @@ private:
     void click(const QString& names);
     /// What the display shows of a run: lamp, point and figures.
     QString shown();
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
 
 void RunDisplayTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     m_rig = std::make_unique<PanelRig>();
 }
 
@@ -101,19 +98,16 @@ QString RunDisplayTest::shown()
 
 void RunDisplayTest::aRunIsSeenEverywhere_data()
 {
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("run");
-    QTest::addColumn<QString>("display");
+    testColumns<QString, QString, QString>("clicks", "run", "display");
     const QString sweep = "button_Sweep";
     const QString list = "button_List";
-    QTest::newRow("sweep") << "" << sweep << "SWEEP | Point 1 of 5 | 10 000 000 | -4";
-    QTest::newRow("power sweep") << "power_toFrom_freq" << sweep
-                                 << "SWEEP | Point 1 of 5 | 1 000 000 000 | -10";
-    QTest::newRow("list") << "List_is_Checked" << list << "LIST | Point 1 of 3 | 1 000 000 | -1";
-    QTest::newRow("sweep by hand")
-        << "time_select" << sweep << "SWEEP | Point 1 of 5 | 10 000 000 | -4";
-    QTest::newRow("list by hand") << "List_is_Checked time_select" << list
-                                  << "LIST | waits for a step, points: 3 | - | -";
+    testRow("sweep", "", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
+    testRow("power sweep", "power_toFrom_freq", sweep,
+            "SWEEP | Point 1 of 5 | 1 000 000 000 | -10");
+    testRow("list", "List_is_Checked", list, "LIST | Point 1 of 3 | 1 000 000 | -1");
+    testRow("sweep by hand", "time_select", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
+    testRow("list by hand", "List_is_Checked time_select", list,
+            "LIST | waits for a step, points: 3 | - | -");
 }
 
 /// With the panel closed too: Stop in the window is the run button's own.
@@ -193,21 +187,13 @@ void RunDisplayTest::aTriggeredRunShowsWhatIsKnown()
 
 void RunDisplayTest::refusedStepsMoveNothing_data()
 {
-    QTest::addColumn<QString>("run");
-    QTest::addColumn<QString>("step");
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("after");
-    QTest::newRow("sweep") << "time_select button_Sweep"
-                           << "right_select"
-                           << "LIST:MAN UP"
-                           << "SWEEP | Point 1 of 5 | 10 000 000 | -4"
-                           << "SWEEP | Point 2 of 5 | 20 000 000 | -4";
-    QTest::newRow("list") << "List_is_Checked time_select button_List rightButton"
-                          << "rightButton"
-                          << "LIST:MAN 2"
-                          << "LIST | Point 1 of 3 | 1 000 000 | -1"
-                          << "LIST | Point 2 of 3 | 2 000 000 | -2";
+    testColumns<QString, QString, QString, QString, QString>("run", "step", "command", "before",
+                                                             "after");
+    testRow("sweep", "time_select button_Sweep", "right_select", "LIST:MAN UP",
+            "SWEEP | Point 1 of 5 | 10 000 000 | -4", "SWEEP | Point 2 of 5 | 20 000 000 | -4");
+    testRow("list", "List_is_Checked time_select button_List rightButton", "rightButton",
+            "LIST:MAN 2", "LIST | Point 1 of 3 | 1 000 000 | -1",
+            "LIST | Point 2 of 3 | 2 000 000 | -2");
 }
 
 void RunDisplayTest::refusedStepsMoveNothing()
@@ -230,17 +216,15 @@ void RunDisplayTest::refusedStepsMoveNothing()
 
 void RunDisplayTest::refusedSetUpIsStopped_data()
 {
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<QString>("stopped");
-    QTest::newRow("sweep") << "button_Sweep"
-                           << "The sweep does not run: -222, Data out of range after FREQ:START "
-                              "99000000000"
-                           << "ABORt";
-    QTest::newRow("list") << "List_is_Checked button_List"
-                          << "The list does not run: -222, Data out of range after LIST:FREQ "
-                             "99 000 000 000Hz"
-                          << "*ABORt";
+    testColumns<QString, QString, QString>("clicks", "status", "stopped");
+    testRow("sweep", "button_Sweep",
+            "The sweep does not run: -222, Data out of range after FREQ:START "
+            "99000000000",
+            "ABORt");
+    testRow("list", "List_is_Checked button_List",
+            "The list does not run: -222, Data out of range after LIST:FREQ "
+            "99 000 000 000Hz",
+            "*ABORt");
 }
 
 void RunDisplayTest::refusedSetUpIsStopped()
@@ -303,10 +287,9 @@ void RunDisplayTest::errorsAreCounted()
 
 void RunDisplayTest::exclusionsSpeak_data()
 {
-    QTest::addColumn<QString>("clicks");
-    QTest::addColumn<QString>("status");
+    testColumns<QString, QString>("clicks", "status");
     const auto row = [](const char* clicks, const char* status) {
-        QTest::newRow(clicks) << clicks << status;
+        testRow(clicks, clicks, status);
     };
     row("sine_select button_Sweep", "LF generator off: a sweep has started");
     row("AM List_is_Checked button_List", "Modulation off: a list has started");
@@ -348,9 +331,9 @@ void RunDisplayTest::anotherInstrumentBounds()
 
 void RunDisplayTest::deadInstrumentEndsTheTransfer_data()
 {
-    QTest::addColumn<int>("answered");
-    QTest::newRow("first block") << 0;
-    QTest::newRow("block amid the list") << 2;
+    testColumns<int>("answered");
+    testRow("first block", 0);
+    testRow("block amid the list", 2);
 }
 
 void RunDisplayTest::deadInstrumentEndsTheTransfer()
@@ -365,7 +348,7 @@ void RunDisplayTest::deadInstrumentEndsTheTransfer()
     if (answered == 0)
         die();
     else
-        QTimer::singleShot(100, this, die);
+        whenSent(m_rig->window(), *m_demo, "LIST:FREQ:ADD", die);
     click("button_List");
     QVERIFY(!m_rig->isConnected());
     QCOMPARE(m_rig->status(), QString("connection error: the instrument does not answer"));

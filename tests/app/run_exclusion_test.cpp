@@ -1,5 +1,6 @@
 #include "link/instrument_limits.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 
 #include <QTableWidget>
 
@@ -12,13 +13,12 @@ const QRegularExpression
 
 /// Sweeps and lists, modulations and the LF generator share one source in the instrument: what is
 /// switched on ends the other, on the panel and on the wire.
-class RunExclusionTest : public QObject
+class RunExclusionTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { m_rig.reset(); }
 
     void exclusions_data();
     void exclusions();
@@ -26,15 +26,11 @@ private slots:
 private:
     QPushButton& button(const QString& name) { return m_rig->get<QPushButton>(qPrintable(name)); }
     QString checkedOf(const QString& names);
-
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
 
 void RunExclusionTest::init()
 {
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
+    PanelTest::init();
     m_rig = std::make_unique<PanelRig>();
     m_rig->get<QTableWidget>("table_List").setRowCount(3);
 }
@@ -51,9 +47,7 @@ QString RunExclusionTest::checkedOf(const QString& names)
 
 void RunExclusionTest::exclusions_data()
 {
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QString>("sent");
+    testColumns<QString, QString, QString>("before", "clicked", "sent");
     const auto row = [](const QString& before, const QString& clicked, const char* sent) {
         QTest::addRow("%s, then %s", qPrintable(before), qPrintable(clicked))
             << before << clicked << sent;

@@ -1,12 +1,11 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
-#include <QTemporaryDir>
 
 namespace
 {
@@ -15,13 +14,11 @@ const QString temperature = QStringLiteral("TEMP?\\n");
 } // namespace
 
 /// The service panel in its window: what happens to the window while it works.
-class ServicePanelTest : public QObject
+class ServicePanelTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-
     void whatEndsTheWindowsWorkEndsWriting_data();
     void whatEndsTheWindowsWorkEndsWriting();
     void temperatureIsPolledWhileOpen();
@@ -31,16 +28,8 @@ private slots:
 private:
     static void openPanel(PanelRig& rig);
 
-    QTemporaryDir m_home;
     const DocumentsFolder m_documents{m_home.path()};
-    std::unique_ptr<Demo> m_demo;
 };
-
-void ServicePanelTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 void ServicePanelTest::openPanel(PanelRig& rig)
 {
@@ -50,12 +39,11 @@ void ServicePanelTest::openPanel(PanelRig& rig)
 
 void ServicePanelTest::whatEndsTheWindowsWorkEndsWriting_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QStringList>("sentAfterwards");
-    QTest::newRow("panel closed") << "service" << QStringList();
-    QTest::newRow("other panel opened") << "open_mod" << QStringList();
-    QTest::newRow("disconnected") << "connect" << QStringList({"*RST\\n", "MEM:MSC ON\\n"});
-    QTest::newRow("window closed") << "closeWindow" << QStringList({"*RST\\n", "MEM:MSC ON\\n"});
+    testColumns<QString, QStringList>("button", "sentAfterwards");
+    testRow("panel closed", "service", QStringList());
+    testRow("other panel opened", "open_mod", QStringList());
+    testRow("disconnected", "connect", QStringList({"*RST\\n", "MEM:MSC ON\\n"}));
+    testRow("window closed", "closeWindow", QStringList({"*RST\\n", "MEM:MSC ON\\n"}));
 }
 
 void ServicePanelTest::whatEndsTheWindowsWorkEndsWriting()

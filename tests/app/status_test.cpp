@@ -4,19 +4,17 @@
 #include "link/instrument_limits.h"
 #include "link/library_places.h"
 #include "sweep/list_panel.h"
-#include "tests/support/documents_folder.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
 #include "ui/error_box.h"
-#include "ui/files/user_folder.h"
 
 #include "app/side_panels.h"
+#include "tests/support/rows.h"
 
 #include <QAction>
 #include <QDesktopServices>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTextDocument>
 
 #include <functional>
@@ -69,15 +67,11 @@ private:
 } // namespace
 
 /// What the status line tells: what goes on, and why there is no connection.
-class StatusTest : public QObject
+class StatusTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup() { m_rig.reset(); }
-
     void tellsWhereTheLibraryWasLookedFor();
     void aLossIsNotHidden();
     void aLossIsSaidBesideTheNextSearch();
@@ -87,12 +81,10 @@ private slots:
     void instrumentTextsArePlain();
     void helpOpensThePageOfThePanel_data();
     void helpOpensThePageOfThePanel();
-    void tellsTheStepsOfConnecting();
     void tellsWhatGoesOn_data();
     void tellsWhatGoesOn();
     void tellsOfASlowInstrument();
     void followsTheLanguage();
-    void chooserFollowsTheLanguage();
 
 public slots:
     void takeUrl(const QUrl& url) { m_opened = url; }
@@ -102,23 +94,7 @@ private:
     void chooseRussian();
 
     QUrl m_opened;
-    QTemporaryDir m_home;
-    std::unique_ptr<DocumentsFolder> m_documents;
-    std::unique_ptr<Demo> m_demo;
-    std::unique_ptr<PanelRig> m_rig;
 };
-
-void StatusTest::initTestCase()
-{
-    m_documents = std::make_unique<DocumentsFolder>(m_home.path());
-}
-
-void StatusTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QDir(userFolder()).removeRecursively();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 void StatusTest::start(const QString& library)
 {
@@ -183,12 +159,9 @@ void StatusTest::aLossIsSaidBesideTheNextSearch()
 
 void StatusTest::whatIsGoneIsNotSpokenOf_data()
 {
-    QTest::addColumn<QString>("set");
-    QTest::addColumn<QString>("status");
-    QTest::newRow("reference") << "condition 328 on"
-                               << "The external reference is not locked";
-    QTest::newRow("error") << "error -222"
-                           << "-222, Data out of range after FREQ 5000000.000000 Hz;FREQ?";
+    testColumns<QString, QString>("set", "status");
+    testRow("reference", "condition 328 on", "The external reference is not locked");
+    testRow("error", "error -222", "-222, Data out of range after FREQ 5000000.000000 Hz;FREQ?");
 }
 
 void StatusTest::whatIsGoneIsNotSpokenOf()
@@ -210,11 +183,11 @@ void StatusTest::whatIsGoneIsNotSpokenOf()
 
 void StatusTest::instrumentTextsArePlain_data()
 {
-    QTest::addColumn<QString>("text");
+    testColumns<QString>("text");
     for (const char* text : {"<b>bold</b>", "<img src=x>", "&lt;b&gt;", "<!DOCTYPE", "a\\x01b"})
-        QTest::newRow(text) << QString(text);
-    QTest::newRow("long") << QString(3000, 'x');
-    QTest::newRow("long and rich") << QString("<u>").repeated(1000);
+        testRow(text, QString(text));
+    testRow("long", QString(3000, 'x'));
+    testRow("long and rich", QString("<u>").repeated(1000));
 }
 
 void StatusTest::instrumentTextsArePlain()
@@ -255,20 +228,13 @@ void StatusTest::instrumentTextsArePlain()
 
 void StatusTest::helpOpensThePageOfThePanel_data()
 {
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QString>("page");
-    QTest::newRow("none") << ""
-                          << "index";
-    QTest::newRow("modulation") << "open_mod"
-                                << "modulation";
-    QTest::newRow("sweep") << "open_list"
-                           << "sweep";
-    QTest::newRow("LF generator") << "open_gener"
-                                  << "lf-generator";
-    QTest::newRow("profiles") << "profiles"
-                              << "profiles";
-    QTest::newRow("service") << "service"
-                             << "service";
+    testColumns<QString, QString>("button", "page");
+    testRow("none", "", "index");
+    testRow("modulation", "open_mod", "modulation");
+    testRow("sweep", "open_list", "sweep");
+    testRow("LF generator", "open_gener", "lf-generator");
+    testRow("profiles", "profiles", "profiles");
+    testRow("service", "service", "service");
 }
 
 void StatusTest::helpOpensThePageOfThePanel()
@@ -307,51 +273,17 @@ void StatusTest::helpOpensThePageOfThePanel()
     }
 }
 
-void StatusTest::tellsTheStepsOfConnecting()
-{
-    start();
-    const Said said;
-    m_rig->connectDevice();
-    const QStringList steps = {"Searching",
-                               "opening the instrument",
-                               "identification",
-                               "its limits",
-                               "reference",
-                               "RF output",
-                               "frequency",
-                               "power",
-                               "LF generator",
-                               "modulation",
-                               "DAC"};
-    int from = 0;
-    for (const QString& step : steps) {
-        const int found = said.texts().indexOf(QRegularExpression(".*" + step + ".*"), from);
-        QVERIFY2(found >= from, qPrintable(step + " in " + said.texts().join('\n')));
-        from = found + 1;
-    }
-    QVERIFY(Activities::global().texts().isEmpty());
-}
-
 void StatusTest::tellsWhatGoesOn_data()
 {
-    QTest::addColumn<QString>("clicked");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("modulation") << "AM"
-                                << "Setting the modulation";
-    QTest::newRow("pulses") << "Pulse"
-                            << "Setting the modulation";
-    QTest::newRow("LF") << "sine_select"
-                        << "Setting the LF generator";
-    QTest::newRow("sweep") << "button_Sweep"
-                           << "Starting the sweep";
-    QTest::newRow("list") << "button_List"
-                          << "Starting the list / Transferring the table: list 2";
-    QTest::newRow("calibration") << "applyCalibrate"
-                                 << "Writing the calibration table: row 2 of";
-    QTest::newRow("service") << "service"
-                             << "Reading the calibration table";
-    QTest::newRow("profile") << "quick_1"
-                             << "Applying the profile... / Setting the modulation";
+    testColumns<QString, QString>("clicked", "text");
+    testRow("modulation", "AM", "Setting the modulation");
+    testRow("pulses", "Pulse", "Setting the modulation");
+    testRow("LF", "sine_select", "Setting the LF generator");
+    testRow("sweep", "button_Sweep", "Starting the sweep");
+    testRow("list", "button_List", "Starting the list / Transferring the table: list 2");
+    testRow("calibration", "applyCalibrate", "Writing the calibration table: row 2 of");
+    testRow("service", "service", "Reading the calibration table");
+    testRow("profile", "quick_1", "Applying the profile... / Setting the modulation");
 }
 
 void StatusTest::tellsWhatGoesOn()
@@ -419,27 +351,6 @@ void StatusTest::followsTheLanguage()
     }
     QVERIFY(!english.contains(cyrillic));
     QVERIFY2(m_rig->status().contains(cyrillic), qPrintable(m_rig->status()));
-}
-
-void StatusTest::chooserFollowsTheLanguage()
-{
-    (*m_demo)(QStringLiteral("instruments [1111]\nmodel=KLV-6G\n[2222]\nmodel=KLV-20G\n"));
-    start();
-    m_rig->connectDevice();
-    const QString english = m_rig->status();
-    GuiListKLV* chooser = nullptr;
-    const auto windows = QApplication::topLevelWidgets();
-    for (QWidget* window : windows) {
-        if (window->isVisible() && qobject_cast<GuiListKLV*>(window))
-            chooser = static_cast<GuiListKLV*>(window);
-    }
-    QVERIFY(chooser);
-    QCOMPARE(chooser->windowTitle(), QString("All Device"));
-    chooseRussian();
-    QVERIFY(chooser->windowTitle() != "All Device");
-    QVERIFY(m_rig->status() != english);
-    chooser->close();
-    QCOMPARE(m_rig->status(), QString());
 }
 
 QTEST_MAIN(StatusTest)

@@ -1,7 +1,8 @@
 #include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "service/about_box.h"
-#include "tests/support/panel_rig.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
 #include "ui/language.h"
 #include "ui/side_panel.h"
 
@@ -21,34 +22,20 @@ void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& m
 } // namespace
 
 /// What the window itself does: wiring, panels, language, hot plug, start and end.
-class WindowTest : public QObject
+class WindowTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
-
     void everySlotFindsItsControl();
     void panelsOpenOneAtATime();
     void languageSwitchesWhileRunning();
-    void listFitsItsPanel_data();
-    void listFitsItsPanel();
     void aboutShowsTheInstrument();
     void calibrationDateIsColoured_data();
     void calibrationDateIsColoured();
-    void servicePanelReadsItsValues();
     void unreadableSettingsAreSaid();
     void closeButtonEndsTheSearchToo();
-
-private:
-    std::unique_ptr<Demo> m_demo;
 };
-
-void WindowTest::init()
-{
-    m_demo = std::make_unique<Demo>();
-    QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).clear();
-}
 
 void WindowTest::everySlotFindsItsControl()
 {
@@ -125,31 +112,6 @@ void WindowTest::languageSwitchesWhileRunning()
     QCOMPARE(rig.device(), english);
 }
 
-void WindowTest::listFitsItsPanel_data()
-{
-    QTest::addColumn<QString>("language");
-    QTest::newRow("English") << "en";
-    QTest::newRow("Russian") << "ru";
-}
-
-/// The groups scroll up and down only: what is wider than the panel could not be seen.
-void WindowTest::listFitsItsPanel()
-{
-    QFETCH(QString, language);
-    StartOptions options = PanelRig::defaultOptions();
-    options.language = language;
-    PanelRig rig(options);
-    const QWidget& groups = rig.get("list_groups");
-    for (const char* choice : {"time_select", "int_select", "ext_select", "left_select"}) {
-        rig.openPanelOf(choice);
-        for (int group = 0; group < 2; ++group) {
-            rig.click(choice);
-            QVERIFY2(groups.minimumSizeHint().width() <= groups.parentWidget()->width(), choice);
-            rig.click("List_is_Checked");
-        }
-    }
-}
-
 void WindowTest::aboutShowsTheInstrument()
 {
     PanelRig rig;
@@ -171,17 +133,13 @@ void WindowTest::aboutShowsTheInstrument()
 
 void WindowTest::calibrationDateIsColoured_data()
 {
-    QTest::addColumn<QString>("date");
-    QTest::addColumn<QString>("colour");
+    testColumns<QString, QString>("date", "colour");
     const QString format = QStringLiteral("dd.MM.yyyy");
-    QTest::newRow("today") << QDate::currentDate().toString(format) << "red";
-    QTest::newRow("tomorrow") << QDate::currentDate().addDays(1).toString(format) << "black";
-    QTest::newRow("empty") << ""
-                           << "black";
-    QTest::newRow("no such date") << "31.02.2020"
-                                  << "red";
-    QTest::newRow("another format") << "2099-01-01"
-                                    << "red";
+    testRow("today", QDate::currentDate().toString(format), "red");
+    testRow("tomorrow", QDate::currentDate().addDays(1).toString(format), "black");
+    testRow("empty", "", "black");
+    testRow("no such date", "31.02.2020", "red");
+    testRow("another format", "2099-01-01", "red");
 }
 
 void WindowTest::calibrationDateIsColoured()
@@ -194,21 +152,9 @@ void WindowTest::calibrationDateIsColoured()
              QStringLiteral("QLabel { color: %1; }").arg(colour));
 }
 
-void WindowTest::servicePanelReadsItsValues()
-{
-    PanelRig rig;
-    rig.connectDevice();
-    QVERIFY(!rig.get<QLineEdit>("REF_OSC").text().isEmpty());
-    rig.click("service");
-    QTRY_VERIFY(!rig.get<QLabel>("text_temp").text().isEmpty());
-    m_demo->takeSent();
-    rig.enter("REF_OSC", "123");
-    QCOMPARE(m_demo->takeSent(), QStringList({"MEM:DAC 123\\n", "SYSTem:ERRor?\\n"}));
-}
-
 void WindowTest::unreadableSettingsAreSaid()
 {
-    const QString path = QSettings(QStringLiteral("Veltro"), QStringLiteral("KLV")).fileName();
+    const QString path = m_settings.fileName();
     if (path.contains("HKEY_"))
         QSKIP("The registry keeps them, which no text can damage.");
     QVERIFY(QDir().mkpath(QFileInfo(path).path()));
