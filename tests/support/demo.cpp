@@ -1,5 +1,7 @@
 #include "tests/support/demo.h"
 
+#include "link/pause.h"
+
 #include <QtGlobal>
 
 Demo::Demo() : m_library(libraryPath())
@@ -9,6 +11,8 @@ Demo::Demo() : m_library(libraryPath())
         qFatal("%s", qUtf8Printable(m_library.errorString()));
     (*this)(QStringLiteral("reset"));
     (*this)(QStringLiteral("timeouts immediate"));
+    // Long enough for what a test does in one of them.
+    pauses().share = 0.1;
 }
 
 QString Demo::libraryPath()

@@ -4,7 +4,7 @@
 #include <QStringList>
 
 /// The simulated instrument from behind: what it saw on the wire, and what is to go wrong. Starts
-/// from power-on, with time-outs that do not really wait.
+/// from power-on, with time-outs that do not really wait and pauses of a tenth of their length.
 class Demo
 {
 public:
