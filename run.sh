@@ -18,8 +18,8 @@ if [[ -n ${DISPLAY:-}${QT_QPA_PLATFORM:-} ]]; then
     exec "${program[@]}" "$@"
 fi
 
-# Qt's own VNC platform listens on every network interface and cannot be told otherwise. Here screen
-# and keys are this user's alone: the viewer's way in lies in a folder that nobody else may enter,
+# Qt's own VNC platform listens on every network interface and has no option against it. Here screen
+# and keys are this user's alone: the viewer's socket is in a folder that nobody else may enter,
 # and the X server lets in only who can read the cookie there.
 tools/install-deps.sh --screen
 private=$(mktemp -d -t klv-screen-XXXXXX)

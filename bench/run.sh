@@ -6,7 +6,7 @@ cmake --preset release >/dev/null
 cmake --build --preset release --target link_bench list_bench window_bench >/dev/null
 export QT_QPA_PLATFORM=offscreen
 XDG_CONFIG_HOME=$(mktemp -d)
-# In memory, as a desktop has it: whoever connects writes a lock there.
+# In memory, as on a desktop: connecting writes a lock there.
 XDG_RUNTIME_DIR=$(mktemp -d -p /dev/shm)
 export XDG_CONFIG_HOME XDG_RUNTIME_DIR
 trap 'rm -rf "$XDG_CONFIG_HOME" "$XDG_RUNTIME_DIR"' EXIT

@@ -1,5 +1,5 @@
-# klv_deploy(TARGET [INSTALL]): puts beside the program, and with INSTALL into its packages, what a PC
-# without Qt and MinGW lacks.
+# klv_deploy(TARGET [INSTALL]): copies beside the program, and with INSTALL into its packages, what
+# a PC without Qt and MinGW needs.
 function(klv_deploy target)
   cmake_parse_arguments(arg "INSTALL" "" "" ${ARGN})
   get_target_property(core Qt5::Core IMPORTED_LOCATION_RELEASE)
@@ -11,7 +11,7 @@ function(klv_deploy target)
   foreach(name IN ITEMS libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
       OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
-    # With its debug information the C++ library alone is as large as all the rest.
+    # With its debug information the C++ library alone is as large as everything else.
     add_custom_command(TARGET ${target} POST_BUILD
       COMMAND ${CMAKE_STRIP} -o ${directory}/${name} ${path} VERBATIM)
     list(APPEND runtime ${directory}/${name})

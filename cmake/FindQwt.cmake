@@ -1,5 +1,4 @@
-# Qwt for Qt 5 as Qwt::Qwt. Its pkg-config file asks for Qt modules that a user of plots needs none
-# of.
+# Qwt for Qt 5 as Qwt::Qwt. Its pkg-config file requires Qt modules that are not needed for plots.
 find_path(QWT_INCLUDE_DIR qwt_plot.h PATH_SUFFIXES qwt qwt-qt5)
 find_library(QWT_LIBRARY NAMES qwt-qt5 qwt)
 mark_as_advanced(QWT_INCLUDE_DIR QWT_LIBRARY)

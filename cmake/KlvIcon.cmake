@@ -1,5 +1,5 @@
-# klv_icon(VARIABLE SIZE...): draws the program's icon in these sizes, in pixels; the files' names go
-# into VARIABLE.
+# klv_icon(VARIABLE SIZE...): draws the program's icon in these sizes, in pixels; the files' names
+# are stored in VARIABLE.
 set(KLV_ICON_DRAWING ${PROJECT_SOURCE_DIR}/ui/images/logotip.svg)
 
 function(klv_icon variable)

@@ -7,7 +7,7 @@ target_compile_definitions(klv_options INTERFACE
 target_compile_options(klv_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
 if(MINGW)
-  # Its va_list bears an attribute, which does not matter to a template.
+  # Its va_list has an attribute, which does not matter to a template.
   target_compile_options(klv_options INTERFACE -Wno-ignored-attributes)
 endif()
 if(KLV_SANITIZE)
@@ -43,7 +43,7 @@ function(klv_test name)
       CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine.sh)
   endif()
   add_test(NAME ${name} COMMAND ${name})
-  # Folders of its own, as private as the system's: settings, locks and sockets of no other test.
+  # Private folders: settings, locks and sockets are shared with no other test.
   set(private ${PROJECT_BINARY_DIR}/tests/private/${name})
   file(MAKE_DIRECTORY ${private})
   file(CHMOD ${private} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)

@@ -3,7 +3,7 @@
 set -euo pipefail
 
 export QT_QPA_FONTDIR='Z:\usr\share\fonts\truetype\dejavu'
-# Else results go to a debugger.
+# Otherwise results go to a debugger.
 export QT_FORCE_STDERR_LOGGING=1
 
 # Wine keeps Qt's variables from the program; its command interpreter sets them again.

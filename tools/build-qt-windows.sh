@@ -45,7 +45,7 @@ finish() {
 trap finish EXIT
 
 # fetch PACKAGE VERSION: unpacks a source package. The configured Debian sources once more, as
-# sources of source packages, in a configuration of this script's own: the machine's stays as it is.
+# sources of source packages, in a configuration of this script's own: the machine's is not changed.
 fetch() {
     local apt=$work/apt line
     if [[ ! -d $apt ]]; then
@@ -119,7 +119,7 @@ CMAKE
     cmake --install build
 }
 
-# make_once NAME FOLDER: builds what is not there yet; a build that was cut short is not there.
+# make_once NAME FOLDER: builds what is not there yet; an interrupted build does not count.
 make_once() {
     [[ ! -e $2/complete ]] || return 0
     echo "Building $1 for Windows; this takes a while"

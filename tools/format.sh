@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Formats all C++ of the project; with --check only tells what is not formatted.
+# Formats all C++ of the project; with --check only lists what is not formatted.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

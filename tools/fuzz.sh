@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Searches with the fuzz targets for inputs that break what they promise: tools/fuzz.sh MINUTES [TARGET]
+# Searches with the fuzz targets for inputs that break a guarantee: tools/fuzz.sh MINUTES [TARGET]
 # runs each target, or that one, for so many minutes; stops with 1 where anything was found. The
-# inputs found lie in build/fuzz/found, what leads further in build/fuzz/corpus.
+# inputs found are in build/fuzz/found, those that extend the coverage in build/fuzz/corpus.
 #   tools/fuzz.sh --keep [TARGET]   puts the least that reaches as far into tests/fuzz/corpus, beside
 #                                   the inputs that have a name of their own
 set -euo pipefail

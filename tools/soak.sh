@@ -15,6 +15,6 @@ trap 'rm -rf "$private"' EXIT
 export XDG_CONFIG_HOME=$private XDG_RUNTIME_DIR=$private HOME=$private QT_QPA_PLATFORM=offscreen
 export QT_LOGGING_RULES='*=false'
 export LSAN_OPTIONS=suppressions=$PWD/tests/leaks.txt
-# What hangs says where.
+# A run that hangs prints where.
 export ASAN_OPTIONS=handle_abort=1
 timeout --signal=ABRT $(($1 * 60 + 180)) build/asan/tests/panel_soak "$1" "$seed"

@@ -93,7 +93,7 @@ def front_page(manual):
 
 
 def write_pages(manual, folder, charset):
-    """What the character set lacks goes out as character references."""
+    """Characters that the character set lacks are written as character references."""
     def write(name, text):
         path = folder / name
         path.parent.mkdir(parents=True, exist_ok=True)
@@ -163,7 +163,7 @@ def build_help_file(manual, target, compiler):
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--converter", default="cmark-gfm", help="Markdown converter")
-    parser.add_argument("--html", type=Path, help="folder for the web pages; made anew")
+    parser.add_argument("--html", type=Path, help="folder for the web pages; replaced")
     parser.add_argument("--chm", type=Path, help="Windows help file to make")
     parser.add_argument("--compiler", default="chmcmd", help="compiler of Windows help files")
     options = parser.parse_args()

@@ -74,7 +74,7 @@ def foreign_texts(language, pages):
 
 
 def unsaid(language):
-    """Keys of the window and options of the command line that their pages do not tell of."""
+    """Keys of the window and options of the command line that their pages do not mention."""
     form = (INTERFACE / "mainwindow.ui").read_text(encoding="utf-8")
     options = (INTERFACE.parent / "app/start_options.cpp").read_text(encoding="utf-8")
     told = {"keys": re.findall(r'name="keys"><string[^>]*>([^<]+)<', form),

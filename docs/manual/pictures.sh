@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Makes the pictures of the manual and of README.md anew, in both languages and themes.
+# Makes the pictures of the manual and of README.md, in both languages and themes.
 #   docs/manual/pictures.sh [BUILD_FOLDER]
 # Needs Xvfb and pngquant.
 set -euo pipefail
@@ -14,7 +14,7 @@ exec {screen}< <(exec Xvfb -displayfd 1 -screen 0 1920x1200x24 -nolisten tcp 2>"
 screen_pid=$!
 trap 'kill "$screen_pid" 2>/dev/null || true; rm -rf "$work"' EXIT
 read -r number <&"$screen" || { cat "$work/screen.log" >&2; exit 1; }
-# Settings, documents and locks of nobody.
+# Empty settings, documents and locks.
 export DISPLAY=:$number QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR=1
 export HOME=$work XDG_CONFIG_HOME=$work XDG_RUNTIME_DIR=$work
 

@@ -1,4 +1,4 @@
-# What a Debian system wants around the program, and the package of it all.
+# The files that a Debian system needs in addition to the program, and the package.
 include(KlvIcon)
 include(linux/releases.cmake)
 find_program(GZIP gzip REQUIRED)
@@ -53,7 +53,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The licence is opened with the program that the desktop has for texts.
+# The licence is opened with the desktop's program for text files.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS xdg-utils)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION

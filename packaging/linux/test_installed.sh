@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the build into a folder of its own, starts the program there on the simulated instrument,
-# and looks at what a user of the package meets: test_installed.sh CMAKE BUILD VERSION
+# and checks what a user of the package gets: test_installed.sh CMAKE BUILD VERSION
 set -euo pipefail
 cmake=$1 build=$2 version=$3
 
@@ -16,7 +16,7 @@ root=$work/root/usr
 cmp "$root/lib/klv/license.txt" "$root/share/doc/klv/copyright"
 
 # Nothing of the build tree or of this user's own set-up may help it. In a sanitized build leaks are
-# others' business.
+# checked elsewhere.
 cd /
 as_user=(env -i HOME="$work/home" TMPDIR="$work" PATH=/usr/bin:/bin LC_ALL=C.UTF-8
     QT_QPA_PLATFORM=offscreen XDG_RUNTIME_DIR="$work/run" ASAN_OPTIONS=detect_leaks=0)
@@ -32,7 +32,7 @@ for language in "${languages[@]}"; do
     [[ -z $warnings ]] || fail "$page: $warnings"
     text=$("${as_user[@]}" man -E UTF-8 -l "$page")
     for option in $(grep -oE -- '--[a-z-]+' <<<"$help"); do
-        [[ $text == *"$option"* ]] || fail "$page does not tell of $option"
+        [[ $text == *"$option"* ]] || fail "$page does not mention $option"
     done
 done
 

@@ -1,4 +1,4 @@
-# Machines that only build need not have them.
+# Optional: machines that only build do not need these tools.
 find_program(DESKTOP_FILE_VALIDATE desktop-file-validate)
 find_program(APPSTREAMCLI appstreamcli)
 

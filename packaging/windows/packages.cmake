@@ -8,7 +8,7 @@ foreach(library IN ITEMS
   list(GET library 1 package)
   install(FILES ${debian_doc}/${package}/copyright DESTINATION licenses RENAME ${name}.txt)
 endforeach()
-# Those name these and do not hold their text.
+# The copyright files above refer to these texts without containing them.
 foreach(licence IN ITEMS GPL-2 GPL-3 LGPL-2.1 LGPL-3)
   install(FILES /usr/share/common-licenses/${licence} DESTINATION licenses RENAME ${licence}.txt)
 endforeach()
@@ -16,14 +16,14 @@ endforeach()
 get_target_property(icon klv KLV_ICON)
 set(CPACK_GENERATOR ZIP NSIS)
 set(CPACK_PACKAGE_FILE_NAME klv-${PROJECT_VERSION}-win64)
-# A version that is installed already makes room for the next one.
+# An installed version is uninstalled before the next one is installed.
 set(CPACK_PACKAGE_INSTALL_REGISTRY_KEY "KLV panel")
 set(CPACK_PACKAGE_INSTALL_DIRECTORY "KLV panel")
 set(CPACK_NSIS_ENABLE_UNINSTALL_BEFORE_INSTALL ON)
 set(CPACK_NSIS_PACKAGE_NAME "KLV panel")
 set(CPACK_NSIS_DISPLAY_NAME "KLV panel")
 set(CPACK_NSIS_INSTALL_ROOT $PROGRAMFILES64)
-# As many bits as the program has.
+# The same word size as the program.
 set(CPACK_NSIS_EXECUTABLE_PRE_ARGUMENTS [[-XTarget\ amd64-unicode]])
 set(CPACK_NSIS_COMPRESSOR "/SOLID lzma")
 set(CPACK_NSIS_MUI_ICON ${icon})

@@ -1,4 +1,4 @@
-# Brings klv_ru.ts into step with the texts of the sources: ROOT is the checkout, LUPDATE the tool.
+# Updates klv_ru.ts from the texts of the sources: ROOT is the checkout, LUPDATE the tool.
 # With CHECK (a file to write) the .ts stays as it is, and a text without a finished translation
 # or a translation without a text is an error.
 set(translation ${CMAKE_CURRENT_LIST_DIR}/klv_ru.ts)
