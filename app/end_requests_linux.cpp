@@ -15,17 +15,17 @@ constexpr std::array<int, 3> endSignals = {SIGTERM, SIGHUP, SIGINT};
 /// The end of the pipe that the handler writes to.
 int signalled = -1;
 
-// Nothing but this is allowed in a signal's handler.
+// Little else is allowed in a signal handler.
 void handleSignal(int)
 {
     const int before = errno;
     const char byte = 0;
-    // A full pipe has told it already.
+    // A full pipe already holds the news.
     [[maybe_unused]] const ssize_t written = write(signalled, &byte, 1);
     errno = before;
 }
 
-/// Signals come into the event loop by way of a pipe.
+/// Signals reach the event loop through a pipe.
 class SignalRequests : public EndRequests
 {
 public:
@@ -49,7 +49,7 @@ SignalRequests::SignalRequests()
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &SignalRequests::takeSignals);
     struct sigaction handler = {};
     handler.sa_handler = handleSignal;
-    // What the VISA library waits for goes on.
+    // System calls that the VISA library waits in are restarted.
     handler.sa_flags = SA_RESTART;
     for (std::size_t index = 0; index < endSignals.size(); ++index) {
         sigaction(endSignals.at(index), nullptr, &m_before.at(index));

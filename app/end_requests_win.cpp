@@ -7,7 +7,7 @@
 
 namespace
 {
-/// The end of the user's session: Qt tells of the question that comes before it, which is left out
+/// The end of the user's session: Qt reports only the question that precedes it, which is left out
 /// when the end is forced. Once the message has been answered the process is ended.
 class SessionRequests : public EndRequests, public QAbstractNativeEventFilter
 {

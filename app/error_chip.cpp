@@ -8,7 +8,7 @@
 ErrorChip::ErrorChip(QAbstractButton& button, const ScpiSession& session, Notices& notices)
     : m_button(button)
 {
-    // A click on it leaves the keyboard where it was.
+    // A click on it leaves the keyboard focus where it was.
     m_button.setFocusPolicy(Qt::TabFocus);
     connect(&m_button, &QAbstractButton::clicked, this, &ErrorChip::clear);
     connect(&session, &ScpiSession::errorReported, this,
@@ -34,7 +34,8 @@ void ErrorChip::count()
 void ErrorChip::clear()
 {
     m_count = 0;
-    // Hidden with the focus it would hand that on: to the RF output, while a run rests the fields.
+    // Hidden while it has the focus, it would pass the focus on: to the RF output, while a run
+    // disables the fields.
     m_button.clearFocus();
     m_button.hide();
 }

@@ -6,8 +6,8 @@ class Notices;
 class QAbstractButton;
 class ScpiSession;
 
-/// Says each error that the instrument reports, and counts them on a button that is there only
-/// while there are any and that forgets them when it is clicked. Owns the count, not the button.
+/// Shows each error that the instrument reports, and counts them on a button that is visible only
+/// while there are any and is cleared by a click. Owns the count, not the button.
 class ErrorChip : public QObject
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class ErrorChip : public QObject
 public:
     ErrorChip(QAbstractButton& button, const ScpiSession& session, Notices& notices);
 
-    /// In the present language.
+    /// In the current language.
     void retranslate();
 
 private:

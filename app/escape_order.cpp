@@ -24,7 +24,7 @@ bool EscapeOrder::closeLast()
 
 bool EscapeOrder::eventFilter(QObject* watched, QEvent* event)
 {
-    // The system's own hiding, when the window is minimised, closes nothing.
+    // A widget hidden by the system, when the window is minimised, has not been closed.
     if (!event->spontaneous() && event->type() == QEvent::Show) {
         m_open.removeAll(watched);
         m_open.append(watched);

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-/// Remembers in which order things were opened, for Escape closes what opened last. Opens and
+/// Remembers the order in which widgets were opened, so that Escape closes the last one. Opens and
 /// closes nothing by itself.
 class EscapeOrder : public QObject
 {

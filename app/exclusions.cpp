@@ -26,7 +26,7 @@ Exclusions::Exclusions(const Parts& parts, QObject* parent) : QObject(parent), m
     connect(&m_parts.runs, &SweepCommands::runStopped, this, &Exclusions::runStopped);
     connect(&m_parts.triggers, &TriggerCommands::pulseExcluded, this, [this] {
         m_parts.notices.sayOfInstrument(
-            [] { return tr("Pulse modulation off: the trigger takes its input"); });
+            [] { return tr("Pulse modulation off: the trigger uses its input"); });
     });
 }
 
@@ -50,7 +50,7 @@ void Exclusions::lfGeneratorStarted()
 {
     if (m_parts.list.isRunning())
         m_ended << stopWords(checkedRun());
-    // The panel of the runs closes even where none runs.
+    // The sweep and list panel closes even when nothing runs.
     m_parts.list.autoOff();
     tell([] { return tr("the LF generator is on"); });
 }
@@ -68,7 +68,7 @@ void Exclusions::runStarting()
     });
 }
 
-/// Sweep and list take one another's place within one click.
+/// A click may replace the sweep by the list or the list by the sweep.
 void Exclusions::runStopped()
 {
     m_justStopped = m_running;

@@ -17,7 +17,7 @@ class TriggerCommands;
 class generator;
 
 /// Modulations, LF generator and runs exclude one another in the instrument: what is switched on
-/// last switches the others off, and the user is told. Owns none of them.
+/// last switches the others off, and a notice says so. Owns none of them.
 class Exclusions : public QObject
 {
     Q_OBJECT
@@ -50,7 +50,7 @@ private:
     void tell(const StatusWords& cause);
 
     Parts m_parts;
-    /// What has gone off and was not told of yet.
+    /// What was switched off and not yet announced.
     QVector<StatusWords> m_ended;
     RunKind m_running = RunKind::Sweep;
     /// The run that has ended just now.

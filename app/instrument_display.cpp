@@ -62,7 +62,7 @@ void InstrumentDisplay::retranslate()
     m_ui.device.setText(m_name.isEmpty() ? tr("Disconnected") : m_name);
 }
 
-/// Colours the controls that tell a connected panel from an idle one.
+/// Colours the controls that show whether an instrument is connected.
 void InstrumentDisplay::light(bool isConnected)
 {
     m_ui.device.setProperty(connectedProperty, isConnected);

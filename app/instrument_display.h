@@ -28,7 +28,7 @@ public:
     InstrumentDisplay(const Widgets& widgets, Form& about, service& panel,
                       const ScpiSession& session, const Connection& connection);
 
-    /// In the present language.
+    /// In the current language.
     void retranslate();
 
 private:

@@ -23,14 +23,14 @@ int main(int argc, char* argv[])
     QGuiApplication::setDesktopFileName(QStringLiteral(KLV_DESKTOP_ID));
 
     QApplication application(argc, argv);
-    // The VISA library writes "%lf" by this locale: a decimal comma would be no number at all.
+    // The VISA library writes "%lf" by this locale: with a decimal comma it would not be a number.
     std::setlocale(LC_NUMERIC, "C");
     if (QTextCodec* codec = QTextCodec::codecForName("UTF-8"))
         QTextCodec::setCodecForLocale(codec);
 
     int exitCode = 0;
     {
-        // Outlives the window, which may take its time to hand the instrument back.
+        // Outlives the window, which may need some time to hand the instrument back.
         std::unique_ptr<EndRequests> endRequests;
         MainWindow window(StartOptions::fromCommandLine());
         QApplication::setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
@@ -41,7 +41,7 @@ int main(int argc, char* argv[])
                          &MainWindow::endProgram);
         exitCode = QApplication::exec();
     }
-    // The VISA loader leaves by a deferred deletion.
+    // The VISA loader is deleted by a deferred deletion.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     return exitCode;
 }

@@ -85,7 +85,7 @@ void MainWindow::setUpForm()
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     // A click that took the focus would close the entry it is to close or open.
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
-    // Answered at once: the desktop may end right behind it.
+    // A direct connection: the desktop may end right after it.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
 }
 
@@ -129,7 +129,7 @@ void MainWindow::setUpMenu()
     connect(m_menu, &WindowMenu::quitChosen, this, &MainWindow::close);
 }
 
-/// The order in which a freshly reset instrument is brought into line with the panel.
+/// The order in which the panel's state is sent to a freshly reset instrument.
 void MainWindow::setUpPush()
 {
     m_connection.setPushSteps({
@@ -246,7 +246,7 @@ void MainWindow::wireFirmware()
     connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
             &QAbstractButton::click);
-    // Before the click tells of its own search.
+    // Before the click announces its own search.
     connect(m_ui->connect, &QAbstractButton::pressed, m_firmwareUpdate.get(),
             &FirmwareUpdate::stop);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, this,
@@ -318,7 +318,7 @@ void MainWindow::changeEvent(QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    // Gone at once, whatever the search and the instrument still take.
+    // Hidden at once, however long the search and the instrument still take.
     hide();
     m_powerGuard->cancel();
     m_connection.shutDown();
@@ -332,7 +332,7 @@ void MainWindow::endProgram()
     QCoreApplication::quit();
 }
 
-/// Only what no field has taken for itself gets here.
+/// Only keys that no field has accepted arrive here.
 void MainWindow::keyPressEvent(QKeyEvent* event)
 {
     const bool isEscape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier;

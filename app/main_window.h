@@ -64,8 +64,8 @@ public:
     /// Shows the window and connects if an instrument is there.
     void start();
 
-    /// The way of the close button for whoever cannot click it, whatever goes on. What is to be
-    /// kept is kept before this returns: the system may not wait any longer.
+    /// Closes as the close button does, without a click and whatever is going on. The state is
+    /// saved before this returns: the system may not wait any longer.
     void endProgram();
 
 public slots:
@@ -108,7 +108,7 @@ public slots:
     void toHelp();
 
 signals:
-    /// The service panel is to slide in or out.
+    /// The service panel is to be opened or closed.
     void service_animate();
 
 protected:

@@ -9,7 +9,7 @@ class QWidget;
 class ScpiSession;
 
 /// What the window shows of the RF output: its lamp, lit only while a connected instrument has been
-/// told to switch it on, and its button, let go with the instrument. Sends nothing.
+/// set to RF on, and its button, released with the instrument. Sends nothing.
 class OutputDisplay : public QObject
 {
     Q_OBJECT
@@ -20,10 +20,10 @@ public:
                   const Connection& connection, const CwControls& cw);
 
 private:
-    /// The instrument has been told what the button says.
+    /// The button's state has been sent to the instrument.
     void outputSent();
-    /// Only an instrument that had been connected takes the button with it: a hand that has
-    /// switched on beforehand means the next one.
+    /// Releases the button only if an instrument had been connected: a user who switches on before
+    /// connecting means the next instrument.
     void forgetInstrument(bool wasConnected);
 
     QAbstractButton& m_button;

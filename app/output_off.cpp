@@ -18,7 +18,7 @@ OutputOff::OutputOff(StateButton& output, const Connection& connection, Notices&
             [this](bool isConnected) { m_isConnected = isConnected; });
 }
 
-/// A field that loses the focus to the click would commit itself, and that may take its time.
+/// A field that loses the focus to the click would commit its text, and that may take some time.
 void OutputOff::followOutput(bool isOn)
 {
     m_output.setFocusPolicy(isOn ? Qt::TabFocus : Qt::StrongFocus);
@@ -32,7 +32,7 @@ bool OutputOff::eventFilter(QObject* watched, QEvent* event)
     const auto& key = *static_cast<QKeyEvent*>(event);
     if (!isOutputKey(key))
         return QObject::eventFilter(watched, event);
-    // What is left of a press that has switched off means nothing to anybody else.
+    // The rest of a press that has switched off must reach nothing else.
     if (event->type() == QEvent::KeyPress)
         return true;
     if (key.isAutoRepeat() || (!m_output.isChecked() && m_isConnected))
@@ -46,7 +46,7 @@ bool OutputOff::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
-/// By the key's place where its letter is another, as on a Cyrillic keyboard.
+/// By the key's position where it types another letter, as on a Cyrillic keyboard.
 bool OutputOff::isOutputKey(const QKeyEvent& key) const
 {
     const int wanted = m_output.keys()[0];

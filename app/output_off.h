@@ -8,9 +8,9 @@ class QKeyEvent;
 class QWidget;
 class StateButton;
 
-/// Sees to it that the RF output can be switched off at once: by its key wherever the user is, in a
-/// dialog, a popup or a profile's replay too, and by a click that does not first commit what is
-/// being typed elsewhere. Switches nothing on and sends nothing; the button is clicked.
+/// Makes sure that the RF output can be switched off at once: by its key wherever the focus is,
+/// also in a dialog, a popup or a profile's replay, and by a click that does not first commit what
+/// is being typed elsewhere. Switches nothing on and sends nothing; the button is clicked.
 class OutputOff : public QObject
 {
     Q_OBJECT
@@ -29,6 +29,6 @@ private:
     StateButton& m_output;
     Notices& m_notices;
     /// Without an instrument the key does not switch on: it is pressed in haste, and the button may
-    /// have been let go with a connection that has just broken.
+    /// have been released by a connection that has just broken.
     bool m_isConnected = false;
 };

@@ -73,8 +73,8 @@ PanelProfiles::PanelProfiles(const Panels& panels, const Instrument& instrument,
 openSave_XML_FILE::Owner PanelProfiles::owner()
 {
     openSave_XML_FILE::Owner owner;
-    // Without an instrument nothing takes its time. A question that an entry has raised is answered
-    // before the next one.
+    // Without an instrument no pause is needed. A question that an entry has raised is answered
+    // before the next entry.
     owner.pause = [this](int ms) {
         return !m_instrument.session.isConnected() ||
                (pause(ms) && m_instrument.powerGuard.waitForAnswer());
@@ -97,8 +97,8 @@ QString PanelProfiles::refusal() const
     return QString();
 }
 
-/// What a file holds of a field: not what is half typed, which is no setting and may be no number
-/// that could come back.
+/// The text that a file holds for a field: not one that is still being typed, which is not a
+/// setting and may not be a valid number.
 QString PanelProfiles::fieldText(const QLineEdit& field) const
 {
     // The entry is open only while a frequency is being typed.
@@ -110,7 +110,7 @@ QString PanelProfiles::fieldText(const QLineEdit& field) const
     return number->isEdited() ? number->acceptedText() : number->ownText();
 }
 
-/// Brings the fields into the form in which files hold them.
+/// Converts the fields to the form in which files hold them.
 void PanelProfiles::settle()
 {
     const ProfileStore& store = m_files->store();
@@ -127,7 +127,7 @@ void PanelProfiles::settle()
         m_form.ROSC_FREQ->showAccepted(m_cw.externalReferenceMHz());
 }
 
-/// While a profile is replayed: what ends something.
+/// What can be clicked while a profile is replayed: controls that end something.
 bool PanelProfiles::isUsable(const QWidget* widget) const
 {
     return widget == m_form.closeWindow || widget == m_form.minimize || widget == m_form.stop_run ||
@@ -138,7 +138,7 @@ bool PanelProfiles::isUsable(const QWidget* widget) const
 void PanelProfiles::setBusy(bool isBusy)
 {
     if (isBusy) {
-        // A run keeps the front panel for itself.
+        // While a run is on, the front panel belongs to it.
         if (m_panels.list.isRunning())
             m_panels.list.autoOff();
         m_guard.emplace([this](const QWidget* widget) { return isUsable(widget); });
@@ -158,7 +158,7 @@ void PanelProfiles::registerPanels()
              m_form.Output, m_form.connect, m_form.open_mod, m_form.open_list, m_form.open_gener,
              m_form.profiles, m_form.service, &m_panels.list.runSweep(), &m_panels.list.runList()})
         store.exclude(control);
-    // Entered before the width, the period would give way to one that is still the old one.
+    // Entered before the width, the period would be bounded by the old width.
     store.putBehind(&m_panels.modulation.pulseWidth(), &m_panels.modulation.pulsePeriod());
 }
 
@@ -185,7 +185,7 @@ void PanelProfiles::registerVariables()
     store.addVariable({QStringLiteral("ROSC_EXT_FREQ"), SharedVariable::Type::Text,
                        [this] { return m_cw.externalReferenceMHz(); },
                        [this](const QVariant& value) { takeExternalReference(value.toString()); }});
-    // Time comes before the point count in the files, behind it in the step table.
+    // Time comes before the point count in the files, after it in the step table.
     QVector<StepKind> kinds;
     for (int kind = 0; kind < stepKindCount; ++kind)
         kinds << static_cast<StepKind>(kind);
@@ -213,7 +213,7 @@ void PanelProfiles::applyAtStart(const QString& path, bool isClean)
 
 void PanelProfiles::saveLast()
 {
-    // Once: whoever ends the program may end it in several ways.
+    // Once: the program may be ended in several ways at the same time.
     if (std::exchange(m_keepsLast, false) && !m_files->saveLast())
         qWarning("The settings could not be kept in %s", qUtf8Printable(m_files->folder()));
 }

@@ -25,8 +25,8 @@ namespace Ui
 class MainWindow;
 }
 
-/// What a profile holds of this program, and what goes on around saving and applying one. Reads and
-/// writes no file itself, and sends nothing.
+/// Defines what a profile of this program contains, and what accompanies saving and applying one.
+/// Reads and writes no file itself, and sends nothing.
 class PanelProfiles : public QObject
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ public:
         generator& lfGenerator;
         List& list;
     };
-    /// What a replay waits for and ends with.
+    /// What a replay waits for, and what ends it.
     struct Instrument {
         ScpiSession& session;
         Connection& connection;
@@ -51,16 +51,17 @@ public:
     PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
                   const Ui::MainWindow& form);
 
-    /// Where panels are excluded, and where it is said what came of a file.
+    /// For excluding panels, and for the results that it reports.
     openSave_XML_FILE& files() { return *m_files; }
 
-    /// Applies the file, or what the last run has kept if there is none. From now on the end of the
-    /// program keeps the state; after a clean start nothing is taken over and nothing kept.
+    /// Applies the file or, if there is none, the state saved by the last run. From now on the
+    /// state is saved when the program ends; after a clean start nothing is restored and nothing
+    /// saved.
     void applyAtStart(const QString& path, bool isClean);
     void saveLast();
 
 signals:
-    /// All of a profile is applied: indicators are to follow the panels' buttons.
+    /// A profile has been applied completely: the indicators have to follow the panels' buttons.
     void applied();
 
 private:

@@ -23,8 +23,8 @@ bool isWholeOrEmpty(const QString& text)
 PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, const FieldContext& context,
                            QWidget* parent)
     : PanelDialog(tr("Highest power"),
-                  tr("No power above it is set by this program, whatever is typed, stepped or "
-                     "opened. Empty: as high as the instrument allows."),
+                  tr("The program sets no power above this, whether typed, stepped or "
+                     "opened. Empty: the limit of the instrument."),
                   parent),
       m_field(new NumberEdit(Quantity::HighestPower, context, this,
                              ceilingDbm ? QString::number(*ceilingDbm) : QString()))
@@ -41,7 +41,7 @@ PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, const FieldContext& co
     line->addStretch(1);
     content().addLayout(line);
 
-    QPushButton* take = addButton("take_ceiling", tr("OK"), tr("Take this highest power (Enter)"));
+    QPushButton* take = addButton("take_ceiling", tr("OK"), tr("Apply this highest power (Enter)"));
     QPushButton* cancel = addButton("cancel", tr("Cancel"), tr("Leave it as it is (Esc)"));
     take->setDefault(true);
     connect(take, &QPushButton::clicked, this, &PowerCeiling::choose);

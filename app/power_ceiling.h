@@ -7,8 +7,8 @@
 class NumberEdit;
 struct FieldContext;
 
-/// Asks for the highest power that the program may set, in whole dBm; an empty field stands for
-/// none. What is no whole number cannot be taken.
+/// Asks for the highest power that the program may set, in whole dBm; an empty field means no
+/// limit. Anything but a whole number cannot be accepted.
 class PowerCeiling : public PanelDialog
 {
     Q_OBJECT

@@ -16,5 +16,5 @@ QString ProgramSettings::complaint() const
     if (status() != NoError)
         return tr("The settings cannot be read: defaults are used");
     return isWritable() ? QString()
-                        : tr("The settings cannot be written: changes will not be kept");
+                        : tr("The settings cannot be written: changes will not be saved");
 }

@@ -4,8 +4,8 @@
 #include <QSettings>
 #include <QStringList>
 
-/// The settings that outlive the program, and what the window asks of them. Language, theme and
-/// what guards the power are kept by those whose they are.
+/// The settings that outlive the program, and what the window reads from them. Language, theme and
+/// the power guard's settings are kept by their own classes.
 class ProgramSettings : public QSettings
 {
     Q_DECLARE_TR_FUNCTIONS(ProgramSettings)
@@ -16,6 +16,6 @@ public:
     /// Serial numbers of the instruments that may be connected; none: all may.
     QStringList allowedSerials() const;
 
-    /// Why they cannot be read or kept, for the user; empty if they can.
+    /// Why they cannot be read or saved, for the user; empty if they can.
     QString complaint() const;
 };

@@ -18,7 +18,7 @@ namespace
 {
 constexpr int powerDecimals = 2;
 
-/// As the display writes them; powers between whole dB keep what they are.
+/// As the display writes them; powers between whole dB keep their decimals.
 QString frequencyText(double frequencyHz)
 {
     return std::isnan(frequencyHz) ? QString(QChar(0x2013))
@@ -82,7 +82,7 @@ void RunDisplay::wire(const SweepCommands& runs)
     connect(&clock, &RunClock::overChanged, this, &RunDisplay::showOver);
 }
 
-/// The key that has stopped the run is not to reach what lies next to the button.
+/// The key that has stopped the run must not reach the button's neighbour.
 void RunDisplay::showStop()
 {
     const bool isShown = m_panel.isRunning();
@@ -126,8 +126,8 @@ void RunDisplay::showTime(double elapsedMs, double totalMs)
 void RunDisplay::retranslate()
 {
     m_ui.lamp.setText(m_picture.running() == RunKind::List ? tr("LIST") : tr("SWEEP"));
-    m_frequency.label->setAccessibleName(tr("Present frequency of the run"));
-    m_power.label->setAccessibleName(tr("Present power of the run"));
+    m_frequency.label->setAccessibleName(tr("Current frequency of the run"));
+    m_power.label->setAccessibleName(tr("Current power of the run"));
     showPoint();
 }
 
@@ -147,8 +147,8 @@ QString RunDisplay::pointText() const
                                                    : tr("waits for a step, points: %1").arg(count);
 }
 
-/// A run that has reached no point yet leaves the instrument at what the fields say. Where only
-/// the instrument knows its point, what is the same at all of them is known all the same.
+/// Until a run has reached a point, the instrument is at what the fields show. Where only the
+/// instrument knows its point, a value that is the same at all points is still known.
 void RunDisplay::showFigures()
 {
     const RunClock& clock = m_picture.clock();

@@ -15,9 +15,9 @@ class QWidget;
 class RunPicture;
 class SweepCommands;
 
-/// Shows a run on the display of the main window, whatever panel is open: its lamp, the present
-/// point over the frequency and the power that the run will return to, its number, and how far the
-/// pass is. Owns what lies over the two fields; their texts stay as they are.
+/// Shows a run on the display of the main window, whatever panel is open: its lamp, the current
+/// point over the frequency and the power that the run will return to, its number, and the progress
+/// of the pass. Owns what lies over the two fields; their texts stay as they are.
 class RunDisplay : public QObject
 {
     Q_OBJECT
@@ -37,11 +37,11 @@ public:
     RunDisplay(const Widgets& widgets, List& panel, const RunPicture& picture,
                const SweepCommands& runs, Notices& notices, QObject* parent = nullptr);
 
-    /// In the present language.
+    /// In the current language.
     void retranslate();
 
 private:
-    /// A number in the place of a field's, as large.
+    /// A number shown over a field, in the same size.
     struct Figure {
         QLabel* label;
         QWidget* unit;

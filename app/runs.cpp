@@ -30,7 +30,7 @@ Runs::Runs(ScpiSession& session, const Connection& connection, PowerGuard& guard
     connect(&connection, &Connection::disconnected, &m_commands, &SweepCommands::connectionLost);
 }
 
-/// Sweep and list may have been set for an instrument of other limits.
+/// Sweep and list may have been set for an instrument with other limits.
 void Runs::showBounded()
 {
     const int count = m_panel.boundByLimits();

@@ -18,14 +18,14 @@ namespace Ui
 class MainWindow;
 }
 
-/// Sweep and list at work between their panel and the form of the window: owns what loads,
-/// triggers, starts and shows a run, and what keeps it from running together with a modulation.
+/// Connects the sweep and list panel with the form of the window: owns what loads, triggers, starts
+/// and shows a run, and what keeps it from running together with a modulation.
 class Runs : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The modulations and the LF generator, which no run goes together with.
+    /// The modulations and the LF generator, which exclude a run.
     struct Others {
         Modulat& modulation;
         ModulationCommands& modulationCommands;
@@ -38,7 +38,7 @@ public:
 
     SweepCommands& commands() { return m_commands; }
 
-    /// In the present language.
+    /// In the current language.
     void retranslate() { m_display->retranslate(); }
 
 private:
@@ -51,5 +51,5 @@ private:
     SweepCommands m_commands;
     Exclusions m_exclusions;
     RunPicture m_picture;
-    std::optional<RunDisplay> m_display; ///< hears of a run after the picture whose clock it shows
+    std::optional<RunDisplay> m_display; ///< notified after the picture, whose clock it shows
 };

@@ -115,7 +115,8 @@ void SidePanels::slideIn(QWidget* panel)
 void SidePanels::slideOut(QWidget* panel, QWidget* next)
 {
     takeFocusFrom(panel);
-    // When another follows, the window keeps its size in between: it does not breathe.
+    // When another panel follows, the window keeps its size in between instead of shrinking and
+    // growing again.
     const QSize drawerSize = next ? m_drawer->minimumSize() : QSize(0, 0);
     animate(panel, QPoint(-panel->width(), 0), drawerSize, false, [this, panel, next] {
         panel->hide();
@@ -133,7 +134,7 @@ void SidePanels::animate(QWidget* panel, const QPoint& target, const QSize& draw
     auto* group = new QParallelAnimationGroup(this);
     group->addAnimation(slide(panel, "pos", target, in));
     QPropertyAnimation* drawer = slide(m_drawer, "minimumSize", drawerSize, in);
-    // The window follows within the same step: what stands beside the drawer is never squeezed.
+    // The window follows within the same step: what is beside the drawer is never squeezed.
     connect(drawer, &QVariantAnimation::valueChanged, this, &SidePanels::growWindow);
     group->addAnimation(drawer);
     const QPoint windowPos = windowTarget(drawerSize);
@@ -156,7 +157,7 @@ void SidePanels::growWindow()
 }
 
 /// Where the window has to stand so that it stays on the screen at its coming size, and back home
-/// once the drawer is shut, unless the user has moved it meanwhile.
+/// once the drawer is shut, unless the user has moved it in between.
 QPoint SidePanels::windowTarget(const QSize& drawerSize)
 {
     const QPoint here = m_window->pos();

@@ -37,7 +37,7 @@ public:
     /// The panel that is open or opening; null when none is.
     QWidget* current() const;
 
-    /// Process-wide: set when panels start to move, cleared by whoever answers allMoved().
+    /// Process-wide: set when panels start to move, cleared by the receiver of allMoved().
     static bool moving() { return s_moving; }
     static void setMoving(bool moving) { s_moving = moving; }
 

@@ -1,9 +1,9 @@
 #include "app/simulator_switch.h"
 
-#include "connection/instrument_source.h"
-#include "connection/simulator_offer.h"
 #include "app/window_menu.h"
 #include "connection/connection.h"
+#include "connection/instrument_source.h"
+#include "connection/simulator_offer.h"
 #include "service/driver_check.h"
 #include "service/firmware_update.h"
 #include "ui_mainwindow.h"
@@ -46,7 +46,7 @@ void SimulatorSwitch::show()
     m_menu.showSimulated(m_source.isSimulated());
 }
 
-/// For whoever tries the program from a terminal.
+/// For users who try the program from a terminal.
 void SimulatorSwitch::print(const InstrumentIdentity& identity) const
 {
     if (m_source.isSimulated())

@@ -13,8 +13,9 @@ namespace Ui
 class MainWindow;
 }
 
-/// Changes between real and simulated instruments while the program runs: by the menu, and by the
-/// offer beside the status line where no real one was found. Shows on the window which it is.
+/// Switches between real and simulated instruments while the program runs: by the menu, and by the
+/// offer beside the status line when no real one was found. Shows on the window which of the two is
+/// in use.
 class SimulatorSwitch : public QObject
 {
     Q_OBJECT

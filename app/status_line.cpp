@@ -8,9 +8,9 @@
 namespace
 {
 constexpr int messageMs = 6000;
-/// A text that stays for less is not seen.
+/// A text shown for less is not noticed.
 constexpr int seenMs = 20;
-/// The outer and the inner of what goes on: more would not be read.
+/// The outermost and the innermost activity: more would not be read.
 constexpr int mostActivities = 2;
 const QString separator = QStringLiteral("  ·  ");
 } // namespace
@@ -33,7 +33,7 @@ StatusLine::StatusLine(QLabel& label, const Notices& notices, QObject* parent)
     connect(&Activities::global(), &Activities::changed, this, [this](bool blocks) {
         const QString before = m_label.text();
         refresh();
-        // What comes next may keep the event loop waiting, which otherwise paints.
+        // What follows may block the event loop, which would otherwise paint.
         if (m_label.text() != before && (blocks || m_sincePainted.hasExpired(seenMs))) {
             m_label.repaint();
             m_sincePainted.start();
@@ -128,7 +128,7 @@ void StatusLine::refresh()
     const QString activity = activityText();
     const QString notice = noticeText();
     const bool isMessage = activity.isEmpty() && !notice.isEmpty() && !m_faultTimer.isActive();
-    // It has its full time once it is seen.
+    // Its full time starts when it is first shown.
     if (!isMessage)
         m_messageTimer.stop();
     else if (!m_messageTimer.isActive())

@@ -11,8 +11,8 @@
 class Connection;
 class QLabel;
 
-/// The line at the foot of the window: what is going on; else why there is no connection; else, for
-/// a few seconds, what is to be read once. Owns the texts, not the label.
+/// The status line of the window: the current activity; else why there is no connection; else, for
+/// a few seconds, a notice. Owns the texts, not the label.
 class StatusLine : public QObject
 {
     Q_OBJECT
@@ -20,27 +20,28 @@ class StatusLine : public QObject
 public:
     StatusLine(QLabel& label, const Notices& notices, QObject* parent = nullptr);
 
-    /// Says what becomes of the connection.
+    /// Shows the state of the connection.
     void follow(const Connection& connection);
 
-    /// In the present language.
+    /// In the current language.
     void retranslate() { refresh(); }
 
 public slots:
-    /// What is about the instrument does not outlive it, seen or not.
+    /// A notice about the instrument is dropped with the connection, seen or not.
     void forgetInstrument();
 
-    /// Why an attempt to connect came to nothing. Stays until the next one.
+    /// Why an attempt to connect failed. Stays until the next one.
     void showFailure(const StatusWords& reason);
-    /// Why a connection ended by itself. Stays, beside what goes on too, until there is one again.
+    /// Why a connection was lost. Stays, also beside an activity, until there is one again.
     void showLoss(const StatusWords& reason);
-    /// There is a new attempt: the failure of the last one is history.
+    /// A new attempt has begun: drops the failure of the last one.
     void forgetFailure();
     /// There is a connection.
     void forgetFault();
 
 private:
-    /// Shows a notice for a few seconds, once nothing goes on and a new fault has been read.
+    /// Shows a notice for a few seconds, once nothing is going on and a new fault has been shown
+    /// long enough.
     void showNotice(const Notice& notice);
     void forgetNotice();
     bool isOfInstrument() const;

@@ -15,7 +15,7 @@ struct Choice {
     const char* caption;
 };
 
-// A language is called by its own name whatever the language of the program.
+// A language is listed under its own name, whatever the language of the program.
 const Choice languages[] = {{"en", "&English"}, {"ru", "&Русский"}};
 const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &system")},
                          {"light", QT_TRANSLATE_NOOP("WindowMenu", "&Light")},
@@ -114,7 +114,7 @@ void WindowMenu::retranslate()
     m_simulator->setText(tr("&Simulated instrument"));
     m_languages->setTitle(tr("&Language"));
     m_themes->setTitle(tr("&Theme"));
-    // The key is the close button's: named here, so that nobody need look for it.
+    // The key belongs to the close button; the menu only shows it.
     const QString quitKey = QKeySequence(Qt::CTRL + Qt::Key_Q).toString(QKeySequence::NativeText);
     m_jumps->setTitle(tr("Ask before a step &up"));
     const QList<QAction*> jumpActions = m_jumps->actions();

@@ -8,8 +8,8 @@ struct FieldContext;
 class QAction;
 class QActionGroup;
 
-/// The window's menu: Help, About, language, theme, what guards the power, and Quit. Sets the look
-/// and the guard; of the rest it says what was chosen.
+/// The window's menu: Help, About, language, theme, power guard, and Quit. Sets the look and the
+/// guard; for the rest it emits what was chosen.
 class WindowMenu : public QMenu
 {
     Q_OBJECT
@@ -18,7 +18,7 @@ public:
     /// Look and guard outlive the menu.
     WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent);
 
-    /// Whether the simulated instrument is the one that is worked with.
+    /// Whether the simulated instrument is in use.
     void showSimulated(bool isSimulated);
 
 signals:

@@ -14,7 +14,7 @@ int main()
     VisaLibrary visa;
     visa.load(Demo::libraryPath().toLocal8Bit().constData());
     const char address[] = "USB0::0x5645::0x0040::20215678::0::INSTR";
-    // The instrument is open to one of the two at a time; short turns meet quiet moments.
+    // Only one of the two can have the instrument open; short turns find quiet moments.
     constexpr int calls = 200;
     constexpr int turns = 500;
 

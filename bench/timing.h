@@ -16,7 +16,7 @@ double microsecondsOf(int calls, Action action)
     return static_cast<double>(timer.nsecsElapsed()) / 1000.0 / calls;
 }
 
-/// The same, of several rounds the best, which is what a noisy machine disturbs least.
+/// The same, the best of several rounds, which a noisy machine disturbs least.
 template <typename Action>
 double microsecondsEach(int calls, Action action)
 {
@@ -27,14 +27,14 @@ double microsecondsEach(int calls, Action action)
     return best;
 }
 
-/// What is measured beside what it is to be compared with.
+/// A measured time and the one to compare it with.
 struct Comparison {
     double us = std::numeric_limits<double>::max();
     double bareUs = std::numeric_limits<double>::max();
 };
 
-/// The best of both over `rounds` in which they take turns, so that what else the machine does
-/// meets both. `measure` and `measureBare` return microseconds.
+/// The best of both over `rounds` in which they take turns, so that other load on the machine
+/// affects both. `measure` and `measureBare` return microseconds.
 template <typename Measure, typename MeasureBare>
 Comparison comparedInTurns(int rounds, Measure measure, MeasureBare measureBare)
 {

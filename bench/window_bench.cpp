@@ -108,7 +108,7 @@ int main(int argc, char* argv[])
     measureConnecting(demo, rig);
 
     const std::clock_t before = std::clock();
-    pause(2000); // QTest's waiting looks up every few milliseconds
+    pause(2000); // QTest's waiting wakes up every few milliseconds
     std::printf("processor while idle:         %7.2f %%\n",
                 static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC / 2.0 * 100.0);
     return 0;

@@ -46,7 +46,7 @@ QString openFailureText(ViStatus status)
     case VI_ERROR_RSRC_BUSY:
         return Connection::tr("Another program holds the instrument");
     case VI_ERROR_RSRC_NFOUND:
-        return Connection::tr("The instrument has gone before it could be opened");
+        return Connection::tr("The instrument was disconnected before it could be opened");
     case VI_ERROR_NPERMISSION:
         return Connection::tr("This user may not open the instrument");
     case VI_ERROR_TMO:
@@ -57,7 +57,8 @@ QString openFailureText(ViStatus status)
     }
 }
 
-/// Whatever was to be switched off: an instrument that takes no commands any more may do anything.
+/// Whatever was to be switched off: the state of an instrument that accepts no commands any more is
+/// unknown.
 QString switchOffLossText()
 {
     return Connection::tr("connection error: RF may still be on");
@@ -109,7 +110,7 @@ void Connection::say(const StatusWords& words)
     emit busyChanged(true);
 }
 
-/// The one way out, whatever goes on.
+/// The only way to disconnect, whatever is going on.
 void Connection::end(State rest)
 {
     const bool wasConnected = m_session.isConnected();
@@ -131,7 +132,7 @@ void Connection::end(State rest)
     }
 }
 
-/// The attempt comes to nothing. Always false.
+/// The attempt fails. Always returns false.
 bool Connection::fail(const StatusWords& reason)
 {
     end(State::Idle);
@@ -199,7 +200,7 @@ void Connection::startSearch()
     m_search.begin();
 }
 
-// What a search that was given up has still sent is no news of the next one.
+// Late signals of a cancelled search do not belong to the next one.
 void Connection::showKLVDevice(const QString& address, const QString& model, const QString& series)
 {
     if (m_state != State::Searching)
@@ -238,7 +239,7 @@ void Connection::failVisaSearch()
 void Connection::reportNothingFound()
 {
     end(State::Idle);
-    // Plugged in behind the search's back.
+    // Plugged in while the search was running.
     if (m_attempt.hasNews && connectByItself())
         return;
     StatusWords words = m_obstacle ? m_obstacle() : StatusWords();
@@ -277,7 +278,7 @@ void Connection::slot_connect(const QString& address)
         fail([status = m_session.lastStatus()] { return openFailureText(status); });
         return;
     }
-    say([] { return tr("Connecting: asking for its mode"); });
+    say([] { return tr("Connecting: reading the mode"); });
     if (leavesMassStorageMode())
         return;
 
@@ -285,7 +286,7 @@ void Connection::slot_connect(const QString& address)
     m_session.write(resetCommand);
     m_session.setConnected();
     emit buttonShouldBe(true);
-    // The user may have disconnected, or even connected again, meanwhile.
+    // The user may have disconnected, or even connected again, in the meantime.
     if (!pause(settleMs) || m_state != State::Opening)
         return;
 
@@ -302,7 +303,7 @@ void Connection::slot_connect(const QString& address)
     emit pushed();
 }
 
-/// An instrument in mass-storage mode leaves the bus to come back as an instrument; the hot-plug
+/// An instrument in mass-storage mode leaves the bus and comes back as an instrument; the hot-plug
 /// watch connects it then.
 bool Connection::leavesMassStorageMode()
 {
@@ -313,7 +314,8 @@ bool Connection::leavesMassStorageMode()
     return true;
 }
 
-/// What the instrument says it is; nothing, and the attempt has failed, where it does not say so.
+/// The instrument's identification; none, and the attempt has failed, where it does not answer with
+/// one.
 std::optional<InstrumentIdentity> Connection::identify()
 {
     static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
@@ -323,7 +325,7 @@ std::optional<InstrumentIdentity> Connection::identify()
         return std::nullopt;
     }
     if (!pattern.match(reply).hasMatch()) {
-        fail([] { return tr("no access to the device: it does not say what it is"); });
+        fail([] { return tr("no access to the device: it does not identify itself"); });
         return std::nullopt;
     }
     const QStringList fields = reply.split(QLatin1Char(','));
@@ -386,7 +388,7 @@ void Connection::tellReady(const InstrumentIdentity& identity)
     emit ready();
 }
 
-/// Presses the connect button in the user's stead. False where no instrument is present.
+/// Presses the connect button for the user. False when no instrument is present.
 bool Connection::connectByItself()
 {
     if (m_watch.presentSerials(true).isEmpty())
@@ -412,7 +414,7 @@ void Connection::devicesChanged()
             break;
         disconnectInstrument();
         emit lost([] { return tr("The instrument has been unplugged"); });
-        // Another one may have come in the same burst.
+        // Another one may have been plugged in within the same burst of events.
         connectByItself();
         break;
     default:

@@ -19,22 +19,22 @@ class RunningCopies;
 class ScpiSession;
 class SearchKLV;
 
-/// What an instrument says of itself.
+/// An instrument's identification.
 struct InstrumentIdentity {
     QString model;
     QString serial;
     QString firmware;
 };
 
-/// The way from the connect button to a usable instrument and back: search, choice, opening,
-/// identification, pushing the panel, disconnecting. Knows no panel: what is pushed is handed to
-/// it as a list of steps, and what it finds it tells by signals.
+/// Connects and disconnects: search, choice, opening, identification, pushing the panel's state,
+/// hand-back. Knows no panel: what is pushed is handed to it as a list of steps, and its results
+/// are signals.
 class Connection : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What it works with; all outlive it.
+    /// Its collaborators; all outlive it.
     struct Parts {
         ScpiSession& session;
         InstrumentLimits& limits;
@@ -59,11 +59,11 @@ public:
     /// Serial numbers that may be connected; while it is empty, all may.
     void setAllowedSerials(const QStringList& serials) { m_allowedSerials = serials; }
 
-    /// Asked when a search has found nothing, for what stands in the way; empty words: the plain
-    /// answer that there is no instrument.
+    /// Called when a search has found nothing, for the reason; empty words: the plain message that
+    /// there is no instrument.
     void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
 
-    /// The window beside which the chooser opens.
+    /// The window that the chooser opens beside.
     void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
 
     /// Keeps the hot-plug watch quiet while the connected instrument is in its bootloader.
@@ -73,11 +73,11 @@ public:
     const QString& connectedSerial() const { return m_connectedSerial; }
 
     /// The end of the program: stops the search and, while connected, hands the instrument back.
-    /// Whatever sequence is in a pause ends there; nothing connects any more.
+    /// A sequence that is in a pause ends there; nothing connects any more.
     void shutDown() { handBack(State::Over); }
 
-    /// Gives up whatever goes on and hands a connected instrument back, so that another library may
-    /// take the place of the present one.
+    /// Cancels whatever is going on and hands a connected instrument back, so that another library
+    /// can replace the current one.
     void leave() { handBack(State::Idle); }
 
 public slots:
@@ -85,13 +85,13 @@ public slots:
     void on_connect_clicked(bool isChecked);
     void showKLVDevice(const QString& address, const QString& model, const QString& series);
     void finishVisaSearch();
-    /// The search found nothing it could walk.
+    /// The search found no resources.
     void failVisaSearch();
     void slot_connect(const QString& address);
     void disconnectInstrument();
 
 signals:
-    /// The connect button is to look so; it does not count as a click.
+    /// The connect button has to show this state; it does not count as a click.
     void buttonShouldBe(bool isChecked);
     /// The hot-plug watch wants the connect button pressed.
     void buttonShouldBeClicked();
@@ -104,17 +104,17 @@ signals:
     void refused(const QString& message);
     /// The panel has been pushed and the instrument is ready.
     void ready();
-    /// The push is over, with or without the connection still there.
+    /// The push is over, whether or not the connection still exists.
     void pushed();
-    /// `wasConnected`: the instrument had been reset for this program, and is reset again or gone;
-    /// false for an attempt that never came as far.
+    /// `wasConnected`: the instrument had been reset for this program, and has been reset again or
+    /// is gone; false for an attempt that never got that far.
     void disconnected(bool wasConnected);
     void attemptStarted();
-    /// The attempt to connect came to nothing.
+    /// The attempt to connect failed.
     void failed(const StatusWords& reason);
-    /// Told behind failed() when there is no instrument to be found at all.
+    /// Emitted after failed() when no instrument was found at all.
     void nothingFound();
-    /// The connection has ended by itself.
+    /// The connection was lost.
     void lost(const StatusWords& reason);
     /// Whether anything goes on, from the search to the end of the push.
     void busyChanged(bool isBusy);
@@ -126,12 +126,12 @@ private slots:
     void chooserDismissed();
 
 private:
-    /// A sequence that has paused goes on only in the state it was in: whatever came in between
-    /// has ended by then, and has left another one. From Opening to Updating there is an
+    /// A sequence that has paused continues only in the state it was in: anything that came in
+    /// between has ended by then and has left another state. From Opening to Updating there is an
     /// instrument.
     enum class State {
-        Idle,      ///< the watch connects whatever comes
-        Left,      ///< the user has disconnected: what comes is not connected
+        Idle,      ///< the watch connects any instrument that is plugged in
+        Left,      ///< the user has disconnected: what is plugged in is not connected
         Away,      ///< the instrument that was connected is in its bootloader
         Pressed,   ///< the button has been clicked
         Searching, ///< the search walks the bus
@@ -145,8 +145,8 @@ private:
 
     /// What is known of the search since the button was clicked.
     struct Attempt {
-        bool isByItself = false; ///< no hand has asked for it
-        bool hasNews = false;    ///< devices have come or gone meanwhile
+        bool isByItself = false; ///< not started by the user
+        bool hasNews = false;    ///< devices have come or gone in the meantime
         QString heldName;        ///< of an instrument that was left out: another copy holds it
     };
 

@@ -14,7 +14,7 @@ QString translated(const char* text)
     return QCoreApplication::translate("ConnectionObstacle", text);
 }
 
-/// Asked for by a path, it is looked for there alone.
+/// Given as a path, it is looked for only there.
 QString missingLibraryText(const QString& name, const QString& error)
 {
     if (QFileInfo::exists(name))

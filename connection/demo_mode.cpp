@@ -21,8 +21,8 @@ DemoMode::DemoMode() : m_instrumentsFile(qEnvironmentVariable(fileVariable))
 {
     if (!m_instrumentsFile.isEmpty())
         return;
-    // A file even for the ordinary case: the instrument that leaves its mass-storage mode comes
-    // back by way of it, as a real one does by way of the bus.
+    // A file even in the ordinary case: an instrument that leaves its mass-storage mode comes back
+    // through it, as a real one does through the bus.
     m_instrumentsFile = m_folder.filePath(QStringLiteral("instruments.ini"));
     QFile file(m_instrumentsFile);
     if (file.open(QIODevice::WriteOnly))
@@ -33,7 +33,7 @@ DemoMode::DemoMode() : m_instrumentsFile(qEnvironmentVariable(fileVariable))
 
 DemoMode::~DemoMode()
 {
-    // The next one would take it for the user's.
+    // The next DemoMode would take it for one named by the user.
     if (m_ownsFile)
         qunsetenv(fileVariable);
 }

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// The simulated instrument names its section so while it is in its bootloader.
+/// Section name of a simulated instrument that is in its bootloader.
 const QLatin1String bootloaderMark("bootloader ");
 } // namespace
 
@@ -27,7 +27,7 @@ void DemoPlugWatch::watchPaths()
 {
     if (m_filePath.isEmpty())
         return;
-    // Anew each time: after a replacement the watcher may still follow the file that was there.
+    // Added again each time: after a replacement the watcher may still follow the old file.
     if (!m_watcher.files().isEmpty())
         m_watcher.removePaths(m_watcher.files());
     if (QFileInfo::exists(m_filePath))
@@ -37,8 +37,8 @@ void DemoPlugWatch::watchPaths()
         m_watcher.addPath(folder);
 }
 
-/// An instrument that is out and in again before the file is left alone has lost its state all the
-/// same. A file that is rewritten in its place is empty for a moment: that pulls no cable.
+/// An instrument that is out and in again before the file settles has lost its state nevertheless.
+/// A file that is rewritten in place is empty for a moment: that does not count as unplugging.
 void DemoPlugWatch::noteChange(bool isRewritten)
 {
     m_quiet.start();

@@ -12,7 +12,7 @@ class DemoPlugWatch : public HotPlugWatch
     Q_OBJECT
 
 public:
-    /// How long the file must have been left alone before it is read.
+    /// How long the file must have been unchanged before it is read.
     static constexpr int QuietMs = 250;
 
     /// The file need not exist yet, its folder must; a missing file has no instruments.
@@ -30,7 +30,7 @@ private:
 
     QString m_filePath;
     QByteArray m_content;
-    QStringList m_absent; ///< were away for a moment, and are not listed until that has been told
+    QStringList m_absent; ///< were away for a moment; not listed until that has been reported
     QFileSystemWatcher m_watcher;
     QTimer m_quiet;
 };

@@ -1,6 +1,6 @@
 #include "connection/device_access.h"
 
-// Windows guards the driver, not the instrument.
+// Windows checks access to the driver, not to the instrument.
 QString deviceAccessComplaint()
 {
     return QString();

@@ -18,7 +18,7 @@ constexpr int contentSpacing = 8;
 
 constexpr char nameProperty[] = "instrumentName";
 
-/// An ampersand in a caption would else be an access key.
+/// Otherwise an ampersand in a caption would be an access key.
 QString captionOf(const QString& name)
 {
     QStringList lines = name.split(QLatin1Char('\n'));
@@ -114,7 +114,8 @@ void GuiListKLV::closeEvent(QCloseEvent* event)
         emit dismissed();
 }
 
-// Beside the window there may be no screen left, and nothing else can be used meanwhile.
+// There may be no room on the screen beside the window, and nothing else can be used while it is
+// open.
 void GuiListKLV::showEvent(QShowEvent* event)
 {
     QScrollArea::showEvent(event);

@@ -5,8 +5,8 @@
 
 #include <memory>
 
-/// Notices instruments being plugged in and out and lists those present. What to do about it is
-/// its listener's affair: it knows no connection.
+/// Notices instruments being plugged in and out and lists those present. What to do about it is up
+/// to the listener: it knows no connection.
 class HotPlugWatch : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ public:
     virtual QStringList presentSerials(bool firstOnly) const = 0;
 
     /// A connection has broken: an instrument that is back before the watch has looked again is
-    /// news. A bus that tells of every device needs no such hint.
+    /// reported. A bus that reports every device needs no such hint.
     virtual void noteLoss() {}
 
 signals:
@@ -24,6 +24,6 @@ signals:
     void devicesChanged();
 };
 
-/// The watch of this computer's USB. Never null; where the system tells nothing about its
-/// devices it stays silent and its list empty.
+/// The watch over this computer's USB. Never null; where the system reports no devices it stays
+/// silent and its list empty.
 std::unique_ptr<HotPlugWatch> createBusWatch();

@@ -10,7 +10,7 @@
 
 namespace
 {
-/// Gives a libudev object back when its owner goes.
+/// Releases a libudev object with its owner.
 template <auto unref>
 struct Unref {
     template <class T>
@@ -35,7 +35,7 @@ bool isInstrumentProduct(const QByteArray& productId)
                        });
 }
 
-/// The watch over udev: its monitor for the news, sysfs for the list.
+/// The watch over udev: its monitor for the events, sysfs for the list.
 class UdevWatch : public HotPlugWatch
 {
 public:
@@ -63,7 +63,7 @@ UdevWatch::UdevWatch()
 
 void UdevWatch::startMonitor()
 {
-    // Events that udev has dealt with, not the kernel's: by then the device may be opened.
+    // Events that udev has processed, not the kernel's: by then the device's permissions are set.
     m_monitor.reset(udev_monitor_new_from_netlink(m_udev.get(), "udev"));
     if (!m_monitor ||
         udev_monitor_filter_add_match_subsystem_devtype(m_monitor.get(), "usb", "usb_device") < 0 ||

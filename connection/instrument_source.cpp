@@ -20,7 +20,7 @@ InstrumentSource::~InstrumentSource() = default;
 
 void InstrumentSource::choose(bool isSimulated)
 {
-    // The mode before the library, which looks then for the file of the mode.
+    // Mode first: the library looks for the mode's file when it is loaded.
     m_demo = isSimulated ? std::make_unique<DemoMode>() : nullptr;
     if (m_demo)
         m_watch.use(std::make_unique<DemoPlugWatch>(m_demo->instrumentsFile()));

@@ -9,8 +9,8 @@ class ScpiSession;
 class VisaLibrary;
 
 /// Where instruments are looked for: on this computer's bus through the maker's VISA library, or
-/// among the simulated ones. Owns the simulated mode and the hot-plug watch; the library and the
-/// session are others', it loads and opens them.
+/// among the simulated ones. Owns the simulated mode and the hot-plug watch; loads and opens the
+/// library and the session, which others own.
 class InstrumentSource
 {
 public:
@@ -22,17 +22,17 @@ public:
 
     bool isSimulated() const { return m_demo != nullptr; }
 
-    /// Loads the library that belongs to the present choice and opens its resource manager.
+    /// Loads the library of the current choice and opens its resource manager.
     void open();
 
-    /// Changes over to the simulated instrument or back. Nothing may be connected, nor searched
-    /// for.
+    /// Switches to the simulated instrument or back. Nothing may be connected, and no search
+    /// running.
     void simulate(bool isSimulated);
 
     /// Stays the same object whatever is chosen.
     HotPlugWatch& watch() { return m_watch; }
 
-    /// Ends an update of the simulated instrument; a real one ends its own.
+    /// Ends an update of the simulated instrument; a real one ends it by itself.
     void endBootloaderSoon();
 
 private:

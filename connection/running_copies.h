@@ -4,8 +4,8 @@
 
 #include <memory>
 
-/// Tells which instruments the running copies of the program hold, by the window title that a
-/// connected copy carries. Holds one title itself at most, and only while it lives.
+/// Knows which instruments the running copies of the program hold, by the window title of a
+/// connected copy. Holds at most one title itself, and only during its lifetime.
 class RunningCopies
 {
 public:
@@ -15,11 +15,12 @@ public:
     /// Whether a copy, this one included, holds exactly this title.
     bool isTitleTaken(const QString& title) const;
 
-    /// Takes the title in place of the one held so far. False, and nothing changed, when it is
-    /// taken. Where copies cannot be told apart (no writable folder) every title is free.
+    /// Takes the title in place of the one held so far. False, and nothing changed, when another
+    /// copy holds it. Where copies cannot be distinguished (no writable folder) every title is
+    /// free.
     bool claim(const QString& title);
 
-    /// Gives the title held, if any, free.
+    /// Releases the title held, if any.
     void release();
 
 private:

@@ -15,7 +15,7 @@ namespace
 constexpr int LookMs = 20;
 constexpr int ClaimMs = 100;
 
-/// A folder of this user alone: a lock is not to be planted by others.
+/// A folder of this user alone: others must not be able to place a lock there.
 QString lockFolder()
 {
     QString runtimeFolder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
@@ -31,7 +31,7 @@ QString lockFolder()
 /// Readable for people, and by its hash different for every title whatever is in it.
 QString lockName(const QString& title)
 {
-    // Without what is no text at all, which no pattern matches.
+    // Without invalid characters, which no pattern matches.
     QString readable = QString::fromLatin1(title.left(40).toLatin1());
     readable.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9-]+")), QStringLiteral("_"));
     const QByteArray hash =
@@ -75,7 +75,7 @@ bool RunningCopies::isTitleTaken(const QString& title) const
 {
     if (m_claim && m_claim->title == title)
         return true;
-    // Only a lock that is there is tried: taking one waits for the disk.
+    // Only an existing lock file is tried: taking a lock waits for the disk.
     const QString path = lockPath(title);
     const std::unique_ptr<QLockFile> lock = lockAt(QFileInfo::exists(path) ? path : QString());
     return lock && isHeldByAnother(*lock, LookMs);

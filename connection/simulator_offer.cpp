@@ -4,7 +4,7 @@
 
 SimulatorOffer::SimulatorOffer(QWidget* parent) : QPushButton(parent)
 {
-    // No taller than the line: it comes and goes without moving anything.
+    // No taller than the line: showing and hiding it moves nothing.
     constexpr int lineHeight = 24;
     setObjectName(QStringLiteral("try_simulator"));
     setMaximumHeight(lineHeight);
@@ -17,7 +17,7 @@ void SimulatorOffer::retranslate()
 {
     setText(tr("Simulated instrument"));
     setAccessibleName(text());
-    setToolTip(tr("Work with a simulated instrument; the menu leads back to a real one"));
+    setToolTip(tr("Work with a simulated instrument; the menu switches back to a real one"));
 }
 
 void SimulatorOffer::changeEvent(QEvent* event)

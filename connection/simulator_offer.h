@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 
-/// Offers the simulated instrument to whoever has found no real one: a button beside the status
-/// line, shown only then. A click asks for it; nothing is changed here.
+/// Offers the simulated instrument when no real one was found: a button beside the status line,
+/// shown only then. A click requests it; nothing is changed here.
 class SimulatorOffer : public QPushButton
 {
     Q_OBJECT

@@ -2,14 +2,14 @@
 
 #include "connection/hot_plug_watch.h"
 
-/// A watch in whose place another one can be put while the program runs; its listeners stay. Of no
-/// use before the first one is put there.
+/// A watch that forwards to another one, which can be replaced while the program runs; its
+/// listeners stay connected. Not usable before the first one is set.
 class SwitchedPlugWatch : public HotPlugWatch
 {
     Q_OBJECT
 
 public:
-    /// Puts `watch`, which is never null, in the place of the one before.
+    /// Replaces the current watch by `watch`, which is never null.
     void use(std::unique_ptr<HotPlugWatch> watch)
     {
         m_watch = std::move(watch);

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The device node of an instrument of the maker that is plugged in and that this user may not
-/// read and write; empty when there is none. `devicesFolder` is where the kernel lists USB
-/// devices, `nodesFolder` where their nodes are.
+/// The device node of a plugged-in instrument of the maker that this user may not read and write;
+/// empty when there is none. `devicesFolder` is where the kernel lists USB devices, `nodesFolder`
+/// where their nodes are.
 QString inaccessibleNode(const QString& devicesFolder, const QString& nodesFolder);

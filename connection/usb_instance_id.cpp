@@ -4,7 +4,7 @@
 
 namespace
 {
-/// Empty for an ID that has not the maker's vendor ID and `productId`.
+/// Empty for an ID without the maker's vendor ID and `productId`.
 QString serialInInstanceId(const QString& instanceId, const char* productId)
 {
     // With their prefixes, so that the digits of a serial number are never taken for an ID.

@@ -28,15 +28,15 @@ const QString internalSourceCommand = QStringLiteral("ROSCillator:SOURce INTerna
 const QString externalFrequencyCommand = QStringLiteral("ROSC:EXT:FREQ %1 MHZ");
 const QString externalFrequencyQuery = QStringLiteral("ROSC:EXT:FREQ?");
 
-/// The focus went to another control, not to a menu or another window from which it comes back.
+/// The focus moved to another control, not to a menu or another window from which it comes back.
 bool isGoneForGood(const QEvent& focusOut)
 {
     const Qt::FocusReason reason = static_cast<const QFocusEvent&>(focusOut).reason();
     return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
 }
 
-/// What is no number gives way to what was accepted, which the instrument has not been given: the
-/// field stays marked.
+/// A text that is not a number is replaced by the last accepted value, which has not been sent to
+/// the instrument: the field stays marked.
 bool hasNumberToPush(NumberEdit& field)
 {
     if (field.takeNumber())
@@ -45,7 +45,7 @@ bool hasNumberToPush(NumberEdit& field)
     return false;
 }
 
-/// Marks the text as what was set, with the cursor at its end and nothing selected.
+/// Marks the text as accepted, with the cursor at its end and nothing selected.
 void selectAndDeselect(QLineEdit& field)
 {
     field.selectAll();
@@ -112,7 +112,7 @@ void CwControls::on_POW_editingFinished()
         m_ui.power.setText(wanted);
         sendPower();
     };
-    // Until it is answered, the field says what the output has.
+    // Until it is answered, the field shows the level at the output.
     if (m_guard.ask(fromDbm, wantedDbm, raise))
         field.showAccepted(field.acceptedText());
     else
@@ -130,8 +130,8 @@ void CwControls::pushPower()
     sendPower();
 }
 
-/// A level that is above goes down at once, and is never raised again when there is more room. In a
-/// run it is what the instrument comes back to.
+/// A level above the limit is lowered at once, and is not raised again when the limit rises. In a
+/// run it is the level that the instrument returns to.
 void CwControls::holdCeiling()
 {
     NumberEdit& field = m_ui.power;
@@ -168,14 +168,14 @@ void CwControls::on_Output_clicked()
         pushOutput();
     else if (m_ui.output.isChecked())
         m_notices.sayOfInstrument(
-            [] { return tr("No instrument is connected: RF goes on when one is"); });
+            [] { return tr("No instrument is connected: RF will be switched on when one is"); });
     else
         m_notices.sayOfInstrument(
             [] { return tr("No instrument is connected: nothing was switched off"); });
 }
 
-/// A field that holds no number: by a key, or by a click that does not take the focus, it is not
-/// left by itself. While RF is switched off, typing goes on.
+/// Leaves a field that holds no number: a key, or a click that does not take the focus, does not.
+/// While RF is being switched off, typing continues.
 void CwControls::leaveUnreadable(NumberEdit& field)
 {
     const bool isOn = m_ui.output.isChecked();
@@ -290,7 +290,7 @@ void CwControls::cancelReferenceEntry()
     captionReference(m_externalReferenceMHz);
 }
 
-/// The entry goes with Escape, and when it is left as it was opened.
+/// The entry closes on Escape, and when it is left unchanged.
 bool CwControls::eventFilter(QObject* watched, QEvent* event)
 {
     const bool isEscape = event->type() == QEvent::KeyPress &&

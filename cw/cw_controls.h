@@ -11,9 +11,9 @@ class QWidget;
 class ScpiSession;
 struct FieldContext;
 
-/// The continuous-wave controls at work: frequency, power, RF output and reference oscillator go
-/// to the instrument, and what it answers goes back into their fields. Owns the stored external
-/// reference frequency and no widget. While disconnected the controls still edit and bound.
+/// Operates the continuous-wave controls: sends frequency, power, RF output state and reference
+/// oscillator, and shows in the fields what is read back. Owns the stored external reference
+/// frequency and no widget. While disconnected the controls still edit and bound.
 class CwControls : public QObject
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
         QAbstractButton& reference; ///< checked: external
         NumberEdit& referenceEntry; ///< external frequency in whole MHz
         QWidget& unlockIndicator;
-        /// Lit, that is enabled, while the reference is external; "unlocked" while it has lost its
-        /// lock.
+        /// Lit, that is enabled, while the reference is external; "unlocked" while the lock is
+        /// lost.
         QWidget& externalIndicator;
     };
 
@@ -42,17 +42,17 @@ public:
     /// Shows the external-frequency entry for typing.
     void openReferenceEntry();
 
-    /// No instrument any more: no unlock lamp, no entry left open.
+    /// There is no instrument any more: clears the unlock lamp and closes the entry.
     void forgetInstrument();
 
     /// Captions again after a change of language.
     void retranslate();
 
-    /// The parts of the panel's state that a freshly connected instrument is given.
+    /// The parts of the panel's state that are sent to a freshly connected instrument.
     void pushReferenceSource();
     void pushOutput();
-    /// The same. Asks nothing: the accepted power also goes out in place of one that would have to
-    /// be asked about.
+    /// The same. Asks nothing: the accepted power is also sent in place of one that would have to
+    /// be confirmed.
     void pushPower();
     /// Sends the external reference frequency while the switch is external.
     void pushExternalReference();
@@ -60,7 +60,7 @@ public:
     /// Whether the reference switch is external.
     bool isRoscExt() const;
 
-    /// To a fresh instrument. Where the field holds no number, nothing.
+    /// To a freshly connected instrument. Sends nothing if the field holds no number.
     void pushFrequency();
 
 public slots:
@@ -78,7 +78,7 @@ public slots:
     void hideUnlockRosc();
 
 signals:
-    /// The instrument has been told whether the RF output is to be on.
+    /// The RF output state has been sent to the instrument.
     void outputSent();
 
 protected:

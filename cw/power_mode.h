@@ -17,7 +17,7 @@ public:
     PowerMode(ScpiSession& session, QWidget& indicator, const WgtModePow& prompt,
               QObject* parent = nullptr);
 
-    /// Brings a freshly reset instrument into line: sends nothing while the mode is off.
+    /// For a freshly reset instrument: sends nothing while the mode is off.
     void restore();
 
 public slots:

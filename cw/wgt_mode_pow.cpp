@@ -43,7 +43,7 @@ void WgtModePow::build()
     m_yes->setAutoDefault(false);
     m_cancel = new QPushButton(m_plate);
     m_cancel->setObjectName(QStringLiteral("butCancel"));
-    // Power beyond the calibrated is never switched by a stray Return.
+    // Power beyond the calibrated range must not be switched on by a stray Return.
     m_cancel->setDefault(true);
     m_firstLabel = new QLabel(m_plate);
     m_firstLabel->setObjectName(QStringLiteral("lblModePowFirst"));

@@ -8,7 +8,7 @@ class QLabel;
 class QPushButton;
 
 /// Asks whether to switch the maximum-power mode, beside the button that opens it. Knows which of
-/// its two questions comes next and nothing of the instrument.
+/// its two questions comes next and nothing about the instrument.
 class WgtModePow : public QDialog
 {
     Q_OBJECT

@@ -59,7 +59,7 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
             isKey ? keyDirection(*key) : wheelDirection(*static_cast<const QWheelEvent*>(event));
         if (isKey && direction == 0)
             return QObject::eventFilter(watched, event);
-        // Committing may delete the line edit and this filter with it: nothing of either below.
+        // Committing may delete the line edit and this filter with it: neither may be used below.
         event->accept();
         if (isKey && key->modifiers().testFlag(Qt::ControlModifier))
             stepDigit(direction);
@@ -95,7 +95,7 @@ void EventsLineEdit::stepDigit(int direction)
     commit();
     if (!edit)
         return;
-    // The commit has written what was accepted and left the cursor somewhere else.
+    // The commit has written the accepted text and moved the cursor.
     m_lastDigit = {m_edit->text(), cursorBehindPlace(m_edit->text(), *decimalPlace), *decimalPlace};
     m_edit->setCursorPosition(m_lastDigit.position);
 }
@@ -104,7 +104,7 @@ void EventsLineEdit::commit()
 {
     if (m_flags.silent)
         return;
-    // What is announced may delete the line edit and this filter with it.
+    // A receiver of the signal may delete the line edit and this filter with it.
     const QPointer<EventsLineEdit> self = this;
     m_isCommitting = true;
     emit m_edit->editingFinished();

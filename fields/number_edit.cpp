@@ -143,7 +143,7 @@ bool NumberEdit::takeNumber()
 {
     if (hasNumber())
         return true;
-    refuse([] { return tr("no number, nothing is sent"); });
+    refuse([] { return tr("not a number, nothing is sent"); });
     showAccepted(m_acceptedText);
     return false;
 }
@@ -200,7 +200,7 @@ void NumberEdit::commit(const QString& text)
     const QPointer<NumberEdit> self = this;
     selectAll();
     insert(text);
-    // What is announced may delete the field.
+    // A receiver of the signal may delete the field.
     if (self)
         emit returnPressed();
     if (self)
@@ -255,8 +255,8 @@ bool NumberEdit::event(QEvent* event)
     return QLineEdit::event(event);
 }
 
-/// Qt announces editingFinished whenever the focus goes, and each announcement is a command on the
-/// wire: a field that is left as it was accepted keeps quiet.
+/// Qt emits editingFinished whenever the focus is lost, and each one is a command on the wire: a
+/// field that is left unchanged emits nothing.
 bool NumberEdit::leave(QEvent* event)
 {
     // What is announced may delete the field.
@@ -272,14 +272,14 @@ bool NumberEdit::leave(QEvent* event)
     return isTaken;
 }
 
-/// A failed answer has emptied it: what was accepted comes back without a word.
+/// A failed query has emptied it: the accepted text is restored silently.
 void NumberEdit::refill()
 {
     if (text().isEmpty() && !m_isEdited)
         showAccepted(m_acceptedText);
 }
 
-/// What was last accepted; false where it stands there already.
+/// Restores the accepted text; false if it is shown already.
 bool NumberEdit::bringBack()
 {
     if (text() == inShownUnit(m_acceptedText))

@@ -10,24 +10,23 @@
 
 class EventsLineEdit;
 
-/// The field of a quantity: takes the characters of its kind only, carries out unit letters, groups
+/// The field of a quantity: takes the characters of its kind only, applies unit letters, groups
 /// digits, marks what is not yet accepted, selects its text with the focus and steps by wheel and
-/// arrow keys. Announces a commit by editingFinished: on Return, on each step, and when it is left
-/// with a text that differs from the accepted one. Escape brings the accepted one back. Sends
-/// nothing.
+/// arrow keys. Signals a commit by editingFinished: on Return, on each step, and when it is left
+/// with a text that differs from the accepted one. Escape restores the accepted one. Sends nothing.
 class NumberEdit : public QLineEdit
 {
     Q_OBJECT
 
 public:
-    /// For a form, which knows no quantity: to be set up before it is used.
+    /// For a form, which knows no quantity; to be set up before use.
     explicit NumberEdit(QWidget* parent = nullptr);
     NumberEdit(Quantity quantity, const FieldContext& context, QWidget* parent = nullptr,
                const QString& text = QString());
 
-    /// Once. The present text counts as accepted.
+    /// Called once. The current text counts as accepted.
     void setUp(Quantity quantity, const FieldContext& context);
-    /// Another quantity. The text is the caller's.
+    /// Changes the quantity. The text is left to the caller.
     void setQuantity(Quantity quantity);
     void setStepFlags(StepFlags flags);
 
@@ -54,34 +53,35 @@ public:
     void setEdited(bool isEdited);
 
     bool hasNumber() const;
-    /// False for a text that is no number: the accepted one is back then, and the refusal is said.
+    /// False for a text that is not a number: the accepted one is restored then, and a notice reports
+    /// the refusal.
     bool takeNumber();
-    /// Bounds the number by its range, in silence, and writes it as its kind is shown. Nothing is
-    /// bounded while no instrument has told the range; an empty field stays empty.
+    /// Bounds the number by its range, silently, and writes it as its kind is shown. Nothing is
+    /// bounded until the range has been read from an instrument; an empty field stays empty.
     void clamp();
     /// The same, and what is left is accepted.
     void acceptClamped();
 
-    /// Shows, in silence, what has been accepted or answered, in the quantity's unit.
+    /// Shows an accepted value or a reply, silently, in the quantity's unit.
     void showAccepted(const QString& ownText);
-    /// Shows the reply to a query. None, of a query that failed, empties the field; what was
-    /// accepted before comes back when the field is left, with the next entry or push.
+    /// Shows the reply to a query. An empty one, of a query that failed, empties the field; the
+    /// value accepted before comes back when the field is left, with the next entry or push.
     void showAnswer(const QString& ownText);
-    /// Says why something entered here was refused, behind the field's name.
+    /// Reports why an entry was refused, after the field's name.
     void refuse(const StatusWords& reason) const;
 
-    /// Enters a text as the user's hand would, and announces it once, as by Return.
+    /// Enters a text as the user would, and commits it once, as by Return.
     void commit(const QString& text);
-    /// Puts what the clipboard holds in the place of the number.
+    /// Replaces the number by the clipboard's contents.
     void paste() { m_typing.paste(); }
     /// One step up (direction 1) or down (-1), as by the wheel; nothing where the quantity does not
     /// step.
     void step(int direction);
-    /// Whether what is announced now is a step.
+    /// Whether the commit being signalled is a step.
     bool isBeingStepped() const;
 
-    /// Takes over the quantity's name, and a tool-tip that tells too how it is typed and stepped,
-    /// in the chosen language.
+    /// Takes over the quantity's name, and a tool-tip that also explains typing and stepping, in
+    /// the chosen language.
     void describe();
     /// Describes a button that opens the keypad for this field.
     void describeKeypadKey(QWidget& key) const;

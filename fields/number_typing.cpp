@@ -41,7 +41,7 @@ QString convertedText(const QString& typed, FieldKind kind, int plainPower)
     return convertUnitKeys(typed, unitFamily(kind), plainPower);
 }
 
-/// A unit letter among what was typed has made another number of the digits.
+/// Whether a unit letter in the typed text has changed the digits.
 bool isScaled(QString typed, const QString& result)
 {
     const auto* lettersEnd =
@@ -106,7 +106,7 @@ StatusWords onePoint()
 
 StatusWords foreign(QChar typed)
 {
-    return [typed] { return NumberEdit::tr("\"%1\" is no part of its number").arg(typed); };
+    return [typed] { return NumberEdit::tr("\"%1\" is not allowed in this number").arg(typed); };
 }
 } // namespace
 
@@ -157,7 +157,7 @@ bool NumberTyping::typeLatinLetter(const QKeyEvent& key)
     return true;
 }
 
-/// Why a character that is no digit cannot be typed here; empty where it can.
+/// Why a character other than a digit cannot be typed here; empty if it can.
 StatusWords NumberTyping::refusalOf(QChar typed) const
 {
     const FieldKind kind = m_field.kind();
@@ -218,12 +218,12 @@ void NumberTyping::takePasted(const QString& text)
     }
     m_field.selectAll();
     m_field.insert(*number);
-    // A unit letter typed behind it would scale it once more.
+    // A unit letter typed after it would scale it once more.
     if (std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetter(); }))
         m_convertedText = m_field.text();
 }
 
-/// Grouping would bring back a deleted blank at once: the digit beyond it is meant.
+/// Grouping would bring back a deleted blank at once: the digit next to it is deleted instead.
 void NumberTyping::skipBlank(const QKeyEvent& key)
 {
     if (m_field.hasSelectedText())

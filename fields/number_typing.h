@@ -8,18 +8,18 @@
 class NumberEdit;
 class QKeyEvent;
 
-/// How a number is typed into a field: unit letters are carried out, digits grouped, the cursor
-/// stays at its digit. Once a point, a comma or an exponent was refused, so are the digits behind
-/// it: they would make another number. A pasted text takes the place of the whole number, or is
-/// refused in whole. Belongs to the field.
+/// How a number is typed into a field: unit letters are applied, digits grouped, the cursor stays
+/// at its digit. After a refused point, comma or exponent the digits that follow are refused, too:
+/// they would make another number. A pasted text replaces the whole number, or is refused as a
+/// whole. Belongs to the field.
 class NumberTyping
 {
 public:
     explicit NumberTyping(NumberEdit& field);
 
-    /// The field is entered, or is for another number: what was typed before does not matter.
+    /// The field has got the focus, or another number: what was typed before does not matter.
     void forget();
-    /// The user does something else than typing on.
+    /// The user does something other than typing.
     void forgetRefusal() { m_refusal = nullptr; }
 
     /// True for a key that must not reach the field.
@@ -38,7 +38,8 @@ private:
     void takePasted(const QString& text);
 
     NumberEdit& m_field;
-    /// What a unit letter has made, until something else is typed or the field is entered again.
+    /// The text that a unit letter has produced, until something else is typed or the field gets
+    /// the focus again.
     QString m_convertedText;
     /// Why digits are refused; none while they are not.
     StatusWords m_refusal;

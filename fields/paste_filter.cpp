@@ -12,7 +12,7 @@
 
 namespace
 {
-/// Of the line edit's own menu, in Qt's words.
+/// Qt's names of the actions in the line edit's own menu.
 constexpr char pasteText[] = "&Paste";
 
 bool pastesSelection(const QMouseEvent& event)
@@ -55,10 +55,10 @@ bool PasteFilter::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::Drop: {
         auto* drop = static_cast<QDropEvent*>(event);
-        // Digits moved within a number would make another one.
+        // Moving digits within a number would make another one.
         if (drop->source() != m_field)
             take(drop->mimeData()->text());
-        // Whoever it came from keeps it.
+        // The source keeps its text.
         drop->setDropAction(Qt::CopyAction);
         drop->accept();
         return true;

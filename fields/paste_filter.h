@@ -7,8 +7,8 @@
 class QContextMenuEvent;
 class QLineEdit;
 
-/// Catches whatever would paste a text into a line edit: keys, the middle button, the context menu,
-/// a text that is dropped or composed. Installs itself on the line edit.
+/// Intercepts everything that would paste a text into a line edit: keys, the middle button, the
+/// context menu, drag and drop, input methods. Installs itself on the line edit.
 class PasteFilter : public QObject
 {
     Q_OBJECT

@@ -22,8 +22,8 @@ constexpr double largestPowerDbm = 10000.0;
 const QString jumpKey = QStringLiteral("Safety/jump");
 const QString ceilingKey = QStringLiteral("Safety/ceiling");
 
-/// None for an empty or unreadable setting. Fields hold whole powers: what is between two of them
-/// is the lower one.
+/// None for an empty or unreadable setting. Fields hold whole powers: a value between two of them
+/// is rounded down.
 std::optional<int> ceilingOf(const QSettings& settings)
 {
     bool isNumber = false;
@@ -55,7 +55,7 @@ PowerGuard::PowerGuard(const ScpiSession& session, const QAbstractButton& output
 
 PowerGuard::~PowerGuard()
 {
-    // Whoever waits for the answer may be gone already.
+    // The receiver of the answer may be gone already.
     if (m_question)
         m_question->disconnect(this);
     delete m_question;
@@ -83,7 +83,7 @@ void PowerGuard::setCeilingDbm(std::optional<int> ceilingDbm)
 
 QString PowerGuard::bounded(const QString& powerText) const
 {
-    // What is no number would read as 0 dBm.
+    // A text that is not a number would read as 0 dBm.
     const bool isAbove = readsAsNumber(powerText) && isAboveCeiling(toNumber(powerText));
     return isAbove ? QString::number(*m_ceilingDbm) : powerText;
 }
@@ -127,7 +127,7 @@ bool PowerGuard::ask(double fromDbm, double toDbm, const Answer& raise, const An
         if (m_window.isVisible())
             m_window.activateWindow();
         const bool isRaised = result == QDialog::Accepted && m_session.isConnected();
-        // What was asked about is not asked about once more by the steps that go on.
+        // The steps that follow must not raise the same question again.
         if (isRaised)
             m_lastStep.invalidate();
         if (const Answer& answer = isRaised ? raise : keep)
@@ -148,7 +148,7 @@ bool PowerGuard::waitForAnswer()
 {
     if (!m_question)
         return true;
-    // Ended from outside, the loop returns another code than its own.
+    // When the program ends, the loop returns another code than its own.
     constexpr int isAnswered = 0x4B4C56;
     QEventLoop loop;
     connect(this, &PowerGuard::answered, &loop, [&loop] { loop.exit(isAnswered); });

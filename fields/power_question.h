@@ -2,8 +2,8 @@
 
 #include "ui/panel_dialog.h"
 
-/// Asks whether the level may rise from one power to another, both in dBm. Raising accepts it;
-/// Return, Escape and closing it do not.
+/// Asks whether the level may rise from one power to another, both in dBm. Only the button to raise
+/// accepts; Return, Escape and closing do not.
 class PowerQuestion : public PanelDialog
 {
     Q_OBJECT

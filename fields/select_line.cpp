@@ -15,7 +15,7 @@ bool selectLine::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::FocusIn) {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         m_isFocusingClick = reason == Qt::MouseFocusReason;
-        // Coming back from a menu or another window goes on where the user left.
+        // Coming back from a menu or another window, the user continues where the cursor was.
         const bool isReturn =
             reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
         if (!m_isFocusingClick && !isReturn)
@@ -36,7 +36,7 @@ bool selectLine::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-/// A committed number stands there unselected; the next number typed still replaces it, unless the
+/// A committed number is shown unselected; the next number typed still replaces it, unless the
 /// cursor has been moved into it.
 void selectLine::typed(const QKeyEvent& key)
 {

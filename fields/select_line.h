@@ -6,9 +6,9 @@ class QKeyEvent;
 class QLineEdit;
 
 /// Selects the whole text of a line edit when it takes the focus, so that typing replaces it. The
-/// click that brings the focus selects too, unless it drags a selection of its own; the next click
-/// places the cursor. After Return, too, the next number typed
-/// replaces the text. Installs itself on the line edit, which owns it.
+/// click that sets the focus selects too, unless it drags a selection of its own; the next click
+/// places the cursor. After Return, too, the next number typed replaces the text. Installs itself
+/// on the line edit, which owns it.
 class selectLine : public QObject
 {
     Q_OBJECT

@@ -7,7 +7,7 @@
 
 namespace
 {
-/// No instrument tells how many points a list may have: this many stay fluent on the panel.
+/// No instrument reports how many points are allowed: with this many the panel stays responsive.
 constexpr Range pointCounts{1, 10000};
 } // namespace
 

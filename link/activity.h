@@ -7,25 +7,27 @@
 #include <functional>
 #include <vector>
 
-/// A text for the status line that can be said anew in another language; an empty one says nothing.
+/// A text for the status line that can be made again in another language; an empty one shows
+/// nothing.
 using StatusWords = std::function<QString()>;
 Q_DECLARE_METATYPE(StatusWords)
 
-/// Something that takes its time, from its making to its end: a search, a set-up, a transfer.
+/// Something that takes time, from its construction to its destruction: a search, a set-up, a
+/// transfer.
 class Activity
 {
 public:
-    /// `blocks`: what follows is known to keep the event loop waiting.
+    /// `blocks`: what follows is known to block the event loop.
     explicit Activity(const StatusWords& words, bool blocks = false);
     ~Activity();
     Activity(const Activity&) = delete;
     Activity& operator=(const Activity&) = delete;
 
-    /// Tells of its next step.
+    /// Reports its next step.
     void say(const StatusWords& words);
 };
 
-/// All that goes on in the program. Knows nobody who shows it.
+/// All current activities of the program. Does not know who shows them.
 class Activities : public QObject
 {
     Q_OBJECT
@@ -33,11 +35,11 @@ class Activities : public QObject
 public:
     static Activities& global();
 
-    /// In the order of beginning, in the present language.
+    /// In the order in which they began, in the current language.
     QStringList texts() const;
 
 signals:
-    /// Said at once, for the wire may block right after; `blocks` when that is known.
+    /// To be shown at once, since I/O may block right after; `blocks` when that is known.
     void changed(bool blocks);
 
 private:

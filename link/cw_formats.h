@@ -1,6 +1,6 @@
 #pragma once
 
-// Both set a number and ask for it back: sent by the front panel, and by whoever gives it the
-// output back.
+// Both set a number and read it back: sent by the front panel, and when a run gives the output back
+// to it.
 constexpr char frequencyFormat[] = "FREQ %lf Hz;FREQ?";
 constexpr char powerFormat[] = "POW %lf;POW?";

@@ -2,12 +2,12 @@
 
 #include <QString>
 
-/// An entry of the instrument's error queue, and what it followed.
+/// An entry of the instrument's error queue, and the command before it.
 struct InstrumentError {
     /// Code and message as plain text of one line: "-222, Data out of range".
     QString text;
-    /// The last setting that had been sent, or the last query where nothing had been set. Empty
-    /// when nothing had been sent at all.
+    /// The last setting sent, or the last query if nothing had been set. Empty when nothing had
+    /// been sent.
     QString command;
 };
 

@@ -12,17 +12,16 @@ class ScpiSession;
 class InstrumentLimits
 {
 public:
-    /// What bounds a quantity. A column of a list shares the range of the front panel's.
+    /// The range of a quantity. A column of a list shares that of the front panel's quantity.
     const Range& operator[](Quantity quantity) const { return m_ranges[indexOf(quantity)]; }
     Range& operator[](Quantity quantity) { return m_ranges[indexOf(quantity)]; }
 
-    /// Asks the instrument for all limits, MAX before MIN. The first query that fails stops the
-    /// rest: they keep what they had. Nothing is reported.
+    /// Asks the instrument for all limits, MAX before MIN. The first query that fails ends it: the
+    /// remaining limits keep their values. Nothing is reported.
     void readLimits(ScpiSession& session);
 
-    /// Bounds the number in a text and writes it as the quantity is shown. True where it lay
-    /// outside; any other text, numbers without known limits and what is no number among them,
-    /// stays.
+    /// Bounds the number in a text and writes it as the quantity is shown. True if it was out of
+    /// range; any other text stays, also a number without known limits and what is not a number.
     bool bound(QString& text, Quantity quantity) const;
 
 private:

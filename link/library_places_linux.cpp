@@ -15,8 +15,9 @@ QStringList listedFolders()
     return QString::fromLocal8Bit(qgetenv(searchVariable)).split(QLatin1Char(':'));
 }
 
-/// While it lives, the current folder is one in which nobody leaves libraries: an empty or relative
-/// entry of the search path, as "$LD_LIBRARY_PATH:/opt/visa" makes one, means the current folder.
+/// During its lifetime the current folder is one in which nobody leaves libraries: an empty or
+/// relative entry of the search path, as "$LD_LIBRARY_PATH:/opt/visa" makes one, means the current
+/// folder.
 class NeutralFolder
 {
 public:

@@ -45,10 +45,10 @@ LibraryPlaces libraryPlaces(const QString& name)
              QCoreApplication::translate("LibraryPlaces", "the folders of PATH")}};
 }
 
-// By full paths: a plain name would be looked for in the current folder before those of PATH.
+// By full paths: a plain name would be searched in the current folder before those of PATH.
 bool loadFromPlaces(QLibrary& library, const QString& name)
 {
-    // What the library itself loads is not to come from there either.
+    // The libraries that it loads in turn must not come from there either.
     SetDllDirectoryW(L"");
     const QString fileName = fileNameOf(name);
     const QStringList folders =

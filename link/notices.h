@@ -6,8 +6,9 @@
 struct Notice {
     enum class About {
         Program,
-        Instrument,    ///< the one that is connected, or that there is none: ends with that
-        InstrumentToo, ///< the same, beside what was said of the instrument just before
+        Instrument,    ///< about the connected instrument, or that there is none: dropped when that
+                       ///< changes
+        InstrumentToo, ///< the same, shown beside the notice about the instrument just before
     };
 
     int number;
@@ -15,8 +16,7 @@ struct Notice {
     About about;
 };
 
-/// What is said in passing. Whoever has something to say is given a reference; knows nobody who
-/// shows it.
+/// Short-lived messages. Those who have one are given a reference; does not know who shows them.
 class Notices : public QObject
 {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     /// Returns the number by which the notice can be taken back.
     int say(const StatusWords& words, Notice::About about = Notice::About::Program);
     int sayOfInstrument(const StatusWords& words) { return say(words, Notice::About::Instrument); }
-    /// A notice that holds no longer; one that is not shown any more is left alone.
+    /// Takes back a notice that is no longer true; ignored when it is not shown any more.
     void takeBack(int number) { emit takenBack(number); }
 
 signals:

@@ -11,7 +11,7 @@ Pauses& pauses()
 
 bool pause(int pauseMs)
 {
-    // Ended from outside, the loop returns another code than its own.
+    // When the program ends, the loop returns another code than its own.
     constexpr int elapsed = 0x4B4C56;
     QEventLoop loop;
     pauses().totalMs += pauseMs;

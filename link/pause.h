@@ -7,8 +7,8 @@ struct Pauses {
 };
 Pauses& pauses();
 
-/// Waits `pauseMs` milliseconds while events go on being processed. Anything may have happened
-/// meanwhile: look at the connection, and at the button that started the sequence, again.
+/// Waits `pauseMs` milliseconds while events are processed. Anything may have happened in the
+/// meantime: check the connection, and the button that started the sequence, again.
 ///
-/// False when the program is being ended: whoever paused leaves its sequence.
+/// False when the program is being ended: the caller then leaves its sequence.
 bool pause(int pauseMs);

@@ -10,22 +10,22 @@
 namespace
 {
 constexpr ViUInt32 timeoutMs = 2000;
-/// Far beyond any honest reply; the width in the read format keeps a dishonest one inside.
+/// Far larger than any correct reply; the width in the read format cuts a longer one.
 constexpr std::size_t replyBytes = 65536;
 constexpr char readFormat[] = "%65535T";
 constexpr int mostExcessReads = 16;
 constexpr int mostErrorRounds = 10000;
 constexpr int longestDrainMs = 5000;
-/// An answer that takes longer is waited for visibly the next time.
+/// After an answer that took longer, the next wait is shown.
 constexpr int slowAnswerMs = 300;
-/// Cleared before every read; no honest reply is longer.
+/// Cleared before every read; no correct reply is longer.
 constexpr std::size_t honestReplyBytes = 4096;
 
 constexpr char errorQuery[] = "SYSTem:ERRor?\n";
 /// Goes out without a line feed: the end of the USB message marks its end.
 constexpr char completionQuery[] = "*OPC?";
 
-/// Of a number that "%lf" prints.
+/// Decimals of a number that "%lf" prints.
 constexpr int sentDecimals = 6;
 
 constexpr int unlockCode = 328;
@@ -48,8 +48,8 @@ bool isEmptyQueueReply(const QString& reply)
 }
 } // namespace
 
-/// An answer that is being waited for. That it will take its time is known from the one before: a
-/// call that blocks can tell nothing any more.
+/// Shows that an answer is being waited for. Whether it will take long is known from the one
+/// before: once the call blocks, nothing can be shown any more.
 class ScpiSession::Answer
 {
 public:
@@ -218,7 +218,7 @@ bool ScpiSession::checkErrors()
             isClean = false;
             emit errorReported({text, m_lastCommand});
         }
-        // A mention of an indicator's code keeps it as it is.
+        // An indicator whose code was in the queue keeps its state.
         seen329 = seen329 || reply.contains(QLatin1String("329"));
         seen328 = seen328 || reply.contains(QLatin1String("328"));
     }
@@ -230,7 +230,7 @@ bool ScpiSession::checkErrors()
     return isClean;
 }
 
-/// A query is of interest only while nothing has been set: settings are what is refused.
+/// A query is of interest only if nothing has been set: it is settings that get refused.
 void ScpiSession::remember(const QString& command)
 {
     const auto isQuery = [](const QString& text) {
@@ -273,12 +273,12 @@ QString ScpiSession::takeReply()
         if (status < VI_SUCCESS || std::strlen(excess) < replyBytes - 1)
             return text;
     }
-    // A reply without end: there is no telling any more what answers what.
+    // A reply without end: replies can no longer be matched to queries.
     m_lastStatus = VI_ERROR_IO;
     return {};
 }
 
-/// Lets the library describe the last status; kept for whoever watches the library's traffic.
+/// Lets the library describe the last status; kept for tools that watch the library's traffic.
 void ScpiSession::fetchStatusDescription()
 {
     char description[256] = {};
@@ -295,11 +295,11 @@ QString ScpiSession::lossText(ViStatus status)
 {
     switch (status) {
     case VI_SUCCESS:
-        return tr("connection error: the error queue of the instrument never runs empty");
+        return tr("connection error: the error queue of the instrument never becomes empty");
     case VI_ERROR_TMO:
         return tr("connection error: the instrument does not answer");
     case VI_ERROR_CONN_LOST:
-        return tr("connection error: the instrument or its cable has gone");
+        return tr("connection error: the instrument was switched off or unplugged");
     default:
         return tr("connection error: VISA status %1").arg(statusText(status));
     }

@@ -14,12 +14,12 @@
 /// As VISA's documents write it: "0xbfff0015".
 QString statusText(ViStatus status);
 
-/// The one open connection to the instrument and the operations that carry its SCPI text.
+/// The one open connection to the instrument and the operations that transfer its SCPI text.
 ///
 /// Owns the resource manager and instrument sessions, the line feed behind every command, the
 /// escaping of "%" and the last status. Commands and formats are given without their line feed.
 /// Every call blocks for at most the 2000 ms time-out and belongs to the GUI thread. It never
-/// closes itself on a failure: it says so by connectionFailed(), and the connection decides.
+/// closes itself on a failure: it emits connectionFailed(), and the connection decides.
 class ScpiSession : public QObject
 {
     Q_OBJECT
@@ -27,8 +27,8 @@ class ScpiSession : public QObject
 public:
     explicit ScpiSession(VisaLibrary& visa, QObject* parent = nullptr);
 
-    /// Opens the default resource manager; the result is not looked at: without one, every later
-    /// call fails with a VISA status of its own.
+    /// Opens the default resource manager; the result is not checked: without one, every later call
+    /// fails with a VISA status of its own.
     void openResourceManager();
 
     void closeResourceManager();
@@ -57,8 +57,8 @@ public:
     /// checkErrors().
     bool writeChecked(const QString& command);
 
-    /// Sends a command that switches something off. One that the library does not take ends the
-    /// connection: what is on would be shown as off.
+    /// Sends a command that switches something off. If the library does not take it, the connection
+    /// ends: what is on would be shown as off.
     void switchOff(const QString& command);
 
     /// The same, and drains the instrument's error queue.
@@ -75,25 +75,26 @@ public:
     /// connection.
     QString setAndReadBack(const char* format, double value, FieldKind kind);
 
-    /// Sends `command` and waits until the instrument has carried it out. Without an answer within
-    /// the time-out the connection is lost.
+    /// Sends `command` and waits until the instrument has executed it. Without an answer within the
+    /// time-out the connection is lost.
     void waitComplete(const QString& command);
 
     /// Reads the instrument's error queue until it is empty. Codes 328 and 329 show as indicators,
-    /// all others are told; a failing status ends the connection. Does nothing while disconnected.
-    /// True when the instrument is there and no other code than the two was in the queue.
+    /// all others are reported; a failing status ends the connection. Does nothing while
+    /// disconnected. True when the instrument is there and no other code than the two was in the
+    /// queue.
     bool checkErrors();
 
 signals:
-    /// The session is of no more use. `reason` is for the status line; what the instrument itself
-    /// said is not told.
+    /// The session can no longer be used. `reason` is for the status line; an error that the
+    /// instrument reported is not repeated there.
     void connectionFailed(const StatusWords& reason);
-    /// A command that switches something off did not go out, and the session is of no more use.
+    /// A command that switches something off was not sent, and the session can no longer be used.
     void switchOffFailed();
     /// Error 329 is in the queue; `message` is the instrument's own text.
     void error329Seen(const QString& message);
     void error329Gone();
-    /// Any other error was in the queue. Told while the queue is being read: send nothing here.
+    /// Any other error was in the queue. Emitted while the queue is being read: send nothing here.
     void errorReported(const InstrumentError& error);
     /// Error 328: the external reference is not locked.
     void referenceUnlockSeen();

@@ -6,7 +6,7 @@
 
 namespace
 {
-/// An attribute of the find list's current resource; a library without it is not an obstacle.
+/// An attribute of the find list's current resource; a library without it is accepted.
 struct TextAttribute {
     bool isReadable;
     QString text;
@@ -40,7 +40,7 @@ SearchKLV::~SearchKLV()
 
 void SearchKLV::begin()
 {
-    // The last signal comes a moment before the thread is over; start() would then do nothing.
+    // The last signal comes a moment before the thread ends; start() would then do nothing.
     wait();
     m_stop = false;
     start();

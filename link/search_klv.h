@@ -20,7 +20,7 @@ public:
     /// Stops the search and waits for the thread.
     ~SearchKLV() override;
 
-    /// Starts a search afresh.
+    /// Starts a new search.
     void begin();
 
 signals:

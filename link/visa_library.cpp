@@ -7,7 +7,7 @@
 
 namespace
 {
-/// Not a path, by which a library is asked for where it is.
+/// A plain name, not a path to the library.
 bool isPlainName(const QString& name)
 {
     return QFileInfo(name).fileName() == name;

@@ -18,7 +18,7 @@ Result answer()
         return VI_ERROR_LIBRARY_NFOUND;
 }
 
-/// Answers VI_ERROR_LIBRARY_NFOUND with the signature and calling convention of a VISA function.
+/// Returns VI_ERROR_LIBRARY_NFOUND, with the signature and calling convention of a VISA function.
 template <typename Function>
 struct Placeholder;
 
@@ -56,7 +56,7 @@ public:
     /// -1 while no library is loaded, else the number of functions it lacks.
     int unresolvedCount() const { return m_unresolvedCount; }
 
-    /// What was to be loaded last, and the system's own words when it could not be.
+    /// The library last asked for, and the system's message when it could not be loaded.
     const QString& name() const { return m_name; }
     const QString& loadError() const { return m_loadError; }
 

@@ -7,7 +7,7 @@ class ScpiSession;
 
 /// Sends the numbers of fields and shows what the instrument answers. Every number is bounded
 /// first, and the bounded one is shown; without a connection that is all. A field without a number
-/// sends nothing and shows again what was last accepted. Owns neither the fields nor the session.
+/// sends nothing and shows the last accepted value again. Owns neither the fields nor the session.
 class FieldExchange
 {
 public:
@@ -23,9 +23,9 @@ public:
     /// Sends `format` with the field's number, shows the reply and drains the error queue.
     void setAndShow(const char* format, NumberEdit& field);
 
-    /// Writes the command with the field's text, which stays as it stands while it is within the
-    /// range, then the query, and shows its reply; a failed read leaves the field. Checks no
-    /// errors.
+    /// Writes the command with the field's text, which is not reformatted while it is within the
+    /// range, then the query, and shows its reply; a failed read leaves the field. Does not read
+    /// the error queue.
     void writeAndShow(const TwoStep& texts, NumberEdit& field);
 
 private:

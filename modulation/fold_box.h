@@ -7,7 +7,7 @@ class QHBoxLayout;
 class QLabel;
 class QToolButton;
 
-/// A group box of one header line and a body that folds away. A click on the header asks for it;
+/// A group box of one header line and a body that folds away. A click on the header requests it;
 /// whether it folds is the owner's decision.
 class FoldBox : public QGroupBox
 {
@@ -36,7 +36,7 @@ public:
 
 signals:
     void headerClicked();
-    /// The box stands still again.
+    /// The animation is over.
     void settled();
 
 protected:

@@ -22,7 +22,7 @@ constexpr char initialFrequency[] = "10 000.0";
 constexpr char initialAmplitude[] = "1.000";
 constexpr char initialDuty[] = "50";
 constexpr int shapeColumns = 3;
-/// Of the one shape that stands alone: as wide as those in the columns above it.
+/// Width of the single shape in the last row: that of the columns above it.
 constexpr int shapeWidth = 170;
 } // namespace
 
@@ -91,7 +91,7 @@ void generator::wire()
     for (const QLineEdit* field : {&frequency(), &amplitude(), &duty()})
         connect(field, &QLineEdit::textChanged, this, &generator::refresh);
 
-    // Made here, so that the choice is exclusive before any other listener hears of the click.
+    // Connected here, so that the choice is exclusive before any other receiver of the click.
     for (QPushButton* button : m_shapes) {
         connect(button, &QAbstractButton::clicked, this, [this, button] { chooseShape(button); });
         connect(button, &QAbstractButton::toggled, this, &generator::refresh);
@@ -165,7 +165,7 @@ void generator::vvod_Percent_click()
     emit keypadRequested(&duty());
 }
 
-/// Brings everything into line with the waveform and the fields.
+/// Updates everything for the waveform and the fields.
 void generator::refresh()
 {
     const std::optional<WaveShape> shape = checkedShape();

@@ -80,7 +80,7 @@ void LfGeneratorCommands::switchClicked(WaveShape shape)
         m_session.switchOffChecked(offCommand);
 }
 
-/// Switched on first and shaped second: the instrument takes its time to settle in between.
+/// Switched on first, then the waveform is set: the instrument needs its settling time in between.
 void LfGeneratorCommands::Gen_On(int run, WaveShape shape)
 {
     std::optional<Activity> activity;
@@ -108,7 +108,7 @@ bool LfGeneratorCommands::pauseWhile(int run, WaveShape shape) const
     return pause(settleMs) && isCurrent(run, shape) && m_session.isConnected();
 }
 
-/// False when it was cut short.
+/// False when it was aborted.
 bool LfGeneratorCommands::sendShape(int run, WaveShape shape, bool isRestore)
 {
     const auto& row = shapeCommands[static_cast<std::size_t>(shape)];

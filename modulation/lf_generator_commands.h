@@ -9,9 +9,9 @@ class QLabel;
 class ScpiSession;
 class generator;
 
-/// The LF generator at work: the panel's waveform and values go to the instrument, and what it
-/// answers goes back into the fields. Shows on an indicator whether the generator is on. Owns no
-/// widget. In the 400 ms pauses of its sequences anything may be clicked: the newest click wins.
+/// Operates the LF generator: sends the panel's waveform and values, and shows in the fields what
+/// is read back. Shows on an indicator whether the generator is on. Owns no widget. In the 400 ms
+/// pauses of its sequences anything may be clicked: the newest click wins.
 class LfGeneratorCommands : public QObject
 {
     Q_OBJECT
@@ -35,15 +35,16 @@ public slots:
     void editFreqGenerator();
     void editVoltGenerator();
     void editPercentGenerator();
-    /// Sends what the chosen waveform takes of frequency, amplitude and duty.
+    /// Sends those of frequency, amplitude and duty cycle that the chosen waveform has.
     void initial_FREQ_AMPL_GENER();
-    /// Brings the indicator into line with the panel's buttons.
+    /// Updates the indicator from the panel's buttons.
     void update_Generator();
 
 signals:
-    /// The generator goes on: every modulation has to go off, before this returns.
+    /// The generator is being switched on: every modulation has to be switched off before this
+    /// returns.
     void wantsModulationOff();
-    /// The generator is on: sweep or list has to go off.
+    /// The generator is on: sweep or list has to be stopped.
     void wantsSweepOff();
 
 private:
@@ -58,6 +59,6 @@ private:
     generator& m_panel;
     QLabel& m_indicator;
     FieldExchange m_exchange;
-    /// Numbers the sequences, so that one that has paused knows of a newer one.
+    /// Counts the sequences, so that a sequence detects after a pause that there is a newer one.
     int m_run = 0;
 };

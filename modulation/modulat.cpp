@@ -45,7 +45,7 @@ public:
 private:
     struct Entry {
         FoldBox* box;
-        bool isAlone; ///< it stays expanded beside another
+        bool isAlone; ///< it may stay expanded together with another
     };
 
     QVBoxLayout* m_column;
@@ -182,7 +182,7 @@ void Modulat::update_AM_PM_FM()
     expandOnly(checkedModulation(), true);
 }
 
-/// The one just clicked counts, whichever others its owner is about to switch off.
+/// The one just clicked counts, whatever else the owner is about to switch off.
 void Modulat::showSwitched(Modulation modulation)
 {
     if (stateButton(modulation)->isChecked())

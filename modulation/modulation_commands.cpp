@@ -13,7 +13,7 @@
 
 namespace
 {
-/// What tells the commands of the three from each other.
+/// What differs between the commands of the three.
 struct ModulationRow {
     const char* levelFormat;
     bool isLevelBeforeRate;
@@ -24,7 +24,7 @@ constexpr ModulationRow modulationRows[] = {
     {"PM %lf;PM?", false},
 };
 static_assert(std::size(modulationRows) == modulations.size());
-/// The order in which it is asked which of the three is on.
+/// The order in which the three are checked for the one that is on.
 constexpr std::array<Modulation, modulations.size()> askingOrder = {Modulation::Am, Modulation::Pm,
                                                                     Modulation::Fm};
 
@@ -193,8 +193,8 @@ bool ModulationCommands::switch_ImageText_commandExtInt(Modulation modulation, i
     return true;
 }
 
-/// The first to wake up sends all of it: a newer sequence ends before the one it interrupted, and
-/// what is off has to be off before something else goes on.
+/// The first sequence to wake up sends all of them: a newer one ends before the one it interrupted,
+/// and what is unchecked has to be off before something else is switched on.
 void ModulationCommands::sendPendingOff()
 {
     for (const Modulation modulation : modulations) {

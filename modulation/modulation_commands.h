@@ -11,11 +11,11 @@
 class QLabel;
 class ScpiSession;
 
-/// AM, FM and PM at work: the modulation panel's choices and values go to the instrument, and what
-/// it answers goes back into the fields. Owns the pulse modulation's commands, for all four are
-/// restored and switched off together. Shows on two indicators what is on. Owns no widget. In the
-/// 400 ms pauses of its sequences anything may be clicked: the newest click wins, and panel,
-/// indicators and instrument agree when all is over.
+/// Operates AM, FM and PM: sends the modulation panel's choices and values, and shows in the fields
+/// what is read back. Owns the pulse modulation's commands, since all four are restored and
+/// switched off together. Shows on two indicators what is on. Owns no widget. In the 400 ms pauses
+/// of its sequences anything may be clicked: the newest click wins, and panel, indicators and
+/// instrument agree when all is over.
 class ModulationCommands : public QObject
 {
     Q_OBJECT
@@ -55,11 +55,12 @@ public slots:
     void on_percentLine_FREQ_editingFinished() { sendDuty(Modulation::Fm); }
     void on_percentLine_Phase_editingFinished() { sendDuty(Modulation::Pm); }
 
-    /// Brings indicators and groups into line with the panel's buttons.
+    /// Updates indicators and groups from the panel's buttons.
     void update_Modulation();
 
 signals:
-    /// A modulation goes on: LF generator and sweep or list have to go off, before this returns.
+    /// A modulation is being switched on: LF generator and sweep or list have to be switched off
+    /// before this returns.
     void switchedOn();
 
 private:
@@ -87,7 +88,8 @@ private:
     FieldExchange m_exchange;
     PulseCommands m_pulse;
 
-    // Each kind of sequence numbers its starts, so that one that has paused knows of a newer one.
+    // Each kind of sequence counts its starts, so that a sequence detects a newer one after a
+    // pause.
     int m_switchRun = 0;
     int m_setupRun = 0;
     /// Unchecked, but not yet switched off at the instrument.

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <iterator>
 
-/// What tells one of the three groups from the others.
+/// What differs between the three groups.
 struct ModulationGroup::Row {
     const char* name;
     const char* image;
@@ -163,7 +163,7 @@ QGridLayout* ModulationGroup::buildValues(const FieldContext& context)
     for (const ValueRow* row : {&m_rate, &m_level, &m_duty})
         joinUnitToCaption(*row);
 
-    // The button tells the duty itself; its caption stands beside it.
+    // The button shows the duty itself; its caption is beside it.
     m_dutyCaption->setObjectName(QLatin1String(m_row.labelNames[1]));
     m_duty.caption->setFixedWidth(dutyButtonWidth);
     m_duty.caption->setProperty("dutyCaption", true);
@@ -214,7 +214,7 @@ bool ModulationGroup::chooseShape(const QPushButton* button)
     return true;
 }
 
-/// Brings everything into line with the shape, the source and the fields.
+/// Updates everything for the shape, the source and the fields.
 void ModulationGroup::refresh()
 {
     const WaveShape shape = checkedShape();

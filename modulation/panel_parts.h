@@ -11,7 +11,7 @@ class QLabel;
 class QPushButton;
 class QWidget;
 
-// What the modulation panel and the LF generator panel are built from.
+// Parts of the modulation panel and the LF generator panel.
 
 constexpr int modulationPanelWidth = 560;
 constexpr int panelSpacing = 8;
@@ -47,7 +47,7 @@ QPushButton* newShapeButton(WaveShape shape, const QString& objectName, QWidget*
 /// A source switch: checked is external. Its picture is the style sheet's.
 QPushButton* newSourceSwitch(const QString& objectName, QWidget* parent);
 
-/// Shows a checked button's icon on an indicator, which is empty else.
+/// Shows a checked button's icon on an indicator, which is otherwise empty.
 void showIcon(QLabel& indicator, const QPushButton* button);
 
 /// The settings of a group in one short line.

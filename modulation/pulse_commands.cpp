@@ -128,8 +128,8 @@ void PulseCommands::commit(NumberEdit& field)
     const double widthUs = width.acceptedValue();
     field.acceptClamped();
     keepWidthBelowPeriod();
-    // What the one has changed of the other goes out too. The period first: the instrument
-    // may refuse a width that is longer.
+    // The one may have changed the other, so both are sent. The period first: the instrument may
+    // refuse a width that is longer.
     if (&field == &period || period.acceptedValue() != periodUs)
         send(periodFormat, period);
     if (&field == &width || width.acceptedValue() != widthUs)
@@ -146,7 +146,7 @@ void PulseCommands::bound()
     keepWidthBelowPeriod();
 }
 
-/// The width is the one kept, unless no period is longer. What is being typed into the other field
+/// The width is kept, unless no longer period is possible. Text being typed into the other field
 /// does not count. True if the period has changed.
 bool PulseCommands::keepWidthBelowPeriod()
 {

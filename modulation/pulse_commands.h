@@ -7,10 +7,9 @@ class NumberEdit;
 class QLabel;
 class ScpiSession;
 
-/// The pulse modulation at work: its state, source, period and width go to the instrument, and what
-/// it answers goes back into the fields. Lights its indicator while it is on. Owns no widget.
-/// Period and width are bounded together, in microseconds, so that a width is always below its
-/// period.
+/// Operates the pulse modulation: sends its state, source, period and width, and shows in the
+/// fields what is read back. Lights its indicator while it is on. Owns no widget. Period and width
+/// are bounded together, in microseconds, so that a width is always below its period.
 class PulseCommands : public QObject
 {
     Q_OBJECT
@@ -18,15 +17,16 @@ class PulseCommands : public QObject
 public:
     PulseCommands(ScpiSession& session, Modulat& panel, QLabel& indicator);
 
-    /// Sends state and source and, when pulses are made inside, period and width after a pause.
+    /// Sends state and source and, for the internal source, period and width after a pause.
     void send();
-    /// Number of the newest sequence: tells whether the pulses were clicked in somebody's pause.
+    /// Number of the newest sequence: shows whether the pulses were clicked during a pause of
+    /// another sequence.
     int run() const { return m_run; }
     void switchOff();
     void showIndicator();
 
-    /// Beside another modulation a freshly connected instrument is told first that the pulses are
-    /// on, and behind that modulation's own command what they look like.
+    /// Together with another modulation, a freshly connected instrument gets the pulses' state
+    /// first, and their settings after that modulation's own command.
     void restoreOn();
     void restoreValues();
 
@@ -37,7 +37,8 @@ public slots:
     void on_line_width_editingFinished();
 
 signals:
-    /// The pulses are on: LF generator and sweep or list have to go off, before this returns.
+    /// The pulses are on: LF generator and sweep or list have to be switched off before this
+    /// returns.
     void switchedOn();
 
 private:
@@ -51,6 +52,6 @@ private:
     ScpiSession& m_session;
     Modulat& m_panel;
     QLabel& m_indicator;
-    /// Numbers the sequences, so that one that has paused knows of a newer one.
+    /// Counts the sequences, so that a sequence detects after a pause that there is a newer one.
     int m_run = 0;
 };

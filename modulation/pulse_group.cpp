@@ -106,7 +106,7 @@ void PulseGroup::retranslate()
     retranslateValueRow(m_width, tr("Width"), QString());
     for (const ValueRow* row : {&m_period, &m_width})
         describe(row->unit, tr("%1: unit").arg(row->field->accessibleName()),
-                 tr("Unit shown and typed: µs, ms, s or ns; a click takes the next one"));
+                 tr("Unit for display and entry: µs, ms, s or ns; a click selects the next one"));
     showUnits();
     refresh();
 }

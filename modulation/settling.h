@@ -7,9 +7,9 @@ class ScpiSession;
 
 // What the sequences of the modulations and the LF generator have in common.
 
-/// How long the instrument takes to settle between two commands.
+/// The instrument's settling time between two commands.
 constexpr int settleMs = 400;
 
-/// Tells, as long as it lives, that a modulation is being set. Null without an instrument, where
-/// nothing takes its time.
+/// The activity of setting a modulation, shown during its lifetime. Null without an instrument,
+/// where nothing has to settle.
 std::unique_ptr<Activity> settingModulation(const ScpiSession& session);

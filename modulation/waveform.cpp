@@ -74,7 +74,7 @@ QVector<QPointF> noiseCorners(double span)
     return corners;
 }
 
-/// Cuts a line whose times do not decrease at a time that it reaches.
+/// Cuts a line with non-decreasing times at a time within it.
 void cutAt(QVector<QPointF>& corners, double time)
 {
     const auto beyond = std::find_if(corners.begin(), corners.end(),
@@ -107,7 +107,7 @@ double axisSpan(double length)
 {
     if (!std::isfinite(length) || length <= 0.0)
         return 1.0;
-    // So that 0.2 counts as 2e-1 whatever its last bit says.
+    // So that 0.2 counts as 2e-1 despite rounding in its last bit.
     constexpr double tolerance = 1.0 + 1e-9;
     const double decade = std::pow(10.0, std::floor(std::log10(length)));
     for (const double step : {1.0, 2.0, 5.0}) {

@@ -6,8 +6,8 @@
 class QwtPlotCurve;
 class QwtPlotTextLabel;
 
-/// Draws a waveform as it is set, with round scales of time and level in readable units, and says
-/// the same in words. Colours are the palette's. It reads no field and keeps no setting.
+/// Draws a waveform as it is set, with round scales of time and level in readable units, and
+/// describes it in words. Colours are the palette's. It reads no field and keeps no setting.
 class WaveformPicture : public QuantityPlot
 {
     Q_OBJECT

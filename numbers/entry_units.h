@@ -13,13 +13,13 @@ struct EntryUnit {
     QString text() const { return unitSymbol(unit.unit, unit.powerOfTen); }
 };
 
-/// The units that finish a number of that kind, the largest first; none for counts. `plainPower`
-/// is the unit that a number without one counts in; it is always among them.
+/// The units that can finish a number of that kind, the largest first; none for counts.
+/// `plainPower` is the unit of a number without a unit suffix; it is always among them.
 std::vector<EntryUnit> entryUnits(FieldKind kind, int plainPower);
 
-/// The units that finish the step of such a quantity.
+/// The units that can finish the step of such a quantity.
 std::vector<EntryUnit> stepUnits(FieldKind kind);
 
-/// The symbol, in the chosen language, of the unit of that power of ten among these; empty where
-/// there is none.
+/// The symbol, in the chosen language, of the unit of that power of ten among these; empty if there
+/// is none.
 QString unitText(const std::vector<EntryUnit>& units, int powerOfTen);

@@ -63,8 +63,8 @@ bool isGrouped(FieldKind kind);
 bool takesFraction(FieldKind kind);
 bool takesSign(FieldKind kind);
 
-/// Whether a text stands for a finite number once its unit letters are carried out. Anything that
-/// is not ASCII but for blanks is none.
+/// Whether a text stands for a finite number once its unit letters are applied. Text with other
+/// than ASCII characters and blanks is none.
 bool readsAsNumber(const QString& text, FieldKind kind);
 
 /// A value as a field of this kind shows it.
@@ -74,9 +74,9 @@ QString fieldText(double value, FieldKind kind);
 /// reads as 0.
 QString displayText(const QString& reply, FieldKind kind);
 
-/// A field's text with its unit letters carried out, bounded by the range and written as the kind
-/// is shown. Nothing is bounded while both limits are 0: no instrument has told them yet. Text that
-/// is empty but for blanks is returned as it is.
+/// A field's text with its unit letters applied, bounded by the range and written as the kind is
+/// shown. Nothing is bounded while both limits are 0: they have not been read from an instrument
+/// yet. Text of blanks only is returned as it is.
 QString clampText(const QString& text, double min, double max, FieldKind kind);
 
 /// A reply in microseconds: a plain number as it stands, with S, MS, US, U or NS converted.

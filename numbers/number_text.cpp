@@ -129,7 +129,7 @@ QString padTwoDecimals(const QString& text)
     QString result = text;
     if (!result.contains(QLatin1Char('.')))
         result += QLatin1String(".00");
-    // The dot stands for any character on purpose.
+    // The dot matches any character on purpose.
     static const QRegularExpression twoDecimals(QStringLiteral(".[0-9]{2}"));
     if (!twoDecimals.match(result).hasMatch())
         result += QLatin1Char('0');

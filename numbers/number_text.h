@@ -3,13 +3,13 @@
 #include <QString>
 
 // The text of numbers as fields show and take it: a point before the fraction, a blank (U+0020)
-// between groups of three digits, whatever the locale. A reply is what the instrument answered.
+// between groups of three digits, whatever the locale. A reply is the instrument's answer.
 
-/// The text without any white space, wherever it stands.
+/// The text without any white space.
 QString withoutBlanks(const QString& text);
 
-/// Whether a text stands for a finite decimal number, blanks removed first. Anything else that is
-/// not ASCII makes it none.
+/// Whether a text stands for a finite decimal number, blanks removed first. No other character
+/// outside ASCII is allowed.
 bool readsAsNumber(const QString& text);
 
 /// The number a text stands for, blanks removed first. Text that is not a number gives 0, one that

@@ -49,16 +49,16 @@ FieldKind fieldKind(Quantity quantity);
 /// None for what does not step.
 std::optional<StepKind> stepKind(Quantity quantity);
 
-/// The query of the limits, ahead of " MAX" and " MIN"; empty where no instrument tells.
+/// The query of the limits, ahead of " MAX" and " MIN"; empty where the instrument has none.
 QLatin1String limitQuery(Quantity quantity);
 
-/// The quantity whose limits bound this one: itself, but for the values of sweeps and lists.
+/// The quantity whose limits bound this one: itself, except for the values of sweeps and lists.
 Quantity boundedAs(Quantity quantity);
 
-/// What a field of the quantity is called in full, and what it is for, in the chosen language.
+/// A field's full name and its purpose, in the chosen language.
 QString quantityName(Quantity quantity);
 QString quantityToolTip(Quantity quantity);
 
-/// The reply to a limit query as a number in the quantity's unit. What is counted in whole numbers
-/// is truncated toward zero and bounded by what a count can hold.
+/// The reply to a limit query as a number in the quantity's unit. Counts are truncated toward zero
+/// and bounded by what an int can hold.
 double limitOfReply(Quantity quantity, const QString& reply);

@@ -61,7 +61,7 @@ QString withOnePoint(QString number)
     return number.replace(fraction, point);
 }
 
-/// Blanks of any kind as plain ones, but for those that part cells.
+/// Turns blanks of any kind into plain ones, except those that separate cells.
 QString withPlainBlanks(const QString& text)
 {
     QString result = text.trimmed();

@@ -1,6 +1,7 @@
 #pragma once
 
-/// Smallest and largest value of a quantity, in its unit; both 0 until an instrument has told them.
+/// Smallest and largest value of a quantity, in its unit; both 0 until they have been read from an
+/// instrument.
 struct Range {
     double min = 0.0;
     double max = 0.0;

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What a number on a picture or beside a field counts.
+/// The unit of a number in a picture or beside a field.
 enum class Unit { None, Second, Hertz, Percent, Radian, Volt, Dbm, Decibel };
 
 /// The unit in the user's language, with a decimal prefix of a power of ten that is a multiple of

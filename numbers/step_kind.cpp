@@ -69,7 +69,7 @@ const StepRow& rowOf(StepKind kind)
     return stepRows[static_cast<int>(kind)];
 }
 
-/// Far beyond any quantity, and still exact to a thousandth as a double.
+/// Far larger than any quantity, and still exact to a thousandth as a double.
 constexpr double largestOfAll = 1e12;
 
 double largestStep(const StepRow& row)

@@ -41,8 +41,8 @@ bool isWholeStep(StepKind kind);
 bool isPossibleStep(StepKind kind, double step);
 
 /// The step that a typed text gives, rounded and bounded as its kind demands. `min` and `max` are
-/// the limits of the quantity that is stepped, in its unit; while both are 0 no instrument has told
-/// them, and only the kind's smallest step bounds.
+/// the limits of the quantity that is stepped, in its unit; while both are 0 they are not known,
+/// and only the kind's smallest step bounds.
 double acceptedStep(StepKind kind, const QString& typedText, double min, double max);
 
 /// A step as its entry line shows it.

@@ -14,8 +14,8 @@ class StepTable
 public:
     StepTable();
 
-    /// Takes over what the store holds and writes every later change into it. What is missing,
-    /// damaged or absurd there becomes the default.
+    /// Takes over what the store holds and writes every later change into it. A missing, damaged or
+    /// impossible step becomes the default.
     void attach(QSettings* settings);
 
     double step(StepKind kind) const;

@@ -31,8 +31,8 @@ int decimalsOf(const QString& plainText)
     return pointAt < 0 ? 0 : plainText.size() - pointAt - 1;
 }
 
-/// The sum as decimal arithmetic gives it: 0.1 + 0.2 is 0.3. Beyond 15 decimals a double has no
-/// more to tell.
+/// The sum as decimal arithmetic gives it: 0.1 + 0.2 is 0.3. More than 15 decimals exceed the
+/// precision of a double.
 QString decimalSum(const QString& text, double increment)
 {
     const int decimals = std::max(decimalsOf(text), decimalsOf(shortestText(increment)));

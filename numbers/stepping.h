@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// How a field is stepped besides its kind.
+/// How a field is stepped, apart from its kind.
 struct StepFlags {
     bool silent = false;     ///< a step is not announced, and no kind steps below zero
     bool forceFloat = false; ///< always floating point, and any kind may step below zero

@@ -12,8 +12,8 @@ enum class UnitFamily {
     Voltage,   ///< m: millivolt; the plain number is volts
 };
 
-/// The unit letter that is meant by a letter of the Russian layout: the same word's letter or the
-/// same key, "м" and "ь" for "m". Any other character as it is.
+/// The unit letter for a letter of the Russian layout: the first of the unit's Russian name or the
+/// one on the same key, "м" and "ь" for "m". Any other character as it is.
 QChar latinUnitKey(QChar typed);
 
 /// The power of ten of the family's own unit that a letter stands for; none where it is no unit.
@@ -22,12 +22,12 @@ std::optional<int> unitKeyPower(QChar letter, UnitFamily family);
 /// Whether a text is an optional minus sign, digits and at most one point, with a digit among them.
 bool isPlainDecimal(const QString& text);
 
-/// A plain decimal number times a power of ten, exactly: the point is moved in the text. Needless
-/// zeros are dropped.
+/// A plain decimal number times a power of ten, exactly: the point is moved in the text.
+/// Superfluous zeros are dropped.
 QString shiftedDecimal(const QString& number, int powerOfTen);
 
-/// The number as typed, with its unit letter carried out: "2.5G" gives "2500000000". Blanks are
-/// removed and a comma counts as a point. A unit ends the number: what stands behind it is dropped.
+/// The number as typed, with its unit letter applied: "2.5G" gives "2500000000". Blanks are
+/// removed and a comma counts as a point. A unit ends the number: what follows is dropped.
 /// A letter without a number before it is dropped. Nothing else is checked or changed, so that an
 /// unfinished "-" or "1." stays as it is. Where the plain number does not stand for the family's
 /// own unit but for a power of ten of it, `plainPower` is that power: 3 where it is milliseconds.

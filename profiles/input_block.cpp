@@ -39,8 +39,8 @@ bool InputBlock::eventFilter(QObject* watched, QEvent* event)
     }
 }
 
-/// What the mouse does reaches the system's window first, and would move the focus on its way to
-/// the widget.
+/// Mouse events reach the system's window first, and would move the focus on their way to the
+/// widget.
 bool InputBlock::isForExempt(QObject* watched, const QPoint& globalPos) const
 {
     return m_isExempt(watched->isWidgetType() ? static_cast<QWidget*>(watched)

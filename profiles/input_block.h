@@ -6,15 +6,15 @@
 
 class QWidget;
 
-/// While it lives, no click, wheel or key of the user's reaches any widget of the program but the
-/// exempt ones. What the program itself clicks goes on working, and so do closing by the window
-/// manager, painting and timers.
+/// During its lifetime no click, wheel or key event of the user reaches any widget of the program
+/// except the exempt ones. Clicks made by the program, closing by the window manager, painting and
+/// timers still work.
 class InputBlock : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Tells of a widget, or of none, whether it is to be reached; asked for each event anew.
+    /// Whether a widget, or none, is exempt; called for every event.
     using IsExempt = std::function<bool(const QWidget*)>;
 
     explicit InputBlock(const IsExempt& isExempt);

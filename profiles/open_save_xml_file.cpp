@@ -68,7 +68,7 @@ FileBytes openSave_XML_FILE::read(const QString& path) const
         .value_or(FileBytes{{FileFault::Cancelled, QString()}, QByteArray()});
 }
 
-/// Tells why, if nothing may be applied just now.
+/// Reports the reason if no profile may be applied now.
 bool openSave_XML_FILE::isRefused()
 {
     if (m_replay.isRunning())
@@ -88,7 +88,7 @@ bool openSave_XML_FILE::open(const QString& path)
         emit message(faultText(file.fault, path));
         return false;
     }
-    // Reading may have taken its time.
+    // Reading may have taken a while.
     if (isRefused())
         return false;
     const QString name = file.name.isEmpty() ? QFileInfo(path).completeBaseName() : file.name;
@@ -121,7 +121,7 @@ QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& path) co
     case ProfileFault::TooLarge:
         return tr("Too large for a profile, nothing applied: %1").arg(name);
     case ProfileFault::Cancelled:
-        return tr("Reading was given up, nothing applied: %1").arg(name);
+        return tr("Reading was cancelled, nothing applied: %1").arg(name);
     case ProfileFault::Damaged:
         return tr("The profile is damaged, nothing applied: %1").arg(name);
     case ProfileFault::Foreign:
@@ -189,7 +189,7 @@ void openSave_XML_FILE::saveAs(const QString& path)
     emit message(tr("Profile saved: %1").arg(file.fileName()));
 }
 
-/// Tells why, if a file cannot have this name.
+/// Reports the reason if a file cannot have this name.
 bool openSave_XML_FILE::isNameRefused(const QString& name)
 {
     if (isPossibleFileName(name))
@@ -221,7 +221,7 @@ bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& n
     if (plain.isEmpty() || plain == nameOf(path) || isNameRefused(plain))
         return false;
     const QString newPath = quickProfilePath(m_folder, plain);
-    // To some file systems a name that differs in its case alone is the same file.
+    // On some file systems a name that differs only in case is the same file.
     const bool isSameFile = QFileInfo(newPath) == QFileInfo(path);
     if (isReservedName(plain) || (hasQuickProfile(plain) && !isSameFile)) {
         emit message(tr("There is already a profile of this name: %1").arg(plain));

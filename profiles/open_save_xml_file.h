@@ -8,26 +8,26 @@
 
 #include <functional>
 
-/// Writes profiles and replays them. Owns the record of what a profile consists of; the folder, the
-/// window and how an instrument is spoken to are its owner's.
+/// Writes profiles and replays them. Owns the store that defines a profile's contents; the folder,
+/// the window and the instrument belong to its owner.
 class openSave_XML_FILE : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What the owner does for it.
+    /// Services that the owner provides.
     struct Owner {
         /// Waits milliseconds while events go on; false when the program is being ended.
         ProfileReplay::Pause pause;
-        /// Why nothing may be applied just now, for the user to read; empty if it may.
+        /// Why no profile may be applied now, for the user to read; empty if one may.
         std::function<QString()> refusal;
-        /// What a file holds of a field. Saving changes none.
+        /// The text that a file holds for a field. Saving changes no field.
         FieldText fieldText;
-        /// Brings the fields into the form in which files hold them, before a replay.
+        /// Converts the fields to the form in which files hold them, before a replay.
         std::function<void()> settle;
-        /// Brings what is derived from the controls into line with them, after a replay.
+        /// Updates what is derived from the controls, after a replay.
         std::function<void()> refresh;
-        /// A replay begins that may wait: from now on the user's clicks are to go nowhere.
+        /// A replay that may wait begins: from now on the user's input has to be blocked.
         std::function<void(bool isBusy)> setBusy;
     };
 
@@ -38,29 +38,29 @@ public:
 
     ProfileStore& store() { return m_store; }
     const QString& folder() const { return m_folder; }
-    /// The name that a quick profile's file bears.
+    /// The name stored in a quick profile's file.
     QString nameOf(const QString& path) const;
     bool hasQuickProfile(const QString& name) const;
 
-    /// Writes the present state of everything. False, with error(), if there is no new file.
+    /// Writes the current state of everything. False, with error(), if no file was written.
     bool save(const QString& path, const QString& name);
     /// Replays a file. False, with message(), if not all of it has been applied.
     bool open(const QString& path);
-    /// Names a quick profile anew. False, with error() or message(), if it stays as it is.
+    /// Renames a quick profile. False, with error() or message(), if it keeps its name.
     bool renameQuickProfile(const QString& path, const QString& name);
 
-    /// Keeps the state for the next start; reports nothing.
+    /// Saves the state for the next start; reports nothing.
     bool saveLast();
-    /// Applies what the last run has kept, or the file given instead, at once and without waiting.
-    /// For a start, before there is an instrument. With nothing kept everything stays.
+    /// Applies the state saved by the last run, or the file given instead, at once and without
+    /// waiting. For a start, before there is an instrument. Without a saved state everything stays.
     void applyAtStart(const QString& path = QString());
 
-    /// Tells of a replay that something of it has been refused, though it goes on.
+    /// Notes that an entry of the replay was refused, though it continues.
     void leaveOut();
-    /// Ends a replay after what is under way of it.
+    /// Ends a replay after the entry that is under way.
     void stop();
 
-    /// The quick profile that deleteProfile() is about.
+    /// The quick profile that deleteProfile() deletes.
     void choose(const QString& path) { m_chosen = path; }
 
 signals:
@@ -70,14 +70,14 @@ signals:
     void sendQuickProfile(const QString& path);
 
 public slots:
-    /// Tells of every quick profile, in the order of their names.
+    /// Reports every quick profile, in the order of their names.
     void getQuickProfiles();
     /// Asks for a file and applies it.
     void openProfile();
     /// Asks for a file and saves into it.
     void saveProfile();
-    /// Saves under a name, over an older quick profile of that name. False, with error() or
-    /// message(), if there is no new one.
+    /// Saves under a name, replacing an older quick profile of that name. False, with error() or
+    /// message(), if none was saved.
     bool saveQuickProfile(const QString& name);
     /// Deletes the chosen quick profile.
     void deleteProfile();

@@ -34,7 +34,7 @@ QStringList quickProfilePaths(const QString& folder)
         if (!name.isEmpty() && !isReservedName(name))
             paths << QDir::toNativeSeparators(file.filePath());
     }
-    // Of whatever language: only with one does it count numbers as such.
+    // Any language will do: without one the collator does not sort by numeric value.
     QCollator order{QLocale(QLocale::English)};
     order.setNumericMode(true);
     order.setCaseSensitivity(Qt::CaseInsensitive);

@@ -4,7 +4,7 @@
 #include <QStringList>
 
 // Quick profiles are files of one folder whose names begin alike. The one that keeps the panel's
-// state from one start to the next is none of the user's.
+// state for the next start is not among them.
 
 /// The file of the quick profile of that name.
 QString quickProfilePath(const QString& folder, const QString& name);
@@ -15,7 +15,7 @@ QString lastProfilePath(const QString& folder);
 /// The files of the user's quick profiles, in the order of their names.
 QStringList quickProfilePaths(const QString& folder);
 
-/// The name that a quick profile's file name tells.
+/// The quick profile's name, from its file name.
 QString nameInPath(const QString& path);
 
 /// Whether a quick profile may have this name: it can be part of a file name and is not reserved.

@@ -10,7 +10,7 @@
 
 namespace
 {
-// An honest profile takes some ten kilobytes, two hundred entries and three levels.
+// A real profile takes some ten kilobytes, two hundred entries and three levels.
 constexpr qint64 largestFile = qint64{1024} * 1024;
 constexpr qint64 nameWithinBytes = 4096;
 constexpr std::size_t mostEntries = 4096;

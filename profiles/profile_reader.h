@@ -10,7 +10,7 @@
 
 class ProfileStore;
 
-/// What a profile file says of one control or variable.
+/// One control's or variable's entry in a profile file.
 struct ProfileEntry {
     bool isVariable;
     QPointer<QWidget> panel; ///< of a control
@@ -20,20 +20,20 @@ struct ProfileEntry {
 
 enum class ProfileFault { None, Missing, Unreadable, TooLarge, Cancelled, Damaged, Foreign };
 
-/// A whole, sound profile file, or why there is none.
+/// A complete, valid profile file, or why there is none.
 struct ProfileFile {
     ProfileFault fault = ProfileFault::None;
     QString name; ///< as given when it was saved
     std::vector<ProfileEntry> entries;
 };
 
-/// Reads a file to its end before anything is done with it. What the store does not know is left
-/// out; of an entry that comes twice the first counts.
+/// Reads a file to its end before anything is done with it. Entries that the store does not know
+/// are left out; of repeated entries the first counts.
 ProfileFile readProfile(const QString& path, const ProfileStore& store);
 
-/// The same in two steps: what is read need not be read beside the widgets, what it says must be.
+/// The same in two steps: reading may run outside the GUI thread, interpreting may not.
 FileBytes profileBytes(const QString& path, FileProgress* progress = nullptr);
 ProfileFile profileOf(const FileBytes& read, const ProfileStore& store);
 
-/// Only the name that a profile file bears; empty if none can be read.
+/// Only the name stored in a profile file; empty if none can be read.
 QString readProfileName(const QString& path, const ProfileStore& store);

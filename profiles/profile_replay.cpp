@@ -13,7 +13,7 @@
 
 namespace
 {
-/// A blank and the digit that tells what the text belongs to.
+/// A blank and the digit that says which kind of control the text belongs to.
 constexpr int kindCodeLength = 2;
 
 QString withoutKindCode(const QString& text)
@@ -21,7 +21,7 @@ QString withoutKindCode(const QString& text)
     return text.left(text.size() - kindCodeLength);
 }
 
-/// As the variable's type has it; invalid for a text that is no such value.
+/// Converted to the variable's type; invalid if the text is no such value.
 QVariant valueOf(const QString& text, SharedVariable::Type type)
 {
     bool isNumber = true;
@@ -55,7 +55,7 @@ bool ProfileReplay::run(const std::vector<ProfileEntry>& entries, bool isWaiting
     m_isComplete = true;
     for (const ProfileEntry& entry : entries) {
         replay(entry, isWaiting);
-        // Whoever switches the RF output off does not wait for the rest.
+        // Lets the user switch the RF output off before the rest.
         if (isWaiting && !m_isStopped && !m_pause(0))
             stop();
         if (m_isStopped)
@@ -128,7 +128,7 @@ void ProfileReplay::setBox(const ProfileEntry& entry) const
     } else {
         box->setCurrentIndex(index);
     }
-    // Who listens may do so under the signal's old name or its new one.
+    // Receivers may be connected to the signal's old name or to its new one.
     QMetaObject::invokeMethod(box, "activated", Q_ARG(QString, text));
     if (box)
         emit box->textActivated(text);

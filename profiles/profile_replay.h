@@ -6,8 +6,8 @@
 
 class ProfileStore;
 
-/// Makes of a profile the user's clicks and entries again, one after the other. Owns no widget and
-/// knows no instrument: the slots of the panels answer as they answer the user.
+/// Replays a profile as the user's clicks and entries, one after the other. Owns no widget and
+/// knows no instrument: the panels' slots react as they do to the user.
 class ProfileReplay
 {
 public:
@@ -16,8 +16,8 @@ public:
 
     ProfileReplay(const ProfileStore& store, Pause pause);
 
-    /// False when it has been stopped before its end, or something was left out. Not while another
-    /// one runs. Without waiting it is over at once.
+    /// False when it has been stopped before its end, or something was left out. Not to be called
+    /// while another one runs. Without waiting it is over at once.
     bool run(const std::vector<ProfileEntry>& entries, bool isWaiting);
     /// Ends the replay after the click or entry that is under way.
     void stop() { m_isStopped = true; }

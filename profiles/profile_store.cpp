@@ -16,7 +16,7 @@ bool contains(const std::vector<QPointer<QWidget>>& widgets, const QWidget* widg
     return std::find(widgets.begin(), widgets.end(), widget) != widgets.end();
 }
 
-/// What stands inside these is Qt's own: editors, drop-down lists, clear buttons.
+/// The children of these are Qt's own: editors, drop-down lists, clear buttons.
 bool isControl(const QWidget& widget)
 {
     return qobject_cast<const QAbstractButton*>(&widget) ||
@@ -108,7 +108,7 @@ void ProfileStore::collect(const QObject& parent, QVector<QWidget*>& found) cons
     }
 }
 
-/// Whether the control has a state to write and a name of its own that can be an element's.
+/// Whether the control has a state to write and a unique name that is valid for an element.
 bool ProfileStore::isWritable(const QWidget& control) const
 {
     static const QRegularExpression elementName(QStringLiteral("\\A[A-Za-z_]\\w*\\z"));

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// A program variable that a profile holds beside the panels' controls.
+/// A program variable that a profile holds in addition to the panels' controls.
 struct SharedVariable {
     /// In the order of their codes in the file.
     enum class Type { Text, Double, Int32, Int64 };
@@ -30,14 +30,14 @@ public:
     /// `documentName` names the document and its root element.
     explicit ProfileStore(const QString& documentName);
 
-    /// The order of adding is the order in the file and of the replay.
+    /// Entries are written and replayed in the order in which they were added.
     void addPanel(QWidget* panel);
     void addVariable(const SharedVariable& variable);
     /// Neither writes nor replays a control, nor, if it is a panel, anything in it.
     void exclude(QWidget* control);
     /// In file and replay `control` comes right behind `earlier`, on which its bounds depend.
     void putBehind(QWidget* earlier, QWidget* control);
-    /// Buttons whose click starts something that takes its time.
+    /// Buttons whose click starts something that takes time.
     void waitAfter(const QStringList& buttonNames, int waitMs);
 
     const QString& documentName() const { return m_documentName; }
@@ -52,8 +52,8 @@ public:
     int waitMs() const { return m_waitMs; }
 
     /// The controls of this kind that a profile holds of a panel, in the order they were made, but
-    /// for what was put behind another. What stands in another registered panel, in another window
-    /// or inside a control is not its own.
+    /// for what was put behind another. Controls in another registered panel, in another window or
+    /// inside a control are not its own.
     template <typename Control>
     QVector<Control*> controls(const QWidget& panel) const
     {

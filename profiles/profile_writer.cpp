@@ -11,7 +11,7 @@ namespace
 {
 constexpr int indentation = 1;
 
-/// Without what no XML document can hold, and which would make the whole of it unreadable.
+/// Without characters that XML does not allow, which would make the whole document unreadable.
 QString xmlText(const QString& text)
 {
     QString kept;
@@ -101,7 +101,7 @@ QByteArray renamedDocument(const QByteArray& document, const ProfileStore& store
                            const QString& profileName)
 {
     QDomDocument renamed;
-    // As the reader takes it: in UTF-8, whatever it says of itself.
+    // As the reader takes it: UTF-8, whatever encoding it declares.
     if (!renamed.setContent(QString::fromUtf8(document)))
         return QByteArray();
     // The first one wherever it stands, as the reader takes it.

@@ -8,13 +8,13 @@
 class ProfileStore;
 class QLineEdit;
 
-/// The text that a profile holds of a field: not what is half typed in it.
+/// The text that a profile holds for a field: not one that is still being typed.
 using FieldText = std::function<QString(const QLineEdit& field)>;
 
 // Profile files are written as one document of one element each for the name, every panel with its
 // controls, and the variables.
 
-/// The present state of everything in the store, as the file holds it: UTF-8, indented by one.
+/// The current state of everything in the store, as the file holds it: UTF-8, indented by one.
 QByteArray profileDocument(const ProfileStore& store, const QString& profileName,
                            const FieldText& fieldText);
 

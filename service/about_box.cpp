@@ -32,7 +32,7 @@ QString anchor(const QString& target, const QString& text)
     return QStringLiteral("<a href=\"%1\">%2</a>").arg(target, text);
 }
 
-/// A label whose links are stops of Tab and back. A plain one lets nobody out backwards: it begins
+/// A label whose links are stops of Tab and back. A plain one cannot be left backwards: it starts
 /// again at its last link.
 class LinkLabel : public QLabel
 {
@@ -137,7 +137,7 @@ void Form::setFirmware(const QString& version)
 
 void Form::setCalibrationDue(const QString& date)
 {
-    // A null text would leave the rich-text label's own plate behind.
+    // A null text would leave the background of the rich-text label behind.
     m_calibrationDate->setText(date.isEmpty() ? QStringLiteral("") : instrumentText(date));
     const QDate due = QDate::fromString(date, QStringLiteral("dd.MM.yyyy"));
     const bool isCurrent = date.isEmpty() || (due.isValid() && due > QDate::currentDate());

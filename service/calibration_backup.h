@@ -23,7 +23,7 @@ using CalibrationPoints = std::vector<CalibrationPoint>;
 /// "calibration SERIAL", with which the names of an instrument's backups begin.
 QString backupPrefix(const QString& serial);
 
-/// A file in the folder that is not there yet: "calibration SERIAL 2026-11-21 14-03-22.csv".
+/// The path of a new file in the folder: "calibration SERIAL 2026-11-21 14-03-22.csv".
 QString newBackupPath(const QString& folder, const QString& serial, const QDateTime& time);
 
 QByteArray backupText(const CalibrationPoints& points);
@@ -33,6 +33,6 @@ struct ReadBackup : FileOutcome {
     int strangeLine = 0;      ///< the first one, from 1, that is no point; 0: all are
 };
 
-/// A file without a point is none. Whether the texts are numbers that can be sent is not looked at:
-/// cells may be empty.
+/// A file without a point is not a calibration table. Whether the texts are numbers that can be
+/// sent is not checked: cells may be empty.
 ReadBackup readBackup(const QString& path, FileProgress* progress = nullptr);

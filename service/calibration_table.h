@@ -20,15 +20,15 @@ public:
     /// ignored; where there are too few the cells stay empty. This is what was read.
     void showPoints(int pointCount, const QStringList& numbers);
 
-    /// Shows other points than were read, each cell as if it had been typed.
+    /// Shows other points than were read, each cell as if typed.
     void showOtherPoints(const CalibrationPoints& points);
 
     const CalibrationPoints& pointsAsRead() const { return m_asRead; }
     /// Rows that differ from what was read, and those that are no more.
     int changedRows() const;
 
-    /// Brings what was typed into a cell into the form in which it is sent, or marks the cell.
-    /// Returns what is wrong with it, to be told; empty when nothing is.
+    /// Converts the text typed into a cell to the form in which it is sent, or marks the cell.
+    /// Returns what is wrong with it, for a notice; empty when nothing is.
     QString acceptCell(int row, int column);
 
     /// What is wrong with the first cell that cannot be sent; that cell becomes the current one.

@@ -21,7 +21,8 @@ QString driversFolder(const QString& applicationFolder);
 QString driverTool(bool is64BitSystem);
 DriverCommand statusCommand(const QString& folder, const QString& tool);
 DriverCommand installCommand(const QString& folder, const QString& tool);
-/// Only a driver that reports a problem and does not run; no output at all is a working driver.
+/// True only for a driver that reports a problem and does not run; without any output it counts as
+/// working.
 bool needsInstalling(const QByteArray& statusOutput);
 
 /// What the check by the device-console tool asks of the system.
@@ -31,7 +32,7 @@ public:
     virtual ~DriverSystem() = default;
     virtual bool hasUsbTmcService() const = 0;
     virtual bool is64Bit() const = 0;
-    /// What the program writes; empty when it cannot be started or takes more than 30 s.
+    /// The program's output; empty when it cannot be started or takes more than 30 s.
     virtual QByteArray run(const DriverCommand& command) = 0;
 };
 

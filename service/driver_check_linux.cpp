@@ -1,6 +1,6 @@
 #include "service/driver_check.h"
 
-/// The kernel brings the driver. Whether this user may open the instrument is asked where none
+/// The driver is part of the kernel. Whether this user may open the instrument is checked when none
 /// could be connected.
 bool checkDriver()
 {

@@ -9,7 +9,7 @@ namespace
 {
 constexpr int longestMs = 30000;
 
-/// A key of the local machine, open for as long as this lives.
+/// A key of the local machine, open during its lifetime.
 class MachineKey
 {
 public:
@@ -43,7 +43,7 @@ public:
     {
         QProcess process;
         process.setProgram(command.program);
-        // As one native text: QProcess would quote the quotes of an argument once more.
+        // As one native text: QProcess would escape the quotes of an argument once more.
         process.setNativeArguments(command.arguments.trimmed());
         process.start(QIODevice::ReadWrite);
         return process.waitForFinished(longestMs) ? process.readAllStandardOutput() : QByteArray();

@@ -6,8 +6,8 @@ class QLabel;
 class QPushButton;
 class QToolButton;
 
-/// Warns before the instrument is switched into its bootloader. Sends nothing; says that the user
-/// wants it.
+/// Warns before the instrument is switched into its bootloader. Sends nothing; emits the user's
+/// confirmation.
 class Firmware : public QDialog
 {
     Q_OBJECT

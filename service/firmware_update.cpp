@@ -50,7 +50,7 @@ void FirmwareUpdate::restartDevice()
     }
 }
 
-/// The connection has been given up, here or where it was found dead.
+/// The connection has been closed, here or where it was found broken.
 void FirmwareUpdate::waitForReturn()
 {
     if (m_stage != Stage::Leaving)

@@ -12,15 +12,15 @@ class HotPlugWatch;
 class Notices;
 class ScpiSession;
 
-/// The instrument's way through its bootloader: sends it there, gives the connection up once it has
-/// left the bus, and says when it is back. Meanwhile the connection does not heed the hot-plug
-/// watch. Loading a firmware image is other programs' work.
+/// Takes the instrument through its bootloader: starts it, closes the connection once the
+/// instrument has left the bus, and reports when it is back. In between the connection ignores the
+/// hot-plug watch. Loading a firmware image is the task of other programs.
 class FirmwareUpdate : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What it works with; all outlive it.
+    /// Its collaborators; all outlive it.
     struct Parts {
         ScpiSession& session;
         Connection& connection;
@@ -29,7 +29,7 @@ public:
     };
     static constexpr int longestUpdateMs = 120000;
 
-    /// After `longestMs` it no longer waits.
+    /// It waits at most `longestMs` milliseconds.
     explicit FirmwareUpdate(const Parts& parts, int longestMs = longestUpdateMs,
                             QObject* parent = nullptr);
 
@@ -38,7 +38,7 @@ public:
 public slots:
     /// Switches the connected instrument into its bootloader.
     void slotUpdateFirmware();
-    /// Waits no longer: whoever connects by hand knows better.
+    /// Stops waiting: the user has connected by hand.
     void stop();
 
 signals:

@@ -6,6 +6,6 @@
 /// False when nothing could be started.
 bool openDocument(const QString& path);
 
-/// Opens a help file, and where it holds many pages the one that is called so in it, such as
+/// Opens a help file, and, if it holds many pages, the page of that name in it, such as
 /// "en/sweep.html". False when nothing could be started.
 bool openHelpPage(const QString& path, const QString& page);

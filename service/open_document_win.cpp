@@ -20,14 +20,15 @@ bool openDocument(const QString& path)
     environment.insert(variable, QDir::toNativeSeparators(path));
     process.setProcessEnvironment(environment);
     process.setProgram(QStringLiteral("cmd"));
-    // As one native command line: QProcess would quote the quotes of an argument once more.
+    // As one native command line: QProcess would escape the quotes of an argument once more.
     process.setNativeArguments(QStringLiteral("/D /V:OFF /S /C \"\"%%1%\"\"").arg(variable));
     return process.startDetached();
 }
 
 bool openHelpPage(const QString& path, const QString& page)
 {
-    // Windows' own viewer takes the page behind the file; the desktop's way takes the file alone.
+    // Windows' own viewer takes the page after the file; the desktop's association takes the file
+    // alone.
     const bool isCompiled = path.endsWith(QLatin1String(".chm"), Qt::CaseInsensitive);
     const QString target = QDir::toNativeSeparators(path) + QLatin1String("::/") + page;
     return (isCompiled && QProcess::startDetached(QStringLiteral("hh.exe"), {target})) ||

@@ -31,7 +31,7 @@
 namespace
 {
 constexpr int pauseMs = 100;
-/// Many more than a reply can hold: a larger count is no count.
+/// Many more than a reply can hold: a larger count is invalid.
 constexpr double mostPoints = 100000;
 
 const QString pointCountQuery = QStringLiteral("MEM:TABLE:POIN?");
@@ -92,7 +92,7 @@ void ServiceCommands::reloadTable()
         m_notices.sayOfInstrument([] { return tr("No instrument is connected"); });
 }
 
-/// Shows what could not be read, all of it at once: the status line has one place.
+/// Shows everything that could not be read in one notice: the status line shows one at a time.
 void ServiceCommands::report(const QVector<StatusWords>& failures)
 {
     QVector<StatusWords> said;
@@ -108,7 +108,7 @@ void ServiceCommands::report(const QVector<StatusWords>& failures)
     });
 }
 
-// These say what failed; nothing when it did not, or while disconnected.
+// Each returns what failed; nothing on success or while disconnected.
 
 StatusWords ServiceCommands::readTable()
 {
@@ -127,7 +127,7 @@ StatusWords ServiceCommands::readTable()
     return [] { return tr("error get calibrate"); };
 }
 
-/// False when the instrument does not tell its table; what was shown then stays.
+/// False when the table could not be read; the one shown then stays.
 bool ServiceCommands::queryTable()
 {
     const QString countReply = m_session.query(pointCountQuery);
@@ -175,25 +175,25 @@ void ServiceCommands::commandCalibrate()
     m_isRefused = false;
     const bool isWritten = isKept && m_session.isConnected() && writeTable();
     m_isBusy = false;
-    // What the instrument had against it is told already.
+    // The instrument's errors have been reported already.
     if (!isKept || !m_session.isConnected() || m_isRefused)
         return;
     if (!isWritten)
         m_notices.sayOfInstrument(
-            [] { return tr("Writing was stopped: the stored table is as it was"); });
+            [] { return tr("Writing was stopped: the stored table is unchanged"); });
     else if (m_keptAs.isEmpty())
         m_notices.sayOfInstrument(
             [] { return tr("The calibration table is stored in the instrument"); });
     else
         m_notices.sayOfInstrument([name = m_keptAs] {
-            return tr("The calibration table is stored in the instrument; as it was read it is "
-                      "kept as %1")
+            return tr("The calibration table is stored in the instrument; the table read "
+                      "before is saved as %1")
                 .arg(name);
         });
 }
 
-/// Before what was read is written over: once, and only what there was to read. False when it could
-/// not be kept.
+/// Saves the table that was read before it is overwritten: once, and only if there was one. False
+/// when it could not be saved.
 bool ServiceCommands::keepAsRead()
 {
     const CalibrationPoints& points = m_panel.table().pointsAsRead();
@@ -207,9 +207,9 @@ bool ServiceCommands::keepAsRead()
         m_keptAs = name;
     else if (written.fault == FileFault::Cancelled)
         m_notices.sayOfInstrument(
-            [] { return tr("Nothing was written: the table was not kept as it was read"); });
+            [] { return tr("Nothing was written: the table read before was not saved"); });
     else
-        emit errorMessage(tr("Nothing was written: the table as it was read could not be kept as "
+        emit errorMessage(tr("Nothing was written: the table read before could not be saved as "
                              "%1: %2")
                               .arg(QDir::toNativeSeparators(path), written.detail));
     return written.fault == FileFault::None;
@@ -236,8 +236,8 @@ void ServiceCommands::showBackup(const QString& path)
     } else if (read.fault != FileFault::None) {
         emit errorMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));
     } else if (read.strangeLine > 0) {
-        emit errorMessage(tr("%1 is no backup of a calibration table: line %2 is no frequency and "
-                             "whole number")
+        emit errorMessage(tr("%1 is not a backup of a calibration table: line %2 is not a "
+                             "frequency and a whole number")
                               .arg(name)
                               .arg(read.strangeLine));
     } else {
@@ -259,7 +259,7 @@ void ServiceCommands::stopWriting()
     m_isStopped = true;
 }
 
-/// False when it was stopped, or the connection went.
+/// False when it was stopped, or the connection was lost.
 bool ServiceCommands::writeTable()
 {
     const BusyCursor busy;
@@ -306,7 +306,7 @@ StatusWords ServiceCommands::queryDac()
     withoutBlanks(reply).toDouble(&isNumber);
     if (m_session.lastFailed() || !isNumber)
         return [] { return tr("error getting dac"); };
-    // As a whole number: the field takes no sign that a reply may bear.
+    // As a whole number: the field accepts no sign, which a reply may have.
     m_panel.showDac(displayText(reply, FieldKind::DacValue));
     return nullptr;
 }

@@ -119,7 +119,7 @@ QWidget* service::buildDac(const FieldContext& context)
     m_dacKey = new QPushButton(this);
     m_dacKey->setObjectName(QStringLiteral("key_REF_OSC"));
     m_dacKey->setIcon(QIcon(QStringLiteral(":/images/edit.png")));
-    // A click that took the focus would leave the field before the keypad is there.
+    // A click that took the focus would leave the field before the keypad is open.
     m_dacKey->setFocusPolicy(Qt::TabFocus);
 
     auto* row = new QHBoxLayout(dac);
@@ -169,14 +169,14 @@ void service::setState(State state)
     showState();
 }
 
-/// What the button does now, and the count of points.
+/// What the button does now, and the number of points.
 void service::showState()
 {
     const bool isWriting = m_state == State::Writing;
     m_applyCalibrate->setIcon(isWriting ? QIcon() : sendIcon());
     m_applyCalibrate->setText(isWriting ? tr("Cancel") : tr("Write"));
     describe(m_applyCalibrate, m_applyCalibrate->text(),
-             isWriting ? tr("Stop after the present row; nothing is stored")
+             isWriting ? tr("Stop after the current row; nothing is stored")
                        : tr("Write the table into the instrument and store it there"));
 }
 
@@ -200,7 +200,7 @@ void service::showOtherPoints(const CalibrationPoints& points)
     fillTable([&] { m_table->showOtherPoints(points); });
 }
 
-/// What is filled in is no edit.
+/// Filling in the table is not an edit.
 void service::fillTable(const std::function<void()>& fill)
 {
     disconnect(m_table, &QTableWidget::cellChanged, this, &service::editTable);
@@ -269,10 +269,10 @@ void service::retranslate()
     m_loading->setText(tr("Loading..."));
     m_reloadTable->setText(tr("Reload"));
     describe(m_reloadTable, tr("Reload"),
-             tr("Read the table from the instrument again; what was changed here is dropped"));
+             tr("Read the table from the instrument again; changes made here are discarded"));
     m_openBackup->setText(tr("Open backup..."));
     describe(m_openBackup, tr("Open backup"),
-             tr("Put a table that was kept before a write into this one, to be written back"));
+             tr("Show a table that was saved before a write, to write it back"));
     m_table->retranslate();
     showPointCount();
     showState();

@@ -13,14 +13,14 @@ class QPushButton;
 struct CalibrationPoint;
 struct FieldContext;
 
-/// The maintenance view: who the instrument is, its temperature, its reference-oscillator DAC and
+/// The service view: the instrument's identity, its temperature, its reference-oscillator DAC and
 /// its calibration table. Sends nothing itself.
 class service : public SidePanel
 {
     Q_OBJECT
 
 public:
-    /// While loading nothing can be used; while writing only the button, which then cancels.
+    /// While loading, nothing can be used; while writing, only the button, which then cancels.
     enum class State { Ready, Loading, Writing };
 
     explicit service(const FieldContext& context, QWidget* parent = nullptr);
@@ -37,13 +37,13 @@ public:
 
     /// Calibration points as read, frequency and value in turn; see CalibrationTable::showPoints.
     void showPoints(int pointCount, const QStringList& numbers);
-    /// Points of a backup, to be looked at and written.
+    /// Points of a backup, to be checked and written.
     void showOtherPoints(const std::vector<CalibrationPoint>& points);
-    /// DAC value as the instrument tells it: a whole number.
+    /// DAC value as read from the instrument: a whole number.
     void showDac(const QString& value);
     void showTemperature(double degreesCelsius);
     void showInstrument(const QString& serial, const QString& firmware);
-    /// Empties everything that was an instrument's.
+    /// Clears everything that belonged to an instrument.
     void forgetInstrument();
 
 public slots:

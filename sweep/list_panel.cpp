@@ -25,10 +25,10 @@
 namespace
 {
 constexpr int panelWidth = 560;
-/// What the groups take so that nothing has to be scrolled, and what they can do with.
+/// The height at which the groups need no scrolling, and the least they can do with.
 constexpr int wholeHeight = 640;
 constexpr int leastHeight = 320;
-/// What the window and the panel take besides.
+/// What the window and the panel need in addition.
 constexpr int frameHeight = 200;
 constexpr int spacing = 8;
 
@@ -65,7 +65,7 @@ void List::build()
     auto* scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    // Otherwise it takes the focus that a button under the mouse leaves where it is.
+    // Otherwise it takes the focus, which a click on a button leaves where it is.
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* groups = new QWidget(scroll);
@@ -91,7 +91,7 @@ void List::wire()
     connect(m_sweep, &SweepGroup::settingsChanged, this, &List::sweepChanged);
     connect(m_trigger, &TriggerGroup::triggerChosen, this, &List::triggerChosen);
     connect(&m_trigger->listShown(), &QAbstractButton::toggled, this, &List::showChosenGroup);
-    // One of the two runs, and it is the one that is seen.
+    // One of the two runs, and it is the one shown.
     connect(&runSweep(), &QAbstractButton::toggled, this, [this](bool isChecked) {
         if (isChecked)
             m_trigger->listShown().setChecked(false);
@@ -220,7 +220,7 @@ void List::autoOff()
     emit hide_();
 }
 
-/// Not before the click that has chosen it is over, which tells of it twice.
+/// Not before the click that has chosen it is over, which signals it twice.
 void List::forgetChosenPoint()
 {
     QTimer::singleShot(0, this, [this] { m_chosenRow = table().highlightedPoint() - 1; });
@@ -257,7 +257,7 @@ void List::generateList()
 {
     const RunPoints run = RunPoints::ofSweep(m_sweep->texts());
     if (run.isEmpty() || run.firstWrong() > 0 || run.count() > mostListLines)
-        m_notices.say([] { return tr("The fields of the sweep give no list"); });
+        m_notices.say([] { return tr("The sweep settings define no points for a list"); });
     else
         m_list->actions().generate(rowsOfRun(run));
 }
@@ -284,7 +284,7 @@ void List::step(int direction)
         (direction < 0 ? m_trigger->previousPoint() : m_trigger->nextPoint()).click();
         return;
     }
-    // Whoever hears of the choice makes the instrument ready for the step.
+    // The receivers of the choice prepare the instrument for the step.
     m_trigger->choose(TriggerChoice::Manual);
     if (isManualListRun())
         stepRow(direction);

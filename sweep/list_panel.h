@@ -28,7 +28,7 @@ public:
     QPushButton& runList() const;
     /// Sweep or list.
     bool isRunning() const;
-    /// Whether there is something to run. If not, it is said what is missing.
+    /// Whether there is something to run. If not, a notice says what is missing.
     bool canRunSweep();
     bool canRunList();
 
@@ -38,7 +38,7 @@ public:
     PointTable& table() const;
     SweepGroup& sweep() const { return *m_sweep; }
     TriggerGroup& trigger() const { return *m_trigger; }
-    /// From now on sweep and list heed the guard's highest level.
+    /// From now on sweep and list are bounded by the guard's highest level.
     void setPowerGuard(PowerGuard& guard);
     /// The highest power in dBm that the sweep, or the list, would set by itself; minus infinity
     /// where there is none.
@@ -49,7 +49,7 @@ public:
     /// The instrument did not go to the point that was chosen last: it can be chosen again.
     void forgetChosenPoint();
 
-    /// Bounds the sweep's fields and the table's cells by the limits that an instrument has told.
+    /// Bounds the sweep's fields and the table's cells by the limits read from an instrument.
     /// Returns how many numbers had to change.
     int boundByLimits();
 
@@ -63,7 +63,7 @@ public slots:
     void autoOff();
     /// Marks the point, counted from 1, that a list run has reached; 0 for none.
     void highlightPoint(int number);
-    /// Takes the text now in a cell of the table as entered by the user.
+    /// Takes the current text of a cell of the table as entered by the user.
     void editTable(int row, int column);
 
 signals:
@@ -77,7 +77,7 @@ signals:
     void sweepChanged();
     /// Sweep or list: the other one is shown now.
     void shownChanged();
-    /// Something went wrong that the user must not miss.
+    /// An error that the user must not miss.
     void errorMessage(const QString& message);
 
 protected:

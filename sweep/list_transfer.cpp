@@ -29,7 +29,7 @@ constexpr int listCount = 3;
 const QString firstPrefix = QStringLiteral("LIST:%1 ");
 const QString nextPrefix = QStringLiteral("LIST:%1:ADD ");
 const QString hertzUnit = QStringLiteral("Hz");
-// What an empty cell sends; the power comes from the main window.
+// What is sent for an empty cell; the power comes from the main window.
 const QString emptyFrequency = QStringLiteral("1 000");
 const QString emptyDwellSeconds = QStringLiteral("0.001");
 
@@ -60,7 +60,7 @@ bool ListTransfer::transferTable()
     m_pausesDone = 0;
     m_clock.start();
 
-    // All three now: the table may change in the pauses, and the lists have to fit each other.
+    // All three now: the table may change in the pauses, and the lists have to match.
     std::array<QStringList, listCount> values;
     std::transform(parts.begin(), parts.end(), values.begin(),
                    [this](const Part& part) { return valuesOf(part); });
@@ -93,7 +93,7 @@ bool ListTransfer::isWanted(int transfer) const
     return transfer == m_transfer && m_session.isConnected() && m_panel.runList().isChecked();
 }
 
-/// A column as it goes out: frequencies and powers as they stand, dwell times in seconds.
+/// A column as it is sent: frequencies and powers as they stand, dwell times in seconds.
 QStringList ListTransfer::valuesOf(const Part& part) const
 {
     const PointTable& table = m_panel.table();
@@ -124,7 +124,7 @@ void ListTransfer::sendList(int transfer, const Part& part, const QStringList& v
         if (!isWanted(transfer))
             return;
         sendBlock(next, values, blockRows * block, blockRows * (block + 1));
-        // A lost connection has taken the bar with it.
+        // A lost connection has removed the bar.
         if (!isWanted(transfer))
             return;
         m_bar->advance();

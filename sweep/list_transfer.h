@@ -15,14 +15,14 @@ class ScpiSession;
 class progressBarForTable;
 
 /// Loads the table of the list panel into the instrument: three lists, in blocks that its input
-/// buffer can hold. Owns the progress bar over the table; the table, the session and the button
-/// that it heeds are others'.
+/// buffer can hold. Owns the progress bar over the table, but not the table, the session or the run
+/// button.
 class ListTransfer
 {
     Q_DECLARE_TR_FUNCTIONS(ListTransfer)
 
 public:
-    /// Between two blocks.
+    /// The pause between two blocks.
     static constexpr int usualPauseMs = 500;
 
     /// `power` holds what an empty power cell sends, in dBm.
@@ -31,12 +31,12 @@ public:
     ~ListTransfer();
 
     /// Sends frequencies, powers and dwell times as the table holds them now; an empty cell sends
-    /// its fill-in and stays empty. Events are processed between the blocks. Ends early when the
-    /// list's run button is unchecked or the connection goes: look at both again afterwards. False
-    /// when it was abandoned or the program ends: nothing more is to be sent.
+    /// its default and stays empty. Events are processed between the blocks. Ends early when the
+    /// list's run button is unchecked or the connection is lost: check both again afterwards. False
+    /// when it was abandoned or the program ends: nothing more may be sent.
     bool transferTable();
 
-    /// Ends a transfer that is in a pause: it sends nothing more, and its bar goes at once.
+    /// Ends a transfer that is in a pause: it sends nothing more, and its bar is removed at once.
     void abandon();
 
 private:

@@ -97,7 +97,7 @@ void ModeList::buttonManualClick()
     refresh();
 }
 
-/// An external trigger is automatic, too, and stays.
+/// An external trigger counts as automatic, too, and is kept.
 void ModeList::buttonAutoClick()
 {
     if (m_trigger.choice() == TriggerChoice::Manual)

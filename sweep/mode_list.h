@@ -8,7 +8,7 @@ class QLabel;
 class QPushButton;
 class TriggerGroup;
 
-/// What advances a list run, in compact form beside the list: it shows the choices of the trigger
+/// The trigger of a list run, in compact form beside the list: it shows the choices of the trigger
 /// group and acts on that group's buttons. It keeps no choice of its own, and knows of no run.
 class ModeList : public QFrame
 {
@@ -28,7 +28,7 @@ public slots:
     void rightButtonClick();
 
 signals:
-    /// The user wants the point before (-1) or behind (1).
+    /// The user wants the previous (-1) or the next (1) point.
     void stepWanted(int direction);
 
 private:

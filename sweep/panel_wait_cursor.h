@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/// Shows the wait cursor on a panel for as long as it lives, then the arrow.
+/// Shows the wait cursor on a panel during its lifetime, then the arrow.
 class PanelWaitCursor
 {
 public:

@@ -2,8 +2,8 @@
 
 #include <QPushButton>
 
-/// The button that runs a sweep or a list while it is checked. It says what a press does now, and
-/// is as wide as the wider of its two captions.
+/// The button that runs a sweep or a list while it is checked. Its caption says what a press does
+/// now, and it is as wide as the wider of its two captions.
 class RunButton : public QPushButton
 {
     Q_OBJECT
@@ -11,7 +11,7 @@ class RunButton : public QPushButton
 public:
     RunButton(const QString& objectName, QWidget* parent);
 
-    /// In the present language: what its two states are called in full, and a hint to both.
+    /// In the current language: the full names of its two states, and a hint for both.
     void setTexts(const QString& runName, const QString& stopName, const QString& toolTip);
 
 private:

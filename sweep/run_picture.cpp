@@ -15,7 +15,7 @@
 
 namespace
 {
-// Reading a long table takes its time: not for every cell of many that change one by one.
+// Reading a long table takes time: not after every cell when many change one by one.
 constexpr qint64 leastRefreshGapMs = 250;
 } // namespace
 
@@ -130,7 +130,7 @@ bool RunPicture::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-/// What nobody sees is drawn when it is shown.
+/// A hidden picture is drawn when it is shown.
 void RunPicture::refreshSoon()
 {
     m_isStale = true;

@@ -12,9 +12,8 @@ class QLineEdit;
 class SweepCommands;
 class TriggerCommands;
 
-/// Keeps the picture of the list panel, and the row that is marked in its table, in step with what
-/// is set and with what runs. Owns the clock of the run; the widgets are the panel's, and what is
-/// sent is others' work.
+/// Keeps the picture of the list panel, and the marked row in its table, in step with the settings
+/// and with the run. Owns the clock of the run; the widgets are the panel's, and it sends nothing.
 class RunPicture : public QObject
 {
     Q_OBJECT
@@ -23,10 +22,10 @@ public:
     /// `powerField` holds what empty power cells send, in dBm.
     RunPicture(List& panel, const QLineEdit& powerField, QObject* parent = nullptr);
 
-    /// Hears from those who start, stop and step runs.
+    /// Notified by those who start, stop and step runs.
     void follow(const SweepCommands& runs, const TriggerCommands& triggers);
 
-    /// Of the run that goes on, and what it is.
+    /// The clock of the current run, and what runs.
     const RunClock& clock() const { return m_clock; }
     RunKind running() const { return m_running; }
 

@@ -18,7 +18,7 @@
 
 namespace
 {
-// Start and stop go out without a unit, and powers as they stand.
+// Start and stop are sent without a unit, and powers as they stand.
 const QString pointsCommand = QStringLiteral("SWEep:POINts ");
 const QString frequencyCommand = QStringLiteral("FREQ ");
 const QString hertzUnit = QStringLiteral(" Hz");
@@ -97,7 +97,7 @@ double SweepCommands::topDbm(Mode mode) const
     return mode == Mode::List ? m_panel.listTopDbm() : m_panel.sweepTopDbm();
 }
 
-/// Starts what may be started at these powers, once that is agreed.
+/// Starts a run with these powers, once the user has agreed.
 void SweepCommands::request(Mode mode)
 {
     const int run = ++m_run;
@@ -133,7 +133,7 @@ void SweepCommands::sayAboveCeiling(Mode mode)
     });
 }
 
-/// What runs above a level that has become the highest one ends.
+/// Stops a run above a highest level that has just been lowered.
 void SweepCommands::holdCeiling()
 {
     for (const Mode mode : {Mode::Sweep, Mode::List}) {
@@ -146,7 +146,7 @@ void SweepCommands::holdCeiling()
     }
 }
 
-/// Cells without a power send that of the main window.
+/// For cells without a power that of the main window is sent.
 bool SweepCommands::canRun(Mode mode)
 {
     if (mode == Mode::Sweep)
@@ -168,7 +168,8 @@ bool SweepCommands::isWanted(int run, Mode mode) const
     return run == m_run && m_session.isConnected() && runButton(mode).isChecked();
 }
 
-/// A start goes on. One whose set-up the instrument has refused does not: it is stopped.
+/// Continues a start. If the instrument has refused a part of the set-up, the run is stopped
+/// instead.
 bool SweepCommands::goesOn(int run, Mode mode)
 {
     if (!isWanted(run, mode))
@@ -210,13 +211,14 @@ void SweepCommands::start(int run, Mode mode)
         m_isStarted = true;
         emit runStarted();
     }
-    // Stopped while the table was loading: that stop went out amid the lists. Now they are over.
+    // Stopped while the table was loading: that stop was sent between the lists. Now they are
+    // complete.
     if (mode == Mode::List && run == m_run && m_session.isConnected() &&
         !runButton(mode).isChecked())
         stop(mode);
 }
 
-/// Starts what the instrument has been given. False when that is not wanted any more.
+/// Starts the run that has been sent. False when it is not wanted any more.
 bool SweepCommands::startPrepared(int run, Mode mode)
 {
     if (!goesOn(run, mode))

@@ -18,17 +18,17 @@ class QWidget;
 class ScpiSession;
 class TriggerCommands;
 
-/// Starts and stops the sweep and the list by the run buttons of their panel. Owns no widget; the
-/// loading of the table and the triggers are others' work. Only one of the two runs. In the pauses
-/// of a start anything may be clicked: the newest click wins, and panel and instrument agree when
-/// all is over.
+/// Starts and stops the sweep and the list by the run buttons of their panel. Owns no widget;
+/// loading the table and the triggers belong to other classes. Only one of the two runs. In the
+/// pauses of a start anything may be clicked: the newest click wins, and panel and instrument agree
+/// when all is over.
 class SweepCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The continuous-wave controls, which rest while sweep or list runs and are set again when it
-    /// stops.
+    /// The continuous-wave controls, which are inactive while sweep or list runs and are sent again
+    /// when it stops.
     struct CwWidgets {
         NumberEdit& frequency;
         NumberEdit& power;
@@ -43,16 +43,16 @@ public slots:
     /// The run button of the sweep or the list has changed: starts or stops what it says.
     void CommandSweep() { command(Mode::Sweep); }
     void CommandList() { command(Mode::List); }
-    /// The instrument is gone, and the session says so: nothing runs any more, and nothing is sent.
+    /// The instrument is gone, and the session knows: nothing runs any more, and nothing is sent.
     void connectionLost();
 
 signals:
-    /// A run is about to be sent to the instrument: modulation and LF generator have to go off,
-    /// before this returns.
+    /// A run is about to be sent to the instrument: modulation and LF generator have to be switched
+    /// off before this returns.
     void runStarting();
-    /// All of a run has been sent, and the instrument begins it.
+    /// All of a run has been sent, and the instrument starts it.
     void runStarted();
-    /// What had started is over, by the button or with the connection.
+    /// A run has ended, by the button or with the connection.
     void runStopped();
 
 private:
@@ -83,14 +83,14 @@ private:
     PowerGuard& m_guard;
     Notices& m_notices;
     CwWidgets m_cw;
-    /// Numbers the starts, so that one that has paused knows of a newer one.
+    /// Counts the starts, so that a start detects after a pause that there is a newer one.
     int m_run = 0;
     bool m_isStarted = false;
     bool m_isSettingUp = false;
-    /// What the instrument had against the set-up, the first of it.
+    /// The first error that the instrument reported about the set-up.
     std::optional<InstrumentError> m_refusal;
     double m_topDbm = 0.0; ///< of what was started last
-    /// A button is down of which the instrument has not heard yet.
+    /// A button is down whose command has not been sent yet.
     bool m_isPending = false;
     bool m_isRefusing = false; ///< a run that could not start has its button released
 };

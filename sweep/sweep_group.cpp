@@ -174,7 +174,7 @@ void SweepGroup::setPowerGuard(PowerGuard& guard)
     holdCeiling();
 }
 
-/// Of the mode that is shown; the other one's values are bounded when their turn comes.
+/// Only of the mode that is shown; the other mode's values are bounded when it is chosen.
 void SweepGroup::holdCeiling()
 {
     for (std::size_t i = 0; m_guard && i < modeRowCount; ++i) {
@@ -185,7 +185,7 @@ void SweepGroup::holdCeiling()
     }
 }
 
-/// A bound is nobody's entry: what follows the display goes on following it.
+/// Bounding is not an entry: a field that follows the display keeps following it.
 void SweepGroup::showBounded(std::size_t index, const QString& text)
 {
     NumberEdit& field = *m_rows[index].field;
@@ -225,7 +225,7 @@ void SweepGroup::commit(std::size_t index)
         *followed = QString();
 }
 
-/// What the field follows; null for one that has no part in the display as it is shown now.
+/// The value that the field follows; null for a field that follows nothing in the current mode.
 QString* SweepGroup::followedBy(std::size_t index)
 {
     if (isPowerSweep() || index > 1)
@@ -235,7 +235,7 @@ QString* SweepGroup::followedBy(std::size_t index)
 
 bool SweepGroup::canRun()
 {
-    // Leaving the field has said it already.
+    // Leaving the field has reported it already.
     if (std::exchange(m_isLeftForRun, false))
         return false;
     for (const FieldRow& row : m_rows) {

@@ -13,7 +13,7 @@ class QLabel;
 class QPushButton;
 class RunButton;
 
-/// What a sweep holds besides its points and dwell: frequencies in hertz or powers in dBm, as the
+/// A sweep's values apart from its points and dwell: frequencies in hertz or powers in dBm, as the
 /// fields show them.
 struct SweepValues {
     QString fixed;
@@ -38,22 +38,21 @@ public:
     NumberEdit& points() const { return *m_rows[3].field; }
     NumberEdit& dwell() const { return *m_rows[4].field; }
 
-    /// Whether there is something to run. If not, it is said which field is to blame.
+    /// Whether there is something to run. If not, a notice names the field at fault.
     bool canRun();
 
     SweepTexts texts() const;
     /// The values of the mode that is not chosen; the next change of mode shows them.
     SweepValues& valuesAside() { return m_valuesAside; }
 
-    /// Bounds the values of both modes by the limits that an instrument has told. Returns how many
+    /// Bounds the values of both modes by the limits read from an instrument. Returns how many
     /// had to change.
     int boundByLimits();
     /// From now on powers are bounded by the guard's highest level, too.
     void setPowerGuard(PowerGuard& guard);
 
     /// The display shows another power in dBm, or another frequency in hertz: the fixed power and
-    /// the start frequency follow it in silence, each as long as nobody has set it to something
-    /// else.
+    /// the start frequency follow it silently, each until it is set to something else.
     void followPower(const QString& text) { follow(&m_followedPower, 0, text); }
     void followFrequency(const QString& text) { follow(&m_followedFrequency, 1, text); }
 
@@ -88,11 +87,11 @@ private:
     RunButton* m_run;
     SweepValues m_valuesAside;
     PowerGuard* m_guard = nullptr;
-    // What was last taken from the display, or stood there at first. A value that is another has
-    // been edited, or restored by a profile; a null text: it has been once.
+    // The value last taken from the display, or the initial one. A different value has been edited,
+    // or restored by a profile; a null text: that has happened before.
     QString m_followedPower;
     QString m_followedFrequency;
-    /// The run button took the focus from a field without a number: what came back there is not
-    /// what the user wanted to run.
+    /// The run button took the focus from a field without a number: the restored value is not what
+    /// the user wanted to run.
     bool m_isLeftForRun = false;
 };

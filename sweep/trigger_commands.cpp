@@ -119,7 +119,8 @@ void TriggerCommands::slotModeIntFront(bool isManual)
         m_session.writeChecked(advanceCommand(isManual));
 }
 
-/// How the points advance. Running through all of them ends what manual stepping has prepared.
+/// How the points advance. Running through all of them ends manual stepping, which has to be
+/// prepared again.
 QString TriggerCommands::advanceCommand(bool isManual)
 {
     if (!isManual)
@@ -127,8 +128,8 @@ QString TriggerCommands::advanceCommand(bool isManual)
     return isManual ? onePointCommand : allPointsCommand;
 }
 
-/// Another trigger was chosen: a run that goes on follows at once, one that still loads its table
-/// takes it up when it starts.
+/// Another trigger was chosen: a run that is on follows at once, one that still loads its table
+/// uses it when it starts.
 void TriggerCommands::choiceChanged()
 {
     if (!isRunConnected() || progressBarForTable::liesWithin(m_panel.table()))

@@ -7,31 +7,31 @@ class QAbstractButton;
 class QString;
 class ScpiSession;
 
-/// Triggers and point stepping at work: what the list panel's trigger group chooses goes to the
-/// instrument, at the start of a run and while it goes on. Keeps whether the instrument is prepared
-/// for manual steps. Owns no widget, and starts and stops no run.
+/// Sends triggers and point steps: what is chosen in the list panel's trigger group goes to the
+/// instrument, at the start of a run and during it. Keeps whether the instrument is prepared for
+/// manual steps. Owns no widget, and starts and stops no run.
 class TriggerCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    /// `pulse` is the pulse modulation's switch: a trigger from outside clicks it off, since both
-    /// use the same input.
+    /// `pulse` is the pulse modulation's switch: an external trigger clicks it off, since both use
+    /// the same input.
     TriggerCommands(ScpiSession& session, List& panel, QAbstractButton& pulse,
                     QObject* parent = nullptr);
 
-    /// A run is about to start: manual stepping has to be prepared anew.
+    /// A run is about to start: manual stepping has to be prepared again.
     void forgetPreparation() { m_isManualPrepared = false; }
 
     /// Sends the trigger commands of the panel's choice; for manual stepping only once.
     void setUpTrigger();
 
-    /// Says whether the run repeats. Only in a run, and not while a table is being transferred.
+    /// Sends whether the run repeats. Only in a run, and not while a table is being transferred.
     void setUpContinuousMode();
 
 public slots:
-    /// Previous or next point; which, the sender's name tells. A sweep steps; a list only becomes
-    /// ready for it.
+    /// Previous or next point, by the sender's name. A sweep steps; a list is only prepared for
+    /// steps.
     void sharedCommand_List_Sweep();
     /// Moves a running list to a point, counted from 1.
     void dowloadPointList(int number);
@@ -39,13 +39,13 @@ public slots:
     void slotModeIntFront(bool isManual);
 
 signals:
-    /// What the window shows may have changed.
+    /// The state shown in the window may have changed.
     void refreshWanted();
     /// The instrument has stepped a sweep by one point: 1 up, -1 down.
     void stepped(int direction);
     /// The instrument has gone to this point of a list, counted from 1.
     void movedTo(int number);
-    /// The pulse modulation was switched off for a trigger from outside.
+    /// The pulse modulation was switched off for an external trigger.
     void pulseExcluded();
 
 private:

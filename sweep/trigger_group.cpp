@@ -77,7 +77,7 @@ void TriggerGroup::wire()
         });
         connect(button, &QAbstractButton::clicked, this, &TriggerGroup::triggerChosen);
     }
-    // A step is over at once; made here, before any other listener hears of the click.
+    // A step is over at once; connected here, before any other receiver of the click.
     for (QPushButton* button : {&previousPoint(), &nextPoint()}) {
         connect(button, &QAbstractButton::clicked, this, [this, button] {
             button->setChecked(false);

@@ -33,9 +33,9 @@ public:
     void retranslate();
 
 signals:
-    /// The user has chosen another source; a step to a point is none.
+    /// The user has chosen another source; a step to a point does not count.
     void triggerChosen();
-    /// Something of what the group shows has changed, by whatever hand.
+    /// Something that the group shows has changed, for whatever reason.
     void changed();
 
 private:

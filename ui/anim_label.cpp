@@ -5,7 +5,8 @@
 
 void animLabel::start(int milliseconds)
 {
-    // The effect takes an older one and its animation with it; at rest there is none to pay for.
+    // Setting the effect deletes an older one and its animation; without a fade no effect costs
+    // drawing time.
     auto* effect = new QGraphicsOpacityEffect(this);
     setGraphicsEffect(effect);
     auto* fade = new QPropertyAnimation(effect, "opacity", effect);

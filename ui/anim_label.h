@@ -2,7 +2,7 @@
 
 #include "ui/indicator.h"
 
-/// An indicator that fades in once when told to; showing and hiding it stay with its owner.
+/// An indicator that fades in once on request; showing and hiding it stay with its owner.
 class animLabel : public Indicator
 {
     Q_OBJECT
@@ -10,6 +10,6 @@ class animLabel : public Indicator
 public:
     using Indicator::Indicator;
 
-    /// Fades from nothing to full within `milliseconds`; a second call starts afresh.
+    /// Fades from nothing to full within `milliseconds`; a second call starts again.
     void start(int milliseconds);
 };

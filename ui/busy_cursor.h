@@ -3,7 +3,7 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-/// Shows the wait cursor for as long as it lives, on every way out.
+/// Shows the wait cursor during its lifetime.
 class BusyCursor
 {
 public:

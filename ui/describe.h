@@ -4,6 +4,6 @@
 
 class QWidget;
 
-/// How a control says what it is: the accessible name, which is the full one, as for somebody who
-/// does not see where the control stands, and a tool-tip for those who point at it.
+/// Describes a control: the accessible name, which is the full one, since the control's
+/// surroundings may not be seen, and a tool-tip for the mouse.
 void describe(QWidget* control, const QString& name, const QString& toolTip);

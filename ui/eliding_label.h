@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A line of text that ends in an ellipsis where it has no room, and tells all of it in its
-/// tool-tip then. The text itself stays whole.
+/// A line of text that ends in an ellipsis where there is no room, and then shows the full text in
+/// its tool-tip. The text itself stays complete.
 class ElidingLabel : public QLabel
 {
     Q_OBJECT

@@ -6,14 +6,14 @@ ErrorBox::ErrorBox(const QString& message, QWidget* parent)
     : PanelDialog(tr("Error"), message, parent)
 {
     setWindowModality(Qt::ApplicationModal);
-    QPushButton* cancel = addButton("cancel", tr("Cancel"), tr("Put the message away (Esc)"));
+    QPushButton* cancel = addButton("cancel", tr("Cancel"), tr("Close the message (Esc)"));
     cancel->setDefault(true);
     connect(cancel, &QPushButton::clicked, this, &QWidget::close);
 }
 
 ErrorBox* ErrorBox::report(const QString& message, QWidget* parent)
 {
-    // The newest says it; a pile of them would have to be put away one by one.
+    // Only the newest is shown; a pile of boxes would have to be closed one by one.
     if (parent) {
         const auto older = parent->findChildren<ErrorBox*>();
         for (ErrorBox* box : older)

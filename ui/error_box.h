@@ -2,7 +2,7 @@
 
 #include "ui/panel_dialog.h"
 
-/// The small box that shows one error message over the whole program until it is put away.
+/// The small box that shows one error message over the whole program until it is closed.
 /// It is shown without waiting and deletes itself when closed.
 class ErrorBox : public PanelDialog
 {

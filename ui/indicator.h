@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A lamp of the display: a word or an icon, the icon drawn in the label's own text colour
-/// whatever colour it came in. It holds no state; being shown, enabled or filled is its state.
+/// A lamp of the display: a word or an icon, the icon drawn in the label's own text colour whatever
+/// its own colour. It holds no state; being shown, enabled or filled is its state.
 class Indicator : public QLabel
 {
     Q_OBJECT

@@ -4,7 +4,7 @@ namespace
 {
 constexpr int mostCharacters = 200;
 const QChar ellipsis(0x2026);
-/// Takes no room; behind what begins a tag or an entity it makes neither.
+/// Has no width; after the character that begins a tag or an entity it prevents both.
 const QChar wordJoiner(0x2060);
 } // namespace
 

@@ -3,8 +3,8 @@
 #include <QString>
 #include <QTranslator>
 
-/// The language of the program: installs and removes the translation. Widgets hear of a change by
-/// QEvent::LanguageChange.
+/// The language of the program: installs and removes the translation. Widgets are notified of a
+/// change by QEvent::LanguageChange.
 class Language
 {
 public:

@@ -4,12 +4,12 @@
 
 class QSettings;
 
-/// Language and theme of the program: as the settings say, which also keep what is chosen while it
-/// runs. To be made before any window.
+/// Language and theme of the program: taken from the settings, which also store what is chosen
+/// while it runs. To be created before any window.
 class Look
 {
 public:
-    /// `languageCode`, where it is not empty, holds instead of the setting, and is not kept.
+    /// `languageCode`, if not empty, overrides the setting, and is not saved.
     Look(QSettings& settings, const QString& languageCode);
 
     /// "en" or "ru".

@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 /// A small dialog that looks like the panel: the logo and a title by which it is moved, some text,
 /// room below it, and a row of buttons. It blocks its parent's window once it is opened, and
-/// destroys itself when it is closed.
+/// deletes itself when it is closed.
 class PanelDialog : public QDialog
 {
     Q_OBJECT

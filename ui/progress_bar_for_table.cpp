@@ -18,7 +18,7 @@ progressBarForTable::progressBarForTable(int maximum, QWidget* table) : QProgres
 {
     setObjectName(barName);
     setAccessibleName(tr("Progress"));
-    setToolTip(tr("How far the table has got"));
+    setToolTip(tr("Progress of the table"));
     setRange(0, maximum);
     setValue(0);
     setFormat(QString());

@@ -3,9 +3,9 @@
 #include <QProgressBar>
 
 /// Lies over a table that is being read or written, keeps the mouse off it and shows how far the
-/// work has got, with a text above the bar. Its object name, "progressBarForTable", is how others
-/// see that the work goes on. Belongs to the table and follows its size; whoever works makes and
-/// destroys it. Holds no timer and stops nothing.
+/// work has got, with a text above the bar. Its object name, "progressBarForTable", shows others
+/// that the work is under way. Belongs to the table and follows its size; the worker creates and
+/// destroys it. Has no timer and stops nothing.
 class progressBarForTable : public QProgressBar
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     /// Whether a table within `place`, or `place` itself, is being read or written.
     static bool liesWithin(const QWidget& place);
 
-    /// One step further.
+    /// Advances by one step.
     void advance();
 
     /// What is going on, in a few words.

@@ -44,7 +44,7 @@ SidePanel::SidePanel(const QString& objectName, QWidget* parent)
 void SidePanel::growContent()
 {
     auto* column = static_cast<QVBoxLayout*>(layout());
-    // What keeps the controls to the top is the last item.
+    // The last item is the stretch that keeps the controls at the top.
     delete column->takeAt(column->count() - 1);
     column->setStretchFactor(m_content, 1);
 }

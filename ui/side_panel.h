@@ -6,8 +6,8 @@ class QLabel;
 class QToolButton;
 class QVBoxLayout;
 
-/// What every side panel is: a title, a close button and room for its controls. It neither moves
-/// nor hides itself; it asks to be closed.
+/// The base of every side panel: a title, a close button and room for its controls. It neither
+/// moves nor hides itself; it requests to be closed.
 class SidePanel : public QFrame
 {
     Q_OBJECT
@@ -18,13 +18,13 @@ public:
     void setTitle(const QString& title);
 
 signals:
-    /// The panel asks to be closed.
+    /// The panel requests to be closed.
     void hide_();
 
 protected:
     /// Where a panel puts its controls, below the title.
     QVBoxLayout* content() const { return m_content; }
-    /// Gives the controls all the height that the panel has; otherwise they keep to its top.
+    /// Gives the controls the whole height of the panel; otherwise they stay at its top.
     void growContent();
     QLabel* title() const { return m_title; }
     void changeEvent(QEvent* event) override;

@@ -7,9 +7,9 @@
 
 class QShortcut;
 
-/// A button whose keys outlive a new caption and which, when checkable, words its own state and
-/// fades from one look to the other on a click. It keeps no state beside QAbstractButton's checked
-/// one and decides nothing about it.
+/// A button that keeps its shortcuts when its caption changes and which, when checkable, has a
+/// caption for each state and fades from one look to the other on a click. Its only state is
+/// QAbstractButton's checked one, and it decides nothing about it.
 class StateButton : public QPushButton
 {
     Q_OBJECT

@@ -23,7 +23,7 @@ struct NamedColour {
     const char* dark;
 };
 
-// The display is one instrument in both themes; what lies on it keeps its colours.
+// The display looks the same in both themes; what lies on it keeps its colours.
 constexpr NamedColour colours[] = {
     {"body", "#eef1f4", "#1b2127"},        {"surface", "#ffffff", "#252d35"},
     {"press", "#dde4ea", "#34404b"},       {"line", "#b4bfc9", "#4a5762"},
@@ -38,7 +38,7 @@ constexpr NamedColour colours[] = {
     {"error", "#ff7a6b", "#ff7a6b"},
 };
 
-/// Has the style look again at a widget when a property that the sheet selects by has changed.
+/// Updates a widget's style when a property that the style sheet selects by has changed.
 class StateWatcher : public QObject
 {
 public:
@@ -140,7 +140,7 @@ void applyTheme(QApplication& application, ThemeName theme, bool russianImages)
         loadUiResources();
         loadFonts();
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-        // A steady cursor: to blink was all that the idle program did.
+        // A steady cursor: blinking was all that the idle program did.
         QApplication::setCursorFlashTime(0);
         application.installEventFilter(new StateWatcher(&application));
     }

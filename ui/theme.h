@@ -15,8 +15,8 @@ QColor themeColour(ThemeName theme, const QString& name);
 /// "_ru.png" counterpart is replaced by it.
 QString styleSheet(ThemeName theme, bool russianImages);
 
-/// Gives the whole program its font, palette and style sheet, and keeps widgets in step with the
-/// dynamic properties that the sheet looks at ("connected", "lit", "edited", "warning",
-/// "unlocked"): setting such a property is all that an owner has to do. To be called before windows
-/// are made; a later call changes theme or language.
+/// Gives the whole program its font, palette and style sheet, and updates widgets when a dynamic
+/// property that the sheet uses changes ("connected", "lit", "edited", "warning", "unlocked"):
+/// setting such a property is all that an owner has to do. To be called before windows are created;
+/// a later call changes theme or language.
 void applyTheme(QApplication& application, ThemeName theme, bool russianImages);

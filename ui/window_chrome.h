@@ -5,8 +5,8 @@
 
 class QMouseEvent;
 
-/// Makes a window frameless with see-through corners and lets the user move it by any spot that no
-/// control takes the mouse on. It draws nothing: border and corners are the style sheet's.
+/// Makes a window frameless with see-through corners and lets the user move it by any spot where no
+/// control takes the mouse. It draws nothing: border and corners are the style sheet's.
 class WindowChrome : public QObject
 {
     Q_OBJECT

@@ -9,7 +9,7 @@
 namespace
 {
 
-/// What an attribute reads as: a text or a number.
+/// The value of an attribute: a text or a number.
 struct State {
     State(const std::string& what) : text(what) {}
     State(std::uintptr_t what) : number(what) {}

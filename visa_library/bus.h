@@ -19,7 +19,8 @@ struct Resource {
     std::string model;
 };
 
-/// What the holder of an instrument keeps the sessions of every process out with. It never waits.
+/// The lock by which the holder of an instrument keeps out the sessions of every process. It never
+/// waits.
 class DeviceLock
 {
 public:
@@ -32,19 +33,19 @@ public:
     virtual void setNote(const std::string& text) = 0;
 };
 
-/// An instrument as one session has it open, until the session ends. It moves bytes and keeps no
-/// rules of VISA. What takes time goes by the call, its time-out and its ways to wait, so that
-/// others use the library meanwhile.
+/// An instrument as one session has it open, until the session ends. It transfers bytes and knows
+/// no rules of VISA. Anything that takes time uses the call's time-out and its ways to wait, so
+/// that others can use the library in the meantime.
 class Device
 {
 public:
     virtual ~Device() = default;
     virtual Resource resource() const = 0;
     virtual DeviceLock& lock() = 0;
-    /// Whether it was unplugged since it was opened; it stays lost when it is plugged in again.
+    /// Whether it was unplugged since it was opened; it stays lost when plugged in again.
     virtual bool isLost() const = 0;
 
-    /// What every call for the session begins with, before it is known whether a lock forbids it.
+    /// Called at the start of every call for the session, before the locks are checked.
     /// An error ends the call; a warning is returned where the call succeeds.
     virtual ViStatus begin(VisaCall& call, Use use) = 0;
     /// Sends bytes at once; end marks the end of the message.
@@ -78,7 +79,7 @@ public:
     /// What is plugged in. Opens nothing and waits for nothing.
     virtual std::vector<Resource> resources() const = 0;
     /// Opens an instrument, whoever has locked it: VI_SUCCESS or a warning with the device, else
-    /// VI_ERROR_RSRC_NFOUND or what hinders.
+    /// VI_ERROR_RSRC_NFOUND or another error.
     virtual ViStatus open(VisaCall& call, const ResourceName& name,
                           std::unique_ptr<Device>& device) = 0;
     /// Whether a lock is waited for as long as VISA says, or refused at once.
@@ -86,7 +87,7 @@ public:
 
     /// A client has called a function of the library, with whatever handle.
     virtual void callBegins(Use) {}
-    /// What happens besides messages, for a record: "find", with the expression, "open", "close".
+    /// Events other than messages, for a record: "find", with the expression, "open", "close".
     virtual void note(std::string_view /*what*/, std::string_view /*detail*/) {}
     /// What find lists answer for this attribute in place of the resource's own; null: nothing.
     virtual const AttributeReply* replacedAttribute(ViAttr) const { return nullptr; }

@@ -16,7 +16,7 @@ bool isKnown(ViEventType type)
     return std::find(std::begin(knownTypes), std::end(knownTypes), type) != std::end(knownTypes);
 }
 
-/// What every function here begins with: the session, and whether type and mechanism make sense.
+/// The start of every function here: the session, and whether type and mechanism are valid.
 class EventCall : public VisaCall
 {
 public:

@@ -148,7 +148,7 @@ ViStatus scanMemory(ViConstBuf buffer, ViConstString format, Arguments& argument
 
 } // namespace
 
-// The two ways to hand arguments over, for one implementation.
+// The two ways of passing arguments, for one implementation.
 #define WITH_ARGUMENTS(last, expression)                                                           \
     Arguments arguments;                                                                           \
     va_start(arguments.list, last);                                                                \

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// Nothing that is sent is wider; wider ones would only fill the memory.
+/// No real message is wider; a wider field would only fill the memory.
 constexpr int widestField = 1 << 20;
 
 /// One conversion of a format: what stands between "%" and its letter.
@@ -73,7 +73,7 @@ ViStatus Printer::run()
     return VI_SUCCESS;
 }
 
-// Languages without escapes of their own write them out, so the format knows them too.
+// Languages without escape sequences write them out, so the format supports them too.
 void Printer::putEscape()
 {
     static const char letters[] = "nrt\\\"";

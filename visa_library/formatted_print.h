@@ -5,22 +5,22 @@
 #include <string>
 #include <vector>
 
-/// A variable argument list that can be handed on and goes on where it stands.
+/// A variable argument list that can be passed on and continues where it was left.
 struct Arguments {
     va_list list;
 
     template <typename Value>
     Value next()
     {
-        // Whoever fills the list begins it. NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+        // The code that fills the list begins it. NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
         return va_arg(list, Value);
     }
 };
 
-/// What a write format and its arguments come to.
+/// The result of a write format and its arguments.
 struct PrintedText {
     std::string text;
-    std::vector<size_t> ends; ///< behind each line feed of the format, where a message ends
+    std::vector<size_t> ends; ///< after each line feed of the format, where a message ends
 };
 
 /// Formats by the VISA rules: conversions d i u o x X e E f g G s c b and %%, with flags, width,

@@ -268,8 +268,8 @@ void Scanner::storeFloating(const Conversion& conversion, double value)
         *m_arguments.next<float*>() = static_cast<float>(value);
 }
 
-// Copies bytes up to the room and up to the first that stops, by its own account before or behind
-// it. Returns how many were copied.
+// Copies bytes up to the room, as many as `stops` allows, which ends it by isDone. Returns how many
+// were copied.
 template <typename Stops>
 size_t Scanner::copyUntil(char* target, size_t room, Stops stops)
 {

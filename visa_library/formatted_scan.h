@@ -9,11 +9,11 @@ class ScanSource
 {
 public:
     virtual ~ScanSource() = default;
-    /// What is at hand; fetches more when there is nothing. Empty at the end of the message and on
-    /// a failure.
+    /// The bytes available; fetches more when there are none. Empty at the end of the message and
+    /// on a failure.
     virtual std::string_view available() = 0;
     virtual void consume(size_t count) = 0;
-    /// Before a conversion, which may go on with the next message.
+    /// Called before a conversion, which may continue with the next message.
     virtual void beginConversion() = 0;
     virtual ViStatus status() const = 0;
 };
@@ -22,6 +22,6 @@ public:
 /// (skip) and the sizes h l ll L. In place of a width, "#" takes it from a ViUInt32*: the room for
 /// %s %c %[ %t %T %b with its closing NUL on the way in, the bytes stored on the way out.
 /// %t reads to the end of the message, %T to a line feed or that end, %b a block.
-/// Errors: VI_ERROR_INV_FMT (the bytes do not fit the format, too), VI_ERROR_NSUP_FMT, and the
+/// Errors: VI_ERROR_INV_FMT (also if the bytes do not fit the format), VI_ERROR_NSUP_FMT, and the
 /// source's.
 ViStatus scanFormatted(const char* format, Arguments& arguments, ScanSource& source);

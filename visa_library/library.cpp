@@ -33,7 +33,7 @@ void VisaCall::sleep(std::chrono::microseconds interval)
     unlocked([interval] { std::this_thread::sleep_for(interval); });
 }
 
-// In slices: what happens on the bus may wake nobody.
+// In slices: an event on the bus may not wake the waiting thread.
 void VisaCall::wait(std::chrono::steady_clock::time_point deadline)
 {
     const auto slice = std::chrono::steady_clock::now() + std::chrono::milliseconds(20);

@@ -11,7 +11,7 @@
 /// The whole state of this process's VISA library. Reached only through a VisaCall, which locks it.
 struct Library {
     std::mutex mutex;
-    std::condition_variable changed; ///< an instrument got something to say, an event came, ...
+    std::condition_variable changed; ///< an instrument has a reply, an event came, ...
     Bus& bus = theBus();
     ObjectTable objects;
 };
@@ -22,12 +22,12 @@ class VisaCall
 public:
     /// No use: not a client's call.
     explicit VisaCall(std::optional<Use> use = Use::Other);
-    /// Runs what was put off, without the lock.
+    /// Runs what was deferred, without the lock.
     ~VisaCall();
     VisaCall(const VisaCall&) = delete;
     VisaCall& operator=(const VisaCall&) = delete;
 
-    /// Does what takes time without the lock.
+    /// Runs something that takes time, without the lock.
     template <typename Action>
     void unlocked(Action action)
     {
@@ -36,9 +36,10 @@ public:
         m_lock.lock();
     }
     void sleep(std::chrono::microseconds interval);
-    /// Waits without the lock until something changed, at most until the deadline and never long.
+    /// Waits without the lock until something changed, at most until the deadline and only for a
+    /// short time.
     void wait(std::chrono::steady_clock::time_point deadline);
-    /// Puts something off until the library is no longer locked (an event handler's call).
+    /// Defers something until the library is no longer locked (the call of an event handler).
     void defer(std::function<void()> action) { m_deferred.push_back(std::move(action)); }
 
     Library& library;

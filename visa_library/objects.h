@@ -8,7 +8,7 @@
 struct Object {
     virtual ~Object() = default;
 
-    ViSession owner = VI_NULL; ///< the session that it ends with; none for a resource manager
+    ViSession owner = VI_NULL; ///< the session that it is closed with; none for a resource manager
     std::uintptr_t userData = 0;
 };
 

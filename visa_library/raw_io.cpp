@@ -1,4 +1,5 @@
-// Messages as they are: read, write, status byte, trigger, clear, remote and local, and their kin.
+// Messages as they are: read, write, status byte, trigger, clear, remote and local, and related
+// functions.
 #include "visa_library/api.h"
 #include "visa_library/session.h"
 
@@ -31,7 +32,7 @@ ViStatus write(IoCall& call, ViConstBuf buffer, ViUInt32 count, ViPUInt32 return
     return call.send(bytes, call.session().isEndSent);
 }
 
-// Asynchronous jobs are done at once; their event tells how they went.
+// Asynchronous jobs are done at once; their event reports the result.
 ViStatus finishJob(IoCall& call, ViStatus status, ViUInt32 count, ViBuf buffer, ViPJobId job)
 {
     auto event = std::make_shared<EventContext>();

@@ -17,7 +17,8 @@ int length(size_t count)
 
 } // namespace
 
-/// Turns an expression into steps, part by part; what stops it early is against the rules.
+/// Turns an expression into steps, part by part; an expression that stops it early breaks the
+/// rules.
 class ResourceFilter::Reader
 {
 public:

@@ -6,7 +6,7 @@
 #include <vector>
 
 /// A search expression by the VISA rules: ? any character, * and + repeat what stands before,
-/// [list], [^list], | and ( ); a backslash takes the rules off the next character; in any case,
+/// [list], [^list], | and ( ); a backslash makes the next character literal; in any case,
 /// over the whole name. Conditions on attributes in braces are not known.
 class ResourceFilter
 {

@@ -68,7 +68,8 @@ bool ResourceLock::isLockedElsewhere()
     return !isFree;
 }
 
-// Whoever can lock alone is the first to share and writes down the key for those who follow.
+// A session that can lock exclusively is the first to share and writes down the key for those that
+// follow.
 bool ResourceLock::share(const std::string& requestedKey)
 {
     if (isExclusive() || m_lock.lock(true)) {

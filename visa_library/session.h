@@ -36,8 +36,8 @@ public:
 
     /// VI_SUCCESS, VI_ERROR_CONN_LOST or VI_ERROR_RSRC_LOCKED (by another session).
     ViStatus check();
-    /// Takes the lock that viOpen or viLock ask for, waiting for it as long as they may.
-    /// VI_ERROR_RSRC_LOCKED when it did not come free.
+    /// Takes the lock that viOpen or viLock ask for, waiting for it as long as they allow.
+    /// VI_ERROR_RSRC_LOCKED when it was not released.
     ViStatus waitForLock(VisaCall& call, ViAccessMode mode, ViUInt32 waitMs,
                          const std::string& key);
     /// Queues an event and has its handlers called, where it is enabled.
@@ -62,14 +62,14 @@ public:
     ViJobId lastJob = 0;
 };
 
-/// A call that talks to an instrument: finds the session and whether it may go on, moves messages
-/// and tells of requests for service; it does not format.
+/// A call that talks to an instrument: finds the session and whether it may go on, transfers
+/// messages and reports requests for service; it does not format.
 class IoCall : public VisaCall
 {
 public:
     IoCall(ViSession handle, Use use);
 
-    /// VI_SUCCESS when the call may go on.
+    /// VI_SUCCESS when the call may continue.
     ViStatus status() const { return m_status; }
     /// What the call returns after it went on: a warning of the device replaces success.
     ViStatus outcome(ViStatus status) const { return status == VI_SUCCESS ? m_warning : status; }

@@ -1,7 +1,7 @@
 // How tests reach behind the simulated instruments. Exported beside the VISA functions.
 #pragma once
 
-/// Carries out one command and returns its answer: what was asked for, "" or "error: ...". The text
+/// Executes one command and returns its answer: what was asked for, "" or "error: ...". The text
 /// is valid until the next call. Numbers may be hexadecimal (0xBFFF0015); in TEXT, \n \r
 /// \t \\ and \xHH stand for the bytes meant.
 ///

@@ -22,7 +22,7 @@ std::string_view sectionName(std::string_view line)
     return trimmed(line.substr(1, line.size() - 2));
 }
 
-/// A key of a section; faults are told by its line, 1 for the first.
+/// A key of a section; faults are reported with its line, 1 for the first.
 struct KeyLine {
     size_t number;
     size_t instrument;
@@ -96,7 +96,7 @@ DescribedInstruments parseDescriptions(std::string_view text)
                 present = descriptions.size();
                 continue;
             }
-            // A second section of an instrument goes on with the first.
+            // A second section of an instrument continues the first.
             present = indexOf(descriptions, serial);
             if (present == descriptions.size())
                 descriptions.emplace_back().serial = serial;

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-/// What a text says of instruments, a section about each.
+/// The instruments that a text describes, one section each.
 struct DescribedInstruments {
     std::vector<InstrumentDescription> instruments;
     /// "line 3: latencyUs is 0 to 60000000"; none of the text is to be used then.

@@ -6,7 +6,7 @@
 #include <map>
 #include <optional>
 
-/// What goes wrong at one I/O call.
+/// A fault at one I/O call.
 struct Fault {
     enum class Kind { Status, Vanish, Reply, Endless };
 
@@ -17,7 +17,7 @@ struct Fault {
     std::string reply;   ///< exact bytes in place of the instrument's
 };
 
-/// What a test wants to go wrong, and when. It only holds the wishes; the calls carry them out.
+/// The faults that a test has ordered, and when. It only holds them; the calls apply them.
 struct Faults {
     /// Counts one I/O call down and takes the fault that is due at it.
     std::optional<Fault> next();

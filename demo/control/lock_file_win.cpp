@@ -12,7 +12,7 @@ struct LockFile::Handle {
 namespace
 {
 
-// Windows locks bind what they cover: a byte far behind the note leaves the note readable.
+// Windows locks bind what they cover: a byte far beyond the note leaves the note readable.
 OVERLAPPED lockedByte()
 {
     OVERLAPPED place = {};

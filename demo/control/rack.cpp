@@ -16,7 +16,7 @@ std::string contentOf(const std::string& fileName)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// Beside the file and renamed into place, so that whoever watches it never reads half of it.
+// Written beside the file and renamed, so that a watcher never reads half of it.
 void replaceFile(const std::string& fileName, const std::string& text)
 {
     const std::string temporary = fileName + ".new";
@@ -30,7 +30,7 @@ void replaceFile(const std::string& fileName, const std::string& text)
         std::filesystem::remove(temporary, error);
 }
 
-// What the file says about an instrument that stays: its settings are its own.
+// Takes over what the file says about an instrument that stays; its settings are kept.
 void update(Instrument& instrument, const InstrumentDescription& description)
 {
     const bool isOtherMode = instrument.model.description.massStorage != description.massStorage;
@@ -95,7 +95,7 @@ void Rack::settle(Instrument& instrument)
     Model& model = instrument.model;
     if (model.leavesBus) {
         instrument.unplug();
-        // Read again afterwards: it comes back as an instrument just switched on.
+        // Read again afterwards: it comes back in the power-on state.
         if (!m_fileName.empty())
             replaceFile(m_fileName, inBootloader(contentOf(m_fileName), model.description.serial));
     }
@@ -125,7 +125,7 @@ std::shared_ptr<Instrument> Rack::first() const
 
 void Rack::readFile()
 {
-    // Not told by its time, which is whole seconds with some runtime libraries.
+    // Not detected by its time, which has whole seconds in some runtime libraries.
     const std::string text = contentOf(m_fileName);
     if (text == m_fileText)
         return;

@@ -6,8 +6,8 @@
 #include <memory>
 
 /// The bus: which instruments there are and which are plugged in. They come from the file named by
-/// KLV_DEMO_FILE, from a text, or are the one default instrument. It also carries out on the bus
-/// what a command asked for (coming back in another mode, leaving).
+/// KLV_DEMO_FILE, from a text, or are the one default instrument. It also does on the bus what a
+/// command asked for (coming back in another mode, leaving).
 class Rack
 {
 public:
@@ -23,7 +23,7 @@ public:
     const std::vector<std::shared_ptr<Instrument>>& instruments() const { return m_instruments; }
     /// Null when no instrument, plugged in or not, has the serial.
     std::shared_ptr<Instrument> find(std::string_view serial) const;
-    /// The first instrument, which takes what a test does without naming one; may be null.
+    /// The first instrument, which a test uses that names none; may be null.
     std::shared_ptr<Instrument> first() const;
 
 private:

@@ -4,8 +4,8 @@
 #include "demo/control/rack.h"
 #include "demo/control/wire_log.h"
 
-/// The bus of this process's simulated instruments, with what tests want to go wrong on it and the
-/// record of what passed.
+/// The bus of this process's simulated instruments, with the faults that tests order and the record
+/// of the traffic.
 class SimulatedBus final : public Bus
 {
 public:

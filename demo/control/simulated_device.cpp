@@ -119,7 +119,7 @@ ViStatus SimulatedDevice::awaitOutput(VisaCall& call)
     return VI_SUCCESS;
 }
 
-// Once: a call that sends and reads, or reads in pieces, comes by more than one time.
+// Once: a call that sends and reads, or reads in pieces, gets here several times.
 void SimulatedDevice::applyReplyFault()
 {
     if (!m_fault)

@@ -3,8 +3,8 @@
 #include "demo/control/lock_file.h"
 #include "demo/control/simulated_bus.h"
 
-/// One session's way to a simulated instrument: takes the fault that is due at a call, lets the
-/// latency pass, logs the messages.
+/// One session's connection to a simulated instrument: takes the fault that is due at a call, waits
+/// for the latency, logs the messages.
 class SimulatedDevice final : public Device
 {
 public:
@@ -32,7 +32,7 @@ private:
     const std::shared_ptr<Instrument> m_instrument;
     const unsigned m_plugNumber;
     LockFile m_lock;
-    std::optional<Fault> m_fault; ///< of the call that goes on
+    std::optional<Fault> m_fault; ///< of the current call
     std::string m_unlogged;       ///< sent without an end so far
     bool m_isServiceRequested = false;
 };

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-/// Notes what passes between host and instruments: for a person on stderr (KLV_DEMO_TRACE=1), and
+/// Records what passes between host and instruments: for a person on stderr (KLV_DEMO_TRACE=1), and
 /// for tests as a transcript of lines, kept from the first use of the control interface on.
 class WireLog
 {

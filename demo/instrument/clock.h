@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-/// The instruments' time: the steady clock, which a test may push forward or stop. Safe from any
+/// The instruments' time: the steady clock, which a test may advance or stop. Safe from any
 /// thread.
 namespace Clock
 {

@@ -132,7 +132,7 @@ const Command commands[] = {
 
 using Index = std::unordered_map<std::string, const Command*>;
 
-// Enters every header that the rest of a pattern can stand for after what was put together so far.
+// Adds every header that the rest of a pattern can stand for, appended to the header built so far.
 void enter(Index& index, const Command& command, const std::string& header, std::string_view rest)
 {
     if (rest.empty()) {

@@ -6,7 +6,7 @@ namespace
 {
 
 constexpr size_t listCapacity = 65536;
-/// Lists go down to it on every model.
+/// The lower limit of list frequencies on every model.
 constexpr double lowestListFrequencyHz = 1000;
 
 std::vector<double>& listOf(Settings& settings, Quantity quantity)

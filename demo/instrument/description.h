@@ -2,7 +2,7 @@
 
 #include "demo/instrument/quantities.h"
 
-/// What makes one generator another than the next.
+/// What distinguishes one generator from another.
 struct InstrumentDescription {
     std::string serial = "20215678";
     std::string maker = "Veltro";

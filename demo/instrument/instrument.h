@@ -9,7 +9,7 @@
 /// an empty one means that the query is not answered at all.
 using ReplyOverrides = std::unordered_map<std::string, std::string>;
 
-/// What the instrument has to say and has not been asked for yet. It never blocks.
+/// The output queue: replies that have not been read yet. It never blocks.
 class OutputQueue
 {
 public:
@@ -48,7 +48,7 @@ public:
     void pulseTriggerInput(bool rising);
     unsigned statusByte() const;
 
-    /// Off the bus and, with the next plug(), on it again; open sessions are lost either way.
+    /// Removed from the bus until the next plug(); open sessions are lost either way.
     void unplug();
     void plug();
     bool isPresent() const { return m_isPresent; }

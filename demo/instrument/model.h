@@ -33,7 +33,7 @@ struct Model {
     void reset();
     void raise(ScpiError error);
     void raise(int code, const std::string& text = {});
-    /// Tells the error queue whether the external reference is wanted and missing.
+    /// Updates the error queue: whether the external reference is selected and missing.
     void updateReferenceCondition();
     /// The status byte without the message-available bit.
     unsigned statusByte() const;
@@ -46,6 +46,6 @@ struct Model {
     unsigned char eventStatus = 0x80; ///< standard event status register: power on
     unsigned char eventEnable = 0;
     unsigned char serviceEnable = 0;
-    bool reenumerates = false; ///< a command switched the USB mode: the bus must be told
+    bool reenumerates = false; ///< a command switched the USB mode: the bus must follow
     bool leavesBus = false;    ///< a command started the bootloader
 };

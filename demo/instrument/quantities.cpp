@@ -7,7 +7,7 @@ namespace
 {
 
 // Pulse times are answered in microseconds with their unit, the dwell times in plain microseconds,
-// although both are set in seconds: a habit of the family.
+// although both are set in seconds: a peculiarity of the family.
 // clang-format off
 const QuantityInfo quantities[] = {
     // quantity                    name                  key unit and scale  unit           reply: decimals, scale, suffix  min    max      reset
@@ -39,7 +39,8 @@ const QuantityInfo quantities[] = {
 };
 // clang-format on
 
-/// What the arithmetic of runs, tables and replies is made for, in the unit that is set.
+/// The largest limits that the arithmetic of runs, tables and replies can handle, in the unit that
+/// is set.
 const struct {
     Unit unit;
     Range range;

@@ -39,7 +39,7 @@ struct Range {
     double minimum = 0;
     double maximum = 0;
 
-    /// The value, or the end of the range that is next to it.
+    /// The value, bounded by the range.
     double bounded(double value) const { return std::min(std::max(value, minimum), maximum); }
 };
 
@@ -75,6 +75,6 @@ Limits defaultLimits();
 void applyModel(Limits& limits, const std::string& model);
 /// Applies a key such as "frequencyMaxHz"; one that no quantity has changes nothing.
 void applyLimitKey(Limits& limits, std::string_view key, double number);
-/// Why an applied key cannot stand, all of the description being applied: "frequencyMaxHz is 0 to
-/// 1000000000000"; empty where it can, or where no quantity has the key.
+/// Why an applied key is not valid, once all of the description is applied: "frequencyMaxHz is 0 to
+/// 1000000000000"; empty if it is, or if no quantity has the key.
 std::string limitFault(const Limits& limits, std::string_view key, double number);

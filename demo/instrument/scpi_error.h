@@ -4,7 +4,7 @@
 #include <set>
 #include <string>
 
-// What a command can end with. Positive codes are the instrument's own.
+// The result of a command. Positive codes are the instrument's own.
 enum class ScpiError : int {
     None = 0,
     InvalidCharacter = -101,

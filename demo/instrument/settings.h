@@ -10,19 +10,19 @@ constexpr size_t switchCount = static_cast<size_t>(Switch::Continuous) + 1;
 /// Settings with a few named values; each holds the index of its keyword, 0 after a reset.
 enum class Choice : size_t {
     ReferenceSource, ///< internal, external
-    AmSource,        ///< internal, external; likewise the three below
+    AmSource,        ///< internal, external; the three below as well
     FmSource,
     PmSource,
     PulseSource,
-    AmShape, ///< sine, ramp, triangle, random, square; likewise the two below
+    AmShape, ///< sine, ramp, triangle, random, square; the two below as well
     FmShape,
     PmShape,
     LfoShape, ///< the same and DC
-    AmRamp,   ///< rising, falling; likewise the three below
+    AmRamp,   ///< rising, falling; the three below as well
     FmRamp,
     PmRamp,
     LfoRamp,
-    FrequencyMode, ///< RunMode; likewise PowerMode
+    FrequencyMode, ///< RunMode; PowerMode as well
     PowerMode,
     TriggerSource, ///< TriggerSource
     TriggerSlope,  ///< rising, falling

@@ -6,7 +6,7 @@
 namespace
 {
 
-// With the immediate source every trigger is there already: the run is free even point by point.
+// With the immediate source no trigger is waited for: the run is free even point by point.
 bool isStepwise(const Settings& settings)
 {
     return settings.choiceAs<TriggerSource>(Choice::TriggerSource) != TriggerSource::Immediate &&
@@ -131,7 +131,7 @@ void SweepEngine::advance(const Settings& settings, Clock::Microseconds now)
 
 void SweepEngine::settingsChanged(const Settings& settings, Clock::Microseconds now)
 {
-    // To be repeated, a pass that has ended begins anew.
+    // A pass that has ended starts again when it is to be repeated.
     if (m_state == State::Idle && m_point > 0 && settings.isOn(Switch::Continuous)) {
         m_state = State::Waiting;
         m_point = 0;
@@ -141,7 +141,7 @@ void SweepEngine::settingsChanged(const Settings& settings, Clock::Microseconds 
         abort();
         return;
     }
-    // Also of a run that has ended and stays at its last point.
+    // Also for a run that has ended and stays at its last point.
     m_point = std::min(m_point, count);
     if (m_state == State::Running && isStepwise(settings))
         m_state = State::Waiting;
@@ -211,7 +211,7 @@ double SweepEngine::secondsBefore(const Settings& settings, size_t point) const
 size_t SweepEngine::pointAt(const Settings& settings, double seconds) const
 {
     const size_t count = pointCount(settings);
-    // Clock ticks are whole microseconds: half a tick keeps a boundary on its own side.
+    // Clock ticks are whole microseconds: half a tick keeps a boundary on the correct side.
     double left = seconds + 0.5e-6;
     size_t point = 1;
     if (modeOf(settings) == RunMode::Sweep)

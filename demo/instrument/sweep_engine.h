@@ -3,8 +3,8 @@
 #include "demo/instrument/clock.h"
 #include "demo/instrument/settings.h"
 
-/// Steps through the points of a sweep or list. It holds only where the run stands; the points come
-/// from the settings and time from the clock, so that nothing happens until somebody asks.
+/// Steps through the points of a sweep or list. It holds only the position of the run; the points
+/// come from the settings and time from the clock, so that nothing happens until it is queried.
 class SweepEngine
 {
 public:
@@ -18,14 +18,14 @@ public:
     /// Goes to a point (1 is the first) of the run; DataOutOfRange, SettingsConflict when idle.
     ScpiError moveTo(const Settings& settings, size_t point, Clock::Microseconds now);
     void abort();
-    /// Brings the point up to the present; to be called before settings change or are observed.
+    /// Updates the point to the current time; to be called before settings change or are read.
     void advance(const Settings& settings, Clock::Microseconds now);
     /// Follows a change in a run: of the trigger source, the list mode, or of the points, which
     /// ends the run when none are left or a sweep is mixed with a list.
     void settingsChanged(const Settings& settings, Clock::Microseconds now);
 
     State state() const { return m_state; }
-    /// The present point, 1 for the first, 0 while none has been reached.
+    /// The current point, 1 for the first, 0 while none has been reached.
     size_t point() const { return m_point; }
     /// 0 when there is nothing to run.
     size_t pointCount(const Settings& settings) const;

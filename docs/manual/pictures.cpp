@@ -1,5 +1,5 @@
-// Makes the manual's pictures of one language and theme: the window itself, worked by the names of
-// its controls on the simulated instrument, draws what is saved.
+// Makes the manual's pictures of one language and theme: the window itself, operated by the names
+// of its controls with the simulated instrument, draws what is saved.
 #include "app/main_window.h"
 #include "ui/resources.h"
 
@@ -139,7 +139,7 @@ void Photographer::saveProfiles() const
         enter("openSaveProfile", "profile_name", QLatin1String(name));
         QTest::qWait(settleMs);
     }
-    // What has just been saved is told in the window, not in the panel.
+    // The notice about saving is shown in the window, not in the panel.
     save(get<QWidget>("openSaveProfile"), "profiles");
     click("profiles");
 }

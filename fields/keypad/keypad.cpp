@@ -144,7 +144,8 @@ void Keypad::watch(NumberEdit* field)
     field->installEventFilter(this);
     field->window()->installEventFilter(this);
     connect(field, &QObject::destroyed, this, [this] {
-        // A widget tells its end while it is no longer a line edit, yet still known by its pointer.
+        // The signal comes when the widget is no longer a line edit, but is still known by its
+        // pointer.
         m_field.clear();
         close();
     });
@@ -170,7 +171,7 @@ bool Keypad::eventFilter(QObject* watched, QEvent* event)
     const bool isFieldChange = watched == m_field && (event->type() == QEvent::Hide ||
                                                       event->type() == QEvent::EnabledChange ||
                                                       event->type() == QEvent::ReadOnlyChange);
-    // Here Escape does not bring back the number: it closes the keypad.
+    // Here Escape does not restore the number: it closes the keypad.
     const bool isEscape = watched == m_entry && event->type() == QEvent::KeyPress &&
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
     if (isBlocked || isEscape || (isFieldChange && !canBeTypedInto(*m_field)))
@@ -241,7 +242,7 @@ void Keypad::showPresent()
 void Keypad::updateKeys()
 {
     const bool hasNumber = !enteredNumber().isEmpty();
-    // A unit other than its own would scale the present value by a slip.
+    // A key of another unit would scale the current value by mistake.
     m_keys->enableUnits(hasNumber, m_isTyped ? std::nullopt : std::optional<int>(plainPower()));
     m_enter->setEnabled(hasNumber || (m_isStepPage && m_entry->text().isEmpty()));
 }
@@ -276,7 +277,7 @@ void Keypad::retranslate()
     const QString name = m_field->accessibleName();
     m_title->setText(m_isStepPage ? tr("%1: step").arg(name) : name);
     m_entry->setAccessibleName(m_title->text());
-    m_entry->setToolTip(m_isStepPage ? tr("Type the step; Return takes it")
+    m_entry->setToolTip(m_isStepPage ? tr("Type the step; Return applies it")
                                      : tr("Type the number; Return or a unit enters it"));
     m_unit->setText(unitText(units(), plainPower()));
     m_unit->setVisible(!m_unit->text().isEmpty());
@@ -292,7 +293,7 @@ void Keypad::retranslate()
 
 QString Keypad::limitsText() const
 {
-    // No instrument tells how many points there may be.
+    // No instrument reports how many points are allowed.
     Range limits = m_entry->range();
     const std::optional<int> ceiling =
         m_guard && kind() == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
@@ -336,7 +337,7 @@ void Keypad::keyPressEvent(QKeyEvent* event)
     }
 }
 
-/// As if typed on the keyboard, so that validator, grouping and unit letters do as they do there.
+/// As if typed on the keyboard, so that validator, grouping and unit letters work in the same way.
 void Keypad::type(int key, const QString& text)
 {
     // With this reason the selection stays as it is.
@@ -345,8 +346,8 @@ void Keypad::type(int key, const QString& text)
     QCoreApplication::sendEvent(m_entry, &press);
 }
 
-/// Over a selected number the sign begins a new one, as typed; else it turns the sign of the
-/// number.
+/// Over a selected number the sign begins a new one, as when typed; otherwise it changes the sign
+/// of the number.
 void Keypad::changeSign()
 {
     const QString minus = QStringLiteral("-");
@@ -392,7 +393,7 @@ void Keypad::acceptStep(int power)
     const QString number = enteredNumber();
     if (power != 0 && !number.isEmpty())
         m_entry->setText(shiftedDecimal(number, power));
-    // An empty line is given the clipboard's text and stays.
+    // An empty line takes the clipboard's text and stays open.
     if (acceptStepEntry(*m_entry))
         showPage(false);
 }
@@ -402,7 +403,7 @@ void Keypad::commit(const QString& text)
     const QPointer<NumberEdit> field = m_field;
     if (!accepts(*field, text))
         return;
-    // Closed first: what the field announces may open a dialog, or the keypad for another field.
+    // Closed first: the field's signal may open a dialog, or the keypad for another field.
     close();
     if (field)
         field->commit(text);

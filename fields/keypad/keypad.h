@@ -16,7 +16,7 @@ struct FieldContext;
 
 /// The on-screen keypad: types a number or a step size for one numeric field at a time. A popup
 /// beside the field; it owns its entry line and no field, bounds nothing and sends nothing. What is
-/// entered is typed into the field and announced there once, as by Return. A press elsewhere,
+/// entered is typed into the field and committed there once, as by Return. A press elsewhere,
 /// Escape, or the field going away close it without a change.
 class Keypad : public QFrame
 {
@@ -25,11 +25,11 @@ class Keypad : public QFrame
 public:
     Keypad(const FieldContext& context, QWidget* window);
 
-    /// Opens for a field, or turns to it when already open. One that cannot be typed into is left
-    /// alone.
+    /// Opens for a field, or switches to it when already open. Ignores a read-only or disabled
+    /// field.
     void openFor(NumberEdit* field);
 
-    /// Who knows of a highest power of the user's own; outlives the keypad's use.
+    /// The guard that knows the user's highest power; outlives the keypad's use.
     void setPowerGuard(const PowerGuard& guard) { m_guard = &guard; }
 
     /// The field it is open for; none while it is closed.
@@ -48,7 +48,7 @@ private:
     void watch(NumberEdit* field);
     void release();
     void place();
-    /// Turns to the value of the field, or to the step of its quantity.
+    /// Switches to the value of the field, or to the step of its quantity.
     void showPage(bool isStepPage);
     void setUpEntry();
     void showPresent();
@@ -56,7 +56,7 @@ private:
     void retranslate();
     QString limitsText() const;
     FieldKind kind() const;
-    /// The present step of the quantity; none where it does not step.
+    /// The current step of the quantity; none where it does not step.
     std::optional<double> step() const;
     std::vector<EntryUnit> units() const;
     /// The power of ten of the kind's own unit that a number without a unit counts in.
@@ -74,7 +74,7 @@ private:
     QPointer<NumberEdit> m_field;
     const PowerGuard* m_guard = nullptr;
     bool m_isStepPage = false;
-    bool m_isTyped = false; ///< the entry line holds the user's number, not the present one
+    bool m_isTyped = false; ///< the entry line holds the user's number, not the current one
 
     QLabel* m_title;
     QToolButton* m_close;

@@ -10,7 +10,7 @@
 class QGridLayout;
 class QPushButton;
 
-/// The keys of the keypad: digits, sign, point, editing, step arrows and units. Says what was
+/// The keys of the keypad: digits, sign, point, editing, step arrows and units. Reports what was
 /// pressed and knows neither the number nor the field.
 class KeypadKeys : public QWidget
 {
@@ -21,8 +21,8 @@ public:
 
     explicit KeypadKeys(QWidget* parent);
 
-    /// A push button as all of the keypad's are: large enough for a finger, and the mouse does not
-    /// take the focus from the entry line with it.
+    /// A push button of the keypad: large enough for a finger, and a click does not take the focus
+    /// from the entry line.
     static QPushButton* makeButton(const QString& objectName, QWidget* parent);
 
     void setCharacters(bool hasSign, bool hasPoint);

@@ -18,7 +18,7 @@ TrailingInput::TrailingInput() : QObject(QCoreApplication::instance())
 
 bool TrailingInput::eventFilter(QObject* watched, QEvent* event)
 {
-    // The window system's own events come first to the window, then to one widget.
+    // The window system's own events reach the window first, then one widget.
     if (m_isOver || !watched->isWidgetType())
         return false;
     switch (event->type()) {

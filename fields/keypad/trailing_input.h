@@ -2,9 +2,9 @@
 
 #include <QObject>
 
-/// Swallows what still comes of the input that closed a popup, so that it does not reach what lay
-/// beneath: the second half of a double click and the repetitions of a held key. The next press
-/// that is neither ends it. Deletes itself.
+/// Discards the rest of the input that closed a popup, so that it does not reach what lies beneath:
+/// the second half of a double click and the repetitions of a held key. The next press that is
+/// neither ends it. Deletes itself.
 class TrailingInput : public QObject
 {
     Q_OBJECT

@@ -24,9 +24,9 @@ constexpr int spacing = 8;
 constexpr int sectionSpacing = 16;
 constexpr int rowHeight = 32;
 constexpr int leastRowsInSight = 6;
-/// More than fit on a screen; of thousands, the making of each takes its time.
+/// More than fit on a screen; with thousands of profiles, creating every row would take long.
 constexpr int rowsAtOnce = 50;
-/// Files that change together are looked at once.
+/// Files that change together are handled once.
 constexpr int changesMs = 100;
 } // namespace
 
@@ -126,7 +126,7 @@ void openSaveProfile::refresh()
     watchFolder();
     m_found.clear();
     m_profiles.getQuickProfiles();
-    // What is shown may be in use: a name may be being typed.
+    // A row that is shown may be in use: a name may be being typed.
     if (m_found == m_shown)
         return;
     m_shown = m_found;
@@ -140,7 +140,7 @@ void openSaveProfile::showRows()
     for (QuickProfileRow* row : qAsConst(m_rows)) {
         if (row->isAncestorOf(focusWidget()))
             focused = m_rows.indexOf(row);
-        // Its name is its successor's at once, but it may be what has led here.
+        // Its name passes to its successor at once, but it may be the sender of the current signal.
         row->hide();
         row->setParent(nullptr);
         row->deleteLater();
@@ -200,7 +200,7 @@ void openSaveProfile::saveNamed()
         return;
     }
     askBefore(window(), tr("Profiles"),
-              tr("Replace the quick profile \"%1\" by the present settings?").arg(name),
+              tr("Replace the quick profile \"%1\" by the current settings?").arg(name),
               tr("Replace"), [this, name] { saveAs(name); });
 }
 
@@ -232,17 +232,17 @@ void openSaveProfile::retranslate()
     SidePanel::retranslate();
     setTitle(tr("Profiles"));
     m_heading->setText(tr("Quick profiles"));
-    m_none->setText(tr("None yet: give the present settings a name and save them."));
+    m_none->setText(tr("None yet: give the current settings a name and save them."));
     m_nameCaption->setText(tr("Name"));
     m_save->setText(tr("Save"));
     m_open->setText(tr("Open file..."));
     m_saveFile->setText(tr("Save file..."));
     describe(m_name, tr("Name of a new quick profile"),
-             tr("Name under which the present settings are saved; Return saves"));
+             tr("Name under which the current settings are saved; Return saves"));
     describe(m_save, tr("Save as quick profile"),
-             tr("Save the present settings as a quick profile of this name"));
+             tr("Save the current settings as a quick profile of this name"));
     describe(m_open, tr("Open file"), tr("Apply a profile from a file"));
-    describe(m_saveFile, tr("Save file"), tr("Save the present settings to a file"));
+    describe(m_saveFile, tr("Save file"), tr("Save the current settings to a file"));
     for (QuickProfileRow* row : qAsConst(m_rows))
         row->retranslate();
 }

@@ -15,13 +15,13 @@ class QuickProfileRow;
 class openSave_XML_FILE;
 
 /// The profiles panel: quick profiles to apply, save, rename and delete, and the files of profiles.
-/// Follows what files appear and vanish in the folder. It reads and writes none itself.
+/// Follows the files that appear and vanish in the folder. It reads and writes none itself.
 class openSaveProfile : public SidePanel
 {
     Q_OBJECT
 
 public:
-    /// The keys that apply quick profiles work all over the window that `parent` is of.
+    /// The keys that apply quick profiles work in the whole window of `parent`.
     openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent);
 
     /// Applies the quick profile of that number, which counts from 1, if there is one.

@@ -18,7 +18,7 @@ namespace
 constexpr int spacing = 8;
 constexpr int keyWidth = 48;
 constexpr int toolSide = 32;
-/// Frame and padding of the button, beside its text.
+/// Frame and padding of the button, in addition to its text.
 constexpr int aroundText = 32;
 
 QToolButton* newTool(const QString& objectName, const QString& image, QWidget* parent)

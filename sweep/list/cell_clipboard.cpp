@@ -37,7 +37,7 @@ PastedCells pastedCells(const QString& text, int firstColumn)
         std::vector<QString> cells;
         int column = firstColumn;
         for (const QString& cell : line.split(QLatin1Char('\t'))) {
-            // What is beyond the last column goes nowhere.
+            // Cells beyond the last column are dropped.
             const FieldKind kind = PointTable::kind(std::min(column++, pointColumnCount - 1));
             const std::optional<QString> number = readQuantity(cell, kind);
             if (!number && !withoutBlanks(cell).isEmpty()) {

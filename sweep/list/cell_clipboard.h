@@ -12,10 +12,10 @@ struct CellSpan;
 /// would take for text.
 QString copiedText(const PointRows& points, const CellSpan& span);
 
-/// What a pasted text holds.
+/// The contents of a pasted text.
 struct PastedCells {
     std::vector<std::vector<QString>> texts; ///< lines of plain decimal numbers or empty texts
-    QString strange;                         ///< the first cell that is no number; none otherwise
+    QString strange; ///< the first cell that is not a number; none otherwise
 };
 
 /// Reads cells as spreadsheets write them, see readQuantity(), with the units of their columns.

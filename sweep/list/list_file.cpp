@@ -38,7 +38,7 @@ bool isNumberOrEmpty(const QString& field)
     };
     if (std::all_of(field.begin(), field.end(), isBlankOrDigit))
         return true;
-    // A number would pass over a carriage return, which ends a line.
+    // Number parsing would skip a carriage return, which ends a line.
     const bool isPrinted = std::all_of(field.begin(), field.end(), [](QChar c) {
         return c >= QLatin1Char(' ') && c <= QLatin1Char('~');
     });
@@ -130,7 +130,7 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         return read;
     };
     std::array<char, longestLine + 1> line;
-    /// What is wrong with the first line if no points follow it.
+    /// What is wrong with the first line if no points follow.
     std::optional<std::pair<int, QString>> headingError;
     for (;;) {
         const qint64 length = file.readLine(line.data(), line.size());

@@ -6,37 +6,37 @@
 #include <QByteArray>
 
 // Lists as comma-separated text: one row a line, the cells as displayed, in UTF-8, each line ended
-// by a line feed. Read are also lines separated by semicolons, with decimal commas.
+// by a line feed. Fields separated by semicolons, with decimal commas, are read as well.
 
-/// A longer file is no list that anybody has made.
+/// No real list makes a longer file.
 constexpr int mostListLines = 1000000;
 
-/// In characters; a number takes a third of it.
+/// In characters; a number takes a third of that.
 constexpr int longestCell = 64;
 
 enum class ListFileError {
     None,
     NotOpened,
-    NotRead,      ///< the reading broke off
-    NotText,      ///< not text in UTF-8, or a line of absurd length
-    NoNumber,     ///< a field that is no number
+    NotRead,      ///< reading failed
+    NotText,      ///< not valid UTF-8 text, or a line far too long
+    NoNumber,     ///< a field that is not a number
     LongCell,     ///< a field of more than longestCell characters
     TooManyLines, ///< more than mostListLines
-    Cancelled,    ///< by whoever watches the progress
+    Cancelled,    ///< by the caller, through the progress
 };
 
 struct ReadList {
     PointRows rows;          ///< empty after an error
-    bool hasHeading = false; ///< the first line held no number and was passed over
+    bool hasHeading = false; ///< the first line held no number and was skipped
     ListFileError error = ListFileError::None;
     int line = 0;   ///< where the error is, counted from 1
-    QString detail; ///< the field that is no number, or what the system says
+    QString detail; ///< the field that is not a number, or the system's message
 };
 
 QByteArray listText(const PointRows& points);
 
-/// Reads all of a file before it tells of any row. Fields are taken as they stand but for
-/// blanks of any kind and tabs, which become plain blanks, and their values not looked at; fields
-/// beyond the third are dropped, missing ones empty, blank lines skipped. A first line of text in
-/// which no field is a number is a heading, where points follow.
+/// Reads all of a file before it returns any row. Fields are taken as they stand except that blanks
+/// of any kind and tabs become plain blanks, and their values are not checked; fields beyond the
+/// third are dropped, missing ones empty, blank lines skipped. A first line of text in which no
+/// field is a number is a heading, where points follow.
 ReadList readListFile(const QString& path, FileProgress* progress = nullptr);

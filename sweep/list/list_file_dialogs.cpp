@@ -15,7 +15,7 @@
 namespace
 {
 const QString suffix = QStringLiteral(".csv");
-/// More than that take their time to show, and are perhaps not what was meant.
+/// More than that take long to show, and are perhaps not what was meant.
 constexpr std::size_t unaskedRows = 100000;
 
 QString proposedName()
@@ -88,9 +88,8 @@ void ListFileDialogs::openFrom(const QString& path)
             return;
         m_table->scrollToTop();
         if (hasHeading)
-            m_table->context().notices.say([name] {
-                return tr("%1: the first line is a heading and was passed over").arg(name);
-            });
+            m_table->context().notices.say(
+                [name] { return tr("%1: the first line is a heading and was skipped").arg(name); });
     };
     if (read.error != ListFileError::None)
         tellError(name, read);
@@ -112,7 +111,7 @@ void ListFileDialogs::tellError(const QString& name, const ReadList& read)
         notices.say([name] { return tr("Not opened: %1").arg(name); });
         break;
     case ListFileError::LongCell:
-        emit errorMessage(tr("%1 is not a list: a field in line %2 is longer than %3 characters")
+        emit errorMessage(tr("%1, line %2: a field is longer than %3 characters")
                               .arg(name)
                               .arg(read.line)
                               .arg(longestCell));
@@ -126,17 +125,14 @@ void ListFileDialogs::tellError(const QString& name, const ReadList& read)
         emit errorMessage(tr("%1 cannot be read: %2").arg(name, read.detail));
         break;
     case ListFileError::NotText:
-        emit errorMessage(tr("%1 is not a list: it is no text in UTF-8").arg(name));
+        emit errorMessage(tr("%1: not valid UTF-8 text").arg(name));
         break;
     case ListFileError::NoNumber:
-        emit errorMessage(tr("%1 is not a list: \"%3\" in line %2 is no number")
-                              .arg(name)
-                              .arg(read.line)
-                              .arg(read.detail));
+        emit errorMessage(
+            tr("%1, line %2: \"%3\" is not a number").arg(name).arg(read.line).arg(read.detail));
         break;
     case ListFileError::TooManyLines:
-        emit errorMessage(
-            tr("%1 is not a list: it has more than %2 lines").arg(name).arg(mostListLines));
+        emit errorMessage(tr("%1: more than %2 lines").arg(name).arg(mostListLines));
         break;
     }
 }

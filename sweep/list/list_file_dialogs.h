@@ -5,7 +5,7 @@
 class PointTable;
 struct ReadList;
 
-/// Asks for the files that a list is saved to and opened from, and does so. Owns no list.
+/// Asks for a file and saves the list to it, or opens one. Owns no list.
 class ListFileDialogs : public QObject
 {
     Q_OBJECT
@@ -14,11 +14,11 @@ public:
     explicit ListFileDialogs(PointTable* table);
 
     void save();
-    /// The table keeps what it holds unless all of the file is a list.
+    /// The table keeps its rows unless the whole file is a valid list.
     void open();
 
 signals:
-    /// Something went wrong that the user must not miss.
+    /// An error that the user must not miss.
     void errorMessage(const QString& message);
 
 private:

@@ -19,7 +19,7 @@
 namespace
 {
 constexpr int iconSide = 20;
-/// Fewer rows than these have nothing between their ends.
+/// With fewer rows there is nothing between the ends.
 constexpr int fewestRowsToFill = 3;
 
 bool isFill(std::size_t command)
@@ -194,8 +194,8 @@ void PointActions::move(int direction)
         m_table->selectRows(chosen.front() + direction, chosen.back() + direction);
 }
 
-/// Between the ends of the selection. A selection without anything between stands for its whole
-/// columns, for filling down for all that lies below it.
+/// Fills between the ends of the selection. A selection with nothing in between stands for its
+/// whole columns or, when filling down, for all rows below it.
 void PointActions::fill(Fill fill)
 {
     CellSpan span = chosenCells();
@@ -236,7 +236,7 @@ void PointActions::copy()
 void PointActions::refusePaste(const QString& text)
 {
     m_table->context().notices.say(
-        [text = text.trimmed()] { return tr("Not pasted: \"%1\" is no number").arg(text); });
+        [text = text.trimmed()] { return tr("Not pasted: \"%1\" is not a number").arg(text); });
 }
 
 /// A single number goes into every cell chosen; a range from the first cell chosen on.
@@ -255,7 +255,7 @@ void PointActions::paste()
         return;
     const bool isSingle = pasted.texts.size() == 1 && pasted.texts.front().size() == 1;
     if (isSingle && span.firstRow >= 0) {
-        // A number with a unit suits the columns of its kind only.
+        // A number with a unit fits only columns of its kind.
         for (int other = column + 1; other <= span.lastColumn; ++other) {
             if (pastedCells(copied, other).texts == pasted.texts)
                 continue;

@@ -11,8 +11,8 @@ class QAction;
 class QMenu;
 class QPushButton;
 
-/// What can be done with the rows of a list at the user's wish: as actions of the table's context
-/// menu and keys, and as buttons. Each is one step of undo. Belongs to the table.
+/// The user's commands for the rows of a list: as actions of the table's context menu and keys, and
+/// as buttons. Each is one step of undo. Belongs to the table.
 class PointActions : public QObject
 {
     Q_OBJECT
@@ -45,7 +45,7 @@ public:
     /// A button that opens a menu of the three ways to fill.
     QPushButton* newFillButton(const QString& objectName, QWidget* parent) const;
 
-    /// Replaces all rows by these; nothing to replace them by changes nothing.
+    /// Replaces all rows by these; without any the table stays as it is.
     void generate(const PointRows& rows);
 
     void retranslate();

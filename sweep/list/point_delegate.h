@@ -5,7 +5,7 @@
 class PointTable;
 
 /// Draws the cells of the list's points, the one reached marked, and edits them as fields of their
-/// columns' kinds. What becomes of an edited text is the table's.
+/// columns' kinds. The table processes an edited text.
 class PointDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

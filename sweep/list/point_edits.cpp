@@ -18,7 +18,7 @@ QString& cellOf(PointRows& rows, int row, int column)
     return rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
 }
 
-/// The number of a cell; none for an empty one and for what is no number.
+/// The number in a cell; none for an empty one and for text that is not a number.
 std::optional<double> numberOf(const QString& text)
 {
     bool isNumber = false;

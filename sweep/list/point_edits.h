@@ -6,7 +6,7 @@
 
 class InstrumentLimits;
 
-// Changes of a list as values: what they would change, for a table to carry out. Rows and columns
+// Changes of a list as values, for a table to apply. Rows and columns
 // count from 0; rows given as numbers are in rising order and not empty.
 
 /// Cells in a rectangle, both ends included.

@@ -11,7 +11,7 @@ constexpr int pointColumnCount = 3;
 using PointRow = std::array<QString, pointColumnCount>;
 using PointRows = std::vector<PointRow>;
 
-/// A change of a list: `count` rows from `first` on give way to others.
+/// A change of a list: `count` rows from `first` on are replaced by others.
 struct RowsEdit {
     int first = 0;
     int count = 0;

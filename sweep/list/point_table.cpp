@@ -46,7 +46,7 @@ public:
     }
 
     std::size_t bytes() const { return m_bytes; }
-    /// It can no more be carried out.
+    /// It can no longer be applied.
     void forget()
     {
         m_before.clear();
@@ -78,7 +78,7 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     setAlternatingRowColors(true);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
-    // Of one height all: rows without end are never measured.
+    // All of one height: any number of rows is never measured.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(lineHeight);
     m_history.setUndoLimit(undoSteps);
@@ -120,7 +120,7 @@ const PointRows& PointTable::points()
     return m_points;
 }
 
-/// Cells may have been set past this class, and past its signals, too.
+/// Cells may have been set without this class, and without its signals, too.
 void PointTable::takeOverRows(int first, int count)
 {
     for (int row = first; row < first + count; ++row)
@@ -136,7 +136,7 @@ bool PointTable::change(RowsEdit edit, const QString& what)
     m_history.push(new RowsChange(*this, std::move(edit), what));
     boundHistory();
     if (!m_history.canUndo())
-        m_context.notices.say([] { return tr("This change is too large to be taken back"); });
+        m_context.notices.say([] { return tr("This change is too large to be undone"); });
     return true;
 }
 
@@ -153,7 +153,7 @@ void PointTable::boundHistory()
     dropForgotten();
 }
 
-/// The stack lets a forgotten change go when it comes to it, and nothing else happens.
+/// The stack deletes a forgotten change when it reaches it, and nothing else happens.
 void PointTable::dropForgotten()
 {
     while (m_history.canUndo() && m_history.command(m_history.index() - 1)->isObsolete())
@@ -197,7 +197,7 @@ void PointTable::acceptCell(int row, int column)
     if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, kind(column))) {
         showRow(row);
         m_context.notices.say([this, row, column, typed] {
-            return tr("Row %1, %2: \"%3\" is no number")
+            return tr("Row %1, %2: \"%3\" is not a number")
                 .arg(row + 1)
                 .arg(horizontalHeaderItem(column)->text(), typed);
         });
@@ -265,7 +265,7 @@ void PointTable::fillRow(int row)
     markPower(row);
 }
 
-/// Somebody else has inserted or removed rows: what can be taken back ends there.
+/// Rows were inserted or removed without this class: earlier changes can no longer be undone.
 void PointTable::foreignRowsChanged()
 {
     if (static_cast<int>(m_points.size()) == rowCount())
@@ -276,7 +276,7 @@ void PointTable::foreignRowsChanged()
     emit pointsChanged();
 }
 
-/// What the instrument is getting block by block must not change under way.
+/// Rows that are being transferred block by block must not change.
 bool PointTable::refuseDuringTransfer()
 {
     const bool isTransferred = progressBarForTable::liesWithin(*this);
@@ -366,7 +366,7 @@ int PointTable::markAboveCeiling()
     return first;
 }
 
-/// Return goes on below, as in a spreadsheet.
+/// Return moves to the cell below, as in a spreadsheet.
 void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     QTableWidget::closeEditor(editor, hint);

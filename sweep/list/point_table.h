@@ -9,9 +9,9 @@
 
 class PowerGuard;
 
-/// The table of a list's points. Keeps what its rows hold, formats and bounds what is entered, and
-/// knows how to take back every change. What changes rows at the user's wish is PointActions'; it
-/// reads and writes no file and sends nothing.
+/// The table of a list's points. Keeps the contents of its rows, formats and bounds entries, and
+/// can undo every change. The user's commands for rows are in PointActions; it reads and writes no
+/// file and sends nothing.
 class PointTable : public QTableWidget
 {
     Q_OBJECT
@@ -26,8 +26,8 @@ public:
     static Quantity quantity(int column);
     static FieldKind kind(int column) { return fieldKind(quantity(column)); }
 
-    /// What a cell of the column holds after this text has been entered: unit letters carried out,
-    /// bounded where an instrument has told limits, and written as the column is shown.
+    /// The text of a cell of the column after this text has been entered: unit letters applied,
+    /// bounded where limits have been read from an instrument, and written as the column is shown.
     static QString enteredText(const QString& typed, int column, const InstrumentLimits& limits);
 
     bool hasEmptyCell(int column) const;
@@ -40,15 +40,15 @@ public:
     /// called `what`; what takes more than 64 MB
     /// cannot be taken back. While the table is being transferred nothing is changed: false.
     bool change(RowsEdit edit, const QString& what);
-    /// Bounds all cells by the limits that an instrument has told, in one step of undo. Returns how
+    /// Bounds all cells by the limits read from an instrument, in one step of undo. Returns how
     /// many had to change.
     int boundByLimits();
     void takeBack();
     void bringBack();
     const QUndoStack& history() const { return m_history; }
 
-    /// Takes the text now in a cell as entered by the user. Nothing happens where the text is still
-    /// the one that the cell held; text that is no number is refused.
+    /// Takes the current text of a cell as entered by the user. Nothing happens if the text has not
+    /// changed; text that is not a number is refused.
     void acceptCell(int row, int column);
 
     /// The rows with a selected cell in rising order; without a selection the current row.
@@ -59,8 +59,8 @@ public:
     int highlightedPoint() const { return m_highlightedPoint; }
     void highlightPoint(int number);
 
-    /// From now on powers that are typed are bounded by the guard's highest level, and others that
-    /// are above it marked.
+    /// From now on typed powers are bounded by the guard's highest level, and others above it are
+    /// marked.
     void setPowerGuard(PowerGuard& guard);
     /// Marks every power above the highest level. The row of the first one, counted from 0; -1 for
     /// none.
@@ -69,7 +69,7 @@ public:
     void retranslate();
 
 signals:
-    /// The texts of one or many cells have changed, by whatever hand.
+    /// The texts of one or many cells have changed, for whatever reason.
     void pointsChanged();
 
 protected:

@@ -146,13 +146,13 @@ void ListPlot::showPart(double fromUs, double partUs)
     later();
 }
 
-// Of what is to be shown: what is drawn may still be older.
+// From what is to be shown: the drawing may still be older.
 double ListPlot::timeAt(const RunPlot& plot, double x) const
 {
     return m_fromUs + (m_toUs - m_fromUs) * plot.partAt(x);
 }
 
-/// False when there is nothing to zoom out of.
+/// False when nothing is zoomed.
 bool ListPlot::zoom(double factor, double anchorUs)
 {
     if (m_points.isEmpty() || (factor > 1.0 && isWhole()))
@@ -188,7 +188,7 @@ void ListPlot::redraw()
         plot->replot();
 }
 
-/// A time stands at the same place in both.
+/// A time is at the same place in both.
 void ListPlot::alignScales()
 {
     RunPlot::ScaleRoom room;
@@ -211,7 +211,7 @@ void ListPlot::showHeader()
     QString text = runSummary(m_points);
     const bool isWrong = !m_pace && m_points.firstWrong() > 0;
     if (m_pace == RunClock::Pace::Unknown)
-        text = tr("Runs by triggers from outside");
+        text = tr("Runs by external triggers");
     else if (m_pace && m_reached == 0)
         text = tr("Waits for the first step");
     else if (m_pace)
@@ -220,7 +220,7 @@ void ListPlot::showHeader()
                    .arg(m_points.count())
                    .arg(progressWords(m_elapsedMs, m_totalMs));
     else if (isWrong)
-        text += tr("  ·  Point %1 cannot run as it stands").arg(m_points.firstWrong());
+        text += tr("  ·  Point %1 cannot run with these values").arg(m_points.firstWrong());
     m_header->setText(text);
     m_header->setProperty("warning", isWrong);
 }
@@ -254,7 +254,7 @@ bool ListPlot::handleMouse(const RunPlot& plot, QEvent* event)
         const auto& mouse = *static_cast<const QMouseEvent*>(event);
         if (!mouse.buttons().testFlag(Qt::LeftButton))
             m_heldUs.reset();
-        // The time that was taken hold of stays under the mouse.
+        // The time that is dragged stays under the mouse.
         if (m_heldUs)
             showPart(m_fromUs + *m_heldUs - timeAt(plot, mouse.localPos().x()), m_toUs - m_fromUs);
         else
@@ -345,7 +345,7 @@ void ListPlot::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
-/// Not at once: a new style sheet has yet to reach the parts, and takes their colours back.
+/// Not at once: a new style sheet has yet to reach the parts, and resets their colours.
 void ListPlot::recolour()
 {
     m_hasOldColours = true;

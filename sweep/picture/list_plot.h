@@ -16,7 +16,7 @@ class QPushButton;
 class RunPlot;
 
 /// The picture of a sweep or a list: frequency and power over the time of a pass, one above the
-/// other, with the point that a run has reached. Zooms and moves by mouse and keys and says the
+/// other, with the point that a run has reached. Zooms and moves by mouse and keys and gives the
 /// same in words. Colours are the palette's. It reads no field and knows no clock.
 class ListPlot : public QWidget
 {
@@ -29,7 +29,7 @@ public:
     /// Another kind is shown as a whole; the same keeps its zoom. Drawn once control returns to
     /// the event loop.
     void showRun(RunKind kind, const RunPoints& points);
-    /// Shows that what is pictured runs, and at which pace; none: it rests.
+    /// Shows that the sweep or list runs, and how it is paced; none: it is stopped.
     void setRun(std::optional<RunClock::Pace> pace);
     /// The point that the run has reached, from 1; 0 for none.
     void setReached(int number);

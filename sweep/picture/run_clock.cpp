@@ -5,7 +5,7 @@
 
 namespace
 {
-// Ten looks a second follow well enough for the eye.
+// Ten updates a second are smooth enough for the eye.
 constexpr int tickMs = 100;
 constexpr double usPerMs = 1000.0;
 constexpr double nsPerUs = 1000.0;
@@ -60,7 +60,7 @@ void RunClock::setContinuous(bool isContinuous)
 {
     if (isContinuous == m_isContinuous)
         return;
-    // Look first: the pass that is going on ends or goes on from where it is.
+    // Update first: the current pass ends or continues from where it is.
     tick();
     m_isContinuous = isContinuous;
     const bool beginsAnew = m_isOver && isContinuous;

@@ -6,35 +6,36 @@
 #include <QObject>
 #include <QTimer>
 
-/// Tells which point a run has reached and how far its pass is. It asks no instrument: a free run
-/// is computed from the dwell times since its start, a stepped one counts the steps it is told of.
-/// At rest, and while nothing moves by itself, it needs no timer.
+/// Keeps track of which point a run has reached and how far its pass is. It asks no instrument: a
+/// free run is computed from the dwell times since its start, a stepped one counts the steps
+/// reported to it. While stopped, and while nothing moves by itself, it needs no timer.
 class RunClock : public QObject
 {
     Q_OBJECT
 
 public:
-    /// What moves a run on: time, the steps told here, or something that nobody tells of.
+    /// What advances a run: time, steps reported here, or triggers that only the instrument sees.
     enum class Pace { Free, Stepped, Unknown };
 
     explicit RunClock(QObject* parent = nullptr);
 
     void start(const RunPoints& points, Pace pace, bool isContinuous);
-    /// Nothing is reached any more.
+    /// No point is reached any more.
     void stop();
     bool isRunning() const { return m_isRunning; }
     int reached() const { return m_reached; }
-    /// A single free pass has come to its end: the instrument stands at the last point, and nothing
-    /// moves it but a new pass.
+    /// A single free pass has come to its end: the instrument stands at the last point, and only a
+    /// new pass moves it.
     bool isOver() const { return m_isOver; }
-    /// Of the run; none at rest.
+    /// Of the run; none while stopped.
     const RunPoints& points() const { return m_points; }
     Pace pace() const { return m_pace; }
 
-    /// Follows a change in a run: stepping goes on from the point that a free run has reached, and
-    /// a free run from the one that was stepped to.
+    /// Follows a change in a run: stepping continues from the point that a free run has reached,
+    /// and a free run from the one that was stepped to.
     void setPace(Pace pace);
-    /// An ended pass begins anew when it shall repeat; the last one ends where it would.
+    /// A pass that has ended starts again when it is to repeat; without repetition the current pass
+    /// ends at its last point.
     void setContinuous(bool isContinuous);
     /// A stepped run goes to a point, or by some points from where it is; both within the run.
     void moveTo(int number);

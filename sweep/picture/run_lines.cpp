@@ -4,10 +4,10 @@
 
 namespace
 {
-// With fewer points a column than this each of them is drawn as it is.
+// With fewer points per column than this, every point is drawn.
 constexpr int pointsPerColumn = 2;
 
-/// Puts corners together into pieces.
+/// Joins corners into pieces.
 class Pieces
 {
 public:

@@ -172,8 +172,8 @@ void RunPlot::fitValues()
         high *= factor;
     } else {
         const bool isFrequency = m_quantity == RunQuantity::Frequency;
-        // One value alone: the whole numbers beside it are not at the edge, where they would be
-        // cut.
+        // A single value: the range extends beyond the neighbouring whole numbers, which would be
+        // cut at the edge.
         const double spare = low < high
                                  ? (high - low) * freePart
                                  : std::max(1.25, isFrequency ? std::abs(high) * freePart : 0.0);
@@ -223,7 +223,7 @@ QPointF RunPlot::place(int number) const
     const RunPoint point = m_points.point(number);
     const double value = m_quantity == RunQuantity::Frequency ? point.frequencyHz : point.powerDbm;
     const double middleUs = (m_points.startUs(number) + m_points.startUs(number + 1)) / 2.0;
-    // What cannot be drawn lies at the lower edge.
+    // Values that cannot be drawn are placed at the lower edge.
     return {transform(xBottom, middleUs * secondsPerMicrosecond),
             transform(yLeft, value > m_lowest ? value : m_lowest)};
 }

@@ -30,8 +30,8 @@ public:
     void setLogarithmic(bool isLogarithmic);
     /// Seen after the next replot().
     void showPoints(const RunPoints& points, double fromUs, double toUs);
-    /// The point under the mouse and the one that a run has reached; 0 for none. Seen at once, and
-    /// without drawing the rest anew.
+    /// The point under the mouse and the one that a run has reached; 0 for none. Shown at once,
+    /// without redrawing the rest.
     void markPoints(int pointed, int reached);
     /// Writes the times below; else they only have lines.
     void setTimesShown(bool isShown);

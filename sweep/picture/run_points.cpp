@@ -14,7 +14,7 @@ namespace
 constexpr double emptyFrequencyHz = 1000.0;
 constexpr double emptyDwellUs = 1000.0;
 constexpr int largestSweep = 1000000000;
-// Far beyond any instrument, and safe to compute and to draw with.
+// Far beyond any instrument, and safe for computing and drawing.
 constexpr double largestNumber = 1e15;
 constexpr double notReadable = std::numeric_limits<double>::quiet_NaN();
 
@@ -108,7 +108,7 @@ int RunPoints::firstWrongOfSweep() const
         return 1;
     if (!isWrong(m_last))
         return 0;
-    // It falls through zero somewhere on its way.
+    // The value passes through zero on its way.
     int right = 1;
     int wrong = m_count;
     while (wrong - right > 1) {

@@ -39,7 +39,7 @@ struct PointRange {
     bool isEmpty() const { return last < first; }
 };
 
-/// What a quantity does over some points: the first value, the extremes and the last one. NaN
+/// A quantity over some points: the first value, the extremes and the last one. NaN
 /// values do not count; `isEmpty` when there is no other.
 struct ValueCourse {
     double first = std::numeric_limits<double>::quiet_NaN();
@@ -56,8 +56,8 @@ class RunPoints
 public:
     RunPoints() = default;
 
-    /// Linear from start to stop. A text that is no number, or a number of points that is not
-    /// whole, below 1 or above a milliard, gives no points.
+    /// Linear from start to stop. A text that is not a number, or a number of points that is not
+    /// whole, below 1 or above 1 000 000 000, gives no points.
     static RunPoints ofSweep(const SweepTexts& texts);
     /// Empty cells hold what is sent in their place: 1 kHz, `powerFieldText`, 1 ms.
     static RunPoints ofTable(int rowCount, const std::function<RowTexts(int row)>& rowTexts,
@@ -73,7 +73,7 @@ public:
     double startUs(int number) const;
     /// The point at a time, the last one from the end on; 0 when there are none.
     int pointAt(double elapsedUs) const;
-    /// The points of which some part lies between two times, points without duration included.
+    /// The points that lie at least partly between two times, points without duration included.
     PointRange pointsBetween(double fromUs, double toUs) const;
 
     ValueCourse course(RunQuantity quantity, PointRange range) const;

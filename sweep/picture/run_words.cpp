@@ -36,7 +36,7 @@ QString durationText(double us)
                                       : clockText(seconds);
 }
 
-/// A sweep's way from its start to its stop, a list's lowest and highest value.
+/// A sweep's start and stop, a list's lowest and highest value.
 QString spanText(RunKind kind, const ValueCourse& values, Unit unit)
 {
     if (values.isEmpty())
@@ -72,7 +72,7 @@ QString exactText(double value, Unit unit)
 QString runWords(RunKind kind, const RunPoints& points)
 {
     if (points.isEmpty())
-        return kind == RunKind::Sweep ? Words::tr("The fields of the sweep give no points")
+        return kind == RunKind::Sweep ? Words::tr("The sweep settings define no points")
                                       : Words::tr("The list has no points");
     return Words::tr("%1: %2, %3, %4 per pass")
         .arg(countText(kind, points.count()),

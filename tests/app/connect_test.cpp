@@ -190,7 +190,7 @@ void ConnectTest::tellsWhyThereIsNoConnection_data()
     row("no identity", demo, "reply *IDN? ->", "no access to the device: it does not answer");
     for (const char* identity : {"Veltro", "Veltro,KLV", "?!\\x00\\xFF", "\\n"})
         row(identity, demo, qPrintable(QString("reply *IDN? -> ") + identity),
-            "no access to the device: it does not say what it is");
+            "no access to the device: it does not identify itself");
     row("not allowed", demo, "", "serial number 20215678 is not among those allowed");
     row("old firmware", demo, "instruments [1111]\nfirmware=2.3.9", "firmware 2.3.9");
     row("no due date", demo, "reply SERV:SOUR:CDUE? ->", "connection error: ");

@@ -118,7 +118,7 @@ void CwControlsTest::noNumberSendsNothing()
         QTest::keyClicks(&edit, typed);
         end();
         QCOMPARE(edit.text(), accepted);
-        QVERIFY2(m_rig->status().endsWith(": no number, nothing is sent"),
+        QVERIFY2(m_rig->status().endsWith(": not a number, nothing is sent"),
                  qPrintable(m_rig->status()));
     }
     QCOMPARE(m_demo->takeSent(),
@@ -140,7 +140,8 @@ void CwControlsTest::noNumberIsPushed()
     QCOMPARE(sent.filter(";POW?") + sent.filter(";FREQ?"), QStringList());
     QCOMPARE(field("POW").text(), QString("-10"));
     QVERIFY(field("POW").property("edited").toBool());
-    QVERIFY2(m_rig->status().endsWith(": no number, nothing is sent"), qPrintable(m_rig->status()));
+    QVERIFY2(m_rig->status().endsWith(": not a number, nothing is sent"),
+             qPrintable(m_rig->status()));
 }
 
 void CwControlsTest::refusedKeySaysWhy()

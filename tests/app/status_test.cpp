@@ -134,7 +134,7 @@ void StatusTest::aLossIsNotHidden()
     (*m_demo)(QStringLiteral("unplug"));
     m_rig->enter("FREQ", "5M");
     QVERIFY(!m_rig->isConnected());
-    const QString loss = "connection error: the instrument or its cable has gone";
+    const QString loss = "connection error: the instrument was switched off or unplugged";
     QCOMPARE(m_rig->status(), loss);
     m_rig->get<NumberEdit>("FREQ").context().notices.say([] { return QString("in passing"); });
     QCOMPARE(m_rig->status(), loss);
@@ -175,7 +175,7 @@ void StatusTest::whatIsGoneIsNotSpokenOf()
     QTEST(m_rig->status(), "status");
     (*m_demo)(QStringLiteral("unplug"));
     m_rig->enter("FREQ", "6M");
-    const QString loss = "connection error: the instrument or its cable has gone";
+    const QString loss = "connection error: the instrument was switched off or unplugged";
     QCOMPARE(m_rig->status(), loss);
     // For as long as a message would wait for its turn, and a little more.
     QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 6500));

@@ -25,7 +25,7 @@ void ConnectionTest::looksAgainAfterTheSearch_data()
     QTest::newRow("not to be found") << QStringList("20215678") << "" << 2;
 }
 
-/// Devices that come while a search has walked the bus and has not been heard of yet.
+/// Devices plugged in when a search has walked the bus and its result has not been received yet.
 void ConnectionTest::looksAgainAfterTheSearch()
 {
     QFETCH(QStringList, present);
@@ -56,7 +56,7 @@ void ConnectionTest::anEndedSearchSaysNothing_data()
     testRow("failed", "unplug");
 }
 
-/// The search has walked the bus when the program ends, and is heard of only then.
+/// The search has walked the bus when the program ends, and its result arrives only then.
 void ConnectionTest::anEndedSearchSaysNothing()
 {
     QFETCH(QString, set);

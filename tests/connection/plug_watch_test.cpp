@@ -148,7 +148,7 @@ void TestHotPlug::staysSilentWhileContentIsTheSame()
 void TestHotPlug::waitsUntilWritingIsOver()
 {
     if (QSysInfo::kernelType() == QLatin1String("winnt"))
-        QSKIP("Windows tells of a rewritten file as of a replaced one");
+        QSKIP("Windows reports a rewritten file like a replaced one");
     write("[1001]\n", m_path);
     DemoPlugWatch watch(m_path);
     QSignalSpy changes(&watch, &HotPlugWatch::devicesChanged);
@@ -168,7 +168,7 @@ void TestHotPlug::noticesOutAndIn_data()
     testRow("removed", "removed", QByteArray());
 }
 
-/// Faster than the file is looked at: whoever listens sees it go and come.
+/// Faster than the file is read: listeners see it removed and added.
 void TestHotPlug::noticesOutAndIn()
 {
     QFETCH(QString, way);
@@ -188,7 +188,7 @@ void TestHotPlug::noticesOutAndIn()
     QVERIFY(watch.presentSerials(false).contains("1001"));
 }
 
-/// Emptied for a moment is no pulled cable, unless somebody has lost his connection by it.
+/// A file emptied for a moment does not count as unplugging, unless a connection was lost by it.
 void TestHotPlug::noticesAReturnAfterALoss()
 {
     write("[1001]\n", m_path);

@@ -27,7 +27,7 @@ namespace
 {
 constexpr char Title[] = "KLV-20G (1234-5678)";
 
-/// What the second copy does: holds `title` until its standard input ends, or it is killed.
+/// The second copy: holds `title` until its standard input ends, or it is killed.
 int hold(const QString& title)
 {
     RunningCopies copies;

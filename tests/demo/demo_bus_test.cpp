@@ -229,7 +229,7 @@ void DemoBusTest::latencyAndWait()
     QVERIFY(timer.elapsed() >= 40);
     demo("latency 0");
     demo("timeouts real");
-    // A reply that comes while somebody waits for it is not missed.
+    // A reply that comes during a wait for it is not missed.
     viSetAttribute(instrument.session, VI_ATTR_TMO_VALUE, 30000);
     std::thread writer([&instrument] { viPrintf(instrument.session, "*IDN?\n"); });
     QVERIFY(instrument.read().startsWith("Veltro"));

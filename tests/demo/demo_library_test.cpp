@@ -351,7 +351,7 @@ void DemoLibraryTest::registersAreNotSupported()
     viPeek16(instrument.session, nullptr, &value);
 }
 
-// With --hold-lock: takes the instrument's lock, says how that went and holds it until killed.
+// With --hold-lock: takes the instrument's lock, reports the result and holds it until killed.
 int main(int count, char** arguments)
 {
     QCoreApplication application(count, arguments);

@@ -14,7 +14,7 @@ private slots:
     void pointsOfManyBlocks();
 };
 
-// What is done in turn, and where the run then stands: "STATE point frequency".
+// The actions in order, and the position of the run after each: "STATE point frequency".
 using Steps = QList<QPair<QByteArray, QByteArray>>;
 
 namespace

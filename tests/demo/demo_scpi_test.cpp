@@ -84,7 +84,7 @@ void DemoScpiTest::message()
     QCOMPARE(instrument.errors(), errors);
 }
 
-// Every setting of the panel: what it is set with, and what its query then answers.
+// Every setting of the panel: the command that sets it, and the reply to its query.
 void DemoScpiTest::settingsHoldAndReset_data()
 {
     testColumns<QByteArray, QByteArray, QByteArray>("command", "query", "reply");
@@ -166,7 +166,7 @@ void DemoScpiTest::limits_data()
     };
     QSet<QByteArray> ranges;
     for (const auto& row : rows) {
-        // Whoever takes one quantity's limits for another's is to be found out.
+        // A mix-up of two quantities' limits has to show.
         QVERIFY2(!ranges.contains(row[1] + row[2]), row[0].constData());
         ranges += row[1] + row[2];
         testRow(row[0].constData(), row[0], row[1], row[2], row[3]);

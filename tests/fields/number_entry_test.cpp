@@ -206,7 +206,7 @@ void NumberEntryTest::digitStepKeepsItsPlace()
     Window window;
     QVERIFY(window.isActive);
     NumberEdit& field = window.field;
-    // As a commit does: what was accepted is written back, the cursor left at the end.
+    // As a commit does: the accepted text is written back, the cursor left at the end.
     QStringList committed;
     connect(&field, &QLineEdit::editingFinished, &field, [&] {
         committed << field.text();

@@ -17,8 +17,8 @@ bool isWhole(const QString& text)
 
 } // namespace
 
-/// The calibration table as an instrument tells it and as a user types it: what is taken is a whole
-/// number, and taken again it is the same.
+/// The calibration table as read from an instrument and as typed by a user: an accepted text is a
+/// whole number, and accepted again it is the same.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const std::string bytes(reinterpret_cast<const char*>(data), size);

@@ -5,8 +5,8 @@
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
 #include "link/instrument_limits.h"
-#include "link/scpi_session.h"
 #include "link/notices.h"
+#include "link/scpi_session.h"
 #include "link/search_klv.h"
 #include "tests/fuzz/told_replies.h"
 
@@ -31,7 +31,7 @@ ViStatus KLV_VISA_FIXED openAnything(ViSession, ViConstRsrc, ViAccessMode, ViUIn
 
 } // namespace
 
-/// The way to an instrument with any name, mode, identity, calibration date and limits: it ends,
+/// Connecting to an instrument with any name, mode, identity, calibration date and limits: it ends,
 /// and shutting down leaves no connection.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

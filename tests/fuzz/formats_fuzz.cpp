@@ -113,7 +113,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
             PROMISE(end <= printed.text.size());
     }
 
-    // "#" keeps to the room: the heap tells.
+    // "#" stays within the room: the sanitizer of the heap checks it.
     static const char* const roomy[] = {"%#T", "%#s", "%#t", "%#[^x]", "%#b"};
     for (const char* each : roomy) {
         ViUInt32 count = room % 64 + 1;

@@ -47,7 +47,7 @@ private:
     std::string_view m_rest;
 };
 
-/// Ends the program where a promise is broken, so that the input is kept.
+/// Ends the program where a guarantee is broken, so that the input is saved.
 #define PROMISE(condition)                                                                         \
     do {                                                                                           \
         if (!(condition)) {                                                                        \

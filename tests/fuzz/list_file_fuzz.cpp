@@ -3,7 +3,8 @@
 #include "sweep/list/list_file.h"
 #include "tests/fuzz/memory_file.h"
 
-/// A list file of any bytes: refused whole, or what was read comes back the same when written.
+/// A list file of any bytes: refused as a whole, or the rows that were read are the same after
+/// writing and reading.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static const MemoryFile file;

@@ -6,7 +6,7 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-/// A file that is nowhere on the disk, for what reads by path.
+/// A file that is not on the disk, for code that reads by path.
 struct MemoryFile {
     const int descriptor = memfd_create("fuzz", 0);
     const QString path = QStringLiteral("/proc/self/fd/%1").arg(descriptor);

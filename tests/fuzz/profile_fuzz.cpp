@@ -63,8 +63,8 @@ struct Rig {
 
 } // namespace
 
-/// A profile file of any bytes: read and replayed or refused; what is written or named anew can be
-/// read.
+/// A profile file of any bytes: read and replayed or refused; a profile that is written or renamed
+/// can be read.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static Rig& rig = *new Rig;

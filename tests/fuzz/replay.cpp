@@ -6,7 +6,7 @@
 #include <iterator>
 #include <vector>
 
-/// Runs a target over its kept corpus, or over the files that are named: with any compiler.
+/// Runs a target over its corpus, or over the files that are named: with any compiler.
 int main(int count, char* arguments[])
 {
     std::vector<std::filesystem::path> files(arguments + 1, arguments + count);

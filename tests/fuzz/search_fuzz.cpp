@@ -49,8 +49,8 @@ ViStatus KLV_VISA_FIXED attribute(ViObject, ViAttr, void* value)
 
 } // namespace
 
-/// What a VISA library tells of the resources it finds, with or without an end, stays within its
-/// room.
+/// What a VISA library reports about the resources it finds, with or without an end, stays within
+/// its buffers.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     static int count = 0;

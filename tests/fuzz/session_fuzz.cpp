@@ -4,7 +4,7 @@
 #include "tests/fuzz/told_replies.h"
 
 /// What an instrument answers to queries, read-backs and when its error queue is read, in time,
-/// late or overlong: the session takes it and goes on.
+/// late or overlong: the session accepts it and continues.
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     Bytes bytes(data, size);

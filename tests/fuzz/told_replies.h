@@ -45,7 +45,7 @@ inline ViStatus KLV_VISA_VARIADIC toldQuery(ViSession, ViConstString format, ViC
     return takeReply(reply);
 }
 
-/// A VISA library whose every read is told by the target.
+/// A VISA library whose every read is determined by the target.
 struct ToldLibrary : VisaLibrary {
     ToldLibrary()
     {

@@ -412,7 +412,7 @@ void KeypadEntryTest::limits()
     QCOMPARE(label->isVisible(), !label->text().isEmpty());
 }
 
-/// What an instrument answers meanwhile is shown, but never over what is being typed.
+/// A reply that arrives in between is shown, but never over what is being typed.
 void KeypadEntryTest::followsTheField()
 {
     KeypadRig rig;

@@ -70,7 +70,7 @@ void KeypadWindowTest::closes()
     action(rig);
     QVERIFY(!rig.keypad->isVisible());
     QCOMPARE(rig.keypad->field(), nullptr);
-    // What is pressed too late does nothing.
+    // A key pressed too late does nothing.
     for (const char* name : {"enter", "unit_9", "up", "step", "5"})
         rig.click(name);
     QCOMPARE(rig.committed.count(), 0);

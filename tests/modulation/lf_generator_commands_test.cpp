@@ -204,7 +204,7 @@ void LfGeneratorCommandsTest::lostConnectionEndsSequences()
     QTEST(static_cast<int>(m_rig->sent().size()), "count");
     QVERIFY(m_rig->lfPanel.isOn());
     QVERIFY(!m_rig->gener.pixmap(Qt::ReturnByValue).isNull());
-    // Sweep or list goes off for the panel's sake.
+    // Sweep or list is stopped because of the panel's state.
     QCOMPARE(m_rig->sweepOffs, 1);
 }
 

@@ -153,7 +153,7 @@ void ModulatTest::groupOfTheSwitchedOneIsExpanded()
     bench.click("AM");
     QCOMPARE(bench.expanded(), QString("AM"));
     QVERIFY(bench.panel.group(Modulation::Am).isMoving());
-    // The other one stays checked: switching it off is somebody else's, and comes later.
+    // The other one stays checked: switching it off is the owner's task, and comes later.
     bench.click("PM");
     QVERIFY(bench.button("AM")->isChecked());
     QCOMPARE(bench.expanded(), QString("PM"));

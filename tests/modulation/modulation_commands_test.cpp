@@ -251,7 +251,7 @@ void ModulationCommandsTest::widthStaysBelowThePeriod()
     checkInstrumentHoldsPulse();
 }
 
-/// A value that only the next instrument refuses is no business of the other one's.
+/// A value that only the next instrument refuses does not affect the other one.
 void ModulationCommandsTest::pulseValuesGoOutAlone()
 {
     m_rig->fields.limits[Quantity::PulseWidth].min = 5;

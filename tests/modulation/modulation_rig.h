@@ -39,7 +39,7 @@ public:
     QString text(const QString& name) { return get<QLineEdit>(name)->text(); }
 
     /// What panels, indicators and instrument say is on, when they agree; else all that they say.
-    /// The transcript starts afresh.
+    /// The transcript starts again.
     QString whatIsOn()
     {
         const auto lit = [](const QLabel& label) { return label.pixmap(Qt::ReturnByValue); };
@@ -79,6 +79,6 @@ public:
     QLabel gener;
     ModulationCommands modulation{session, panel, {amPmFm, pulse}};
     LfGeneratorCommands lf{session, lfPanel, gener};
-    /// How often sweep or list had to go off.
+    /// How often sweep or list had to be stopped.
     int sweepOffs = 0;
 };

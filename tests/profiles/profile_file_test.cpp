@@ -271,7 +271,7 @@ void ProfileFileTest::anUnfinishedFileReplacesNothing()
     QVERIFY(!rig.profiles().save(path, "x"));
     QCOMPARE(rig.takeLog().last(), QString("error: Error saving file"));
     QVERIFY(QFileInfo(path + "/inside").isDir());
-    // Nothing is left lying beside it.
+    // No file is left beside it.
     QCOMPARE(QDir(rig.folder().path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList("taken.xml"));
 }

@@ -15,8 +15,8 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
-/// A window and a panel in it, with every sort of control, and profiles of the two. What happens
-/// is written down as one list.
+/// A window and a panel in it, with every sort of control, and profiles of the two. What happens is
+/// recorded as one list.
 class ProfileRig
 {
 public:
@@ -171,7 +171,7 @@ private:
     openSave_XML_FILE::Owner owner()
     {
         const auto pause = [this](int ms) {
-            // Between two entries the user is heeded only.
+            // Between two entries only user input is processed.
             if (ms == 0)
                 return !isEnding;
             log << QString("wait %1").arg(ms);

@@ -228,7 +228,7 @@ void ProfilesPanelTest::refusesNames()
     saveQuick(name);
     QCOMPARE(m_rig->takeLog(), QStringList(said));
     QCOMPARE(shown(), QStringList());
-    // It can be mended.
+    // It can be corrected.
     QCOMPARE(m_rig->get<QLineEdit>("profile_name")->text(), name);
 }
 
@@ -237,7 +237,7 @@ void ProfilesPanelTest::followsTheFolder()
     saveQuick("b");
     QVERIFY(m_rig->profiles().saveLast());
     QVERIFY(QFile::copy(quickPath("b"), quickPath("copy")));
-    // It is called what it calls itself.
+    // It is listed under the name in its file.
     QTRY_COMPARE(shown(), QStringList({"b", "b"}));
     QFile nameless(quickPath("a"));
     QVERIFY(nameless.open(QIODevice::WriteOnly));
@@ -267,7 +267,7 @@ void ProfilesPanelTest::listsThousands()
         QVERIFY(copy.open(QIODevice::WriteOnly) && copy.write(bytes) == bytes.size());
     }
     m_panel->refresh();
-    // Three thousand rows of widgets would hold the window up: a row is made when one comes to it,
+    // Three thousand rows of widgets would block the window: a row is made when one comes to it,
     // by the wheel or by Tab.
     QVERIFY(shown().size() < 500);
     auto* bar = m_panel->findChild<QScrollArea*>()->verticalScrollBar();
@@ -313,7 +313,7 @@ void ProfilesPanelTest::opensAndSavesFiles()
     QTest::keyClick(name, Qt::Key_Return);
     QTRY_VERIFY(m_rig->log.contains("message: Profile applied: by.hand"));
     QVERIFY(m_rig->get<QPushButton>("FM")->isChecked());
-    // Else it could be closed while its choice is still being carried out.
+    // Otherwise it could be closed while its choice is still being processed.
     QCOMPARE(dialogsInReplay, 0);
     QCOMPARE(shown(), QStringList());
 

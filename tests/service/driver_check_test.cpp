@@ -10,7 +10,7 @@ const QString status = QStringLiteral("C:\\KLV\\Drivers\\devcon64.exe status ") 
 const QString install =
     QStringLiteral("C:\\KLV\\Drivers\\devcon64.exe update C:\\KLV\\Drivers\\ausbtmc.inf ") + id;
 
-/// A system that answers as told and notes what is run.
+/// A system that gives set answers and records what is run.
 class FakeSystem : public DriverSystem
 {
 public:

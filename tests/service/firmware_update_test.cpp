@@ -55,7 +55,7 @@ void FirmwareUpdateTest::waitsForThisInstrument()
     QVERIFY(bench.session.isConnected());
     bench.watch.tell({"another"});
     QVERIFY(!bench.session.isConnected());
-    // Given up without a word: nobody listens any more.
+    // Cancelled silently: nothing is received any more.
     QCOMPARE(bench.demo.takeTranscript(), QStringList("close"));
     QVERIFY(bench.lastActivity().contains("bootloader"));
     bench.watch.tell({"another", "third"});
@@ -100,7 +100,7 @@ void FirmwareUpdateTest::givesUpAfterTheLongestTime()
     QCOMPARE(bench.session.isConnected(), !hasLeft);
     bench.watch.tell(hasLeft ? QStringList(serial) : QStringList());
     QCOMPARE(bench.back.size(), 0);
-    // Then the hot-plug watch works as ever.
+    // Then the hot-plug watch works as usual.
     QCOMPARE(bench.watchWantsToConnect.size(), hasLeft ? 1 : 0);
     QVERIFY(!bench.session.isConnected());
 }

@@ -190,7 +190,7 @@ void ServiceCommandsTest::loadingIsShown()
         wasSeen = label->isVisible() && label->text() == "Loading..." &&
                   !bench.panel.table().isEnabled() && !bench.button().isEnabled() &&
                   !bench.panel.referenceDac().isEnabled();
-        // Events that come meanwhile start nothing of their own.
+        // Events in between start nothing of their own.
         bench.commands.initial_service();
         bench.commands.commandCalibrate();
     });
@@ -335,7 +335,7 @@ void ServiceCommandsTest::aWriteCanBeTakenBack()
     QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 3"));
     QCOMPARE(bench.panel.findChild<QLabel*>("label_2")->text(), QString("Points: 3, changed: 1"));
     const QStringList changed = {adding[0], "MEM:TABLE:ADD 2000000000 7\\n", adding[2]};
-    // What was read is kept once.
+    // The table that was read is saved once.
     for (int i = 0; i < 2; ++i) {
         QTest::mouseClick(&bench.button(), Qt::LeftButton);
         QCOMPARE(bench.demo.takeSent(), changed + saving);
@@ -390,10 +390,10 @@ void ServiceCommandsTest::onlyTablesAreTakenForBackups_data()
 {
     testColumns<QByteArray, QString, QString>("contents", "said", "cells");
     const QString before = "1000000000 -4|2000000000 3|3000000000 10";
-    const QString notOne = " is no backup of a calibration table: line ";
+    const QString notOne = " is not a backup of a calibration table: line ";
     testRow("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
     testRow("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
-    testRow("nothing", QByteArray(), " is no backup", before);
+    testRow("nothing", QByteArray(), " is not a backup", before);
     testRow("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
     testRow("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
             "was read: 3", "1000000000 -4|2000 | 1|9 9");
@@ -440,7 +440,7 @@ void ServiceCommandsTest::cancellingStopsAfterTheRow()
     QCOMPARE(bench.demo.takeSent(), adding.mid(0, rows));
     QVERIFY(bench.isReady());
     QVERIFY(bench.messages().contains("stopped"));
-    // Cancelled is not for ever.
+    // Cancelling does not last for ever.
     QTest::mouseClick(&bench.button(), Qt::LeftButton);
     QCOMPARE(bench.demo.takeSent(), adding + saving);
 }
@@ -502,7 +502,7 @@ void ServiceCommandsTest::theDacIsSentAsTyped()
         QTest::keyClicks(&field, value);
         QVERIFY(field.property("edited").toBool());
         QTest::keyClick(&field, Qt::Key_Return);
-        // Whether the value is possible is the instrument's to say.
+        // Whether the value is possible is decided by the instrument.
         QCOMPARE(bench.demo.takeSent().mid(0, 2),
                  QStringList({QString("MEM:DAC %1\\n").arg(value), "SYSTem:ERRor?\\n"}));
         QCOMPARE(field.property("edited").toBool(), value[0] == '-');

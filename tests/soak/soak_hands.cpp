@@ -165,7 +165,7 @@ void SoakHands::disturb()
         m_demo(fault);
         return;
     }
-    // A session that fails goes on failing: a lost command alone would be noticed by nobody.
+    // A session that fails goes on failing: a lost command alone would not be noticed.
     for (int failing = call; failing < call + (fault.startsWith("status") ? 3 : 1); ++failing)
         m_demo(QStringLiteral("fault %1 %2").arg(failing).arg(fault));
 }

@@ -12,7 +12,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-/// A bus on which devices come and go when told.
+/// A bus on which a test plugs devices in and out.
 class FakeWatch : public HotPlugWatch
 {
 public:

@@ -13,7 +13,7 @@ public:
     /// Path of the VISA library, for --visa.
     static QString libraryPath();
 
-    /// Carries out one control command; a refused one ends the test program.
+    /// Executes one control command; a refused one ends the test program.
     QString operator()(const QString& command);
 
     /// The wire since the last call: "> sent", "< received", "open ...", "close", "timeout".

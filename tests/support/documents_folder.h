@@ -4,7 +4,7 @@
 
 #include <memory>
 
-/// The user's documents folder, somewhere else for as long as this lives: tests touch no real one.
+/// The user's documents folder, in another place during its lifetime: tests touch no real one.
 class DocumentsFolder
 {
 public:

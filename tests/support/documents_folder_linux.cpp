@@ -12,7 +12,7 @@ DocumentsFolder::DocumentsFolder(const QString& home)
 {
     QDir().mkpath(m_path);
     qputenv("HOME", QFile::encodeName(home));
-    // Else the folder that the user has configured there.
+    // Otherwise it is the folder that the user has configured there.
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(home));
 }
 

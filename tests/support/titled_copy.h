@@ -11,7 +11,7 @@ public:
     explicit TitledCopy(const QString& title);
     ~TitledCopy();
 
-    /// Copies are told by windows on the screen, which the offscreen platform does not make.
+    /// Copies are detected by windows on the screen, which the offscreen platform does not create.
     static const bool areToldByWindows;
 
 private:

@@ -106,7 +106,7 @@ struct ListBench {
         });
         click(button);
         QTRY_VERIFY(isAnswered && !QApplication::activeModalWidget());
-        // What was chosen is heard of when the dialog has gone.
+        // The choice is reported when the dialog has closed.
         QTRY_VERIFY(panel.findChildren<QDialog*>().isEmpty());
         QCoreApplication::processEvents();
     }

@@ -272,11 +272,11 @@ void ListFileTest::openingKeepsTheTable_data()
 {
     testColumns<QByteArray, QString>("contents", "message");
     testRow("damaged", QByteArray("1,2,3\n4,%1,6\n"),
-            "error: points.csv is not a list: \"%1\" in line 2 is no number");
+            "error: points.csv, line 2: \"%1\" is not a number");
     testRow("binary", QByteArray(10, '\0'),
-            "error: points.csv is not a list: it is no text in UTF-8");
+            "error: points.csv: not valid UTF-8 text");
     testRow("huge", QByteArray("1\n").repeated(mostListLines + 1),
-            "error: points.csv is not a list: it has more than 1000000 lines");
+            "error: points.csv: more than 1000000 lines");
     testRow("gone", QByteArray(), "points.csv cannot be opened: ");
 }
 

@@ -123,7 +123,7 @@ void ListPanelTest::sourcesExcludeOneAnother()
         bench.click(name);
     QTEST(checkedSources(bench), "checked");
     QTEST(static_cast<int>(bench.panel.trigger().choice()), "choice");
-    // Others hear of a choice once, and after it has been made.
+    // Others are notified of a choice once, and after it has been made.
     QCOMPARE(heard.size(), names.size());
     QCOMPARE(heard.last(), checkedSources(bench));
 }

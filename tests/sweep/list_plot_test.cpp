@@ -122,7 +122,7 @@ void ListPlotTest::words_data()
     testRow("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
             "List of one point: not readable, 1 dBm, 0 s per pass");
     testRow("no list", RunKind::List, RunPoints(), "The list has no points");
-    testRow("no sweep", RunKind::Sweep, RunPoints(), "The fields of the sweep give no points");
+    testRow("no sweep", RunKind::Sweep, RunPoints(), "The sweep settings define no points");
 }
 
 void ListPlotTest::words()
@@ -150,11 +150,11 @@ void ListPlotTest::header()
     m_plot->setTime(61000.0, 3600000.0);
     QVERIFY(header->text().endsWith("0:01:01 of 1:00:00"));
     m_plot->setRun(RunClock::Pace::Unknown);
-    QCOMPARE(header->text(), QString("Runs by triggers from outside"));
+    QCOMPARE(header->text(), QString("Runs by external triggers"));
     m_plot->setRun({});
     m_plot->showRun(RunKind::List, listOf({{"1", "0", "1"}, {"1", "-", "1"}}));
     QCoreApplication::processEvents();
-    QVERIFY(header->text().endsWith("Point 2 cannot run as it stands"));
+    QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
 }
 
 void ListPlotTest::pointsWithoutPicture_data()

@@ -96,8 +96,8 @@ void ListTableTest::editedCellIsFormatted()
     bench.type("--5");
     bench.press(Qt::Key_Return);
     QCOMPARE(bench.rows(), QStringList("2 000 000,-5.50,50"));
-    QCOMPARE(bench.said, QStringList({"Row 1, Pow [dBm]: \"5-3\" is no number",
-                                      "Row 1, Pow [dBm]: \"--5\" is no number"}));
+    QCOMPARE(bench.said, QStringList({"Row 1, Pow [dBm]: \"5-3\" is not a number",
+                                      "Row 1, Pow [dBm]: \"--5\" is not a number"}));
 }
 
 void ListTableTest::commandsEnterTheOpenCell()
@@ -190,7 +190,7 @@ void ListTableTest::undoIsBoundedInMemory()
     bench.said.clear();
     bench.table().change({0, 1, {{"5", large.repeated(11), {}}}}, "set");
     QVERIFY(!bench.table().history().canUndo());
-    QCOMPARE(bench.said, QStringList("This change is too large to be taken back"));
+    QCOMPARE(bench.said, QStringList("This change is too large to be undone"));
 }
 
 void ListTableTest::keysOfRows()
@@ -319,8 +319,8 @@ void ListTableTest::pasteRefusesText()
     bench.table().selectAll();
     bench.click("paste_List");
     QCOMPARE(bench.rows(), QStringList("1,2,3"));
-    QCOMPARE(bench.said, QStringList({"Not pasted: \"Freq [Hz]\" is no number",
-                                      "Not pasted: \"1 MHz\" is no number"}));
+    QCOMPARE(bench.said, QStringList({"Not pasted: \"Freq [Hz]\" is not a number",
+                                      "Not pasted: \"1 MHz\" is not a number"}));
 }
 
 void ListTableTest::clearing()

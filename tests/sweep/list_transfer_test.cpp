@@ -177,7 +177,7 @@ void ListTransferTest::uncheckedInAPause_data()
     testRow("last", "0.001064", 11);
 }
 
-/// What remains of the list is not sent, nor are the lists after it.
+/// The rest of the list and the lists after it are not sent.
 void ListTransferTest::uncheckedInAPause()
 {
     QFETCH(QString, seen);
@@ -194,7 +194,7 @@ void ListTransferTest::uncheckedInAPause()
     QVERIFY(m_rig->isTidy());
 }
 
-/// The three lists fit each other whatever becomes of the table meanwhile.
+/// The three lists match whatever happens to the table in between.
 void ListTransferTest::tableChangedInAPause()
 {
     m_rig->fillRows(70);

@@ -123,7 +123,8 @@ void RunClockTest::steps()
     QCOMPARE(clock.reached(), 2);
     clock.moveTo(99);
     QCOMPARE(clock.reached(), 4);
-    // Who steps does not run, and nobody knows where triggers from outside have led.
+    // A stepped run does not advance by itself, and the point reached by external triggers is not
+    // known.
     clock.setPace(RunClock::Pace::Unknown);
     QCOMPARE(clock.reached(), 0);
     clock.stepBy(1);

@@ -57,7 +57,7 @@ void RunPictureTest::followsTheFields()
     rig.click("power_toFrom_freq");
     QTRY_VERIFY2(rig.words().contains("dBm to"), qPrintable(rig.words()));
     rig.panel.sweep().dwell().clear();
-    QTRY_COMPARE(rig.words(), QString("The fields of the sweep give no points"));
+    QTRY_COMPARE(rig.words(), QString("The sweep settings define no points"));
 }
 
 void RunPictureTest::followsTheTable()
@@ -139,7 +139,7 @@ void RunPictureTest::followsAListSteppedByHand()
 
     // What only makes ready for steps ends the waiting for triggers, too.
     rig.click("ext_select button_List");
-    QCOMPARE(rig.header(), QString("Runs by triggers from outside"));
+    QCOMPARE(rig.header(), QString("Runs by external triggers"));
     rig.click("right_select");
     QCOMPARE(rig.header(), QString("Waits for the first step"));
 }
@@ -150,11 +150,11 @@ void RunPictureTest::followsTheTrigger()
     rig.click("button_Sweep");
     QCOMPARE(rig.shownPoint(), 1);
     rig.click("ext_select");
-    QCOMPARE(rig.header(), QString("Runs by triggers from outside"));
+    QCOMPARE(rig.header(), QString("Runs by external triggers"));
     rig.click("time_select");
     QCOMPARE(rig.shownPoint(), 1);
     rig.click("button_Sweep ext_select button_Sweep");
-    QCOMPARE(rig.header(), QString("Runs by triggers from outside"));
+    QCOMPARE(rig.header(), QString("Runs by external triggers"));
 }
 
 void RunPictureTest::forgetsARunThatIsLost()

@@ -74,7 +74,7 @@ void RunPointsTest::sweeps_data()
     testRow("one point stays at the start", SweepTexts{false, "0", "1 000", "9 000", "1", "7"}, 1,
             1e3, 0.0, 7.0);
     testRow("no way to go", SweepTexts{false, "0", "1 000", "1 000", "5", "7"}, 4, 1e3, 0.0, 35.0);
-    testRow("a milliard points",
+    testRow("a thousand million points",
             SweepTexts{false, "0", "0", "999 999 999", "1 000 000 000", "1 000"}, 500000001, 5e8,
             0.0, 1e12);
 }

@@ -107,7 +107,7 @@ void SweepCommandsTest::sweeps()
     if (isPower)
         m_rig->click("power_toFrom_freq");
     setSweep(texts);
-    // Whatever the instrument thinks of the texts.
+    // Whether or not the instrument accepts the texts.
     m_rig->demo("reply SYSTem:ERRor? -> 0,\"No error\"");
     for (int i = 0; i < 2; ++i) {
         m_rig->click("button_Sweep");

@@ -112,7 +112,7 @@ void TriggerCommandsTest::sweepStepsByHand()
     QCOMPARE(m_rig->sent(), QStringList(down));
     QCOMPARE(m_rig->whereItIs(), QString("2 WAIT 20000000 -4"));
     QCOMPARE(m_rig->events, QStringList({"1", "refresh", "1", "refresh", "-1", "refresh"}));
-    // The next run is prepared anew.
+    // The next run is prepared again.
     m_rig->click("button_Sweep");
     m_rig->sent();
     m_rig->click("button_Sweep");
@@ -197,7 +197,7 @@ void TriggerCommandsTest::choicesInARun_data()
             QStringList("LIST:MODE AUTO!") + external("NEG", "AUTO"));
 }
 
-/// Alike in a sweep and in a list, but that a list takes no single steps.
+/// The same in a sweep and in a list, except that a list takes no single steps.
 void TriggerCommandsTest::choicesInARun()
 {
     QFETCH(QString, clicked);

@@ -107,7 +107,7 @@ void WindowsWindowTest::looksAtTheDevicesOnTheirMessageOnly()
         QVERIFY(changed.wait());
     QVERIFY(!changed.wait(200));
     QCOMPARE(changed.count(), changes);
-    // No such instrument here: the look itself has to end well.
+    // No such instrument here: the search itself has to succeed.
     QCOMPARE(watch->presentSerials(false), QStringList());
 }
 

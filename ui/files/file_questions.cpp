@@ -15,8 +15,9 @@ QString translated(const char* text)
     return QCoreApplication::translate("FileQuestions", text);
 }
 
-/// What follows the choice can take long and wait in loops of its own. Begun inside the dialog's
-/// accept(), it would find the dialog on the screen, to be closed and deleted under its feet.
+/// What follows the choice can take long and run event loops of its own. Started inside the
+/// dialog's accept(), it would run while the dialog is still on the screen and is deleted in one of
+/// those loops.
 QFileDialog* newDialog(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
 {
     auto* dialog = new QFileDialog(window, question.title, question.folder, question.filter);

@@ -6,8 +6,8 @@
 
 class QWidget;
 
-// The questions asked before a file is touched. They wait for nobody: what was chosen comes later,
-// when the dialog has gone, and a dialog that is put away says nothing.
+// The questions asked before a file is touched. They do not block: the choice is reported when the
+// dialog has closed, and a cancelled dialog reports nothing.
 
 using FileChosen = std::function<void(const QString& path)>;
 
@@ -16,13 +16,13 @@ struct FileQuestion {
     QString folder; ///< where the dialog opens
     QString filter; ///< of names, as QFileDialog takes it
     QString proposedName{};
-    /// What becomes of a path to save to as it was typed: it gets its suffix.
+    /// Completes a path to save to as it was typed: adds the suffix.
     QString (*completed)(const QString& path) = nullptr;
 };
 
 void askFileToOpen(QWidget* window, const FileQuestion& question, const FileChosen& chosen);
 
-/// Asks also before a file is replaced whose name the dialog did not know.
+/// Also asks before a file is replaced whose name the dialog did not know.
 void askFileToSave(QWidget* window, const FileQuestion& question, const FileChosen& chosen);
 
 /// Asks a yes-or-no question; `confirmed` follows only a yes, which `yesText` words.

@@ -14,7 +14,7 @@ namespace
 {
 constexpr int silentMs = 500;
 constexpr int refreshMs = 100;
-/// Between two of its steps the work heeds that it is wanted no more.
+/// Between two steps the work checks whether it has been cancelled.
 constexpr int lastStepMs = 300;
 constexpr int steps = 1000;
 
@@ -47,19 +47,19 @@ void setUp(QProgressDialog& dialog, const QString& what)
     cancel->setObjectName(QStringLiteral("cancel"));
     cancel->setAccessibleName(cancel->text());
     cancel->setToolTip(
-        translated(QT_TRANSLATE_NOOP("FileWork", "Give it up; no file is changed (Esc)")));
+        translated(QT_TRANSLATE_NOOP("FileWork", "Cancel; no file is changed (Esc)")));
     dialog.setCancelButton(cancel);
 }
 
 void show(QProgressDialog& dialog, const FileProgress& progress)
 {
     const qint64 total = progress.total;
-    // Without a total the bar only says that it goes on.
+    // Without a total the bar only shows that the work continues.
     dialog.setMaximum(total > 0 ? steps : 0);
     dialog.setValue(total > 0 ? static_cast<int>(progress.done * steps / total) : 0);
 }
 
-/// Until the work is over, it is given up, or the program is being ended.
+/// Until the work is done, it is cancelled, or the program is being ended.
 void showUntilOver(Worker& worker, QWidget* window, const QString& what,
                    const FileProgress& progress)
 {
@@ -90,7 +90,7 @@ bool waitForFileWork(QWidget* window, const QString& what,
     progress->isCancelled = !worker->isFinished();
     if (worker->wait(lastStepMs))
         return true;
-    // The system does not let go of it: its end is nobody's concern any more.
+    // The system call does not return: nothing depends on its end any more.
     Worker* const abandoned = worker.release();
     QObject::connect(abandoned, &QThread::finished, abandoned, &QObject::deleteLater);
     if (abandoned->isFinished())

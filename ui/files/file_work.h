@@ -8,17 +8,17 @@
 
 class QWidget;
 
-// Reading and writing that may take its time: a slow disk, a network that has gone. It is done
-// beside the window, which waits: for half a second in silence, then with a dialog that shows how
-// far it has got and lets the user give it up.
+// Reading and writing that may take long: a slow disk, a lost network. It runs in another thread
+// while the window waits: for half a second silently, then with a dialog that shows the progress
+// and lets the user cancel.
 
-/// Does the work; false when it was given up, or the program is being ended. What was given up may
-/// be under way until the system lets go of it, so that `work` owns all that it touches.
+/// Does the work; false when it was cancelled, or the program is being ended. Cancelled work may
+/// still run until the system call returns, so `work` must own all that it uses.
 bool waitForFileWork(QWidget* window, const QString& what,
                      const std::shared_ptr<FileProgress>& progress,
                      const std::function<void()>& work);
 
-/// What `work` makes of a file; none when it was given up. `what` names the work to the user.
+/// The result of `work` on a file; none when it was cancelled. `what` names the work to the user.
 template <typename Result>
 std::optional<Result> fileWork(QWidget* window, const QString& what,
                                const std::function<Result(FileProgress*)>& work)
@@ -34,7 +34,7 @@ std::optional<Result> fileWork(QWidget* window, const QString& what,
 /// "Reading list.csv"
 QString readingWords(const QString& path);
 
-/// What `read` makes of the file; none when it was given up.
+/// The result of `read` on the file; none when it was cancelled.
 template <typename Result>
 std::optional<Result> readBeside(QWidget* window, const QString& path,
                                  Result (*read)(const QString& path, FileProgress* progress))
@@ -43,5 +43,5 @@ std::optional<Result> readBeside(QWidget* window, const QString& path,
     return fileWork<Result>(window, readingWords(path), work);
 }
 
-/// writeWholeFile, beside the window.
+/// writeWholeFile in another thread.
 FileOutcome writeBeside(QWidget* window, const QString& path, const QByteArray& bytes);

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Where the user's lists and profiles lie, among their documents; it need not be there yet.
+/// The folder of the user's lists and profiles, in their documents; it need not exist yet.
 QString userFolder();
 
-/// The same folder, made when it is missing. Where that fails, whoever writes into it will say so.
+/// The same folder, created when it is missing. If that fails, writing into it reports the error.
 QString madeUserFolder();

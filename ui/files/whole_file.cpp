@@ -27,7 +27,7 @@ FileOutcome refusedSize()
     return failed(FileFault::TooLarge, QT_TRANSLATE_NOOP("WholeFile", "it is too large"));
 }
 
-/// Takes one step more into account; false when no further one is wanted.
+/// Counts one more step; false when it has been cancelled.
 bool isWanted(FileProgress* progress, qint64 done)
 {
     if (!progress)
@@ -92,7 +92,7 @@ FileOutcome writeWholeFile(const QString& path, const QByteArray& bytes, FilePro
         if (!isWanted(progress, done + length))
             return {FileFault::Cancelled, QString()};
     }
-    // The closing within commit() would not tell that what lay in the buffer found no room.
+    // Closing within commit() would not report that there was no room for the buffered bytes.
     if (!file.flush() || file.error() != QFileDevice::NoError)
         return {FileFault::Failed, file.errorString()};
     if (!isWanted(progress, bytes.size()))

@@ -7,10 +7,10 @@
 
 class QFile;
 
-// The one way in which the program's own files are read and written. What is not a regular file, or
-// a link to one, is refused: a pipe or a device could keep its reader waiting for ever.
+// The one way in which the program's own files are read and written. Anything but a regular file,
+// or a link to one, is refused: a pipe or a device could block its reader for ever.
 
-/// How far a reading or writing has got. Watched, and cancelled, from another thread.
+/// The progress of reading or writing. Watched, and cancelled, from another thread.
 struct FileProgress {
     std::atomic<qint64> done{0};  ///< bytes
     std::atomic<qint64> total{0}; ///< bytes; 0 while it is not known
@@ -34,7 +34,7 @@ FileOutcome openToRead(QFile& file, FileProgress* progress = nullptr);
 /// All of a file of at most `mostBytes`.
 FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* progress = nullptr);
 
-/// Writes beside the target and renames into place: whatever happens, a full disk too, there is a
-/// whole file there, the new one or the old one. There is no new one after a fault.
+/// Writes beside the target and renames into place: whatever happens, also with a full disk, there
+/// is a complete file, the new one or the old one. After a fault it is the old one.
 FileOutcome writeWholeFile(const QString& path, const QByteArray& bytes,
                            FileProgress* progress = nullptr);

@@ -69,7 +69,7 @@
         <translation>Прибор занят другой программой</translation>
     </message>
     <message>
-        <source>The instrument has gone before it could be opened</source>
+        <source>The instrument was disconnected before it could be opened</source>
         <translation>Прибор отключился раньше, чем его удалось открыть</translation>
     </message>
     <message>
@@ -105,16 +105,16 @@
         <translation>Подключение: открытие прибора</translation>
     </message>
     <message>
-        <source>Connecting: asking for its mode</source>
-        <translation>Подключение: запрос режима прибора</translation>
+        <source>Connecting: reading the mode</source>
+        <translation>Подключение: чтение режима прибора</translation>
     </message>
     <message>
         <source>Connecting: reset and identification</source>
         <translation>Подключение: сброс и идентификация</translation>
     </message>
     <message>
-        <source>no access to the device: it does not say what it is</source>
-        <translation>нет доступа к прибору: он не сообщает, что он такое</translation>
+        <source>no access to the device: it does not identify itself</source>
+        <translation>нет доступа к прибору: не удалось его идентифицировать</translation>
     </message>
     <message>
         <source>no access to the device: serial number %1 is not among those allowed</source>
@@ -149,7 +149,7 @@
     <name>ConnectionObstacle</name>
     <message>
         <source>The VISA library %1 cannot be loaded: %2</source>
-        <translation>Библиотека VISA %1 не загружается: %2</translation>
+        <translation>Не удалось загрузить библиотеку VISA %1: %2</translation>
     </message>
     <message>
         <source>There is no VISA library %1</source>
@@ -157,11 +157,11 @@
     </message>
     <message>
         <source>No VISA library found: install the maker&apos;s VISA library. Looked for %1 in: %2</source>
-        <translation>Библиотека VISA не найдена: установите библиотеку VISA изготовителя. Искали %1, где: %2</translation>
+        <translation>Библиотека VISA не найдена: установите библиотеку VISA изготовителя. Файл %1 искали здесь: %2</translation>
     </message>
     <message>
         <source>The VISA library %1 does not start</source>
-        <translation>Библиотека VISA %1 не запускается</translation>
+        <translation>Не удалось инициализировать библиотеку VISA %1</translation>
     </message>
 </context>
 <context>
@@ -175,7 +175,7 @@
         <translation>Нет захвата внешнего опорного сигнала</translation>
     </message>
     <message>
-        <source>No instrument is connected: RF goes on when one is</source>
+        <source>No instrument is connected: RF will be switched on when one is</source>
         <translation>Прибор не подключён: ВЧ включится при подключении</translation>
     </message>
     <message>
@@ -201,8 +201,8 @@
         <translation>Отмена</translation>
     </message>
     <message>
-        <source>Put the message away (Esc)</source>
-        <translation>Убрать сообщение (Esc)</translation>
+        <source>Close the message (Esc)</source>
+        <translation>Закрыть сообщение (Esc)</translation>
     </message>
 </context>
 <context>
@@ -223,8 +223,8 @@
 <context>
     <name>Exclusions</name>
     <message>
-        <source>Pulse modulation off: the trigger takes its input</source>
-        <translation>Импульсная модуляция выключена: её вход занят запуском</translation>
+        <source>Pulse modulation off: the trigger uses its input</source>
+        <translation>Импульсная модуляция выключена: её вход используется для запуска</translation>
     </message>
     <message>
         <source>a modulation is on</source>
@@ -285,8 +285,8 @@
         <translation>Отмена</translation>
     </message>
     <message>
-        <source>Give it up; no file is changed (Esc)</source>
-        <translation>Прекратить; ни один файл не изменится (Esc)</translation>
+        <source>Cancel; no file is changed (Esc)</source>
+        <translation>Отменить; файлы не изменятся (Esc)</translation>
     </message>
     <message>
         <source>Reading %1</source>
@@ -504,12 +504,12 @@
         <translation>Шаг %1</translation>
     </message>
     <message>
-        <source>Type the step; Return takes it</source>
+        <source>Type the step; Return applies it</source>
         <translation>Введите шаг; Enter принимает его</translation>
     </message>
     <message>
         <source>Type the number; Return or a unit enters it</source>
-        <translation>Введите число; Enter или единица измерения вводит его</translation>
+        <translation>Введите число; Enter или кнопка единицы завершает ввод</translation>
     </message>
     <message>
         <source>at most %1</source>
@@ -579,7 +579,7 @@
     <name>LfGeneratorCommands</name>
     <message>
         <source>Setting the LF generator</source>
-        <translation>Установка генератора НЧ</translation>
+        <translation>Настройка генератора НЧ</translation>
     </message>
 </context>
 <context>
@@ -600,8 +600,8 @@
         <translation>Пока передаётся таблица, открыть список нельзя</translation>
     </message>
     <message>
-        <source>The fields of the sweep give no list</source>
-        <translation>По полям качания список составить нельзя</translation>
+        <source>The sweep settings define no points for a list</source>
+        <translation>По параметрам качания список составить нельзя</translation>
     </message>
     <message>
         <source>Sweep/List</source>
@@ -619,7 +619,7 @@
 <context>
     <name>ListFileDialogs</name>
     <message>
-        <source>%1: the first line is a heading and was passed over</source>
+        <source>%1: the first line is a heading and was skipped</source>
         <translation>%1: первая строка — заголовок, она пропущена</translation>
     </message>
     <message>
@@ -644,23 +644,23 @@
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>%1 не открывается: %2</translation>
+        <translation>Не удалось открыть %1: %2</translation>
     </message>
     <message>
         <source>%1 cannot be read: %2</source>
-        <translation>%1 не читается: %2</translation>
+        <translation>Не удалось прочитать %1: %2</translation>
     </message>
     <message>
-        <source>%1 is not a list: it is no text in UTF-8</source>
-        <translation>%1 — не список: это не текст в UTF-8</translation>
+        <source>%1: not valid UTF-8 text</source>
+        <translation>%1: текст не в кодировке UTF-8</translation>
     </message>
     <message>
-        <source>%1 is not a list: &quot;%3&quot; in line %2 is no number</source>
-        <translation>%1 — не список: «%3» в строке %2 — не число</translation>
+        <source>%1, line %2: &quot;%3&quot; is not a number</source>
+        <translation>%1, строка %2: «%3» — не число</translation>
     </message>
     <message>
-        <source>%1 is not a list: it has more than %2 lines</source>
-        <translation>%1 — не список: в нём больше %2 строк</translation>
+        <source>%1: more than %2 lines</source>
+        <translation>%1: больше %2 строк</translation>
     </message>
     <message>
         <source>Not saved: %1</source>
@@ -679,8 +679,8 @@
         <translation>Не открыто: %1</translation>
     </message>
     <message>
-        <source>%1 is not a list: a field in line %2 is longer than %3 characters</source>
-        <translation>%1 — не список: поле в строке %2 длиннее %3 знаков</translation>
+        <source>%1, line %2: a field is longer than %3 characters</source>
+        <translation>%1, строка %2: поле длиннее %3 знаков</translation>
     </message>
 </context>
 <context>
@@ -695,7 +695,7 @@
     </message>
     <message>
         <source>Run the list while pressed in</source>
-        <translation>Пока нажата, список выполняется</translation>
+        <translation>Список выполняется, пока кнопка нажата</translation>
     </message>
     <message>
         <source>Save List</source>
@@ -729,8 +729,8 @@
 <context>
     <name>ListPlot</name>
     <message>
-        <source>Runs by triggers from outside</source>
-        <translation>Выполняется по внешним запускам</translation>
+        <source>Runs by external triggers</source>
+        <translation>Выполняется по внешнему запуску</translation>
     </message>
     <message>
         <source>Waits for the first step</source>
@@ -741,8 +741,8 @@
         <translation>Точка %1 из %2  ·  %3</translation>
     </message>
     <message>
-        <source>  ·  Point %1 cannot run as it stands</source>
-        <translation>  ·  Точка %1 так выполняться не может</translation>
+        <source>  ·  Point %1 cannot run with these values</source>
+        <translation>  ·  Точку %1 с такими значениями выполнить нельзя</translation>
     </message>
     <message>
         <source>Picture of the run</source>
@@ -1113,7 +1113,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>ЦАП</translation>
     </message>
     <message>
-        <source>Present point of the run</source>
+        <source>Current point of the run</source>
         <translation>Текущая точка прохода</translation>
     </message>
     <message>
@@ -1237,7 +1237,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>What a run steps through</source>
-        <translation>По чему идёт выполнение</translation>
+        <translation>По каким точкам и сколько раз идёт выполнение</translation>
     </message>
 </context>
 <context>
@@ -1251,7 +1251,7 @@ Keys: +, −, Left, Right, Home</source>
     <name>ModulationCommands</name>
     <message>
         <source>Setting the modulation</source>
-        <translation>Установка модуляции</translation>
+        <translation>Настройка модуляции</translation>
     </message>
 </context>
 <context>
@@ -1332,8 +1332,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>m после числа: милливольты</translation>
     </message>
     <message>
-        <source>no number, nothing is sent</source>
-        <translation>нет числа, ничего не отправлено</translation>
+        <source>not a number, nothing is sent</source>
+        <translation>не число, ничего не отправлено</translation>
     </message>
     <message>
         <source>%1: %2</source>
@@ -1353,7 +1353,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be read</source>
-        <translation>«%1» не читается</translation>
+        <translation>не удалось прочитать «%1»</translation>
     </message>
     <message>
         <source>whole numbers only</source>
@@ -1368,8 +1368,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>только одна десятичная точка</translation>
     </message>
     <message>
-        <source>&quot;%1&quot; is no part of its number</source>
-        <translation>«%1» не входит в число</translation>
+        <source>&quot;%1&quot; is not allowed in this number</source>
+        <translation>символ «%1» здесь недопустим</translation>
     </message>
 </context>
 <context>
@@ -1465,7 +1465,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Для заполнения в первой и последней ячейках нужны числа</translation>
     </message>
     <message>
-        <source>Not pasted: &quot;%1&quot; is no number</source>
+        <source>Not pasted: &quot;%1&quot; is not a number</source>
         <translation>Не вставлено: «%1» — не число</translation>
     </message>
     <message>
@@ -1512,7 +1512,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Двойной щелчок или ввод изменяет ячейку; буквы единиц: k, m или g после частоты, m или s после времени</translation>
     </message>
     <message>
-        <source>This change is too large to be taken back</source>
+        <source>This change is too large to be undone</source>
         <translation>Это изменение слишком велико, его нельзя отменить</translation>
     </message>
     <message>
@@ -1524,8 +1524,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Выше наибольшей мощности</translation>
     </message>
     <message>
-        <source>Row %1, %2: &quot;%3&quot; is no number</source>
-        <translation>Строка %1, %2: «%3» не число</translation>
+        <source>Row %1, %2: &quot;%3&quot; is not a number</source>
+        <translation>Строка %1, %2: «%3» — не число</translation>
     </message>
 </context>
 <context>
@@ -1535,8 +1535,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Наибольшая мощность</translation>
     </message>
     <message>
-        <source>No power above it is set by this program, whatever is typed, stepped or opened. Empty: as high as the instrument allows.</source>
-        <translation>Мощность выше этой программа не устанавливает, что бы ни было введено, пройдено шагами или открыто. Пусто: сколько допускает прибор.</translation>
+        <source>The program sets no power above this, whether typed, stepped or opened. Empty: the limit of the instrument.</source>
+        <translation>Программа не установит мощность выше этой, как бы она ни была задана. Пусто: предел прибора.</translation>
     </message>
     <message>
         <source>dBm</source>
@@ -1547,7 +1547,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>OK</translation>
     </message>
     <message>
-        <source>Take this highest power (Enter)</source>
+        <source>Apply this highest power (Enter)</source>
         <translation>Принять наибольшую мощность (Enter)</translation>
     </message>
     <message>
@@ -1597,11 +1597,11 @@ Keys: +, −, Left, Right, Home</source>
     <name>ProgramSettings</name>
     <message>
         <source>The settings cannot be read: defaults are used</source>
-        <translation>Настройки не читаются: используются значения по умолчанию</translation>
+        <translation>Не удалось прочитать настройки: используются значения по умолчанию</translation>
     </message>
     <message>
-        <source>The settings cannot be written: changes will not be kept</source>
-        <translation>Настройки не записываются: изменения не сохранятся</translation>
+        <source>The settings cannot be written: changes will not be saved</source>
+        <translation>Не удалось записать настройки: изменения не сохранятся</translation>
     </message>
 </context>
 <context>
@@ -1639,8 +1639,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>%1: единица</translation>
     </message>
     <message>
-        <source>Unit shown and typed: µs, ms, s or ns; a click takes the next one</source>
-        <translation>Единица показа и ввода: мкс, мс, с или нс; щелчок выбирает следующую</translation>
+        <source>Unit for display and entry: µs, ms, s or ns; a click selects the next one</source>
+        <translation>Единица отображения и ввода: мкс, мс, с или нс; щелчок выбирает следующую</translation>
     </message>
 </context>
 <context>
@@ -1822,7 +1822,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Качание: мощность</translation>
     </message>
     <message>
-        <source>The value that stays</source>
+        <source>The fixed value</source>
         <translation>Постоянное значение</translation>
     </message>
     <message>
@@ -1895,11 +1895,11 @@ Keys: +, −, Left, Right, Home</source>
         <translation>КАЧАНИЕ</translation>
     </message>
     <message>
-        <source>Present frequency of the run</source>
+        <source>Current frequency of the run</source>
         <translation>Текущая частота прохода</translation>
     </message>
     <message>
-        <source>Present power of the run</source>
+        <source>Current power of the run</source>
         <translation>Текущая мощность прохода</translation>
     </message>
     <message>
@@ -1912,7 +1912,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>waits for a step, points: %1</source>
-        <translation>ждёт шага, точек: %1</translation>
+        <translation>ожидает шага, точек: %1</translation>
     </message>
     <message>
         <source>by trigger</source>
@@ -1954,8 +1954,8 @@ Keys: +, −, Left, Right, Home</source>
         </translation>
     </message>
     <message>
-        <source>The fields of the sweep give no points</source>
-        <translation>По полям качания точек нет</translation>
+        <source>The sweep settings define no points</source>
+        <translation>Параметры качания не задают ни одной точки</translation>
     </message>
     <message>
         <source>The list has no points</source>
@@ -2000,16 +2000,16 @@ Keys: +, −, Left, Right, Home</source>
         <translation>ожидание ответа прибора</translation>
     </message>
     <message>
-        <source>connection error: the error queue of the instrument never runs empty</source>
-        <translation>ошибка связи: очередь ошибок прибора не опустошается</translation>
+        <source>connection error: the error queue of the instrument never becomes empty</source>
+        <translation>ошибка связи: очередь ошибок прибора не становится пустой</translation>
     </message>
     <message>
         <source>connection error: the instrument does not answer</source>
         <translation>ошибка связи: прибор не отвечает</translation>
     </message>
     <message>
-        <source>connection error: the instrument or its cable has gone</source>
-        <translation>ошибка связи: прибор отключён или отсоединён кабель</translation>
+        <source>connection error: the instrument was switched off or unplugged</source>
+        <translation>ошибка связи: прибор выключен или отсоединён</translation>
     </message>
     <message>
         <source>connection error: VISA status %1</source>
@@ -2043,8 +2043,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Таблица калибровки сохранена в приборе</translation>
     </message>
     <message>
-        <source>Writing was stopped: the stored table is as it was</source>
-        <translation>Запись остановлена: сохранённая таблица прежняя</translation>
+        <source>Writing was stopped: the stored table is unchanged</source>
+        <translation>Запись остановлена: сохранённая таблица не изменена</translation>
     </message>
     <message>
         <source>Writing the calibration table...</source>
@@ -2063,15 +2063,15 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Прибор не подключён</translation>
     </message>
     <message>
-        <source>The calibration table is stored in the instrument; as it was read it is kept as %1</source>
-        <translation>Таблица калибровки сохранена в приборе; прочитанная прежде сохранена в файле %1</translation>
+        <source>The calibration table is stored in the instrument; the table read before is saved as %1</source>
+        <translation>Таблица калибровки сохранена в приборе; прочитанная ранее сохранена в файле %1</translation>
     </message>
     <message>
-        <source>Nothing was written: the table was not kept as it was read</source>
+        <source>Nothing was written: the table read before was not saved</source>
         <translation>Ничего не записано: прочитанная таблица не сохранена в файле</translation>
     </message>
     <message>
-        <source>Nothing was written: the table as it was read could not be kept as %1: %2</source>
+        <source>Nothing was written: the table read before could not be saved as %1: %2</source>
         <translation>Ничего не записано: прочитанную таблицу не удалось сохранить в файле %1: %2</translation>
     </message>
     <message>
@@ -2092,11 +2092,11 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>%1 cannot be opened: %2</source>
-        <translation>%1 не открывается: %2</translation>
+        <translation>Не удалось открыть %1: %2</translation>
     </message>
     <message>
-        <source>%1 is no backup of a calibration table: line %2 is no frequency and whole number</source>
-        <translation>%1 — не копия таблицы калибровки: в строке %2 не частота и целое число</translation>
+        <source>%1 is not a backup of a calibration table: line %2 is not a frequency and a whole number</source>
+        <translation>%1 — не копия таблицы калибровки: в строке %2 нет частоты и целого числа</translation>
     </message>
     <message>
         <source>%1: rows that differ from what was read: %2</source>
@@ -2152,7 +2152,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Имитатор прибора</translation>
     </message>
     <message>
-        <source>Work with a simulated instrument; the menu leads back to a real one</source>
+        <source>Work with a simulated instrument; the menu switches back to a real one</source>
         <translation>Работать с имитатором прибора; вернуться к настоящему можно через меню</translation>
     </message>
 </context>
@@ -2211,7 +2211,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>Run the sweep while pressed in</source>
-        <translation>Пока нажата, качание выполняется</translation>
+        <translation>Качание выполняется, пока кнопка нажата</translation>
     </message>
     <message>
         <source>Frequency</source>
@@ -2577,7 +2577,7 @@ Keys: +, −, Left, Right, Home</source>
 <context>
     <name>openSaveProfile</name>
     <message>
-        <source>Replace the quick profile &quot;%1&quot; by the present settings?</source>
+        <source>Replace the quick profile &quot;%1&quot; by the current settings?</source>
         <translation>Заменить быстрый профиль «%1» текущими настройками?</translation>
     </message>
     <message>
@@ -2601,8 +2601,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Быстрые профили</translation>
     </message>
     <message>
-        <source>None yet: give the present settings a name and save them.</source>
-        <translation>Пока пусто: назовите текущие настройки и сохраните их.</translation>
+        <source>None yet: give the current settings a name and save them.</source>
+        <translation>Профилей пока нет: задайте имя и сохраните текущие настройки.</translation>
     </message>
     <message>
         <source>Name</source>
@@ -2625,7 +2625,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Имя нового быстрого профиля</translation>
     </message>
     <message>
-        <source>Name under which the present settings are saved; Return saves</source>
+        <source>Name under which the current settings are saved; Return saves</source>
         <translation>Имя, под которым сохраняются текущие настройки; Enter сохраняет</translation>
     </message>
     <message>
@@ -2633,7 +2633,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Сохранить как быстрый профиль</translation>
     </message>
     <message>
-        <source>Save the present settings as a quick profile of this name</source>
+        <source>Save the current settings as a quick profile of this name</source>
         <translation>Сохранить текущие настройки как быстрый профиль с этим именем</translation>
     </message>
     <message>
@@ -2649,7 +2649,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Сохранить файл</translation>
     </message>
     <message>
-        <source>Save the present settings to a file</source>
+        <source>Save the current settings to a file</source>
         <translation>Сохранить текущие настройки в файл</translation>
     </message>
 </context>
@@ -2677,11 +2677,11 @@ Keys: +, −, Left, Right, Home</source>
     </message>
     <message>
         <source>The profile cannot be read, nothing applied: %1</source>
-        <translation>Профиль не читается, ничего не применено: %1</translation>
+        <translation>Не удалось прочитать профиль, ничего не применено: %1</translation>
     </message>
     <message>
         <source>Too large for a profile, nothing applied: %1</source>
-        <translation>Слишком велик для профиля, ничего не применено: %1</translation>
+        <translation>Файл слишком велик для профиля, ничего не применено: %1</translation>
     </message>
     <message>
         <source>The profile is damaged, nothing applied: %1</source>
@@ -2724,8 +2724,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Не сохранено: %1</translation>
     </message>
     <message>
-        <source>Reading was given up, nothing applied: %1</source>
-        <translation>Чтение прервано, ничего не применено: %1</translation>
+        <source>Reading was cancelled, nothing applied: %1</source>
+        <translation>Чтение отменено, ничего не применено: %1</translation>
     </message>
     <message>
         <source>Open file</source>
@@ -2748,11 +2748,11 @@ Keys: +, −, Left, Right, Home</source>
     <name>progressBarForTable</name>
     <message>
         <source>Progress</source>
-        <translation>Ход</translation>
+        <translation>Ход выполнения</translation>
     </message>
     <message>
-        <source>How far the table has got</source>
-        <translation>Сколько таблицы уже передано</translation>
+        <source>Progress of the table</source>
+        <translation>Ход передачи таблицы</translation>
     </message>
 </context>
 <context>
@@ -2778,7 +2778,7 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Записать</translation>
     </message>
     <message>
-        <source>Stop after the present row; nothing is stored</source>
+        <source>Stop after the current row; nothing is stored</source>
         <translation>Остановить после текущей строки; ничего не сохраняется</translation>
     </message>
     <message>
@@ -2814,8 +2814,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Перечитать</translation>
     </message>
     <message>
-        <source>Read the table from the instrument again; what was changed here is dropped</source>
-        <translation>Снова прочитать таблицу из прибора; изменения в ней пропадут</translation>
+        <source>Read the table from the instrument again; changes made here are discarded</source>
+        <translation>Снова прочитать таблицу из прибора; внесённые изменения будут потеряны</translation>
     </message>
     <message>
         <source>Open backup...</source>
@@ -2826,8 +2826,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Открыть копию</translation>
     </message>
     <message>
-        <source>Put a table that was kept before a write into this one, to be written back</source>
-        <translation>Показать здесь таблицу, сохранённую перед записью, чтобы записать её обратно</translation>
+        <source>Show a table that was saved before a write, to write it back</source>
+        <translation>Показать таблицу, сохранённую перед записью, чтобы записать её обратно</translation>
     </message>
 </context>
 </TS>

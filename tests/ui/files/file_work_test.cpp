@@ -7,7 +7,7 @@
 #include <QThread>
 #include <QtTest>
 
-/// Reading and writing that takes its time.
+/// Reading and writing that takes long.
 class FileWorkTest : public QObject
 {
     Q_OBJECT

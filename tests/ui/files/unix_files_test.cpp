@@ -101,7 +101,7 @@ void UnixFilesTest::pipesAndDevicesAreRefused_data()
     testRow("folder", QString("/"));
 }
 
-/// A pipe that nobody writes to keeps its reader for ever.
+/// A pipe without a writer blocks its reader for ever.
 void UnixFilesTest::pipesAndDevicesAreRefused()
 {
     QFETCH(QString, given);
