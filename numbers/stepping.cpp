@@ -199,12 +199,3 @@ QString steppedPlace(const QString& text, int decimalPlace, int direction, bool 
     }
     return formatGrouped(textOf(*number));
 }
-
-SteppedDigit steppedDigit(const QString& text, int cursor, int direction, bool stopAtZero)
-{
-    const std::optional<int> decimalPlace = decimalPlaceAt(text, cursor);
-    if (!decimalPlace)
-        return {text, cursor};
-    const QString stepped = steppedPlace(text, *decimalPlace, direction, stopAtZero);
-    return {stepped, cursorBehindPlace(stepped, *decimalPlace)};
-}

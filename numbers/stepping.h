@@ -34,11 +34,3 @@ int cursorBehindPlace(const QString& text, int decimalPlace);
 /// carrying into its neighbours, grouped. Exact for any number of digits; the decimals are kept.
 /// Text that is no plain decimal number is returned as it is.
 QString steppedPlace(const QString& text, int decimalPlace, int direction, bool stopAtZero);
-
-struct SteppedDigit {
-    QString text;
-    int cursor;
-};
-
-/// A field's text with the digit at the cursor stepped, and the cursor behind that digit again.
-SteppedDigit steppedDigit(const QString& text, int cursor, int direction, bool stopAtZero);

@@ -59,7 +59,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     PROMISE(steppedPlace(steppedPlace(once, place, -direction, false), place, direction, false) ==
             once);
     const int cursor = choice % (text.size() + 1);
-    const SteppedDigit digit = steppedDigit(text, cursor, direction, (choice & 8) != 0);
-    PROMISE(0 <= digit.cursor && digit.cursor <= std::max(digit.text.size(), text.size()));
+    if (const std::optional<int> at = decimalPlaceAt(text, cursor)) {
+        const QString stepped = steppedPlace(text, *at, direction, (choice & 8) != 0);
+        const int behind = cursorBehindPlace(stepped, *at);
+        PROMISE(0 <= behind && behind <= stepped.size());
+    }
     return 0;
 }

@@ -116,8 +116,11 @@ void SteppingTest::digit()
     QFETCH(int, direction);
     QFETCH(bool, stopAtZero);
     const int cursor = before.indexOf('|');
-    const SteppedDigit stepped = steppedDigit(before.remove('|'), cursor, direction, stopAtZero);
-    QTEST(QString(stepped.text).insert(stepped.cursor, '|'), "after");
+    const QString text = before.remove('|');
+    const std::optional<int> place = decimalPlaceAt(text, cursor);
+    QVERIFY(place);
+    QString stepped = steppedPlace(text, *place, direction, stopAtZero);
+    QTEST(stepped.insert(cursorBehindPlace(stepped, *place), '|'), "after");
 }
 
 void SteppingTest::digitAgreesWithArithmetic()
@@ -149,11 +152,9 @@ void SteppingTest::digitTextThatIsNoNumber_data()
 void SteppingTest::digitTextThatIsNoNumber()
 {
     QFETCH(QString, text);
-    for (int cursor = 0; cursor <= text.size(); ++cursor) {
-        const SteppedDigit stepped = steppedDigit(text, cursor, 1, true);
-        QCOMPARE(stepped.text, text);
-        QCOMPARE(stepped.cursor, cursor);
-    }
+    QCOMPARE(steppedPlace(text, 0, 1, true), text);
+    for (int cursor = 0; cursor <= text.size(); ++cursor)
+        QVERIFY(!decimalPlaceAt(text, cursor));
 }
 
 QTEST_GUILESS_MAIN(SteppingTest)
