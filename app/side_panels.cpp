@@ -120,7 +120,6 @@ void SidePanels::slideOut(QWidget* panel, QWidget* next)
     const QSize drawerSize = next ? m_drawer->minimumSize() : QSize(0, 0);
     animate(panel, QPoint(-panel->width(), 0), drawerSize, false, [this, panel, next] {
         panel->hide();
-        emit closed(panel);
         if (next)
             slideIn(next);
         else

@@ -43,7 +43,6 @@ public:
 
 signals:
     void opened(QWidget* panel);
-    void closed(QWidget* panel);
     /// The last animation of a sequence has finished.
     void allMoved();
 
