@@ -1,10 +1,8 @@
-#include "app/side_panels.h"
 #include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "ui/language.h"
-#include "ui/side_panel.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -28,7 +26,6 @@ class WindowTest : public PanelTest
 
 private slots:
     void everySlotFindsItsControl();
-    void panelsOpenOneAtATime();
     void languageSwitchesWhileRunning();
     void aboutShowsTheInstrument();
     void calibrationDateIsColoured_data();
@@ -47,41 +44,6 @@ void WindowTest::everySlotFindsItsControl()
     qInstallMessageHandler(before);
     const QStringList unmatched = warnings.filter("QMetaObject");
     QVERIFY2(unmatched.isEmpty(), qPrintable(unmatched.join('\n')));
-}
-
-void WindowTest::panelsOpenOneAtATime()
-{
-    struct Row {
-        const char* toggle;
-        const char* panel;
-    };
-    const Row rows[] = {{"open_mod", "Modulat"},
-                        {"open_list", "List"},
-                        {"open_gener", "generator"},
-                        {"profiles", "openSaveProfile"},
-                        {"service", "service_panel"}};
-    PanelRig rig;
-    for (const Row& row : rows) {
-        rig.click(row.toggle);
-        // A second click while panels move is ignored.
-        rig.click(row.toggle);
-        QTRY_VERIFY(!SidePanels::moving());
-        for (const Row& other : rows) {
-            const bool isThis = other.toggle == row.toggle;
-            QCOMPARE(rig.get(other.panel).isVisible(), isThis);
-            QCOMPARE(rig.get<QPushButton>(other.toggle).isChecked(), isThis);
-        }
-    }
-    auto* panel = rig.window().findChild<SidePanel*>("service_panel");
-    emit panel->hide_();
-    QTRY_VERIFY(!SidePanels::moving());
-    QVERIFY(!panel->isVisible());
-    QVERIFY(!rig.get<QPushButton>("service").isChecked());
-
-    rig.window().not_move();
-    rig.click("open_mod");
-    QVERIFY(!SidePanels::moving() || !rig.get("Modulat").isVisible());
-    rig.window().allow_move();
 }
 
 void WindowTest::languageSwitchesWhileRunning()

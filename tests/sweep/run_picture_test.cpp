@@ -40,7 +40,6 @@ private slots:
     void followsTheFields();
     void followsTheTable();
     void readsNothingWhileHidden();
-    void followsAFreeRun();
     void followsASweepSteppedByHand();
     void followsAListSteppedByHand();
     void followsTheTrigger();
@@ -84,19 +83,6 @@ void RunPictureTest::readsNothingWhileHidden()
     QVERIFY(rig.words().startsWith("Sweep of 5 points"));
     rig.panel.show();
     QTRY_VERIFY(rig.words().startsWith("Sweep of 9 points"));
-}
-
-void RunPictureTest::followsAFreeRun()
-{
-    PictureRig rig;
-    rig.setSweep(6, 150000);
-    rig.click("button_Sweep");
-    QTRY_COMPARE(rig.shownPoint(), 3);
-    QVERIFY(std::abs(rig.instrumentPoint() - 3) <= 1);
-    QTRY_COMPARE(rig.header(), QString("Point 6 of 6  ·  900 ms of 900 ms"));
-    QCOMPARE(rig.instrumentPoint(), 6);
-    rig.click("button_Sweep");
-    QVERIFY(rig.header().startsWith("Points: 6"));
 }
 
 void RunPictureTest::followsASweepSteppedByHand()
