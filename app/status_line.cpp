@@ -1,6 +1,7 @@
 #include "app/status_line.h"
 
 #include "connection/connection.h"
+#include "link/pause.h"
 
 #include <QLabel>
 #include <QVariant>
@@ -20,7 +21,7 @@ StatusLine::StatusLine(QLabel& label, const Notices& notices, QObject* parent)
 {
     for (QTimer* timer : {&m_messageTimer, &m_faultTimer}) {
         timer->setSingleShot(true);
-        timer->setInterval(messageMs);
+        timer->setInterval(static_cast<int>(messageMs * pauses().messageShare));
     }
     connect(&m_messageTimer, &QTimer::timeout, this, &StatusLine::forgetNotice);
     connect(&notices, &Notices::said, this, &StatusLine::showNotice);

@@ -1,9 +1,10 @@
 #pragma once
 
-/// How the pauses of the program pass, for tests that are not about their length.
+/// How pauses and messages of the program pass, for tests that are not about their length.
 struct Pauses {
-    double share = 1.0; ///< of its length that a pause takes
-    int totalMs = 0;    ///< the lengths of all pauses so far, whatever they really took
+    double share = 1.0;        ///< of its length that a pause takes
+    double messageShare = 1.0; ///< of its time that a message stands in the status line
+    int totalMs = 0;           ///< the lengths of all pauses so far, whatever they really took
 };
 Pauses& pauses();
 

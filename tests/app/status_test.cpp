@@ -3,6 +3,7 @@
 #include "link/activity.h"
 #include "link/instrument_limits.h"
 #include "link/library_places.h"
+#include "link/pause.h"
 #include "sweep/list_panel.h"
 #include "tests/support/panel_test.h"
 #include "ui/error_box.h"
@@ -98,6 +99,7 @@ private:
 
 void StatusTest::start(const QString& library)
 {
+    pauses().messageShare = 0.1;
     StartOptions options = PanelRig::defaultOptions();
     options.visaLibrary = library;
     options.isClean = true;
@@ -139,8 +141,8 @@ void StatusTest::aLossIsNotHidden()
     m_rig->get<NumberEdit>("FREQ").context().notices.say([] { return QString("in passing"); });
     QCOMPARE(m_rig->status(), loss);
     // Once it has been read, the message has its turn, and then the loss is back.
-    QTRY_COMPARE_WITH_TIMEOUT(m_rig->status(), QString("in passing"), 8000);
-    QTRY_COMPARE_WITH_TIMEOUT(m_rig->status(), loss, 8000);
+    QTRY_COMPARE(m_rig->status(), QString("in passing"));
+    QTRY_COMPARE(m_rig->status(), loss);
 }
 
 void StatusTest::aLossIsSaidBesideTheNextSearch()
@@ -178,7 +180,7 @@ void StatusTest::whatIsGoneIsNotSpokenOf()
     const QString loss = "connection error: the instrument was switched off or unplugged";
     QCOMPARE(m_rig->status(), loss);
     // For as long as a message would wait for its turn, and a little more.
-    QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 6500));
+    QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 650));
 }
 
 void StatusTest::instrumentTextsArePlain_data()
