@@ -90,6 +90,7 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     Demo demo;
+    pauses().share = 1.0; // as the program
     PanelRig rig;
     QCoreApplication::processEvents();
     std::printf("application to painted window:%7.1f ms  (aim 120), %.0f MB resident (aim 60)\n",

@@ -1,5 +1,6 @@
 #include "app/end_requests.h"
 #include "link/instrument_limits.h"
+#include "link/pause.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "ui/error_box.h"
@@ -56,6 +57,7 @@ void EndTest::signalHandsBack()
 {
     QFETCH(QString, amid);
     QFETCH(int, number);
+    pauses().share = 1.0; // the signal comes amid them
     PanelRig rig;
     rig.window().start();
     const auto requests = createEndRequests();

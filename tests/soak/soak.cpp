@@ -1,5 +1,6 @@
 #include "app/side_panels.h"
 #include "link/activity.h"
+#include "link/pause.h"
 #include "numbers/number_text.h"
 #include "tests/soak/soak_hands.h"
 #include "tests/support/documents_folder.h"
@@ -168,6 +169,7 @@ int main(int count, char* arguments[])
     const qint64 longestMs = QString(arguments[1]).toInt() * 60000LL;
 
     Demo demo;
+    pauses().share = 1.0; // as the program
     Soak soak(seed, demo, instruments);
     QElapsedTimer elapsed;
     elapsed.start();
