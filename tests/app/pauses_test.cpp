@@ -20,7 +20,7 @@ constexpr int longestRunMs = 20000;
 } // namespace
 
 /// What may happen to the window while a sequence pauses: it is closed, the user disconnects, the
-/// cable is pulled, a button is hit again.
+/// cable is pulled.
 class PausesTest : public PanelTest
 {
     Q_OBJECT
