@@ -150,7 +150,8 @@ void MainWindow::loadSettings()
     if (!m_options.isClean)
         m_steps.attach(&m_settings);
     m_connection.setAllowedSerials(m_settings.allowedSerials());
-    m_notices.say([this] { return m_settings.complaint(); });
+    if (const StatusWords complaint = m_settings.complaint())
+        m_notices.say(complaint);
 }
 
 void MainWindow::wireStatusLine()
@@ -295,7 +296,8 @@ void MainWindow::on_connect_clicked()
 void MainWindow::toHelp()
 {
     const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
-    m_notices.say([complaint] { return complaint; });
+    if (!complaint.isEmpty())
+        m_notices.say([complaint] { return complaint; });
 }
 
 void MainWindow::retranslate()

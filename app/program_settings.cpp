@@ -11,10 +11,11 @@ QStringList ProgramSettings::allowedSerials() const
     return serials;
 }
 
-QString ProgramSettings::complaint() const
+StatusWords ProgramSettings::complaint() const
 {
     if (status() != NoError)
-        return tr("The settings cannot be read: defaults are used");
-    return isWritable() ? QString()
-                        : tr("The settings cannot be written: changes will not be saved");
+        return [] { return tr("The settings cannot be read: defaults are used"); };
+    if (!isWritable())
+        return [] { return tr("The settings cannot be written: changes will not be saved"); };
+    return nullptr;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QCoreApplication>
 #include <QSettings>
 #include <QStringList>
@@ -16,6 +18,6 @@ public:
     /// Serial numbers of the instruments that may be connected; none: all may.
     QStringList allowedSerials() const;
 
-    /// Why they cannot be read or saved, for the user; empty if they can.
-    QString complaint() const;
+    /// Why they cannot be read or saved, for the user; none if they can.
+    StatusWords complaint() const;
 };

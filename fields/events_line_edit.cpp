@@ -40,6 +40,12 @@ EventsLineEdit::EventsLineEdit(QLineEdit* edit, StepKind kind, const StepTable& 
     edit->installEventFilter(this);
 }
 
+void EventsLineEdit::setKind(StepKind kind)
+{
+    m_kind = kind;
+    m_lastDigit = {};
+}
+
 void EventsLineEdit::set(StepFlags flags, int unitPower)
 {
     m_flags = flags;

@@ -18,7 +18,7 @@ class EventsLineEdit : public QObject
 public:
     EventsLineEdit(QLineEdit* edit, StepKind kind, const StepTable& steps);
 
-    void setKind(StepKind kind) { m_kind = kind; }
+    void setKind(StepKind kind);
     /// Steps count in the kind's own unit; the edit's numbers in that power of ten of it.
     void set(StepFlags flags, int unitPower);
 

@@ -158,6 +158,9 @@ void NumberEdit::clamp()
 
 void NumberEdit::acceptClamped()
 {
+    // What was accepted before may still come back.
+    if (text().isEmpty())
+        return;
     clamp();
     showAccepted(ownText());
 }
@@ -191,8 +194,12 @@ void NumberEdit::accept(const QString& ownText)
 
 void NumberEdit::refuse(const StatusWords& reason) const
 {
-    m_context->notices.say(
-        [name = accessibleName(), reason] { return tr("%1: %2").arg(name, reason()); });
+    // Named by its quantity it follows the language.
+    const bool isNamed = accessibleName() != quantityName(m_quantity);
+    const QString name = isNamed ? accessibleName() : QString();
+    m_context->notices.say([name, quantity = m_quantity, reason] {
+        return tr("%1: %2").arg(name.isEmpty() ? quantityName(quantity) : name, reason());
+    });
 }
 
 void NumberEdit::commit(const QString& text)

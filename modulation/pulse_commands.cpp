@@ -154,7 +154,8 @@ bool PulseCommands::keepWidthBelowPeriod()
     NumberEdit& width = m_panel.pulseWidth();
     const double widthUs = width.acceptedValue();
     const double presentUs = period.acceptedValue();
-    if (widthUs < presentUs || period.text().isEmpty())
+    // A field that a failed reply has emptied is compared with nothing.
+    if (widthUs < presentUs || period.text().isEmpty() || width.text().isEmpty())
         return false;
     acceptUs(period, widthUs + periodResolutionUs);
     const double periodUs = period.acceptedValue();

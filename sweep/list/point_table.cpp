@@ -196,10 +196,10 @@ void PointTable::acceptCell(int row, int column)
         return;
     if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, kind(column))) {
         showRow(row);
-        m_context.notices.say([this, row, column, typed] {
+        m_context.notices.say([row, column, typed] {
             return tr("Row %1, %2: \"%3\" is not a number")
                 .arg(row + 1)
-                .arg(horizontalHeaderItem(column)->text(), typed);
+                .arg(columnTitles().at(column), typed);
         });
         return;
     }
@@ -374,9 +374,14 @@ void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint
         setCurrentCell(currentRow() + 1, currentColumn());
 }
 
+QStringList PointTable::columnTitles()
+{
+    return {tr("Freq [Hz]"), tr("Pow [dBm]"), tr("Dwell [μs]")};
+}
+
 void PointTable::retranslate()
 {
-    setHorizontalHeaderLabels({tr("Freq [Hz]"), tr("Pow [dBm]"), tr("Dwell [μs]")});
+    setHorizontalHeaderLabels(columnTitles());
     setAccessibleName(tr("List of points"));
     setToolTip(tr("Double-click or type to edit a cell; k, m or g after a frequency, m or s after "
                   "a dwell: unit letters"));

@@ -78,6 +78,8 @@ protected:
 private:
     class RowsChange;
 
+    static QStringList columnTitles();
+
     void apply(int first, int count, const PointRows& rows);
     void showRow(int row);
     void fillRow(int row);

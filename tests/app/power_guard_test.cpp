@@ -27,6 +27,7 @@ private slots:
     void isAnsweredWithNo();
     void countsStepsAsOneRise();
     void ceilingBoundsFields_data();
+    void isChosenInTheMenu();
     void ceilingBoundsFields();
     void ceilingHoldsWhatIsThere();
     void ceilingHoldsLists();
@@ -279,6 +280,19 @@ void PowerGuardTest::ceilingBoundsFields_data()
     testColumns<QString>("name");
     for (const char* name : {"POW", "Freq_Pow", "Start", "Stop"})
         testRow(name, QString(name));
+}
+
+void PowerGuardTest::isChosenInTheMenu()
+{
+    begin();
+    const auto action = [this](const char* name) {
+        return m_rig->window().findChild<QAction*>(name);
+    };
+    QVERIFY(action("action_jump_20")->isChecked());
+    action("action_jump_10")->trigger();
+    begin();
+    QVERIFY(action("action_jump_10")->isChecked());
+    QVERIFY(!action("action_jump_20")->isChecked());
 }
 
 void PowerGuardTest::ceilingBoundsFields()
