@@ -51,8 +51,13 @@ def in_one_line(text):
 def shown_texts(language):
     """Patterns of all that the program shows, with anything in the place of its arguments."""
     texts = set(UNTRANSLATED)
-    for message in ElementTree.parse(INTERFACE / "translations/klv_ru.ts").iter("message"):
-        shown = message.find("source" if language == "en" else "translation")
+    tag = "source" if language == "en" else "translation"
+    translation = ElementTree.parse(INTERFACE / "translations/klv_ru.ts")
+    units = [unit.findtext(tag) for unit in translation.iterfind("context[name='Unit']/message")]
+    # A prefix is put before its unit by the program.
+    texts.update(prefix + unit for prefix in units for unit in units)
+    for message in translation.iter("message"):
+        shown = message.find(tag)
         texts.update([shown.text] if shown.text and shown.text.strip()
                      else [form.text for form in shown.iter("numerusform")])
     suffix = "" if language == "en" else "_ru"

@@ -157,6 +157,8 @@ void HotPlugTest::simulatorIsChosenWhileRunning()
     if (amid == "choosing") {
         QVERIFY(QApplication::activeModalWidget());
         plug("[1111]\nmodel=KLV-6G\n");
+        // The simulated bus looks at its file every 20 ms.
+        QTest::qWait(50);
     }
     if (amid != "connecting")
         action->trigger();
