@@ -17,10 +17,11 @@ exec xvfb-run -a -s "-screen 0 1600x1200x24" bash -euc '
     wineboot --init
     # There is no window manager to wait for.
     wine reg add "HKCU\Software\Wine\X11 Driver" /v Managed /d N /f
-    # One server for all tests, its services started here: those would keep the output of the test
-    # that starts them open.
+    # One server for all tests; its services, and those of a program with a window, are started
+    # here: they would keep the output of the test that starts them open.
     wineserver -k -w || true
     wineserver -p
     wine cmd /D /C exit </dev/null >/dev/null 2>&1
+    wine build/windows/bin/klv.exe --version </dev/null >/dev/null 2>&1
     trap "wineserver -k" EXIT
     ctest --preset windows'
