@@ -22,6 +22,6 @@ exec xvfb-run -a -s "-screen 0 1600x1200x24" bash -euc '
     wineserver -k -w || true
     wineserver -p
     wine cmd /D /C exit </dev/null >/dev/null 2>&1
-    wine build/windows/bin/klv.exe --version </dev/null >/dev/null 2>&1
+    timeout 60 wine build/windows/tests/form_test.exe </dev/null >/dev/null 2>&1 || true
     trap "wineserver -k" EXIT
     ctest --preset windows'
