@@ -81,8 +81,11 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
 void EventsLineEdit::step(int direction)
 {
     const QString text = shiftedText(m_edit->text(), m_unitPower);
-    const QString stepped = steppedText(text, direction, m_kind, m_steps.step(m_kind), m_flags);
-    m_edit->setText(shiftedText(stepped, -m_unitPower));
+    // What is not a number is not 0: its commit is refused.
+    if (readsAsNumber(text)) {
+        const QString stepped = steppedText(text, direction, m_kind, m_steps.step(m_kind), m_flags);
+        m_edit->setText(shiftedText(stepped, -m_unitPower));
+    }
     commit();
 }
 

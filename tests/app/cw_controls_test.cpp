@@ -91,7 +91,7 @@ void CwControlsTest::noNumberSendsNothing_data()
     testRow("frequency point", "FREQ", ".");
 }
 
-/// On Return, on leaving the field, and when the output is switched on from within it.
+/// On Return, on a step, on leaving the field, and when the output is switched on from within it.
 void CwControlsTest::noNumberSendsNothing()
 {
     QFETCH(QString, name);
@@ -102,6 +102,7 @@ void CwControlsTest::noNumberSendsNothing()
     m_demo->takeSent();
     const std::function<void()> ends[] = {
         [&] { QTest::keyClick(&edit, Qt::Key_Return); },
+        [&] { QTest::keyClick(&edit, Qt::Key_Up); },
         [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
         [&] { m_rig->click("Output"); },
         [&] {
