@@ -5,6 +5,7 @@
 #include "numbers/entry_units.h"
 #include "numbers/number_text.h"
 #include "numbers/quantity_text.h"
+#include "numbers/unit_keys.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -60,6 +61,12 @@ bool isDigit(QChar c)
 bool isSeparator(QChar c)
 {
     return c == QLatin1Char('.') || c == QLatin1Char(',');
+}
+
+/// Dashes as other keyboards and programs have them.
+bool isMinus(QChar c)
+{
+    return QStringLiteral("-\u2212\u2013").contains(c);
 }
 
 /// Whether the digits behind such a letter belong to a fraction or to an exponent: the keys of
@@ -176,11 +183,12 @@ StatusWords NumberTyping::refusalOf(QChar typed) const
 }
 
 /// True for a character that must not be typed: one that the number has no place for, and the
-/// digits that follow it.
+/// digits and the unit that follow it.
 bool NumberTyping::refuses(const QKeyEvent& key)
 {
     const QChar typed = typedCharacter(key);
-    if (isDigit(typed)) {
+    // A unit would scale what is left of the number.
+    if (isDigit(typed) || (m_refusal && unitKeyPower(typed, unitFamily(m_field.kind())))) {
         if (m_refusal)
             m_field.refuse(m_refusal);
         return m_refusal != nullptr;
@@ -191,7 +199,7 @@ bool NumberTyping::refuses(const QKeyEvent& key)
     if (!m_refusal)
         return false;
     const bool hasNumber = m_field.selectedText() != m_field.text();
-    if (isSeparator(typed))
+    if (isSeparator(typed) || isMinus(typed))
         m_field.refuse(m_refusal);
     else if (!hasNumber || !continuesNumber(typed))
         m_refusal = nullptr;

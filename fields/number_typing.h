@@ -9,9 +9,9 @@ class NumberEdit;
 class QKeyEvent;
 
 /// How a number is typed into a field: unit letters are applied, digits grouped, the cursor stays
-/// at its digit. After a refused point, comma or exponent the digits that follow are refused, too:
-/// they would make another number. A pasted text replaces the whole number, or is refused as a
-/// whole. Belongs to the field.
+/// at its digit. After a refused point, comma, minus or exponent the digits and the unit that
+/// follow are refused, too: they would make another number. A pasted text replaces the whole
+/// number, or is refused as a whole. Belongs to the field.
 class NumberTyping
 {
 public:
