@@ -141,8 +141,10 @@ void PulseCommands::commit(NumberEdit& field)
 
 void PulseCommands::bound()
 {
-    m_panel.pulseWidth().acceptClamped();
-    m_panel.pulsePeriod().acceptClamped();
+    for (NumberEdit* field : {&m_panel.pulseWidth(), &m_panel.pulsePeriod()}) {
+        if (field->hasNumber())
+            field->acceptClamped();
+    }
     keepWidthBelowPeriod();
 }
 
@@ -166,7 +168,7 @@ bool PulseCommands::keepWidthBelowPeriod()
 
 void PulseCommands::send(const char* format, NumberEdit& field)
 {
-    if (!m_session.isConnected() || field.text().isEmpty())
+    if (!m_session.isConnected() || !field.takeNumber())
         return;
     field.showAnswer(m_session.setAndReadBack(format, field.value(), field.kind()));
     m_session.checkErrors();

@@ -204,6 +204,10 @@ void ModulationCommandsTest::emptyFieldSendsNothing()
         m_rig->enter(name, " ");
         QCOMPARE(m_rig->sent(), QStringList());
     }
+    m_rig->get<QLineEdit>("line_period")->setText(".");
+    m_rig->click("Pulse");
+    QCOMPARE(m_rig->sent().filter("PULM:INT:"), QStringList(pulseValues.at(1)));
+    QCOMPARE(m_rig->text("line_period"), QString("1 000"));
 }
 
 void ModulationCommandsTest::failedReads()
