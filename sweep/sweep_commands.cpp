@@ -188,6 +188,21 @@ bool SweepCommands::goesOn(int run, Mode mode)
     return false;
 }
 
+/// Whether the run is still what the start was agreed to: it could be changed in the pauses. If
+/// not, it is let go, or requested anew.
+bool SweepCommands::isAsAgreed(Mode mode)
+{
+    if (!canRun(mode)) {
+        m_isPending = true;
+        runButton(mode).setChecked(false);
+        return false;
+    }
+    const bool isLouder = topDbm(mode) > m_topDbm;
+    if (isLouder)
+        request(mode);
+    return !isLouder;
+}
+
 void SweepCommands::start(int run, Mode mode)
 {
     m_isPending = false;
@@ -196,7 +211,7 @@ void SweepCommands::start(int run, Mode mode)
         [mode] { return mode == Mode::List ? tr("Starting the list") : tr("Starting the sweep"); });
     m_transfer.abandon();
     emit runStarting();
-    if (!isWanted(run, mode))
+    if (!isWanted(run, mode) || !isAsAgreed(mode))
         return;
     m_triggers.forgetPreparation();
     m_refusal.reset();

@@ -68,6 +68,7 @@ private:
     void request(Mode mode);
     void sayAboveCeiling(Mode mode);
     void holdCeiling();
+    bool isAsAgreed(Mode mode);
     void start(int run, Mode mode);
     bool startPrepared(int run, Mode mode);
     void sendSweep();

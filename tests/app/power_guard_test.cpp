@@ -23,6 +23,8 @@ private slots:
 
     void asks_data();
     void asks();
+    void asksForWhatAStartBecomes_data();
+    void asksForWhatAStartBecomes();
     void isAnsweredWithNo_data();
     void isAnsweredWithNo();
     void countsStepsAsOneRise();
@@ -115,6 +117,7 @@ void PowerGuardTest::act(const QString& way, int power)
 void PowerGuardTest::answerWith(const char* button)
 {
     m_asked.clear();
+    m_sentBefore.clear();
     const auto isAsked = [this] { return question() && question()->isVisible(); };
     when(m_rig->window(), isAsked, [this, button] {
         QDialog* dialog = question();
@@ -191,6 +194,43 @@ void PowerGuardTest::asks()
     QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
     const QStringList all = m_demo->takeSent();
     QVERIFY2(sent.isEmpty() ? all.isEmpty() : all.count(sent) == 1, qPrintable(all.join(' ')));
+}
+
+void PowerGuardTest::asksForWhatAStartBecomes_data()
+{
+    testColumns<QString, QString, QString>("way", "changedTo", "asked");
+    testRow("sweep", "sweep", "10", "Power from -40 to +10 dBm with RF on?");
+    testRow("list", "list", "10", "Power from -40 to +10 dBm with RF on?");
+    testRow("no number", "sweep", "", "");
+}
+
+/// In the pauses in which a start switches the modulation off, the run can still be changed.
+void PowerGuardTest::asksForWhatAStartBecomes()
+{
+    QFETCH(QString, way);
+    QFETCH(QString, changedTo);
+    QFETCH(QString, asked);
+    begin();
+    m_rig->connectDevice();
+    prepare(way, -40);
+    m_rig->enter("POW", "-40");
+    for (const char* name : {"Output", "AM"})
+        m_rig->get<QPushButton>(name).click();
+    QTRY_VERIFY(Activities::global().texts().isEmpty());
+    m_demo->takeSent();
+    whenSent(m_rig->window(), *m_demo, "AM:STATe OFF", [&] {
+        m_rig->get<QLineEdit>("Freq_Pow").setText(changedTo);
+        if (way == "list")
+            m_rig->get<QTableWidget>("table_List").item(1, 1)->setText(changedTo);
+    });
+    answerWith("cancel");
+    act(way, 10);
+    QTRY_VERIFY(Activities::global().texts().isEmpty());
+    QTRY_COMPARE(m_asked, asked);
+    QTRY_VERIFY(!question());
+    const QStringList all = m_sentBefore + m_demo->takeSent();
+    QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
+    QVERIFY(m_rig->get("POW").isEnabled());
 }
 
 void PowerGuardTest::isAnsweredWithNo_data()
