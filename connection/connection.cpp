@@ -3,6 +3,7 @@
 #include "connection/gui_list_klv.h"
 #include "connection/hot_plug_watch.h"
 #include "connection/running_copies.h"
+#include "link/common_commands.h"
 #include "link/instrument_limits.h"
 #include "link/notices.h"
 #include "link/pause.h"
@@ -22,11 +23,6 @@ constexpr int settleMs = 5;
 constexpr int oldestCompatibleMinor = 4;
 constexpr char programTitle[] = "KLV";
 
-const QString resetCommand = QStringLiteral("*RST");
-const QString identityQuery = QStringLiteral("*IDN?");
-const QString massStorageQuery = QStringLiteral("MEM:MSC?");
-const QString massStorageOnCommand = QStringLiteral("MEM:MSC ON");
-const QString massStorageOffCommand = QStringLiteral("MEM:MSC OFF");
 const QString calibrationDueQuery = QStringLiteral("SERV:SOUR:CDUE?");
 
 QString withoutLineFeeds(QString text)
@@ -119,6 +115,7 @@ void Connection::end(State rest)
     m_search.wait();
     m_chooser.hide();
     if (hadInstrument) {
+        m_session.log().addEvent(Exchange::Kind::Disconnected);
         m_session.close();
         m_copies.release();
         m_connectedSerial.clear();
@@ -151,6 +148,7 @@ void Connection::handBack(State rest)
 {
     bool isReset = true;
     if (m_session.isConnected()) {
+        const WireLog::As handingBack(m_session.log(), Exchange::Kind::HandBack);
         // The reset switches the output off.
         isReset = m_session.write(resetCommand);
         m_session.write(massStorageOnCommand);
@@ -283,7 +281,11 @@ void Connection::slot_connect(const QString& address)
         return;
 
     say([] { return tr("Connecting: reset and identification"); });
-    m_session.write(resetCommand);
+    {
+        const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+        m_session.write(resetCommand);
+    }
+    m_session.log().addEvent(Exchange::Kind::Reset);
     m_session.setConnected();
     emit buttonShouldBe(true);
     // The user may have disconnected, or even connected again, in the meantime.
@@ -294,6 +296,8 @@ void Connection::slot_connect(const QString& address)
     if (!identity || !isUsable(*identity) || !readCalibrationDue())
         return;
     m_connectedSerial = identity->serial;
+    m_session.log().addConnected(
+        {titleOf(identity->model, identity->serial), identity->firmware, address});
     emit identified(*identity);
     pushPanel();
     if (m_state == State::SettingUp)
@@ -307,7 +311,8 @@ void Connection::slot_connect(const QString& address)
 /// watch connects it then.
 bool Connection::leavesMassStorageMode()
 {
-    if (withoutLineFeeds(m_session.read(massStorageQuery)) != QLatin1String("ON"))
+    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+    if (withoutLineFeeds(m_session.read(massStorageQuery)) != massStorageOn)
         return false;
     m_session.write(massStorageOffCommand);
     fail([] { return tr("Waiting for the instrument to leave its mass-storage mode"); });
@@ -318,6 +323,7 @@ bool Connection::leavesMassStorageMode()
 /// one.
 std::optional<InstrumentIdentity> Connection::identify()
 {
+    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
     static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
     const QString reply = m_session.read(identityQuery);
     if (m_session.lastFailed()) {
@@ -355,6 +361,7 @@ bool Connection::isUsable(const InstrumentIdentity& identity)
 
 bool Connection::readCalibrationDue()
 {
+    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
     const QString reply = m_session.query(calibrationDueQuery);
     if (m_session.lastFailed())
         return fail([] { return tr("connection error: the instrument has stopped answering"); });
@@ -366,13 +373,31 @@ void Connection::pushPanel()
 {
     enter(State::SettingUp, [] { return tr("Setting up the instrument: its limits"); });
     m_pollTimer.start();
-    m_limits.readLimits(m_session);
+    {
+        const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+        m_limits.readLimits(m_session);
+    }
+    pushSteps();
+}
+
+void Connection::pushSteps()
+{
     for (const PushStep& step : m_pushSteps) {
         if (m_state != State::SettingUp)
             return;
         say([name = step.name] { return tr("Setting up the instrument: %1").arg(name()); });
         step.send();
     }
+}
+
+void Connection::pushAgain()
+{
+    if (m_state != State::Ready)
+        return;
+    enter(State::SettingUp, [] { return tr("Sending the panel's settings"); });
+    pushSteps();
+    if (m_state == State::SettingUp)
+        enter(State::Ready);
 }
 
 void Connection::tellReady(const InstrumentIdentity& identity)

@@ -80,6 +80,10 @@ public:
     /// can replace the current one.
     void leave() { handBack(State::Idle); }
 
+    /// Sends the panel's state again to the connected instrument, without a reset. Does nothing
+    /// unless it is ready.
+    void pushAgain();
+
 public slots:
     /// The connect button was clicked and is now `isChecked`.
     void on_connect_clicked(bool isChecked);
@@ -164,6 +168,7 @@ private:
     bool isUsable(const InstrumentIdentity& identity);
     bool readCalibrationDue();
     void pushPanel();
+    void pushSteps();
     void tellReady(const InstrumentIdentity& identity);
 
     ScpiSession& m_session;

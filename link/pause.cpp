@@ -21,5 +21,8 @@ bool pause(int pauseMs)
         if (loop.isRunning())
             loop.exit(elapsed);
     });
-    return loop.exec() == elapsed;
+    ++pauses().running;
+    const int code = loop.exec();
+    --pauses().running;
+    return code == elapsed;
 }

@@ -4,6 +4,7 @@
 struct Pauses {
     double share = 1.0;        ///< of its length that a pause takes
     double messageShare = 1.0; ///< of its time that a message stands in the status line
+    int running = 0;           ///< pauses going on, one within the other
     int totalMs = 0;           ///< the lengths of all pauses so far, whatever they really took
 };
 Pauses& pauses();

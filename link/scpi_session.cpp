@@ -1,15 +1,18 @@
 #include "link/scpi_session.h"
 
+#include "link/common_commands.h"
+
+#include <QDateTime>
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <optional>
 #include <utility>
 
 namespace
 {
-constexpr ViUInt32 timeoutMs = 2000;
 /// Far larger than any correct reply; the width in the read format cuts a longer one.
 constexpr std::size_t replyBytes = 65536;
 constexpr char readFormat[] = "%65535T";
@@ -21,9 +24,8 @@ constexpr int slowAnswerMs = 300;
 /// Cleared before every read; no correct reply is longer.
 constexpr std::size_t honestReplyBytes = 4096;
 
-constexpr char errorQuery[] = "SYSTem:ERRor?\n";
 /// Goes out without a line feed: the end of the USB message marks its end.
-constexpr char completionQuery[] = "*OPC?";
+const QString completionQuery = QStringLiteral("*OPC?");
 
 /// Decimals of a number that "%lf" prints.
 constexpr int sentDecimals = 6;
@@ -69,6 +71,38 @@ private:
     QElapsedTimer m_time;
 };
 
+/// Adds an exchange to the log once it is over.
+class ScpiSession::Recording
+{
+public:
+    Recording(ScpiSession& session, const QString& sent) : m_session(session)
+    {
+        m_exchange.sent = sent;
+        m_exchange.kind = session.m_log.kind();
+        m_exchange.atMs = QDateTime::currentMSecsSinceEpoch();
+    }
+    ~Recording()
+    {
+        const auto took = std::chrono::steady_clock::now() - m_start;
+        m_exchange.tookUs =
+            static_cast<int>(std::chrono::duration_cast<std::chrono::microseconds>(took).count());
+        m_session.m_log.add(std::move(m_exchange));
+    }
+    Recording(const Recording&) = delete;
+    Recording& operator=(const Recording&) = delete;
+
+    void ended(ViStatus status, const QString& answered = {})
+    {
+        m_exchange.status = status;
+        m_exchange.answered = answered;
+    }
+
+private:
+    ScpiSession& m_session;
+    Exchange m_exchange;
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
 QString statusText(ViStatus status)
 {
     return QStringLiteral("0x%1").arg(static_cast<quint32>(status), 8, 16, QLatin1Char('0'));
@@ -99,13 +133,13 @@ bool ScpiSession::open(const QString& address)
     m_visa.viClose(m_session);
     m_session = VI_NULL;
     m_lastStatus =
-        m_visa.viOpen(m_defaultRM, name.data(), VI_EXCLUSIVE_LOCK, timeoutMs, &m_session);
+        m_visa.viOpen(m_defaultRM, name.data(), VI_EXCLUSIVE_LOCK, answerTimeoutMs, &m_session);
     if (lastFailed()) {
         m_visa.viClose(m_session);
         m_session = VI_NULL;
         return false;
     }
-    m_visa.viSetAttribute(m_session, VI_ATTR_TMO_VALUE, timeoutMs);
+    m_visa.viSetAttribute(m_session, VI_ATTR_TMO_VALUE, answerTimeoutMs);
     return true;
 }
 
@@ -119,10 +153,18 @@ void ScpiSession::close()
     m_isQueueRead = true;
 }
 
-bool ScpiSession::write(const QString& command)
+ViStatus ScpiSession::send(const QString& command)
 {
     remember(command);
-    return m_visa.viPrintf(m_session, asFormat(command).data()) >= VI_SUCCESS;
+    return m_visa.viPrintf(m_session, asFormat(command).data());
+}
+
+bool ScpiSession::write(const QString& command)
+{
+    Recording recording(*this, command);
+    const ViStatus status = send(command);
+    recording.ended(status);
+    return status >= VI_SUCCESS;
 }
 
 bool ScpiSession::writeChecked(const QString& command)
@@ -145,30 +187,38 @@ void ScpiSession::switchOffChecked(const QString& command)
 
 QString ScpiSession::read(const QString& command)
 {
-    write(command);
+    Recording recording(*this, command);
+    send(command);
     const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viScanf(m_session, readFormat, reply);
-    return lastFailed() ? QString() : takeReply();
+    const QString text = lastFailed() ? QString() : takeReply();
+    recording.ended(m_lastStatus, text);
+    return text;
 }
 
 QString ScpiSession::query(const QString& command)
 {
     remember(command);
-    const QString reply = queryMessage(asFormat(command));
+    const QString reply = queryMessage(command, asFormat(command));
     return lastFailed() ? QString() : reply;
 }
 
 QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind kind)
 {
     QByteArray message = QByteArray(format).append('\n');
-    remember(QString::fromLatin1(format).replace(QLatin1String("%lf"),
-                                                 QString::number(value, 'f', sentDecimals)));
-    std::optional<Answer> answer(std::in_place, *this);
-    char* reply = clearedReply();
-    m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
-    answer.reset();
-    const QString text = lastFailed() ? QString() : takeReply();
+    const QString command = QString::fromLatin1(format).replace(
+        QLatin1String("%lf"), QString::number(value, 'f', sentDecimals));
+    remember(command);
+    QString text;
+    {
+        Recording recording(*this, command);
+        const Answer answer(*this);
+        char* reply = clearedReply();
+        m_lastStatus = m_visa.viQueryf(m_session, message.data(), readFormat, value, reply);
+        text = lastFailed() ? QString() : takeReply();
+        recording.ended(m_lastStatus, text);
+    }
     if (!lastFailed())
         return displayText(text, kind);
     fetchStatusDescription();
@@ -179,7 +229,7 @@ QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind 
 void ScpiSession::waitComplete(const QString& command)
 {
     write(command);
-    queryMessage(QByteArray(completionQuery));
+    queryMessage(completionQuery, completionQuery.toLatin1());
     if (!lastFailed())
         return;
     fetchStatusDescription();
@@ -193,11 +243,12 @@ bool ScpiSession::checkErrors()
     bool isClean = true;
     bool seen329 = false;
     bool seen328 = false;
-    const QByteArray message(errorQuery);
+    const QByteArray message = asFormat(errorQuery);
+    const WireLog::As polling(m_log, Exchange::Kind::Polling);
     QElapsedTimer drain;
     drain.start();
     for (int round = 1;; ++round) {
-        const QString reply = queryMessage(message);
+        const QString reply = queryMessage(errorQuery, message);
         const QStringRef code = reply.leftRef(reply.indexOf(QLatin1Char(','))).trimmed();
         if (code.toInt() == indicatorCode)
             emit error329Seen(reply.trimmed());
@@ -216,7 +267,7 @@ bool ScpiSession::checkErrors()
         const QString text = instrumentErrorText(reply);
         if (code.toInt() != indicatorCode && code.toInt() != unlockCode && !text.isEmpty()) {
             isClean = false;
-            emit errorReported({text, m_lastCommand});
+            reportEntry(text);
         }
         // An indicator whose code was in the queue keeps its state.
         seen329 = seen329 || reply.contains(QLatin1String("329"));
@@ -230,24 +281,37 @@ bool ScpiSession::checkErrors()
     return isClean;
 }
 
+void ScpiSession::reportEntry(const QString& text)
+{
+    m_log.blame(m_log.end() - 1, text);
+    if (!m_lastCommand.isEmpty())
+        m_log.blame(m_lastNumber, text);
+    emit errorReported({text, m_lastCommand});
+}
+
 /// A query is of interest only if nothing has been set: it is settings that get refused.
 void ScpiSession::remember(const QString& command)
 {
     const auto isQuery = [](const QString& text) {
         return text.leftRef(text.indexOf(QLatin1Char(' '))).endsWith(QLatin1Char('?'));
     };
-    if (m_isQueueRead || isQuery(m_lastCommand) || !isQuery(command))
+    if (m_isQueueRead || isQuery(m_lastCommand) || !isQuery(command)) {
         m_lastCommand = command;
+        m_lastNumber = m_log.end();
+    }
     m_isQueueRead = false;
 }
 
-QString ScpiSession::queryMessage(const QByteArray& message)
+QString ScpiSession::queryMessage(const QString& command, const QByteArray& message)
 {
     QByteArray format = message;
+    Recording recording(*this, command);
     const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, format.data(), readFormat, reply);
-    return takeReply();
+    const QString text = takeReply();
+    recording.ended(m_lastStatus, text);
+    return text;
 }
 
 char* ScpiSession::clearedReply()

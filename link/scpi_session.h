@@ -3,6 +3,7 @@
 #include "link/activity.h"
 #include "link/instrument_error.h"
 #include "link/visa_library.h"
+#include "link/wire_log.h"
 #include "numbers/field_kind.h"
 
 #include <QByteArray>
@@ -41,6 +42,9 @@ public:
 
     /// Closes the instrument session and clears the connected flag.
     void close();
+
+    /// Everything that is sent through this session.
+    WireLog& log() { return m_log; }
 
     bool isConnected() const { return m_connected; }
     void setConnected() { m_connected = true; }
@@ -102,10 +106,13 @@ signals:
 
 private:
     class Answer;
+    class Recording;
 
+    ViStatus send(const QString& command);
     char* clearedReply();
     QString takeReply();
-    QString queryMessage(const QByteArray& message);
+    QString queryMessage(const QString& command, const QByteArray& message);
+    void reportEntry(const QString& text);
     void remember(const QString& command);
     void fetchStatusDescription();
     void failConnection();
@@ -118,6 +125,8 @@ private:
     bool m_connected = false;
     qint64 m_lastAnswerMs = 0;
     std::vector<char> m_reply;
+    WireLog m_log;
+    WireLog::Number m_lastNumber = 0; ///< of the last command, in the log
     QString m_lastCommand; ///< of what was sent since the error queue was read, if anything was
     bool m_isQueueRead = true;
 };
