@@ -13,7 +13,6 @@
 #include "app/window_menu.h"
 #include "connection/connection_obstacle.h"
 #include "connection/instrument_source.h"
-#include "connection/simulator_offer.h"
 #include "cw/power_mode.h"
 #include "cw/wgt_mode_pow.h"
 #include "fields/keypad/keypad.h"

@@ -3,9 +3,9 @@
 #include "app/window_menu.h"
 #include "connection/connection.h"
 #include "connection/instrument_source.h"
-#include "connection/simulator_offer.h"
 #include "service/driver_check.h"
 #include "service/firmware_update.h"
+#include "ui/status_offer.h"
 #include "ui_mainwindow.h"
 
 SimulatorSwitch::SimulatorSwitch(InstrumentSource& source, Connection& connection,
@@ -13,7 +13,10 @@ SimulatorSwitch::SimulatorSwitch(InstrumentSource& source, Connection& connectio
                                  WindowMenu& menu)
     : m_source(source), m_connection(connection), m_update(update), m_form(form), m_menu(menu)
 {
-    auto* offer = new SimulatorOffer(form.centralwidget);
+    auto* offer = new StatusOffer(
+        "try_simulator", [] { return tr("Simulated instrument"); },
+        [] { return tr("Work with a simulated instrument; the menu switches back to a real one"); },
+        form.centralwidget);
     form.status_layout->addWidget(offer);
     QWidget::setTabOrder(form.closeWindow, offer);
     connect(&connection, &Connection::attemptStarted, offer, &QWidget::hide);
