@@ -16,6 +16,7 @@ ErrorChip::ErrorChip(QAbstractButton& button, const ScpiSession& session, Notice
                 count();
                 notices.sayOfInstrument([error] { return errorWords(error); });
             });
+    connect(&m_button, &QAbstractButton::clicked, this, &ErrorChip::clicked);
     clear();
 }
 

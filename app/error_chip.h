@@ -7,7 +7,8 @@ class QAbstractButton;
 class ScpiSession;
 
 /// Shows each error that the instrument reports, and counts them on a button that is visible only
-/// while there are any and is cleared by a click. Owns the count, not the button.
+/// while there are any and is cleared by a click, which also asks for the log. Owns the count, not
+/// the button.
 class ErrorChip : public QObject
 {
     Q_OBJECT
@@ -17,6 +18,10 @@ public:
 
     /// In the current language.
     void retranslate();
+
+signals:
+    /// The errors are to be seen.
+    void clicked();
 
 private:
     void count();

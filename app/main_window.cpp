@@ -7,6 +7,7 @@
 #include "app/output_display.h"
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
+#include "app/panel_push.h"
 #include "app/screenshot.h"
 #include "app/simulator_switch.h"
 #include "app/status_line.h"
@@ -17,6 +18,8 @@
 #include "cw/wgt_mode_pow.h"
 #include "fields/keypad/keypad.h"
 #include "fields/power_guard.h"
+#include "log/log_file.h"
+#include "log/scpi_log.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "service/firmware_update.h"
@@ -51,6 +54,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     wireService();
     wireFirmware();
     wireProfiles();
+    wireLog();
     setUpPush();
     loadSettings();
     m_source->open();
@@ -272,6 +276,18 @@ void MainWindow::wireProfiles()
     addPanel(m_profiles, m_ui->profiles, &MainWindow::closeFromProfiles);
 }
 
+void MainWindow::wireLog()
+{
+    m_log = new ScpiLog(m_session, m_settings, this);
+    connect(m_menu, &WindowMenu::logChosen, m_log, &ScpiLog::open);
+    connect(m_errors.get(), &ErrorChip::clicked, m_log, &ScpiLog::open);
+    connect(m_log, &ScpiLog::errorMessage, this, &MainWindow::reportError);
+    m_panelPush = std::make_unique<PanelPush>(m_connection, m_log->handCommands(), *m_outputDisplay,
+                                              *m_list, *m_ui, m_notices);
+    if (!m_options.logPath.isEmpty())
+        m_logFile = std::make_unique<LogFile>(m_options.logPath, m_session.log(), m_notices);
+}
+
 void MainWindow::refreshPanel(QWidget* panel)
 {
     if (panel == m_service)
@@ -306,6 +322,7 @@ void MainWindow::retranslate()
     m_runs->retranslate();
     m_status->retranslate();
     m_errors->retranslate();
+    m_outputDisplay->retranslate();
 }
 
 void MainWindow::changeEvent(QEvent* event)

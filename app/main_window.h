@@ -38,9 +38,12 @@ class InstrumentSource;
 class Keypad;
 class OutputDisplay;
 class OutputOff;
+class LogFile;
 class PanelProfiles;
+class PanelPush;
 class PowerGuard;
 class PowerMode;
+class ScpiLog;
 class SimulatorSwitch;
 class StatusLine;
 class WindowMenu;
@@ -131,6 +134,7 @@ private:
     void wireService();
     void wireFirmware();
     void wireProfiles();
+    void wireLog();
 
     void refreshPanel(QWidget* panel);
     void reportError(const QString& message);
@@ -171,7 +175,10 @@ private:
     std::unique_ptr<EscapeOrder> m_escapeOrder;
     std::unique_ptr<OutputOff> m_outputOff;
     std::unique_ptr<OutputDisplay> m_outputDisplay;
+    std::unique_ptr<PanelPush> m_panelPush;
+    std::unique_ptr<LogFile> m_logFile;
     Form* m_about = nullptr;
+    ScpiLog* m_log = nullptr;
     WindowMenu* m_menu = nullptr;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;

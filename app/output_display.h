@@ -1,11 +1,12 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 
 class Connection;
 class CwControls;
 class QAbstractButton;
-class QWidget;
+class QLabel;
 class ScpiSession;
 
 /// What the window shows of the RF output: its lamp, lit only while a connected instrument has been
@@ -16,8 +17,14 @@ class OutputDisplay : public QObject
 
 public:
     /// `lamp` is lit by being enabled.
-    OutputDisplay(QAbstractButton& button, QWidget& lamp, const ScpiSession& session,
+    OutputDisplay(QAbstractButton& button, QLabel& lamp, const ScpiSession& session,
                   const Connection& connection, const CwControls& cw);
+
+    /// Whether the output is on is not known until its state is sent again.
+    void doubt();
+
+    /// In the current language.
+    void retranslate();
 
 private:
     /// The button's state has been sent to the instrument.
@@ -27,6 +34,8 @@ private:
     void forgetInstrument(bool wasConnected);
 
     QAbstractButton& m_button;
-    QWidget& m_lamp;
+    QLabel& m_lamp;
     const ScpiSession& m_session;
+    QString m_word; ///< of the lamp
+    bool m_isDoubted = false;
 };

@@ -137,6 +137,8 @@ bool PanelProfiles::isUsable(const QWidget* widget) const
 
 void PanelProfiles::setBusy(bool isBusy)
 {
+    m_instrument.session.log().addEvent(isBusy ? Exchange::Kind::ProfileStarted
+                                               : Exchange::Kind::ProfileEnded);
     if (isBusy) {
         // While a run is on, the front panel belongs to it.
         if (m_panels.list.isRunning())

@@ -23,11 +23,15 @@ StartOptions StartOptions::fromCommandLine()
         QStringLiteral("Save a picture of the window once it has settled, then go on."),
         QStringLiteral("FILE"));
 
+    const QCommandLineOption log(QStringLiteral("log"),
+                                 QStringLiteral("Write the SCPI log to a file as it happens."),
+                                 QStringLiteral("FILE"));
+
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Front panel for KLV RF signal generators."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOptions({demo, visa, language, profile, clean, screenshot});
+    parser.addOptions({demo, visa, language, profile, clean, screenshot, log});
     parser.process(*QCoreApplication::instance());
 
     const QString chosenLanguage = parser.value(language);
@@ -36,6 +40,6 @@ StartOptions StartOptions::fromCommandLine()
         qCritical("Unknown language \"%s\": en or ru.", qUtf8Printable(chosenLanguage));
         parser.showHelp(1);
     }
-    return {parser.isSet(demo),    parser.value(visa),  chosenLanguage,
-            parser.value(profile), parser.isSet(clean), parser.value(screenshot)};
+    return {parser.isSet(demo),  parser.value(visa),       chosenLanguage,   parser.value(profile),
+            parser.isSet(clean), parser.value(screenshot), parser.value(log)};
 }

@@ -10,6 +10,7 @@ struct StartOptions {
     QString profilePath;    ///< profile to apply at start-up
     bool isClean = false;   ///< do not restore the last settings
     QString screenshotPath; ///< picture of the settled window
+    QString logPath;        ///< file for the lines of the SCPI log
 
     /// Reads the application's arguments. Help, version and mistakes end the process here.
     static StartOptions fromCommandLine();

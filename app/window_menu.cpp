@@ -27,12 +27,15 @@ const char* const jumps[] = {"0", "10", "20", "30"};
 WindowMenu::WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent)
     : QMenu(parent), m_look(look), m_guard(guard), m_context(context),
       m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
-      m_about(addAction(QString(), this, &WindowMenu::aboutChosen))
+      m_about(addAction(QString(), this, &WindowMenu::aboutChosen)),
+      m_log(addAction(QString(), this, &WindowMenu::logChosen))
 {
     setObjectName(QStringLiteral("menu"));
     m_help->setObjectName(QStringLiteral("actionHelp"));
     m_help->setShortcut(QKeySequence::HelpContents);
     m_about->setObjectName(QStringLiteral("actionAbout"));
+    m_log->setObjectName(QStringLiteral("action_log"));
+    m_log->setShortcut(Qt::CTRL + Qt::Key_L);
 
     addSeparator();
     m_simulator = addAction(QString());
@@ -111,6 +114,7 @@ void WindowMenu::retranslate()
 {
     m_help->setText(tr("&Help"));
     m_about->setText(tr("&About"));
+    m_log->setText(tr("SC&PI log"));
     m_simulator->setText(tr("&Simulated instrument"));
     m_languages->setTitle(tr("&Language"));
     m_themes->setTitle(tr("&Theme"));

@@ -8,8 +8,8 @@ struct FieldContext;
 class QAction;
 class QActionGroup;
 
-/// The window's menu: Help, About, language, theme, power guard, and Quit. Sets the look and the
-/// guard; for the rest it emits what was chosen.
+/// The window's menu: Help, About, SCPI log, language, theme, power guard, and Quit. Sets the look
+/// and the guard; for the rest it emits what was chosen.
 class WindowMenu : public QMenu
 {
     Q_OBJECT
@@ -24,6 +24,7 @@ public:
 signals:
     void helpChosen();
     void aboutChosen();
+    void logChosen();
     void simulatorChosen(bool isOn);
     void quitChosen();
 
@@ -44,6 +45,7 @@ private:
     const FieldContext& m_context;
     QAction* m_help;
     QAction* m_about;
+    QAction* m_log;
     QAction* m_simulator;
     QMenu* m_languages;
     QMenu* m_themes;

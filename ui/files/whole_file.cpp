@@ -51,6 +51,16 @@ FileOutcome openToRead(QFile& file, FileProgress* progress)
     return {};
 }
 
+FileOutcome openToAppend(QFile& file)
+{
+    const QFileInfo info(file.fileName());
+    if (info.exists() && !info.isFile())
+        return refusedKind();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
+        return {FileFault::NotOpened, file.errorString()};
+    return {};
+}
+
 FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* progress)
 {
     QFile file(path);

@@ -31,6 +31,9 @@ struct FileBytes : FileOutcome {
 /// Opens the file for reading, and begins to count its bytes where a progress is given.
 FileOutcome openToRead(QFile& file, FileProgress* progress = nullptr);
 
+/// Opens or creates the file for writing behind its end, each piece at once.
+FileOutcome openToAppend(QFile& file);
+
 /// All of a file of at most `mostBytes`.
 FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* progress = nullptr);
 

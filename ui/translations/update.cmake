@@ -11,7 +11,7 @@ else()
 endif()
 
 set(sources "")
-foreach(folder IN ITEMS app connection cw fields link modulation numbers profiles service sweep ui)
+foreach(folder IN ITEMS app connection cw fields link log modulation numbers profiles service sweep ui)
   if(IS_DIRECTORY ${ROOT}/${folder})
     list(APPEND sources ${ROOT}/${folder})
   endif()

@@ -1,0 +1,105 @@
+#include "log/hand_commands.h"
+
+#include "link/pause.h"
+#include "link/scpi_session.h"
+#include "log/command_entry.h"
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int retryMs = 50;
+
+bool isBusy()
+{
+    return pauses().running > 0 || !Activities::global().texts().isEmpty();
+}
+
+/// OUTPut or *RST, in any form and case, in any of the commands of a message.
+bool touchesOutput(const QString& command)
+{
+    static const QRegularExpression pattern(QStringLiteral("(^|;)[\\s:]*(OUTP|\\*RST)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    return pattern.match(command).hasMatch();
+}
+/// Whether each of the commands of a message asks for something.
+bool onlyAsks(const QString& message)
+{
+    const QStringList commands = message.split(QLatin1Char(';'));
+    return std::all_of(commands.begin(), commands.end(),
+                       [](const QString& command) { return command.contains(QLatin1Char('?')); });
+}
+} // namespace
+
+HandCommands::HandCommands(ScpiSession& session, QObject* parent)
+    : QObject(parent), m_session(session)
+{
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(retryMs);
+    connect(&m_retry, &QTimer::timeout, this, &HandCommands::sendNext);
+}
+
+bool HandCommands::send(const QString& text)
+{
+    static const QRegularExpression lineEnd(QStringLiteral("[\\n\\r\\x{2028}\\x{2029}]+"));
+    const QStringList commands = text.split(lineEnd, Qt::SkipEmptyParts);
+    if (!m_session.isConnected()) {
+        emit refused([] { return tr("Not connected: nothing was sent"); });
+        return false;
+    }
+    for (const QString& command : commands) {
+        if (!isSendable(command))
+            return false;
+    }
+    m_pending << commands;
+    sendNext();
+    return true;
+}
+
+bool HandCommands::isSendable(const QString& command)
+{
+    if (command.size() > CommandEntry::mostCharacters) {
+        emit refused([] { return tr("Not sent: the command is too long"); });
+        return false;
+    }
+    for (const QChar character : command) {
+        const bool isPlain = character.unicode() < 0x7f &&
+                             (character >= QLatin1Char(' ') || character == QLatin1Char('\t'));
+        if (isPlain)
+            continue;
+        emit refused([character] {
+            return tr("Not sent: \"%1\" (U+%2) is not an ASCII character")
+                .arg(character)
+                .arg(character.unicode(), 4, 16, QLatin1Char('0'));
+        });
+        return false;
+    }
+    return true;
+}
+
+void HandCommands::sendNext()
+{
+    while (!m_pending.isEmpty()) {
+        if (!m_session.isConnected()) {
+            m_pending.clear();
+            emit refused([] { return tr("Disconnected: the command was not sent"); });
+            return;
+        }
+        if (isBusy()) {
+            emit waiting();
+            m_retry.start();
+            return;
+        }
+        const QString command = m_pending.takeFirst();
+        if (command.contains(QLatin1Char('?')))
+            m_session.query(command);
+        else
+            m_session.write(command);
+        m_session.checkErrors();
+        emit sent();
+        if (!onlyAsks(command))
+            emit panelOutdated(touchesOutput(command));
+    }
+}

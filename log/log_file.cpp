@@ -1,0 +1,29 @@
+#include "log/log_file.h"
+
+#include "link/notices.h"
+#include "log/log_text.h"
+#include "ui/files/whole_file.h"
+
+LogFile::LogFile(const QString& path, const WireLog& log, Notices& notices, QObject* parent)
+    : QObject(parent), m_file(path), m_notices(notices)
+{
+    const FileOutcome opened = openToAppend(m_file);
+    if (opened.fault != FileFault::None) {
+        notices.say([detail = opened.detail] { return tr("No log is written: %1").arg(detail); });
+        return;
+    }
+    connect(&log, &WireLog::added, this, &LogFile::write);
+}
+
+void LogFile::write(const Exchange& exchange)
+{
+    const QByteArray line = logLine(exchange).toUtf8() + '\n';
+    if (m_file.write(line) == line.size())
+        return;
+    const QString path = m_file.fileName();
+    const QString reason = m_file.errorString();
+    m_notices.say(
+        [path, reason] { return tr("The log is no longer written to %1: %2").arg(path, reason); });
+    disconnect(nullptr, nullptr, this, nullptr);
+    m_file.close();
+}

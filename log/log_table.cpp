@@ -1,0 +1,147 @@
+#include "log/log_table.h"
+
+#include "log/log_model.h"
+#include "log/log_text.h"
+#include "log/python_script.h"
+#include "ui/describe.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QMenu>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int lineHeight = 22;
+constexpr int timeWidth = 104;
+constexpr int sentWidth = 300;
+constexpr int answeredWidth = 190;
+constexpr int durationWidth = 64;
+
+/// Failures and events in colours of their own, also where they are selected.
+class LineDelegate : public QStyledItemDelegate
+{
+public:
+    explicit LineDelegate(LogTable* table) : QStyledItemDelegate(table), m_table(*table) {}
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const bool hasFailed = index.data(LogModel::FailedRole).toBool();
+        if (hasFailed || index.data(LogModel::EventRole).toBool()) {
+            const QColor colour = hasFailed ? m_table.failureColour() : m_table.eventColour();
+            option->palette.setColor(QPalette::Text, colour);
+            option->palette.setColor(QPalette::HighlightedText, colour);
+        }
+    }
+
+private:
+    const LogTable& m_table;
+};
+
+QString joined(const std::vector<Exchange>& exchanges, QString (*text)(const Exchange&))
+{
+    QStringList lines;
+    for (const Exchange& exchange : exchanges)
+        lines << text(exchange);
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString lines(const std::vector<Exchange>& exchanges)
+{
+    return joined(exchanges, logLine);
+}
+
+QString sentLines(const std::vector<Exchange>& exchanges)
+{
+    return joined(exchanges, sentText);
+}
+
+QString answeredLines(const std::vector<Exchange>& exchanges)
+{
+    return joined(exchanges, [](const Exchange& exchange) { return inOneLine(exchange.answered); });
+}
+} // namespace
+
+LogTable::LogTable(LogModel& model, QWidget* parent)
+    : QTableView(parent), m_model(model), m_copy(addCopy(lines)), m_copySent(addCopy(sentLines)),
+      m_copyAnswered(addCopy(answeredLines)), m_copyPython(addCopy(pythonLines))
+{
+    setObjectName(QStringLiteral("table_log"));
+    setModel(&model);
+    setItemDelegate(new LineDelegate(this));
+    setSelectionBehavior(SelectRows);
+    setWordWrap(false);
+    setShowGrid(false);
+    setTabKeyNavigation(false);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(lineHeight);
+    horizontalHeader()->setStretchLastSection(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    int column = 0;
+    for (const int width : {timeWidth, sentWidth, answeredWidth, durationWidth})
+        setColumnWidth(column++, width);
+
+    m_copy->setShortcut(QKeySequence::Copy);
+    m_copy->setShortcutContext(Qt::WidgetShortcut);
+    const auto noteEnd = [this] {
+        m_isAtEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    };
+    const auto stayAtEnd = [this] {
+        if (m_isAtEnd)
+            scrollToBottom();
+    };
+    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, this, noteEnd);
+    connect(&model, &QAbstractItemModel::rowsInserted, this, stayAtEnd);
+    connect(&model, &QAbstractItemModel::modelReset, this, &QAbstractItemView::scrollToBottom);
+}
+
+QAction* LogTable::addCopy(Format format)
+{
+    auto* action = new QAction(this);
+    addAction(action);
+    connect(action, &QAction::triggered, this, [this, format] {
+        const std::vector<int> rows = selectedRows();
+        if (!rows.empty())
+            QApplication::clipboard()->setText(format(m_model.exchanges(rows)));
+    });
+    return action;
+}
+
+std::vector<int> LogTable::selectedRows() const
+{
+    std::vector<int> rows;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    for (const QModelIndex& index : selected)
+        rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void LogTable::retranslate()
+{
+    m_copy->setText(tr("&Copy"));
+    m_copySent->setText(tr("Copy what was &sent"));
+    m_copyAnswered->setText(tr("Copy what was &answered"));
+    m_copyPython->setText(tr("Copy as &Python"));
+    describe(this, tr("What was sent and answered"), QString());
+    emit m_model.headerDataChanged(Qt::Horizontal, 0, LogModel::ColumnCount - 1);
+    viewport()->update();
+}
+
+void LogTable::contextMenuEvent(QContextMenuEvent* event)
+{
+    QMenu menu(this);
+    menu.addActions(actions());
+    menu.exec(event->globalPos());
+}

@@ -1,0 +1,309 @@
+#include "link/pause.h"
+#include "log/log_model.h"
+#include "log/log_text.h"
+#include "log/python_script.h"
+#include "tests/app/panel_set_ups.h"
+#include "tests/support/panel_test.h"
+#include "tests/support/rows.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProcess>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace
+{
+Exchange exchangeOf(const QString& sent, const QString& answered = {})
+{
+    Exchange exchange;
+    exchange.sent = sent;
+    exchange.answered = answered;
+    return exchange;
+}
+
+/// What a script sends to the simulated instrument, escaped, without its look at the error queue;
+/// a failure to run at all as the only line.
+QStringList sentByScript(const QByteArray& script, const QStringList& arguments = {})
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath("script.py"));
+    if (!file.open(QIODevice::WriteOnly) || file.write(script) != script.size())
+        return {"not written"};
+    file.close();
+    QProcess python;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("KLV_DEMO_TRACE", "1");
+    if (*KLV_PYTHON_PRELOAD) {
+        environment.insert("LD_PRELOAD", KLV_PYTHON_PRELOAD);
+        environment.insert("ASAN_OPTIONS", "detect_leaks=0");
+    }
+    python.setProcessEnvironment(environment);
+    python.setProcessChannelMode(QProcess::MergedChannels);
+    python.start(KLV_PYTHON,
+                 QStringList{file.fileName(), "--visa", Demo::libraryPath()} + arguments);
+    if (!python.waitForFinished(-1))
+        return {python.errorString()};
+    QStringList sent;
+    const QStringList lines = QString::fromLatin1(python.readAll()).split('\n');
+    for (const QString& line : lines) {
+        const int arrow = line.indexOf(" <- ");
+        if (arrow >= 0 && !line.endsWith("SYSTem:ERRor?"))
+            sent << line.mid(arrow + 4);
+    }
+    return sent.isEmpty() ? lines : sent;
+}
+} // namespace
+
+class ScpiLogTest : public PanelTest
+{
+    Q_OBJECT
+
+    template <typename Widget = QWidget>
+    Widget& get(const char* name)
+    {
+        return m_rig->get<Widget>(name);
+    }
+
+    void open()
+    {
+        m_rig = std::make_unique<PanelRig>();
+        m_rig->connectDevice();
+        get<QAction>("action_log").trigger();
+        m_demo->takeSent();
+    }
+
+    void send(const QString& text)
+    {
+        get<QLineEdit>("log_send").setText(text);
+        QTest::keyClick(&get("log_send"), Qt::Key_Return);
+    }
+
+    /// What the table shows in one column, once it shows this number of rows.
+    QStringList column(int column)
+    {
+        const QAbstractItemModel& model = *get<QTableView>("table_log").model();
+        QStringList texts;
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << model.index(row, column).data().toString();
+        return texts;
+    }
+
+    QStringList sentRows() { return column(LogModel::Sent); }
+
+    void find(const QString& text) { get<QLineEdit>("log_find").setText(text); }
+
+    void toggle(const char* name) { get<QPushButton>(name).click(); }
+
+private slots:
+    void rowsAndFilters()
+    {
+        open();
+        QVERIFY(sentRows().contains("Connected: KLV-20G (20215678)"));
+        toggle("log_clear");
+        m_rig->enter("FREQ", "2450000000");
+        send("FREQ:START 99999999999");
+        const QString setting = "FREQ 2450000000.000000 Hz;FREQ?";
+        const QString refused = "FREQ:START 99999999999";
+        const QString queue = "SYSTem:ERRor?";
+        QTRY_COMPARE(sentRows(), QStringList({setting, refused, queue}));
+        QCOMPARE(column(LogModel::Answered).first(), QString("2450000000"));
+        // The command is marked, and the entry that speaks of it.
+        const QString said = "-222, Data out of range";
+        QCOMPARE(column(LogModel::Status), QStringList({"ok", said, said}));
+        toggle("log_errors");
+        QCOMPARE(sentRows(), QStringList({refused, queue}));
+        toggle("log_errors");
+        toggle("log_polls");
+        QVERIFY(sentRows().size() > 3);
+        QCOMPARE(column(LogModel::Answered).last(), QString("0,\"No error\""));
+        toggle("log_polls");
+        find("hz;");
+        QCOMPARE(sentRows(), QStringList(setting));
+        find("/^FREQ:ST.*9$/");
+        QCOMPARE(sentRows(), QStringList(refused));
+        find("/(/");
+        QCOMPARE(sentRows(), QStringList(refused));
+        QVERIFY(!get<QLabel>("log_note").text().isEmpty());
+        find({});
+        toggle("log_pause");
+        send("POW?");
+        toggle("log_polls");
+        toggle("log_polls");
+        QCOMPARE(sentRows().size(), 3);
+        toggle("log_pause");
+        QCOMPARE(sentRows().last(), QString("POW?"));
+        get<QTableView>("table_log").selectRow(0);
+        get<QTableView>("table_log").actions().last()->trigger();
+        QCOMPARE(QApplication::clipboard()->text(),
+                 "frequency = instrument.query(\"" + setting + "\")");
+    }
+
+    void bounds()
+    {
+        WireLog log;
+        for (std::size_t i = 0; i <= WireLog::mostExchanges; ++i)
+            log.add(exchangeOf(QString()));
+        QCOMPARE(log.first(), WireLog::Number{1});
+        QVERIFY(log.hasDropped());
+        constexpr int characters = 65535;
+        for (int i = 0; i < 1000; ++i)
+            log.add(exchangeOf("LIST?", QString(characters, '1')));
+        QVERIFY(qint64(log.end() - log.first()) * 2 * characters <= WireLog::mostBytes);
+        LogModel model(log);
+        model.follow(true);
+        QVERIFY(model.data(model.index(0, LogModel::Answered), Qt::DisplayRole).toString().size() <
+                1000);
+        QVERIFY(logLines({model.exchange(0)}).size() > characters);
+    }
+
+    void byHand_data()
+    {
+        testColumns<QString, QStringList, bool, QString>("text", "sent", "offersPush", "lamp");
+        testRow("query", "FREQ?", QStringList("FREQ?\\n"), false, "RF");
+        testRow("setting", "  POW 1", QStringList("  POW 1\\n"), true, "RF");
+        testRow("percent", "FREQ %d", QStringList("FREQ %d\\n"), true, "RF");
+        testRow("output", "outp on", QStringList("outp on\\n"), true, "?");
+        testRow("set and asked", "FREQ 1e9;:OUTPut 1;OUTP?",
+                QStringList("FREQ 1e9;:OUTPut 1;OUTP?\\n"), true, "?");
+        testRow("reset", " *rst", QStringList(" *rst\\n"), true, "?");
+        testRow("two lines", "POW?\nFREQ?", QStringList({"POW?\\n", "FREQ?\\n"}), false, "RF");
+        testRow("not ASCII", "FREQ 1 \u041C\u0413\u0446", QStringList(), false, "RF");
+        testRow("escape", "FREQ\x1b?", QStringList(), false, "RF");
+    }
+
+    void byHand()
+    {
+        QFETCH(QString, text);
+        QFETCH(QStringList, sent);
+        open();
+        send(text);
+        QStringList commands = m_demo->takeSent();
+        commands.removeAll("SYSTem:ERRor?\\n");
+        QCOMPARE(commands, sent);
+        QTEST(get("log_push").isVisible(), "offersPush");
+        QTEST(get<QLabel>("label_RF").text(), "lamp");
+        // What was refused stays to be mended.
+        QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());
+        QCOMPARE(get<QLabel>("log_note").text().isEmpty(), !sent.isEmpty());
+        m_rig->click("connect");
+        QVERIFY(!get("log_push").isVisible());
+        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
+        send("FREQ?");
+        QVERIFY(!m_demo->takeSent().contains("FREQ?\\n"));
+    }
+
+    void settingsAreSentAgain()
+    {
+        open();
+        send("*RST");
+        m_demo->takeSent();
+        m_rig->click("log_push");
+        const QStringList sent = m_demo->takeSent();
+        QVERIFY(sent.contains("FREQ 1000000000.000000 Hz;FREQ?\\n"));
+        QVERIFY(sent.contains("OUTPut OFF\\n"));
+        QVERIFY(!sent.contains("*RST\\n"));
+        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
+        QVERIFY(!get("log_push").isVisible());
+    }
+
+    void commandWaitsForTheEndOfASequence()
+    {
+        open();
+        bool wasWaiting = false;
+        QTimer::singleShot(0, this, [&] {
+            send("FREQ?");
+            wasWaiting = !get<QLabel>("log_note").text().isEmpty();
+            QVERIFY(!m_demo->takeSent().contains("FREQ?\\n"));
+        });
+        pauses().share = 1.0;
+        pause(60);
+        QVERIFY(wasWaiting);
+        QStringList sent;
+        QTRY_VERIFY((sent += m_demo->takeSent()).contains("FREQ?\\n"));
+        QTest::keyClick(&get("log_send"), Qt::Key_Up);
+        QCOMPARE(get<QLineEdit>("log_send").text(), QString("FREQ?"));
+    }
+
+    void fileHasEveryLine()
+    {
+        StartOptions options = PanelRig::defaultOptions();
+        options.logPath = m_home.filePath("wire.log");
+        m_rig = std::make_unique<PanelRig>(options);
+        m_rig->connectDevice();
+        const QByteArray written = bytesOf(options.logPath);
+        QVERIFY(written.contains("\tOUTPut OFF\t\t"));
+        QVERIFY(written.contains("\tFREQ 1000000000.000000 Hz;FREQ?\t1000000000\t"));
+        m_rig.reset();
+        QVERIFY(bytesOf(options.logPath).startsWith(written));
+        (*m_demo)("reset");
+        options.logPath = m_home.filePath("no such folder/wire.log");
+        m_rig = std::make_unique<PanelRig>(options);
+        QVERIFY2(m_rig->status().contains("No log is written"), qPrintable(m_rig->status()));
+        m_rig->connectDevice();
+        QVERIFY2(m_rig->isConnected(), qPrintable(m_rig->status()));
+    }
+
+    void scriptSendsTheSame()
+    {
+        if (!*KLV_PYTHON)
+            QSKIP("Python is not here.");
+        open();
+        toggle("log_clear");
+        for (const QString action :
+             {"POW=-7", "ROSC", "AM", "line_Ampl_1=2500", "Rect_Ampl", "percentLine_Ampl=30",
+              "Pulse", "line_width=5", "rectangle_select", "VOLTAGE=2.5", "Time=2m", "service",
+              "REF_OSC=7", "Output"}) {
+            const QString control = action.section('=', 0, 0);
+            if (control != "REF_OSC")
+                m_rig->openPanelOf(control);
+            if (action.contains('='))
+                m_rig->enter(qPrintable(control), action.section('=', 1));
+            else
+                m_rig->click(qPrintable(control));
+        }
+        QStringList sent;
+        for (QString line : m_demo->takeSent()) {
+            if (line != "SYSTem:ERRor?\\n" && line != "TEMP?\\n")
+                sent << line.remove("\\n");
+        }
+        QTRY_VERIFY(sentRows().contains("OUTPut ON"));
+        LogModel& model = static_cast<LogModel&>(*get<QTableView>("table_log").model());
+        const LoggedInstrument instrument{"KLV-20G \"\"\" @lines@ \\", "2.7",
+                                          "USB0::0x5645::0x0040::20215678::0::INSTR"};
+        const QByteArray script = pythonScript(model.exchanges(), instrument);
+        // The panel holds the instrument for itself.
+        m_rig->click("connect");
+        // Its pauses are the program's.
+        QVERIFY(script.contains("time.sleep(0.4)"));
+        QCOMPARE(sentByScript(script), sent);
+        QCOMPARE(sentByScript(pythonScript({}, instrument), {"--reset", "--hand-back"}),
+                 QStringList({"MEM:MSC?", "*RST", "*IDN?", "*RST", "MEM:MSC ON"}));
+    }
+
+    void hostileTextsStayTexts()
+    {
+        if (!*KLV_PYTHON)
+            QSKIP("Python is not here.");
+        const QString nasty = "\"\"\"'); import os; os._exit(3) #\\";
+        std::vector<Exchange> exchanges;
+        for (const QString& text : {nasty, QString("%s {0} @lines@"), QString("A\\\nB\t\u00e9")})
+            exchanges.push_back(exchangeOf(text, nasty));
+        const QStringList sent = sentByScript(pythonScript(exchanges, {nasty, nasty, nasty}),
+                                              {"USB0::0x5645::0x0040::20215678::0::INSTR"});
+        QCOMPARE(sent, QStringList({"\"\"\"'); import os; os._exit(3) #\\\\", "%s {0} @lines@",
+                                    "A\\\\\\nB\\t\\xE9"}));
+        // A name is never a word of the script or of the language.
+        QCOMPARE(pythonLines({exchangeOf("class?"), exchangeOf("time?"), exchangeOf("1a:import?")}),
+                 QString("class_ = instrument.query(\"class?\")\n"
+                         "time_ = instrument.query(\"time?\")\n"
+                         "answer = instrument.query(\"1a:import?\")"));
+    }
+};
+
+QTEST_MAIN(ScpiLogTest)
+#include "scpi_log_test.moc"
