@@ -114,7 +114,7 @@ void WindowMenu::retranslate()
 {
     m_help->setText(tr("&Help"));
     m_about->setText(tr("&About"));
-    m_log->setText(tr("SC&PI log"));
+    m_log->setText(tr("SCPI lo&g"));
     m_simulator->setText(tr("&Simulated instrument"));
     m_languages->setTitle(tr("&Language"));
     m_themes->setTitle(tr("&Theme"));

@@ -1,6 +1,7 @@
 #include "log/log_model.h"
 
 #include "log/log_text.h"
+#include "ui/instrument_text.h"
 
 #include <QIcon>
 
@@ -155,6 +156,8 @@ QVariant LogModel::data(const QModelIndex& index, int role) const
         const QString whole = text(line, index.column());
         return whole.size() <= mostShown ? whole : whole.left(mostShown) + QChar(0x2026);
     }
+    case Qt::ToolTipRole:
+        return neverRich(text(line, index.column()).left(mostShown));
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter |
                    (index.column() == Duration ? Qt::AlignRight : Qt::AlignLeft));

@@ -134,7 +134,7 @@ void LogTable::retranslate()
     m_copySent->setText(tr("Copy what was &sent"));
     m_copyAnswered->setText(tr("Copy what was &answered"));
     m_copyPython->setText(tr("Copy as &Python"));
-    describe(this, tr("What was sent and answered"), QString());
+    describe(this, tr("What was sent and answered"), tr("A right click copies the selected lines"));
     emit m_model.headerDataChanged(Qt::Horizontal, 0, LogModel::ColumnCount - 1);
     viewport()->update();
 }

@@ -264,7 +264,7 @@ void ScpiLog::retranslate()
     word(m_save, tr("&Save..."),
          tr("Save the lines shown, or those selected, as text, as a "
             "spreadsheet or as a Python script"));
-    m_prompt->setText(tr("SCPI &command"));
+    m_prompt->setText(tr("SCPI co&mmand"));
     describe(m_entry, tr("SCPI command"),
              tr("Sends the command as it stands (Enter). One with a question mark is asked, and "
                 "its answer shown. Up and Down: commands entered before."));

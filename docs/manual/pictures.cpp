@@ -76,6 +76,7 @@ public:
 
 private:
     void saveRuns() const;
+    void saveLog() const;
     void saveProfiles() const;
 
     MainWindow& m_window;
@@ -114,6 +115,7 @@ void Photographer::savePanels() const
     click("service");
     save(get<QWidget>("service_panel"), "service");
     click("service");
+    saveLog();
     saveProfiles();
 }
 
@@ -130,6 +132,16 @@ void Photographer::saveRuns() const
     click("generate_List");
     save(get<QWidget>("List"), "list");
     click("open_list");
+}
+
+void Photographer::saveLog() const
+{
+    m_window.findChild<QAction*>(QStringLiteral("action_log"))->trigger();
+    for (const char* command : {"FREQ?", "FREQ 99999999999"})
+        enter("ScpiLog", "log_send", QLatin1String(command));
+    QTest::qWait(settleMs);
+    save(get<QWidget>("ScpiLog"), "log");
+    get<QWidget>("ScpiLog")->close();
 }
 
 void Photographer::saveProfiles() const

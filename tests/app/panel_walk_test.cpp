@@ -110,6 +110,13 @@ QWidget* openAbout(PanelRig& rig)
     return about;
 }
 
+QWidget* openLog(PanelRig& rig)
+{
+    rig.connectDevice();
+    rig.window().findChild<QAction*>("action_log")->trigger();
+    return &rig.get("ScpiLog");
+}
+
 QWidget* openFirmware(PanelRig& rig)
 {
     auto* dialog = rig.window().findChild<Firmware*>();
@@ -196,6 +203,7 @@ const Surface surfaces[] = {
     {"keypad of the DAC",
      [](PanelRig& rig) { return openKeypad(rig, "service", {"key_REF_OSC"}); }},
     {"About", openAbout},
+    {"log", openLog},
     {"firmware", openFirmware},
     {"power prompt", [](PanelRig& rig) { return openPrompt(rig, false); }},
     {"last power prompt", [](PanelRig& rig) { return openPrompt(rig, true); }},
@@ -261,6 +269,7 @@ void PanelWalkTest::everyWindowIsMovedByItsTitle_data()
         testRow(dialog, dialog, "dialog_title");
     testRow("window", "idle", "title");
     testRow("About", "About", "title");
+    testRow("log", "log", "dialog_title");
     testRow("firmware", "firmware", "lblCaption");
     testRow("power prompt", "power prompt", "lblModePowFirst");
 }

@@ -144,6 +144,10 @@
         <source>connection error: RF may still be on</source>
         <translation>ошибка связи: ВЧ может быть ещё включён</translation>
     </message>
+    <message>
+        <source>Sending the panel&apos;s settings</source>
+        <translation>Передаются настройки панели</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionObstacle</name>
@@ -442,6 +446,25 @@
     <message>
         <source>All Device</source>
         <translation>Все приборы</translation>
+    </message>
+</context>
+<context>
+    <name>HandCommands</name>
+    <message>
+        <source>Not connected: nothing was sent</source>
+        <translation>Прибор не подключён: ничего не отправлено</translation>
+    </message>
+    <message>
+        <source>Not sent: the command is too long</source>
+        <translation>Не отправлено: команда слишком длинная</translation>
+    </message>
+    <message>
+        <source>Not sent: &quot;%1&quot; (U+%2) is not an ASCII character</source>
+        <translation>Не отправлено: «%1» (U+%2) не входит в ASCII</translation>
+    </message>
+    <message>
+        <source>Disconnected: the command was not sent</source>
+        <translation>Прибор отключён: команда не отправлена</translation>
     </message>
 </context>
 <context>
@@ -776,6 +799,44 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Transferring the table: list %1 of %2, %3 left</source>
         <translation>Передача таблицы: список %1 из %2, осталось %3</translation>
+    </message>
+</context>
+<context>
+    <name>LogFile</name>
+    <message>
+        <source>No log is written: %1</source>
+        <translation>Журнал не записывается: %1</translation>
+    </message>
+    <message>
+        <source>The log is no longer written to %1: %2</source>
+        <translation>Журнал больше не записывается в %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>LogTable</name>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Копировать</translation>
+    </message>
+    <message>
+        <source>Copy what was &amp;sent</source>
+        <translation>Копировать &amp;отправленное</translation>
+    </message>
+    <message>
+        <source>Copy what was &amp;answered</source>
+        <translation>Копировать о&amp;тветы</translation>
+    </message>
+    <message>
+        <source>Copy as &amp;Python</source>
+        <translation>Копировать как &amp;Python</translation>
+    </message>
+    <message>
+        <source>What was sent and answered</source>
+        <translation>Отправленное и ответы</translation>
+    </message>
+    <message>
+        <source>A right click copies the selected lines</source>
+        <translation>Правая кнопка мыши копирует выделенные строки</translation>
     </message>
 </context>
 <context>
@@ -1395,6 +1456,21 @@ Keys: +, −, Left, Right, Home</source>
     </message>
 </context>
 <context>
+    <name>PanelPush</name>
+    <message>
+        <source>Send the panel&apos;s settings again</source>
+        <translation>Передать настройки панели</translation>
+    </message>
+    <message>
+        <source>Sets the instrument to what the panel shows, without a reset</source>
+        <translation>Настраивает прибор так, как показывает панель, без сброса</translation>
+    </message>
+    <message>
+        <source>The panel may no longer show what the instrument does</source>
+        <translation>Панель может не показывать, что делает прибор</translation>
+    </message>
+</context>
+<context>
     <name>PointActions</name>
     <message>
         <source>Insert row</source>
@@ -1994,6 +2070,169 @@ Keys: +, −, Left, Right, Home</source>
     </message>
 </context>
 <context>
+    <name>ScpiLog</name>
+    <message>
+        <source>Time</source>
+        <translation>Время</translation>
+    </message>
+    <message>
+        <source>Sent</source>
+        <translation>Отправлено</translation>
+    </message>
+    <message>
+        <source>Answered</source>
+        <translation>Ответ</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>мс</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>Connected: %1</source>
+        <translation>Подключён: %1</translation>
+    </message>
+    <message>
+        <source>Disconnected</source>
+        <translation>Отключён</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Сброс</translation>
+    </message>
+    <message>
+        <source>Profile started</source>
+        <translation>Начало профиля</translation>
+    </message>
+    <message>
+        <source>Profile ended</source>
+        <translation>Конец профиля</translation>
+    </message>
+    <message>
+        <source>no answer</source>
+        <translation>нет ответа</translation>
+    </message>
+    <message>
+        <source>failed: %1</source>
+        <translation>ошибка: %1</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>ок</translation>
+    </message>
+    <message>
+        <source>Sent as soon as nothing else is going on</source>
+        <translation>Будет отправлено, когда закончится текущее действие</translation>
+    </message>
+    <message>
+        <source>Not a regular expression yet</source>
+        <translation>Пока не регулярное выражение</translation>
+    </message>
+    <message>
+        <source>Save the log</source>
+        <translation>Сохранить журнал</translation>
+    </message>
+    <message>
+        <source>Text (*.txt);;Spreadsheet (*.csv);;Python script for PyVISA (*.py)</source>
+        <translation>Текст (*.txt);;Таблица (*.csv);;Сценарий Python для PyVISA (*.py)</translation>
+    </message>
+    <message>
+        <source>SCPI log %1</source>
+        <translation>Журнал SCPI %1</translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Сохранено: %1</translation>
+    </message>
+    <message>
+        <source>%1 could not be saved: %2</source>
+        <translation>Не удалось сохранить %1: %2</translation>
+    </message>
+    <message>
+        <source>Older lines have been dropped</source>
+        <translation>Более старые строки удалены</translation>
+    </message>
+    <message>
+        <source>SCPI log</source>
+        <translation>Журнал SCPI</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>Close the log; it goes on being recorded (Esc)</source>
+        <translation>Закрыть журнал; запись продолжается (Esc)</translation>
+    </message>
+    <message>
+        <source>Find text or /expression/</source>
+        <translation>Найти текст или /выражение/</translation>
+    </message>
+    <message>
+        <source>Find in the log</source>
+        <translation>Поиск в журнале</translation>
+    </message>
+    <message>
+        <source>Shows the lines with this text, or what a regular expression between slashes finds (Ctrl+F)</source>
+        <translation>Показывает строки с этим текстом или с тем, что найдёт регулярное выражение между косыми чертами (Ctrl+F)</translation>
+    </message>
+    <message>
+        <source>&amp;Failures</source>
+        <translation>&amp;Ошибки</translation>
+    </message>
+    <message>
+        <source>Show only what failed</source>
+        <translation>Показывать только ошибки</translation>
+    </message>
+    <message>
+        <source>&amp;Polling</source>
+        <translation>О&amp;прос</translation>
+    </message>
+    <message>
+        <source>Show also the error queue found empty, and the temperature read by itself</source>
+        <translation>Показывать также опрос пустой очереди ошибок и температуры</translation>
+    </message>
+    <message>
+        <source>P&amp;ause</source>
+        <translation>П&amp;ауза</translation>
+    </message>
+    <message>
+        <source>Hold the lines shown; the log goes on being recorded</source>
+        <translation>Не обновлять строки; запись журнала продолжается</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>О&amp;чистить</translation>
+    </message>
+    <message>
+        <source>Forget all lines</source>
+        <translation>Удалить все строки</translation>
+    </message>
+    <message>
+        <source>&amp;Save...</source>
+        <translation>&amp;Сохранить...</translation>
+    </message>
+    <message>
+        <source>Save the lines shown, or those selected, as text, as a spreadsheet or as a Python script</source>
+        <translation>Сохранить показанные или выделенные строки как текст, таблицу или сценарий Python</translation>
+    </message>
+    <message>
+        <source>SCPI co&amp;mmand</source>
+        <translation>&amp;Команда SCPI</translation>
+    </message>
+    <message>
+        <source>SCPI command</source>
+        <translation>Команда SCPI</translation>
+    </message>
+    <message>
+        <source>Sends the command as it stands (Enter). One with a question mark is asked, and its answer shown. Up and Down: commands entered before.</source>
+        <translation>Отправляет команду как есть (Enter). На команду с вопросительным знаком читается ответ. Вверх и вниз: прежние команды.</translation>
+    </message>
+</context>
+<context>
     <name>ScpiSession</name>
     <message>
         <source>waiting for the instrument to answer</source>
@@ -2146,7 +2385,7 @@ Keys: +, −, Left, Right, Home</source>
     </message>
 </context>
 <context>
-    <name>SimulatorOffer</name>
+    <name>SimulatorSwitch</name>
     <message>
         <source>Simulated instrument</source>
         <translation>Имитатор прибора</translation>
@@ -2541,6 +2780,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Highest &amp;power...</source>
         <translation>Наибольшая &amp;мощность...</translation>
+    </message>
+    <message>
+        <source>SCPI lo&amp;g</source>
+        <translation>&amp;Журнал SCPI</translation>
     </message>
 </context>
 <context>
