@@ -1,7 +1,7 @@
 #include "numbers/field_kind.h"
 
 #include "numbers/number_text.h"
-#include "tests/support/rows.h"
+#include "tests/numbers/text_pairs.h"
 
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -10,216 +10,134 @@
 Q_DECLARE_METATYPE(UnitFamily)
 Q_DECLARE_METATYPE(FieldKind)
 
+using K = FieldKind;
+
 class FieldKindTest : public QObject
 {
     Q_OBJECT
 
-private slots:
-    void unitKeys_data();
-    void unitKeys();
-    void unitKeysAgreeWithArithmetic();
-    void reply_data();
-    void reply();
-    void clamp_data();
-    void clamp();
-    void conversions_data();
-    void conversions();
-    void acceptedTextsStayAsTheyAre();
-};
-
-void FieldKindTest::unitKeys_data()
-{
-    testColumns<UnitFamily, QString, QString>("family", "input", "expected");
-
-    struct Row {
-        UnitFamily family;
-        QString input;
-        QString expected;
-    };
-    const UnitFamily hertz = UnitFamily::Frequency;
-    const UnitFamily time = UnitFamily::Time;
-    const UnitFamily volts = UnitFamily::Voltage;
-    const Row rows[] = {
-        {hertz, "", ""},
-        {hertz, ".", "."},
-        {hertz, ",", "."},
-        {hertz, "1.", "1."},
-        {hertz, "1 000", "1000"},
-        {hertz, "2.5G", "2500000000"},
-        {hertz, "2,5 g", "2500000000"},
-        {hertz, "0.1k", "100"},
-        {hertz, ".5M", "500000"},
-        {hertz, "1.23450k", "1234.5"},
-        {hertz, "123456789012345678901234567890k", "123456789012345678901234567890000"},
-        {hertz, "k", ""},
-        {hertz, "-k", "-"},
-        {hertz, "1.2.3G", "1.2.3"},
-        {hertz, "2.5 GHz", "2500000000"},
-        {hertz, "25k00", "25000"},
-        {time, "1.5m", "1500"},
-        {time, "2S", "2000000"},
-        {time, "10 ms", "10000"},
-        {volts, "1234.5M", "1.2345"},
-        {volts, "-7m", "-0.007"},
-        {UnitFamily::None, "5m,5", "5m.5"},
-        {hertz, QString::fromLatin1("1\0k", 3), QString::fromLatin1("1\0", 2)},
-        {hertz, QString(50000, '1') + "k", QString(50000, '1') + "000"},
-    };
-    for (const Row& row : rows)
-        QTest::addRow("%d: %s", static_cast<int>(&row - rows), qPrintable(row.input.left(40)))
-            << row.family << row.input << row.expected;
-}
-
-void FieldKindTest::unitKeys()
-{
-    QFETCH(UnitFamily, family);
-    QFETCH(QString, input);
-    QTEST(convertUnitKeys(input, family), "expected");
-}
-
-void FieldKindTest::unitKeysAgreeWithArithmetic()
-{
-    QRandomGenerator random(11);
-    for (int i = 0; i < 1000; ++i) {
-        const qint64 thousandths = random.bounded(1000000000);
-        const QString typed = fixedText(static_cast<double>(thousandths) / 1000, 3);
-        QCOMPARE(convertUnitKeys(typed + "k", UnitFamily::Frequency), QString::number(thousandths));
-        QCOMPARE(convertUnitKeys(QString::number(thousandths) + "m", UnitFamily::Voltage),
-                 trimZeros(typed));
-    }
-}
-
-void FieldKindTest::reply_data()
-{
-    testColumns<FieldKind, QString, QString>("kind", "input", "expected");
-
-    struct Row {
-        FieldKind kind;
-        QString input;
-        QString expected;
-    };
-    using K = FieldKind;
-    const Row rows[] = {
-        {K::Frequency, "10 MHZ\n", "10 000 000"},
-        {K::Frequency, "rubbish", "0"},
-        {K::Power, "-1.2300E+02\n", "-123"},
-        {K::Power, "-0.4", "0"},
-        {K::Power, "-5.5", "-6"},
-        {K::ExternalReference, "10\n", "10"},
-        {K::ExternalReference, "10000000.000000\n", "10"},
-        {K::PulsePeriod, "1000\n", "1 000"},
-        {K::PulsePeriod, "0.001 S\n", "1 000"},
-        {K::PulseWidth, "1", "1.00"},
-        {K::PulseWidth, "250 NS", "0.25"},
-        {K::ModulationRate, "2.5 KHZ", "2 500"},
-        {K::AmDepth, "30", "30.00"},
-        {K::FmDeviation, "0.0015625", "0.0015625"},
-        {K::PmDeviation, "0.001", "0.001"},
-        {K::LfFrequency, "10000", "10 000.0"},
-        {K::LfAmplitude, "1", "1.000"},
-        {K::LfAmplitude, "0.70711", "0.70711"},
-        {K::PointCount, "1000", "1 000"},
-        {K::Frequency, "", ""},
-        {K::Power, QString(70000, 'x'), "0"},
-    };
-    for (const Row& row : rows)
-        QTest::addRow("%d: %s", static_cast<int>(&row - rows), qPrintable(row.input.left(40)))
-            << row.kind << row.input << row.expected;
-}
-
-void FieldKindTest::reply()
-{
-    QFETCH(FieldKind, kind);
-    QFETCH(QString, input);
-    QTEST(displayText(input, kind), "expected");
-}
-
-void FieldKindTest::clamp_data()
-{
-    testColumns<FieldKind, QString, double, double, QString>("kind", "input", "min", "max",
-                                                             "expected");
-
-    using K = FieldKind;
-    const struct {
-        const char* name;
-        FieldKind kind;
-        QString input;
-        double min;
-        double max;
-        const char* expected;
-    } rows[] = {
-        {"inside", K::Frequency, "2.5G", 9e3, 2e10, "2 500 000 000"},
-        {"above", K::Frequency, "25 000 000 000", 9e3, 2e10, "20 000 000 000"},
-        {"below", K::Frequency, "1", 9e3, 2e10, "9 000"},
-        {"rounded", K::Frequency, "9000.5", 9e3, 2e10, "9 001"},
-        {"no number", K::Frequency, "-", 9e3, 2e10, "9 000"},
-        {"too large a number", K::Frequency, QString(400, '9'), 9e3, 2e10, "20 000 000 000"},
-        {"empty", K::Frequency, "", 9e3, 2e10, ""},
-        {"no limits known", K::Frequency, "25G", 0.0, 0.0, "25 000 000 000"},
-        {"limits crossed", K::Duty, "5", 50.0, 10.0, "50"},
-        {"zero as minimum", K::AmDepth, "-1", 0.0, 100.0, "0.00"},
-        {"zero as maximum", K::Power, "5", -120.0, 0.0, "0"},
-        {"grouped minus", K::Power, "- 123", -120.0, 13.5, "-120"},
-        {"decimal power", K::Power, "-5.5", -120.0, 13.5, "-5.5"},
-        {"fractional limit", K::Power, "20", -120.0, 13.125, "13.125"},
-        {"limit finer than the kind", K::PmDeviation, "0", 0.0000004, 10.0, "0.0000004"},
-        {"seconds", K::PulsePeriod, "1s", 0.0, 2e7, "1 000 000"},
-    };
-    for (const auto& row : rows)
-        testRow(row.name, row.kind, row.input, row.min, row.max, QString(row.expected));
-}
-
-void FieldKindTest::clamp()
-{
-    QFETCH(FieldKind, kind);
-    QFETCH(QString, input);
-    QFETCH(double, min);
-    QFETCH(double, max);
-    QTEST(clampText(input, min, max, kind), "expected");
-}
-
-void FieldKindTest::conversions_data()
-{
-    testColumns<bool, QString, double>("isTime", "reply", "expected");
-
-    testRow("plain time", true, "12.5\n", 12.5);
-    testRow("exponent with unit", true, "1.0E-3 S\n", 1000.0);
-    testRow("milliseconds", true, "4.35 MS", 4350.0);
-    testRow("rubbish time", true, "E S", 0.0);
-    testRow("overlong exponent", true, "1e999999999999 S", 1.7976931348623157e308);
-    testRow("hertz", false, "1.3E7 HZ", 13.0);
-    testRow("kilohertz", false, "10000 kHz", 10.0);
-    testRow("plain hertz", false, "100000", 0.1);
-    testRow("plain megahertz", false, "99999", 99999.0);
-    testRow("unknown word", false, "5 lightyears", 5.0);
-}
-
-void FieldKindTest::conversions()
-{
-    QFETCH(bool, isTime);
-    QFETCH(QString, reply);
-    QFETCH(double, expected);
-    QVERIFY((isTime ? microsecondsFromReply(reply) : megahertzFromReply(reply)) == expected);
-}
-
-/// What a field shows is accepted by its own pattern, and neither committing it again nor reading
-/// it as a reply changes it.
-void FieldKindTest::acceptedTextsStayAsTheyAre()
-{
-    QRandomGenerator random(3);
-    for (int i = 0; i < fieldKindCount; ++i) {
-        const auto kind = static_cast<FieldKind>(i);
+    static bool takes(FieldKind kind, const QString& text)
+    {
         const QRegularExpression pattern('^' + patternText(entryPattern(kind)) + '$');
-        for (int n = 0; n < 200; ++n) {
+        return pattern.match(text).hasMatch();
+    }
+
+private slots:
+    void typedCharacters_data()
+    {
+        testColumns<FieldKind, QString, QString>("kind", "admitted", "refused");
+        testRow("frequency", K::Frequency, "0 9kmgKMG,.", "-es");
+        testRow("power", K::Power, "09-", " .,k");
+        testRow("time", K::Dwell, "0 9msMS.,", "-kg");
+        testRow("voltage", K::LfAmplitude, "09mM,.", " -k");
+        testRow("depth", K::AmDepth, "09,.", " -m");
+        testRow("deviation", K::PmDeviation, "09,.", " -m");
+        testRow("points", K::PointCount, "0 9", ".,-k");
+        testRow("duty", K::Duty, "09", " .,-k");
+    }
+
+    void typedCharacters()
+    {
+        QFETCH(FieldKind, kind);
+        QFETCH(QString, admitted);
+        QFETCH(QString, refused);
+        QVERIFY(takes(kind, admitted));
+        for (const QChar c : refused)
+            QVERIFY2(!takes(kind, c), qPrintable(QString(c)));
+    }
+
+    void unitKeys_data()
+    {
+        testColumns<UnitFamily, QString, QString>("family", "input", "expected");
+        pairRows("frequency",
+                 {"=", ".=.", ",=.", "1.=1.", "1 000=1000", "2.5G=2500000000", "2,5 g=2500000000",
+                  "0.1k=100", ".5M=500000", "1.23450k=1234.5", "k=", "-k=-", "1.2.3G=1.2.3",
+                  "2.5 GHz=2500000000", "25k00=25000",
+                  "123456789012345678901234567890k=123456789012345678901234567890000"},
+                 UnitFamily::Frequency);
+        pairRows("time", {"1.5m=1500", "2S=2000000", "10 ms=10000"}, UnitFamily::Time);
+        pairRows("voltage", {"1234.5M=1.2345", "-7m=-0.007"}, UnitFamily::Voltage);
+        pairRows("none", {"5m,5=5m.5"}, UnitFamily::None);
+    }
+
+    void unitKeys()
+    {
+        QFETCH(UnitFamily, family);
+        QFETCH(QString, input);
+        QTEST(convertUnitKeys(input, family), "expected");
+    }
+
+    void reply_data()
+    {
+        testColumns<FieldKind, QString, QString>("kind", "input", "expected");
+        pairRows("frequency", {"=", "10 MHZ\n=10 000 000", "rubbish=0"}, K::Frequency);
+        pairRows("power", {"-1.2300E+02\n=-123", "-0.4=0", "-5.5=-6"}, K::Power);
+        pairRows("reference",
+                 {"10\n=10", "10000000.000000\n=10", "1.3E7 HZ=13", "10000 kHz=10", "100000=0",
+                  "99999=99999", "5 lightyears=5"},
+                 K::ExternalReference);
+        pairRows("period",
+                 {"1000\n=1 000", "0.001 S\n=1 000", "1.0E-3 S=1 000", "4.35 MS=4 350", "E S=0"},
+                 K::PulsePeriod);
+        pairRows("width", {"1=1.00", "12.5\n=12.50", "250 NS=0.25"}, K::PulseWidth);
+        pairRows("rate", {"2.5 KHZ=2 500"}, K::ModulationRate);
+        pairRows("depth", {"30=30.00"}, K::AmDepth);
+        pairRows("deviation", {"0.0015625=0.0015625"}, K::FmDeviation);
+        pairRows("phase", {"0.001=0.001"}, K::PmDeviation);
+        pairRows("LF", {"10000=10 000.0"}, K::LfFrequency);
+        pairRows("amplitude", {"1=1.000", "0.70711=0.70711"}, K::LfAmplitude);
+        pairRows("points", {"1000=1 000"}, K::PointCount);
+    }
+
+    void reply()
+    {
+        QFETCH(FieldKind, kind);
+        QFETCH(QString, input);
+        QTEST(displayText(input, kind), "expected");
+    }
+
+    void clamp_data()
+    {
+        testColumns<FieldKind, double, double, QString, QString>("kind", "min", "max", "input",
+                                                                 "expected");
+        pairRows("frequency",
+                 {"2.5G=2 500 000 000", "25 000 000 000=20 000 000 000", "1=9 000", "9000.5=9 001",
+                  "-=9 000", "1e999=20 000 000 000", "="},
+                 K::Frequency, 9e3, 2e10);
+        pairRows("no limits known", {"25G=25 000 000 000"}, K::Frequency, 0.0, 0.0);
+        pairRows("limits crossed", {"5=50"}, K::Duty, 50.0, 10.0);
+        pairRows("zero as minimum", {"-1=0.00"}, K::AmDepth, 0.0, 100.0);
+        pairRows("zero as maximum", {"5=0"}, K::Power, -120.0, 0.0);
+        pairRows("power", {"- 123=-120", "-5.5=-5.5", "20=13.125"}, K::Power, -120.0, 13.125);
+        pairRows("limit finer than the kind", {"0=0.0000004"}, K::PmDeviation, 0.0000004, 10.0);
+        pairRows("seconds", {"1s=1 000 000"}, K::PulsePeriod, 0.0, 2e7);
+    }
+
+    void clamp()
+    {
+        QFETCH(FieldKind, kind);
+        QFETCH(double, min);
+        QFETCH(double, max);
+        QFETCH(QString, input);
+        QTEST(clampText(input, min, max, kind), "expected");
+    }
+
+    /// What a field shows is accepted by its own pattern, and neither committing it again nor
+    /// reading it as a reply changes it.
+    void acceptedTextsStayAsTheyAre()
+    {
+        QRandomGenerator random(3);
+        for (int i = 0; i < fieldKindCount * 200; ++i) {
+            const auto kind = static_cast<FieldKind>(i % fieldKindCount);
             const double value = random.bounded(900) + random.bounded(10) / 8.0;
             const QString shown = displayText(QString::number(value, 'f', 6), kind);
-            QVERIFY2(pattern.match(shown).hasMatch(), qPrintable(shown));
+            QVERIFY2(takes(kind, shown), qPrintable(shown));
             QCOMPARE(clampText(shown, 0, 0, kind), shown);
             QCOMPARE(displayText(withoutBlanks(shown), kind), shown);
             QCOMPARE(fieldText(toNumber(shown), kind), shown);
         }
     }
-}
+};
 
 QTEST_GUILESS_MAIN(FieldKindTest)
 #include "field_kind_test.moc"

@@ -1,5 +1,5 @@
 #include "numbers/readable_quantity.h"
-#include "tests/support/rows.h"
+#include "tests/numbers/text_pairs.h"
 
 #include <QTest>
 
@@ -10,42 +10,31 @@ class ReadableQuantityTest : public QObject
     Q_OBJECT
 
 private slots:
-    void readable_data();
-    void readable();
-    void digits();
+    void readable_data()
+    {
+        testColumns<Unit, int, QString, QString>("unit", "digits", "value", "text");
+        pairRows("hertz",
+                 {"1000=1 kHz", "2.5e9=2.5 GHz", "0.0015625=1.5625 mHz", "999999.9=1 MHz",
+                  "5e12=5000 GHz", "1000000001=1 GHz"},
+                 Unit::Hertz, 5);
+        pairRows("ten digits", {"1000000001=1.000000001 GHz"}, Unit::Hertz, 10);
+        pairRows("seconds",
+                 {"0.00025=250 µs", "86400=86400 s", "1e6=1000000 s", "-0=0 s", "1e-13=0.1 ps"},
+                 Unit::Second, 5);
+        pairRows("volts", {"1=1 V"}, Unit::Volt, 5);
+        pairRows("radians", {"-0.001=\u22121 mrad"}, Unit::Radian, 5);
+        pairRows("per cent", {"0.001=0.001 %"}, Unit::Percent, 5);
+        pairRows("dBm", {"-0.25=\u22120.25 dBm"}, Unit::Dbm, 5);
+    }
+
+    void readable()
+    {
+        QFETCH(Unit, unit);
+        QFETCH(int, digits);
+        QFETCH(QString, value);
+        QTEST(readableQuantity(value.toDouble(), unit, digits), "text");
+    }
 };
-
-void ReadableQuantityTest::readable_data()
-{
-    testColumns<double, Unit, QString>("value", "unit", "text");
-    testRow("plain", 1.0, Unit::Volt, "1 V");
-    testRow("kilo", 1000.0, Unit::Hertz, "1 kHz");
-    testRow("giga", 2.5e9, Unit::Hertz, "2.5 GHz");
-    testRow("milli", 0.0015625, Unit::Hertz, "1.5625 mHz");
-    testRow("micro", 0.25e-3, Unit::Second, "250 µs");
-    testRow("rounds up into the next prefix", 999999.9, Unit::Hertz, "1 MHz");
-    testRow("negative", -0.001, Unit::Radian, "\u22121 mrad");
-    testRow("percent has no prefix", 0.001, Unit::Percent, "0.001 %");
-    testRow("dBm has no prefix", -0.25, Unit::Dbm, "\u22120.25 dBm");
-    testRow("no kiloseconds", 86400.0, Unit::Second, "86400 s");
-    testRow("a million seconds", 1e6, Unit::Second, "1000000 s");
-    testRow("zero", -0.0, Unit::Second, "0 s");
-    testRow("beyond the prefixes", 5e12, Unit::Hertz, "5000 GHz");
-    testRow("below the prefixes", 1e-13, Unit::Second, "0.1 ps");
-}
-
-void ReadableQuantityTest::readable()
-{
-    QFETCH(double, value);
-    QFETCH(Unit, unit);
-    QTEST(readableQuantity(value, unit), "text");
-}
-
-void ReadableQuantityTest::digits()
-{
-    QCOMPARE(readableQuantity(1000000001.0, Unit::Hertz), QString("1 GHz"));
-    QCOMPARE(readableQuantity(1000000001.0, Unit::Hertz, 10), QString("1.000000001 GHz"));
-}
 
 QTEST_MAIN(ReadableQuantityTest)
 #include "readable_quantity_test.moc"

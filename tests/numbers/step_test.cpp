@@ -1,5 +1,5 @@
 #include "numbers/step_table.h"
-#include "tests/support/rows.h"
+#include "tests/numbers/text_pairs.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -12,149 +12,92 @@ class StepTest : public QObject
     Q_OBJECT
 
 private slots:
-    void accepted_data();
-    void accepted();
-    void acceptedStepsArePossible();
-    void table();
-    void damagedStore_data();
-    void damagedStore();
-};
-
-void StepTest::accepted_data()
-{
-    testColumns<StepKind, QString, double, double, QString>("kind", "typed", "min", "max",
-                                                            "written");
-
-    struct Row {
-        StepKind kind;
-        const char* typed;
-        double min;
-        double max;
-        const char* written;
-    };
-    using K = StepKind;
-    // For each kind: rounding, upper bound, lower bound.
-    const Row rows[] = {
-        {K::Frequency, "1 234.5", 9e3, 2e10, "1 235"},
-        {K::Frequency, "30G", 9e3, 2e10, "19 999 991 000"},
-        {K::Frequency, "0.4", 9e3, 2e10, "1"},
-        {K::Power, "1.6", -120, 13.5, "2"},
-        {K::Power, "0.4", -120, 13.5, "1"},
-        {K::PointCount, "2.5", 1, 10000, "1"},
-        {K::Time, "99.5", 10, 1010, "100"},
-        {K::Time, "1m", 10, 10010, "1 000"},
-        {K::PulsePeriod, "2.56", 1, 1001, "2.6"},
-        {K::PulseWidth, "2.56", 1, 1001, "2.6"},
-        {K::AmRate, "0.26", 0.5, 100000, "0.3"},
-        {K::AmDepth, "1.239", 10, 100, "1.24"},
-        {K::AmDepth, "0.004", 10, 100, "0.01"},
-        {K::AmDuty, "7", 5, 95, "7"},
-        {K::AmDuty, "0.9", 5, 95, "1"},
-        {K::FmDeviation, "0.0015625", 0, 1e6, "0.001563"},
-        {K::FmDeviation, "0", 0, 1e6, "0.000001"},
-        {K::PmDeviation, "0.12345", 0.0001, 10, "0.123"},
-        {K::PmDeviation, "50", 0.0001, 9.9999, "10"},
-        {K::PmDeviation, "0", 0.0001, 10, "0.001"},
-        {K::LfFrequency, "1.25", 0.5, 100000, "1.3"},
-        {K::LfAmplitude, "12m", 0, 2, "0.012"},
-        {K::LfAmplitude, "0.0004", 0, 2, "0.001"},
-        // The lower bound wins over a smaller span, and no limits bound nothing.
-        {K::Power, "3", 10, 10.5, "1"},
-        {K::AmRate, "3", -1, 0.05, "0.1"},
-        {K::Frequency, "25G", 0, 0, "25 000 000 000"},
-        {K::AmDuty, "99999999999999999999", 0, 0, "2 147 483 647"},
-        {K::Frequency, "1e300", 0, 0, "1 000 000 000 000"},
-    };
-    for (const Row& row : rows)
-        QTest::addRow("%d: %s", static_cast<int>(&row - rows), row.typed)
-            << row.kind << QString(row.typed) << row.min << row.max << QString(row.written);
-}
-
-void StepTest::accepted()
-{
-    QFETCH(StepKind, kind);
-    QFETCH(QString, typed);
-    QFETCH(double, min);
-    QFETCH(double, max);
-    QTEST(stepText(acceptedStep(kind, typed, min, max)), "written");
-}
-
-void StepTest::acceptedStepsArePossible()
-{
-    const QString nasty[] = {"",    "-",   ".",     ",",  "1.2.3",           "2.5G",
-                             "1e5", "nan", "1e999", "--", QString(400, '9'), QString(QChar(0))};
-    for (int i = 0; i < stepKindCount; ++i) {
-        const auto kind = static_cast<StepKind>(i);
-        for (const QString& typed : nasty) {
-            for (double max : {0.0, 1.0, 1e9})
-                QVERIFY2(isPossibleStep(kind, acceptedStep(kind, typed, 0, max)),
-                         qPrintable(stepKey(kind) + ": " + typed));
-        }
-        QVERIFY(isPossibleStep(kind, defaultStep(kind)));
-    }
-}
-
-void StepTest::table()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath("settings.ini");
+    /// For each kind: rounding, upper bound, lower bound.
+    void accepted_data()
     {
+        testColumns<StepKind, double, double, QString, QString>("kind", "min", "max", "typed",
+                                                                "written");
+        using K = StepKind;
+        pairRows("frequency", {"1 234.5=1 235", "30G=19 999 991 000", "0.4=1"}, K::Frequency, 9e3,
+                 2e10);
+        pairRows("power", {"1.6=2", "0.4=1", "nan=1", "-=1", "=1"}, K::Power, -120.0, 13.5);
+        pairRows("points", {"2.5=1", "1e5=1"}, K::PointCount, 1.0, 10000.0);
+        pairRows("time", {"99.5=100", "1m=1 000"}, K::Time, 10.0, 1010.0);
+        pairRows("period", {"2.56=2.6"}, K::PulsePeriod, 1.0, 1001.0);
+        pairRows("width", {"2.56=2.6"}, K::PulseWidth, 1.0, 1001.0);
+        pairRows("AM rate", {"0.26=0.3"}, K::AmRate, 0.5, 100000.0);
+        pairRows("AM depth", {"1.239=1.24", "0.004=0.01"}, K::AmDepth, 10.0, 100.0);
+        pairRows("AM duty", {"7=7", "0.9=1"}, K::AmDuty, 5.0, 95.0);
+        pairRows("FM deviation", {"0.0015625=0.001563", "0=0.000001"}, K::FmDeviation, 0.0, 1e6);
+        pairRows("PM deviation", {"0.12345=0.123", "50=10", "0=0.001"}, K::PmDeviation, 0.0001,
+                 9.9999);
+        pairRows("LF frequency", {"1.25=1.3"}, K::LfFrequency, 0.5, 100000.0);
+        pairRows("LF amplitude", {"12m=0.012", "0.0004=0.001"}, K::LfAmplitude, 0.0, 2.0);
+        pairRows("lower bound over a smaller span", {"3=1"}, K::Power, 10.0, 10.5);
+        pairRows("maximum below the lower bound", {"3=0.1"}, K::AmRate, -1.0, 0.05);
+        pairRows("no limits", {"25G=25 000 000 000", "1e300=1 000 000 000 000"}, K::Frequency, 0.0,
+                 0.0);
+        pairRows("no limits, 32 bits", {"99999999999999999999=2 147 483 647"}, K::AmDuty, 0.0, 0.0);
+    }
+
+    void accepted()
+    {
+        QFETCH(StepKind, kind);
+        QFETCH(double, min);
+        QFETCH(double, max);
+        QFETCH(QString, typed);
+        QTEST(stepText(acceptedStep(kind, typed, min, max)), "written");
+    }
+
+    void tableIsKept()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath("settings.ini");
+        {
+            QSettings settings(path, QSettings::IniFormat);
+            StepTable steps;
+            steps.attach(&settings);
+            QVERIFY(settings.allKeys().isEmpty());
+            QCOMPARE(steps.step(StepKind::LfAmplitude), 0.1);
+            for (int i = 0; i < stepKindCount; ++i)
+                QVERIFY(steps.setStep(static_cast<StepKind>(i), 2 + i));
+            QVERIFY(steps.setStep(StepKind::FmDeviation, 0.000001));
+            QVERIFY(steps.setStep(StepKind::Frequency, 19999991000.0));
+            QVERIFY(!steps.setStep(StepKind::AmDuty, 1.5));
+            QVERIFY(!steps.setStep(StepKind::Power, qQNaN()));
+        }
         QSettings settings(path, QSettings::IniFormat);
+        QCOMPARE(settings.value("Freq_Step").toString(), QString("19999991000"));
+        QCOMPARE(settings.value("Point_Step").toInt(), 4);
         StepTable steps;
         steps.attach(&settings);
-        QVERIFY(settings.allKeys().isEmpty());
-        QCOMPARE(steps.step(StepKind::Frequency), 1e6);
-        QCOMPARE(steps.step(StepKind::LfAmplitude), 0.1);
-        for (int i = 0; i < stepKindCount; ++i)
-            QVERIFY(steps.setStep(static_cast<StepKind>(i), 2 + i));
-        QVERIFY(steps.setStep(StepKind::FmDeviation, 0.000001));
-        QVERIFY(steps.setStep(StepKind::Frequency, 19999991000.0));
-        QVERIFY(!steps.setStep(StepKind::AmDuty, 1.5));
-        QVERIFY(!steps.setStep(StepKind::Power, qQNaN()));
+        QCOMPARE(steps.step(StepKind::Frequency), 19999991000.0);
+        QCOMPARE(steps.step(StepKind::FmDeviation), 0.000001);
         QCOMPARE(steps.step(StepKind::AmDuty), 10.0);
-        settings.sync();
-        QVERIFY(QFile(path).exists());
+        QCOMPARE(steps.step(StepKind::LfDuty), 19.0);
     }
-    QSettings settings(path, QSettings::IniFormat);
-    QCOMPARE(settings.value("Freq_Step").toString(), QString("19999991000"));
-    QCOMPARE(settings.value("Point_Step").toInt(), 4);
-    QCOMPARE(settings.value("Time_Step").toInt(), 5);
-    StepTable steps;
-    steps.attach(&settings);
-    QCOMPARE(steps.step(StepKind::Frequency), 19999991000.0);
-    QCOMPARE(steps.step(StepKind::FmDeviation), 0.000001);
-    QCOMPARE(steps.step(StepKind::LfDuty), 19.0);
-}
 
-void StepTest::damagedStore_data()
-{
-    testColumns<QString>("stored");
-    for (const char* stored : {"", "abc", "nan", "inf", "-5", "0", "1e300", "1,5", "0x10",
-                               "@Invalid()", "@ByteArray(\\0)", "true", "1e-300"})
-        testRow(stored, QString(stored));
-}
-
-void StepTest::damagedStore()
-{
-    QFETCH(QString, stored);
-    QTemporaryDir folder;
-    const QString path = folder.filePath("settings.ini");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\n");
-    for (int i = 0; i < stepKindCount; ++i)
-        file.write(QString(stepKey(static_cast<StepKind>(i)) + '=' + stored + '\n').toUtf8());
-    file.close();
-
-    QSettings settings(path, QSettings::IniFormat);
-    StepTable steps;
-    QVERIFY(steps.setStep(StepKind::Frequency, 5));
-    steps.attach(&settings);
-    for (int i = 0; i < stepKindCount; ++i) {
-        const auto kind = static_cast<StepKind>(i);
-        QCOMPARE(steps.step(kind), defaultStep(kind));
+    void damagedStore()
+    {
+        for (const char* stored : {"", "abc", "nan", "inf", "-5", "0", "1e300", "1,5", "0x10",
+                                   "@Invalid()", "@ByteArray(\\0)", "true", "1e-300"}) {
+            const QTemporaryDir folder;
+            const QString path = folder.filePath("settings.ini");
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("[General]\n");
+            for (int i = 0; i < stepKindCount; ++i)
+                file.write(QString(stepKey(StepKind(i)) + '=' + stored + '\n').toUtf8());
+            file.close();
+            QSettings settings(path, QSettings::IniFormat);
+            StepTable steps;
+            QVERIFY(steps.setStep(StepKind::Frequency, 5));
+            steps.attach(&settings);
+            for (int i = 0; i < stepKindCount; ++i)
+                QVERIFY2(steps.step(StepKind(i)) == defaultStep(StepKind(i)), stored);
+        }
     }
-}
+};
 
 QTEST_GUILESS_MAIN(StepTest)
 #include "step_test.moc"
