@@ -1,12 +1,8 @@
 #include "numbers/stepping.h"
 
-#include "numbers/number_text.h"
 #include "tests/numbers/text_pairs.h"
 
-#include <QRandomGenerator>
 #include <QTest>
-
-#include <cmath>
 
 Q_DECLARE_METATYPE(StepKind)
 
@@ -58,14 +54,17 @@ private slots:
     {
         testColumns<int, bool, QString, QString>("direction", "stopAtZero", "before", "after");
         pairRows("up",
-                 {"|250=3|50", "25.|10=26|.10", "0.9|5=1.0|5", "9|99=1 0|99", ".5|=0.6|",
-                  "999 999 999 999 999 999 999 999|=1 000 000 000 000 000 000 000 000|",
+                 {"|250=3|50", "25.|10=26|.10", "0.9|5=1.0|5", "999 99|9=1 000 00|9", "9|99=1 0|99",
+                  ".5|=0.6|", "999 999 999 999 999 999 999 999|=1 000 000 000 000 000 000 000 000|",
                   "0.100000000000000000001|=0.100000000000000000002|"},
                  1, true);
-        pairRows("down", {"1 |234 567=|234 567", "1 0|00=9|00", "1| 000=|0", "0|.50=0|.00"}, -1,
-                 true);
-        pairRows("down through zero", {"0|.50=-0|.50", "|-12=-2|2"}, -1, false);
-        pairRows("up to zero", {"-5|=-4|", "-1|=0|"}, 1, false);
+        pairRows("down",
+                 {"1 |234 567=|234 567", "1 000 00|0=999 99|0", "1 0|00=9|00", "1| 000=|0",
+                  "0|.50=0|.00"},
+                 -1, true);
+        pairRows("down through zero", {"0|.50=-0|.50", "0|75=|-25", "|-12=-2|2", "-9|99=-1 0|99"},
+                 -1, false);
+        pairRows("up to zero", {"-5|=-4|", "-1|=0|", "-1 0|00=- 9|00", "-0|25=|75"}, 1, false);
     }
 
     void digit()
@@ -81,26 +80,10 @@ private slots:
         QTEST(stepped.insert(cursorBehindPlace(stepped, *place), '|'), "after");
     }
 
-    void digitAgreesWithArithmetic()
-    {
-        QRandomGenerator random(5);
-        for (int i = 0; i < 5000; ++i) {
-            const qint64 value = random.bounded(2000000) - 1000000;
-            const int place = random.bounded(7);
-            const int direction = random.bounded(2) == 0 ? 1 : -1;
-            const auto unit = static_cast<qint64>(std::llround(std::pow(10, place)));
-            const QString stepped =
-                steppedPlace(groupDigits(QString::number(value)), place, direction, false);
-            QCOMPARE(stepped, groupDigits(QString::number(value + direction * unit)));
-            const int cursor = cursorBehindPlace(stepped, place);
-            if (cursor > 0)
-                QCOMPARE(decimalPlaceAt(stepped, cursor).value_or(-99), place);
-        }
-    }
-
     void digitTextThatIsNoNumber()
     {
-        for (const QString text : {"", "-", ".", "1.2.3", "1e5", "2,5", "5-3", "12k", " "}) {
+        for (const QString& text :
+             QStringList({"", "-", ".", "1.2.3", "1e5", "2,5", "5-3", "12k", " "})) {
             QCOMPARE(steppedPlace(text, 0, 1, true), text);
             for (int cursor = 0; cursor <= text.size(); ++cursor)
                 QVERIFY2(!decimalPlaceAt(text, cursor), qPrintable(text));
