@@ -15,42 +15,6 @@
 
 Q_DECLARE_METATYPE(FieldKind)
 
-class PastingTest : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void pasting_data();
-    void pasting();
-    void everyWayOfPasting();
-};
-
-void PastingTest::pasting_data()
-{
-    testColumns<FieldKind, QString, QString, QString>("kind", "pasted", "shown", "said");
-    using K = FieldKind;
-    const struct {
-        FieldKind kind;
-        const char* pasted;
-        const char* shown;
-        const char* said;
-    } rows[] = {
-        {K::Frequency, " 2.45 GHz\n", "2 450 000 000", ""},
-        {K::Frequency, "2,450,000,000", "2 450 000 000", ""},
-        {K::PulsePeriod, "1.5 ms", "1 500", ""},
-        {K::Power, "-10.0 dBm", "-10", ""},
-        {K::Duty, "50 %", "50", ""},
-        {K::ExternalReference, "0.01 GHz", "10", ""},
-        {K::Power, "-10.5 dBm", "7", "field: whole dBm"},
-        {K::PointCount, "1.5", "7", "field: whole numbers only"},
-        {K::Power, "5-3", "7", "field: \"5-3\" cannot be read"},
-        {K::Frequency, "-1 MHz", "7", "field: \"-1 MHz\" cannot be read"},
-        {K::Frequency, "123456789012345", "7", "field: \"123456789012345\" cannot be read"},
-    };
-    for (const auto& row : rows)
-        testRow(row.pasted, row.kind, QString(row.pasted), QString(row.shown), QString(row.said));
-}
-
 /// A field that steps takes no keys without it.
 static void focus(QLineEdit& field)
 {
@@ -60,64 +24,85 @@ static void focus(QLineEdit& field)
     QVERIFY(field.hasFocus());
 }
 
-void PastingTest::pasting()
+class PastingTest : public QObject
 {
-    QFETCH(FieldKind, kind);
-    QFETCH(QString, pasted);
-    Fields fields;
-    NumberEdit field(quantityOf(kind), fields.context, nullptr, "7");
-    field.setAccessibleName("field");
-    field.setMaxLength(16);
-    focus(field);
-    QApplication::clipboard()->setText(pasted);
-    QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
-    QTEST(field.text(), "shown");
-    QTEST(fields.said.value(0), "said");
-    QCOMPARE(field.isEdited(), fields.said.isEmpty());
-}
+    Q_OBJECT
 
-/// "2 450 MHz" would be cut to its digits by each way that goes past the filter.
-void PastingTest::everyWayOfPasting()
-{
-    Fields fields;
-    NumberEdit field(Quantity::Frequency, fields.context);
-    focus(field);
-    const QString text = "2 450 MHz";
-    QApplication::clipboard()->setText(text);
-    const std::function<void()> ways[] = {
-        [&] { QTest::keyClick(&field, Qt::Key_Insert, Qt::ShiftModifier); },
-        [&] {
-            QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, field.mapToGlobal({}));
-            QApplication::sendEvent(&field, &asked);
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            for (QAction* action : menu->actions()) {
-                if (action->text().startsWith("&Paste"))
-                    action->trigger();
-            }
-            menu->close();
-        },
-        [&] {
-            QMimeData dragged;
-            dragged.setText(text);
-            QDragEnterEvent enter({}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
-                                  {});
-            QApplication::sendEvent(&field, &enter);
-            QDropEvent drop({}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, {});
-            QApplication::sendEvent(&field, &drop);
-            QCOMPARE(drop.dropAction(), Qt::CopyAction);
-        },
-        [&] {
-            QInputMethodEvent composed;
-            composed.setCommitString(text);
-            QApplication::sendEvent(&field, &composed);
-        },
-    };
-    for (const auto& way : ways) {
-        field.setText("1");
-        way();
-        QCOMPARE(field.text(), QString("2 450 000 000"));
+private slots:
+    void pasting_data()
+    {
+        testColumns<FieldKind, QString, QString, QString>("kind", "pasted", "shown", "said");
+        using K = FieldKind;
+        testRow("unit", K::Frequency, " 2.45 GHz\n", "2 450 000 000", "");
+        testRow("whole", K::Power, "-10.0 dBm", "-10", "");
+        testRow("own unit", K::ExternalReference, "0.01 GHz", "10", "");
+        testRow("fraction", K::Power, "-10.5 dBm", "7", "field: whole dBm");
+        testRow("no unit", K::PointCount, "1.5", "7", "field: whole numbers only");
+        testRow("no number", K::Power, "5-3", "7", "field: \"5-3\" cannot be read");
+        testRow("no sign", K::Frequency, "-1 MHz", "7", "field: \"-1 MHz\" cannot be read");
+        testRow("too long", K::Frequency, "123456789012345", "7",
+                "field: \"123456789012345\" cannot be read");
     }
-}
+
+    void pasting()
+    {
+        QFETCH(FieldKind, kind);
+        QFETCH(QString, pasted);
+        Fields fields;
+        NumberEdit field(quantityOf(kind), fields.context, nullptr, "7");
+        field.setAccessibleName("field");
+        field.setMaxLength(16);
+        focus(field);
+        QApplication::clipboard()->setText(pasted);
+        QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+        QTEST(field.text(), "shown");
+        QTEST(fields.said.value(0), "said");
+        QCOMPARE(field.isEdited(), fields.said.isEmpty());
+    }
+
+    /// "2 450 MHz" would be cut to its digits by each way that goes past the filter.
+    void everyWayOfPasting()
+    {
+        Fields fields;
+        NumberEdit field(Quantity::Frequency, fields.context);
+        focus(field);
+        const QString text = "2 450 MHz";
+        QApplication::clipboard()->setText(text);
+        const std::function<void()> ways[] = {
+            [&] { QTest::keyClick(&field, Qt::Key_Insert, Qt::ShiftModifier); },
+            [&] {
+                QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, field.mapToGlobal({}));
+                QApplication::sendEvent(&field, &asked);
+                auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+                for (QAction* action : menu->actions()) {
+                    if (action->text().startsWith("&Paste"))
+                        action->trigger();
+                }
+                menu->close();
+            },
+            [&] {
+                QMimeData dragged;
+                dragged.setText(text);
+                QDragEnterEvent enter({}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                                      {});
+                QApplication::sendEvent(&field, &enter);
+                QDropEvent drop({}, Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton, {});
+                QApplication::sendEvent(&field, &drop);
+                QCOMPARE(drop.dropAction(), Qt::CopyAction);
+            },
+            [&] {
+                QInputMethodEvent composed;
+                composed.setCommitString(text);
+                QApplication::sendEvent(&field, &composed);
+            },
+        };
+        for (const auto& way : ways) {
+            field.setText("1");
+            way();
+            QCOMPARE(field.text(), QString("2 450 000 000"));
+        }
+    }
+};
 
 QTEST_MAIN(PastingTest)
 #include "pasting_test.moc"
