@@ -28,6 +28,13 @@ public:
         button->setFocus();
     }
 
+    /// Opens the keypad for the field with this text.
+    void open(const QString& text)
+    {
+        field->setText(text);
+        keypad->openFor(field);
+    }
+
     /// A key by the end of its object name, to be seen and pressed by the user only while shown.
     QPushButton* key(const QString& name)
     {
@@ -44,6 +51,8 @@ public:
     }
 
     QLineEdit* entry() { return keypad->findChild<QLineEdit*>("keypad_entry"); }
+    QString typed() { return entry()->text(); }
+    double step() { return fields.steps.step(*stepKind(field->quantity())); }
 
     Fields fields;
     NumberEdit* field = new NumberEdit(this);

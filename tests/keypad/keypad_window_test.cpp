@@ -12,212 +12,187 @@
 
 #include <functional>
 
-Q_DECLARE_METATYPE(std::function<void(KeypadRig&)>)
+using Action = std::function<void(KeypadRig&)>;
+Q_DECLARE_METATYPE(Action)
+
+static void row(const char* name, const Action& action)
+{
+    testRow(name, action);
+}
 
 class KeypadWindowTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void closes_data();
-    void closes();
-    void clickElsewhere();
-    void turnsToAnotherField();
-    void commitMayDoAnything_data();
-    void commitMayDoAnything();
-    void doubleClicks();
-    void heldReturn();
-    void placing_data();
-    void placing();
-};
+    void initTestCase() { applyTheme(*qApp, ThemeName::Light, false); }
 
-void KeypadWindowTest::initTestCase()
-{
-    applyTheme(*qApp, ThemeName::Light, false);
-}
+    void closes_data()
+    {
+        testColumns<Action>("action");
+        row("Escape", [](KeypadRig& rig) { QTest::keyClick(rig.entry(), Qt::Key_Escape); });
+        row("cross", [](KeypadRig& rig) {
+            QTest::mouseClick(rig.keypad->findChild<QToolButton*>("keypad_close"), Qt::LeftButton);
+        });
+        row("click elsewhere", [](KeypadRig& rig) {
+            QVERIFY(QTest::qWaitForWindowExposed(&rig));
+            // By way of the window, as the window system does it.
+            QTest::mouseClick(rig.windowHandle(), Qt::LeftButton, {}, QPoint(590, 10));
+        });
+        row("field hidden", [](KeypadRig& rig) { rig.field->hide(); });
+        row("field disabled", [](KeypadRig& rig) { rig.field->setEnabled(false); });
+        row("field read-only", [](KeypadRig& rig) { rig.field->setReadOnly(true); });
+        row("field deleted", [](KeypadRig& rig) { delete rig.field; });
+        row("window closed", [](KeypadRig& rig) { rig.close(); });
+        row("dialog opened", [](KeypadRig& rig) { (new QDialog(&rig))->open(); });
+    }
 
-using Action = std::function<void(KeypadRig&)>;
-
-void KeypadWindowTest::closes_data()
-{
-    testColumns<Action>("action");
-    testRow("Escape", Action([](KeypadRig& rig) { QTest::keyClick(rig.entry(), Qt::Key_Escape); }));
-    testRow("cross", Action([](KeypadRig& rig) {
-                QTest::mouseClick(rig.keypad->findChild<QToolButton*>("keypad_close"),
-                                  Qt::LeftButton);
-            }));
-    testRow("field hidden", Action([](KeypadRig& rig) { rig.field->hide(); }));
-    testRow("field disabled", Action([](KeypadRig& rig) { rig.field->setEnabled(false); }));
-    testRow("field read-only", Action([](KeypadRig& rig) { rig.field->setReadOnly(true); }));
-    testRow("field deleted", Action([](KeypadRig& rig) { delete rig.field; }));
-    testRow("window closed", Action([](KeypadRig& rig) { rig.close(); }));
-    testRow("dialog opened", Action([](KeypadRig& rig) {
-                auto* dialog = new QDialog(&rig);
-                dialog->open();
-            }));
-}
-
-void KeypadWindowTest::closes()
-{
-    QFETCH(Action, action);
-    KeypadRig rig;
-    rig.field->setText("50");
-    const QPointer<NumberEdit> field = rig.field;
-    rig.keypad->openFor(rig.field);
-    QVERIFY(rig.keypad->isVisible());
-    rig.clickKeys("12");
-    action(rig);
-    QVERIFY(!rig.keypad->isVisible());
-    QCOMPARE(rig.keypad->field(), nullptr);
-    // A key pressed too late does nothing.
-    for (const char* name : {"enter", "unit_9", "up", "step", "5"})
-        rig.click(name);
-    QCOMPARE(rig.committed.count(), 0);
-    if (field)
-        QCOMPARE(field->text(), QString("50"));
-}
-
-void KeypadWindowTest::clickElsewhere()
-{
-    KeypadRig rig;
-    rig.field->setText("50");
-    QVERIFY(QTest::qWaitForWindowExposed(&rig));
-    rig.keypad->openFor(rig.field);
-    rig.clickKeys("12");
-    // By way of the window, as the window system does it.
-    QTest::mouseClick(rig.windowHandle(), Qt::LeftButton, {}, QPoint(590, 10));
-    QTRY_VERIFY(!rig.keypad->isVisible());
-    QCOMPARE(rig.committed.count(), 0);
-    QCOMPARE(rig.field->text(), QString("50"));
-}
-
-void KeypadWindowTest::turnsToAnotherField()
-{
-    KeypadRig rig;
-    rig.field->setText("50");
-    rig.other->setText("-7");
-    rig.keypad->openFor(rig.field);
-    rig.click("step");
-    rig.clickKeys("12");
-    rig.keypad->openFor(rig.other);
-    QCOMPARE(rig.entry()->text(), QString("-7"));
-    QCOMPARE(rig.entry()->selectedText(), QString("-7"));
-    QVERIFY(rig.key("sign")->isVisible());
-    // The first field matters no more.
-    rig.field->setText("51");
-    rig.field->hide();
-    QVERIFY(rig.keypad->isVisible());
-    QSignalSpy committed(rig.other, &QLineEdit::editingFinished);
-    rig.clickKeys("3");
-    rig.click("enter");
-    QCOMPARE(rig.other->text(), QString("3"));
-    QCOMPARE(committed.count(), 1);
-    QCOMPARE(rig.committed.count(), 0);
-    QCOMPARE(rig.field->text(), QString("51"));
-}
-
-void KeypadWindowTest::commitMayDoAnything_data()
-{
-    testColumns<Action>("action");
-    testRow("hides the field", Action([](KeypadRig& rig) { rig.field->hide(); }));
-    testRow("deletes the field", Action([](KeypadRig& rig) { rig.field->deleteLater(); }));
-    testRow("disables the field", Action([](KeypadRig& rig) { rig.field->setEnabled(false); }));
-    testRow("opens another", Action([](KeypadRig& rig) { rig.keypad->openFor(rig.other); }));
-    testRow("shows a dialog", Action([](KeypadRig& rig) {
-                QDialog dialog(&rig);
-                QTimer::singleShot(0, &dialog, &QDialog::accept);
-                dialog.exec();
-            }));
-}
-
-void KeypadWindowTest::commitMayDoAnything()
-{
-    QFETCH(Action, action);
-    for (const char* finish : {"unit_6", "up"}) {
+    void closes()
+    {
+        QFETCH(Action, action);
         KeypadRig rig;
-        connect(rig.field, &QLineEdit::editingFinished, &rig, [&] { action(rig); });
+        const QPointer<NumberEdit> field = rig.field;
+        rig.open("50");
+        QVERIFY(rig.keypad->isVisible());
+        rig.clickKeys("12");
+        action(rig);
+        QTRY_VERIFY(!rig.keypad->isVisible());
+        QCOMPARE(rig.keypad->field(), nullptr);
+        // A key pressed too late does nothing.
+        for (const char* name : {"enter", "unit_9", "up", "step", "5"})
+            rig.click(name);
+        QCOMPARE(rig.committed.count(), 0);
+        if (field)
+            QCOMPARE(field->text(), QString("50"));
+    }
+
+    void turnsToAnotherField()
+    {
+        KeypadRig rig;
+        rig.other->setText("-7");
+        rig.open("50");
+        rig.click("step");
+        rig.clickKeys("12");
+        rig.keypad->openFor(rig.other);
+        QCOMPARE(rig.typed(), QString("-7"));
+        QCOMPARE(rig.entry()->selectedText(), QString("-7"));
+        QVERIFY(rig.key("sign")->isVisible());
+        // The first field matters no more.
+        rig.field->setText("51");
+        rig.field->hide();
+        QVERIFY(rig.keypad->isVisible());
+        QSignalSpy committed(rig.other, &QLineEdit::editingFinished);
+        rig.clickKeys("3");
+        rig.click("enter");
+        QCOMPARE(rig.other->text(), QString("3"));
+        QCOMPARE(committed.count(), 1);
+        QCOMPARE(rig.committed.count(), 0);
+        QCOMPARE(rig.field->text(), QString("51"));
+    }
+
+    void commitMayDoAnything_data()
+    {
+        testColumns<Action>("action");
+        row("hides the field", [](KeypadRig& rig) { rig.field->hide(); });
+        row("deletes the field", [](KeypadRig& rig) { rig.field->deleteLater(); });
+        row("disables the field", [](KeypadRig& rig) { rig.field->setEnabled(false); });
+        row("opens another", [](KeypadRig& rig) { rig.keypad->openFor(rig.other); });
+        row("shows a dialog", [](KeypadRig& rig) {
+            QDialog dialog(&rig);
+            QTimer::singleShot(0, &dialog, &QDialog::accept);
+            dialog.exec();
+        });
+    }
+
+    void commitMayDoAnything()
+    {
+        QFETCH(Action, action);
+        for (const char* finish : {"unit_6", "up"}) {
+            KeypadRig rig;
+            connect(rig.field, &QLineEdit::editingFinished, &rig, [&] { action(rig); });
+            rig.keypad->openFor(rig.field);
+            rig.clickKeys("2");
+            rig.click(finish);
+            QCOMPARE(rig.committed.count(), 1);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY(!rig.keypad->isVisible() || rig.keypad->field() == rig.other ||
+                    rig.keypad->field() == rig.field);
+        }
+    }
+
+    void doubleClicks()
+    {
+        KeypadRig rig;
+        const auto send = [](QWidget* widget, QEvent::Type type) {
+            QMouseEvent event(type, QPointF(5, 5), Qt::LeftButton,
+                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
+                              {});
+            QApplication::sendEvent(widget, &event);
+        };
+        const auto clickAgain = [&send](QWidget* widget) {
+            send(widget, QEvent::MouseButtonDblClick);
+            send(widget, QEvent::MouseButtonRelease);
+        };
         rig.keypad->openFor(rig.field);
-        rig.clickKeys("2");
-        rig.click(finish);
+        rig.click("7");
+        clickAgain(rig.key("7"));
+        QCOMPARE(rig.entry()->text(), QString("77"));
+        rig.click("enter");
+        clickAgain(rig.key("enter"));
+        QCOMPARE(rig.field->text(), QString("77"));
         QCOMPARE(rig.committed.count(), 1);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!rig.keypad->isVisible() || rig.keypad->field() == rig.other ||
-                rig.keypad->field() == rig.field);
+
+        // The second half of a double click finds what lay beneath the keypad.
+        rig.keypad->openFor(rig.field);
+        rig.clickKeys("8");
+        rig.click("enter");
+        clickAgain(rig.button);
+        QCOMPARE(rig.buttonClicks, 0);
+        QTest::mouseClick(rig.button, Qt::LeftButton);
+        clickAgain(rig.button);
+        QCOMPARE(rig.buttonClicks, 2);
     }
-}
 
-void KeypadWindowTest::doubleClicks()
-{
-    KeypadRig rig;
-    const auto send = [](QWidget* widget, QEvent::Type type) {
-        QMouseEvent event(type, QPointF(5, 5), Qt::LeftButton,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
-        QApplication::sendEvent(widget, &event);
-    };
-    const auto clickAgain = [&send](QWidget* widget) {
-        send(widget, QEvent::MouseButtonDblClick);
-        send(widget, QEvent::MouseButtonRelease);
-    };
-    rig.keypad->openFor(rig.field);
-    rig.click("7");
-    clickAgain(rig.key("7"));
-    QCOMPARE(rig.entry()->text(), QString("77"));
-    rig.click("enter");
-    clickAgain(rig.key("enter"));
-    QCOMPARE(rig.field->text(), QString("77"));
-    QCOMPARE(rig.committed.count(), 1);
-
-    // The second half of a double click finds what lay beneath the keypad.
-    rig.keypad->openFor(rig.field);
-    rig.clickKeys("8");
-    rig.click("enter");
-    clickAgain(rig.button);
-    QCOMPARE(rig.buttonClicks, 0);
-    QTest::mouseClick(rig.button, Qt::LeftButton);
-    clickAgain(rig.button);
-    QCOMPARE(rig.buttonClicks, 2);
-}
-
-void KeypadWindowTest::heldReturn()
-{
-    KeypadRig rig;
-    rig.field->setFocus();
-    rig.keypad->openFor(rig.field);
-    QTest::keyClicks(rig.entry(), "9");
-    QTest::keyPress(rig.entry(), Qt::Key_Return);
-    QTRY_VERIFY(rig.field->hasFocus());
-    for (int i = 0; i < 3; ++i) {
-        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
-        QApplication::sendEvent(rig.field, &held);
+    void heldReturn()
+    {
+        KeypadRig rig;
+        rig.field->setFocus();
+        rig.keypad->openFor(rig.field);
+        QTest::keyClicks(rig.entry(), "9");
+        QTest::keyPress(rig.entry(), Qt::Key_Return);
+        QTRY_VERIFY(rig.field->hasFocus());
+        for (int i = 0; i < 3; ++i) {
+            QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+            QApplication::sendEvent(rig.field, &held);
+        }
+        QCOMPARE(rig.committed.count(), 1);
+        QTest::keyClick(rig.field, Qt::Key_Return);
+        QCOMPARE(rig.committed.count(), 2);
     }
-    QCOMPARE(rig.committed.count(), 1);
-    QTest::keyClick(rig.field, Qt::Key_Return);
-    QCOMPARE(rig.committed.count(), 2);
-}
 
-void KeypadWindowTest::placing_data()
-{
-    testColumns<QRect, QPoint>("field", "place");
-    // A window of 300 by 400 on a screen of 1000 by 800 that starts at (100, 50).
-    QTest::newRow("below") << QRect(500, 100, 200, 30) << QPoint(400, 138);
-    testRow("above", QRect(500, 700, 200, 30), QPoint(400, 292));
-    testRow("right", QRect(200, 430, 200, 30), QPoint(408, 430));
-    testRow("left", QRect(800, 440, 250, 30), QPoint(492, 440));
-    testRow("left edge", QRect(110, 100, 100, 30), QPoint(100, 138));
-    testRow("right edge", QRect(1000, 100, 300, 30), QPoint(800, 138));
-    testRow("no room", QRect(110, 60, 980, 780), QPoint(790, 450));
-    testRow("off the screen", QRect(5000, 5000, 10, 10), QPoint(800, 450));
-}
+    void placing_data()
+    {
+        testColumns<QRect, QPoint>("field", "place");
+        // A window of 300 by 400 on a screen of 1000 by 800 that starts at (100, 50).
+        testRow("below", QRect(500, 100, 200, 30), QPoint(400, 138));
+        testRow("above", QRect(500, 700, 200, 30), QPoint(400, 292));
+        testRow("right", QRect(200, 430, 200, 30), QPoint(408, 430));
+        testRow("left", QRect(800, 440, 250, 30), QPoint(492, 440));
+        testRow("left edge", QRect(110, 100, 100, 30), QPoint(100, 138));
+        testRow("right edge", QRect(1000, 100, 300, 30), QPoint(800, 138));
+        testRow("no room", QRect(110, 60, 980, 780), QPoint(790, 450));
+        testRow("off the screen", QRect(5000, 5000, 10, 10), QPoint(800, 450));
+    }
 
-void KeypadWindowTest::placing()
-{
-    QFETCH(QRect, field);
-    const QSize window(300, 400);
-    const QRect screen(100, 50, 1000, 800);
-    QTEST(placeBeside(field, window, screen), "place");
-    QCOMPARE(placeBeside(field, screen.size() * 2, screen), screen.topLeft());
-}
+    void placing()
+    {
+        QFETCH(QRect, field);
+        const QSize window(300, 400);
+        const QRect screen(100, 50, 1000, 800);
+        QTEST(placeBeside(field, window, screen), "place");
+        QCOMPARE(placeBeside(field, screen.size() * 2, screen), screen.topLeft());
+    }
+};
 
 QTEST_MAIN(KeypadWindowTest)
 #include "keypad_window_test.moc"
