@@ -1,13 +1,5 @@
-#include "link/scpi_session.h"
-#include "link/search_klv.h"
-#include "link/visa_library.h"
 #include "service/firmware_update.h"
 #include "tests/support/connection_rig.h"
-#include "tests/support/demo.h"
-#include "tests/support/fields.h"
-#include "tests/support/rows.h"
-#include <QSignalSpy>
-#include <QtTest>
 
 namespace
 {
@@ -41,80 +33,57 @@ class FirmwareUpdateTest : public QObject
     Q_OBJECT
 
 private slots:
-    void waitsForThisInstrument();
-    void aDeadConnectionIsNoEnd();
-    void givesUpAfterTheLongestTime_data();
-    void givesUpAfterTheLongestTime();
-    void stopsWhenToldTo();
+    void waitsForThisInstrument()
+    {
+        Bench bench;
+        bench.watch.tell({serial, "another"});
+        QVERIFY(bench.session.isConnected());
+        bench.watch.tell({"another"});
+        QVERIFY(!bench.session.isConnected());
+        // Cancelled silently: nothing is received any more.
+        QCOMPARE(bench.demo.takeTranscript(), QStringList("close"));
+        QVERIFY(bench.lastActivity().contains("bootloader"));
+        bench.watch.tell({"another", "third"});
+        QCOMPARE(bench.back.size(), 0);
+        QCOMPARE(bench.watchWantsToConnect.size(), 0);
+        bench.watch.tell({serial});
+        QCOMPARE(bench.back.size(), 1);
+        QCOMPARE(bench.watchWantsToConnect.size(), 0);
+        QCOMPARE(bench.lastActivity(), QString());
+        // Over: the watch is the connection's again.
+        bench.watch.tell({serial});
+        QCOMPARE(bench.back.size(), 1);
+        QCOMPARE(bench.watchWantsToConnect.size(), 1);
+    }
+
+    void aDeadConnectionIsNoEnd()
+    {
+        Bench bench;
+        bench.session.checkErrors();
+        QVERIFY(!bench.session.isConnected());
+        QVERIFY(bench.lastActivity().contains("bootloader"));
+        bench.watch.tell({serial});
+        QCOMPARE(bench.back.size(), 1);
+    }
+
+    void givesUpAfterTheLongestTime()
+    {
+        for (const bool hasLeft : {true, false}) {
+            Bench bench;
+            if (hasLeft)
+                bench.watch.tell({});
+            QTRY_VERIFY(!bench.update.isRunning());
+            QCOMPARE(bench.fields.said.size(), hasLeft ? 1 : 0);
+            QCOMPARE(bench.lastActivity(), QString());
+            QCOMPARE(bench.session.isConnected(), !hasLeft);
+            bench.watch.tell(hasLeft ? QStringList(serial) : QStringList());
+            QCOMPARE(bench.back.size(), 0);
+            // Then the hot-plug watch works as usual.
+            QCOMPARE(bench.watchWantsToConnect.size(), hasLeft ? 1 : 0);
+            QVERIFY(!bench.session.isConnected());
+        }
+    }
 };
-
-void FirmwareUpdateTest::waitsForThisInstrument()
-{
-    Bench bench;
-    bench.watch.tell({serial, "another"});
-    QVERIFY(bench.session.isConnected());
-    bench.watch.tell({"another"});
-    QVERIFY(!bench.session.isConnected());
-    // Cancelled silently: nothing is received any more.
-    QCOMPARE(bench.demo.takeTranscript(), QStringList("close"));
-    QVERIFY(bench.lastActivity().contains("bootloader"));
-    bench.watch.tell({"another", "third"});
-    QCOMPARE(bench.back.size(), 0);
-    QCOMPARE(bench.watchWantsToConnect.size(), 0);
-    bench.watch.tell({serial});
-    QCOMPARE(bench.back.size(), 1);
-    QCOMPARE(bench.watchWantsToConnect.size(), 0);
-    QCOMPARE(bench.lastActivity(), QString());
-    // Over: the watch is the connection's again.
-    bench.watch.tell({serial});
-    QCOMPARE(bench.back.size(), 1);
-    QCOMPARE(bench.watchWantsToConnect.size(), 1);
-}
-
-void FirmwareUpdateTest::aDeadConnectionIsNoEnd()
-{
-    Bench bench;
-    bench.session.checkErrors();
-    QVERIFY(!bench.session.isConnected());
-    QVERIFY(bench.lastActivity().contains("bootloader"));
-    bench.watch.tell({serial});
-    QCOMPARE(bench.back.size(), 1);
-}
-
-void FirmwareUpdateTest::givesUpAfterTheLongestTime_data()
-{
-    testColumns<bool>("hasLeft");
-    testRow("away", true);
-    testRow("never left", false);
-}
-
-void FirmwareUpdateTest::givesUpAfterTheLongestTime()
-{
-    QFETCH(bool, hasLeft);
-    Bench bench;
-    if (hasLeft)
-        bench.watch.tell({});
-    QTRY_VERIFY(!bench.update.isRunning());
-    QCOMPARE(bench.fields.said.size(), hasLeft ? 1 : 0);
-    QCOMPARE(bench.lastActivity(), QString());
-    QCOMPARE(bench.session.isConnected(), !hasLeft);
-    bench.watch.tell(hasLeft ? QStringList(serial) : QStringList());
-    QCOMPARE(bench.back.size(), 0);
-    // Then the hot-plug watch works as usual.
-    QCOMPARE(bench.watchWantsToConnect.size(), hasLeft ? 1 : 0);
-    QVERIFY(!bench.session.isConnected());
-}
-
-void FirmwareUpdateTest::stopsWhenToldTo()
-{
-    Bench bench;
-    bench.watch.tell({});
-    bench.update.stop();
-    QCOMPARE(bench.lastActivity(), QString());
-    bench.watch.tell({serial});
-    QCOMPARE(bench.back.size(), 0);
-    QCOMPARE(bench.watchWantsToConnect.size(), 1);
-}
 
 QTEST_MAIN(FirmwareUpdateTest)
 #include "firmware_update_test.moc"

@@ -53,14 +53,19 @@ public:
         commands.initial_service();
         demo.takeTranscript();
     }
+    /// Clicks the button of the table; what that has sent.
+    QStringList write()
+    {
+        QTest::mouseClick(&button(), Qt::LeftButton);
+        return demo.takeSent();
+    }
     QPushButton& button() { return panel.applyCalibrate(); }
     progressBarForTable* bar() { return panel.findChild<progressBarForTable*>(); }
-    QString cell(int row, int column) { return panel.table().item(row, column)->text(); }
     QString cells()
     {
         QStringList texts;
         for (int row = 0; row < panel.table().rowCount(); ++row)
-            texts << cell(row, 0) + ' ' + cell(row, 1);
+            texts << panel.table().item(row, 0)->text() + ' ' + panel.table().item(row, 1)->text();
         return texts.join('|');
     }
     QString messages()
@@ -132,6 +137,10 @@ public:
     ServiceCommands commands{session, panel, fields.notices};
     QSignalSpy errors{&commands, &ServiceCommands::errorMessage};
 };
+
+struct FilledBench : Bench {
+    FilledBench() { fill(); }
+};
 } // namespace
 
 class ServiceCommandsTest : public QObject
@@ -139,411 +148,318 @@ class ServiceCommandsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void openingReadsInOrder();
-    void loadingIsShown();
-    void failedQueriesLeaveWhatWasShown_data();
-    void failedQueriesLeaveWhatWasShown();
-    void countAndPointsMayDisagree_data();
-    void countAndPointsMayDisagree();
-    void editedCellsAreNormalised();
-    void rubbishIsRefusedBeforeAnythingIsSent_data();
-    void rubbishIsRefusedBeforeAnythingIsSent();
-    void writingSendsEveryRowAndSaves();
-    void anEmptyTableIsOnlySaved();
-    void aWriteCanBeTakenBack();
-    void whatCannotBeKeptIsNotWrittenOver();
-    void onlyTablesAreTakenForBackups_data();
-    void onlyTablesAreTakenForBackups();
-    void cancellingStopsAfterTheRow_data();
-    void cancellingStopsAfterTheRow();
-    void aLostConnectionEndsWriting_data();
-    void aLostConnectionEndsWriting();
-    void theEndOfTheProgramEndsWriting();
-    void theDacIsSentAsTyped();
-    void whatIsRefusedIsNotCalledDone();
-    void nothingIsSentWhileDisconnected();
-};
-
-void ServiceCommandsTest::openingReadsInOrder()
-{
-    Bench bench;
-    bench.demo("reply MEM:DAC? -> 1 234");
-    bench.demo("reply TEMP? -> 36.62");
-    bench.commands.initial_service();
-    QCOMPARE(bench.demo.takeSent(), opening);
-    QCOMPARE(bench.cells(), QString("1000000000 -4|2000000000 3|3000000000 10"));
-    QCOMPARE(bench.panel.referenceDac().text(), QString("1234"));
-    QCOMPARE(bench.panel.findChild<QLabel*>("text_temp")->text(), QString("36.6 °C"));
-    const CalibrationTable& table = bench.panel.table();
-    QCOMPARE(table.horizontalHeaderItem(0)->text(), QString("Freq [Hz]"));
-    QCOMPARE(table.horizontalHeaderItem(1)->text(), QString("Attenuation at  0 dBm"));
-    QCOMPARE(bench.messages(), QString());
-    QVERIFY(bench.isReady());
-}
-
-void ServiceCommandsTest::loadingIsShown()
-{
-    Bench bench;
-    bool wasSeen = false;
-    QTimer::singleShot(0, &bench.panel, [&] {
+    void openingReadsInOrder()
+    {
+        Bench bench;
+        bench.demo("reply MEM:DAC? -> 1 234");
+        bench.demo("reply TEMP? -> 36.62");
         const auto* label = bench.panel.findChild<QLabel*>("label_loading");
-        wasSeen = label->isVisible() && label->text() == "Loading..." &&
-                  !bench.panel.table().isEnabled() && !bench.button().isEnabled() &&
-                  !bench.panel.referenceDac().isEnabled();
-        // Events in between start nothing of their own.
+        bool wasSeen = false;
+        QTimer::singleShot(0, &bench.panel, [&] {
+            wasSeen = label->isVisible() && !bench.panel.table().isEnabled() &&
+                      !bench.button().isEnabled() && !bench.panel.referenceDac().isEnabled();
+            // Events in between start nothing of their own.
+            bench.commands.initial_service();
+            bench.commands.commandCalibrate();
+        });
         bench.commands.initial_service();
-        bench.commands.commandCalibrate();
-    });
-    bench.commands.initial_service();
-    QVERIFY(wasSeen);
-    QCOMPARE(bench.demo.takeSent(), opening);
-    QVERIFY(!bench.panel.findChild<QLabel*>("label_loading")->isVisible());
-    QVERIFY(bench.isReady());
-}
-
-void ServiceCommandsTest::failedQueriesLeaveWhatWasShown_data()
-{
-    testColumns<QString, QString, int>("reply", "message", "sentOfTable");
-    const QString table = "error get calibrate";
-    testRow("count", "MEM:TABLE:POIN? ->", table, 1);
-    testRow("count is none", "MEM:TABLE:POIN? -> many", table, 1);
-    testRow("count is negative", "MEM:TABLE:POIN? -> -1", table, 1);
-    testRow("count is absurd", "MEM:TABLE:POIN? -> 2000000000", table, 1);
-    testRow("points", "MEM:TABLE:POINt:ALL? ->", table, 2);
-    testRow("DAC", "MEM:DAC? ->", "error getting dac", 2);
-    testRow("no number for the DAC", "MEM:DAC? -> none", "error getting dac", 2);
-    testRow("temperature", "TEMP? ->", "error getting temperature", 2);
-    testRow("all", "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->",
-            table + "; error getting dac; error getting temperature", 1);
-}
-
-void ServiceCommandsTest::failedQueriesLeaveWhatWasShown()
-{
-    QFETCH(QString, reply);
-    QFETCH(QString, message);
-    QFETCH(int, sentOfTable);
-    Bench bench;
-    bench.fill();
-    const QString cells = bench.cells();
-    const QString dac = bench.panel.referenceDac().text();
-    for (const QString& one : reply.split('\n'))
-        bench.demo("reply " + one);
-    bench.commands.initial_service();
-    QCOMPARE(bench.messages(), message);
-    QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
-    QCOMPARE(bench.cells(), cells);
-    QCOMPARE(bench.panel.referenceDac().text(), dac);
-    QVERIFY(bench.panel.findChild<QLabel*>("text_temp")->text().endsWith("°C"));
-    QVERIFY(bench.isReady());
-}
-
-void ServiceCommandsTest::countAndPointsMayDisagree_data()
-{
-    testColumns<QString, QString, QString>("count", "cells", "word");
-    testRow("more numbers", "2", "1000000000 -4|2000000000 3", "more");
-    testRow("fewer numbers", "4", "1000000000 -4|2000000000 3|3000000000 10| ", "fewer");
-    testRow("no points", "0", "", "more");
-}
-
-void ServiceCommandsTest::countAndPointsMayDisagree()
-{
-    QFETCH(QString, count);
-    QFETCH(QString, cells);
-    QFETCH(QString, word);
-    Bench bench;
-    bench.demo("reply MEM:TABLE:POIN? -> " + count);
-    bench.commands.initial_service();
-    QCOMPARE(bench.cells(), cells);
-    QVERIFY(bench.messages().contains(word));
-}
-
-void ServiceCommandsTest::editedCellsAreNormalised()
-{
-    Bench bench;
-    bench.fill();
-    bench.type(1, CalibrationTable::Frequency, "2.25 GHZ");
-    bench.type(1, CalibrationTable::Value, "- 7");
-    QCOMPARE(bench.cells(), QString("1000000000 -4|2250000000 -7|3000000000 10"));
-    QCOMPARE(bench.messages(), QString());
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-}
-
-void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent_data()
-{
-    testColumns<int, QString, QString>("column", "typed", "message");
-    testRow("frequency", 0, "abc", "Row 3, Freq [Hz]: \"abc\" is not a frequency");
-    testRow("value", 1, "1.5", "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number");
-    testRow("format", 0, "%1%n", "Row 3, Freq [Hz]: \"%1%n\" is not a frequency");
-}
-
-void ServiceCommandsTest::rubbishIsRefusedBeforeAnythingIsSent()
-{
-    QFETCH(int, column);
-    QFETCH(QString, typed);
-    QFETCH(QString, message);
-    Bench bench;
-    bench.fill();
-    bench.type(2, column, typed);
-    QCOMPARE(bench.messages(), message);
-    QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
-    bench.panel.table().setCurrentCell(0, 0);
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.messages(), message);
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-    QCOMPARE(bench.panel.table().currentRow(), 2);
-    QCOMPARE(bench.panel.table().currentColumn(), column);
-    bench.type(2, column, "5");
-    QVERIFY(bench.panel.table().item(2, column)->icon().isNull());
-}
-
-void ServiceCommandsTest::writingSendsEveryRowAndSaves()
-{
-    Bench bench;
-    bench.fill();
-    QStringList seen;
-    bench.whenSent("3000000000", [&] {
-        seen << bench.button().text() << QString::number(bench.bar()->maximum())
-             << QString::number(bench.bar()->value());
-        if (bench.button().icon().isNull() && !bench.panel.table().isEnabled() &&
-            QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor)
-            seen << "busy";
-    });
-    pauses().totalMs = 0;
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QVERIFY(pauses().totalMs >= 500);
-    QCOMPARE(seen.join(' '), QString("Cancel 3 2 busy"));
-    QCOMPARE(bench.demo.takeSent(), adding + saving);
-    QVERIFY(bench.isReady());
-    QVERIFY(bench.messages().contains("stored"));
-}
-
-void ServiceCommandsTest::anEmptyTableIsOnlySaved()
-{
-    Bench bench;
-    bench.demo("reply MEM:TABLE:POIN? -> 0");
-    bench.fill();
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), saving);
-}
-
-void ServiceCommandsTest::aWriteCanBeTakenBack()
-{
-    Bench bench;
-    bench.fill();
-    QCOMPARE(bench.marks(), QString());
-    bench.type(1, CalibrationTable::Value, "7");
-    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 3"));
-    QCOMPARE(bench.panel.findChild<QLabel*>("label_2")->text(), QString("Points: 3, changed: 1"));
-    const QStringList changed = {adding[0], "MEM:TABLE:ADD 2000000000 7\\n", adding[2]};
-    // The table that was read is saved once.
-    for (int i = 0; i < 2; ++i) {
-        QTest::mouseClick(&bench.button(), Qt::LeftButton);
-        QCOMPARE(bench.demo.takeSent(), changed + saving);
-        QCOMPARE(bench.backups().size(), 1);
+        QVERIFY(wasSeen && !label->isVisible());
+        QCOMPARE(bench.demo.takeSent(), opening);
+        QCOMPARE(bench.cells(), QString("1000000000 -4|2000000000 3|3000000000 10"));
+        QCOMPARE(bench.panel.referenceDac().text(), QString("1234"));
+        QCOMPARE(bench.panel.findChild<QLabel*>("text_temp")->text(), QString("36.6 °C"));
+        QCOMPARE(bench.messages(), QString());
+        QVERIFY(bench.isReady());
     }
-    const QString name = bench.backups().first();
-    const QRegularExpression form(
-        "^calibration 2021_5678 \\d{4}(-\\d\\d){2} \\d\\d(-\\d\\d){2}\\.csv$");
-    QVERIFY2(form.match(name).hasMatch(), qPrintable(name));
-    QVERIFY(bench.messages().contains(name));
-    QFile file(bench.folder() + '/' + name);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("1000000000,-4\n2000000000,3\n3000000000,10\n"));
 
-    bench.demo("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2e9 7 3e9 10");
-    bench.click("reload_table");
-    QCOMPARE(bench.demo.takeSent(), opening.mid(0, 2));
-    QCOMPARE(bench.cells(), QString("1000000000 -4|2000000000 7|3000000000 10"));
-    QCOMPARE(bench.marks(), QString());
-    bench.openBackup(name);
-    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 7"));
-    QVERIFY(bench.messages().startsWith(name));
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), adding + saving);
-    QCOMPARE(bench.backups().size(), 2);
-    QVERIFY(bench.isReady());
-    // A failed reading leaves rows and marks.
-    bench.demo("reply MEM:TABLE:POINt:ALL? ->");
-    bench.click("reload_table");
-    QCOMPARE(bench.messages().section('|', -1), QString("error get calibrate"));
-    QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 7"));
-}
-
-void ServiceCommandsTest::whatCannotBeKeptIsNotWrittenOver()
-{
-    Bench bench;
-    bench.fill();
-    QFile inTheWay(bench.folder());
-    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-    QCOMPARE(bench.errors.size(), 1);
-    QVERIFY(bench.errors.first().first().toString().startsWith("Nothing was written: "));
-    QVERIFY(bench.isReady());
-    QVERIFY(inTheWay.remove());
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), adding + saving);
-}
-
-void ServiceCommandsTest::onlyTablesAreTakenForBackups_data()
-{
-    testColumns<QByteArray, QString, QString>("contents", "said", "cells");
-    const QString before = "1000000000 -4|2000000000 3|3000000000 10";
-    const QString notOne = " is not a backup of a calibration table: line ";
-    testRow("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
-    testRow("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
-    testRow("nothing", QByteArray(), " is not a backup", before);
-    testRow("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
-    testRow("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
-            "was read: 3", "1000000000 -4|2000 | 1|9 9");
-}
-
-void ServiceCommandsTest::onlyTablesAreTakenForBackups()
-{
-    QFETCH(QByteArray, contents);
-    QFETCH(QString, said);
-    Bench bench;
-    bench.fill();
-    QVERIFY(QDir().mkpath(bench.folder()));
-    QFile file(bench.folder() + "/given.csv");
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
-    file.close();
-    bench.openBackup("given.csv");
-    QTEST(bench.cells(), "cells");
-    for (const QList<QVariant>& error : qAsConst(bench.errors))
-        bench.fields.said << error.first().toString();
-    const QString told = bench.messages();
-    QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
-    QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);
-}
-
-void ServiceCommandsTest::cancellingStopsAfterTheRow_data()
-{
-    testColumns<int>("rows");
-    for (int rows = 1; rows <= 3; ++rows)
-        QTest::addRow("row %d", rows) << rows;
-    testRow("before it is saved", 4);
-}
-
-void ServiceCommandsTest::cancellingStopsAfterTheRow()
-{
-    QFETCH(int, rows);
-    Bench bench;
-    bench.fill();
-    const auto isThere = [&bench, rows] {
-        return rows > 3 ? bench.bar() && bench.bar()->value() == 3
-                        : bench.demo("transcript").contains(adding[rows - 1]);
-    };
-    when(bench.panel, isThere, [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), adding.mid(0, rows));
-    QVERIFY(bench.isReady());
-    QVERIFY(bench.messages().contains("stopped"));
-    // Cancelling does not last for ever.
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), adding + saving);
-}
-
-void ServiceCommandsTest::aLostConnectionEndsWriting_data()
-{
-    testColumns<QString, QStringList>("at", "sent");
-    testRow("first row", adding[0], QStringList(adding[0]));
-    testRow("last row", adding[2], adding);
-    testRow("after saving", saving[1], QStringList(adding + saving));
-}
-
-void ServiceCommandsTest::aLostConnectionEndsWriting()
-{
-    QFETCH(QString, at);
-    QFETCH(QStringList, sent);
-    Bench bench;
-    bench.fill();
-    // Back at once: the new connection is not written to.
-    bench.whenSent(at, [&bench] {
-        bench.session.close();
-        bench.commands.stopWriting();
-        bench.session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR"));
-        bench.session.setConnected();
-    });
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QCOMPARE(bench.demo.takeSent(), sent);
-    QVERIFY(bench.isReady());
-
-    // A dead cable shows when the errors are asked for.
-    bench.demo("unplug");
-    bench.messages();
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    QVERIFY(!bench.session.isConnected());
-    QVERIFY(!bench.messages().contains("stored in"));
-    QVERIFY(bench.isReady());
-}
-
-void ServiceCommandsTest::theEndOfTheProgramEndsWriting()
-{
-    Bench bench;
-    bench.fill();
-    bench.whenSent(adding[1], [] { QCoreApplication::quit(); });
-    QTimer::singleShot(0, &bench.panel,
-                       [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
-    QCoreApplication::exec();
-    QCOMPARE(bench.demo.takeSent(), adding.mid(0, 2));
-    QVERIFY(bench.isReady());
-}
-
-void ServiceCommandsTest::theDacIsSentAsTyped()
-{
-    Bench bench;
-    bench.fill();
-    QLineEdit& field = bench.panel.referenceDac();
-    field.setFocus();
-    for (const char* value : {"40000", "-12"}) {
-        field.selectAll();
-        QTest::keyClicks(&field, value);
-        QVERIFY(field.property("edited").toBool());
-        QTest::keyClick(&field, Qt::Key_Return);
-        // Whether the value is possible is decided by the instrument.
-        QCOMPARE(bench.demo.takeSent().mid(0, 2),
-                 QStringList({QString("MEM:DAC %1\\n").arg(value), "SYSTem:ERRor?\\n"}));
-        QCOMPARE(field.property("edited").toBool(), value[0] == '-');
+    void failedQueriesLeaveWhatWasShown_data()
+    {
+        testColumns<QString, QString, int>("reply", "message", "sentOfTable");
+        const QString table = "error get calibrate";
+        testRow("count", "MEM:TABLE:POIN? ->", table, 1);
+        testRow("count is none", "MEM:TABLE:POIN? -> many", table, 1);
+        testRow("count is negative", "MEM:TABLE:POIN? -> -1", table, 1);
+        testRow("count is absurd", "MEM:TABLE:POIN? -> 2000000000", table, 1);
+        testRow("points", "MEM:TABLE:POINt:ALL? ->", table, 2);
+        testRow("DAC", "MEM:DAC? ->", "error getting dac", 2);
+        testRow("no number for the DAC", "MEM:DAC? -> none", "error getting dac", 2);
+        testRow("temperature", "TEMP? ->", "error getting temperature", 2);
+        testRow("all", "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->",
+                table + "; error getting dac; error getting temperature", 1);
     }
-    field.clear();
-    QTest::keyClick(&field, Qt::Key_Return);
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-}
 
-void ServiceCommandsTest::whatIsRefusedIsNotCalledDone()
-{
-    Bench bench;
-    bench.fill();
-    for (const bool isRefused : {true, false}) {
-        if (isRefused)
-            bench.demo("error -222");
+    void failedQueriesLeaveWhatWasShown()
+    {
+        QFETCH(QString, reply);
+        QFETCH(QString, message);
+        QFETCH(int, sentOfTable);
+        FilledBench bench;
+        const QString cells = bench.cells();
+        const QString dac = bench.panel.referenceDac().text();
+        for (const QString& one : reply.split('\n'))
+            bench.demo("reply " + one);
+        bench.commands.initial_service();
+        QCOMPARE(bench.messages(), message);
+        QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
+        QCOMPARE(bench.cells(), cells);
+        QCOMPARE(bench.panel.referenceDac().text(), dac);
+        QVERIFY(bench.panel.findChild<QLabel*>("text_temp")->text().endsWith("°C"));
+        QVERIFY(bench.isReady());
+    }
+
+    void countAndPointsMayDisagree_data()
+    {
+        testColumns<QString, QString, QString>("count", "cells", "word");
+        testRow("more numbers", "2", "1000000000 -4|2000000000 3", "more");
+        testRow("fewer numbers", "4", "1000000000 -4|2000000000 3|3000000000 10| ", "fewer");
+        testRow("no points", "0", "", "more");
+    }
+
+    void countAndPointsMayDisagree()
+    {
+        QFETCH(QString, count);
+        QFETCH(QString, cells);
+        QFETCH(QString, word);
+        Bench bench;
+        bench.demo("reply MEM:TABLE:POIN? -> " + count);
+        bench.commands.initial_service();
+        QCOMPARE(bench.cells(), cells);
+        QVERIFY(bench.messages().contains(word));
+        bench.demo.takeSent();
+        // Without a row the table is only saved.
+        if (cells.isEmpty())
+            QCOMPARE(bench.write(), saving);
+    }
+
+    void rubbishIsRefusedBeforeAnythingIsSent_data()
+    {
+        testColumns<int, QString, QString>("column", "typed", "message");
+        testRow("frequency", 0, "abc", "Row 3, Freq [Hz]: \"abc\" is not a frequency");
+        testRow("value", 1, "1.5", "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number");
+        testRow("format", 0, "%1%n", "Row 3, Freq [Hz]: \"%1%n\" is not a frequency");
+    }
+
+    void rubbishIsRefusedBeforeAnythingIsSent()
+    {
+        QFETCH(int, column);
+        QFETCH(QString, typed);
+        QFETCH(QString, message);
+        FilledBench bench;
+        bench.type(2, column, typed);
+        QCOMPARE(bench.messages(), message);
+        QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
+        bench.panel.table().setCurrentCell(0, 0);
         QTest::mouseClick(&bench.button(), Qt::LeftButton);
-        QTRY_VERIFY(bench.isReady());
-        QCOMPARE(bench.messages().contains("is stored"), !isRefused);
+        QCOMPARE(bench.messages(), message);
+        QCOMPARE(bench.demo.takeSent(), QStringList());
+        QCOMPARE(bench.panel.table().currentRow(), 2);
+        QCOMPARE(bench.panel.table().currentColumn(), column);
+        bench.type(2, column, "5");
+        QVERIFY(bench.panel.table().item(2, column)->icon().isNull());
+    }
+
+    void writingSendsEveryRowAndSaves()
+    {
+        FilledBench bench;
+        QStringList seen;
+        bench.whenSent("3000000000", [&] {
+            seen << bench.button().text() << QString::number(bench.bar()->maximum())
+                 << QString::number(bench.bar()->value());
+            if (bench.button().icon().isNull() && !bench.panel.table().isEnabled() &&
+                QGuiApplication::overrideCursor()->shape() == Qt::WaitCursor)
+                seen << "busy";
+        });
+        pauses().totalMs = 0;
+        QTest::mouseClick(&bench.button(), Qt::LeftButton);
+        QVERIFY(pauses().totalMs >= 500);
+        QCOMPARE(seen.join(' '), QString("Cancel 3 2 busy"));
+        QCOMPARE(bench.demo.takeSent(), adding + saving);
+        QVERIFY(bench.isReady());
+        QVERIFY(bench.messages().contains("stored"));
+    }
+
+    void aWriteCanBeTakenBack()
+    {
+        FilledBench bench;
+        QCOMPARE(bench.marks(), QString());
+        bench.type(1, CalibrationTable::Frequency, "2.25 GHZ");
+        bench.type(1, CalibrationTable::Value, "- 7");
+        QCOMPARE(bench.cells(), QString("1000000000 -4|2250000000 -7|3000000000 10"));
+        QCOMPARE(bench.marks(), QString("2 * 2 000 000 000 Hz, 3"));
+        QCOMPARE(bench.panel.findChild<QLabel*>("label_2")->text(),
+                 QString("Points: 3, changed: 1"));
+        const QStringList changed = {adding[0], "MEM:TABLE:ADD 2250000000 -7\\n", adding[2]};
+        // The table that was read is saved once.
+        for (int i = 0; i < 2; ++i) {
+            QCOMPARE(bench.write(), changed + saving);
+            QCOMPARE(bench.backups().size(), 1);
+        }
+        const QString name = bench.backups().first();
+        const QRegularExpression form(
+            "^calibration 2021_5678 \\d{4}(-\\d\\d){2} \\d\\d(-\\d\\d){2}\\.csv$");
+        QVERIFY2(form.match(name).hasMatch(), qPrintable(name));
+        QVERIFY(bench.messages().contains(name));
+        QFile file(bench.folder() + '/' + name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("1000000000,-4\n2000000000,3\n3000000000,10\n"));
+
+        bench.demo("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2.25e9 -7 3e9 10");
+        bench.click("reload_table");
+        QCOMPARE(bench.demo.takeSent(), opening.mid(0, 2));
+        QCOMPARE(bench.cells(), QString("1000000000 -4|2250000000 -7|3000000000 10"));
+        QCOMPARE(bench.marks(), QString());
+        bench.openBackup(name);
+        QCOMPARE(bench.marks(), QString("2 * 2 250 000 000 Hz, -7"));
+        QVERIFY(bench.messages().startsWith(name));
+        QCOMPARE(bench.demo.takeSent(), QStringList());
+        QCOMPARE(bench.write(), adding + saving);
+        QCOMPARE(bench.backups().size(), 2);
+        QVERIFY(bench.isReady());
+        // A failed reading leaves rows and marks.
+        bench.demo("reply MEM:TABLE:POINt:ALL? ->");
+        bench.click("reload_table");
+        QCOMPARE(bench.messages().section('|', -1), QString("error get calibrate"));
+        QCOMPARE(bench.marks(), QString("2 * 2 250 000 000 Hz, -7"));
+    }
+
+    void whatCannotBeKeptIsNotWrittenOver()
+    {
+        FilledBench bench;
+        QFile inTheWay(bench.folder());
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        QCOMPARE(bench.write(), QStringList());
+        QCOMPARE(bench.errors.size(), 1);
+        QVERIFY(bench.errors.first().first().toString().startsWith("Nothing was written: "));
+        QVERIFY(bench.isReady());
+        QVERIFY(inTheWay.remove());
+        QCOMPARE(bench.write(), adding + saving);
+    }
+
+    void onlyTablesAreTakenForBackups_data()
+    {
+        testColumns<QByteArray, QString, QString>("contents", "said", "cells");
+        const QString before = "1000000000 -4|2000000000 3|3000000000 10";
+        const QString notOne = " is not a backup of a calibration table: line ";
+        testRow("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
+        testRow("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
+        testRow("nothing", QByteArray(), " is not a backup", before);
+        testRow("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
+        testRow("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
+                "was read: 3", "1000000000 -4|2000 | 1|9 9");
+    }
+
+    void onlyTablesAreTakenForBackups()
+    {
+        QFETCH(QByteArray, contents);
+        QFETCH(QString, said);
+        FilledBench bench;
+        QVERIFY(QDir().mkpath(bench.folder()));
+        QFile file(bench.folder() + "/given.csv");
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
+        file.close();
+        bench.openBackup("given.csv");
+        QTEST(bench.cells(), "cells");
+        for (const QList<QVariant>& error : qAsConst(bench.errors))
+            bench.fields.said << error.first().toString();
+        const QString told = bench.messages();
+        QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
+        QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);
+    }
+
+    void cancellingStopsAfterTheRow_data()
+    {
+        testColumns<int>("rows");
+        // The last before the table is saved.
+        for (int rows = 1; rows <= 4; ++rows)
+            testRow(QString::number(rows), rows);
+    }
+
+    void cancellingStopsAfterTheRow()
+    {
+        QFETCH(int, rows);
+        FilledBench bench;
+        const auto isThere = [&bench, rows] {
+            return rows > 3 ? bench.bar() && bench.bar()->value() == 3
+                            : bench.demo("transcript").contains(adding[rows - 1]);
+        };
+        when(bench.panel, isThere,
+             [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
+        QCOMPARE(bench.write(), adding.mid(0, rows));
+        QVERIFY(bench.isReady());
+        QVERIFY(bench.messages().contains("stopped"));
+        // Cancelling does not last for ever.
+        QCOMPARE(bench.write(), adding + saving);
+    }
+
+    void aLostConnectionEndsWriting_data()
+    {
+        testColumns<QString, QStringList>("at", "sent");
+        testRow("first row", adding[0], QStringList(adding[0]));
+        testRow("last row", adding[2], adding);
+        testRow("after saving", saving[1], QStringList(adding + saving));
+    }
+
+    void aLostConnectionEndsWriting()
+    {
+        QFETCH(QString, at);
+        QFETCH(QStringList, sent);
+        FilledBench bench;
+        // Back at once: the new connection is not written to.
+        bench.whenSent(at, [&bench] {
+            bench.session.close();
+            bench.commands.stopWriting();
+            bench.session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR"));
+            bench.session.setConnected();
+        });
+        QCOMPARE(bench.write(), sent);
+        QVERIFY(bench.isReady());
+
+        // A dead cable shows when the errors are asked for.
+        bench.demo("unplug");
+        bench.messages();
+        QTest::mouseClick(&bench.button(), Qt::LeftButton);
+        QVERIFY(!bench.session.isConnected());
+        QVERIFY(!bench.messages().contains("stored in"));
+        QVERIFY(bench.isReady());
+    }
+
+    void theDacIsSentAsTyped()
+    {
+        FilledBench bench;
         QLineEdit& field = bench.panel.referenceDac();
         field.setFocus();
-        field.selectAll();
-        QTest::keyClicks(&field, "40000");
-        if (isRefused)
-            bench.demo("error -222");
-        QTest::keyClick(&field, Qt::Key_Return);
-        QCOMPARE(field.property("edited").toBool(), isRefused);
+        // Whether the value is possible is decided by the instrument.
+        for (const char* value : {"40000", "-12", ""}) {
+            field.selectAll();
+            QTest::keyClick(&field, Qt::Key_Delete);
+            QTest::keyClicks(&field, value);
+            QTest::keyClick(&field, Qt::Key_Return);
+            const QString sent = *value ? QString("MEM:DAC %1\\n").arg(value) : QString();
+            QCOMPARE(bench.demo.takeSent().value(0), sent);
+            QCOMPARE(field.property("edited").toBool(), *value == '-');
+        }
     }
-}
 
-void ServiceCommandsTest::nothingIsSentWhileDisconnected()
-{
-    Bench bench;
-    bench.fill();
-    bench.session.close();
-    bench.commands.initial_service();
-    QTest::mouseClick(&bench.button(), Qt::LeftButton);
-    bench.commands.sendCommandRefOsc();
-    QCOMPARE(bench.demo.takeSent(), QStringList());
-    QVERIFY(bench.isReady());
-}
+    void aRefusedTableIsNotCalledStored()
+    {
+        FilledBench bench;
+        bench.demo("error -222");
+        QCOMPARE(bench.write().mid(0, 5), adding + saving);
+        QVERIFY(!bench.messages().contains("is stored"));
+        QVERIFY(bench.isReady());
+    }
+
+    void nothingIsSentWhileDisconnected()
+    {
+        FilledBench bench;
+        bench.session.close();
+        bench.commands.initial_service();
+        QTest::mouseClick(&bench.button(), Qt::LeftButton);
+        bench.commands.sendCommandRefOsc();
+        QCOMPARE(bench.demo.takeSent(), QStringList());
+        QVERIFY(bench.isReady());
+    }
+};
 
 QTEST_MAIN(ServiceCommandsTest)
 #include "service_commands_test.moc"
