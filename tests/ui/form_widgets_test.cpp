@@ -1,15 +1,17 @@
-#include "tests/support/rows.h"
 #include "ui/anim_label.h"
+#include "ui/eliding_label.h"
 #include "ui/error_box.h"
 #include "ui/state_button.h"
 #include "ui/theme.h"
 #include "ui/window_chrome.h"
 
 #include <QGraphicsEffect>
-#include <QLabel>
 #include <QPointer>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <QtTest>
+
+#include <memory>
 
 class FormWidgetsTest : public QObject
 {
@@ -18,61 +20,58 @@ class FormWidgetsTest : public QObject
 private slots:
     void initTestCase() { applyTheme(*qApp, ThemeName::Dark, false); }
 
-    void anErrorIsShownUntilPutAway_data()
+    void aLongTextIsElided()
     {
-        testColumns<bool>("byKey");
-        testRow("Cancel", false);
-        testRow("Escape", true);
+        ElidingLabel label;
+        label.setFixedWidth(171);
+        const QString name = "KLV-20G with all options 5678";
+        label.setText(name);
+        label.setToolTip("tool-tip");
+        label.show();
+        const QImage elided = label.grab().toImage();
+        QHelpEvent hover(QEvent::ToolTip, QPoint(5, 5), label.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&label, &hover);
+        QCOMPARE(QToolTip::text(), name + "\ntool-tip");
+        // What comes behind the ellipsis does not show.
+        label.setText(name + "9");
+        QCOMPARE(label.grab().toImage(), elided);
+        label.setText("KLV-20G 5678");
+        QVERIFY(label.grab().toImage() != elided);
     }
 
     void anErrorIsShownUntilPutAway()
     {
-        QFETCH(bool, byKey);
-        QWidget window;
-        window.show();
-        QPointer<ErrorBox> box = ErrorBox::report("first \n second", &window);
-        QVERIFY(QTest::qWaitForWindowExposed(box));
-        QCOMPARE(box->windowTitle(), QString("Error"));
-        QCOMPARE(box->windowModality(), Qt::ApplicationModal);
-        QVERIFY(!box->windowIcon().isNull());
-        QCOMPARE(box->findChild<QLabel*>("message")->text(), QString("first \n second"));
-        const auto buttons = box->findChildren<QPushButton*>();
-        QCOMPARE(buttons.size(), 1);
-        QCOMPARE(buttons.first()->text(), QString("Cancel"));
-        if (byKey)
-            QTest::keyClick(box, Qt::Key_Escape);
-        else
-            QTest::mouseClick(buttons.first(), Qt::LeftButton);
-        QTRY_VERIFY(box.isNull());
-    }
-
-    void anErrorMayGoWithItsWindow()
-    {
-        auto* window = new QWidget;
-        window->show();
-        QPointer<ErrorBox> box = ErrorBox::report("gone", window);
-        delete window;
-        QVERIFY(box.isNull());
+        for (const QString& by : QStringList({"button", "Escape", "its window's end"})) {
+            auto window = std::make_unique<QWidget>();
+            window->show();
+            QPointer<ErrorBox> box = ErrorBox::report("first \n second", window.get());
+            QVERIFY(QTest::qWaitForWindowExposed(box));
+            QCOMPARE(box->windowModality(), Qt::ApplicationModal);
+            QCOMPARE(box->findChild<QLabel*>("message")->text(), QString("first \n second"));
+            const auto buttons = box->findChildren<QPushButton*>();
+            QCOMPARE(buttons.size(), 1);
+            if (by == "button")
+                QTest::mouseClick(buttons.first(), Qt::LeftButton);
+            else if (by == "Escape")
+                QTest::keyClick(box, Qt::Key_Escape);
+            else
+                window.reset();
+            QTRY_VERIFY2(box.isNull(), qPrintable(by));
+        }
     }
 
     void aStateButtonWordsItsState()
     {
         StateButton button;
         button.setCheckable(true);
+        button.setText("10 MHz");
+        button.click();
+        QCOMPARE(button.text(), QString("10 MHz"));
         button.setTextOff("RF OFF");
         button.setTextOn("RF ON");
-        button.show();
-        QCOMPARE(button.text(), QString("RF OFF"));
-        button.click();
         QCOMPARE(button.text(), QString("RF ON"));
         button.setChecked(false);
         QCOMPARE(button.text(), QString("RF OFF"));
-
-        StateButton captioned;
-        captioned.setCheckable(true);
-        captioned.setText("10 MHz");
-        captioned.click();
-        QCOMPARE(captioned.text(), QString("10 MHz"));
     }
 
     void anAnimatedLabelEndsFullyShown()
@@ -97,27 +96,18 @@ private slots:
         layout->addWidget(button);
         window.move(50, 50);
         window.show();
-        QVERIFY(window.windowFlags() & Qt::FramelessWindowHint);
-        const QPoint start = window.pos();
-
-        const auto drag = [](QWidget* from, const QPoint& by) {
-            const QPoint grip(5, 5);
-            const QPoint at = from->mapToGlobal(grip);
-            QMouseEvent press(QEvent::MouseButtonPress, grip, at, Qt::LeftButton, Qt::LeftButton,
-                              Qt::NoModifier);
-            QMouseEvent move(QEvent::MouseMove, grip + by, at + by, Qt::NoButton, Qt::LeftButton,
-                             Qt::NoModifier);
-            QMouseEvent release(QEvent::MouseButtonRelease, grip, at + by, Qt::LeftButton,
-                                Qt::NoButton, Qt::NoModifier);
-            for (QMouseEvent* event : {&press, &move, &release})
-                QCoreApplication::sendEvent(from, event);
+        const auto moved = [&window](const QWidget* from, const QPoint& by) {
+            const QPoint before = window.pos();
+            QWindow* const hand = window.windowHandle();
+            const QPoint at = from->mapTo(&window, QPoint(5, 5));
+            QTest::mousePress(hand, Qt::LeftButton, {}, at);
+            QTest::mouseMove(hand, at + by);
+            QTest::mouseRelease(hand, Qt::LeftButton, {}, at);
+            return window.pos() - before;
         };
-        drag(button, QPoint(60, 40));
-        QCOMPARE(window.pos(), start);
-        drag(label, QPoint(60, 40));
-        QCOMPARE(window.pos(), start + QPoint(60, 40));
-        drag(label, QPoint(1, 1));
-        QCOMPARE(window.pos(), start + QPoint(60, 40));
+        QCOMPARE(moved(button, QPoint(60, 40)), QPoint());
+        QCOMPARE(moved(label, QPoint(60, 40)), QPoint(60, 40));
+        QCOMPARE(moved(label, QPoint(1, 1)), QPoint());
     }
 };
 

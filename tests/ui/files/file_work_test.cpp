@@ -13,52 +13,50 @@ class FileWorkTest : public QObject
     Q_OBJECT
 
 private slots:
-    void showsProgressAndCanBeCancelled_data();
-    void showsProgressAndCanBeCancelled();
+    void showsProgressAndCanBeCancelled_data()
+    {
+        testColumns<int, bool, bool, bool>("workMs", "isHeeding", "isCancelled", "isShown");
+        testRow("quick", 50, true, false, false);
+        testRow("slow", 1200, true, false, true);
+        testRow("cancelled", 20000, true, true, true);
+        testRow("held by the system", 3000, false, true, true);
+    }
+
+    void showsProgressAndCanBeCancelled()
+    {
+        QFETCH(int, workMs);
+        QFETCH(bool, isHeeding);
+        QFETCH(bool, isCancelled);
+        QFETCH(bool, isShown);
+        const auto work = [=](FileProgress* progress) {
+            progress->total = workMs;
+            while (progress->done < workMs && !(isHeeding && progress->isCancelled)) {
+                QThread::msleep(10);
+                progress->done += 10;
+            }
+            return FileOutcome{progress->isCancelled ? FileFault::Cancelled : FileFault::None,
+                               "end"};
+        };
+        QWidget window;
+        window.show();
+        int mostShown = -1;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&] {
+            auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            mostShown = std::max(mostShown, dialog->value());
+            if (isCancelled && dialog->value() > 0)
+                QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
+        });
+        look.start(20);
+        const std::optional<FileOutcome> outcome = fileWork<FileOutcome>(&window, "Reading", work);
+        QCOMPARE(mostShown > 0, isShown);
+        QCOMPARE(outcome.has_value(), isHeeding);
+        QCOMPARE(!outcome || outcome->fault == FileFault::Cancelled, isCancelled);
+        QVERIFY(!QApplication::activeModalWidget());
+    }
 };
-
-void FileWorkTest::showsProgressAndCanBeCancelled_data()
-{
-    testColumns<int, bool, bool, bool>("workMs", "isHeeding", "isCancelled", "isShown");
-    testRow("quick", 50, true, false, false);
-    testRow("slow", 1200, true, false, true);
-    testRow("cancelled", 20000, true, true, true);
-    testRow("held by the system", 3000, false, true, true);
-}
-
-void FileWorkTest::showsProgressAndCanBeCancelled()
-{
-    QFETCH(int, workMs);
-    QFETCH(bool, isHeeding);
-    QFETCH(bool, isCancelled);
-    QFETCH(bool, isShown);
-    const auto work = [=](FileProgress* progress) {
-        progress->total = workMs;
-        while (progress->done < workMs && !(isHeeding && progress->isCancelled)) {
-            QThread::msleep(10);
-            progress->done += 10;
-        }
-        return FileOutcome{progress->isCancelled ? FileFault::Cancelled : FileFault::None, "end"};
-    };
-    QWidget window;
-    window.show();
-    int mostShown = -1;
-    QTimer look;
-    connect(&look, &QTimer::timeout, this, [&] {
-        auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        mostShown = std::max(mostShown, dialog->value());
-        if (isCancelled && dialog->value() > 0)
-            QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
-    });
-    look.start(20);
-    const std::optional<FileOutcome> outcome = fileWork<FileOutcome>(&window, "Reading", work);
-    QCOMPARE(mostShown > 0, isShown);
-    QCOMPARE(outcome.has_value(), isHeeding);
-    QCOMPARE(!outcome || outcome->fault == FileFault::Cancelled, isCancelled);
-    QVERIFY(!QApplication::activeModalWidget());
-}
 
 QTEST_MAIN(FileWorkTest)
 #include "file_work_test.moc"

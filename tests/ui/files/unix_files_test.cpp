@@ -2,7 +2,6 @@
 #include "sweep/list/list_file.h"
 #include "tests/profiles/profile_rig.h"
 #include "tests/support/documents_folder.h"
-#include "tests/support/rows.h"
 #include "tests/sweep/list_bench.h"
 #include "ui/files/whole_file.h"
 
@@ -40,81 +39,70 @@ class UnixFilesTest : public QObject
     Q_OBJECT
 
 private slots:
-    void aFullDiskLeavesTheOldProfile();
-    void aFullDiskLeavesTheOldList();
-    void pipesAndDevicesAreRefused_data();
-    void pipesAndDevicesAreRefused();
-};
-
-void UnixFilesTest::aFullDiskLeavesTheOldProfile()
-{
-    ProfileRig rig;
-    QVERIFY(rig.profiles().saveQuickProfile("a"));
-    QVERIFY(rig.profiles().saveLast());
-    const QString quick = quickProfilePath(rig.profiles().folder(), "a");
-    const QString last = lastProfilePath(rig.profiles().folder());
-    const QByteArray before = rig.bytesOf(quick) + rig.bytesOf(last);
-    rig.takeLog();
+    void aFullDiskLeavesTheOldProfile()
     {
-        const FullDisk full;
-        QVERIFY(!rig.profiles().saveQuickProfile("a"));
-        QVERIFY(!rig.profiles().renameQuickProfile(quick, "b"));
-        QVERIFY(!rig.profiles().saveLast());
+        ProfileRig rig;
+        QVERIFY(rig.profiles().saveQuickProfile("a"));
+        QVERIFY(rig.profiles().saveLast());
+        const QString quick = quickProfilePath(rig.profiles().folder(), "a");
+        const QString last = lastProfilePath(rig.profiles().folder());
+        const QByteArray before = rig.bytesOf(quick) + rig.bytesOf(last);
+        rig.takeLog();
+        {
+            const FullDisk full;
+            QVERIFY(!rig.profiles().saveQuickProfile("a"));
+            QVERIFY(!rig.profiles().renameQuickProfile(quick, "b"));
+            QVERIFY(!rig.profiles().saveLast());
+        }
+        const QString said = "error: Error saving file";
+        QCOMPARE(rig.takeLog(), QStringList({said, said}));
+        QCOMPARE(rig.bytesOf(quick) + rig.bytesOf(last), before);
     }
-    const QString said = "error: Error saving file";
-    QCOMPARE(rig.takeLog(), QStringList({said, said}));
-    QCOMPARE(rig.bytesOf(quick) + rig.bytesOf(last), before);
-}
 
-void UnixFilesTest::aFullDiskLeavesTheOldList()
-{
-    const QTemporaryDir home;
-    const DocumentsFolder documents(home.path());
-    const QString path = documents.path() + "/Veltro KLV/a.csv";
-    ListBench bench;
-    bench.setRows({"1,2,3"});
-    const auto save = [&bench] {
-        bench.answer<QFileDialog>("save_List", [](QFileDialog& dialog) {
-            dialog.setOption(QFileDialog::DontConfirmOverwrite);
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("a.csv");
-            static_cast<QDialog&>(dialog).accept();
-        });
-    };
-    save();
-    bench.setRows({"4,5,6"});
+    void aFullDiskLeavesTheOldList()
     {
-        const FullDisk full;
+        const QTemporaryDir home;
+        const DocumentsFolder documents(home.path());
+        const QString path = documents.path() + "/Veltro KLV/a.csv";
+        ListBench bench;
+        bench.setRows({"1,2,3"});
+        const auto save = [&bench] {
+            bench.answer<QFileDialog>("save_List", [](QFileDialog& dialog) {
+                dialog.setOption(QFileDialog::DontConfirmOverwrite);
+                dialog.findChild<QLineEdit*>("fileNameEdit")->setText("a.csv");
+                static_cast<QDialog&>(dialog).accept();
+            });
+        };
         save();
+        bench.setRows({"4,5,6"});
+        {
+            const FullDisk full;
+            save();
+        }
+        QCOMPARE(ProfileRig::bytesOf(path), QByteArray("1,2,3\n"));
+        QCOMPARE(bench.said.size(), 2);
+        const QString failure = "error: The list could not be saved as a.csv: ";
+        QVERIFY2(bench.said.last().startsWith(failure), qPrintable(bench.said.last()));
+        QVERIFY(bench.said.last().size() > failure.size());
     }
-    QCOMPARE(ProfileRig::bytesOf(path), QByteArray("1,2,3\n"));
-    QCOMPARE(bench.said.size(), 2);
-    const QString failure = "error: The list could not be saved as a.csv: ";
-    QVERIFY2(bench.said.last().startsWith(failure), qPrintable(bench.said.last()));
-    QVERIFY(bench.said.last().size() > failure.size());
-}
 
-void UnixFilesTest::pipesAndDevicesAreRefused_data()
-{
-    testColumns<QString>("given");
-    testRow("pipe", QString());
-    testRow("device", QString("/dev/zero"));
-    testRow("folder", QString("/"));
-}
-
-/// A pipe without a writer blocks its reader for ever.
-void UnixFilesTest::pipesAndDevicesAreRefused()
-{
-    QFETCH(QString, given);
-    ProfileRig rig;
-    const QString path = given.isEmpty() ? rig.path("pipe") : given;
-    QVERIFY(!given.isEmpty() || mkfifo(QFile::encodeName(path).constData(), 0600) == 0);
-    QVERIFY(!rig.profiles().open(path));
-    QCOMPARE(rig.takeLog().filter("The profile cannot be read, nothing applied").size(), 1);
-    QVERIFY(!rig.profiles().save(path, "x"));
-    rig.profiles().applyAtStart(path);
-    QCOMPARE(readListFile(path).error, ListFileError::NotOpened);
-    QCOMPARE(writeWholeFile(path, "1").fault, FileFault::NotRegular);
-}
+    /// A pipe without a writer blocks its reader for ever.
+    void pipesAndDevicesAreRefused()
+    {
+        ProfileRig rig;
+        const QString pipe = rig.path("pipe");
+        QVERIFY(mkfifo(QFile::encodeName(pipe).constData(), 0600) == 0);
+        for (const QString& path : {pipe, QString("/dev/zero"), QString("/")}) {
+            QVERIFY2(!rig.profiles().open(path), qPrintable(path));
+            QCOMPARE(rig.takeLog().filter("The profile cannot be read, nothing applied").size(), 1);
+            QVERIFY2(!rig.profiles().save(path, "x"), qPrintable(path));
+            rig.profiles().applyAtStart(path);
+            QCOMPARE(readListFile(path).error, ListFileError::NotOpened);
+            QCOMPARE(writeWholeFile(path, "1").fault, FileFault::NotRegular);
+            rig.takeLog();
+        }
+    }
+};
 
 QTEST_MAIN(UnixFilesTest)
 #include "unix_files_test.moc"
