@@ -136,10 +136,10 @@ private slots:
         QCOMPARE(step(Qt::Key_Up), QString("10| 500"));
         QCOMPARE(step(Qt::Key_Down), QString("9| 500"));
         QCOMPARE(committed, QStringList({"10 500", "9 500"}));
-        // The digit vanishes and comes back: the place is still the thousands.
-        setWithCursor(field, "1| 500");
+        // The digit vanishes and comes back: the place is still that of the ten thousands.
+        setWithCursor(field, "1|0 500");
         QCOMPARE(step(Qt::Key_Down), QString("|500"));
-        QCOMPARE(step(Qt::Key_Up), QString("1| 500"));
+        QCOMPARE(step(Qt::Key_Up), QString("1|0 500"));
         // Bounded by the commit.
         setWithCursor(field, "1|00");
         QCOMPARE(step(Qt::Key_Down), QString("1|00"));

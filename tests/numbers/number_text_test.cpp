@@ -7,10 +7,7 @@
 #include <cmath>
 #include <limits>
 
-namespace
-{
 using TextFunction = QString (*)(const QString&);
-} // namespace
 Q_DECLARE_METATYPE(TextFunction)
 
 class NumberTextTest : public QObject
