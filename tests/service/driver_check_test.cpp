@@ -11,9 +11,7 @@ const QString install =
     QStringLiteral("C:\\KLV\\Drivers\\devcon64.exe update C:\\KLV\\Drivers\\ausbtmc.inf ") + id;
 
 /// A system that gives set answers and records what is run.
-class FakeSystem : public DriverSystem
-{
-public:
+struct FakeSystem : DriverSystem {
     bool hasUsbTmcService() const override { return hasService; }
     bool is64Bit() const override { return is64; }
     QByteArray run(const DriverCommand& command) override

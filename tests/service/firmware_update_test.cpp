@@ -7,9 +7,7 @@ const QString serial = QStringLiteral("20215678");
 constexpr int longestMs = 200;
 
 /// A connected instrument on its way into the bootloader.
-class Bench : public ConnectionRig
-{
-public:
+struct Bench : ConnectionRig {
     Bench()
     {
         watch.serials = QStringList(serial);

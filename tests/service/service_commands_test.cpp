@@ -68,12 +68,7 @@ public:
             texts << panel.table().item(row, 0)->text() + ' ' + panel.table().item(row, 1)->text();
         return texts.join('|');
     }
-    QString messages()
-    {
-        QStringList texts = fields.takeSaid();
-        texts.removeAll(QString());
-        return texts.join('|');
-    }
+    QString messages() { return fields.takeSaid().filter(QRegularExpression(".")).join('|'); }
 
     /// Opens the cell's editor, types and commits.
     void type(int row, int column, const QString& text)
@@ -420,6 +415,16 @@ private slots:
         QTest::mouseClick(&bench.button(), Qt::LeftButton);
         QVERIFY(!bench.session.isConnected());
         QVERIFY(!bench.messages().contains("stored in"));
+        QVERIFY(bench.isReady());
+    }
+
+    void theEndOfTheProgramEndsWriting()
+    {
+        FilledBench bench;
+        bench.whenSent(adding[1], [] { QCoreApplication::quit(); });
+        QTimer::singleShot(0, &bench.panel, [&bench] { bench.button().click(); });
+        QCoreApplication::exec();
+        QCOMPARE(bench.demo.takeSent(), adding.mid(0, 2));
         QVERIFY(bench.isReady());
     }
 
