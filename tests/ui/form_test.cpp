@@ -29,6 +29,8 @@ private slots:
             if (!button->text().isEmpty())
                 button->setText(button->text() + "*");
             ui.retranslateUi(&window);
+            // The frequency of the reference is the user's.
+            QVERIFY(button != ui.ROSC || button->text().endsWith('*'));
             QTest::keySequence(&window, QKeySequence(keys));
             QVERIFY2(clicks.count() == 1, name);
         }
