@@ -3,7 +3,6 @@
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 
-#include <QLabel>
 #include <QTableWidget>
 
 #include <functional>
@@ -11,220 +10,176 @@
 namespace
 {
 const QString closing = QStringLiteral("closeWindow");
-const QString disconnecting = QStringLiteral("connect");
 const QString unplugging = QStringLiteral("unplug");
-const QStringList endings = {closing, disconnecting, unplugging};
-const QStringList handBack = {"*RST\\n", "MEM:MSC ON\\n"};
+const QString rfOff = QStringLiteral("RF off");
+const QStringList events = {closing, QStringLiteral("connect"), unplugging, rfOff};
 
 constexpr int longestRunMs = 20000;
 } // namespace
 
-/// What may happen to the window while a sequence pauses: it is closed, the user disconnects, the
-/// cable is pulled.
+/// What may happen to the window while a sequence pauses: it is closed, the user disconnects or
+/// switches RF off, the cable is pulled.
 class PausesTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        PanelTest::init();
+        begin();
+        // Two blocks with a pause between them, and a rest.
+        m_rig->get<QTableWidget>("table_List").setRowCount(70);
+        m_sent.clear();
+        m_isInterrupted = false;
+    }
 
-    void endsInAPause_data();
-    void endsInAPause();
-    void endsWhileConnecting_data();
-    void endsWhileConnecting();
+    void somethingHappens_data()
+    {
+        testColumns<QString, QString, QString, QString>("before", "clicked", "seen", "event");
+        const struct {
+            const char* tag;
+            const char* before;
+            const char* clicked;
+            const char* seen;
+        } rows[] = {
+            {"before on", "", "AM", ""},
+            {"before the set-up", "", "AM", "AM:STATe ON"},
+            {"before the other's off", "AM", "FM", ""},
+            {"between off and on", "AM", "FM", "AM:STATe OFF"},
+            {"back to internal", "IntExt_PM PM", "IntExt_PM", ""},
+            {"before the pulse's values", "", "Pulse", "PULM:SOUR INT"},
+            {"before LF's shape", "", "sine_select", "LFO:STAT ON"},
+            {"before LF's direction", "", "sawPos_select", "SHAP RAMP\\n"},
+            {"behind LF's direction", "", "sawPos_select", "RAMP POS"},
+            {"before AM's off for LF", "AM Pulse", "sine_select", ""},
+            {"behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF"},
+            {"before AM's off for a sweep", "AM Pulse", "button_Sweep", ""},
+            {"amid the frequencies of a list", "List_is_Checked", "button_List", "LIST:FREQ:ADD"},
+            {"amid the powers of a list", "List_is_Checked", "button_List", "LIST:POW:ADD"},
+            {"amid a calibration", "", "applyCalibrate", "MEM:TABLE:ADD"},
+            {"connecting, behind the reset", "", "connect", "*RST"},
+            {"connecting, LF ramp", "sawNeg_select", "connect", "SHAP RAMP\\n"},
+            {"connecting, pulse", "Pulse", "connect", "PULM:SOUR INT"},
+        };
+        for (const auto& row : rows) {
+            for (const QString& event : events) {
+                // It has not been on yet behind the reset.
+                if (event != rfOff || QLatin1String(row.seen) != QLatin1String("*RST"))
+                    testRow(row.tag + (": " + event), row.before, row.clicked, row.seen, event);
+            }
+        }
+    }
+
+    void somethingHappens()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, clicked);
+        QFETCH(QString, seen);
+        QFETCH(QString, event);
+        // Without an instrument a click takes no time.
+        m_rig->clickAll(before + " Output");
+        const bool isConnecting = clicked == "connect";
+        if (!isConnecting)
+            m_rig->connectDevice();
+        if (clicked == "applyCalibrate")
+            m_rig->openPanel("service");
+        m_demo->takeTranscript();
+        QVERIFY(runAsProgram([&] {
+            doOnceSent(seen, event);
+            if (isConnecting)
+                m_rig->connectDevice();
+            else
+                m_rig->clickAll(clicked);
+            QCoreApplication::exit();
+        }));
+        QVERIFY(m_isInterrupted);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(!QGuiApplication::overrideCursor());
+        QVERIFY(!m_rig->isChecked("Output"));
+        if (event == rfOff)
+            checkSwitchedOff();
+        else
+            checkEnded(event);
+    }
 
 private:
-    QPushButton& button(const QString& name);
-    void setOffline(const QString& names);
-    static bool runAsProgram(const std::function<void()>& start);
-    void endOnceSent(const QString& text, const QString& ending);
-    void checkEnded(const QString& ending);
-    QString panelState();
-    QString indicatorState();
+    /// Within the program's own event loop, which the last window ends. False when it does not
+    /// end.
+    static bool runAsProgram(const std::function<void()>& start)
+    {
+        constexpr int tooLong = 1;
+        QTimer watchdog;
+        connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(tooLong); });
+        watchdog.start(longestRunMs);
+        QTimer::singleShot(0, start);
+        return QCoreApplication::exec() != tooLong;
+    }
 
-    QStringList m_sent; ///< so far, by a sequence that has been interrupted
-    QString m_calls;    ///< of the library, up to the end of the interruption
+    void doOnceSent(const QString& text, const QString& event)
+    {
+        whenSent(m_rig->window(), *m_demo, text, [=] {
+            m_demo->takeSent();
+            m_isInterrupted = true;
+            if (event == unplugging)
+                (*m_demo)(unplugging);
+            else if (event == rfOff)
+                QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_R, Qt::ControlModifier);
+            else
+                m_rig->click(qPrintable(event));
+            m_calls = (*m_demo)("calls");
+            if (event == rfOff)
+                m_sent = m_demo->takeCommands();
+        });
+    }
+
+    void checkSwitchedOff()
+    {
+        QCOMPARE(m_sent.size(), 1);
+        // What the sequence has put into the error queue is read along with it.
+        QVERIFY2(m_sent.first().startsWith("OUTPut OFF!"), qPrintable(m_sent.first()));
+        QVERIFY(m_rig->isConnected());
+        QCOMPARE(m_demo->takeSent().filter("OUTPut"), QStringList());
+    }
+
+    void checkEnded(const QString& event)
+    {
+        // Once handed back, the library is not called any more.
+        if (event != unplugging)
+            QCOMPARE((*m_demo)("calls"), m_calls);
+        QCOMPARE(m_demo->takeCommands(),
+                 event == unplugging ? QStringList() : QStringList({"*RST", "MEM:MSC ON"}));
+        QVERIFY(!m_rig->isConnected());
+        QCOMPARE(m_rig->device(), QString("Disconnected"));
+        QCOMPARE(m_rig->window().isVisible(), event != closing);
+        QCOMPARE(m_rig->get("List").cursor().shape(), Qt::ArrowCursor);
+        QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
+        for (const char* run : {"button_Sweep", "button_List"})
+            QVERIFY(!m_rig->isChecked(run));
+        for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
+            QVERIFY(m_rig->get(field).isEnabled());
+        if (event != closing)
+            QCOMPARE(m_rig->indicators(), switchedOn());
+        m_rig->end();
+        QCOMPARE(m_demo->takeSent(), QStringList());
+    }
+
+    /// What the panels say is on, as the indicators would.
+    QString switchedOn()
+    {
+        const auto shapes = m_rig->get("generator").findChildren<QPushButton*>();
+        const bool isLfOn = std::any_of(shapes.begin(), shapes.end(),
+                                        [](auto* shape) { return shape->isChecked(); });
+        QString on;
+        for (const char* name : {"AM", "FM", "PM"})
+            on += m_rig->isChecked(name) ? name : "";
+        return on + (m_rig->isChecked("Pulse") ? " PULM" : "") + (isLfOn ? " LF" : "");
+    }
+
+    QStringList m_sent; ///< by the event
+    QString m_calls;    ///< of the library, up to its end
     bool m_isInterrupted = false;
 };
-
-void PausesTest::init()
-{
-    PanelTest::init();
-    m_rig = std::make_unique<PanelRig>();
-    // Two blocks with a pause between them, and a rest.
-    m_rig->get<QTableWidget>("table_List").setRowCount(70);
-    m_sent.clear();
-    m_isInterrupted = false;
-}
-
-QPushButton& PausesTest::button(const QString& name)
-{
-    return m_rig->get<QPushButton>(qPrintable(name));
-}
-
-/// Without an instrument a click takes no time.
-void PausesTest::setOffline(const QString& names)
-{
-    for (const QString& name : names.split(' ', Qt::SkipEmptyParts))
-        button(name).click();
-}
-
-/// Within the program's own event loop, which the last window ends. False when it does not end.
-bool PausesTest::runAsProgram(const std::function<void()>& start)
-{
-    constexpr int tooLong = 1;
-    QTimer watchdog;
-    connect(&watchdog, &QTimer::timeout, [] { QCoreApplication::exit(tooLong); });
-    watchdog.start(longestRunMs);
-    QTimer::singleShot(0, start);
-    return QCoreApplication::exec() != tooLong;
-}
-
-void PausesTest::endOnceSent(const QString& text, const QString& ending)
-{
-    whenSent(m_rig->window(), *m_demo, text, [=] {
-        m_sent = m_demo->takeSent();
-        m_isInterrupted = true;
-        if (ending == unplugging)
-            (*m_demo)(unplugging);
-        else
-            m_rig->click(qPrintable(ending));
-        m_calls = (*m_demo)(QStringLiteral("calls"));
-    });
-}
-
-void PausesTest::checkEnded(const QString& ending)
-{
-    QVERIFY(m_isInterrupted);
-    // Once handed back, the library is not called any more.
-    if (ending != unplugging)
-        QCOMPARE((*m_demo)(QStringLiteral("calls")), m_calls);
-    QCOMPARE(m_demo->takeSent(), ending == unplugging ? QStringList() : handBack);
-    QVERIFY(!m_rig->isConnected());
-    QCOMPARE(m_rig->device(), QString("Disconnected"));
-    QCOMPARE(m_rig->window().isVisible(), ending != closing);
-    QVERIFY(!QApplication::activeModalWidget());
-    QVERIFY(!QGuiApplication::overrideCursor());
-    QCOMPARE(m_rig->get("List").cursor().shape(), Qt::ArrowCursor);
-    QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
-    for (const char* run : {"button_Sweep", "button_List"})
-        QVERIFY(!button(run).isChecked());
-    for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
-        QVERIFY(m_rig->get(field).isEnabled());
-    if (ending != closing)
-        QCOMPARE(indicatorState(), panelState());
-    m_rig->end();
-    QCOMPARE(m_demo->takeSent(), QStringList());
-}
-
-void PausesTest::endsInAPause_data()
-{
-    testColumns<QString, QString, QString, QString>("before", "clicked", "seen", "ending");
-    const struct {
-        const char* tag;
-        const char* before;
-        const char* clicked;
-        const char* seen;
-    } rows[] = {
-        {"before on", "", "AM", ""},
-        {"before the set-up", "", "AM", "AM:STATe ON"},
-        {"before the other's off", "AM", "FM", ""},
-        {"between off and on", "AM", "FM", "AM:STATe OFF"},
-        {"back to internal", "IntExt_PM PM", "IntExt_PM", ""},
-        {"before the pulse's values", "", "Pulse", "PULM:SOUR INT"},
-        {"before LF's shape", "", "sine_select", "LFO:STAT ON"},
-        {"before LF's direction", "", "sawPos_select", "SHAP RAMP\\n"},
-        {"behind LF's direction", "", "sawPos_select", "RAMP POS"},
-        {"before AM's off for LF", "AM Pulse", "sine_select", ""},
-        {"behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF"},
-        {"before AM's off for a sweep", "AM Pulse", "button_Sweep", ""},
-        {"amid the frequencies of a list", "List_is_Checked", "button_List", "LIST:FREQ:ADD"},
-        {"amid the powers of a list", "List_is_Checked", "button_List", "LIST:POW:ADD"},
-    };
-    for (const auto& row : rows) {
-        for (const QString& ending : endings)
-            QTest::addRow("%s: %s", row.tag, qPrintable(ending))
-                << row.before << row.clicked << row.seen << ending;
-    }
-}
-
-void PausesTest::endsInAPause()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, clicked);
-    QFETCH(QString, seen);
-    QFETCH(QString, ending);
-    setOffline(before);
-    m_rig->connectDevice();
-    m_rig->openPanelOf(clicked);
-    m_demo->takeTranscript();
-    QVERIFY(runAsProgram([&] {
-        endOnceSent(seen, ending);
-        m_rig->click(qPrintable(clicked));
-        QCoreApplication::exit();
-    }));
-    checkEnded(ending);
-}
-
-void PausesTest::endsWhileConnecting_data()
-{
-    testColumns<QString, QString, QString>("before", "seen", "ending");
-    for (const QString& ending : endings) {
-        QTest::addRow("LF ramp: %s", qPrintable(ending)) << "sawNeg_select"
-                                                         << "SHAP RAMP\\n"
-                                                         << ending;
-        QTest::addRow("pulse: %s", qPrintable(ending)) << "Pulse"
-                                                       << "PULM:SOUR INT" << ending;
-    }
-}
-
-void PausesTest::endsWhileConnecting()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, seen);
-    QFETCH(QString, ending);
-    setOffline(before);
-    m_demo->takeTranscript();
-    QVERIFY(runAsProgram([&] {
-        endOnceSent(seen, ending);
-        m_rig->connectDevice();
-        QCoreApplication::exit();
-    }));
-    checkEnded(ending);
-}
-
-QString PausesTest::panelState()
-{
-    QStringList on;
-    for (const char* name : {"AM", "FM", "PM"}) {
-        if (button(name).isChecked())
-            on << name;
-    }
-    if (button("Pulse").isChecked())
-        on << "PULM";
-    const auto shapes = m_rig->get("generator").findChildren<QPushButton*>();
-    if (std::any_of(shapes.begin(), shapes.end(), [](auto* shape) { return shape->isChecked(); }))
-        on << "LFO";
-    return on.join(' ');
-}
-
-QString PausesTest::indicatorState()
-{
-    const auto picture = [this](const char* name) {
-        return m_rig->get<QLabel>(name).pixmap(Qt::ReturnByValue).toImage();
-    };
-    QStringList on;
-    for (const char* name : {"AM", "FM", "PM"}) {
-        const QPixmap icon = button(name).icon().pixmap(button(name).iconSize());
-        if (picture("label_AmPmFm") == icon.toImage())
-            on << name;
-    }
-    if (!picture("label_PULM").isNull())
-        on << "PULM";
-    if (!picture("label_Gener").isNull())
-        on << "LFO";
-    return on.join(' ');
-}
 
 QTEST_MAIN(PausesTest)
 #include "pauses_test.moc"

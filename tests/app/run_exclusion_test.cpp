@@ -12,83 +12,69 @@ const QRegularExpression
 } // namespace
 
 /// Sweeps and lists, modulations and the LF generator share one source in the instrument: what is
-/// switched on ends the other, on the panel and on the wire.
+/// switched on ends the other, on the panel and on the wire, and that is said.
 class RunExclusionTest : public PanelTest
 {
     Q_OBJECT
 
 private slots:
-    void init();
+    void exclusions_data()
+    {
+        testColumns<QString, QString, QString, QString>("before", "clicked", "sent", "status");
+        const auto row = [](const QString& before, const QString& clicked, const char* sent,
+                            const char* status) {
+            testRow(before + ", then " + clicked, before, clicked, sent, status);
+        };
+        const QString sweep = QStringLiteral("button_Sweep");
+        const QString list = QStringLiteral("button_List");
+        const char* const sweepOn = "Modulation off: a sweep has started";
+        row("AM Pulse", sweep, "AM:STATe OFF, PULM:STATe OFF, FREQ:MODE SWE, POW:MODE FIX",
+            sweepOn);
+        row("FM", list, "FM:STATe OFF, FREQ:MODE LIST, POW:MODE LIST",
+            "Modulation off: a list has started");
+        row("triangle_select", sweep, "LFO:STAT OFF, FREQ:MODE SWE, POW:MODE FIX",
+            "LF generator off: a sweep has started");
+        row("dc_select", list, "LFO:STAT OFF, FREQ:MODE LIST, POW:MODE LIST",
+            "LF generator off: a list has started");
+        row(sweep, "PM", "ABORt, FREQ:MODE FIX, POW:MODE FIX, PM:STATe ON",
+            "Sweep stopped: a modulation is on");
+        row(list, "AM", "*ABORt, FREQ:MODE FIX, POW:MODE FIX, AM:STATe ON",
+            "List stopped: a modulation is on");
+        row(sweep, "Pulse", "PULM:STATe ON, ABORt, FREQ:MODE FIX, POW:MODE FIX",
+            "Sweep stopped: a modulation is on");
+        row(list, "sine_select", "LFO:STAT ON, *ABORt, FREQ:MODE FIX, POW:MODE FIX",
+            "List stopped: the LF generator is on");
+        row("Pulse", "sine_select", "", "Modulation off: the LF generator is on");
+        row("sine_select", "FM", "", "LF generator off: a modulation is on");
+        row(sweep, list, "", "Sweep stopped: a list has started");
+        row("button_Sweep Pulse", sweep, "", sweepOn);
+    }
 
-    void exclusions_data();
-    void exclusions();
-
-private:
-    QPushButton& button(const QString& name) { return m_rig->get<QPushButton>(qPrintable(name)); }
-    QString checkedOf(const QString& names);
+    void exclusions()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, clicked);
+        QFETCH(QString, sent);
+        begin();
+        m_rig->get<QTableWidget>("table_List").setRowCount(3);
+        if ((before + clicked).contains("button_List"))
+            m_rig->clickAll("List_is_Checked");
+        m_rig->connectDevice();
+        m_rig->clickAll(before);
+        m_demo->takeSent();
+        m_rig->clickAll(clicked);
+        QTEST(m_rig->status(), "status");
+        const QStringList switched = m_demo->takeCommands().filter(switching);
+        if (!sent.isEmpty())
+            QCOMPARE(switched.join(", ").remove('!'), sent);
+        for (const QString& name : before.split(' '))
+            QCOMPARE(m_rig->isChecked(qPrintable(name)), name == clicked);
+        QVERIFY(m_rig->isChecked(qPrintable(clicked)));
+        const bool isRun = clicked.startsWith("button_");
+        for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
+            QCOMPARE(m_rig->get(field).isEnabled(), !isRun);
+    }
 };
-
-void RunExclusionTest::init()
-{
-    PanelTest::init();
-    m_rig = std::make_unique<PanelRig>();
-    m_rig->get<QTableWidget>("table_List").setRowCount(3);
-}
-
-QString RunExclusionTest::checkedOf(const QString& names)
-{
-    QStringList checked;
-    for (const QString& name : names.split(' ')) {
-        if (button(name).isChecked())
-            checked << name;
-    }
-    return checked.join(' ');
-}
-
-void RunExclusionTest::exclusions_data()
-{
-    testColumns<QString, QString, QString>("before", "clicked", "sent");
-    const auto row = [](const QString& before, const QString& clicked, const char* sent) {
-        QTest::addRow("%s, then %s", qPrintable(before), qPrintable(clicked))
-            << before << clicked << sent;
-    };
-    const QString sweep = QStringLiteral("button_Sweep");
-    const QString list = QStringLiteral("button_List");
-    row("AM Pulse", sweep, "AM:STATe OFF, PULM:STATe OFF, FREQ:MODE SWE, POW:MODE FIX");
-    row("FM", list, "FM:STATe OFF, FREQ:MODE LIST, POW:MODE LIST");
-    row("triangle_select", sweep, "LFO:STAT OFF, FREQ:MODE SWE, POW:MODE FIX");
-    row("dc_select", list, "LFO:STAT OFF, FREQ:MODE LIST, POW:MODE LIST");
-    row(sweep, "PM", "ABORt, FREQ:MODE FIX, POW:MODE FIX, PM:STATe ON");
-    row(list, "AM", "*ABORt, FREQ:MODE FIX, POW:MODE FIX, AM:STATe ON");
-    row(sweep, "Pulse", "PULM:STATe ON, ABORt, FREQ:MODE FIX, POW:MODE FIX");
-    row(list, "sine_select", "LFO:STAT ON, *ABORt, FREQ:MODE FIX, POW:MODE FIX");
-}
-
-void RunExclusionTest::exclusions()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, clicked);
-    if ((before + clicked).contains("button_List"))
-        button("List_is_Checked").click();
-    m_rig->connectDevice();
-    for (const QString& name : before.split(' ')) {
-        m_rig->openPanelOf(name);
-        m_rig->click(qPrintable(name));
-    }
-    QCOMPARE(checkedOf(before), before);
-    m_demo->takeSent();
-
-    m_rig->openPanelOf(clicked);
-    m_rig->click(qPrintable(clicked));
-    QStringList sent = m_demo->takeSent().filter(switching);
-    sent.replaceInStrings("\\n", "");
-    QTEST(sent.join(", "), "sent");
-    QCOMPARE(checkedOf(before), QString());
-    QCOMPARE(checkedOf(clicked), clicked);
-    const bool isRun = clicked.startsWith("button_");
-    for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
-        QCOMPARE(m_rig->get(field).isEnabled(), !isRun);
-}
 
 QTEST_MAIN(RunExclusionTest)
 #include "run_exclusion_test.moc"

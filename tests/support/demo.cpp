@@ -46,3 +46,21 @@ QStringList Demo::takeSent()
     }
     return sent;
 }
+
+QStringList Demo::takeCommands()
+{
+    QStringList commands = {QString()};
+    for (const QString& line : takeSent()) {
+        if (line == QLatin1String("SYSTem:ERRor?\\n"))
+            commands.last() += QLatin1Char('!');
+        else if (line == QLatin1String("*OPC?"))
+            commands.last() += QLatin1Char('~');
+        else if (line.endsWith(QLatin1String("\\n")))
+            commands << line.chopped(2);
+        else
+            commands << line + QLatin1String(" without line feed");
+    }
+    if (commands.first().isEmpty())
+        commands.removeFirst();
+    return commands;
+}

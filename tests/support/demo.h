@@ -22,6 +22,10 @@ public:
     /// Only what was sent since the last call; the line feed shows as "\n".
     QStringList takeSent();
 
+    /// The same without line feeds; "!" stands for each look into the error queue and "~" for each
+    /// "*OPC?" without one, behind the command before it.
+    QStringList takeCommands();
+
 private:
     using Control = const char* (*)(const char* command);
 

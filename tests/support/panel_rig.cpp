@@ -1,7 +1,9 @@
 #include "tests/support/panel_rig.h"
 
 #include "app/side_panels.h"
+#include "ui/files/user_folder.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -42,19 +44,45 @@ void PanelRig::enter(const char* objectName, const QString& text)
     QTest::keyClick(&field, Qt::Key_Return);
 }
 
+void PanelRig::clickAll(const QString& objectNames)
+{
+    for (const QString& name : objectNames.split(' ', Qt::SkipEmptyParts))
+        get<QAbstractButton>(qPrintable(name)).click();
+}
+
+void PanelRig::openPanel(const char* button)
+{
+    click(button);
+    QTRY_VERIFY(!SidePanels::moving());
+}
+
 void PanelRig::openPanelOf(const QString& objectName)
 {
     const QWidget& control = get(qPrintable(objectName));
-    const struct {
-        const char* panel;
-        const char* button;
-    } panels[] = {{"Modulat", "open_mod"}, {"List", "open_list"}, {"generator", "open_gener"}};
-    for (const auto& row : panels) {
-        if (get(row.panel).isAncestorOf(&control) && !get(row.panel).isVisible())
-            click(row.button);
+    const std::pair<const char*, const char*> panels[] = {
+        {"Modulat", "open_mod"}, {"List", "open_list"}, {"generator", "open_gener"}};
+    for (const auto& [panel, button] : panels) {
+        if (get(panel).isAncestorOf(&control) && !get(panel).isVisible())
+            openPanel(button);
     }
-    QTRY_VERIFY(!SidePanels::moving());
     QVERIFY(control.isVisible());
+}
+
+void PanelRig::chooseLanguage(const QString& code)
+{
+    const auto actions = m_window->findChildren<QAction*>();
+    for (QAction* action : actions) {
+        if (action->data().toString() == code)
+            action->trigger();
+    }
+    QCoreApplication::processEvents();
+}
+
+QString PanelRig::saveProfile(const QString& name)
+{
+    get<QLineEdit>("profile_name").setText(name);
+    clickAll("save_quick");
+    return userFolder() + "/QUICK_Profile_" + name + ".xml";
 }
 
 void PanelRig::connectDevice()
@@ -72,17 +100,17 @@ void PanelRig::connectDevice()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-bool PanelRig::isConnected()
+QString PanelRig::indicators()
 {
-    return get<QPushButton>("connect").isChecked();
-}
-
-QString PanelRig::device()
-{
-    return get<QLabel>("device").text();
-}
-
-QString PanelRig::status()
-{
-    return get<QLabel>("status").text();
+    const auto picture = [this](const char* name) {
+        return get<QLabel>(name).pixmap(Qt::ReturnByValue).toImage();
+    };
+    QString on;
+    for (const char* name : {"AM", "FM", "PM"}) {
+        const auto& button = get<QPushButton>(name);
+        if (picture("label_AmPmFm") == button.icon().pixmap(button.iconSize()).toImage())
+            on += name;
+    }
+    return on + (picture("label_PULM").isNull() ? "" : " PULM") +
+           (picture("label_Gener").isNull() ? "" : " LF");
 }

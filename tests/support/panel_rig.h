@@ -16,6 +16,7 @@ public:
 
     MainWindow& window() { return *m_window; }
 
+    /// A widget of the window or an action.
     template <typename Widget = QWidget>
     Widget& get(const char* objectName)
     {
@@ -27,18 +28,37 @@ public:
 
     void click(const char* objectName);
 
+    /// Clicks one after the other, separated by blanks, wherever they are, also in closed panels.
+    void clickAll(const QString& objectNames);
+
+    /// Text of a label, a field or a button.
+    QString text(const char* objectName) { return get(objectName).property("text").toString(); }
+
+    bool isChecked(const char* objectName) { return get<QAbstractButton>(objectName).isChecked(); }
+
     /// Replaces the field's text by keys and commits it with Return.
     void enter(const char* objectName, const QString& text);
 
     /// Opens the side panel that the control lies in, unless it is open.
     void openPanelOf(const QString& objectName);
 
+    /// Opens the side panel of a button in the window and waits until it stands still.
+    void openPanel(const char* button);
+
+    /// As the menu does; `code` is that of the setting.
+    void chooseLanguage(const QString& code);
+
+    /// Saves a quick profile. Returns the path of its file.
+    QString saveProfile(const QString& name);
+
     /// Presses the connect button and waits until the search and what follows are over.
     void connectDevice();
 
-    bool isConnected();
-    QString device();
-    QString status();
+    bool isConnected() { return isChecked("connect"); }
+    /// What the indicators say is on: "AM PULM LF" at most.
+    QString indicators();
+    QString device() { return text("device"); }
+    QString status() { return text("status"); }
 
     /// Destroys the window, as the end of the program does.
     void end() { m_window.reset(); }

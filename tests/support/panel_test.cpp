@@ -14,3 +14,17 @@ void PanelTest::init()
     QDir(userFolder()).removeRecursively();
     m_settings.clear();
 }
+
+void PanelTest::begin(const StartOptions& options)
+{
+    m_rig.reset();
+    m_rig = std::make_unique<PanelRig>(options);
+}
+
+void PanelTest::beginConnected()
+{
+    begin();
+    m_rig->connectDevice();
+    QVERIFY(m_rig->isConnected());
+    m_demo->takeTranscript();
+}

@@ -18,6 +18,12 @@ protected slots:
 protected:
     PanelTest();
 
+    /// A new window, after the end of the one before.
+    void begin(const StartOptions& options = PanelRig::defaultOptions());
+
+    /// The same with the instrument connected, and forgets what that has sent.
+    void beginConnected();
+
     QTemporaryDir m_home;
     DocumentsFolder m_documents{m_home.path()};
     QSettings m_settings{QStringLiteral("Veltro"), QStringLiteral("KLV")};

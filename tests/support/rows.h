@@ -23,3 +23,11 @@ void testRow(const QString& tag, const Cells&... cells)
 {
     testRow(qPrintable(tag), cells...);
 }
+
+/// Rows of one column whose name says it all.
+inline void testNames(const char* column, std::initializer_list<const char*> names)
+{
+    QTest::addColumn<QString>(column);
+    for (const char* name : names)
+        testRow(name, QString(name));
+}

@@ -46,21 +46,3 @@ void WireRig::click(const QString& names)
     for (const QString& name : names.split(QLatin1Char(' '), Qt::SkipEmptyParts))
         get(name)->click();
 }
-
-QStringList WireRig::sent()
-{
-    QStringList commands = {QString()};
-    for (const QString& line : demo.takeSent()) {
-        if (line == QLatin1String("SYSTem:ERRor?\\n"))
-            commands.last() += QLatin1Char('!');
-        else if (line == QLatin1String("*OPC?"))
-            commands.last() += QLatin1Char('~');
-        else if (line.endsWith(QLatin1String("\\n")))
-            commands << line.chopped(2);
-        else
-            commands << line + QLatin1String(" without line feed");
-    }
-    if (commands.first().isEmpty())
-        commands.removeFirst();
-    return commands;
-}

@@ -43,9 +43,8 @@ public:
         ::whenSent(host, demo, text, action);
     }
 
-    /// What has been sent since the last call, without line feeds; "!" stands for each look into
-    /// the error queue and "~" for each "*OPC?" without one, behind the command before it.
-    QStringList sent();
+    /// The commands since the last call, in the form of Demo::takeCommands.
+    QStringList sent() { return demo.takeCommands(); }
 
     Demo demo;
     VisaLibrary visa;
