@@ -113,8 +113,6 @@ bool fieldFits(const QLineEdit& field)
 QStringList clippedSections(const QHeaderView& header)
 {
     QStringList faults;
-    if (header.isHidden())
-        return faults;
     for (int section = 0; section < header.count(); ++section) {
         QStyleOptionHeader option;
         option.initFrom(&header);
@@ -136,10 +134,8 @@ QStringList clippedCells(const QTableView& table)
     const int margins = 2 * (table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
     for (int row = 0; row < table.model()->rowCount(); ++row) {
         for (int column = 0; column < table.model()->columnCount(); ++column) {
-            const QModelIndex cell = table.model()->index(row, column);
-            const QString text = cell.data().toString();
-            if (cell.data(Qt::ToolTipRole).isNull() &&
-                table.fontMetrics().horizontalAdvance(text) + margins > table.columnWidth(column))
+            const QString text = table.model()->index(row, column).data().toString();
+            if (table.fontMetrics().horizontalAdvance(text) + margins > table.columnWidth(column))
                 faults << QStringLiteral("clipped: cell \"%1\"").arg(text);
         }
     }
@@ -176,18 +172,19 @@ bool fits(const QWidget& widget)
     return !field || fieldFits(*field);
 }
 
-void collectMnemonics(const QString& where, const QStringList& texts, QStringList& faults)
+/// A fault for each key that a second owner claims.
+QStringList claimedTwice(const QString& where,
+                         const QList<std::pair<QKeySequence, QString>>& claims)
 {
+    QStringList faults;
     std::map<QString, QString> owners;
-    for (const QString& text : texts) {
-        const QString key = QKeySequence::mnemonic(text).toString();
-        if (key.isEmpty())
-            continue;
-        const auto [owner, isNew] = owners.emplace(key, text);
-        if (!isNew)
+    for (const auto& [keys, owner] : claims) {
+        const auto [first, isNew] = owners.emplace(keys.toString(), owner);
+        if (!isNew && !keys.isEmpty())
             faults << QStringLiteral("%1: %2 of \"%3\" and \"%4\"")
-                          .arg(where, key, owner->second, text);
+                          .arg(where, keys.toString(), first->second, owner);
     }
+    return faults;
 }
 
 /// Two pixels of the accent colour in the middle of each side.
@@ -276,43 +273,36 @@ QStringList overlaps(const QWidget& window)
 
 QStringList ambiguousKeys(const QWidget& window)
 {
-    QStringList faults;
-    QStringList texts;
-    std::map<QString, QString> owners;
-    const auto claim = [&](const QKeySequence& keys, const QString& owner) {
-        if (!keys.isEmpty() && !owners.emplace(keys.toString(), owner).second)
-            faults << QStringLiteral("%1 of %2 and %3")
-                          .arg(keys.toString(), owners[keys.toString()], owner);
+    using Claims = QList<std::pair<QKeySequence, QString>>;
+    Claims mnemonics;
+    const auto claimMnemonic = [](Claims& claims, const QString& text) {
+        claims.append({QKeySequence::mnemonic(text), text});
     };
     const QList<QWidget*> shown = shownWidgets(window);
     for (const QWidget* widget : shown) {
-        const auto* button = qobject_cast<const QAbstractButton*>(widget);
         const auto* label = qobject_cast<const QLabel*>(widget);
-        if (button)
-            texts << button->text();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+            claimMnemonic(mnemonics, button->text());
         else if (label && label->buddy())
-            texts << label->text();
+            claimMnemonic(mnemonics, label->text());
     }
-    collectMnemonics(QStringLiteral("window"), texts, faults);
+    QStringList faults = claimedTwice(QStringLiteral("window"), mnemonics);
     const auto menus = window.findChildren<QMenu*>();
     for (const QMenu* menu : menus) {
-        QStringList captions;
+        Claims captions;
         const auto actions = menu->actions();
         for (const QAction* action : actions)
-            captions << action->text();
-        collectMnemonics(menu->objectName(), captions, faults);
+            claimMnemonic(captions, action->text());
+        faults += claimedTwice(menu->objectName(), captions);
     }
-    const auto shortcuts = window.findChildren<QShortcut*>();
-    for (const QShortcut* shortcut : shortcuts)
-        claim(shortcut->key(), shortcut->parent()->objectName());
+    Claims shortcuts;
+    const auto all = window.findChildren<QShortcut*>();
+    for (const QShortcut* shortcut : all)
+        shortcuts.append({shortcut->key(), shortcut->parent()->objectName()});
     const auto actions = window.findChildren<QAction*>();
-    for (const QAction* action : actions) {
-        // Another window of the same parent has keys of its own.
-        const auto* owner = qobject_cast<const QWidget*>(action->parent());
-        if (!owner || owner->window() == &window || qobject_cast<const QMenu*>(owner))
-            claim(action->shortcut(), action->text());
-    }
-    return faults;
+    for (const QAction* action : actions)
+        shortcuts.append({action->shortcut(), action->text()});
+    return faults + claimedTwice(QStringLiteral("shortcuts"), shortcuts);
 }
 
 QStringList tabFaults(QWidget& window)

@@ -196,7 +196,7 @@ private slots:
         if (name.startsWith("St"))
             m_rig->clickAll("power_toFrom_freq");
         if (name != "POW")
-            m_rig->openPanelOf(name);
+            m_rig->openPanel("open_list");
         m_rig->enter(qPrintable(name), "-6");
         QCOMPARE(m_rig->text(qPrintable(name)), QString("-7"));
         m_rig->enter(qPrintable(name), "-8");
@@ -211,7 +211,7 @@ private slots:
         m_rig->enter("POW", "5");
         m_rig->enter("POW", "3");
         m_demo->takeCommands();
-        m_rig->openPanelOf("button_Sweep");
+        m_rig->openPanel("open_list");
         m_rig->clickAll("button_Sweep");
         m_demo->takeCommands();
         const auto setCeiling = [this](const QString& power) {
@@ -308,7 +308,7 @@ private slots:
         QTRY_VERIFY(m_rig->status().contains("applied"));
         m_rig->enter("POW", "-21");
         QCOMPARE(shown(), QString("-21, 2 000 000 000"));
-        m_rig->openPanelOf("Freq_Pow");
+        m_rig->openPanel("open_list");
         m_rig->enter("Freq_Pow", "-5");
         m_rig->enter("Start", "3G");
         m_rig->enter("POW", "-22");
@@ -316,7 +316,7 @@ private slots:
         QCOMPARE(shown(), QString("-5, 3 000 000 000"));
         // A display that comes to show the same is not followed again.
         begin();
-        m_rig->openPanelOf("Freq_Pow");
+        m_rig->openPanel("open_list");
         m_rig->enter("Freq_Pow", "-30");
         m_rig->enter("POW", "-30");
         m_rig->enter("POW", "-10");
@@ -336,7 +336,7 @@ private:
         if (way == "power sweep")
             m_rig->clickAll("power_toFrom_freq");
         if (way.endsWith("sweep")) {
-            m_rig->openPanelOf("Freq_Pow");
+            m_rig->openPanel("open_list");
             m_rig->enter(way == "sweep" ? "Freq_Pow" : "Start", text);
         }
         if (way == "list") {
@@ -344,7 +344,7 @@ private:
             table.setRowCount(2);
             table.setItem(1, 1, new QTableWidgetItem(text));
             m_rig->clickAll("List_is_Checked");
-            m_rig->openPanelOf("button_List");
+            m_rig->openPanel("open_list");
         }
     }
 

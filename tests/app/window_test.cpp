@@ -1,9 +1,15 @@
+#include "app/side_panels.h"
+#include "fields/keypad/keypad.h"
 #include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
+#include "tests/support/wire_rig.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTableWidget>
 
 namespace
 {
@@ -16,7 +22,8 @@ void collectWarnings(QtMsgType type, const QMessageLogContext&, const QString& m
 }
 } // namespace
 
-/// What the window itself does: wiring, language, settings, start and end.
+/// What the window itself does: wiring, language, settings, keys, start and end, and what happens
+/// to it while the service panel works.
 class WindowTest : public PanelTest
 {
     Q_OBJECT
@@ -112,6 +119,192 @@ private slots:
         QCoreApplication::processEvents();
         QVERIFY(!m_rig->isConnected());
         QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void escapeClosesWhatOpenedLast_data()
+    {
+        testColumns<QString, QStringList>("order", "left"); // after each Escape
+        testRow("panel, prompt", "panel prompt", QStringList({"panel", ""}));
+        testRow("prompt, panel", "prompt panel", QStringList({"prompt", ""}));
+        testRow("prompt, panel, keypad", "prompt panel keypad",
+                QStringList({"panel prompt", "prompt", ""}));
+    }
+
+    void escapeClosesWhatOpenedLast()
+    {
+        QFETCH(QString, order);
+        QFETCH(QStringList, left);
+        beginActive();
+        for (const QString& name : order.split(' ')) {
+            // A click into the window makes it the active one, as its user's would.
+            if (name != "prompt") {
+                m_rig->window().activateWindow();
+                QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+            }
+            if (name == "panel")
+                m_rig->openPanel("open_mod");
+            else
+                m_rig->click(name == "prompt" ? "butSetModePow" : "key_FREQ");
+        }
+        for (const QString& open : left) {
+            press(Qt::Key_Escape);
+            QCOMPARE(opened(), open);
+        }
+        // With nothing open it does nothing.
+        press(Qt::Key_Escape);
+        QVERIFY(m_rig->window().isVisible());
+    }
+
+    void escapeFirstRestoresTheField()
+    {
+        beginActive();
+        m_rig->connectDevice();
+        m_rig->enter("FREQ", "5M");
+        m_rig->openPanel("open_mod");
+        auto& field = m_rig->get<QLineEdit>("FREQ");
+        field.setFocus();
+        QTest::keyClicks(&field, "7");
+        m_demo->takeSent();
+        press(Qt::Key_Escape);
+        QCOMPARE(field.text(), QString("5 000 000"));
+        QCOMPARE(opened(), QString("panel"));
+        press(Qt::Key_Escape);
+        QCOMPARE(opened(), QString());
+        QCOMPARE(m_demo->takeSent(), QStringList());
+    }
+
+    void menuIsReachedByKeys_data()
+    {
+        testColumns<QString, int>("language", "aboutKey");
+        testRow("English", "en", int(Qt::Key_A));
+        testRow("Russian", "ru", 0x041E);
+    }
+
+    void menuIsReachedByKeys()
+    {
+        QFETCH(QString, language);
+        QFETCH(int, aboutKey);
+        beginActive();
+        m_rig->chooseLanguage(language);
+        auto& menu = m_rig->get<QMenu>("menu");
+        QTimer::singleShot(0, &m_rig->window(), [&] {
+            QTRY_VERIFY(menu.isVisible());
+            QKeyEvent press(QEvent::KeyPress, aboutKey, Qt::NoModifier, QString(QChar(aboutKey)));
+            QCoreApplication::sendEvent(&menu, &press);
+            menu.close();
+        });
+        QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_F10);
+        auto* about = m_rig->window().findChild<Form*>();
+        QTRY_VERIFY(about->isVisible());
+        about->close();
+    }
+
+    void quits()
+    {
+        beginActive();
+        press(Qt::Key_Q, Qt::ControlModifier);
+        QVERIFY(!m_rig->window().isVisible());
+    }
+
+    void aClosedPanelEndsWriting_data() { testNames("button", {"service", "open_mod"}); }
+
+    void aClosedPanelEndsWriting()
+    {
+        QFETCH(QString, button);
+        const QString firstRow = "MEM:TABLE:ADD 1000000000 -4";
+        openService();
+        whenSent(m_rig->window(), *m_demo, firstRow, [&] { m_rig->click(qPrintable(button)); });
+        m_rig->click("applyCalibrate");
+        QCOMPARE(m_demo->takeCommands(), QStringList(firstRow));
+        QCOMPARE(m_rig->text("applyCalibrate"), QString("Write"));
+        QVERIFY(m_rig->get("table").isEnabledTo(&m_rig->window()));
+        QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
+        QVERIFY(!QGuiApplication::overrideCursor());
+    }
+
+    void temperatureIsPolledWhileOpen()
+    {
+        beginConnected();
+        auto* connection = m_rig->window().findChild<Connection*>();
+        emit connection->pollDue();
+        QCOMPARE(m_demo->takeSent(), QStringList());
+        m_rig->openPanel("service");
+        m_demo->takeSent();
+        emit connection->pollDue();
+        QCOMPARE(m_demo->takeCommands(), QStringList("TEMP?"));
+        (*m_demo)("reply TEMP? ->");
+        const QString shown = m_rig->text("text_temp");
+        emit connection->pollDue();
+        QCOMPARE(m_rig->status(), QString("error getting temperature"));
+        QCOMPARE(m_rig->text("text_temp"), shown);
+    }
+
+    /// And another instrument is never given its table.
+    void anInstrumentFillsAnOpenPanel()
+    {
+        begin();
+        m_rig->openPanel("service");
+        QCOMPARE(m_demo->takeSent(), QStringList());
+        (*m_demo)("reply MEM:MSC? -> OFF");
+        m_rig->connectDevice();
+        QCOMPARE(m_demo->takeCommands().last(), QString("TEMP?"));
+        QCOMPARE(m_rig->get<QTableWidget>("table").rowCount(), 20);
+        QCOMPARE(m_rig->text("serias"), QString("20215678"));
+        QCOMPARE(m_rig->text("label_firmware"), QString("2.7.1"));
+        m_rig->click("connect");
+        QCOMPARE(m_rig->get<QTableWidget>("table").rowCount(), 0);
+    }
+
+    void theKeypadTunesTheReference()
+    {
+        openService();
+        m_rig->click("key_REF_OSC");
+        auto& keypad = m_rig->get("keypad");
+        QVERIFY(keypad.isVisible());
+        QTest::keyClicks(keypad.focusWidget(), "500");
+        QTest::keyClick(keypad.focusWidget(), Qt::Key_Return);
+        QCOMPARE(m_demo->takeCommands(), QStringList("MEM:DAC 500!"));
+        QCOMPARE(m_rig->text("REF_OSC"), QString("500"));
+    }
+
+private:
+    void beginActive()
+    {
+        begin();
+        QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+    }
+
+    QString opened()
+    {
+        QStringList names;
+        const std::pair<const char*, const char*> widgets[] = {
+            {"panel", "Modulat"}, {"prompt", "WgtModePow"}, {"keypad", "keypad"}};
+        for (const auto& [name, widget] : widgets) {
+            if (m_rig->get(widget).isVisible())
+                names << name;
+        }
+        return names.join(' ');
+    }
+
+    /// As the system would: to whichever window has the focus.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        // The platform of the tests gives the focus back to nobody.
+        QWindow* window = QGuiApplication::focusWindow();
+        if (!window || !window->isVisible()) {
+            m_rig->window().activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+            window = m_rig->window().windowHandle();
+        }
+        QTest::keyClick(window, key, modifiers);
+        QTRY_VERIFY(!SidePanels::moving());
+    }
+
+    void openService()
+    {
+        beginConnected();
+        m_rig->openPanel("service");
+        m_demo->takeSent();
     }
 };
 

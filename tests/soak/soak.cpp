@@ -318,13 +318,13 @@ private:
         for (const auto& row : switches) {
             bool isOn = false;
             for (const QString& name : QString(row.buttons).split(' '))
-                isOn = isOn || isChecked(qPrintable(name));
+                isOn = isOn || m_rig.isChecked(qPrintable(name));
             compare(row.query, isOn ? "1" : "0", ask(row.query));
         }
         compare("RF lamp", m_rig.get("label_RF").isEnabled() ? "1" : "0", ask("OUTP?"));
         compare("max power", m_rig.get("wgtMaxPow").isHidden() ? "0" : "1", ask("POW:BOOS?"));
-        compare("reference", isChecked("ROSC") ? "EXT" : "INT", ask("ROSC:SOUR?"));
-        const bool isRunning = isChecked("button_Sweep") || isChecked("button_List");
+        compare("reference", m_rig.isChecked("ROSC") ? "EXT" : "INT", ask("ROSC:SOUR?"));
+        const bool isRunning = m_rig.isChecked("button_Sweep") || m_rig.isChecked("button_List");
         const QString modes = ask("FREQ:MODE?;:POW:MODE?");
         compare("run", isRunning ? "on" : "off", modes == "FIX;FIX" ? "off" : "on");
         for (const char* name : {"FREQ", "POW"}) {
@@ -337,7 +337,6 @@ private:
         return found;
     }
 
-    bool isChecked(const char* name) { return m_rig.get<QPushButton>(name).isChecked(); }
     QString ask(const char* query) { return m_demo("ask " + QString(query)).trimmed(); }
 
     Demo& m_demo;

@@ -56,18 +56,6 @@ void PanelRig::openPanel(const char* button)
     QTRY_VERIFY(!SidePanels::moving());
 }
 
-void PanelRig::openPanelOf(const QString& objectName)
-{
-    const QWidget& control = get(qPrintable(objectName));
-    const std::pair<const char*, const char*> panels[] = {
-        {"Modulat", "open_mod"}, {"List", "open_list"}, {"generator", "open_gener"}};
-    for (const auto& [panel, button] : panels) {
-        if (get(panel).isAncestorOf(&control) && !get(panel).isVisible())
-            openPanel(button);
-    }
-    QVERIFY(control.isVisible());
-}
-
 void PanelRig::chooseLanguage(const QString& code)
 {
     const auto actions = m_window->findChildren<QAction*>();

@@ -39,9 +39,6 @@ public:
     /// Replaces the field's text by keys and commits it with Return.
     void enter(const char* objectName, const QString& text);
 
-    /// Opens the side panel that the control lies in, unless it is open.
-    void openPanelOf(const QString& objectName);
-
     /// Opens the side panel of a button in the window and waits until it stands still.
     void openPanel(const char* button);
 

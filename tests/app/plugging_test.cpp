@@ -9,7 +9,7 @@
 #include <QSaveFile>
 
 /// Cables pulled and plugged in, by way of the file of simulated instruments.
-class HotPlugTest : public PanelTest
+class PluggingTest : public PanelTest
 {
     Q_OBJECT
 
@@ -182,5 +182,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_MAIN(HotPlugTest)
-#include "hot_plug_test.moc"
+QTEST_MAIN(PluggingTest)
+#include "plugging_test.moc"
