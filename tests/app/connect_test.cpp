@@ -177,6 +177,7 @@ private slots:
         rig.connectDevice();
         QVERIFY(QApplication::activeModalWidget());
         QApplication::activeModalWidget()->close();
+        QCOMPARE(rig.status(), QString());
         rig.connectDevice();
         QVERIFY(!rig.isConnected());
         auto* chooser = qobject_cast<GuiListKLV*>(QApplication::activeModalWidget());

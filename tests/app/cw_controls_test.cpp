@@ -191,7 +191,7 @@ private slots:
                               "ROSCillator:SOURce INTernal!"}));
     }
 
-    void unlockShowsAndGoes()
+    void indicatorsShowAndGo()
     {
         (*m_demo)("error 328");
         m_rig->click("Output");
@@ -211,10 +211,7 @@ private slots:
         (*m_demo)("reference present");
         m_rig->click("Output");
         QVERIFY(!m_rig->get("label_ExtRef").property("unlocked").toBool());
-    }
 
-    void indicator329ShowsAndGoes()
-    {
         (*m_demo)("error 329 Reverse power");
         m_rig->click("Output");
         QVERIFY(m_rig->get("label_329").isVisible());

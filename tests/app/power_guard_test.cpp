@@ -191,6 +191,8 @@ private slots:
         begin();
         QCOMPARE(m_rig->text("POW"), QString("-7"));
         QCOMPARE(m_rig->text("Freq_Pow"), QString("-7"));
+        // Half typed, and pushed.
+        m_rig->get<QLineEdit>("POW").setText("5");
         m_rig->connectDevice();
         QVERIFY(m_demo->takeCommands().contains("POW -7.000000;POW?!"));
         if (name.startsWith("St"))
