@@ -71,7 +71,8 @@ private slots:
         testRow("frequency point", "FREQ", ".");
     }
 
-    /// On Return, on leaving the field, and when the output is switched on from within it.
+    /// On Return, on a step, on leaving the field, and when the output is switched on from within
+    /// it.
     void noNumberSendsNothing()
     {
         QFETCH(QString, name);
@@ -82,6 +83,7 @@ private slots:
         m_demo->takeSent();
         const std::function<void()> ends[] = {
             [&] { QTest::keyClick(&edit, Qt::Key_Return); },
+            [&] { QTest::keyClick(&edit, Qt::Key_Up); },
             [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
             [&] { m_rig->click("Output"); },
             [&] {

@@ -113,6 +113,8 @@ bool fieldFits(const QLineEdit& field)
 QStringList clippedSections(const QHeaderView& header)
 {
     QStringList faults;
+    if (header.isHidden())
+        return faults;
     for (int section = 0; section < header.count(); ++section) {
         QStyleOptionHeader option;
         option.initFrom(&header);
@@ -134,8 +136,10 @@ QStringList clippedCells(const QTableView& table)
     const int margins = 2 * (table.style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
     for (int row = 0; row < table.model()->rowCount(); ++row) {
         for (int column = 0; column < table.model()->columnCount(); ++column) {
-            const QString text = table.model()->index(row, column).data().toString();
-            if (table.fontMetrics().horizontalAdvance(text) + margins > table.columnWidth(column))
+            const QModelIndex cell = table.model()->index(row, column);
+            const QString text = cell.data().toString();
+            if (cell.data(Qt::ToolTipRole).isNull() &&
+                table.fontMetrics().horizontalAdvance(text) + margins > table.columnWidth(column))
                 faults << QStringLiteral("clipped: cell \"%1\"").arg(text);
         }
     }
@@ -300,8 +304,12 @@ QStringList ambiguousKeys(const QWidget& window)
     for (const QShortcut* shortcut : all)
         shortcuts.append({shortcut->key(), shortcut->parent()->objectName()});
     const auto actions = window.findChildren<QAction*>();
-    for (const QAction* action : actions)
-        shortcuts.append({action->shortcut(), action->text()});
+    for (const QAction* action : actions) {
+        // Another window of the same parent has keys of its own.
+        const auto* owner = qobject_cast<const QWidget*>(action->parent());
+        if (!owner || owner->window() == &window || qobject_cast<const QMenu*>(owner))
+            shortcuts.append({action->shortcut(), action->text()});
+    }
     return faults + claimedTwice(QStringLiteral("shortcuts"), shortcuts);
 }
 

@@ -91,6 +91,7 @@ const Surface surfaces[] = {
          rig.connectDevice();
          rig.get<Form>("Form").showAbout();
      }},
+    {"log", "connected action_log", "ScpiLog", "dialog_title"},
     {"firmware", "", "Firmware", "lblCaption",
      [](PanelRig& rig, Demo&) { rig.get("Firmware").show(); }},
     {"power prompt", "connected butSetModePow", "WgtModePow", "lblModePowFirst"},

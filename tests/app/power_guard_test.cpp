@@ -92,6 +92,40 @@ private slots:
         QVERIFY2(sent.isEmpty() ? all.isEmpty() : all.count(sent) == 1, qPrintable(all.join(' ')));
     }
 
+    void asksForWhatAStartBecomes_data()
+    {
+        testColumns<QString, QString, QString>("way", "changedTo", "asked");
+        testRow("sweep", "sweep", "10", "Power from -40 to +10 dBm with RF on?");
+        testRow("list", "list", "10", "Power from -40 to +10 dBm with RF on?");
+        testRow("no number", "sweep", "", "");
+    }
+
+    /// In the pauses in which a start switches the modulation off, the run can still be changed.
+    void asksForWhatAStartBecomes()
+    {
+        QFETCH(QString, way);
+        QFETCH(QString, changedTo);
+        QFETCH(QString, asked);
+        beginConnected();
+        prepare(way, -40);
+        m_rig->enter("POW", "-40");
+        m_rig->clickAll("Output AM");
+        m_demo->takeSent();
+        whenSent(m_rig->window(), *m_demo, "AM:STATe OFF", [&] {
+            m_rig->get<QLineEdit>("Freq_Pow").setText(changedTo);
+            if (way == "list")
+                m_rig->get<QTableWidget>("table_List").item(1, 1)->setText(changedTo);
+        });
+        answerWith("cancel");
+        act(way, 10);
+        QTRY_VERIFY(Activities::global().texts().isEmpty());
+        QTRY_COMPARE(m_asked, asked);
+        QTRY_VERIFY(!question());
+        const QStringList all = m_sentBefore + m_demo->takeCommands();
+        QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
+        QVERIFY(m_rig->get("POW").isEnabled());
+    }
+
     void isAnsweredWithNo_data()
     {
         testColumns<QString, QString>("way", "answer");
@@ -370,6 +404,7 @@ private:
     void answerWith(const char* button)
     {
         m_asked.clear();
+        m_sentBefore.clear();
         const auto isAsked = [this] { return question() && question()->isVisible(); };
         when(m_rig->window(), isAsked, [this, button] {
             QDialog* dialog = question();

@@ -2,9 +2,9 @@
 #include "log/log_model.h"
 #include "log/log_text.h"
 #include "log/python_script.h"
-#include "tests/app/panel_set_ups.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
+#include "ui/files/whole_file.h"
 
 #include <QAction>
 #include <QApplication>
@@ -235,11 +235,11 @@ private slots:
         options.logPath = m_home.filePath("wire.log");
         m_rig = std::make_unique<PanelRig>(options);
         m_rig->connectDevice();
-        const QByteArray written = bytesOf(options.logPath);
+        const QByteArray written = readWholeFile(options.logPath, 1 << 20).bytes;
         QVERIFY(written.contains("\tOUTPut OFF\t\t"));
         QVERIFY(written.contains("\tFREQ 1000000000.000000 Hz;FREQ?\t1000000000\t"));
         m_rig.reset();
-        QVERIFY(bytesOf(options.logPath).startsWith(written));
+        QVERIFY(readWholeFile(options.logPath, 1 << 20).bytes.startsWith(written));
         (*m_demo)("reset");
         options.logPath = m_home.filePath("no such folder/wire.log");
         m_rig = std::make_unique<PanelRig>(options);
@@ -255,13 +255,13 @@ private slots:
         open();
         toggle("log_clear");
         for (const QString action :
-             {"POW=-7", "ROSC", "AM", "line_Ampl_1=2500", "Rect_Ampl", "percentLine_Ampl=30",
-              "Pulse", "line_width=5", "rectangle_select", "VOLTAGE=2.5", "Time=2m", "service",
-              "REF_OSC=7", "Output"}) {
+             {"POW=-7", "ROSC", "open_mod", "AM", "line_Ampl_1=2500", "Rect_Ampl",
+              "percentLine_Ampl=30", "Pulse", "line_width=5", "open_gener", "rectangle_select",
+              "VOLTAGE=2.5", "open_list", "Time=2m", "service", "REF_OSC=7", "Output"}) {
             const QString control = action.section('=', 0, 0);
-            if (control != "REF_OSC")
-                m_rig->openPanelOf(control);
-            if (action.contains('='))
+            if (control.startsWith("open_") || control == "service")
+                m_rig->openPanel(qPrintable(control));
+            else if (action.contains('='))
                 m_rig->enter(qPrintable(control), action.section('=', 1));
             else
                 m_rig->click(qPrintable(control));
