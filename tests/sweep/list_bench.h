@@ -5,7 +5,9 @@
 #include "tests/support/fields.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QtTest>
 
@@ -21,8 +23,6 @@ struct ListBench {
         (void)QTest::qWaitForWindowActive(&panel);
         if (isListShown)
             click("List_is_Checked");
-        QObject::connect(&fields.notices, &Notices::said,
-                         [this](const Notice& notice) { said << notice.words(); });
         QObject::connect(&panel, &List::errorMessage,
                          [this](const QString& m) { said << "error: " + m; });
     }
@@ -40,6 +40,12 @@ struct ListBench {
         QTest::mouseClick(&get<QAbstractButton>(name), Qt::LeftButton);
     }
     QString field(const QString& name) const { return get<QLineEdit>(name).text(); }
+    void setLimits()
+    {
+        fields.limits[Quantity::Frequency] = {9000, 20000000000};
+        fields.limits[Quantity::Power] = {-30.0, 20.0};
+        fields.limits[Quantity::SweepDwell] = fields.limits[Quantity::ListDwell] = {50, 1000000};
+    }
 
     PointTable& table() const { return panel.table(); }
     /// "frequency,power,dwell" for each row.
@@ -95,6 +101,13 @@ struct ListBench {
         });
         timer->start(1);
     }
+    /// Answers the next question, "No" by its default button.
+    void whenAsked(bool isYes)
+    {
+        whenAsked<QMessageBox>([isYes](QMessageBox& box) {
+            (isYes ? box.buttons().first() : box.defaultButton())->click();
+        });
+    }
     /// Clicks a button, answers the dialog that it opens, and waits for what comes of it.
     template <typename Dialog>
     void answer(const QString& button, const std::function<void(Dialog&)>& answer)
@@ -110,8 +123,17 @@ struct ListBench {
         QTRY_VERIFY(panel.findChildren<QDialog*>().isEmpty());
         QCoreApplication::processEvents();
     }
+    /// Chooses a file by its name, or cancels the dialog.
+    void chooseFile(const QString& button, const QString& name, bool isAccepted = true)
+    {
+        answer<QFileDialog>(button, [&](QFileDialog& dialog) {
+            if (!name.isEmpty())
+                dialog.findChild<QLineEdit*>("fileNameEdit")->setText(name);
+            isAccepted ? static_cast<QDialog&>(dialog).accept() : dialog.reject();
+        });
+    }
 
     Fields fields;
     List panel{fields.context};
-    QStringList said;
+    QStringList& said = fields.said;
 };

