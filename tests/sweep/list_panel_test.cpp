@@ -106,7 +106,7 @@ private slots:
 
     void oneRunAndItIsSeen()
     {
-        const ListBench bench(false);
+        ListBench bench(false);
         const std::pair<const char*, QString> steps[] = {
             {"button_Sweep", "S-s-"},    {"List_is_Checked", "---l"}, {"button_List", "-L-l"},
             {"List_is_Checked", "--s-"}, {"button_List", "-L-l"},     {"button_Sweep", "S-s-"}};
@@ -119,6 +119,10 @@ private slots:
                          .arg(bench.get<QGroupBox>("List__").isVisible() ? 'l' : '-'),
                      state);
         }
+        QSignalSpy hide(&bench.panel, &SidePanel::hide_);
+        bench.panel.autoOff();
+        QVERIFY(!bench.panel.isRunning());
+        QCOMPARE(hide.size(), 1);
     }
 
     void rowsStepAList()

@@ -56,15 +56,105 @@ private slots:
     void init() { make(shortPauseMs); }
     void cleanup() { m_rig.reset(); }
 
-    void sizes_data();
-    void sizes();
-    void cells_data();
-    void cells();
-    void waitsBetweenBlocks();
-    void barShowsTheProgress();
-    void uncheckedInAPause_data();
-    void uncheckedInAPause();
-    void tableChangedInAPause();
+    void sizes_data()
+    {
+        testColumns<int, QString>("rows", "blocks");
+        testRow("none", 0, "");
+        testRow("one", 1, "0-1");
+        testRow("just a block", 32, "0-32");
+        testRow("and a rest", 33, "0-32 32-33");
+        testRow("two blocks", 64, "0-32 32-64");
+        testRow("many", 200, "0-32 32-64 64-96 96-128 128-160 160-192 192-200");
+    }
+    void sizes()
+    {
+        QFETCH(int, rows);
+        QFETCH(QString, blocks);
+        m_rig->fillRows(rows);
+        pauses().totalMs = 0;
+        QVERIFY(m_rig->transfer.transferTable());
+        QCOMPARE(m_rig->sent(), tableCommands(rows, blocks));
+        // Behind each block but the first and the rest of a list.
+        QCOMPARE(pauses().totalMs, 3 * shortPauseMs * std::max(rows / 32 - 1, 0));
+        QVERIFY(m_rig->isTidy());
+        for (const char* list : {"FREQ", "POW", "DWEL"})
+            QCOMPARE(m_rig->ask(QString("LIST:%1:POIN?").arg(list)).toInt(), rows);
+    }
+
+    void cells_data()
+    {
+        testColumns<QString, QString>("row", "sent");
+        testRow("short dwell", "1 000 000;-5;50", "1 000 000Hz|-5|5e-05");
+        testRow("grouped dwell", "1 000 000;0;1 000", "1 000 000Hz|0|0.001");
+        testRow("six digits", "1 000.5;-5.50;1 234 567.8", "1 000.5Hz|-5.50|1.23457");
+        testRow("empty", ";;", "1 000Hz|-7|0.001");
+        testRow("formats", "%s %1;%n%lf;%d", "%s %1Hz|%n%lf|0");
+    }
+    void cells()
+    {
+        QFETCH(QString, row);
+        m_rig->fill({row});
+        m_rig->transfer.transferTable();
+        QStringList sent = m_rig->sent();
+        sent.replaceInStrings(QRegularExpression("^LIST:(FREQ|POW|DWEL) (.*)~!*$"), "\\2");
+        QTEST(sent.join('|'), "sent");
+        for (int column = 0; column < 3; ++column)
+            QCOMPARE(m_rig->panel.table().text(0, column), row.section(';', column, column));
+    }
+
+    void barShowsTheProgress()
+    {
+        make(ListTransfer::usualPauseMs);
+        QStringList seen;
+        const auto look = [&] {
+            PointTable& table = m_rig->panel.table();
+            const auto* bar = table.findChild<progressBarForTable*>();
+            seen << QString("%1/%2 %3").arg(bar->value()).arg(bar->maximum()).arg(bar->format());
+            QCOMPARE(m_rig->panel.cursor().shape(), Qt::WaitCursor);
+            table.resize(table.width() + 5, table.height() + 5);
+            QCOMPARE(bar->geometry(), table.rect());
+        };
+        m_rig->panel.table().parentWidget()->show();
+        m_rig->fillRows(64);
+        m_rig->whenSent("1 132 000Hz", look);
+        m_rig->whenSent(",0.001063", look);
+        m_rig->transfer.transferTable();
+        QCOMPARE(seen, QStringList({"1/6 List 1 of 3, 0:02 left", "3/6 List 3 of 3, 0:01 left"}));
+    }
+
+    void uncheckedInAPause_data()
+    {
+        testColumns<QString, int>("seen", "commands");
+        testRow("first", "1 132 000Hz", 2);
+        testRow("last of a list", "1 164 000Hz", 3);
+        testRow("power", ":POW:ADD", 6);
+        testRow("last", "0.001064", 11);
+    }
+    /// The rest of the list and the lists after it are not sent.
+    void uncheckedInAPause()
+    {
+        QFETCH(QString, seen);
+        QFETCH(int, commands);
+        m_rig->fillRows(100);
+        m_rig->whenSent(seen, [this] {
+            const QSignalBlocker quiet(m_rig->panel.runList());
+            m_rig->panel.runList().setChecked(false);
+        });
+        QVERIFY(m_rig->transfer.transferTable());
+        QStringList expected = tableCommands(100, "0-32 32-64 64-96 96-100").mid(0, commands);
+        expected.last() += '!';
+        QCOMPARE(m_rig->sent(), expected);
+        QVERIFY(m_rig->isTidy());
+    }
+
+    /// The three lists match whatever happens to the table in between.
+    void tableChangedInAPause()
+    {
+        m_rig->fillRows(70);
+        m_rig->whenSent("1 132 000Hz", [this] { m_rig->panel.table().setRowCount(3); });
+        m_rig->transfer.transferTable();
+        QCOMPARE(m_rig->sent(), tableCommands(70, "0-32 32-64 64-70"));
+    }
 
 private:
     void make(int pauseMs)
@@ -78,130 +168,6 @@ private:
 
     std::unique_ptr<SweepRig> m_rig;
 };
-
-void ListTransferTest::sizes_data()
-{
-    testColumns<int, QString>("rows", "blocks");
-    testRow("0", 0, "");
-    testRow("1", 1, "0-1");
-    testRow("31", 31, "0-31");
-    testRow("32", 32, "0-32");
-    testRow("33", 33, "0-32 32-33");
-    testRow("64", 64, "0-32 32-64");
-    testRow("70", 70, "0-32 32-64 64-70");
-    QString blocks;
-    for (int first = 0; first < 992; first += 32)
-        blocks += QString("%1-%2 ").arg(first).arg(first + 32);
-    testRow("1000", 1000, blocks + "992-1000");
-}
-
-void ListTransferTest::sizes()
-{
-    QFETCH(int, rows);
-    QFETCH(QString, blocks);
-    m_rig->fillRows(rows);
-    QVERIFY(m_rig->transfer.transferTable());
-    QCOMPARE(m_rig->sent(), tableCommands(rows, blocks));
-    QVERIFY(m_rig->isTidy());
-    for (const char* list : {"FREQ", "POW", "DWEL"})
-        QCOMPARE(m_rig->ask(QString("LIST:%1:POIN?").arg(list)).toInt(), rows);
-}
-
-void ListTransferTest::cells_data()
-{
-    testColumns<QString, QStringList>("row", "sent");
-    testRow("short dwell", "1 000 000;-5;50",
-            QStringList{"FREQ 1 000 000Hz", "POW -5", "DWEL 5e-05"});
-    testRow("grouped dwell", "1 000 000;0;1 000",
-            QStringList{"FREQ 1 000 000Hz", "POW 0", "DWEL 0.001"});
-    testRow("six digits", "1 000.5;-5.50;1 234 567.8",
-            QStringList{"FREQ 1 000.5Hz", "POW -5.50", "DWEL 1.23457"});
-    testRow("empty", ";;", QStringList{"FREQ 1 000Hz", "POW -7", "DWEL 0.001"});
-    testRow("formats", "%s %1;%n%lf;%d", QStringList{"FREQ %s %1Hz", "POW %n%lf", "DWEL 0"});
-}
-
-void ListTransferTest::cells()
-{
-    QFETCH(QString, row);
-    QFETCH(QStringList, sent);
-    m_rig->fill({row});
-    m_rig->transfer.transferTable();
-    for (QString& command : sent)
-        command = "LIST:" + command + "~";
-    QStringList onTheWire = m_rig->sent();
-    onTheWire.replaceInStrings("!", "");
-    QCOMPARE(onTheWire, sent);
-    for (int column = 0; column < 3; ++column)
-        QCOMPARE(m_rig->panel.table().text(0, column), row.section(';', column, column));
-}
-
-void ListTransferTest::waitsBetweenBlocks()
-{
-    make(ListTransfer::usualPauseMs);
-    m_rig->fillRows(70);
-    pauses().totalMs = 0;
-    m_rig->transfer.transferTable();
-    // One pause in each list: behind its second block, not behind the first or the remainder.
-    QCOMPARE(pauses().totalMs, 3 * 500);
-}
-
-void ListTransferTest::barShowsTheProgress()
-{
-    make(ListTransfer::usualPauseMs);
-    QStringList seen;
-    const auto look = [&] {
-        auto* bar = m_rig->host.findChild<progressBarForTable*>("progressBarForTable");
-        PointTable& table = m_rig->panel.table();
-        QVERIFY(bar && bar == table.findChild<QWidget*>("progressBarForTable"));
-        seen << QString("%1/%2 %3").arg(bar->value()).arg(bar->maximum()).arg(bar->format());
-        QCOMPARE(m_rig->panel.cursor().shape(), Qt::WaitCursor);
-        table.resize(table.width() + 5, table.height() + 5);
-        QCOMPARE(bar->geometry(), table.rect());
-    };
-    m_rig->panel.table().parentWidget()->show();
-    m_rig->fillRows(64);
-    m_rig->whenSent("1 132 000Hz", look);
-    m_rig->whenSent(",0.001063", look);
-    m_rig->transfer.transferTable();
-    QCOMPARE(seen, QStringList({"1/6 List 1 of 3, 0:02 left", "3/6 List 3 of 3, 0:01 left"}));
-    QVERIFY(m_rig->isTidy());
-}
-
-void ListTransferTest::uncheckedInAPause_data()
-{
-    testColumns<QString, int>("seen", "commands");
-    testRow("first", "1 132 000Hz", 2);
-    testRow("last of a list", "1 164 000Hz", 3);
-    testRow("power", ":POW:ADD", 6);
-    testRow("dwell", "0.001032", 10);
-    testRow("last", "0.001064", 11);
-}
-
-/// The rest of the list and the lists after it are not sent.
-void ListTransferTest::uncheckedInAPause()
-{
-    QFETCH(QString, seen);
-    QFETCH(int, commands);
-    m_rig->fillRows(100);
-    m_rig->whenSent(seen, [this] {
-        const QSignalBlocker quiet(m_rig->panel.runList());
-        m_rig->panel.runList().setChecked(false);
-    });
-    QVERIFY(m_rig->transfer.transferTable());
-    QStringList expected = tableCommands(100, "0-32 32-64 64-96 96-100").mid(0, commands);
-    expected.last() += '!';
-    QCOMPARE(m_rig->sent(), expected);
-    QVERIFY(m_rig->isTidy());
-}
-
-/// The three lists match whatever happens to the table in between.
-void ListTransferTest::tableChangedInAPause()
-{
-    m_rig->fillRows(70);
-    m_rig->whenSent("1 132 000Hz", [this] { m_rig->panel.table().setRowCount(3); });
-    m_rig->transfer.transferTable();
-    QCOMPARE(m_rig->sent(), tableCommands(70, "0-32 32-64 64-70"));
-}
 
 QTEST_MAIN(ListTransferTest)
 #include "list_transfer_test.moc"

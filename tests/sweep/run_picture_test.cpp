@@ -1,159 +1,107 @@
 #include "sweep/picture/list_plot.h"
 #include "sweep/run_picture.h"
+#include "tests/support/rows.h"
 #include "tests/sweep/sweep_rig.h"
 
 #include <QLabel>
-#include <QTest>
 
-namespace
-{
-constexpr int transferPauseMs = 1;
-
-/// The panel with its picture over the simulated instrument.
-struct PictureRig : SweepRig {
-    PictureRig() : SweepRig(transferPauseMs)
-    {
-        picture.follow(sweep, triggers);
-        setSweep(5, 1000000);
-    }
-
-    void setSweep(int count, int dwellUs)
-    {
-        panel.sweep().points().setText(QString::number(count));
-        panel.sweep().dwell().setText(QString::number(dwellUs));
-    }
-    QString words() { return panel.plot().accessibleDescription(); }
-    QString header() { return panel.findChild<QLabel*>("plot_List_header")->text(); }
-    /// The point that the header names, 0 for none.
-    int shownPoint() { return header().section(' ', 1, 1).toInt(); }
-    int instrumentPoint() { return ask("LIST:POIN:CURR?").toInt(); }
-
-    RunPicture picture{panel, power};
-};
-} // namespace
-
+/// The picture beside the run: what it says of the settings and which point it shows.
 class RunPictureTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void followsTheFields();
-    void followsTheTable();
-    void readsNothingWhileHidden();
-    void followsASweepSteppedByHand();
-    void followsAListSteppedByHand();
-    void followsTheTrigger();
-    void forgetsARunThatIsLost();
-};
-
-void RunPictureTest::followsTheFields()
-{
-    PictureRig rig;
-    rig.panel.sweep().start().setText("2 000 000");
-    rig.panel.sweep().stop().setText("1 000 000");
-    rig.setSweep(11, 2000);
-    QTRY_COMPARE(rig.words(), QString("Sweep of 11 points: 2 MHz to 1 MHz, 0 dBm, 22 ms per pass"));
-    rig.click("power_toFrom_freq");
-    QTRY_VERIFY2(rig.words().contains("dBm to"), qPrintable(rig.words()));
-    rig.panel.sweep().dwell().clear();
-    QTRY_COMPARE(rig.words(), QString("The sweep settings define no points"));
-}
-
-void RunPictureTest::followsTheTable()
-{
-    PictureRig rig;
-    rig.click("List_is_Checked");
-    QTRY_COMPARE(rig.words(), QString("The list has no points"));
-    rig.panel.table().setRowCount(2);
-    QTRY_COMPARE(rig.words(), QString("List of 2 points: 1 kHz, \u22127 dBm, 2 ms per pass"));
-    rig.power.setText("3");
-    rig.panel.table().setItem(1, PointTable::Frequency, new QTableWidgetItem("2M"));
-    QTRY_COMPARE(rig.words(), QString("List of 2 points: 1 kHz to 2 MHz, 3 dBm, 2 ms per pass"));
-    rig.click("List_is_Checked");
-    QTRY_VERIFY(rig.words().startsWith("Sweep"));
-}
-
-void RunPictureTest::readsNothingWhileHidden()
-{
-    PictureRig rig;
-    QTRY_VERIFY(rig.words().startsWith("Sweep of 5 points"));
-    rig.panel.hide();
-    rig.setSweep(9, 1000);
-    QTest::qWait(0);
-    QVERIFY(rig.words().startsWith("Sweep of 5 points"));
-    rig.panel.show();
-    QTRY_VERIFY(rig.words().startsWith("Sweep of 9 points"));
-}
-
-void RunPictureTest::followsASweepSteppedByHand()
-{
-    PictureRig rig;
-    rig.click("time_select"); // off: by hand
-    rig.click("button_Sweep");
-    QCOMPARE(rig.shownPoint(), 1);
-    QCOMPARE(rig.instrumentPoint(), 1);
-    for (const QString step : {"right_select", "right_select", "left_select", "left_select",
-                               "left_select", "right_select"}) {
-        rig.click(step);
-        QCOMPARE(rig.shownPoint(), rig.instrumentPoint());
+    void init()
+    {
+        m_rig = std::make_unique<SweepRig>(1);
+        m_picture = std::make_unique<RunPicture>(m_rig->panel, m_rig->power);
+        m_picture->follow(m_rig->sweep, m_rig->triggers);
+        m_rig->setSweep({"0", "2 000 000", "1 000 000", "5", "1 000 000"});
     }
-    QCOMPARE(rig.shownPoint(), 2);
+    void cleanup()
+    {
+        m_picture.reset();
+        m_rig.reset();
+    }
 
-    // A step out of a free run goes on from where that is.
-    rig.click("time_select");
-    rig.click("right_select");
-    QCOMPARE(rig.instrumentPoint(), 3);
-    QCOMPARE(rig.shownPoint(), 3);
-}
+    void followsTheSettings()
+    {
+        QTRY_COMPARE(words(), QString("Sweep of 5 points: 2 MHz to 1 MHz, 0 dBm, 5 s per pass"));
+        m_rig->click("power_toFrom_freq");
+        QTRY_VERIFY2(words().contains("dBm to"), qPrintable(words()));
+        m_rig->panel.sweep().dwell().clear();
+        QTRY_COMPARE(words(), QString("The sweep settings define no points"));
+        m_rig->click("List_is_Checked");
+        QTRY_COMPARE(words(), QString("The list has no points"));
+        m_rig->panel.table().setRowCount(2);
+        QTRY_COMPARE(words(), QString("List of 2 points: 1 kHz, \u22127 dBm, 2 ms per pass"));
+        m_rig->power.setText("3");
+        m_rig->panel.table().setItem(1, PointTable::Frequency, new QTableWidgetItem("2M"));
+        QTRY_COMPARE(words(), QString("List of 2 points: 1 kHz to 2 MHz, 3 dBm, 2 ms per pass"));
+        m_rig->click("List_is_Checked");
+        QTRY_VERIFY(words().startsWith("The sweep"));
+        // Nothing is read while nobody sees it.
+        m_rig->panel.hide();
+        m_rig->panel.sweep().dwell().setText("1 000");
+        QTest::qWait(0);
+        QVERIFY(words().startsWith("The sweep"));
+        m_rig->panel.show();
+        QTRY_VERIFY(words().startsWith("Sweep of 5 points"));
+    }
 
-void RunPictureTest::followsAListSteppedByHand()
-{
-    PictureRig rig;
-    rig.click("List_is_Checked time_select");
-    rig.fillRows(4);
-    rig.click("button_List");
-    QCOMPARE(rig.header(), QString("Waits for the first step"));
-    rig.panel.table().setCurrentCell(2, 0);
-    QCOMPARE(rig.instrumentPoint(), 3);
-    QCOMPARE(rig.shownPoint(), 3);
-    QCOMPARE(rig.panel.table().highlightedPoint(), 3);
-    rig.click("rightButton");
-    QCOMPARE(rig.shownPoint(), 4);
-    QCOMPARE(rig.instrumentPoint(), 4);
-    rig.click("button_List");
-    QCOMPARE(rig.panel.table().highlightedPoint(), 0);
+    void followsTheRun_data()
+    {
+        testColumns<QString, QString>("clicks", "shown");
+        const QString triggered = "Runs by external triggers";
+        const QString waits = "Waits for the first step";
+        testRow("free", "button_Sweep", "1");
+        testRow("sweep by hand", "time_select button_Sweep", "1");
+        testRow("up", "time_select button_Sweep right_select right_select", "3");
+        testRow("not below the first", "time_select button_Sweep left_select right_select", "2");
+        testRow("from a free run on", "button_Sweep right_select", "2");
+        testRow("list by hand", "time_select button_List", waits);
+        testRow("by a row", "time_select button_List row", "3");
+        testRow("by an arrow", "time_select button_List row rightButton", "4");
+        testRow("free again", "ext_select button_Sweep time_select", "1");
+        testRow("by triggers", "ext_select button_Sweep", triggered);
+        testRow("by triggers from now on", "button_Sweep ext_select", triggered);
+        // What only makes ready for steps ends the waiting for triggers, too.
+        testRow("made ready", "ext_select button_List right_select", waits);
+    }
+    /// Where the instrument is, as far as that is known.
+    void followsTheRun()
+    {
+        QFETCH(QString, clicks);
+        QFETCH(QString, shown);
+        m_rig->fillRows(4);
+        m_rig->demo("clock stop");
+        for (const QString& click : clicks.split(' ')) {
+            if (click == "row")
+                m_rig->panel.table().setCurrentCell(2, 0);
+            else
+                m_rig->click(click);
+        }
+        const auto* header = m_rig->get<QLabel>("plot_List_header");
+        const QString point = header->text().section(' ', 1, 1);
+        QCOMPARE(point.toInt() > 0 ? point : header->text(), shown);
+        if (point.toInt() > 0)
+            QCOMPARE(m_rig->ask("LIST:POIN:CURR?"), point);
+        const bool isList = m_rig->panel.runList().isChecked();
+        QCOMPARE(m_rig->panel.table().highlightedPoint(), isList ? point.toInt() : 0);
+        if (clicks.contains("right"))
+            m_rig->disconnect();
+        else
+            m_rig->panel.stopRuns();
+        QCOMPARE(m_rig->panel.table().highlightedPoint(), 0);
+        QVERIFY(header->text().startsWith("Points:"));
+    }
 
-    // What only makes ready for steps ends the waiting for triggers, too.
-    rig.click("ext_select button_List");
-    QCOMPARE(rig.header(), QString("Runs by external triggers"));
-    rig.click("right_select");
-    QCOMPARE(rig.header(), QString("Waits for the first step"));
-}
+private:
+    QString words() const { return m_rig->panel.plot().accessibleDescription(); }
 
-void RunPictureTest::followsTheTrigger()
-{
-    PictureRig rig;
-    rig.click("button_Sweep");
-    QCOMPARE(rig.shownPoint(), 1);
-    rig.click("ext_select");
-    QCOMPARE(rig.header(), QString("Runs by external triggers"));
-    rig.click("time_select");
-    QCOMPARE(rig.shownPoint(), 1);
-    rig.click("button_Sweep ext_select button_Sweep");
-    QCOMPARE(rig.header(), QString("Runs by external triggers"));
-}
-
-void RunPictureTest::forgetsARunThatIsLost()
-{
-    PictureRig rig;
-    rig.click("List_is_Checked");
-    rig.fillRows(4);
-    rig.click("button_List");
-    QVERIFY(rig.panel.table().highlightedPoint() > 0);
-    rig.disconnect();
-    QCOMPARE(rig.panel.table().highlightedPoint(), 0);
-    QVERIFY(rig.header().startsWith("Points:"));
-}
+    std::unique_ptr<SweepRig> m_rig;
+    std::unique_ptr<RunPicture> m_picture;
+};
 
 QTEST_MAIN(RunPictureTest)
 #include "run_picture_test.moc"

@@ -42,7 +42,13 @@ public:
         sweep.connectionLost();
     }
 
-    QPushButton& button(const QString& name) { return *get(name); }
+    /// The texts of the sweep's fields, from that of the fixed value to that of the dwell time.
+    void setSweep(const QStringList& texts)
+    {
+        const char* const names[] = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
+        for (int i = 0; i < texts.size(); ++i)
+            get<QLineEdit>(names[i])->setText(texts.at(i));
+    }
 
     /// Rows of "frequency;power;dwell", into the cells as they stand.
     void fill(const QStringList& rows)
