@@ -30,11 +30,6 @@ QStringList setUpOf(int index)
     return QStringList{name + ":SOUR INT", name + ":INT:FUNC:SHAP SIN!"} + valuesOf(index);
 }
 
-QTestData& newRow(const QString& tag)
-{
-    return QTest::newRow(qPrintable(tag));
-}
-
 const QStringList pulseValues = {"PULM:INT:PER 1000.000000 U;PER?!",
                                  "PULM:INT:PWID 1.000000 U;PWID?!"};
 } // namespace
@@ -49,441 +44,374 @@ private slots:
     void init() { m_rig = std::make_unique<ModulationRig>(); }
     void cleanup() { m_rig.reset(); }
 
-    void switches_data();
-    void switches();
-    void shapes_data();
-    void shapes();
-    void setUpSendsTheShape();
-    void fields_data();
-    void fields();
-    void emptyFieldSendsNothing();
-    void failedReads();
-    void widthStaysBelowThePeriod_data();
-    void widthStaysBelowThePeriod();
-    void pulseValuesGoOutAlone();
-    void pulseValuesAsAnswered();
-    void periodAtItsLimitLowersTheWidth();
-    void restores_data();
-    void restores();
-    void exclusionsComeInOrder();
-    void everythingOff();
-    void newestClickWins_data();
-    void newestClickWins();
-    void lostConnectionEndsSequences_data();
-    void lostConnectionEndsSequences();
-    void offlineOnlyThePanelChanges();
-
-private:
-    void checkInstrumentHoldsPulse();
-
-    std::unique_ptr<ModulationRig> m_rig;
-};
-
-void ModulationCommandsTest::switches_data()
-{
-    testColumns<QString, QString, QStringList, QString>("before", "clicked", "sent", "on");
-    for (int i = 0; i < names.size(); ++i) {
-        const QString& name = names.at(i);
-        const QString source = "IntExt_" + name;
-        const QString on = name + ":STATe ON";
-        const QString external = name + ":SOUR EXT";
-        newRow(name + " on") << "" << name << QStringList(on) + setUpOf(i) << name;
-        newRow(name + " on, external") << source << name << QStringList{on, external} << name;
-        newRow(name + " off") << name << name << QStringList(name + ":STATe OFF") << "";
-        newRow(name + " to external") << name << source << QStringList(external) << name;
-        newRow(name + " to internal") << source + ' ' + name << source << setUpOf(i) << name;
-        newRow(name + " off, source") << "" << source << QStringList() << "";
+    void switches_data()
+    {
+        testColumns<QString, QString, QStringList, QString>("before", "clicked", "sent", "on");
+        for (int i = 0; i < names.size(); ++i) {
+            const QString& name = names.at(i);
+            const QString source = "IntExt_" + name;
+            const QString on = name + ":STATe ON";
+            const QString external = name + ":SOUR EXT";
+            testRow(name + " on", "", name, QStringList(on) + setUpOf(i), name);
+            testRow(name + " on, external", source, name, QStringList{on, external}, name);
+            testRow(name + " off", name, name, QStringList(name + ":STATe OFF"), "");
+            testRow(name + " to external", name, source, QStringList(external), name);
+            testRow(name + " to internal", source + ' ' + name, source, setUpOf(i), name);
+            testRow(name + " off, source", "", source, QStringList(), "");
+        }
+        testRow("FM after AM", "AM", "FM", QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1),
+                "FM");
+        testRow("PM of its shape", "SawNeg_Phase Rect_Ampl", "PM",
+                QStringList{"PM:STATe ON", "PM:SOUR INT", "PM:INT:FUNC:SHAP RAMP!",
+                            "PM:INT:FUNC:SHAP:RAMP NEG!"} +
+                    valuesOf(2),
+                "PM");
+        testRow("PM beside pulse", "Pulse", "PM", QStringList("PM:STATe ON") + setUpOf(2),
+                "PM PULM");
+        const QStringList pulseOn = {"PULM:STATe ON", "PULM:SOUR INT"};
+        const QStringList pulseExternal = {"PULM:STATe ON", "PULM:SOUR EXT"};
+        testRow("Pulse on", "", "Pulse", pulseOn + pulseValues, "PULM");
+        testRow("Pulse on, external", "IntExt_PULM", "Pulse", pulseExternal, "PULM");
+        testRow("Pulse off", "Pulse", "Pulse", QStringList{"PULM:STATe OFF", "PULM:SOUR INT"}, "");
+        testRow("Pulse to external", "Pulse", "IntExt_PULM", pulseExternal, "PULM");
+        testRow("Pulse to internal", "IntExt_PULM Pulse", "IntExt_PULM", pulseOn + pulseValues,
+                "PULM");
+        testRow("AM after LF", "dc_select IntExt_AM", "AM",
+                QStringList{"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}, "AM");
+        testRow("Pulse after LF", "dc_select IntExt_PULM", "Pulse",
+                pulseExternal + QStringList("LFO:STAT OFF!"), "PULM");
     }
-    testRow("FM after AM", "AM", "FM", QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1),
-            "FM");
-    testRow("PM beside pulse", "Pulse", "PM", QStringList("PM:STATe ON") + setUpOf(2), "PM PULM");
-    const QStringList pulseOn = {"PULM:STATe ON", "PULM:SOUR INT"};
-    const QStringList pulseExternal = {"PULM:STATe ON", "PULM:SOUR EXT"};
-    testRow("Pulse on", "", "Pulse", pulseOn + pulseValues, "PULM");
-    testRow("Pulse on, external", "IntExt_PULM", "Pulse", pulseExternal, "PULM");
-    testRow("Pulse off", "Pulse", "Pulse", QStringList{"PULM:STATe OFF", "PULM:SOUR INT"}, "");
-    testRow("Pulse to external", "Pulse", "IntExt_PULM", pulseExternal, "PULM");
-    testRow("Pulse to internal", "IntExt_PULM Pulse", "IntExt_PULM", pulseOn + pulseValues, "PULM");
-}
-
-void ModulationCommandsTest::switches()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, clicked);
-    m_rig->click(before);
-    m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
-    m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
-    m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
-    m_rig->sent();
-    m_rig->click(clicked);
-    QTEST(m_rig->sent(), "sent");
-    QTEST(m_rig->whatIsOn(), "on");
-}
-
-void ModulationCommandsTest::shapes_data()
-{
-    testColumns<QString, QStringList>("name", "shape");
-    const QStringList prefixes = {"Sin", "SawPos", "SawNeg", "Triangle", "Random", "Rect"};
-    const QList<QStringList> commands = {
-        {"SIN!"}, {"RAMP!", ":RAMP POS!"}, {"RAMP!", ":RAMP NEG!"}, {"TRI!"}, {"RAND!"}, {"SQU!"}};
-    for (int i = 0; i < names.size(); ++i) {
-        for (int k = 0; k < prefixes.size(); ++k)
-            newRow(prefixes.at(k) + '_' + suffixes.at(i)) << names.at(i) << commands.at(k);
+    void switches()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, clicked);
+        m_rig->click(before);
+        m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
+        m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
+        m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
+        m_rig->sent();
+        m_rig->sweepOffs = 0;
+        QSignalSpy hidden(&m_rig->lfPanel, &SidePanel::hide_);
+        m_rig->click(clicked);
+        QTEST(m_rig->sent(), "sent");
+        QTEST(m_rig->whatIsOn(), "on");
+        QCOMPARE(hidden.size(), before.contains("dc_select") ? 1 : 0);
+        const bool isSwitchedOn = !clicked.contains('_') && m_rig->get(clicked)->isChecked();
+        QCOMPARE(m_rig->sweepOffs, isSwitchedOn ? 1 : 0);
     }
-}
 
-void ModulationCommandsTest::shapes()
-{
-    QFETCH(QString, name);
-    QFETCH(QStringList, shape);
-    QStringList expected;
-    for (const QString& each : shape)
-        expected << name + ":INT:FUNC:SHAP" + (each.startsWith(':') ? "" : " ") + each;
-    m_rig->click(QTest::currentDataTag());
-    QCOMPARE(m_rig->sent(), expected + twoStep(name + ":INT:FUNC:FREQ", "1000 Hz"));
-    QVERIFY(m_rig->get(QTest::currentDataTag())->isChecked());
-}
-
-void ModulationCommandsTest::setUpSendsTheShape()
-{
-    m_rig->click("SawNeg_Phase Rect_Ampl");
-    m_rig->sent();
-    m_rig->click("PM");
-    const QStringList sent = m_rig->sent();
-    QCOMPARE(sent.mid(1, 3),
-             QStringList({"PM:SOUR INT", "PM:INT:FUNC:SHAP RAMP!", "PM:INT:FUNC:SHAP:RAMP NEG!"}));
-}
-
-void ModulationCommandsTest::fields_data()
-{
-    testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
-    const auto row = [](const QString& tag, const QString& field, const QString& typed,
-                        const QStringList& sent,
-                        const QString& shown) { newRow(tag) << field << typed << sent << shown; };
-    const struct {
-        const char* highestRate;
-        const char* highestRateShown;
-        const char* lowestDuty;
-    } limits[] = {{"100000", "100 000", "1"}, {"200000", "200 000", "2"}, {"50000", "50 000", "3"}};
-    for (int i = 0; i < names.size(); ++i) {
-        const QString header = names.at(i) + ":INT:FUNC:";
-        const auto& limit = limits[i];
-        const QString rate = "line_" + suffixes.at(i) + "_1";
-        const QString duty = "percentLine_" + suffixes.at(i);
-        const QString& tag = names.at(i);
-        row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
-        row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
-        row(tag + " rate, high", rate, "9M",
-            twoStep(header + "FREQ", limit.highestRate + QString(" Hz")), limit.highestRateShown);
-        row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
-        row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", limit.lowestDuty),
-            limit.lowestDuty);
+    void shapes_data()
+    {
+        testColumns<QString, QStringList>("name", "shape");
+        const std::pair<const char*, QStringList> shapes[] = {{"Sin_", {" SIN!"}},
+                                                              {"SawPos_", {" RAMP!", ":RAMP POS!"}},
+                                                              {"SawNeg_", {" RAMP!", ":RAMP NEG!"}},
+                                                              {"Triangle_", {" TRI!"}},
+                                                              {"Random_", {" RAND!"}},
+                                                              {"Rect_", {" SQU!"}}};
+        for (int i = 0; i < names.size(); ++i) {
+            for (const auto& [prefix, commands] : shapes)
+                testRow(prefix + suffixes.at(i), names.at(i), commands);
+        }
     }
-    row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
-    row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
-    row("depth, not a number", "line_Ampl_2", "1.2.3", {}, "1.00");
-    row("FM deviation", "line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
-    row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
-    row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
-    row("period, low", "line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
-    row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
-}
-
-void ModulationCommandsTest::fields()
-{
-    QFETCH(QString, field);
-    QFETCH(QString, typed);
-    m_rig->enter(field, typed);
-    QTEST(m_rig->sent(), "sent");
-    QTEST(m_rig->text(field), "shown");
-}
-
-void ModulationCommandsTest::emptyFieldSendsNothing()
-{
-    for (const char* name : {"line_Ampl_1", "line_Ampl_2", "percentLine_FREQ", "line_period"}) {
-        m_rig->enter(name, " ");
-        QCOMPARE(m_rig->sent(), QStringList());
+    void shapes()
+    {
+        QFETCH(QString, name);
+        QFETCH(QStringList, shape);
+        const QString header = name + ":INT:FUNC:";
+        shape.replaceInStrings(QRegularExpression("^"), header + "SHAP");
+        m_rig->click(QTest::currentDataTag());
+        QCOMPARE(m_rig->sent(), shape + twoStep(header + "FREQ", "1000 Hz"));
     }
-    m_rig->get<QLineEdit>("line_period")->setText(".");
-    m_rig->click("Pulse");
-    QCOMPARE(m_rig->sent().filter("PULM:INT:"), QStringList(pulseValues.at(1)));
-    QCOMPARE(m_rig->text("line_period"), QString("1 000"));
-}
 
-void ModulationCommandsTest::failedReads()
-{
-    m_rig->demo("fault 2 status 0xBFFF0015");
-    m_rig->enter("line_Ampl_1", "500");
-    QCOMPARE(m_rig->text("line_Ampl_1"), QString("500"));
-    QVERIFY(m_rig->session.isConnected());
-    m_rig->demo("fault 1 status 0xBFFF0015");
-    m_rig->enter("line_Ampl_2", "5");
-    QCOMPARE(m_rig->text("line_Ampl_2"), QString());
-    QVERIFY(!m_rig->session.isConnected());
-}
+    void fields_data()
+    {
+        testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
+        const auto row = [](const QString& tag, const QString& field, const QString& typed,
+                            const QStringList& sent,
+                            const QString& shown) { testRow(tag, field, typed, sent, shown); };
+        const struct {
+            QString highestRate;
+            QString highestRateShown;
+            QString lowestDuty;
+        } limits[] = {
+            {"100000", "100 000", "1"}, {"200000", "200 000", "2"}, {"50000", "50 000", "3"}};
+        for (int i = 0; i < names.size(); ++i) {
+            const QString header = names.at(i) + ":INT:FUNC:";
+            const auto& limit = limits[i];
+            const QString rate = "line_" + suffixes.at(i) + "_1";
+            const QString duty = "percentLine_" + suffixes.at(i);
+            const QString& tag = names.at(i);
+            row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
+            row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
+            row(tag + " rate, high", rate, "9M",
+                twoStep(header + "FREQ", limit.highestRate + " Hz"), limit.highestRateShown);
+            row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
+            row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", limit.lowestDuty),
+                limit.lowestDuty);
+        }
+        row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
+        row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
+        row("depth, not a number", "line_Ampl_2", "1.2.3", {}, "1.00");
+        row("FM deviation", "line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
+        row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
+        row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
+        row("period, low", "line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
+        for (const auto& [field, shown] : {std::pair("line_Ampl_1", "1 000"),
+                                           {"line_Ampl_2", "1.00"},
+                                           {"percentLine_FREQ", "50"},
+                                           {"line_period", "1 000"}})
+            row(field + QString(", empty"), field, " ", {}, shown);
+        row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
+    }
+    void fields()
+    {
+        QFETCH(QString, field);
+        QFETCH(QString, typed);
+        m_rig->enter(field, typed);
+        QTEST(m_rig->sent(), "sent");
+        QTEST(m_rig->text(field), "shown");
+    }
 
-void ModulationCommandsTest::widthStaysBelowThePeriod_data()
-{
-    testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
-    testRow("period below", "line_period", "8", QStringList{"PULM:INT:PER 20.100000 U;PER?!"},
-            "20.1, 20.00");
-    testRow("width above", "line_width", "2000",
+    void failedReads()
+    {
+        m_rig->demo("fault 2 status 0xBFFF0015");
+        m_rig->enter("line_Ampl_1", "500");
+        QCOMPARE(m_rig->text("line_Ampl_1"), QString("500"));
+        QVERIFY(m_rig->session.isConnected());
+        m_rig->demo("fault 1 status 0xBFFF0015");
+        m_rig->enter("line_Ampl_2", "5");
+        QCOMPARE(m_rig->text("line_Ampl_2"), QString());
+        QVERIFY(!m_rig->session.isConnected());
+    }
+
+    /// Period and width of at most 5 ms.
+    void widthStaysBelowThePeriod_data()
+    {
+        testColumns<QString, QString, QString, QStringList, QString>("width", "field", "typed",
+                                                                     "sent", "shown");
+        const QStringList highest = {"PULM:INT:PER 5000.000000 U;PER?!",
+                                     "PULM:INT:PWID 4999.900000 U;PWID?!"};
+        testRow("period below", "20.00", "line_period", "8",
+                QStringList{"PULM:INT:PER 20.100000 U;PER?!"}, "20.1, 20.00");
+        testRow(
+            "width above", "20.00", "line_width", "2000",
             QStringList{"PULM:INT:PER 2000.100000 U;PER?!", "PULM:INT:PWID 2000.000000 U;PWID?!"},
             "2 000.1, 2 000.00");
-    // No period is long enough for such a width: the width has to give way.
-    QTest::newRow("width at the limit")
-        << "line_width"
-        << "5000"
-        << QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"}
-        << "5 000, 4 999.9";
-    testRow("width beyond the limit", "line_width", "9s",
-            QStringList{"PULM:INT:PER 5000.000000 U;PER?!", "PULM:INT:PWID 4999.900000 U;PWID?!"},
-            "5 000, 4 999.9");
-}
-
-void ModulationCommandsTest::widthStaysBelowThePeriod()
-{
-    QFETCH(QString, field);
-    QFETCH(QString, typed);
-    m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
-    m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
-    m_rig->enter("line_width", "20");
-    m_rig->sent();
-    m_rig->enter(field, typed);
-    QTEST(m_rig->sent(), "sent");
-    QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
-    checkInstrumentHoldsPulse();
-}
-
-/// A value that only the next instrument refuses does not affect the other one.
-void ModulationCommandsTest::pulseValuesGoOutAlone()
-{
-    m_rig->fields.limits[Quantity::PulseWidth].min = 5;
-    m_rig->enter("line_period", "500");
-    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
-    m_rig->fields.limits[Quantity::PulsePeriod].max = 100;
-    m_rig->enter("line_width", "3");
-    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
-}
-
-/// Compared is what the instrument has answered, not what is being typed.
-void ModulationCommandsTest::pulseValuesAsAnswered()
-{
-    m_rig->get<QLineEdit>("line_width")->setText("900");
-    m_rig->enter("line_period", "500");
-    QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
-    QCOMPARE(m_rig->text("line_width"), QString("900"));
-    m_rig->demo("reply PWID? -> 500");
-    m_rig->enter("line_width", "499.95");
-    QCOMPARE(m_rig->sent(),
-             QStringList({"PULM:INT:PWID 499.950000 U;PWID?!", "PULM:INT:PER 500.100000 U;PER?!"}));
-}
-
-/// A width from before the connection, which no limits bound.
-void ModulationCommandsTest::periodAtItsLimitLowersTheWidth()
-{
-    m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
-    m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
-    m_rig->get<NumberEdit>("line_width")->showAccepted("5 000");
-    m_rig->enter("line_period", "100");
-    QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
-                                         "PULM:INT:PWID 4999.900000 U;PWID?!"}));
-    checkInstrumentHoldsPulse();
-    m_rig->get<NumberEdit>("line_width")->showAccepted("5 000");
-    m_rig->click("Pulse");
-    QCOMPARE(m_rig->sent().mid(2), QStringList({"PULM:INT:PER 5000.000000 U;PER?!",
-                                                "PULM:INT:PWID 4999.900000 U;PWID?!"}));
-    checkInstrumentHoldsPulse();
-}
-
-/// What the instrument holds is what the panel shows, the width below the period.
-void ModulationCommandsTest::checkInstrumentHoldsPulse()
-{
-    const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
-    const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
-    m_rig->demo.takeTranscript();
-    QCOMPARE(periodUs, m_rig->panel.pulsePeriod().value());
-    QCOMPARE(widthUs, m_rig->panel.pulseWidth().value());
-    QVERIFY(widthUs < periodUs);
-}
-
-void ModulationCommandsTest::restores_data()
-{
-    testColumns<QString, QStringList>("checked", "sent");
-    const QStringList reversed = {pulseValues.at(1), pulseValues.at(0)};
-    for (int i = 0; i < names.size(); ++i) {
-        const QString& name = names.at(i);
-        const QStringList on = {name + ":STAT ON"};
-        QStringList values = valuesOf(i);
-        if (name == "PM")
-            values.replaceInStrings("DUTY 50", "DUTY 30");
-        newRow(name) << name << on + values;
-        newRow(name + ", external") << name + " IntExt_" + name << on;
-        newRow(name + " and pulse")
-            << name + " Pulse" << QStringList("PULM:STAT ON") + on + reversed + values;
+        // No period is long enough for such a width: the width has to give way.
+        testRow("width at the limit", "20.00", "line_width", "5000", highest, "5 000, 4 999.9");
+        testRow("width beyond the limit", "20.00", "line_width", "9s", highest, "5 000, 4 999.9");
+        // A width from before the connection, which no limits bound.
+        testRow("period below such a width", "5 000", "line_period", "100", highest,
+                "5 000, 4 999.9");
+        testRow("on with such a width", "5 000", "Pulse", "",
+                QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + highest, "5 000, 4 999.9");
     }
-    testRow("all external", "AM IntExt_AM Pulse IntExt_PULM",
-            QStringList{"PULM:STAT ON", "AM:STAT ON"});
-    testRow("pulse alone", "Pulse", QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues);
-    testRow("none", "IntExt_FM", QStringList());
-}
-
-void ModulationCommandsTest::restores()
-{
-    QFETCH(QString, checked);
-    for (const QString& name : checked.split(' '))
-        m_rig->get(name)->setChecked(true);
-    m_rig->get<QLineEdit>("line_FREQ_2")->setText("0.0015626");
-    m_rig->get("percentButton_Phase")->setText("30");
-    m_rig->modulation.restore();
-    QTEST(m_rig->sent(), "sent");
-}
-
-void ModulationCommandsTest::exclusionsComeInOrder()
-{
-    m_rig->click("dc_select");
-    m_rig->click("IntExt_AM IntExt_PULM");
-    m_rig->sent();
-    m_rig->sweepOffs = 0;
-    m_rig->click("AM");
-    QCOMPARE(m_rig->sent(), QStringList({"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}));
-    QCOMPARE(m_rig->whatIsOn(), QString("AM"));
-
-    m_rig->click("AM dc_select");
-    m_rig->sent();
-    m_rig->sweepOffs = 0;
-    m_rig->click("Pulse");
-    QCOMPARE(m_rig->sent(), QStringList({"PULM:STATe ON", "PULM:SOUR EXT", "LFO:STAT OFF!"}));
-    QCOMPARE(m_rig->sweepOffs, 1);
-    m_rig->click("Pulse");
-    QCOMPARE(m_rig->sweepOffs, 1);
-    QCOMPARE(m_rig->whatIsOn(), QString());
-}
-
-void ModulationCommandsTest::everythingOff()
-{
-    m_rig->click("IntExt_FM FM Pulse");
-    m_rig->panel.expand(Modulation::Fm, false);
-    m_rig->sent();
-    m_rig->modulation.switchEverythingOff(false);
-    QCOMPARE(m_rig->sent(), QStringList({"FM:STATe OFF", "PULM:STATe OFF"}));
-    QCOMPARE(m_rig->whatIsOn(), QString());
-    QVERIFY(!m_rig->panel.group(Modulation::Fm).isExpanded());
-    m_rig->modulation.switchEverythingOff(false);
-    QCOMPARE(m_rig->sent(), QStringList());
-
-    // With nothing on, the groups stay as they are.
-    m_rig->panel.expand(Modulation::Pm, false);
-    m_rig->modulation.switchEverythingOff(false);
-    QVERIFY(m_rig->panel.group(Modulation::Pm).isExpanded());
-
-    // A button that cannot be clicked goes off all the same.
-    m_rig->click("FM");
-    m_rig->get("FM")->setEnabled(false);
-    m_rig->modulation.switchEverythingOff(false);
-    QCOMPARE(m_rig->whatIsOn(), QString());
-}
-
-void ModulationCommandsTest::newestClickWins_data()
-{
-    testColumns<QString, QString, QString, QString, QString>("before", "first", "seen", "second",
-                                                             "on");
-    const auto row = [](const char* tag, const char* before, const char* first, const char* seen,
-                        const char* second,
-                        const char* on) { testRow(tag, before, first, seen, second, on); };
-    row("off again before on", "", "AM", "", "AM", "");
-    row("off again before set-up", "", "AM", "AM:STATe ON", "AM", "");
-    row("on again before off", "AM", "AM", "", "AM", "AM");
-    row("another before on", "", "AM", "", "FM", "FM");
-    row("another before set-up", "", "AM", "AM:STATe ON", "FM", "FM");
-    row("back before the other's off", "AM", "FM", "", "AM", "AM");
-    row("a third before the first's off", "AM", "FM", "", "PM", "PM");
-    row("neither before the first's off", "AM", "FM", "", "FM", "");
-    row("pulse before on", "", "AM", "", "Pulse", "AM PULM");
-    row("source before on", "", "PM", "", "IntExt_PM", "PM");
-    row("source there and back", "", "PM", "", "IntExt_PM IntExt_PM", "PM");
-    row("pulse off again", "", "Pulse", "", "Pulse", "");
-    row("pulse external", "", "Pulse", "", "IntExt_PULM", "PULM");
-    row("AM before pulse's values", "", "Pulse", "PULM:SOUR INT", "AM", "AM PULM");
-    row("LF before on", "", "AM", "", "dc_select", "LFO");
-    row("LF before set-up", "", "AM", "AM:STATe ON", "sine_select", "LFO");
-    row("LF before off", "AM", "AM", "", "dc_select", "LFO");
-    row("LF before pulse's values", "", "Pulse", "PULM:SOUR INT", "dc_select", "LFO");
-    row("AM while all go off for LF", "FM Pulse", "dc_select", "", "AM", "AM PULM");
-    row("AM once more while all go off", "AM", "dc_select", "AM:STATe OFF", "AM", "AM");
-    row("pulse while all go off for LF", "FM", "dc_select", "", "Pulse", "PULM");
-    row("AM before LF's shape", "", "sine_select", "LFO:STAT ON", "AM", "AM");
-    row("pulse in LF's ramp", "", "sawPos_select", "SHAP RAMP", "Pulse", "PULM");
-}
-
-void ModulationCommandsTest::newestClickWins()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, first);
-    QFETCH(QString, seen);
-    QFETCH(QString, second);
-    m_rig->click(before);
-    m_rig->sent();
-    bool isClicked = false;
-    m_rig->whenSent(seen, [&] {
-        isClicked = true;
-        m_rig->click(second);
-    });
-    m_rig->click(first);
-    QVERIFY(isClicked);
-    const QStringList sent = m_rig->sent();
-    QTEST(m_rig->whatIsOn(), "on");
-    QVERIFY2(sent.filter("!!").isEmpty(), "the instrument refused something");
-    // However they met, the last word on a source is the panel's.
-    for (const QString& name : names) {
-        const QStringList sources = sent.filter(name + ":SOUR ");
-        const QString panel = m_rig->get("IntExt_" + name)->isChecked() ? "EXT" : "INT";
-        QVERIFY(sources.isEmpty() || sources.last().endsWith(panel));
+    void widthStaysBelowThePeriod()
+    {
+        QFETCH(QString, width);
+        QFETCH(QString, field);
+        QFETCH(QString, typed);
+        m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
+        m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
+        m_rig->enter("line_width", width);
+        m_rig->get<NumberEdit>("line_width")->showAccepted(width);
+        m_rig->sent();
+        if (typed.isEmpty())
+            m_rig->click(field);
+        else
+            m_rig->enter(field, typed);
+        QTEST(m_rig->sent(), "sent");
+        QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
+        const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
+        const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
+        QCOMPARE(periodUs, m_rig->panel.pulsePeriod().value());
+        QCOMPARE(widthUs, m_rig->panel.pulseWidth().value());
+        QVERIFY(widthUs < periodUs);
     }
-}
 
-void ModulationCommandsTest::lostConnectionEndsSequences_data()
-{
-    testColumns<QString, QString, QString, QStringList>("before", "clicked", "seen", "sent");
-    testRow("before on", "", "AM", "", QStringList());
-    testRow("before set-up", "", "AM", "AM:STATe ON", QStringList("AM:STATe ON"));
-    testRow("before the other's off", "AM", "FM", "", QStringList());
-    testRow("before pulse's values", "", "Pulse", "PULM:SOUR",
-            QStringList{"PULM:STATe ON", "PULM:SOUR INT"});
-    testRow("source", "IntExt_PM PM", "IntExt_PM", "", QStringList());
-}
+    /// A value that only the next instrument refuses does not affect the other one.
+    void pulseValuesGoOutAlone()
+    {
+        m_rig->fields.limits[Quantity::PulseWidth].min = 5;
+        m_rig->enter("line_period", "500");
+        QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
+        m_rig->fields.limits[Quantity::PulsePeriod].max = 100;
+        m_rig->enter("line_width", "3");
+        QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PWID 5.000000 U;PWID?!"));
+    }
 
-void ModulationCommandsTest::lostConnectionEndsSequences()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, clicked);
-    QFETCH(QString, seen);
-    m_rig->click(before);
-    m_rig->sent();
-    m_rig->whenSent(seen, [this] { m_rig->session.close(); });
-    m_rig->click(clicked);
-    QVERIFY(!m_rig->session.isConnected());
-    QTEST(m_rig->sent(), "sent");
-}
+    /// Compared is what the instrument has answered, not what is being typed.
+    void pulseValuesAsAnswered()
+    {
+        m_rig->get<QLineEdit>("line_width")->setText("900");
+        m_rig->enter("line_period", "500");
+        QCOMPARE(m_rig->sent(), QStringList("PULM:INT:PER 500.000000 U;PER?!"));
+        QCOMPARE(m_rig->text("line_width"), QString("900"));
+        m_rig->demo("reply PWID? -> 500");
+        m_rig->enter("line_width", "499.95");
+        QCOMPARE(m_rig->sent(), QStringList({"PULM:INT:PWID 499.950000 U;PWID?!",
+                                             "PULM:INT:PER 500.100000 U;PER?!"}));
+    }
 
-void ModulationCommandsTest::offlineOnlyThePanelChanges()
-{
-    m_rig->session.close();
-    m_rig->demo.takeTranscript();
-    m_rig->click("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
-    QVERIFY(!m_rig->get("AM")->isChecked());
-    QVERIFY(m_rig->get("FM")->isChecked());
-    QVERIFY(!m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
-    m_rig->enter("line_Ampl_2", "120");
-    QCOMPARE(m_rig->text("line_Ampl_2"), QString("100.00"));
-    m_rig->modulation.restore();
-    m_rig->click("triangle_select");
-    QVERIFY(!m_rig->get("FM")->isChecked());
-    QVERIFY(!m_rig->get("Pulse")->isChecked());
-    QVERIFY(m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
-    QVERIFY(m_rig->pulse.pixmap(Qt::ReturnByValue).isNull());
-    QCOMPARE(m_rig->demo.takeTranscript(), QStringList());
-}
+    void restores_data()
+    {
+        testColumns<QString, QStringList>("checked", "sent");
+        const QStringList reversed = {pulseValues.at(1), pulseValues.at(0)};
+        for (int i = 0; i < names.size(); ++i) {
+            const QString& name = names.at(i);
+            const QStringList on = {name + ":STAT ON"};
+            QStringList values = valuesOf(i);
+            if (name == "PM")
+                values.replaceInStrings("DUTY 50", "DUTY 30");
+            testRow(name, name, on + values);
+            testRow(name + ", external", name + " IntExt_" + name, on);
+            testRow(name + " and pulse", name + " Pulse",
+                    QStringList("PULM:STAT ON") + on + reversed + values);
+        }
+        testRow("all external", "AM IntExt_AM Pulse IntExt_PULM",
+                QStringList{"PULM:STAT ON", "AM:STAT ON"});
+        testRow("pulse alone", "Pulse",
+                QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues);
+        testRow("none", "IntExt_FM", QStringList());
+    }
+    void restores()
+    {
+        QFETCH(QString, checked);
+        for (const QString& name : checked.split(' '))
+            m_rig->get(name)->setChecked(true);
+        m_rig->get<QLineEdit>("line_FREQ_2")->setText("0.0015626");
+        m_rig->get("percentButton_Phase")->setText("30");
+        m_rig->modulation.restore();
+        QTEST(m_rig->sent(), "sent");
+    }
+
+    void everythingOff()
+    {
+        m_rig->click("IntExt_FM FM Pulse");
+        m_rig->panel.expand(Modulation::Fm, false);
+        m_rig->sent();
+        m_rig->modulation.switchEverythingOff(false);
+        QCOMPARE(m_rig->sent(), QStringList({"FM:STATe OFF", "PULM:STATe OFF"}));
+        QCOMPARE(m_rig->whatIsOn(), QString());
+        QVERIFY(!m_rig->panel.group(Modulation::Fm).isExpanded());
+        m_rig->modulation.switchEverythingOff(false);
+        QCOMPARE(m_rig->sent(), QStringList());
+
+        // With nothing on, the groups stay as they are.
+        m_rig->panel.expand(Modulation::Pm, false);
+        m_rig->modulation.switchEverythingOff(false);
+        QVERIFY(m_rig->panel.group(Modulation::Pm).isExpanded());
+
+        // A button that cannot be clicked goes off all the same.
+        m_rig->click("FM");
+        m_rig->get("FM")->setEnabled(false);
+        m_rig->modulation.switchEverythingOff(false);
+        QCOMPARE(m_rig->whatIsOn(), QString());
+    }
+
+    void newestClickWins_data()
+    {
+        testColumns<QString, QString, QString, QString, QString>("before", "first", "seen",
+                                                                 "second", "on");
+        const auto row = [](const char* tag, const char* before, const char* first,
+                            const char* seen, const char* second,
+                            const char* on) { testRow(tag, before, first, seen, second, on); };
+        row("off again before on", "", "AM", "", "AM", "");
+        row("off again before set-up", "", "AM", "AM:STATe ON", "AM", "");
+        row("on again before off", "AM", "AM", "", "AM", "AM");
+        row("another before on", "", "AM", "", "FM", "FM");
+        row("another before set-up", "", "AM", "AM:STATe ON", "FM", "FM");
+        row("back before the other's off", "AM", "FM", "", "AM", "AM");
+        row("a third before the first's off", "AM", "FM", "", "PM", "PM");
+        row("neither before the first's off", "AM", "FM", "", "FM", "");
+        row("pulse before on", "", "AM", "", "Pulse", "AM PULM");
+        row("source before on", "", "PM", "", "IntExt_PM", "PM");
+        row("source there and back", "", "PM", "", "IntExt_PM IntExt_PM", "PM");
+        row("pulse off again", "", "Pulse", "", "Pulse", "");
+        row("pulse external", "", "Pulse", "", "IntExt_PULM", "PULM");
+        row("AM before pulse's values", "", "Pulse", "PULM:SOUR INT", "AM", "AM PULM");
+        row("LF before on", "", "AM", "", "dc_select", "LFO");
+        row("LF before set-up", "", "AM", "AM:STATe ON", "sine_select", "LFO");
+        row("LF before off", "AM", "AM", "", "dc_select", "LFO");
+        row("LF before pulse's values", "", "Pulse", "PULM:SOUR INT", "dc_select", "LFO");
+        row("AM while all go off for LF", "FM Pulse", "dc_select", "", "AM", "AM PULM");
+        row("AM once more while all go off", "AM", "dc_select", "AM:STATe OFF", "AM", "AM");
+        row("pulse while all go off for LF", "FM", "dc_select", "", "Pulse", "PULM");
+        row("AM before LF's shape", "", "sine_select", "LFO:STAT ON", "AM", "AM");
+        row("pulse in LF's ramp", "", "sawPos_select", "SHAP RAMP", "Pulse", "PULM");
+    }
+    void newestClickWins()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, first);
+        QFETCH(QString, seen);
+        QFETCH(QString, second);
+        m_rig->click(before);
+        m_rig->sent();
+        bool isClicked = false;
+        m_rig->whenSent(seen, [&] {
+            isClicked = true;
+            m_rig->click(second);
+        });
+        m_rig->click(first);
+        QVERIFY(isClicked);
+        const QStringList sent = m_rig->sent();
+        QTEST(m_rig->whatIsOn(), "on");
+        QVERIFY2(sent.filter("!!").isEmpty(), "the instrument refused something");
+        // However they met, the last word on a source is the panel's.
+        for (const QString& name : names) {
+            const QStringList sources = sent.filter(name + ":SOUR ");
+            const QString panel = m_rig->get("IntExt_" + name)->isChecked() ? "EXT" : "INT";
+            QVERIFY(sources.isEmpty() || sources.last().endsWith(panel));
+        }
+    }
+
+    void lostConnectionEndsSequences_data()
+    {
+        testColumns<QString, QString, QString, QStringList>("before", "clicked", "seen", "sent");
+        testRow("before on", "", "AM", "", QStringList());
+        testRow("before set-up", "", "AM", "AM:STATe ON", QStringList("AM:STATe ON"));
+        testRow("before the other's off", "AM", "FM", "", QStringList());
+        testRow("before pulse's values", "", "Pulse", "PULM:SOUR",
+                QStringList{"PULM:STATe ON", "PULM:SOUR INT"});
+        testRow("source", "IntExt_PM PM", "IntExt_PM", "", QStringList());
+    }
+    void lostConnectionEndsSequences()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, clicked);
+        QFETCH(QString, seen);
+        m_rig->click(before);
+        m_rig->sent();
+        m_rig->whenSent(seen, [this] { m_rig->session.close(); });
+        m_rig->click(clicked);
+        QVERIFY(!m_rig->session.isConnected());
+        QTEST(m_rig->sent(), "sent");
+    }
+
+    void offlineOnlyThePanelChanges()
+    {
+        m_rig->session.close();
+        m_rig->demo.takeTranscript();
+        m_rig->click("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
+        QVERIFY(!m_rig->get("AM")->isChecked());
+        QVERIFY(m_rig->get("FM")->isChecked());
+        QVERIFY(!m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
+        m_rig->enter("line_Ampl_2", "120");
+        QCOMPARE(m_rig->text("line_Ampl_2"), QString("100.00"));
+        m_rig->modulation.restore();
+        m_rig->click("triangle_select");
+        QVERIFY(!m_rig->get("FM")->isChecked());
+        QVERIFY(!m_rig->get("Pulse")->isChecked());
+        QVERIFY(m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
+        QVERIFY(m_rig->pulse.pixmap(Qt::ReturnByValue).isNull());
+        QCOMPARE(m_rig->demo.takeTranscript(), QStringList());
+    }
+
+private:
+    std::unique_ptr<ModulationRig> m_rig;
+};
 
 QTEST_MAIN(ModulationCommandsTest)
 #include "modulation_commands_test.moc"

@@ -1,0 +1,175 @@
+#include "modulation/waveform_picture.h"
+#include "tests/modulation/modulation_rig.h"
+#include "tests/support/rows.h"
+
+#include <algorithm>
+
+/// The panels of modulation and LF generator without an instrument: what they keep consistent.
+class ModulationPanelsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_rig = std::make_unique<ModulationRig>();
+        m_rig->session.close();
+        m_rig->panel.resize(m_rig->panel.sizeHint());
+        m_rig->host.show();
+        m_rig->host.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&m_rig->host));
+    }
+    void cleanup() { m_rig.reset(); }
+
+    void shapes_data()
+    {
+        testColumns<QString, QString>("names", "fields"); // rate, level, duty and its button
+        const QString modulation = "Sin_%1 SawPos_%1 SawNeg_%1 Triangle_%1 Random_%1 Rect_%1";
+        const QString fields = "line_%1_1 line_%1_2 percentLine_%1 percentButton_%1";
+        for (const char* suffix : {"Ampl", "FREQ", "Phase"})
+            testRow(suffix, modulation.arg(suffix), fields.arg(suffix));
+        testRow("LF",
+                "sine_select sawPos_select sawNeg_select triangle_select random_select "
+                "rectangle_select dc_select",
+                "FREQ VOLTAGE percent vvod_Percent");
+    }
+    void shapes()
+    {
+        QFETCH(QString, names);
+        QFETCH(QString, fields);
+        const bool isLf = !names.contains("Sin_");
+        QString others = "Sin_Ampl Sin_FREQ Sin_Phase";
+        others.remove(names.section(' ', 0, 0));
+        for (int round = 0; round < 2; ++round) {
+            for (const QString& name : names.split(' ')) {
+                m_rig->click(name);
+                QCOMPARE(checked(names), name);
+                QCOMPARE(checked(others), others.simplified());
+                const bool hasRate = isLf || !name.startsWith("Random");
+                const bool hasDuty = name.startsWith("rect", Qt::CaseInsensitive);
+                QCOMPARE(enabled(fields),
+                         QString(hasRate ? "++" : "-+") + QString(hasDuty ? "++" : "--"));
+            }
+        }
+        // Once more on the chosen one switches the LF generator off.
+        m_rig->click(names.section(' ', -1));
+        QCOMPARE(checked(names), isLf ? QString() : names.section(' ', -1));
+        if (isLf)
+            return;
+        // The button tells the duty, in each language.
+        m_rig->enter(fields.section(' ', 2, 2), "35");
+        QEvent languageChange(QEvent::LanguageChange);
+        QCoreApplication::sendEvent(&m_rig->panel, &languageChange);
+        QCOMPARE(m_rig->get(fields.section(' ', 3))->text(), QString("35"));
+    }
+
+    /// What is switched on is expanded; the headers fold without switching.
+    void groups_data()
+    {
+        testColumns<QString, QString, QString>("clicks", "expanded", "on");
+        const auto row = [](const char* clicks, const char* expanded, const char* on) {
+            testRow(clicks, clicks, expanded, on);
+        };
+        row("titlePulse titlePulse", "PULM_", "");
+        row("AM", "AM_ PULM_", "AM");
+        row("AM PM", "PM_ PULM_", "PM");
+        row("AM PM PM", "PULM_", "");
+        row("fold_FM_", "FM_ PULM_", "");
+        row("fold_FM_ titleAM", "AM_ PULM_", "");
+        row("titleAM titleAM", "PULM_", "");
+        row("titlePulse", "", "");
+        row("titlePulse Pulse", "PULM_", "Pulse");
+    }
+    void groups()
+    {
+        QFETCH(QString, clicks);
+        QFETCH(QString, expanded);
+        const QSize size = m_rig->panel.minimumSizeHint();
+        auto* field = m_rig->get<QLineEdit>("line_Ampl_1");
+        for (const QString& name : clicks.split(' ')) {
+            if (field->isVisible())
+                field->setFocus();
+            QTest::mouseClick(m_rig->get<QWidget>(name), Qt::LeftButton);
+        }
+        const auto boxes = m_rig->panel.findChildren<FoldBox*>();
+        QTRY_VERIFY(std::none_of(boxes.begin(), boxes.end(),
+                                 [](const FoldBox* box) { return box->isMoving(); }));
+        for (const FoldBox* box : boxes) {
+            QCOMPARE(box->isExpanded(), expanded.contains(box->objectName()));
+            QCOMPARE(box->body()->isVisible(), box->isExpanded());
+        }
+        QTEST(checked("AM FM PM Pulse"), "on");
+        QTRY_COMPARE(m_rig->panel.minimumSizeHint(), size);
+        QVERIFY(field->isVisible() || !field->hasFocus());
+    }
+
+    void externalPulsesDisablePeriodAndWidth()
+    {
+        const QString settings = "line_period line_width us_per us_wid pulse_period";
+        for (const char* expected : {"-----", "+++++"}) {
+            m_rig->click("IntExt_PULM");
+            QCOMPARE(enabled(settings), QString(expected));
+        }
+        // As a profile may switch it.
+        m_rig->get("IntExt_PULM")->setChecked(true);
+        QCOMPARE(enabled(settings), QString("-----"));
+    }
+
+    void picturesFollow()
+    {
+        m_rig->panel.expand(Modulation::Am, false);
+        const auto words = [](const QWidget* place) {
+            return place->findChild<WaveformPicture*>()->accessibleDescription();
+        };
+        const auto* am = m_rig->get<FoldBox>("AM_");
+        QCOMPARE(words(am), QString("Sine, 1 kHz (period 1 ms), from \u22121 % to 1 %"));
+        m_rig->click("Rect_Ampl");
+        m_rig->get<QLineEdit>("line_Ampl_2")->setText("30.5");
+        m_rig->get<QLineEdit>("line_Ampl_1")->setText("2 000");
+        m_rig->get<QLineEdit>("percentLine_Ampl")->setText("20");
+        QCOMPARE(words(am), QString("Rectangle, 2 kHz (period 500 µs), from \u221230.5 % to "
+                                    "30.5 %, duty 20 %"));
+        m_rig->get<QLineEdit>("line_Ampl_1")->clear();
+        QCOMPARE(words(am), QString("Rectangle, from \u221230.5 % to 30.5 %, duty 20 %"));
+        m_rig->click("IntExt_AM");
+        QCOMPARE(words(am), QString("External source"));
+        m_rig->panel.pulsePeriod().showAccepted("500");
+        QCOMPARE(words(m_rig->get<FoldBox>("PULM_")), QString("Pulses: period 500 µs, width 1 µs"));
+
+        QCOMPARE(words(&m_rig->lfPanel), QString("The LF generator is off"));
+        // What a click would bring is shown before it is switched on.
+        m_rig->get("triangle_select")->setFocus();
+        QTRY_COMPARE(words(&m_rig->lfPanel),
+                     QString("Triangle, 10 kHz (period 100 µs), from \u22121 V to 1 V"));
+        QVERIFY(!m_rig->lfPanel.isOn());
+        m_rig->click("dc_select");
+        m_rig->lfPanel.amplitude().setText("0.25");
+        QCOMPARE(words(&m_rig->lfPanel), QString("DC, level 250 mV"));
+        m_rig->click("random_select");
+        QCOMPARE(words(&m_rig->lfPanel), QString("Random, from \u2212250 mV to 250 mV"));
+    }
+
+private:
+    QString checked(const QString& names)
+    {
+        QStringList checked;
+        for (const QString& name : names.split(' ', Qt::SkipEmptyParts)) {
+            if (m_rig->get(name)->isChecked())
+                checked << name;
+        }
+        return checked.join(' ');
+    }
+    /// "+" for each that can be used, else "-".
+    QString enabled(const QString& names)
+    {
+        QString enabled;
+        for (const QString& name : names.split(' '))
+            enabled += m_rig->get<QWidget>(name)->isEnabled() ? '+' : '-';
+        return enabled;
+    }
+
+    std::unique_ptr<ModulationRig> m_rig;
+};
+
+QTEST_MAIN(ModulationPanelsTest)
+#include "modulation_panels_test.moc"
