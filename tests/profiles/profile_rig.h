@@ -1,6 +1,5 @@
 #pragma once
 
-#include "profiles/input_block.h"
 #include "profiles/open_save_xml_file.h"
 
 #include <QCheckBox>
@@ -26,7 +25,7 @@ public:
         m_panel->setObjectName("Modulat");
         m_service->setObjectName("service_panel");
         auto* column = new QVBoxLayout(&m_window);
-        fillWindow(column);
+        fillWindow();
         fillPanel();
         column->addWidget(m_panel);
         column->addWidget(m_service);
@@ -38,7 +37,14 @@ public:
         store.exclude(m_service);
         store.exclude(get("Output"));
         store.waitAfter({"AM"}, 450);
-        addVariables(store);
+        using Type = SharedVariable::Type;
+        for (const auto& [name, type] :
+             {std::pair("Text_Name", Type::Text), std::pair("Pow_Step", Type::Double),
+              std::pair("Point_Step", Type::Int32), std::pair("Freq_Step", Type::Int64)}) {
+            QVariant& variable = variables[name];
+            store.addVariable({name, type, [&variable] { return variable; },
+                               [&variable](const QVariant& value) { variable = value; }});
+        }
         QObject::connect(m_profiles, &openSave_XML_FILE::error,
                          [this](const QString& said) { log << "error: " + said; });
         QObject::connect(m_profiles, &openSave_XML_FILE::message,
@@ -70,26 +76,19 @@ public:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    QStringList takeLog()
-    {
-        QStringList taken;
-        taken.swap(log);
-        return taken;
-    }
+    QStringList takeLog() { return std::exchange(log, {}); }
 
     openSave_XML_FILE& profiles() { return *m_profiles; }
     QWidget& window() { return m_window; }
-    const QTemporaryDir& folder() const { return m_folder; }
 
     QStringList log;
     QString refusal;
     std::function<void()> inPause;
     bool isEnding = false;
-
-    QString text = "abc";
-    double number = 1234567.0;
-    int whole = -5;
-    qint64 big = 12345678901234;
+    std::map<QString, QVariant> variables = {{"Text_Name", "abc"},
+                                             {"Pow_Step", 1234567.0},
+                                             {"Point_Step", -5},
+                                             {"Freq_Step", 12345678901234LL}};
 
 private:
     template <typename Control>
@@ -110,25 +109,19 @@ private:
         return control;
     }
 
-    QPushButton* addCheckable(QWidget* parent, const char* name)
+    void addCheckable(QWidget* parent, std::initializer_list<const char*> names)
     {
-        auto* button = add<QPushButton>(parent, name);
-        button->setCheckable(true);
-        return button;
+        for (const char* name : names)
+            add<QPushButton>(parent, name)->setCheckable(true);
     }
 
-    void fillWindow(QVBoxLayout*)
+    void fillWindow()
     {
         add<QLineEdit>(&m_window, "FREQ")->setText("25 000 000");
-        addCheckable(&m_window, "ROSC")->setChecked(true);
-        addCheckable(&m_window, "Output");
         add<QPushButton>(&m_window, "closeWindow");
-        addCheckable(&m_window, "");
-        addCheckable(&m_window, "qt_own");
-        addCheckable(&m_window, "two words");
-        addCheckable(&m_window, "Modulat");
-        auto* dialog = new QDialog(&m_window);
-        addCheckable(dialog, "of_dialog");
+        addCheckable(&m_window, {"ROSC", "Output", "", "qt_own", "two words", "Modulat"});
+        get<QPushButton>("ROSC")->setChecked(true);
+        addCheckable(new QDialog(&m_window), {"of_dialog"});
     }
 
     void fillPanel()
@@ -137,17 +130,13 @@ private:
         auto* area = add<QScrollArea>(m_panel, "area");
         auto* inside = new QWidget;
         new QVBoxLayout(inside);
-        addCheckable(inside, "AM");
-        addCheckable(inside, "FM");
+        addCheckable(inside, {"AM", "FM"});
         add<QCheckBox>(inside, "check");
         area->setWidget(inside);
         add<QLineEdit>(m_panel, "FREQ")->setText("1 000");
         add<QLineEdit>(m_panel, "empty");
         add<QSpinBox>(m_panel, "spin");
-        auto* table = add<QTableWidget>(m_panel, "table");
-        table->setRowCount(1);
-        table->setColumnCount(1);
-        addCheckable(table->viewport(), "in_table");
+        addCheckable(add<QTableWidget>(m_panel, "table")->viewport(), {"in_table"});
         auto* box = add<QComboBox>(m_panel, "box");
         box->addItems({"5", "10", "a < b"});
         box->setEditable(true);
@@ -155,34 +144,19 @@ private:
                          [this](const QString& chosen) { log << "box = " + chosen; });
     }
 
-    void addVariables(ProfileStore& store)
-    {
-        using Type = SharedVariable::Type;
-        store.addVariable({"Text_Name", Type::Text, [this] { return text; },
-                           [this](const QVariant& value) { text = value.toString(); }});
-        store.addVariable({"Pow_Step", Type::Double, [this] { return number; },
-                           [this](const QVariant& value) { number = value.toDouble(); }});
-        store.addVariable({"Point_Step", Type::Int32, [this] { return whole; },
-                           [this](const QVariant& value) { whole = value.toInt(); }});
-        store.addVariable({"Freq_Step", Type::Int64, [this] { return big; },
-                           [this](const QVariant& value) { big = value.toLongLong(); }});
-    }
-
     openSave_XML_FILE::Owner owner()
     {
         const auto pause = [this](int ms) {
             // Between two entries only user input is processed.
-            if (ms == 0)
-                return !isEnding;
-            log << QString("wait %1").arg(ms);
-            if (inPause)
+            if (ms > 0)
+                log << QString("wait %1").arg(ms);
+            if (ms > 0 && inPause)
                 inPause();
             return !isEnding;
         };
-        const auto accepted = [](const QLineEdit& field) { return field.text(); };
         return {pause,
                 [this] { return refusal; },
-                accepted,
+                [](const QLineEdit& field) { return field.text(); },
                 [this] { log << "settle"; },
                 [this] { log << "refresh"; },
                 [this](bool isBusy) { log << (isBusy ? "busy" : "free"); }};
