@@ -96,18 +96,6 @@ private slots:
         QVERIFY(m_rig->sent().contains("LFO:FUNC:FREQ 1000000.0 Hz"));
     }
 
-    void modulationGoesOffFirst()
-    {
-        m_rig->click("IntExt_AM AM IntExt_PULM Pulse");
-        m_rig->sent();
-        m_rig->sweepOffs = 0;
-        m_rig->click("dc_select");
-        QCOMPARE(m_rig->sent(), QStringList({"AM:STATe OFF", "PULM:STATe OFF", "LFO:STAT ON!",
-                                             "LFO:FUNC:SHAP DC!", amplitude}));
-        QCOMPARE(m_rig->whatIsOn(), QString("LFO"));
-        QCOMPARE(m_rig->sweepOffs, 1);
-    }
-
     void newestClickWins_data()
     {
         testColumns<QString, QString, QString, QString, QString>("first", "seen", "second", "on",

@@ -42,30 +42,25 @@ public:
     /// The transcript starts again.
     QString whatIsOn()
     {
-        const auto lit = [](const QLabel& label) { return label.pixmap(Qt::ReturnByValue); };
         QStringList buttons;
+        QStringList lamps;
         QStringList instrument;
         for (const QString name : {"AM", "FM", "PM", "PULM", "LFO"}) {
-            const bool isOn = name == "LFO"    ? lfPanel.isOn()
-                              : name == "PULM" ? get("Pulse")->isChecked()
-                                               : get(name)->isChecked();
-            if (isOn)
+            const bool isLf = name == "LFO";
+            const QPushButton* button = isLf ? nullptr : get(name == "PULM" ? "Pulse" : name);
+            if (isLf ? lfPanel.isOn() : button->isChecked())
                 buttons << name;
+            const QLabel& lamp = isLf ? gener : name == "PULM" ? pulse : amPmFm;
+            const QImage lit = lamp.pixmap(Qt::ReturnByValue).toImage();
+            // AM, FM and PM share one.
+            const bool isShared = &lamp == &amPmFm;
+            if (isShared ? lit == button->icon().pixmap(button->iconSize()).toImage()
+                         : !lit.isNull())
+                lamps << name;
             if (session.query(name + ":STATe?").toInt() != 0)
                 instrument << name;
         }
         demo.takeTranscript();
-        QStringList lamps;
-        for (const QString name : {"AM", "FM", "PM"}) {
-            const QPushButton* button = get(name);
-            const QPixmap icon = button->icon().pixmap(button->iconSize());
-            if (!lit(amPmFm).isNull() && lit(amPmFm).toImage() == icon.toImage())
-                lamps << name;
-        }
-        if (!lit(pulse).isNull())
-            lamps << "PULM";
-        if (!lit(gener).isNull())
-            lamps << "LFO";
         if (buttons == instrument && buttons == lamps)
             return buttons.join(' ');
         return QString("panel %1, lamps %2, instrument %3")

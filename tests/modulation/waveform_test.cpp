@@ -93,23 +93,6 @@ private slots:
         }
     }
 
-    void spans_data()
-    {
-        testColumns<double, double>("length", "span");
-        testRow("1", 1.0, 1.0);
-        testRow("1.01", 1.01, 2.0);
-        testRow("0.2", 0.2, 0.2);
-        testRow("0", 0.0, 1.0);
-        testRow("-5", -5.0, 1.0);
-        testRow("infinite", infinity, 1.0);
-    }
-
-    void spans()
-    {
-        QFETCH(double, length);
-        QTEST(axisSpan(length), "span");
-    }
-
     /// The panels' test reads the other words.
     void pulsesWithoutPeriod()
     {

@@ -152,26 +152,16 @@ private slots:
         testRow("damaged", QByteArray("1,2,3\n4,%1,6\n"),
                 "error: points.csv, line 2: \"%1\" is not a number");
         testRow("binary", QByteArray(10, '\0'), "error: points.csv: not valid UTF-8 text");
-        testRow("gone", QByteArray(), "points.csv cannot be opened: ");
     }
     void openingKeepsTheTable()
     {
         QFETCH(QByteArray, contents);
-        QFETCH(QString, message);
         ListBench bench;
         bench.setRows({"9,9,9"});
-        const QString file = m_folder + "/points.csv";
-        write(file, contents);
-        bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
-            // Gone between the choice and the reading.
-            if (contents.isEmpty())
-                connect(&dialog, &QDialog::accepted, [&] { QFile::remove(file); });
-            static_cast<QDialog&>(dialog).accept();
-        });
+        write(m_folder + "/points.csv", contents);
+        bench.chooseFile("open_List", "points.csv");
         QCOMPARE(bench.rows(), QStringList("9,9,9"));
-        QCOMPARE(bench.said.size(), 1);
-        QVERIFY2(bench.said.first().startsWith(message), qPrintable(bench.said.first()));
+        QTEST(bench.said.join('|'), "message");
     }
 
     void openingStopsARun()

@@ -82,12 +82,11 @@ private slots:
         bench.setRows({"1,2,3", "4,5,6"});
         bench.clickCell(0, 0);
         for (const QString& each : keys) {
-            const int key = QKeySequence(each)[0];
             if (each.at(0).isUpper())
-                bench.press(Qt::Key(key & ~Qt::KeyboardModifierMask),
-                            Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+                QTest::keySequence(QApplication::focusWidget(), QKeySequence(each));
             else
                 bench.type(each);
+            QCoreApplication::processEvents();
         }
         QTEST(bench.rows().join('|'), "rows");
     }
@@ -149,14 +148,9 @@ private slots:
         for (const char* frequency : {"1", "2", "3", "4", "5", "6"})
             bench.table().change({0, bench.table().rowCount(), {{frequency, large, {}}}}, "set");
         // Each but the first holds what was there before, too: 12 MB of text.
-        QStringList seen;
-        while (bench.table().history().canUndo()) {
+        while (bench.table().history().canUndo())
             bench.table().takeBack();
-            seen << bench.table().text(0, PointTable::Frequency);
-        }
-        QCOMPARE(seen, QStringList({"5", "4", "3", "2", "1"}));
-        bench.table().bringBack();
-        QCOMPARE(bench.table().text(0, PointTable::Frequency), QString("2"));
+        QCOMPARE(bench.table().text(0, PointTable::Frequency), QString("1"));
         bench.said.clear();
         bench.table().change({0, 1, {{"5", large.repeated(11), {}}}}, "set");
         QVERIFY(!bench.table().history().canUndo());

@@ -62,6 +62,7 @@ private slots:
         testRow("list by hand", "time_select button_List", waits);
         testRow("by a row", "time_select button_List row", "3");
         testRow("by an arrow", "time_select button_List row rightButton", "4");
+        testRow("list from a free run on", "button_List rightButton", "2");
         testRow("free again", "ext_select button_Sweep time_select", "1");
         testRow("by triggers", "ext_select button_Sweep", triggered);
         testRow("by triggers from now on", "button_Sweep ext_select", triggered);

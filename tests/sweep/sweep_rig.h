@@ -63,11 +63,15 @@ public:
     }
 
     /// Rows that differ from each other, so that none can be taken for another.
+    static QString rowText(int row)
+    {
+        return QString("1 %1 000;%2;%3").arg(100 + row).arg(-(row % 21)).arg(1000 + row);
+    }
     void fillRows(int count)
     {
         QStringList rows;
         for (int row = 0; row < count; ++row)
-            rows << QString("1 %1 000;%2;%3").arg(100 + row).arg(-(row % 21)).arg(1000 + row);
+            rows << rowText(row);
         fill(rows);
     }
 

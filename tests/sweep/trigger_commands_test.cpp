@@ -88,14 +88,16 @@ private slots:
             {up, down}, "1 WAIT 10000000 -4", "1 refresh -1 refresh");
         row("sweep by edges", "ext_select button_Sweep",
             "trigger=rising trigger=falling trigger=falling", {}, "2 WAIT 20000000 -4", "");
-        row("list by rows", "button_List", "row=2 time_select row=3",
+        row("list by rows", "button_List", "row=2 time_select row=3 row=3",
             manual + QStringList("LIST:MAN 3!"), "3 WAIT 3000000 -3", "to 3");
         row("list after all points", "time_select button_List", "row=3 modeFront row=2",
             QStringList("LIST:MAN 3!") + allPoints + manual + QStringList("LIST:MAN 2!"),
             "2 WAIT 2000000 -2", "to 3 to 2");
-        row("list by arrows", "ext_select button_List", "rightButton rightButton leftButton",
-            manual + QStringList{"LIST:MAN 1!", "LIST:MAN 2!", "LIST:MAN 1!"}, "1 WAIT 1000000 -1",
-            "to 1 to 2 to 1");
+        row("list by arrows", "ext_select button_List",
+            "rightButton rightButton leftButton leftButton row=2 rightButton rightButton",
+            manual + QStringList{"LIST:MAN 1!", "LIST:MAN 2!", "LIST:MAN 1!", "LIST:MAN 2!",
+                                 "LIST:MAN 3!"},
+            "3 WAIT 3000000 -3", "to 1 to 2 to 1 to 2 to 3");
         row("list that has ended", "time_select button_List button_List", "row=1", {},
             "0 IDLE 1500000000 -7", "");
     }
@@ -104,9 +106,10 @@ private slots:
         QFETCH(QString, before);
         QFETCH(QString, acts);
         run(before);
+        int column = 0;
         for (const QString& act : acts.split(' ', Qt::SkipEmptyParts)) {
             if (act.startsWith("row="))
-                emit m_rig->panel.pointChosen(act.mid(4).toInt());
+                m_rig->panel.table().setCurrentCell(act.mid(4).toInt() - 1, ++column % 3);
             else if (act.contains('='))
                 m_rig->demo(QString(act).replace('=', ' '));
             else
@@ -145,6 +148,9 @@ private slots:
         this->run(run);
         m_rig->click(clicked);
         QTEST(m_rig->sent(), "sent");
+        // What steps a list is said.
+        const bool isAmiss = run == "button_List" && clicked.contains("right_select");
+        QCOMPARE(m_rig->fields.said.filter("arrows").size(), isAmiss ? 2 : 0);
     }
 
     void nothingWhileTheTableIsSent()
@@ -153,7 +159,8 @@ private slots:
         {
             const progressBarForTable bar(3, &m_rig->panel.table());
             m_rig->click("trigMode right_select left_select int_select time_select time_select");
-            emit m_rig->panel.pointChosen(1);
+            m_rig->click("rightButton");
+            m_rig->panel.table().setCurrentCell(2, 0);
             QCOMPARE(m_rig->sent(), QStringList());
             m_rig->click("modeFront");
             QCOMPARE(m_rig->sent().size(), 1);
@@ -171,29 +178,23 @@ private slots:
         QCOMPARE(m_rig->sent(), manual + QStringList(up));
     }
 
-    void nothingWithoutARun_data()
-    {
-        testColumns<bool>("isConnected");
-        testRow("connected", true);
-        testRow("no instrument", false);
-    }
     void nothingWithoutARun()
     {
-        QFETCH(bool, isConnected);
-        if (!isConnected) {
-            const QSignalBlocker quiet(m_rig->panel.runSweep());
-            m_rig->panel.runSweep().setChecked(true);
-            m_rig->session.close();
-        }
         m_rig->pulse.setChecked(true);
-        m_rig->sent();
-        m_rig->click(
-            "left_select right_select trigMode modeFront int_select ext_select time_select");
-        m_rig->triggers.dowloadPointList(1);
-        m_rig->triggers.slotModeIntFront(true);
-        QCOMPARE(m_rig->sent(), QStringList());
-        QCOMPARE(m_rig->events, QStringList());
-        QVERIFY(m_rig->pulse.isChecked());
+        for (const bool isConnected : {true, false}) {
+            if (!isConnected) {
+                const QSignalBlocker quiet(m_rig->panel.runSweep());
+                m_rig->panel.runSweep().setChecked(true);
+                m_rig->session.close();
+            }
+            m_rig->sent();
+            m_rig->click(
+                "left_select right_select trigMode modeFront int_select ext_select time_select");
+            m_rig->triggers.dowloadPointList(1);
+            QCOMPARE(m_rig->sent(), QStringList());
+            QCOMPARE(m_rig->events, QStringList());
+            QVERIFY(m_rig->pulse.isChecked());
+        }
     }
 
     void lostConnectionStepsNoFurther()
