@@ -68,23 +68,6 @@ private slots:
         QCOMPARE(m_rig->sent(), switchedOn + restored);
     }
 
-    void fields_data()
-    {
-        testColumns<QString, QStringList, QString>("typed", "sent", "shown");
-        testRow("FREQ", "2 500", QStringList("LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"), "2 500.0");
-        testRow("VOLTAGE", "99", QStringList("LFO:AMPLitude 5.000000;AMPLitude?!"), "5.000");
-        testRow("percent", "0", QStringList("LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!"), "5");
-    }
-    void fields()
-    {
-        QFETCH(QString, typed);
-        m_rig->enter(QTest::currentDataTag(), typed);
-        QTEST(m_rig->sent(), "sent");
-        QTEST(m_rig->text(QTest::currentDataTag()), "shown");
-        m_rig->enter(QTest::currentDataTag(), "");
-        QCOMPARE(m_rig->sent(), QStringList());
-    }
-
     void frequencyGoesOutAsTyped()
     {
         m_rig->get<QLineEdit>("FREQ")->setText("2 500");

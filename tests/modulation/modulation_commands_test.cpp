@@ -134,25 +134,21 @@ private slots:
         const auto row = [](const QString& tag, const QString& field, const QString& typed,
                             const QStringList& sent,
                             const QString& shown) { testRow(tag, field, typed, sent, shown); };
-        const struct {
-            QString highestRate;
-            QString highestRateShown;
-            QString lowestDuty;
-        } limits[] = {
-            {"100000", "100 000", "1"}, {"200000", "200 000", "2"}, {"50000", "50 000", "3"}};
+        const QStringList highestRates = {"100 000", "200 000", "50 000"};
         for (int i = 0; i < names.size(); ++i) {
             const QString header = names.at(i) + ":INT:FUNC:";
-            const auto& limit = limits[i];
+            const QString& highest = highestRates.at(i);
+            const QString lowestDuty = QString::number(i + 1);
             const QString rate = "line_" + suffixes.at(i) + "_1";
             const QString duty = "percentLine_" + suffixes.at(i);
             const QString& tag = names.at(i);
             row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
             row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
             row(tag + " rate, high", rate, "9M",
-                twoStep(header + "FREQ", limit.highestRate + " Hz"), limit.highestRateShown);
+                twoStep(header + "FREQ", QString(highest).remove(' ') + " Hz"), highest);
             row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
-            row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", limit.lowestDuty),
-                limit.lowestDuty);
+            row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", lowestDuty),
+                lowestDuty);
         }
         row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
         row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
@@ -164,9 +160,13 @@ private slots:
         for (const auto& [field, shown] : {std::pair("line_Ampl_1", "1 000"),
                                            {"line_Ampl_2", "1.00"},
                                            {"percentLine_FREQ", "50"},
-                                           {"line_period", "1 000"}})
+                                           {"line_period", "1 000"},
+                                           {"VOLTAGE", "1.000"}})
             row(field + QString(", empty"), field, " ", {}, shown);
         row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
+        row("LF rate", "FREQ", "2 500", {"LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"}, "2 500.0");
+        row("LF level", "VOLTAGE", "99", {"LFO:AMPLitude 5.000000;AMPLitude?!"}, "5.000");
+        row("LF duty", "percent", "0", {"LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!"}, "5");
     }
     void fields()
     {
@@ -306,6 +306,12 @@ private slots:
         m_rig->panel.expand(Modulation::Pm, false);
         m_rig->modulation.switchEverythingOff(false);
         QVERIFY(m_rig->panel.group(Modulation::Pm).isExpanded());
+
+        // A button that cannot be clicked goes off all the same.
+        m_rig->click("FM");
+        m_rig->get("FM")->setEnabled(false);
+        m_rig->modulation.switchEverythingOff(false);
+        QCOMPARE(m_rig->whatIsOn(), QString());
     }
 
     void newestClickWins_data()
@@ -393,17 +399,12 @@ private slots:
         m_rig->session.close();
         m_rig->demo.takeTranscript();
         m_rig->click("AM FM Rect_FREQ IntExt_FM IntExt_FM Pulse");
-        QVERIFY(!m_rig->get("AM")->isChecked());
-        QVERIFY(m_rig->get("FM")->isChecked());
-        QVERIFY(!m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
-        m_rig->enter("line_Ampl_2", "120");
-        QCOMPARE(m_rig->text("line_Ampl_2"), QString("100.00"));
+        QCOMPARE(m_rig->panel.checkedModulation(), std::optional(Modulation::Fm));
         m_rig->modulation.restore();
         m_rig->click("triangle_select");
-        QVERIFY(!m_rig->get("FM")->isChecked());
-        QVERIFY(!m_rig->get("Pulse")->isChecked());
-        QVERIFY(m_rig->amPmFm.pixmap(Qt::ReturnByValue).isNull());
-        QVERIFY(m_rig->pulse.pixmap(Qt::ReturnByValue).isNull());
+        QVERIFY(!m_rig->get("FM")->isChecked() && !m_rig->get("Pulse")->isChecked());
+        for (const QLabel* lamp : {&m_rig->amPmFm, &m_rig->pulse})
+            QVERIFY(lamp->pixmap(Qt::ReturnByValue).isNull());
         QCOMPARE(m_rig->demo.takeTranscript(), QStringList());
     }
 

@@ -8,14 +8,15 @@
 #include <limits>
 
 Q_DECLARE_METATYPE(WaveShape)
-Q_DECLARE_METATYPE(QVector<QPointF>)
+using Line = QVector<QPointF>;
+Q_DECLARE_METATYPE(Line)
 
 namespace
 {
 const double infinity = std::numeric_limits<double>::infinity();
 
 /// The level of a line at a time; at a jump the later one.
-double levelAt(const QVector<QPointF>& line, double time)
+double levelAt(const Line& line, double time)
 {
     for (int i = line.size() - 2; i >= 0; --i) {
         const QPointF from = line.at(i);
@@ -35,26 +36,24 @@ class WaveformTest : public QObject
 private slots:
     void points_data()
     {
-        testColumns<WaveShape, QVector<QPointF>>("shape", "samples"); // period 2, levels -3 to 3
+        testColumns<WaveShape, Line>("shape", "samples"); // period 2, levels -3 to 3
 
-        testRow("sine", WaveShape::Sine,
-                QVector<QPointF>{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {2.5, 3}});
+        testRow("sine", WaveShape::Sine, Line{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {2.5, 3}});
         testRow("saw up", WaveShape::SawPositive,
-                QVector<QPointF>{{0, -3}, {1, 0}, {1.99, 2.97}, {2.01, -2.97}});
+                Line{{0, -3}, {1, 0}, {1.99, 2.97}, {2.01, -2.97}});
         testRow("saw down", WaveShape::SawNegative,
-                QVector<QPointF>{{0, 3}, {1, 0}, {1.99, -2.97}, {2.01, 2.97}});
-        testRow("triangle", WaveShape::Triangle,
-                QVector<QPointF>{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {3, 0}});
+                Line{{0, 3}, {1, 0}, {1.99, -2.97}, {2.01, 2.97}});
+        testRow("triangle", WaveShape::Triangle, Line{{0, 0}, {0.5, 3}, {1, 0}, {1.5, -3}, {3, 0}});
         testRow("square", WaveShape::Square,
-                QVector<QPointF>{{0, 3}, {0.59, 3}, {0.61, -3}, {1.9, -3}, {2.1, 3}});
-        testRow("DC", WaveShape::Dc, QVector<QPointF>{{0, 3}, {1, 3}, {4, 3}});
+                Line{{0, 3}, {0.59, 3}, {0.61, -3}, {1.9, -3}, {2.1, 3}});
+        testRow("DC", WaveShape::Dc, Line{{0, 3}, {1, 3}, {4, 3}});
     }
 
     void points()
     {
         QFETCH(WaveShape, shape);
-        QFETCH(QVector<QPointF>, samples);
-        const QVector<QPointF> line = waveformPoints({shape, 2.0, 30.0, -3.0, 3.0}, 5.0);
+        QFETCH(Line, samples);
+        const Line line = waveformPoints({shape, 2.0, 30.0, -3.0, 3.0}, 5.0);
         for (const QPointF& sample : samples) {
             const double level = levelAt(line, sample.x());
             QVERIFY2(std::abs(level - sample.y()) < 0.02,
@@ -82,7 +81,7 @@ private slots:
             const Waveform waveform{static_cast<WaveShape>(shape), period, duty, -1.0, 1.0};
             const double span = pictureSpan(waveform);
             QVERIFY(!waveform.hasPeriod() || (span >= 1.999 * period && span <= 5.001 * period));
-            const QVector<QPointF> line = waveformPoints(waveform, span);
+            const Line line = waveformPoints(waveform, span);
             QVERIFY2(line.size() >= 2 && line.size() < 400, qPrintable(QString::number(shape)));
             QCOMPARE(line.first().x(), 0.0);
             QVERIFY(std::abs(line.last().x() - span) <= 1e-6 * span);

@@ -131,12 +131,11 @@ private slots:
     {
         saveQuick("a");
         saveQuick("b");
-        click("delete_1");
-        answer("a", false);
-        QCOMPARE(shown(), QStringList({"a", "b"}));
-        click("delete_1");
-        answer("a", true);
-        QCOMPARE(shown(), QStringList("b"));
+        for (const bool isYes : {false, true}) {
+            click("delete_1");
+            answer("a", isYes);
+            QCOMPARE(shown().join(' '), QString(isYes ? "b" : "a b"));
+        }
         QVERIFY(!QFile::exists(quickPath("a")));
         QCOMPARE(m_rig->takeLog().last(), QString("message: Profile deleted: a"));
     }

@@ -138,10 +138,6 @@ private slots:
         QCOMPARE(bench.rows(), QStringList("9,9,9"));
         bench.chooseFile("open_List", "points.csv");
         QCOMPARE(bench.rows(), QStringList("1 000 000,-5.5,1000"));
-        // Not one cell was taken for an edit, but the next one is.
-        bench.table().item(0, 2)->setText("2m");
-        QCOMPARE(bench.rows(), QStringList("1 000 000,-5.5,2 000"));
-        bench.click("undo_List");
         bench.click("undo_List");
         QCOMPARE(bench.rows(), QStringList("9,9,9"));
     }
@@ -152,16 +148,24 @@ private slots:
         testRow("damaged", QByteArray("1,2,3\n4,%1,6\n"),
                 "error: points.csv, line 2: \"%1\" is not a number");
         testRow("binary", QByteArray(10, '\0'), "error: points.csv: not valid UTF-8 text");
+        testRow("gone by then", QByteArray(), "points.csv cannot be opened: ");
     }
     void openingKeepsTheTable()
     {
         QFETCH(QByteArray, contents);
+        QFETCH(QString, message);
         ListBench bench;
         bench.setRows({"9,9,9"});
         write(m_folder + "/points.csv", contents);
+        if (contents.isEmpty())
+            bench.whenAsked<QFileDialog>([this](QFileDialog& dialog) {
+                connect(&dialog, &QDialog::accepted,
+                        [this] { QFile::remove(m_folder + "/points.csv"); });
+            });
         bench.chooseFile("open_List", "points.csv");
         QCOMPARE(bench.rows(), QStringList("9,9,9"));
-        QTEST(bench.said.join('|'), "message");
+        const QString said = bench.said.join('|');
+        QVERIFY2(said.startsWith(message), qPrintable(said));
     }
 
     void openingStopsARun()

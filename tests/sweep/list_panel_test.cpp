@@ -48,7 +48,6 @@ private slots:
         bench.click("power_toFrom_freq");
         // The three change at once: nobody sees the values of one mode under the other.
         QCOMPARE(heard, QStringList("1 000 000 000|-10|0"));
-        QCOMPARE(bench.get<QLabel>("label_Freq_Pow").text(), QString("Frequency"));
         QCOMPARE(bench.panel.sweep().valuesAside().start, QString("25 000 000"));
         bench.panel.sweep().valuesAside().start = "30 000 000";
         bench.get<QLineEdit>("Stop").setText("5");
@@ -126,8 +125,6 @@ private slots:
         const QImage plain = picture();
         bench.panel.highlightPoint(2);
         QVERIFY(picture() != plain);
-        bench.panel.highlightPoint(0);
-        QCOMPARE(picture(), plain);
 
         // The table follows the run, unless the user has scrolled away.
         const auto isInView = [&](int row) {

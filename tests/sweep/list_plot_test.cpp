@@ -56,7 +56,10 @@ private slots:
     {
         QFETCH(RunKind, kind);
         QFETCH(RunPoints, points);
-        show(kind, points);
+        m_plot->showRun(kind, points);
+        // Many changes at once are drawn once.
+        QCOMPARE(m_plot->accessibleDescription(), QString("The sweep settings define no points"));
+        QCoreApplication::processEvents();
         QTEST(m_plot->accessibleDescription(), "words");
     }
 
@@ -83,7 +86,6 @@ private slots:
         testColumns<RunPoints>("points");
         testRow("none", RunPoints());
         testRow("one", listOf({{"1 000", "0", "5"}}));
-        testRow("equal", listOf({{"1 000", "0", "5"}, {"1 000", "0", "5"}}));
         testRow("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
         testRow("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
         testRow("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));

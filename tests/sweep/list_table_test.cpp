@@ -135,10 +135,6 @@ private slots:
         QCOMPARE(bench.rows(), rows);
         bench.click("redo_List");
         QCOMPARE(bench.rows(), changed);
-        bench.click("undo_List");
-        bench.click("undo_List");
-        QCOMPARE(bench.rows(), QStringList());
-        QVERIFY(!bench.get<QPushButton>("undo_List").isEnabled());
     }
 
     void undoIsBoundedInMemory()
@@ -256,12 +252,11 @@ private slots:
     {
         ListBench bench;
         bench.setRows({"1,2,3"});
-        bench.whenAsked(false);
-        bench.click("clear_List");
-        QCOMPARE(bench.rows().size(), 1);
-        bench.whenAsked(true);
-        bench.click("clear_List");
-        QCOMPARE(bench.rows().size(), 0);
+        for (const bool isYes : {false, true}) {
+            bench.whenAsked(isYes);
+            bench.click("clear_List");
+            QCOMPARE(bench.rows().size(), isYes ? 0 : 1);
+        }
         bench.click("undo_List");
         QCOMPARE(bench.rows(), QStringList("1,2,3"));
     }
@@ -292,6 +287,20 @@ private slots:
         bench.table().item(0, 0)->setText("7");
         QCOMPARE(bench.rows(), QStringList({"1,2,3", "4,5,6"}));
         QCOMPARE(bench.said.size(), 4);
+    }
+
+    void longListsAreNotWalkedByAnEdit()
+    {
+        const ListBench bench;
+        bench.setRows(QVector<QString>(10000, "1,2,3").toList());
+        int touched = 0;
+        connect(bench.table().model(), &QAbstractItemModel::dataChanged,
+                [&](const QModelIndex& from, const QModelIndex& to) {
+                    touched += to.row() - from.row() + 1;
+                });
+        bench.table().item(5000, 0)->setText("8k");
+        QCOMPARE(bench.table().text(5000, 0), QString("8 000"));
+        QVERIFY2(touched <= 4, qPrintable(QString::number(touched)));
     }
 };
 

@@ -106,20 +106,13 @@ private slots:
         QCOMPARE(m_clock->reached(), 0);
     }
 
-    void runsWithoutTime_data()
-    {
-        testColumns<int, bool>("count", "isContinuous");
-        testRow("no points, continuous", 0, true);
-        testRow("no dwell", 5, false);
-        testRow("no dwell, continuous", 5, true);
-    }
     void runsWithoutTime()
     {
-        QFETCH(int, count);
-        QFETCH(bool, isContinuous);
-        m_clock->start(points(count, 0), RunClock::Pace::Free, isContinuous);
-        QVERIFY(!isTicking());
-        QCOMPARE(m_clock->reached(), count);
+        for (const auto& [count, isContinuous] : {std::pair(0, true), {5, false}, {5, true}}) {
+            m_clock->start(points(count, 0), RunClock::Pace::Free, isContinuous);
+            QVERIFY(!isTicking());
+            QCOMPARE(m_clock->reached(), count);
+        }
     }
 
 private:
