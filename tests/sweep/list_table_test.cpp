@@ -72,7 +72,7 @@ private slots:
         row("up", {"Down", "9", "Alt+Up", "Alt+Up"}, "9,5,6|1,2,3");
         row("down", {"8", "Alt+Down"}, "4,5,6|8,2,3");
         row("delete", {"Del"}, "4,5,6");
-        row("all", {"Ctrl+A", "Del"}, "");
+        row("all, and anew", {"Ctrl+A", "Del", "Ins", "7", "Return"}, "7,,");
         row("undo and redo", {"Del", "Ctrl+Z", "Ctrl+Z", "Ctrl+Shift+Z", "Ctrl+Shift+Z"}, "4,5,6");
     }
     void keysOfRows()
