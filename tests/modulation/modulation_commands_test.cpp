@@ -157,11 +157,8 @@ private slots:
         row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
         row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
         row("period, low", "line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
-        for (const auto& [field, shown] : {std::pair("line_Ampl_1", "1 000"),
-                                           {"line_Ampl_2", "1.00"},
-                                           {"percentLine_FREQ", "50"},
-                                           {"line_period", "1 000"},
-                                           {"VOLTAGE", "1.000"}})
+        for (const auto& [field, shown] :
+             {std::pair("line_Ampl_1", "1 000"), {"line_period", "1 000"}, {"VOLTAGE", "1.000"}})
             row(field + QString(", empty"), field, " ", {}, shown);
         row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
         row("LF rate", "FREQ", "2 500", {"LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"}, "2 500.0");

@@ -1,5 +1,6 @@
 #include "tests/profiles/profile_rig.h"
 
+#include "profiles/input_block.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/rows.h"
 
@@ -278,6 +279,31 @@ private slots:
         rig.refusal = "not now";
         QVERIFY(!rig.profiles().open(rig.path("given.xml")));
         QCOMPARE(rig.takeLog(), QStringList("message: not now"));
+    }
+
+    void takesNoInputMeanwhile()
+    {
+        ProfileRig rig;
+        QVERIFY(QTest::qWaitForWindowExposed(&rig.window()));
+        auto* exempt = rig.get("closeWindow");
+        exempt->setFocusPolicy(Qt::NoFocus);
+        auto* field = rig.get<QLineEdit>("FREQ");
+        field->clear();
+        const auto act = [&] {
+            for (const QWidget* each : {rig.get("FM"), exempt}) {
+                const QPoint position = each->mapTo(&rig.window(), each->rect().center());
+                QTest::mouseClick(rig.window().windowHandle(), Qt::LeftButton, {}, position);
+            }
+            QTest::keyClicks(field, "7");
+            QTest::keyClick(field, Qt::Key_Return);
+            return rig.takeLog();
+        };
+        {
+            const InputBlock block([&](const QWidget* widget) { return widget == exempt; });
+            QCOMPARE(act(), QStringList("closeWindow off"));
+        }
+        QCOMPARE(field->text(), QString());
+        QCOMPARE(act(), QStringList({"FREQ = ", "FM on", "closeWindow off", "FREQ = 7"}));
     }
 
     void namesAnew()

@@ -119,11 +119,8 @@ private slots:
         const QString old = m_folder + "/points.csv";
         write(old, "old");
         for (const bool isReplaced : {false, true}) {
-            bench.answer<QFileDialog>("save_List", [&bench, isReplaced](QFileDialog& dialog) {
-                bench.whenAsked(isReplaced);
-                dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points");
-                QTest::keyClick(dialog.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-            });
+            bench.whenAsked(isReplaced);
+            bench.chooseFile("save_List", "points");
             QTRY_COMPARE(bench.panel.findChildren<QDialog*>().size(), 0);
             QCOMPARE(contentsOf(old), QByteArray(isReplaced ? "" : "old"));
         }
@@ -193,11 +190,8 @@ private slots:
         ListBench bench;
         write(m_folder + "/points.csv", QByteArray("1,2,3\n").repeated(many));
         for (const bool isOpened : {false, true}) {
-            bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
-                bench.whenAsked(isOpened);
-                dialog.findChild<QLineEdit*>("fileNameEdit")->setText("points.csv");
-                static_cast<QDialog&>(dialog).accept();
-            });
+            bench.whenAsked(isOpened);
+            bench.chooseFile("open_List", "points.csv");
             QTRY_COMPARE(bench.panel.findChildren<QDialog*>().size(), 0);
             QCOMPARE(bench.table().rowCount(), isOpened ? many : 0);
         }

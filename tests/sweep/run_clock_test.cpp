@@ -66,8 +66,6 @@ private slots:
         m_clock->stop();
         QVERIFY(!isTicking());
         m_clock->moveTo(5);
-        m_clock->setPace(RunClock::Pace::Stepped);
-        m_clock->setContinuous(false);
         m_clock->stop();
         QCOMPARE(reached.size(), 1);
         QCOMPARE(reached.first().first().toInt(), 0);

@@ -116,7 +116,6 @@ private slots:
     {
         testColumns<double, int>("elapsedUs", "number");
         testRow("before", -1.0, 1);
-        testRow("start", 0.0, 1);
         testRow("end of the first", 9.999, 1);
         testRow("second", 10.0, 2);
         testRow("over the one without time", 30.0, 4);

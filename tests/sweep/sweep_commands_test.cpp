@@ -158,9 +158,6 @@ private slots:
         testColumns<QString, QString, QStringList, QString>("frequency", "power", "sent", "shown");
         testRow("fraction of a dB", "2 500 000.4", "-5.5",
                 QStringList{"FREQ 2500000.400000 Hz;FREQ?!", "POW 0.000000;POW?!"}, "2 500 000|0");
-        testRow("grouped", "1 000 000", "- 12",
-                QStringList{"FREQ 1000000.000000 Hz;FREQ?!", "POW -12.000000;POW?!"},
-                "1 000 000|-12");
         testRow("no number", "", "5-3", cwRestored, "1 500 000 000|-7");
     }
     void restoresCw()
