@@ -255,6 +255,14 @@ private slots:
                                              "PULM:INT:PER 500.100000 U;PER?!"}));
     }
 
+    void pulseValueWithoutNumberIsNotSent()
+    {
+        m_rig->get<QLineEdit>("line_period")->setText(".");
+        m_rig->click("Pulse");
+        QCOMPARE(m_rig->sent().filter("PULM:INT:"), QStringList(pulseValues.at(1)));
+        QCOMPARE(m_rig->text("line_period"), QString("1 000"));
+    }
+
     void restores_data()
     {
         testColumns<QString, QStringList>("checked", "sent");
