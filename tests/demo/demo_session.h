@@ -39,12 +39,19 @@ public:
         if (instruments != nullptr)
             demo(instruments);
         viOpenDefaultRM(&resourceManager);
-        opened = viOpen(resourceManager, address, mode, 0, &session);
+        opened = open(mode);
         demo("clear");
     }
     ~DemoSession() { viClose(resourceManager); }
     DemoSession(const DemoSession&) = delete;
     DemoSession& operator=(const DemoSession&) = delete;
+
+    /// Another session; the one before is closed with the resource manager.
+    ViStatus open(ViAccessMode mode = VI_EXCLUSIVE_LOCK, const char* name = address,
+                  ViUInt32 waitMs = 0)
+    {
+        return viOpen(resourceManager, name, mode, waitMs, &session);
+    }
 
     ViStatus write(const QByteArray& message)
     {

@@ -3,12 +3,15 @@
 Usage: pyvisa_test.py LIBRARY
 """
 
+import pathlib
 import sys
+import tempfile
 import time
 import unittest
 
 import pyvisa
-from pyvisa.constants import EventMechanism, EventType, StatusCode
+from pyvisa.constants import (AccessModes, EventMechanism, EventType, InterfaceType,
+                              ResourceAttribute, StatusCode)
 
 ADDRESS = "USB0::0x5645::0x0040::20215678::0::INSTR"
 LIBRARY = ""
@@ -17,6 +20,7 @@ LIBRARY = ""
 class DemoThroughPyVisa(unittest.TestCase):
     def setUp(self):
         self.manager = pyvisa.ResourceManager(LIBRARY)
+        self.visa = self.manager.visalib
         self.instrument = self.manager.open_resource(ADDRESS)
         self.instrument.write("*RST;*CLS")
 
@@ -81,17 +85,65 @@ class DemoThroughPyVisa(unittest.TestCase):
         self.instrument.enable_event(EventType.service_request, EventMechanism.queue)
         self.instrument.write("*ESE 32;*SRE 32;NONSENSE")
         self.instrument.wait_on_event(EventType.service_request, 1000)
-        self.assertEqual(self.instrument.read_stb() & 0x60, 0x60)
+        self.assertEqual(self.instrument.read_stb(), 0x64)
+        self.instrument.write("*IDN?")
+        self.assertEqual(self.instrument.read_stb(), 0x74)
         self.instrument.disable_event(EventType.service_request, EventMechanism.queue)
         self.instrument.clear()
 
     def test_handler_is_called(self):
         seen = []
         handle = self.instrument.wrap_handler(lambda resource, event, user: seen.append(event))
-        self.instrument.install_handler(EventType.service_request, handle)
+        self.assert_visa_error(StatusCode.error_handler_not_installed,
+                               self.instrument.enable_event, EventType.service_request,
+                               EventMechanism.handler)
+        user = self.instrument.install_handler(EventType.service_request, handle)
         self.instrument.enable_event(EventType.service_request, EventMechanism.handler)
         self.instrument.write("*ESE 32;*SRE 32;NONSENSE")
         self.assertEqual(len(seen), 1)
+        self.instrument.uninstall_handler(EventType.service_request, handle, user)
+        self.instrument.write("*CLS;NONSENSE")
+        self.assertEqual(len(seen), 1)
+
+    def test_reads_asynchronously(self):
+        waits = (EventType.io_completion, EventMechanism.queue)
+        self.assert_visa_error(StatusCode.error_not_enabled, self.instrument.wait_on_event,
+                               EventType.io_completion, 5)
+        self.instrument.enable_event(*waits)
+        self.assert_visa_error(StatusCode.error_timeout, self.instrument.wait_on_event,
+                               EventType.io_completion, 5)
+        self.instrument.write("*OPC?")
+        self.visa.discard_events(self.instrument.session, *waits)
+        buffer, job, _ = self.visa.read_asynchronously(self.instrument.session, 64)
+        response = self.instrument.wait_on_event(EventType.io_completion, 1000)
+        event = response.event
+        self.assertEqual((event.job_id, event.status, event.return_count), (job, 0, 2))
+        self.assertEqual(buffer.value, b"1\n")
+
+    def test_attributes(self):
+        self.assertEqual(self.instrument.timeout, 2000)
+        self.assertEqual(self.instrument.resource_name, ADDRESS)
+        self.assertEqual(self.instrument.interface_type, InterfaceType.usb)
+        self.assertEqual(self.instrument.lock_state, AccessModes.no_lock)
+        for attribute, code in ((ResourceAttribute.model_name, StatusCode.error_attribute_read_only),
+                                (ResourceAttribute.termchar_enabled,
+                                 StatusCode.error_nonsupported_attribute_state),
+                                (0x12345678, StatusCode.error_nonsupported_attribute)):
+            self.assert_visa_error(code, self.visa.set_attribute, self.instrument.session,
+                                   attribute, 7)
+        self.assertIn("time-out", self.visa.status_description(
+            self.instrument.session, StatusCode.error_timeout)[0])
+
+    def test_files(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder, "message.txt")
+            path.write_text("FREQ 3 GHZ;FREQ?\n")
+            name = str(path).encode()
+            self.assertEqual(self.visa.write_from_file(self.instrument.session, name, 100)[0].value, 17)
+            self.visa.read_to_file(self.instrument.session, name, 100)
+            self.assertEqual(path.read_text(), "3000000000\n")
+        self.assert_visa_error(StatusCode.error_file_access, self.visa.write_from_file,
+                               self.instrument.session, name, 9)
 
     def test_lock_between_sessions(self):
         other = self.manager.open_resource(ADDRESS)
