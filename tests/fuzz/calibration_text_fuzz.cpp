@@ -19,18 +19,16 @@ bool isWhole(const QString& text)
 
 /// The calibration table as read from an instrument and as typed by a user: an accepted text is a
 /// whole number, and accepted again it is the same.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    const std::string bytes(reinterpret_cast<const char*>(data), size);
-    const QString text = QString::fromStdString(bytes);
+    const QByteArray reply = QByteArray::fromStdString(bytes.rest());
+    const QString text = QString::fromUtf8(reply);
     const QString hertz = wholeHertz(text);
     PROMISE(hertz.isEmpty() || (isWhole(hertz) && hertz.size() <= 15));
     PROMISE(wholeHertz(hertz) == hertz);
     const QString value = wholeValue(text);
     PROMISE(value.isEmpty() || (isWhole(value) && value.size() <= 10));
     PROMISE(wholeValue(value) == value);
-    const QStringList numbers = wholeNumbersOfReply(QString::fromLatin1(bytes.data(), int(size)));
-    for (const QString& number : numbers)
+    for (const QString& number : wholeNumbersOfReply(QString::fromLatin1(reply)))
         PROMISE(number.isEmpty() || isWhole(number));
-    return 0;
 }

@@ -1,26 +1,12 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "connection/connection.h"
-#include "connection/gui_list_klv.h"
-#include "connection/hot_plug_watch.h"
-#include "connection/running_copies.h"
-#include "link/instrument_limits.h"
-#include "link/notices.h"
-#include "link/scpi_session.h"
-#include "link/search_klv.h"
 #include "tests/fuzz/told_replies.h"
+#include "tests/support/connection_rig.h"
 
 #include <QApplication>
-#include <QPushButton>
 
 namespace
 {
-
-class NoWatch : public HotPlugWatch
-{
-public:
-    QStringList presentSerials(bool) const override { return {}; }
-};
 
 ViStatus KLV_VISA_FIXED openAnything(ViSession, ViConstRsrc, ViAccessMode, ViUInt32,
                                      ViPSession session)
@@ -33,12 +19,11 @@ ViStatus KLV_VISA_FIXED openAnything(ViSession, ViConstRsrc, ViAccessMode, ViUIn
 
 /// Connecting to an instrument with any name, mode, identity, calibration date and limits: it ends,
 /// and shutting down leaves no connection.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     static int count = 0;
     static QApplication application(count, nullptr);
 
-    Bytes bytes(data, size);
     const QString address = QString::fromStdString(bytes.text());
     const QString model = QString::fromStdString(bytes.text());
     const QString serial = QString::fromStdString(bytes.text());
@@ -53,7 +38,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     SearchKLV search(visa, session.defaultRM());
     static GuiListKLV chooser;
     RunningCopies copies;
-    NoWatch watch;
+    FakeWatch watch;
     Notices notices;
     Connection connection({session, limits, search, chooser, copies, watch, notices});
     QString said;
@@ -69,5 +54,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     chooser.chooseOnly();
     connection.shutDown();
     PROMISE(!session.isConnected());
-    return 0;
 }

@@ -21,14 +21,13 @@ const InstrumentDescription* find(const std::vector<InstrumentDescription>& all,
 
 /// The file of simulated instruments: what is accepted can be worked with, and marking one of them
 /// changes that one alone.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     const bool isOn = bytes.byte() % 2 == 0;
     const std::string text = bytes.rest();
     const DescribedInstruments described = parseDescriptions(text);
     if (!described.fault.empty())
-        return 0;
+        return;
     for (const InstrumentDescription& one : described.instruments) {
         Instrument instrument(one);
         instrument.receive("FREQ MAX;FREQ?;:SWE:POIN MAX;:FREQ:MODE SWE;:INIT;:FREQ:CURR?", true,
@@ -39,5 +38,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         const std::string without = inBootloader(text, one.serial);
         PROMISE(!find(parseDescriptions(without).instruments, one.serial));
     }
-    return 0;
 }

@@ -84,10 +84,9 @@ bool isFair(const std::string& format)
 /// Formatted writing and reading of the simulated library with any format: nothing is written
 /// beyond the room of an argument. Each argument is the address of a buffer of its own, low enough
 /// to do for a width as well.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     mapBuffers();
-    Bytes bytes(data, size);
     const bool isScan = bytes.byte() % 2 == 0;
     const std::uint32_t room = bytes.number<std::uint16_t>() % bufferSize;
     const std::array<double, 4> numbers = {bytes.number<double>(), bytes.number<double>(), 1e300,
@@ -97,7 +96,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     // A block of "*" bytes would be one of an address.
     const bool hasBlock = format.find_first_of("bB") != format.npos;
     if (!isFair(format.c_str()) || (hasBlock && format.find('*') != format.npos))
-        return 0;
+        return;
     for (int i = 0; i < bufferCount; ++i) {
         std::memset(buffer(i), 0, bufferSize);
         std::memcpy(buffer(i), isScan ? reinterpret_cast<const char*>(&room) : text.c_str(),
@@ -126,5 +125,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         PROMISE(count <= offered);
         std::free(exact);
     }
-    return 0;
 }

@@ -12,10 +12,7 @@
 class Bytes
 {
 public:
-    Bytes(const std::uint8_t* data, std::size_t size)
-        : m_rest(reinterpret_cast<const char*>(data), size)
-    {
-    }
+    explicit Bytes(std::string_view bytes) : m_rest(bytes) {}
 
     bool isEmpty() const { return m_rest.empty(); }
     std::uint8_t byte()
@@ -57,4 +54,4 @@ private:
     } while (false)
 
 /// One run of a target.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+void run(Bytes bytes);

@@ -10,9 +10,8 @@
 
 /// The 38 answers from which the limits of the fields come: every limit is finite and bounds a
 /// field.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     ToldLibrary visa;
     tellReply = [&bytes](std::string& text) {
         text = bytes.text();
@@ -28,5 +27,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         PROMISE(std::isfinite(range.min) && std::isfinite(range.max));
         clampText(QStringLiteral("1.5"), range.min, range.max, fieldKind(quantity));
     }
-    return 0;
 }

@@ -5,19 +5,19 @@
 
 /// A list file of any bytes: refused as a whole, or the rows that were read are the same after
 /// writing and reading.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     static const MemoryFile file;
-    file.set(reinterpret_cast<const char*>(data), size);
+    const QByteArray input = QByteArray::fromStdString(bytes.rest());
+    file.set(input);
     const ReadList read = readListFile(file.path);
     if (read.error != ListFileError::None) {
         PROMISE(read.rows.empty());
-        return 0;
+        return;
     }
-    const QByteArray text = listText(read.rows);
-    file.set(text.constData(), static_cast<std::size_t>(text.size()));
+    file.set(listText(read.rows));
     const ReadList again = readListFile(file.path);
-    constexpr std::size_t longLine = 4000;
-    PROMISE(size > longLine || (again.error == ListFileError::None && again.rows == read.rows));
-    return 0;
+    constexpr int longLine = 4000;
+    PROMISE(input.size() > longLine ||
+            (again.error == ListFileError::None && again.rows == read.rows));
 }

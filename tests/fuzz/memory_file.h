@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 #include <cstdlib>
@@ -11,10 +12,10 @@ struct MemoryFile {
     const int descriptor = memfd_create("fuzz", 0);
     const QString path = QStringLiteral("/proc/self/fd/%1").arg(descriptor);
 
-    void set(const char* bytes, std::size_t count) const
+    void set(const QByteArray& bytes) const
     {
         if (ftruncate(descriptor, 0) != 0 ||
-            pwrite(descriptor, bytes, count, 0) != static_cast<ssize_t>(count))
+            pwrite(descriptor, bytes.constData(), std::size_t(bytes.size()), 0) != bytes.size())
             std::abort();
     }
 };

@@ -11,9 +11,8 @@
 
 /// Numbers as typed, as answered and as stepped: always finite, bounded by the limits, and stable
 /// when taken again.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     const auto kind = static_cast<FieldKind>(bytes.byte() % fieldKindCount);
     const auto step = static_cast<StepKind>(bytes.byte() % stepKindCount);
     const std::uint8_t choice = bytes.byte();
@@ -64,5 +63,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         const int behind = cursorBehindPlace(stepped, *at);
         PROMISE(0 <= behind && behind <= stepped.size());
     }
-    return 0;
 }

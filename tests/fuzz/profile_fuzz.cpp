@@ -16,10 +16,8 @@ namespace
 {
 
 struct Rig {
-    int count = 1;
-    char name[8] = "fuzz";
-    char* arguments[2] = {name, nullptr};
-    QApplication application{count, arguments};
+    int count = 0;
+    QApplication application{count, nullptr};
     QWidget window;
     QWidget modulation{&window};
     QString variable;
@@ -41,22 +39,25 @@ struct Rig {
         store.waitAfter({QStringLiteral("AM")}, 1);
     }
 
+    template <typename Widget>
+    static Widget& add(QWidget& panel, const char* name)
+    {
+        auto* widget = new Widget(&panel);
+        widget->setObjectName(QLatin1String(name));
+        return *widget;
+    }
+
     void fill(QWidget& panel)
     {
-        auto* button = new QPushButton(&panel);
-        button->setObjectName(QStringLiteral("AM"));
-        button->setCheckable(true);
-        auto* field = new QLineEdit(&panel);
-        field->setObjectName(QStringLiteral("FREQ"));
-        auto* box = new QComboBox(&panel);
-        box->setObjectName(QStringLiteral("unit"));
-        box->addItems({QStringLiteral("1"), QStringLiteral("2")});
+        add<QPushButton>(panel, "AM").setCheckable(true);
+        add<QLineEdit>(panel, "FREQ");
+        add<QComboBox>(panel, "unit").addItems({QStringLiteral("1"), QStringLiteral("2")});
         store.addPanel(&panel);
     }
 
     ProfileFile read(const QByteArray& bytes) const
     {
-        file.set(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        file.set(bytes);
         return readProfile(file.path, store);
     }
 };
@@ -65,23 +66,22 @@ struct Rig {
 
 /// A profile file of any bytes: read and replayed or refused; a profile that is written or renamed
 /// can be read.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     static Rig& rig = *new Rig;
-    const auto bytes = QByteArray(reinterpret_cast<const char*>(data), static_cast<int>(size));
-    const ProfileFile file = rig.read(bytes);
+    const QByteArray input = QByteArray::fromStdString(bytes.rest());
+    const ProfileFile file = rig.read(input);
     const QString name = readProfileName(rig.file.path, rig.store);
     PROMISE(name == name.simplified());
     if (file.fault != ProfileFault::None)
-        return 0;
+        return;
     rig.replay.run(file.entries, false);
     const auto present = [](const QLineEdit& field) { return field.text(); };
     PROMISE(rig.read(profileDocument(rig.store, file.name, present)).fault == ProfileFault::None);
 
-    const QByteArray document = renamedDocument(bytes, rig.store, QStringLiteral("new"));
+    const QByteArray document = renamedDocument(input, rig.store, QStringLiteral("new"));
     if (document.isEmpty())
-        return 0;
+        return;
     const ProfileFile renamed = rig.read(document);
     PROMISE(renamed.fault == ProfileFault::None && renamed.name == QLatin1String("new"));
-    return 0;
 }

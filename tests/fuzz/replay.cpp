@@ -18,7 +18,7 @@ int main(int count, char* arguments[])
         std::fprintf(stderr, "%s\n", path.filename().c_str());
         std::ifstream file(path, std::ios::binary);
         const std::string bytes((std::istreambuf_iterator<char>(file)), {});
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        run(Bytes(bytes));
     }
     std::printf("%zu inputs\n", files.size());
     return files.empty() ? 1 : 0;

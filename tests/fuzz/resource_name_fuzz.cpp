@@ -5,9 +5,8 @@
 
 /// VISA resource names and search expressions: a name that is read is written and read the same,
 /// and no expression takes long.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     const std::string name = bytes.text();
     ResourceName parsed;
     if (parseResourceName(name, parsed)) {
@@ -18,5 +17,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     }
     if (const auto filter = ResourceFilter::from(bytes.rest()))
         filter->matches("USB0::0x5645::0x0040::20215678::0::INSTR");
-    return 0;
 }

@@ -4,12 +4,11 @@
 #include "demo/instrument/instrument.h"
 
 /// The simulated instrument takes any messages, with time and triggers between them.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     Clock::reset();
     Clock::stop();
     Instrument instrument{InstrumentDescription()};
-    Bytes bytes(data, size);
     while (!bytes.isEmpty()) {
         const std::uint8_t what = bytes.byte();
         switch (what % 8) {
@@ -31,5 +30,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         instrument.statusByte();
     }
     instrument.receive("FREQ:CURR?;:POW:CURR?;:LIST:POIN:CURR?;:TRIG:STAT?", true, {});
-    return 0;
 }

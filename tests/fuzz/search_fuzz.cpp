@@ -51,11 +51,10 @@ ViStatus KLV_VISA_FIXED attribute(ViObject, ViAttr, void* value)
 
 /// What a VISA library reports about the resources it finds, with or without an end, stays within
 /// its buffers.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
     static int count = 0;
     static QCoreApplication application(count, nullptr);
-    Bytes bytes(data, size);
     told = &bytes;
     VisaLibrary visa;
     visa.viFindRsrc = findFirst;
@@ -72,5 +71,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         Qt::DirectConnection);
     search.begin();
     search.wait();
-    return 0;
 }

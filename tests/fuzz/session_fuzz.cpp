@@ -5,9 +5,8 @@
 
 /// What an instrument answers to queries, read-backs and when its error queue is read, in time,
 /// late or overlong: the session accepts it and continues.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     ToldLibrary visa;
     int answered = 0;
     tellReply = [&bytes, &answered](std::string& text) {
@@ -30,5 +29,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
         session.read(QStringLiteral("%s"));
         session.waitComplete(QStringLiteral("%"));
     }
-    return 0;
 }

@@ -4,9 +4,8 @@
 
 /// Device IDs as Windows writes them: the first serial asked for is the first of all, none is
 /// empty.
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+void run(Bytes bytes)
 {
-    Bytes bytes(data, size);
     QStringList parents;
     QStringList own;
     while (!bytes.isEmpty()) {
@@ -16,5 +15,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
     const QStringList all = serialsInInstanceIds(parents, own, false);
     const QStringList first = serialsInInstanceIds(parents, own, true);
     PROMISE(first == all.mid(0, 1) && !all.contains(QString()));
-    return 0;
 }
