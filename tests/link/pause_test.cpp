@@ -10,34 +10,31 @@ class PauseTest : public QObject
     Q_OBJECT
 
 private slots:
-    void lastsAndLetsEventsPass();
-    void endsWithTheProgram();
+    void lastsAndLetsEventsPass()
+    {
+        int turns = 0;
+        QTimer ticker;
+        connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
+        ticker.start(10);
+        QElapsedTimer clock;
+        clock.start();
+        QVERIFY(pause(400));
+        QVERIFY(clock.elapsed() >= 400);
+        QVERIFY(turns > 0);
+        QCOMPARE(pauses().totalMs, 400);
+    }
+
+    void endsWithTheProgram()
+    {
+        bool isWhole = true;
+        QTimer::singleShot(0, [&isWhole] {
+            QTimer::singleShot(0, &QCoreApplication::quit);
+            isWhole = pause(20000);
+        });
+        QCoreApplication::exec();
+        QVERIFY(!isWhole);
+    }
 };
-
-void PauseTest::lastsAndLetsEventsPass()
-{
-    int turns = 0;
-    QTimer ticker;
-    connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
-    ticker.start(10);
-    QElapsedTimer clock;
-    clock.start();
-    QVERIFY(pause(400));
-    QVERIFY(clock.elapsed() >= 400);
-    QVERIFY(turns > 0);
-    QCOMPARE(pauses().totalMs, 400);
-}
-
-void PauseTest::endsWithTheProgram()
-{
-    bool isWhole = true;
-    QTimer::singleShot(0, [&isWhole] {
-        QTimer::singleShot(0, &QCoreApplication::quit);
-        isWhole = pause(20000);
-    });
-    QCoreApplication::exec();
-    QVERIFY(!isWhole);
-}
 
 QTEST_GUILESS_MAIN(PauseTest)
 #include "pause_test.moc"
