@@ -2,17 +2,15 @@
 
 #include "service/calibration_text.h"
 
-#include <algorithm>
+#include <QRegularExpression>
 
 namespace
 {
 
 bool isWhole(const QString& text)
 {
-    const QString digits = text.startsWith(QLatin1Char('-')) ? text.mid(1) : text;
-    return !digits.isEmpty() && std::all_of(digits.begin(), digits.end(), [](QChar c) {
-        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
-    });
+    static const QRegularExpression whole(QRegularExpression::anchoredPattern("-?[0-9]+"));
+    return whole.match(text).hasMatch();
 }
 
 } // namespace

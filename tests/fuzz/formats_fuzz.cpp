@@ -7,6 +7,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <sys/mman.h>
+#include <vector>
 
 namespace
 {
@@ -115,14 +116,10 @@ void run(Bytes bytes)
     // "#" stays within the room: the sanitizer of the heap checks it.
     static const char* const roomy[] = {"%#T", "%#s", "%#t", "%#[^x]", "%#b"};
     for (const char* each : roomy) {
-        ViUInt32 count = room % 64 + 1;
-        const std::string target(count, '\0');
+        std::vector<char> exact(room % 64 + 1);
+        auto count = static_cast<ViUInt32>(exact.size());
         Text source(text);
-        const auto scan = [&](Arguments& a) { scanFormatted(each, a, source); };
-        auto* exact = static_cast<char*>(std::malloc(count));
-        const ViUInt32 offered = count;
-        with(scan, &count, exact);
-        PROMISE(count <= offered);
-        std::free(exact);
+        with([&](Arguments& a) { scanFormatted(each, a, source); }, &count, exact.data());
+        PROMISE(count <= exact.size());
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -15,19 +16,14 @@ public:
     explicit Bytes(std::string_view bytes) : m_rest(bytes) {}
 
     bool isEmpty() const { return m_rest.empty(); }
-    std::uint8_t byte()
-    {
-        const std::string_view one = m_rest.substr(0, 1);
-        m_rest.remove_prefix(one.size());
-        return one.empty() ? std::uint8_t{0} : static_cast<std::uint8_t>(one.front());
-    }
+    std::uint8_t byte() { return number<std::uint8_t>(); }
     template <typename Number>
     Number number()
     {
         Number value{};
-        auto* bytes = reinterpret_cast<std::uint8_t*>(&value);
-        for (std::size_t i = 0; i < sizeof value; ++i)
-            bytes[i] = byte();
+        const std::string_view piece = m_rest.substr(0, sizeof value);
+        std::copy(piece.begin(), piece.end(), reinterpret_cast<char*>(&value));
+        m_rest.remove_prefix(piece.size());
         return value;
     }
     /// Up to the next 0xFF, which no UTF-8 has.

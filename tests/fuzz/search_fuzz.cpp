@@ -22,31 +22,6 @@ void fill(char* buffer)
     std::memcpy(buffer, text.c_str(), std::min(text.size() + 1, room));
 }
 
-ViStatus KLV_VISA_FIXED findFirst(ViSession, ViConstString, ViPFindList list, ViPUInt32 count,
-                                  ViChar* address)
-{
-    *list = 7;
-    *count = 3;
-    fill(address);
-    return VI_SUCCESS;
-}
-
-ViStatus KLV_VISA_FIXED findNext(ViFindList, ViChar* address)
-{
-    if (told->isEmpty())
-        return VI_ERROR_RSRC_NFOUND;
-    fill(address);
-    return VI_SUCCESS;
-}
-
-ViStatus KLV_VISA_FIXED attribute(ViObject, ViAttr, void* value)
-{
-    if (told->byte() % 8 == 0)
-        return VI_ERROR_NSUP_ATTR;
-    fill(static_cast<char*>(value));
-    return VI_SUCCESS;
-}
-
 } // namespace
 
 /// What a VISA library reports about the resources it finds, with or without an end, stays within
@@ -57,9 +32,23 @@ void run(Bytes bytes)
     static QCoreApplication application(count, nullptr);
     told = &bytes;
     VisaLibrary visa;
-    visa.viFindRsrc = findFirst;
-    visa.viFindNext = findNext;
-    visa.viGetAttribute = attribute;
+    visa.viFindRsrc = [](ViSession, ViConstString, ViPFindList list, ViPUInt32, ViChar* address) {
+        *list = 7;
+        fill(address);
+        return VI_SUCCESS;
+    };
+    visa.viFindNext = [](ViFindList, ViChar* address) {
+        if (told->isEmpty())
+            return VI_ERROR_RSRC_NFOUND;
+        fill(address);
+        return VI_SUCCESS;
+    };
+    visa.viGetAttribute = [](ViObject, ViAttr, void* value) {
+        if (told->byte() % 8 == 0)
+            return VI_ERROR_NSUP_ATTR;
+        fill(static_cast<char*>(value));
+        return VI_SUCCESS;
+    };
     const ViSession manager = 1;
     SearchKLV search(visa, manager);
     QObject::connect(

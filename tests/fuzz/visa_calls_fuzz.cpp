@@ -24,9 +24,6 @@ void run(Bytes bytes)
     std::uint8_t what = 0;
     ViUInt32 amount = 0;
     ViSession* object = nullptr;
-    const auto openInstrument = [&](const char* name, ViAccessMode mode) {
-        viOpen(objects[0], name, mode, 0, object);
-    };
     const auto writeBy = [&](auto function) {
         const std::string t = bytes.text();
         function(*object, reinterpret_cast<ViConstBuf>(t.data()), ViUInt32(t.size()), &count);
@@ -35,8 +32,8 @@ void run(Bytes bytes)
     const std::function<void()> calls[] = {
         [&] { viFindRsrc(objects[0], bytes.text().c_str(), object, &count, text.data()); },
         [&] { viFindNext(*object, text.data()); },
-        [&] { openInstrument("USB0::0x5645::0x0040::11::0::INSTR", amount % 3); },
-        [&] { openInstrument("USB0::0x5645::0x0040::22::0::INSTR", VI_NO_LOCK); },
+        [&] { viOpen(objects[0], "USB::0x5645::0x0040::11", amount % 3, 0, object); },
+        [&] { viOpen(objects[0], "USB::0x5645::0x0040::22", VI_NO_LOCK, 0, object); },
         [&] { viClose(*object); },
         [&] { writeBy(viWrite); },
         [&] { viRead(*object, in, amount, &count); },
