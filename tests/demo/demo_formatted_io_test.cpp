@@ -156,24 +156,6 @@ private slots:
         QCOMPARE(frequencyHz, 5e6);
         QCOMPARE(QByteArray(reply), QByteArray("0\n"));
     }
-
-    void rawAndBuffered()
-    {
-        DemoSession instrument;
-        ViUInt32 count = 0;
-        ViByte bytes[64] = {};
-        for (const char* part : {"*OP", "C?"}) {
-            viSetAttribute(instrument.session, VI_ATTR_SEND_END_EN, *part == 'C');
-            viWrite(instrument.session, reinterpret_cast<ViConstBuf>(part),
-                    static_cast<ViUInt32>(qstrlen(part)), &count);
-        }
-        QCOMPARE(count, 2U);
-        QCOMPARE(viBufRead(instrument.session, bytes, 1, &count), VI_SUCCESS_MAX_CNT);
-        QCOMPARE(viBufRead(instrument.session, bytes + 1, 9, &count), VI_SUCCESS);
-        QCOMPARE(QByteArray(reinterpret_cast<char*>(bytes), 2), QByteArray("1\n"));
-        QCOMPARE(viRead(instrument.session, bytes, 9, &count), VI_ERROR_TMO);
-        QCOMPARE(count, 0U);
-    }
 };
 
 QTEST_GUILESS_MAIN(DemoFormattedIoTest)

@@ -39,7 +39,7 @@ public:
         if (instruments != nullptr)
             demo(instruments);
         viOpenDefaultRM(&resourceManager);
-        opened = open(mode);
+        open(mode);
         demo("clear");
     }
     ~DemoSession() { viClose(resourceManager); }
@@ -88,5 +88,4 @@ public:
 
     ViSession resourceManager = VI_NULL;
     ViSession session = VI_NULL;
-    ViStatus opened = VI_SUCCESS;
 };
