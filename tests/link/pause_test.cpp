@@ -12,15 +12,13 @@ class PauseTest : public QObject
 private slots:
     void lastsAndLetsEventsPass()
     {
-        int turns = 0;
-        QTimer ticker;
-        connect(&ticker, &QTimer::timeout, [&turns] { ++turns; });
-        ticker.start(10);
+        bool hasPassed = false;
+        QTimer::singleShot(0, [&hasPassed] { hasPassed = true; });
         QElapsedTimer clock;
         clock.start();
         QVERIFY(pause(400));
         QVERIFY(clock.elapsed() >= 400);
-        QVERIFY(turns > 0);
+        QVERIFY(hasPassed);
         QCOMPARE(pauses().totalMs, 400);
     }
 

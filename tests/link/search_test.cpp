@@ -54,22 +54,6 @@ private slots:
                  "a search opens no instrument");
     }
 
-    void findsNothing()
-    {
-        m_rig->demo("unplug");
-        const ViSession manager = m_rig->session.defaultRM();
-        VisaLibrary nothing;
-        for (VisaLibrary* visa : {&m_rig->visa, &nothing}) {
-            SearchKLV search(*visa, manager);
-            QSignalSpy error(&search, &SearchKLV::error);
-            QSignalSpy finished(&search, &SearchKLV::finish);
-            search.begin();
-            QVERIFY(search.wait());
-            QCOMPARE(error.count(), 1);
-            QCOMPARE(finished.count(), 0);
-        }
-    }
-
     void stopsWithoutASignal()
     {
         m_rig->demo("instruments [1]\nmodel=KLV-20G\n[2]\nmodel=KLV-20G\n");
