@@ -82,7 +82,7 @@ private slots:
     void massStorage()
     {
         QByteArray text =
-            "; [20215678] is kept\n[111]\nmassStorage=on\n[20215678]\nmodel=KLV-20G\n";
+            "; [20215678] is kept\n[20215678]\nmodel=KLV-20G\n[111]\nmassStorage=on\n";
         write(text);
         DemoSession instrument;
         const auto send = [&](const QByteArray& mode) {

@@ -113,6 +113,8 @@ private slots:
         QCOMPARE(viUnlock(first), VI_SUCCESS);
         QCOMPARE(lock(second, VI_EXCLUSIVE_LOCK), VI_SUCCESS);
         QCOMPARE(viUnlock(second), VI_SUCCESS_NESTED_SHARED);
+        QCOMPARE(lock(first, VI_SHARED_LOCK, key), VI_SUCCESS);
+        QCOMPARE(viUnlock(first), VI_SUCCESS);
         QCOMPARE(lock(second, VI_EXCLUSIVE_LOCK), VI_SUCCESS);
         QCOMPARE(write(first), VI_ERROR_RSRC_LOCKED);
         viClose(second);

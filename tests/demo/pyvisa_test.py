@@ -88,7 +88,8 @@ class DemoThroughPyVisa(unittest.TestCase):
         self.instrument.write("*ESE 32;*SRE 32;NONSENSE")
         self.assertEqual(len(seen), 1)
         self.instrument.uninstall_handler(EventType.service_request, handle, user)
-        self.instrument.write("*CLS;NONSENSE")
+        self.instrument.write("*CLS")
+        self.instrument.write("NONSENSE")
         self.assertEqual(len(seen), 1)
 
     def test_reads_asynchronously(self):
@@ -100,6 +101,8 @@ class DemoThroughPyVisa(unittest.TestCase):
                                EventType.io_completion, 5)
         self.instrument.write("*OPC?")
         self.visa.discard_events(self.instrument.session, *waits)
+        self.assertEqual(self.visa.discard_events(self.instrument.session, *waits),
+                         StatusCode.success_queue_already_empty)
         buffer, job, _ = self.visa.read_asynchronously(self.instrument.session, 64)
         response = self.instrument.wait_on_event(EventType.io_completion, 1000)
         event = response.event
