@@ -47,16 +47,20 @@ QString helpFile(const QString& applicationFolder, const QString& languageCode, 
     return QString();
 }
 
-QString openHelp(const QString& page)
+StatusWords openHelp(const QString& page)
 {
     const QString language = Language::isRussian() ? QStringLiteral("ru") : QStringLiteral("en");
     const QString folder = QCoreApplication::applicationDirPath();
     const QString file = helpFile(folder, language, page);
     if (file.isEmpty())
-        return QCoreApplication::translate("Help", "There is no help file in %1")
-            .arg(QDir::toNativeSeparators(folder));
+        return [folder] {
+            return QCoreApplication::translate("Help", "There is no help file in %1")
+                .arg(QDir::toNativeSeparators(folder));
+        };
     if (openHelpPage(file, QStringLiteral("%1/%2.html").arg(language, page)))
-        return QString();
-    return QCoreApplication::translate("Help", "No program could be started that opens %1")
-        .arg(QDir::toNativeSeparators(file));
+        return nullptr;
+    return [file] {
+        return QCoreApplication::translate("Help", "No program could be started that opens %1")
+            .arg(QDir::toNativeSeparators(file));
+    };
 }

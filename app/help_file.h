@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "link/activity.h"
 
 class QWidget;
 
@@ -14,6 +14,6 @@ QString helpPageOf(const QWidget* panel);
 QString helpFile(const QString& applicationFolder, const QString& languageCode,
                  const QString& page = QStringLiteral("index"));
 
-/// Opens the page in the program's language. Empty, or the message for the user: that there is no
+/// Opens the page in the program's language. None, or the notice for the user: that there is no
 /// help file and where it was searched, or that nothing could open it.
-QString openHelp(const QString& page);
+StatusWords openHelp(const QString& page);

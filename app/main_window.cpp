@@ -263,12 +263,11 @@ void MainWindow::wireProfiles()
 {
     m_panelProfiles = std::make_unique<PanelProfiles>(
         PanelProfiles::Panels{*this, *m_modulation, *m_generator, *m_list},
-        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard, m_steps}, *m_cw, *m_ui);
+        PanelProfiles::Instrument{m_session, m_connection, *m_powerGuard, m_steps}, *m_cw, *m_ui,
+        m_notices);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Modulation);
     connect(m_panelProfiles.get(), &PanelProfiles::applied, this, &MainWindow::update_Generator);
     openSave_XML_FILE& files = m_panelProfiles->files();
-    connect(&files, &openSave_XML_FILE::message, this,
-            [this](const QString& text) { m_notices.say([text] { return text; }); });
     connect(&files, &openSave_XML_FILE::error, this, &MainWindow::reportError);
     m_profiles = new openSaveProfile(files, this);
     for (QWidget* panel : std::initializer_list<QWidget*>{m_service, m_profiles})
@@ -310,9 +309,8 @@ void MainWindow::on_connect_clicked()
 
 void MainWindow::toHelp()
 {
-    const QString complaint = openHelp(helpPageOf(m_sidePanels->current()));
-    if (!complaint.isEmpty())
-        m_notices.say([complaint] { return complaint; });
+    if (const StatusWords complaint = openHelp(helpPageOf(m_sidePanels->current())))
+        m_notices.say(complaint);
 }
 
 void MainWindow::retranslate()

@@ -54,9 +54,9 @@ SharedVariable numberVariable(const QString& name, QString& text)
 } // namespace
 
 PanelProfiles::PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
-                             const Ui::MainWindow& form)
+                             const Ui::MainWindow& form, Notices& notices)
     : m_panels(panels), m_instrument(instrument), m_cw(cw), m_form(form),
-      m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), &panels.window))
+      m_files(new openSave_XML_FILE(documentName, userFolder(), owner(), notices, &panels.window))
 {
     registerPanels();
     registerWaits();
@@ -87,14 +87,14 @@ openSave_XML_FILE::Owner PanelProfiles::owner()
     return owner;
 }
 
-/// Why no profile may be applied just now; empty if one may.
-QString PanelProfiles::refusal() const
+/// Why no profile may be applied just now; none if one may.
+StatusWords PanelProfiles::refusal() const
 {
     if (m_instrument.session.isConnected() && m_isConnecting)
-        return tr("The instrument is still being set up");
+        return [] { return tr("The instrument is still being set up"); };
     if (progressBarForTable::liesWithin(m_panels.window))
-        return tr("No profile is applied while a table is transferred");
-    return QString();
+        return [] { return tr("No profile is applied while a table is transferred"); };
+    return nullptr;
 }
 
 /// The text that a file holds for a field: not one that is still being typed, which is not a

@@ -49,9 +49,9 @@ public:
 
     /// `form` is the window's.
     PanelProfiles(const Panels& panels, const Instrument& instrument, CwControls& cw,
-                  const Ui::MainWindow& form);
+                  const Ui::MainWindow& form, Notices& notices);
 
-    /// For excluding panels, and for the results that it reports.
+    /// For excluding panels, and for the errors that it reports.
     openSave_XML_FILE& files() { return *m_files; }
 
     /// Applies the file or, if there is none, the state saved by the last run. From now on the
@@ -74,7 +74,7 @@ private:
     };
 
     openSave_XML_FILE::Owner owner();
-    QString refusal() const;
+    StatusWords refusal() const;
     QString fieldText(const QLineEdit& field) const;
     void settle();
     bool isUsable(const QWidget* widget) const;

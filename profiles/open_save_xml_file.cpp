@@ -1,5 +1,6 @@
 #include "profiles/open_save_xml_file.h"
 
+#include "link/notices.h"
 #include "profiles/profile_folder.h"
 #include "ui/files/file_questions.h"
 #include "ui/files/file_work.h"
@@ -26,9 +27,9 @@ QString proposedName()
 } // namespace
 
 openSave_XML_FILE::openSave_XML_FILE(const QString& documentName, const QString& folder,
-                                     const Owner& owner, QWidget* window)
-    : QObject(window), m_store(documentName), m_folder(folder), m_owner(owner), m_window(window),
-      m_replay(m_store, owner.pause)
+                                     const Owner& owner, Notices& notices, QWidget* window)
+    : QObject(window), m_store(documentName), m_folder(folder), m_owner(owner), m_notices(notices),
+      m_window(window), m_replay(m_store, owner.pause)
 {
 }
 
@@ -56,7 +57,8 @@ bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
     }
     const FileFault fault = writeBeside(m_window, path, document).fault;
     if (fault == FileFault::Cancelled)
-        emit message(tr("Not saved: %1").arg(QFileInfo(path).fileName()));
+        m_notices.say(
+            [name = QFileInfo(path).fileName()] { return tr("Not saved: %1").arg(name); });
     else if (fault != FileFault::None)
         emit error(tr("Error saving file"));
     return fault == FileFault::None;
@@ -65,7 +67,7 @@ bool openSave_XML_FILE::write(const QString& path, const QByteArray& document)
 FileBytes openSave_XML_FILE::read(const QString& path) const
 {
     return readBeside(m_window, path, &profileBytes)
-        .value_or(FileBytes{{FileFault::Cancelled, QString()}, QByteArray()});
+        .value_or(FileBytes{{FileFault::Cancelled}, {}});
 }
 
 /// Reports the reason if no profile may be applied now.
@@ -73,10 +75,10 @@ bool openSave_XML_FILE::isRefused()
 {
     if (m_replay.isRunning())
         return true;
-    const QString refusal = m_owner.refusal();
-    if (!refusal.isEmpty())
-        emit message(refusal);
-    return !refusal.isEmpty();
+    const StatusWords refusal = m_owner.refusal();
+    if (refusal)
+        m_notices.say(refusal);
+    return refusal != nullptr;
 }
 
 bool openSave_XML_FILE::open(const QString& path)
@@ -85,7 +87,7 @@ bool openSave_XML_FILE::open(const QString& path)
         return false;
     const ProfileFile file = profileOf(read(path), m_store);
     if (file.fault != ProfileFault::None) {
-        emit message(faultText(file.fault, path));
+        sayFault(file.fault, path);
         return false;
     }
     // Reading may have taken a while.
@@ -95,8 +97,10 @@ bool openSave_XML_FILE::open(const QString& path)
     m_owner.setBusy(true);
     const bool isComplete = replay(file, true);
     m_owner.setBusy(false);
-    emit message(isComplete ? tr("Profile applied: %1").arg(name)
-                            : tr("Profile only partly applied: %1").arg(name));
+    m_notices.say([isComplete, name] {
+        return (isComplete ? tr("Profile applied: %1") : tr("Profile only partly applied: %1"))
+            .arg(name);
+    });
     return isComplete;
 }
 
@@ -108,9 +112,14 @@ bool openSave_XML_FILE::replay(const ProfileFile& file, bool isWaiting)
     return isComplete;
 }
 
-QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& path) const
+void openSave_XML_FILE::sayFault(ProfileFault fault, const QString& path)
 {
     const QString name = QFileInfo(path).fileName();
+    m_notices.say([fault, name] { return faultText(fault, name); });
+}
+
+QString openSave_XML_FILE::faultText(ProfileFault fault, const QString& name)
+{
     switch (fault) {
     case ProfileFault::None:
         break;
@@ -145,9 +154,10 @@ void openSave_XML_FILE::applyAtStart(const QString& path)
     if (file.fault == ProfileFault::None)
         replay(file, false);
     else if (!isLast)
-        emit message(faultText(file.fault, path));
+        sayFault(file.fault, path);
     else if (file.fault != ProfileFault::Missing)
-        emit message(tr("The settings of the last run are damaged: defaults are used"));
+        m_notices.say(
+            [] { return tr("The settings of the last run are damaged: defaults are used"); });
 }
 
 void openSave_XML_FILE::leaveOut()
@@ -186,7 +196,7 @@ void openSave_XML_FILE::saveAs(const QString& path)
     const QFileInfo file(path);
     if (isNameRefused(file.fileName()) || !save(path, file.completeBaseName()))
         return;
-    emit message(tr("Profile saved: %1").arg(file.fileName()));
+    m_notices.say([name = file.fileName()] { return tr("Profile saved: %1").arg(name); });
 }
 
 /// Reports the reason if a file cannot have this name.
@@ -205,13 +215,13 @@ bool openSave_XML_FILE::saveQuickProfile(const QString& name)
     if (plain.isEmpty() || isNameRefused(plain))
         return false;
     if (isReservedName(plain)) {
-        emit message(tr("This name is reserved: %1").arg(plain));
+        m_notices.say([plain] { return tr("This name is reserved: %1").arg(plain); });
         return false;
     }
     QDir().mkpath(m_folder);
     if (!save(quickProfilePath(m_folder, plain), plain))
         return false;
-    emit message(tr("Profile saved: %1").arg(plain));
+    m_notices.say([plain] { return tr("Profile saved: %1").arg(plain); });
     return true;
 }
 
@@ -224,19 +234,21 @@ bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& n
     // On some file systems a name that differs only in case is the same file.
     const bool isSameFile = QFileInfo(newPath) == QFileInfo(path);
     if (isReservedName(plain) || (hasQuickProfile(plain) && !isSameFile)) {
-        emit message(tr("There is already a profile of this name: %1").arg(plain));
+        m_notices.say(
+            [plain] { return tr("There is already a profile of this name: %1").arg(plain); });
         return false;
     }
     const FileBytes bytes = read(path);
     const ProfileFault fault = profileOf(bytes, m_store).fault;
     if (fault != ProfileFault::None) {
-        emit message(faultText(fault, path));
+        sayFault(fault, path);
         return false;
     }
     const QByteArray document = renamedDocument(bytes.bytes, m_store, plain);
     const bool isMoved = newPath != path;
     if (document.isEmpty() || (isMoved && !QFile::rename(path, newPath))) {
-        emit message(tr("The profile could not be renamed: %1").arg(nameOf(path)));
+        m_notices.say(
+            [name = nameOf(path)] { return tr("The profile could not be renamed: %1").arg(name); });
         return false;
     }
     if (write(newPath, document))
@@ -250,7 +262,7 @@ void openSave_XML_FILE::deleteProfile()
 {
     const QString name = nameOf(m_chosen);
     if (!QFile::remove(m_chosen))
-        emit message(tr("The profile could not be deleted: %1").arg(name));
+        m_notices.say([name] { return tr("The profile could not be deleted: %1").arg(name); });
     else
-        emit message(tr("Profile deleted: %1").arg(name));
+        m_notices.say([name] { return tr("Profile deleted: %1").arg(name); });
 }

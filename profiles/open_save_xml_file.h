@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/activity.h"
 #include "profiles/profile_replay.h"
 #include "profiles/profile_store.h"
 #include "profiles/profile_writer.h"
@@ -7,6 +8,8 @@
 #include <QObject>
 
 #include <functional>
+
+class Notices;
 
 /// Writes profiles and replays them. Owns the store that defines a profile's contents; the folder,
 /// the window and the instrument belong to its owner.
@@ -19,8 +22,8 @@ public:
     struct Owner {
         /// Waits milliseconds while events go on; false when the program is being ended.
         ProfileReplay::Pause pause;
-        /// Why no profile may be applied now, for the user to read; empty if one may.
-        std::function<QString()> refusal;
+        /// Why no profile may be applied now; no words if one may.
+        std::function<StatusWords()> refusal;
         /// The text that a file holds for a field. Saving changes no field.
         FieldText fieldText;
         /// Converts the fields to the form in which files hold them, before a replay.
@@ -32,9 +35,10 @@ public:
     };
 
     /// `documentName` names the files' documents. Quick profiles are the files of `folder`, which
-    /// is made when the first is saved. Dialogs belong to `window`.
+    /// is made when the first is saved. Dialogs belong to `window`. What becomes of a file is said
+    /// to the notices, but for error().
     openSave_XML_FILE(const QString& documentName, const QString& folder, const Owner& owner,
-                      QWidget* window);
+                      Notices& notices, QWidget* window);
 
     ProfileStore& store() { return m_store; }
     const QString& folder() const { return m_folder; }
@@ -44,9 +48,9 @@ public:
 
     /// Writes the current state of everything. False, with error(), if no file was written.
     bool save(const QString& path, const QString& name);
-    /// Replays a file. False, with message(), if not all of it has been applied.
+    /// Replays a file. False, with a notice, if not all of it has been applied.
     bool open(const QString& path);
-    /// Renames a quick profile. False, with error() or message(), if it keeps its name.
+    /// Renames a quick profile. False, with error() or a notice, if it keeps its name.
     bool renameQuickProfile(const QString& path, const QString& name);
 
     /// Saves the state for the next start; reports nothing.
@@ -65,7 +69,6 @@ public:
 
 signals:
     void error(const QString& text);
-    void message(const QString& text);
     /// One of the folder's quick profiles, by its file.
     void sendQuickProfile(const QString& path);
 
@@ -76,8 +79,8 @@ public slots:
     void openProfile();
     /// Asks for a file and saves into it.
     void saveProfile();
-    /// Saves under a name, replacing an older quick profile of that name. False, with error() or
-    /// message(), if none was saved.
+    /// Saves under a name, replacing an older quick profile of that name. False, with error() or a
+    /// notice, if none was saved.
     bool saveQuickProfile(const QString& name);
     /// Deletes the chosen quick profile.
     void deleteProfile();
@@ -89,11 +92,13 @@ private:
     bool isNameRefused(const QString& name);
     void saveAs(const QString& path);
     bool replay(const ProfileFile& file, bool isWaiting);
-    QString faultText(ProfileFault fault, const QString& path) const;
+    void sayFault(ProfileFault fault, const QString& path);
+    static QString faultText(ProfileFault fault, const QString& name);
 
     ProfileStore m_store;
     QString m_folder;
     Owner m_owner;
+    Notices& m_notices;
     QWidget* m_window;
     ProfileReplay m_replay;
     QString m_chosen;

@@ -154,42 +154,44 @@ QString CalibrationTable::cellText(int row, int column) const
     return cell ? cell->text() : QString();
 }
 
-QString CalibrationTable::complaint(int row, int column) const
+StatusWords CalibrationTable::complaint(int row, int column) const
 {
     const QString text = cellText(row, column);
     if (!columns[column].accepted(text).isEmpty())
-        return QString();
-    return tr(columns[column].complaint)
-        .arg(QString::number(row + 1), tr(columns[column].caption), text);
+        return nullptr;
+    return [row, column, text] {
+        return tr(columns[column].complaint)
+            .arg(QString::number(row + 1), tr(columns[column].caption), text);
+    };
 }
 
-QString CalibrationTable::acceptCell(int row, int column)
+StatusWords CalibrationTable::acceptCell(int row, int column)
 {
     QTableWidgetItem* cell = item(row, column);
     if (!cell)
-        return QString();
+        return nullptr;
     const QSignalBlocker noFurtherEdit(this);
-    QString wrong = complaint(row, column);
-    if (wrong.isEmpty())
+    const StatusWords wrong = complaint(row, column);
+    if (!wrong)
         cell->setText(columns[column].accepted(cell->text()));
-    cell->setIcon(wrong.isEmpty() ? QIcon() : QIcon(QStringLiteral(":/images/invalid.png")));
-    cell->setToolTip(wrong);
+    cell->setIcon(wrong ? QIcon(QStringLiteral(":/images/invalid.png")) : QIcon());
+    cell->setToolTip(wrong ? wrong() : QString());
     markRow(row);
     return wrong;
 }
 
-QString CalibrationTable::firstComplaint()
+StatusWords CalibrationTable::firstComplaint()
 {
     for (int row = 0; row < rowCount(); ++row) {
         for (int column = 0; column < ColumnCount; ++column) {
-            QString wrong = acceptCell(row, column);
-            if (wrong.isEmpty())
+            StatusWords wrong = acceptCell(row, column);
+            if (!wrong)
                 continue;
             setCurrentCell(row, column);
             return wrong;
         }
     }
-    return QString();
+    return nullptr;
 }
 
 CalibrationPoints CalibrationTable::points() const

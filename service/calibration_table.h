@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/activity.h"
 #include "service/calibration_backup.h"
 
 #include <QTableWidget>
@@ -28,12 +29,12 @@ public:
     int changedRows() const;
 
     /// Converts the text typed into a cell to the form in which it is sent, or marks the cell.
-    /// Returns what is wrong with it, for a notice; empty when nothing is.
-    QString acceptCell(int row, int column);
+    /// Returns what is wrong with it, for a notice; none when nothing is.
+    StatusWords acceptCell(int row, int column);
 
     /// What is wrong with the first cell that cannot be sent; that cell becomes the current one.
-    /// Empty when all can.
-    QString firstComplaint();
+    /// None when all can.
+    StatusWords firstComplaint();
 
     /// As they are sent: whole numbers, or empty where a cell holds none.
     CalibrationPoints points() const;
@@ -42,7 +43,7 @@ public:
 
 private:
     QString cellText(int row, int column) const;
-    QString complaint(int row, int column) const;
+    StatusWords complaint(int row, int column) const;
     void fill(const CalibrationPoints& points);
     bool isAsRead(int row) const;
     void markRow(int row);

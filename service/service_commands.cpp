@@ -163,9 +163,8 @@ void ServiceCommands::commandCalibrate()
     }
     if (!m_session.isConnected())
         return;
-    const QString complaint = m_panel.table().firstComplaint();
-    if (!complaint.isEmpty()) {
-        m_notices.sayOfInstrument([complaint] { return complaint; });
+    if (const StatusWords complaint = m_panel.table().firstComplaint()) {
+        m_notices.sayOfInstrument(complaint);
         return;
     }
     m_notices.sayOfInstrument([] { return QString(); });
@@ -211,7 +210,7 @@ bool ServiceCommands::keepAsRead()
     else
         emit errorMessage(tr("Nothing was written: the table read before could not be saved as "
                              "%1: %2")
-                              .arg(QDir::toNativeSeparators(path), written.detail));
+                              .arg(QDir::toNativeSeparators(path), written.detail()));
     return written.fault == FileFault::None;
 }
 
@@ -234,7 +233,7 @@ void ServiceCommands::showBackup(const QString& path)
     if (read.fault == FileFault::Cancelled || m_isBusy) {
         m_notices.sayOfInstrument([name] { return tr("Not opened: %1").arg(name); });
     } else if (read.fault != FileFault::None) {
-        emit errorMessage(tr("%1 cannot be opened: %2").arg(name, read.detail));
+        emit errorMessage(tr("%1 cannot be opened: %2").arg(name, read.detail()));
     } else if (read.strangeLine > 0) {
         emit errorMessage(tr("%1 is not a backup of a calibration table: line %2 is not a "
                              "frequency and a whole number")

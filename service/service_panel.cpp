@@ -211,10 +211,10 @@ void service::fillTable(const std::function<void()>& fill)
 
 void service::editTable(int row, int column)
 {
-    const QString complaint = m_table->acceptCell(row, column);
+    const StatusWords complaint = m_table->acceptCell(row, column);
     showPointCount();
-    if (!complaint.isEmpty())
-        m_notices.say([complaint] { return complaint; });
+    if (complaint)
+        m_notices.say(complaint);
 }
 
 void service::call_manual_input_for_RefOsc()

@@ -117,18 +117,15 @@ ReadList readListFile(const QString& path, FileProgress* progress)
 {
     ReadList read;
     QFile file(path);
-    const FileOutcome opened = openToRead(file, progress);
-    if (opened.fault != FileFault::None) {
-        read.error = ListFileError::NotOpened;
-        read.detail = opened.detail;
-        return read;
-    }
-    const auto failed = [&read](ListFileError error, const QString& detail) {
+    const auto failed = [&read](ListFileError error, const QString& field = QString()) {
         read.rows.clear();
         read.error = error;
-        read.detail = detail;
+        read.field = field;
         return read;
     };
+    read.file = openToRead(file, progress);
+    if (read.file.fault != FileFault::None)
+        return failed(ListFileError::NotOpened);
     std::array<char, longestLine + 1> line;
     /// What is wrong with the first line if no points follow.
     std::optional<std::pair<int, QString>> headingError;
@@ -137,18 +134,18 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         if (length <= 0)
             break;
         if (++read.line > mostListLines)
-            return failed(ListFileError::TooManyLines, QString());
+            return failed(ListFileError::TooManyLines);
         if (progress) {
             progress->done += length;
             if (progress->isCancelled)
-                return failed(ListFileError::Cancelled, QString());
+                return failed(ListFileError::Cancelled);
         }
         const char* begin = line.data();
         const char* end = begin + length;
         if (end[-1] == '\n')
             --end;
         else if (length == longestLine)
-            return failed(ListFileError::NotText, QString());
+            return failed(ListFileError::NotText);
         if (end > begin && end[-1] == '\r')
             --end;
         if (read.line == 1 &&
@@ -166,8 +163,10 @@ ReadList readListFile(const QString& path, FileProgress* progress)
             return failed(parsed.error, parsed.strangeField);
         read.rows.push_back(std::move(parsed.row));
     }
-    if (file.error() != QFileDevice::NoError)
-        return failed(ListFileError::NotRead, file.errorString());
+    if (file.error() != QFileDevice::NoError) {
+        read.file = {FileFault::Failed, file.errorString()};
+        return failed(ListFileError::NotRead);
+    }
     read.hasHeading = headingError.has_value();
     if (read.hasHeading && read.rows.empty()) {
         read.line = headingError->first;

@@ -29,8 +29,9 @@ struct ReadList {
     PointRows rows;          ///< empty after an error
     bool hasHeading = false; ///< the first line held no number and was skipped
     ListFileError error = ListFileError::None;
-    int line = 0;   ///< where the error is, counted from 1
-    QString detail; ///< the field that is not a number, or the system's message
+    FileOutcome file{}; ///< of NotOpened and NotRead
+    int line = 0;       ///< where the error is, counted from 1
+    QString field;      ///< the one that is not a number
 };
 
 QByteArray listText(const PointRows& points);

@@ -64,7 +64,7 @@ void ListFileDialogs::saveTo(const QString& path)
     else if (written.fault == FileFault::Cancelled)
         notices.say([name] { return tr("Not saved: %1").arg(name); });
     else
-        emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, written.detail));
+        emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, written.detail()));
 }
 
 void ListFileDialogs::open()
@@ -117,19 +117,19 @@ void ListFileDialogs::tellError(const QString& name, const ReadList& read)
                               .arg(longestCell));
         break;
     case ListFileError::NotOpened:
-        notices.say([name, detail = read.detail] {
-            return tr("%1 cannot be opened: %2").arg(name, detail);
+        notices.say([name, file = read.file] {
+            return tr("%1 cannot be opened: %2").arg(name, file.detail());
         });
         break;
     case ListFileError::NotRead:
-        emit errorMessage(tr("%1 cannot be read: %2").arg(name, read.detail));
+        emit errorMessage(tr("%1 cannot be read: %2").arg(name, read.file.detail()));
         break;
     case ListFileError::NotText:
         emit errorMessage(tr("%1: not valid UTF-8 text").arg(name));
         break;
     case ListFileError::NoNumber:
         emit errorMessage(
-            tr("%1, line %2: \"%3\" is not a number").arg(name).arg(read.line).arg(read.detail));
+            tr("%1, line %2: \"%3\" is not a number").arg(name).arg(read.line).arg(read.field));
         break;
     case ListFileError::TooManyLines:
         emit errorMessage(tr("%1: more than %2 lines").arg(name).arg(mostListLines));

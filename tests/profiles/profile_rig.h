@@ -1,5 +1,6 @@
 #pragma once
 
+#include "link/notices.h"
 #include "profiles/open_save_xml_file.h"
 
 #include <QCheckBox>
@@ -47,8 +48,8 @@ public:
         }
         QObject::connect(m_profiles, &openSave_XML_FILE::error,
                          [this](const QString& said) { log << "error: " + said; });
-        QObject::connect(m_profiles, &openSave_XML_FILE::message,
-                         [this](const QString& said) { log << "message: " + said; });
+        QObject::connect(&m_notices, &Notices::said,
+                         [this](const Notice& notice) { log << "message: " + notice.words(); });
         m_window.show();
     }
 
@@ -155,7 +156,7 @@ private:
             return !isEnding;
         };
         return {pause,
-                [this] { return refusal; },
+                [this] { return refusal.isEmpty() ? StatusWords() : [this] { return refusal; }; },
                 [](const QLineEdit& field) { return field.text(); },
                 [this] { log << "settle"; },
                 [this] { log << "refresh"; },
@@ -163,9 +164,10 @@ private:
     }
 
     QTemporaryDir m_folder;
+    Notices m_notices;
     QWidget m_window;
     QWidget* m_panel = new QWidget(&m_window);
     QWidget* m_service = new QWidget(&m_window);
-    openSave_XML_FILE* m_profiles =
-        new openSave_XML_FILE("KLV", m_folder.filePath("Veltro KLV"), owner(), &m_window);
+    openSave_XML_FILE* m_profiles = new openSave_XML_FILE("KLV", m_folder.filePath("Veltro KLV"),
+                                                          owner(), m_notices, &m_window);
 };

@@ -110,5 +110,5 @@ FileOutcome writeBeside(QWidget* window, const QString& path, const QByteArray& 
         return writeWholeFile(path, bytes, progress);
     };
     return fileWork<FileOutcome>(window, words.arg(QFileInfo(path).fileName()), work)
-        .value_or(FileOutcome{FileFault::Cancelled, QString()});
+        .value_or(FileOutcome{FileFault::Cancelled});
 }

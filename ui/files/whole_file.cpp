@@ -11,22 +11,6 @@ namespace
 {
 constexpr qint64 chunk = qint64{64} * 1024;
 
-FileOutcome failed(FileFault fault, const char* text)
-{
-    return {fault, QCoreApplication::translate("WholeFile", text)};
-}
-
-FileOutcome refusedKind()
-{
-    return failed(FileFault::NotRegular,
-                  QT_TRANSLATE_NOOP("WholeFile", "it is a folder, a pipe or a device"));
-}
-
-FileOutcome refusedSize()
-{
-    return failed(FileFault::TooLarge, QT_TRANSLATE_NOOP("WholeFile", "it is too large"));
-}
-
 /// Counts one more step; false when it has been cancelled.
 bool isWanted(FileProgress* progress, qint64 done)
 {
@@ -37,13 +21,27 @@ bool isWanted(FileProgress* progress, qint64 done)
 }
 } // namespace
 
+QString FileOutcome::detail() const
+{
+    switch (fault) {
+    case FileFault::Missing:
+        return QCoreApplication::translate("WholeFile", "there is no such file");
+    case FileFault::NotRegular:
+        return QCoreApplication::translate("WholeFile", "it is a folder, a pipe or a device");
+    case FileFault::TooLarge:
+        return QCoreApplication::translate("WholeFile", "it is too large");
+    default:
+        return systemText;
+    }
+}
+
 FileOutcome openToRead(QFile& file, FileProgress* progress)
 {
     const QFileInfo info(file.fileName());
     if (!info.exists())
-        return failed(FileFault::Missing, QT_TRANSLATE_NOOP("WholeFile", "there is no such file"));
+        return {FileFault::Missing};
     if (!info.isFile())
-        return refusedKind();
+        return {FileFault::NotRegular};
     if (!file.open(QIODevice::ReadOnly))
         return {FileFault::NotOpened, file.errorString()};
     if (progress)
@@ -66,9 +64,9 @@ FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* pro
     QFile file(path);
     const FileOutcome opened = openToRead(file, progress);
     if (opened.fault != FileFault::None)
-        return {opened, QByteArray()};
+        return {opened, {}};
     if (file.size() > mostBytes)
-        return {refusedSize(), QByteArray()};
+        return {{FileFault::TooLarge}, {}};
     QByteArray bytes;
     for (;;) {
         const QByteArray read = file.read(chunk);
@@ -76,12 +74,12 @@ FileBytes readWholeFile(const QString& path, qint64 mostBytes, FileProgress* pro
             break;
         bytes += read;
         if (bytes.size() > mostBytes)
-            return {refusedSize(), QByteArray()};
+            return {{FileFault::TooLarge}, {}};
         if (!isWanted(progress, bytes.size()))
-            return {{FileFault::Cancelled, QString()}, QByteArray()};
+            return {{FileFault::Cancelled}, {}};
     }
     if (file.error() != QFileDevice::NoError)
-        return {{FileFault::Failed, file.errorString()}, QByteArray()};
+        return {{FileFault::Failed, file.errorString()}, {}};
     return {{}, bytes};
 }
 
@@ -89,7 +87,7 @@ FileOutcome writeWholeFile(const QString& path, const QByteArray& bytes, FilePro
 {
     const QFileInfo target(path);
     if (target.exists() && !target.isFile())
-        return refusedKind();
+        return {FileFault::NotRegular};
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return {FileFault::NotOpened, file.errorString()};
@@ -100,12 +98,12 @@ FileOutcome writeWholeFile(const QString& path, const QByteArray& bytes, FilePro
         if (file.write(bytes.constData() + done, length) != length)
             return {FileFault::Failed, file.errorString()};
         if (!isWanted(progress, done + length))
-            return {FileFault::Cancelled, QString()};
+            return {FileFault::Cancelled};
     }
     // Closing within commit() would not report that there was no room for the buffered bytes.
     if (!file.flush() || file.error() != QFileDevice::NoError)
         return {FileFault::Failed, file.errorString()};
     if (!isWanted(progress, bytes.size()))
-        return {FileFault::Cancelled, QString()};
+        return {FileFault::Cancelled};
     return file.commit() ? FileOutcome{} : FileOutcome{FileFault::Failed, file.errorString()};
 }

@@ -21,7 +21,10 @@ enum class FileFault { None, Missing, NotRegular, NotOpened, TooLarge, Failed, C
 
 struct FileOutcome {
     FileFault fault = FileFault::None;
-    QString detail; ///< of a fault, for the user to read; empty after Cancelled
+    QString systemText{}; ///< of a fault that the system has found
+
+    /// The fault for the user to read, in the current language; empty after Cancelled.
+    QString detail() const;
 };
 
 struct FileBytes : FileOutcome {
