@@ -11,7 +11,6 @@
 #include "modulation/modulat.h"
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
-#include "numbers/unit_keys.h"
 #include "sweep/list_panel.h"
 #include "sweep/sweep_group.h"
 #include "ui/files/user_folder.h"

@@ -41,7 +41,7 @@ int main()
             qFatal("another program holds the simulated instrument");
         session.setConnected();
         const double us = microsecondsOf(calls, [&] {
-            session.setAndReadBack("FREQ %lf Hz;FREQ?", 2.5e9, FieldKind::Frequency);
+            session.setAndReadBack("FREQ %lf Hz;FREQ?", 2.5e9);
             session.checkErrors();
         });
         session.close();

@@ -93,8 +93,7 @@ void CwControls::on_FREQ_editingFinished()
     field.showAccepted(field.text());
     if (!m_session.isConnected())
         return;
-    field.showAnswer(
-        m_session.setAndReadBack(frequencyFormat, field.value(), FieldKind::Frequency));
+    field.showAnswer(m_session.setAndReadBack(frequencyFormat, field.value()));
     m_session.checkErrors();
 }
 
@@ -150,7 +149,7 @@ void CwControls::sendPower()
     field.showAccepted(field.text());
     if (!m_session.isConnected())
         return;
-    field.showAnswer(m_session.setAndReadBack(powerFormat, field.value(), FieldKind::Power));
+    field.showAnswer(m_session.setAndReadBack(powerFormat, field.value()));
     m_session.checkErrors();
 }
 

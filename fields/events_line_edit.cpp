@@ -2,7 +2,6 @@
 
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
-#include "numbers/unit_keys.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -17,15 +16,6 @@ int wheelDirection(const QWheelEvent& event)
     const QPoint turn = event.angleDelta();
     const int delta = turn.y() != 0 ? turn.y() : turn.x();
     return delta > 0 ? 1 : delta < 0 ? -1 : 0;
-}
-
-/// A number in another unit, grouped; anything else as it is.
-QString shiftedText(const QString& text, int powerOfTen)
-{
-    const QString number = withoutBlanks(text);
-    if (powerOfTen == 0 || !isPlainDecimal(number))
-        return text;
-    return formatGrouped(shiftedDecimal(number, powerOfTen));
 }
 
 int keyDirection(const QKeyEvent& event)

@@ -102,18 +102,12 @@ QString NumberEdit::inOwnUnit(const QString& text) const
     if (m_unitPower == 0)
         return text;
     const QString number = convertUnitKeys(text, unitFamily(kind()), m_unitPower);
-    if (number.isEmpty())
-        return number;
-    return clampText(isPlainDecimal(number) ? shiftedDecimal(number, m_unitPower) : number, 0.0,
-                     0.0, kind());
+    return clampText(shiftedText(number, m_unitPower), 0.0, 0.0, kind());
 }
 
 QString NumberEdit::inShownUnit(const QString& ownText) const
 {
-    const QString number = withoutBlanks(ownText);
-    if (m_unitPower == 0 || !isPlainDecimal(number))
-        return ownText;
-    return formatGrouped(shiftedDecimal(number, -m_unitPower));
+    return shiftedText(ownText, -m_unitPower);
 }
 
 double NumberEdit::value() const
@@ -174,10 +168,11 @@ void NumberEdit::showAccepted(const QString& ownText)
     accept(ownText);
 }
 
-void NumberEdit::showAnswer(const QString& ownText)
+void NumberEdit::showAnswer(const QString& reply)
 {
-    if (!ownText.isEmpty()) {
-        showAccepted(ownText);
+    const QString answered = ::displayText(reply, kind());
+    if (!answered.isEmpty()) {
+        showAccepted(answered);
         return;
     }
     clear();

@@ -53,8 +53,8 @@ public:
     void setEdited(bool isEdited);
 
     bool hasNumber() const;
-    /// False for a text that is not a number: the accepted one is restored then, and a notice reports
-    /// the refusal.
+    /// False for a text that is not a number: the accepted one is restored then, and a notice
+    /// reports the refusal.
     bool takeNumber();
     /// Bounds the number by its range, silently, and writes it as its kind is shown. Nothing is
     /// bounded until the range has been read from an instrument; an empty field stays empty.
@@ -66,7 +66,7 @@ public:
     void showAccepted(const QString& ownText);
     /// Shows the reply to a query. An empty one, of a query that failed, empties the field; the
     /// value accepted before comes back when the field is left, with the next entry or push.
-    void showAnswer(const QString& ownText);
+    void showAnswer(const QString& reply);
     /// Reports why an entry was refused, after the field's name.
     void refuse(const StatusWords& reason) const;
 

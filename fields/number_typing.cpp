@@ -133,7 +133,7 @@ void NumberTyping::takeEdited(const QString& typed)
 {
     const FieldKind kind = m_field.kind();
     const QString converted = convertedText(typed, kind, m_field.unitPower());
-    const QString text = isGrouped(kind) ? formatGrouped(converted) : converted;
+    const QString text = grouped(converted, kind);
     if (text != typed) {
         const QString beforeCursor = typed.left(m_field.cursorPosition());
         const int charactersBefore = convertedText(beforeCursor, kind, m_field.unitPower()).size();
@@ -212,9 +212,7 @@ void NumberTyping::takePasted(const QString& text)
     const std::optional<QString> number = readQuantity(text, kind, m_field.unitPower());
     const bool isWhole = number && !number->contains(QLatin1Char('.'));
     const bool hasSign = number && number->startsWith(QLatin1Char('-'));
-    const int length = !number           ? 0
-                       : isGrouped(kind) ? formatGrouped(*number).size()
-                                         : number->size();
+    const int length = number ? grouped(*number, kind).size() : 0;
     m_refusal = nullptr;
     if (!number || (hasSign && !takesSign(kind)) || length > m_field.maxLength()) {
         m_field.refuse(unreadable(text));

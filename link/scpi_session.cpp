@@ -204,7 +204,7 @@ QString ScpiSession::query(const QString& command)
     return lastFailed() ? QString() : reply;
 }
 
-QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind kind)
+QString ScpiSession::setAndReadBack(const char* format, double value)
 {
     QByteArray message = QByteArray(format).append('\n');
     const QString command = QString::fromLatin1(format).replace(
@@ -220,7 +220,7 @@ QString ScpiSession::setAndReadBack(const char* format, double value, FieldKind 
         recording.ended(m_lastStatus, text);
     }
     if (!lastFailed())
-        return displayText(text, kind);
+        return text;
     fetchStatusDescription();
     failConnection();
     return {};

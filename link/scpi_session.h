@@ -4,7 +4,6 @@
 #include "link/instrument_error.h"
 #include "link/visa_library.h"
 #include "link/wire_log.h"
-#include "numbers/field_kind.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -74,10 +73,9 @@ public:
     /// Writes `command` and reads the reply in one VISA call. Empty on a failure.
     QString query(const QString& command);
 
-    /// Sends `format` with its "%lf" replaced by `value` and returns the instrument's answer as
-    /// the field of `kind` shows it. A failure gives an empty text and, while connected, ends the
-    /// connection.
-    QString setAndReadBack(const char* format, double value, FieldKind kind);
+    /// Sends `format` with its "%lf" replaced by `value` and returns the instrument's reply. A
+    /// failure gives an empty text and, while connected, ends the connection.
+    QString setAndReadBack(const char* format, double value);
 
     /// Sends `command` and waits until the instrument has executed it. Without an answer within the
     /// time-out the connection is lost.

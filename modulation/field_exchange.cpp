@@ -3,7 +3,6 @@
 #include "fields/number_edit.h"
 #include "link/scpi_session.h"
 #include "numbers/number_text.h"
-#include "numbers/unit_keys.h"
 
 namespace
 {
@@ -27,7 +26,7 @@ void FieldExchange::setAndShow(const char* format, NumberEdit& field)
     field.acceptClamped();
     if (!m_session.isConnected())
         return;
-    field.showAnswer(m_session.setAndReadBack(format, field.acceptedValue(), field.kind()));
+    field.showAnswer(m_session.setAndReadBack(format, field.acceptedValue()));
     m_session.checkErrors();
 }
 

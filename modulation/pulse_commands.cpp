@@ -170,6 +170,6 @@ void PulseCommands::send(const char* format, NumberEdit& field)
 {
     if (!m_session.isConnected() || !field.takeNumber())
         return;
-    field.showAnswer(m_session.setAndReadBack(format, field.value(), field.kind()));
+    field.showAnswer(m_session.setAndReadBack(format, field.value()));
     m_session.checkErrors();
 }

@@ -86,23 +86,10 @@ const FieldRow& rowOf(FieldKind kind)
     return fieldRows[static_cast<int>(kind)];
 }
 
-QString withLeastDecimals(const QString& text, int leastDecimals)
-{
-    if (leastDecimals == 2)
-        return padTwoDecimals(text);
-    const int point = text.indexOf(QLatin1Char('.'));
-    const int decimals = point < 0 ? 0 : text.size() - point - 1;
-    if (decimals >= leastDecimals)
-        return text;
-    const QString padding(leastDecimals - decimals, QLatin1Char('0'));
-    return point < 0 ? text + QLatin1Char('.') + padding : text + padding;
-}
-
 /// A decimal text as the kind is shown, whatever decimals it came with.
 QString finishedText(const QString& decimalText, const FieldRow& row)
 {
-    const QString padded = withLeastDecimals(trimZeros(decimalText), row.leastDecimals);
-    return isGrouped(row.kind) ? formatGrouped(padded) : padded;
+    return grouped(withLeastDecimals(trimZeros(decimalText), row.leastDecimals), row.kind);
 }
 
 struct ReplyUnit {
@@ -152,9 +139,10 @@ OwnUnit ownUnit(FieldKind kind)
     return rowOf(kind).unit;
 }
 
-bool isGrouped(FieldKind kind)
+QString grouped(const QString& number, FieldKind kind)
 {
-    return patternText(entryPattern(kind)).contains(QLatin1Char(' '));
+    const bool takesBlanks = patternText(entryPattern(kind)).contains(QLatin1Char(' '));
+    return takesBlanks ? formatGrouped(number) : number;
 }
 
 bool takesFraction(FieldKind kind)
@@ -180,7 +168,7 @@ QString fieldText(double value, FieldKind kind)
 
 QString displayText(const QString& reply, FieldKind kind)
 {
-    if (withoutBlanks(reply).isEmpty())
+    if (reply.trimmed().isEmpty())
         return QString();
     const FieldRow& row = rowOf(kind);
     return finishedText(fixedText(row.valueOfReply(reply), row.replyDecimals), row);
@@ -188,7 +176,7 @@ QString displayText(const QString& reply, FieldKind kind)
 
 QString clampText(const QString& text, double min, double max, FieldKind kind)
 {
-    if (withoutBlanks(text).isEmpty())
+    if (text.trimmed().isEmpty())
         return text;
     const FieldRow& row = rowOf(kind);
     const double typed = toNumber(convertUnitKeys(text, row.units));

@@ -55,9 +55,9 @@ struct OwnUnit {
 };
 OwnUnit ownUnit(FieldKind kind);
 
-/// Whether the digits of such a field are grouped: where its pattern admits the blank. Elsewhere a
+/// A number as such a field groups its digits: where its pattern admits the blank. Elsewhere a
 /// grouped text would not be valid.
-bool isGrouped(FieldKind kind);
+QString grouped(const QString& number, FieldKind kind);
 
 /// Whether such a field takes a fraction, or a negative number.
 bool takesFraction(FieldKind kind);

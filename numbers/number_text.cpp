@@ -9,6 +9,12 @@
 #include <iterator>
 #include <limits>
 
+namespace
+{
+const QLatin1Char point('.');
+const QLatin1Char zero('0');
+} // namespace
+
 QString withoutBlanks(const QString& text)
 {
     QString result;
@@ -105,10 +111,48 @@ QString groupDigits(const QString& text)
 
 QString formatGrouped(const QString& text)
 {
-    const QLatin1Char point('.');
     if (!text.contains(point))
         return groupDigits(text);
     return groupDigits(text.section(point, 0, 0)) + point + text.section(point, 1, 1);
+}
+
+bool isPlainDecimal(const QString& text)
+{
+    static const QRegularExpression plainDecimal(
+        QStringLiteral("^-?([0-9]+\\.?[0-9]*|\\.[0-9]+)$"));
+    return plainDecimal.match(text).hasMatch();
+}
+
+QString shiftedDecimal(const QString& number, int powerOfTen)
+{
+    const bool isNegative = number.startsWith(QLatin1Char('-'));
+    QString whole = number.section(point, 0, 0).mid(isNegative ? 1 : 0);
+    QString fraction = number.section(point, 1, 1);
+    if (powerOfTen >= 0) {
+        fraction = fraction.leftJustified(powerOfTen, zero);
+        whole += fraction.left(powerOfTen);
+        fraction.remove(0, powerOfTen);
+    } else {
+        whole = whole.rightJustified(-powerOfTen, zero);
+        fraction.prepend(whole.right(-powerOfTen));
+        whole.chop(-powerOfTen);
+    }
+    const auto* firstDigit =
+        std::find_if(whole.cbegin(), whole.cend(), [](QChar c) { return c != zero; });
+    whole.remove(0, static_cast<int>(firstDigit - whole.cbegin()));
+    if (whole.isEmpty())
+        whole = zero;
+    if (isNegative)
+        whole.prepend(QLatin1Char('-'));
+    return trimZeros(whole + point + fraction);
+}
+
+QString shiftedText(const QString& text, int powerOfTen)
+{
+    const QString number = withoutBlanks(text);
+    if (powerOfTen == 0 || !isPlainDecimal(number))
+        return text;
+    return formatGrouped(shiftedDecimal(number, powerOfTen));
 }
 
 QString trimZeros(const QString& text)
@@ -134,6 +178,17 @@ QString padTwoDecimals(const QString& text)
     if (!twoDecimals.match(result).hasMatch())
         result += QLatin1Char('0');
     return result;
+}
+
+QString withLeastDecimals(const QString& text, int leastDecimals)
+{
+    if (leastDecimals == 2)
+        return padTwoDecimals(text);
+    const int decimals = text.contains(point) ? text.size() - text.indexOf(point) - 1 : 0;
+    if (decimals >= leastDecimals)
+        return text;
+    const QString padding(leastDecimals - decimals, zero);
+    return text.contains(point) ? text + padding : text + point + padding;
 }
 
 QString parseUnitReply(const QString& reply)

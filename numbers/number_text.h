@@ -42,12 +42,26 @@ QString groupDigits(const QString& text);
 /// Groups the digits before the point. What follows a second point is dropped.
 QString formatGrouped(const QString& text);
 
+/// Whether a text is an optional minus sign, digits and at most one point, with a digit among them.
+bool isPlainDecimal(const QString& text);
+
+/// A plain decimal number times a power of ten, exactly: the point is moved in the text.
+/// Superfluous zeros are dropped.
+QString shiftedDecimal(const QString& number, int powerOfTen);
+
+/// The same with the number's digits grouped. Any other text stays as it is, and so does every text
+/// with the power 0.
+QString shiftedText(const QString& text, int powerOfTen);
+
 /// Removes the trailing zeros of a fraction, and its point or comma when nothing is left of it.
 QString trimZeros(const QString& text);
 
 /// Pads a fraction to two decimals. Three digits in a row count as a fraction of two decimals, so
 /// that "123.5" stays.
 QString padTwoDecimals(const QString& text);
+
+/// Pads a fraction to that many decimals; to two as padTwoDecimals() does.
+QString withLeastDecimals(const QString& text, int leastDecimals);
 
 /// Turns a reply of a number, a blank and a word holding MHz, kHz or GHz in any case into hertz.
 /// Exact for whole numbers, 6 significant digits otherwise. Any other reply is returned without

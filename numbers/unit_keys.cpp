@@ -2,15 +2,10 @@
 
 #include "numbers/number_text.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 namespace
 {
-const QLatin1Char point('.');
-const QLatin1Char zero('0');
-
 struct UnitKey {
     UnitFamily family;
     char letter;
@@ -56,40 +51,9 @@ std::optional<int> unitKeyPower(QChar letter, UnitFamily family)
     return key == nullptr ? std::nullopt : std::optional<int>(key->powerOfTen);
 }
 
-bool isPlainDecimal(const QString& text)
-{
-    static const QRegularExpression plainDecimal(
-        QStringLiteral("^-?([0-9]+\\.?[0-9]*|\\.[0-9]+)$"));
-    return plainDecimal.match(text).hasMatch();
-}
-
-QString shiftedDecimal(const QString& number, int powerOfTen)
-{
-    const bool isNegative = number.startsWith(QLatin1Char('-'));
-    QString whole = number.section(point, 0, 0).mid(isNegative ? 1 : 0);
-    QString fraction = number.section(point, 1, 1);
-    if (powerOfTen >= 0) {
-        fraction = fraction.leftJustified(powerOfTen, zero);
-        whole += fraction.left(powerOfTen);
-        fraction.remove(0, powerOfTen);
-    } else {
-        whole = whole.rightJustified(-powerOfTen, zero);
-        fraction.prepend(whole.right(-powerOfTen));
-        whole.chop(-powerOfTen);
-    }
-    const auto* firstDigit =
-        std::find_if(whole.cbegin(), whole.cend(), [](QChar c) { return c != zero; });
-    whole.remove(0, static_cast<int>(firstDigit - whole.cbegin()));
-    if (whole.isEmpty())
-        whole = zero;
-    if (isNegative)
-        whole.prepend(QLatin1Char('-'));
-    return trimZeros(whole + point + fraction);
-}
-
 QString convertUnitKeys(const QString& text, UnitFamily family, int plainPower)
 {
-    QString typed = withoutBlanks(text).replace(QLatin1Char(','), point);
+    QString typed = withoutBlanks(text).replace(QLatin1Char(','), QLatin1Char('.'));
     for (int i = 0; i < typed.size();) {
         const UnitKey* key = findUnitKey(typed.at(i), family);
         if (key == nullptr) {

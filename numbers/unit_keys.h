@@ -19,13 +19,6 @@ QChar latinUnitKey(QChar typed);
 /// The power of ten of the family's own unit that a letter stands for; none where it is no unit.
 std::optional<int> unitKeyPower(QChar letter, UnitFamily family);
 
-/// Whether a text is an optional minus sign, digits and at most one point, with a digit among them.
-bool isPlainDecimal(const QString& text);
-
-/// A plain decimal number times a power of ten, exactly: the point is moved in the text.
-/// Superfluous zeros are dropped.
-QString shiftedDecimal(const QString& number, int powerOfTen);
-
 /// The number as typed, with its unit letter applied: "2.5G" gives "2500000000". Blanks are
 /// removed and a comma counts as a point. A unit ends the number: what follows is dropped.
 /// A letter without a number before it is dropped. Nothing else is checked or changed, so that an

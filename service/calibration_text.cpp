@@ -1,7 +1,6 @@
 #include "service/calibration_text.h"
 
 #include "numbers/number_text.h"
-#include "numbers/unit_keys.h"
 
 #include <QRegularExpression>
 

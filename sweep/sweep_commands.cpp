@@ -294,15 +294,15 @@ void SweepCommands::restoreCw()
     m_cw.frequency.takeNumber();
     m_cw.power.takeNumber();
     if (readsAsNumber(m_cw.frequency.text())) {
-        m_cw.frequency.showAnswer(m_session.setAndReadBack(frequencyFormat, m_cw.frequency.value(),
-                                                           FieldKind::Frequency));
+        m_cw.frequency.showAnswer(
+            m_session.setAndReadBack(frequencyFormat, m_cw.frequency.value()));
         m_session.checkErrors();
     }
     if (!m_session.isConnected() || !readsAsNumber(m_cw.power.text()))
         return;
     // Whole dB only: any other text is 0 dBm.
     const auto powerDbm = static_cast<double>(toWholeNumber(m_cw.power.text()));
-    m_cw.power.showAnswer(m_session.setAndReadBack(powerFormat, powerDbm, FieldKind::Power));
+    m_cw.power.showAnswer(m_session.setAndReadBack(powerFormat, powerDbm));
     m_session.checkErrors();
 }
 

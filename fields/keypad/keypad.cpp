@@ -305,8 +305,7 @@ QString Keypad::limitsText() const
         limits.max = qMin(limits.max, static_cast<double>(*ceiling));
     const int power = m_isStepPage ? 0 : plainPower();
     const auto text = [&](double limit) {
-        const QString number = shiftedDecimal(shortestText(limit), -power);
-        return isGrouped(kind()) ? formatGrouped(number) : number;
+        return grouped(shiftedDecimal(shortestText(limit), -power), kind());
     };
     return withUnit(text(limits.min) + QStringLiteral(" … ") + text(limits.max),
                     unitText(entryUnits(kind(), power), power));

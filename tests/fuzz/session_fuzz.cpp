@@ -1,6 +1,7 @@
 #include "tests/fuzz/fuzz.h"
 
 #include "link/scpi_session.h"
+#include "numbers/field_kind.h"
 #include "tests/fuzz/told_replies.h"
 
 /// What an instrument answers to queries, read-backs and when its error queue is read, in time,
@@ -23,7 +24,7 @@ void run(Bytes bytes)
                      [&](const StatusWords& words) { shown += words().size(); });
     session.setConnected();
     for (int kind = 0; kind < fieldKindCount && !bytes.isEmpty(); ++kind) {
-        session.setAndReadBack("X %lf;X?", 1.0, static_cast<FieldKind>(kind));
+        displayText(session.setAndReadBack("X %lf;X?", 1.0), static_cast<FieldKind>(kind));
         session.checkErrors();
         session.query(QStringLiteral("%n%s?"));
         session.read(QStringLiteral("%s"));
