@@ -1,5 +1,4 @@
 #include "demo/instrument/command_table.h"
-#include "demo/instrument/commands.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -168,17 +167,4 @@ const Command* findCommand(const std::string& header)
     static const Index index = makeIndex();
     const auto found = index.find(header);
     return found == index.end() ? nullptr : found->second;
-}
-
-ScpiError takeNone(const Request& request)
-{
-    return request.parameters.empty() ? ScpiError::None : ScpiError::ParameterNotAllowed;
-}
-
-ScpiError takeOnly(const Request& request, std::string_view& parameter)
-{
-    parameter = request.parameters;
-    if (parameter.empty())
-        return ScpiError::MissingParameter;
-    return parameter.find(',') == parameter.npos ? ScpiError::None : ScpiError::ParameterNotAllowed;
 }

@@ -1,8 +1,28 @@
-// The handlers that the command table names, by the file that defines them.
 #pragma once
 
-#include "demo/instrument/command_table.h"
+#include "demo/instrument/model.h"
 
+/// One command or query on its way through its handler.
+struct Request {
+    Model& model;
+    std::string_view parameters; ///< all that follows the header, trimmed
+    std::string& reply;          ///< a query appends its answer here
+};
+
+struct Command;
+using Handler = ScpiError (*)(const Command& command, Request& request);
+
+/// A row of the command table: a header in SCPI notation (capitals are the short form, brackets
+/// hold what may be left out) and what it and its query do.
+struct Command {
+    std::string pattern;
+    Handler set;
+    Handler query;
+    size_t index = 0;          ///< which Quantity, Switch or Choice; or the handler's own use
+    const char* keywords = ""; ///< of a choice, separated by |, in the order of its values
+};
+
+// The handlers that the command table names, by the file that defines them.
 #define HANDLER(name) ScpiError name(const Command& command, Request& request)
 
 // commands_settings.cpp
@@ -58,6 +78,11 @@ HANDLER(queryCalibrationDue);
 HANDLER(queryTemperature);
 
 #undef HANDLER
+
+/// The one parameter that the request carries. Errors: MissingParameter, ParameterNotAllowed.
+ScpiError takeOnly(const Request& request, std::string_view& parameter);
+/// ParameterNotAllowed when the request carries any.
+ScpiError takeNone(const Request& request);
 
 /// Reads a value of the quantity, MIN, MAX or DEF, rounded to its resolution.
 /// Errors: those of parseNumber, DataOutOfRange.

@@ -20,6 +20,19 @@ ScpiError readRegister(const Request& request, unsigned char& value)
 
 } // namespace
 
+ScpiError takeNone(const Request& request)
+{
+    return request.parameters.empty() ? ScpiError::None : ScpiError::ParameterNotAllowed;
+}
+
+ScpiError takeOnly(const Request& request, std::string_view& parameter)
+{
+    parameter = request.parameters;
+    if (parameter.empty())
+        return ScpiError::MissingParameter;
+    return parameter.find(',') == parameter.npos ? ScpiError::None : ScpiError::ParameterNotAllowed;
+}
+
 ScpiError clearStatus(const Command&, Request& request)
 {
     request.model.errors.clear();
