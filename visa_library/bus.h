@@ -61,8 +61,8 @@ public:
     virtual ViStatus readStatusByte(VisaCall& call, ViUInt16& status) = 0;
     /// Remote and local operation, by the modes of viGpibControlREN.
     virtual ViStatus controlRemote(VisaCall&, ViUInt16) { return VI_ERROR_NSUP_OPER; }
-    /// Whether the instrument asked for service since it was last looked.
-    virtual bool takeServiceRequest() = 0;
+    /// Whether the instrument asked for service since it was last looked; not every bus lets it.
+    virtual bool takeServiceRequest() { return false; }
 };
 
 /// A text attribute as it is answered.
@@ -93,5 +93,8 @@ public:
     virtual const AttributeReply* replacedAttribute(ViAttr) const { return nullptr; }
 };
 
-/// The bus of this library: each shared library defines it. It outlives all sessions.
-Bus& theBus();
+/// Gives this library its bus, which outlives all sessions. Each shared library has one constant of
+/// this type in a namespace, so that the bus is known once the library has been loaded.
+struct LibraryBus {
+    explicit LibraryBus(Bus& (*bus)());
+};

@@ -6,13 +6,21 @@
 namespace
 {
 
+// Null before the first constructor of this library runs, whichever that is.
+Bus& (*giveBus)() = nullptr;
+
 Library& theLibrary()
 {
-    static Library library;
+    static Library library(giveBus());
     return library;
 }
 
 } // namespace
+
+LibraryBus::LibraryBus(Bus& (*bus)())
+{
+    giveBus = bus;
+}
 
 VisaCall::VisaCall(std::optional<Use> use) : library(theLibrary()), m_lock(library.mutex)
 {

@@ -10,9 +10,11 @@
 
 /// The whole state of this process's VISA library. Reached only through a VisaCall, which locks it.
 struct Library {
+    explicit Library(Bus& ownBus) : bus(ownBus) {}
+
     std::mutex mutex;
     std::condition_variable changed; ///< an instrument has a reply, an event came, ...
-    Bus& bus = theBus();
+    Bus& bus;
     ObjectTable objects;
 };
 

@@ -1,6 +1,6 @@
 #include "demo/control/control.h"
 
-#include "demo/control/simulated_bus.h"
+#include "demo/control/simulation.h"
 #include "visa_library/library.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace
 {
 
 using Answer = std::string;
-using Action = Answer (*)(SimulatedBus& bus, std::string_view rest);
+using Action = Answer (*)(Simulation& simulation, std::string_view rest);
 
 std::string_view takeWord(std::string_view& text)
 {
@@ -33,9 +33,9 @@ int codeOf(std::string_view word)
 
 // The first instrument takes what names none.
 template <typename Action>
-Answer forInstrument(SimulatedBus& bus, std::string_view serial, Action action)
+Answer forInstrument(Simulation& simulation, std::string_view serial, Action action)
 {
-    const auto instrument = serial.empty() ? bus.rack.first() : bus.rack.find(serial);
+    const auto instrument = serial.empty() ? simulation.rack.first() : simulation.rack.find(serial);
     if (instrument == nullptr)
         return "error: no such instrument";
     if constexpr (std::is_same_v<decltype(action(*instrument)), Answer>)
@@ -44,64 +44,64 @@ Answer forInstrument(SimulatedBus& bus, std::string_view serial, Action action)
     return {};
 }
 
-Answer reset(SimulatedBus& bus, std::string_view)
+Answer reset(Simulation& simulation, std::string_view)
 {
-    bus.faults = Faults();
-    bus.rack.reset();
-    bus.wire.clear();
+    simulation.faults = Faults();
+    simulation.rack.reset();
+    simulation.wire.clear();
     Clock::reset();
-    bus.callCount = 0;
+    simulation.callCount = 0;
     return {};
 }
 
-Answer setInstruments(SimulatedBus& bus, std::string_view rest)
+Answer setInstruments(Simulation& simulation, std::string_view rest)
 {
     const DescribedInstruments described = parseDescriptions(rest);
     if (!described.fault.empty())
         return "error: " + described.fault;
-    bus.rack.setDescriptions(described.instruments);
-    return std::to_string(bus.rack.instruments().size());
+    simulation.rack.setDescriptions(described.instruments);
+    return std::to_string(simulation.rack.instruments().size());
 }
 
-Answer plug(SimulatedBus& bus, std::string_view rest)
+Answer plug(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, rest, [](Instrument& instrument) { instrument.plug(); });
+    return forInstrument(simulation, rest, [](Instrument& instrument) { instrument.plug(); });
 }
 
-Answer unplug(SimulatedBus& bus, std::string_view rest)
+Answer unplug(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, rest, [](Instrument& instrument) { instrument.unplug(); });
+    return forInstrument(simulation, rest, [](Instrument& instrument) { instrument.unplug(); });
 }
 
-Answer transcript(SimulatedBus& bus, std::string_view)
+Answer transcript(Simulation& simulation, std::string_view)
 {
-    return bus.wire.transcript();
+    return simulation.wire.transcript();
 }
 
-Answer clear(SimulatedBus& bus, std::string_view)
+Answer clear(Simulation& simulation, std::string_view)
 {
-    bus.wire.clear();
+    simulation.wire.clear();
     return {};
 }
 
-Answer calls(SimulatedBus& bus, std::string_view)
+Answer calls(Simulation& simulation, std::string_view)
 {
-    return std::to_string(bus.callCount);
+    return std::to_string(simulation.callCount);
 }
 
-Answer setLatency(SimulatedBus& bus, std::string_view rest)
+Answer setLatency(Simulation& simulation, std::string_view rest)
 {
-    bus.faults.latencyUs = static_cast<unsigned>(numberOf(rest));
+    simulation.faults.latencyUs = static_cast<unsigned>(numberOf(rest));
     return {};
 }
 
-Answer setTimeouts(SimulatedBus& bus, std::string_view rest)
+Answer setTimeouts(Simulation& simulation, std::string_view rest)
 {
-    bus.faults.waitsForTimeouts = rest != "immediate";
+    simulation.faults.waitsForTimeouts = rest != "immediate";
     return {};
 }
 
-Answer pushClock(SimulatedBus&, std::string_view rest)
+Answer pushClock(Simulation&, std::string_view rest)
 {
     if (rest == "stop")
         Clock::stop();
@@ -110,75 +110,75 @@ Answer pushClock(SimulatedBus&, std::string_view rest)
     return {};
 }
 
-Answer pulseTrigger(SimulatedBus& bus, std::string_view rest)
+Answer pulseTrigger(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) {
         instrument.pulseTriggerInput(rest == "rising");
     });
 }
 
-Answer setReference(SimulatedBus& bus, std::string_view rest)
+Answer setReference(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) {
         instrument.model.description.referencePresent = rest == "present";
         instrument.model.updateReferenceCondition();
     });
 }
 
-Answer ask(SimulatedBus& bus, std::string_view rest)
+Answer ask(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) -> Answer {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) -> Answer {
         instrument.receive(rest, true, {});
         const std::string answer = instrument.output.take(std::string::npos, '\n');
         return answer.empty() ? "error: no answer" : Answer(trimmed(answer));
     });
 }
 
-Answer pushError(SimulatedBus& bus, std::string_view rest)
+Answer pushError(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) mutable {
         const int code = codeOf(takeWord(rest));
         instrument.model.raise(code, unescaped(rest));
     });
 }
 
-Answer setErrors(SimulatedBus& bus, std::string_view rest)
+Answer setErrors(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) mutable {
         const bool isEndless = takeWord(rest) == "endless";
         instrument.model.errors.setEndless(isEndless ? codeOf(rest) : 0);
     });
 }
 
-Answer setCondition(SimulatedBus& bus, std::string_view rest)
+Answer setCondition(Simulation& simulation, std::string_view rest)
 {
-    return forInstrument(bus, {}, [rest](Instrument& instrument) mutable {
+    return forInstrument(simulation, {}, [rest](Instrument& instrument) mutable {
         const int code = codeOf(takeWord(rest));
         instrument.model.errors.setCondition(code, rest == "on");
     });
 }
 
-Answer setReply(SimulatedBus& bus, std::string_view rest)
+Answer setReply(Simulation& simulation, std::string_view rest)
 {
     const size_t arrow = rest.find("->");
     const std::string query = upperCase(trimmed(rest.substr(0, arrow)));
-    bus.faults.replies.erase(query);
+    simulation.faults.replies.erase(query);
     if (arrow != rest.npos)
-        bus.faults.replies[query] = unescaped(trimmed(rest.substr(arrow + 2)));
+        simulation.faults.replies[query] = unescaped(trimmed(rest.substr(arrow + 2)));
     return {};
 }
 
-Answer setAttributeFault(SimulatedBus& bus, std::string_view rest)
+Answer setAttributeFault(Simulation& simulation, std::string_view rest)
 {
     const auto attribute = static_cast<ViAttr>(numberOf(takeWord(rest)));
-    AttributeReply& fault = bus.faults.attributes[attribute];
+    AttributeReply& fault = simulation.faults.attributes[attribute];
     const std::string_view kind = takeWord(rest);
     fault.status = kind == "status" ? codeOf(rest) : VI_SUCCESS;
     fault.text = kind == "text" ? unescaped(rest) : std::string();
     return {};
 }
 
-Answer addFault(SimulatedBus& bus, std::string_view rest)
+Answer addFault(Simulation& simulation, std::string_view rest)
 {
     Fault fault;
     fault.call = static_cast<unsigned>(numberOf(takeWord(rest)));
@@ -201,7 +201,7 @@ Answer addFault(SimulatedBus& bus, std::string_view rest)
     } else {
         return "error: no such fault";
     }
-    bus.faults.pending.push_back(fault);
+    simulation.faults.pending.push_back(fault);
     return {};
 }
 
@@ -238,15 +238,16 @@ extern "C" VISA_EXPORT const char* klvDemo(const char* command)
 {
     static Answer answer;
     const VisaCall call(std::nullopt);
-    SimulatedBus& bus = simulatedBus();
-    bus.rack.refresh();
-    bus.wire.startTranscript();
+    Simulation& simulation = theSimulation();
+    simulation.rack.refresh();
+    simulation.wire.startTranscript();
     std::string_view rest = command;
     const size_t end = std::min(rest.find_first_of(" \n"), rest.size());
     const std::string_view name = rest.substr(0, end);
     rest = trimmed(rest.substr(end));
     const auto row = std::find_if(std::begin(controlCommands), std::end(controlCommands),
                                   [name](const ControlCommand& each) { return each.name == name; });
-    answer = row == std::end(controlCommands) ? "error: no such command" : row->action(bus, rest);
+    answer =
+        row == std::end(controlCommands) ? "error: no such command" : row->action(simulation, rest);
     return answer.c_str();
 }

@@ -16,8 +16,9 @@ std::string fileNameOf(const std::string& serial)
 
 } // namespace
 
-SimulatedDevice::SimulatedDevice(SimulatedBus& bus, std::shared_ptr<Instrument> instrument)
-    : m_bus(bus), m_instrument(std::move(instrument)), m_plugNumber(m_instrument->plugNumber()),
+SimulatedDevice::SimulatedDevice(Simulation& simulation, std::shared_ptr<Instrument> instrument)
+    : m_simulation(simulation), m_instrument(std::move(instrument)),
+      m_plugNumber(m_instrument->plugNumber()),
       m_lock(fileNameOf(m_instrument->model.description.serial))
 {
 }
@@ -29,8 +30,9 @@ bool SimulatedDevice::isLost() const
 
 ViStatus SimulatedDevice::begin(VisaCall& call, Use use)
 {
-    auto fault = std::exchange(m_bus.dueFault, std::nullopt);
-    const unsigned latencyUs = m_bus.faults.latencyUs + m_instrument->model.description.latencyUs;
+    auto fault = std::exchange(m_simulation.dueFault, std::nullopt);
+    const unsigned latencyUs =
+        m_simulation.faults.latencyUs + m_instrument->model.description.latencyUs;
     if (latencyUs > 0)
         call.sleep(std::chrono::microseconds(latencyUs));
     m_fault = std::move(fault);
@@ -47,11 +49,11 @@ ViStatus SimulatedDevice::write(VisaCall&, std::string_view bytes, bool end)
 {
     m_unlogged += bytes;
     if (end || (!bytes.empty() && bytes.back() == '\n')) {
-        m_bus.wire.sent(model(), m_unlogged);
+        m_simulation.wire.sent(model(), m_unlogged);
         m_unlogged.clear();
     }
-    m_instrument->receive(bytes, end, m_bus.faults.replies);
-    m_bus.rack.settle(*m_instrument);
+    m_instrument->receive(bytes, end, m_simulation.faults.replies);
+    m_simulation.rack.settle(*m_instrument);
     applyReplyFault();
     return VI_SUCCESS;
 }
@@ -66,7 +68,7 @@ ViStatus SimulatedDevice::read(VisaCall& call, size_t count, int stopCharacter, 
         return status;
     OutputQueue& output = m_instrument->output;
     if (output.isUntouched())
-        m_bus.wire.received(model(), output.rest());
+        m_simulation.wire.received(model(), output.rest());
     bytes = output.take(count, stopCharacter);
     if (output.isEmpty())
         return VI_SUCCESS;
@@ -108,13 +110,13 @@ ViStatus SimulatedDevice::awaitOutput(VisaCall& call)
         if (isLost())
             return VI_ERROR_CONN_LOST;
         const bool isOver = std::chrono::steady_clock::now() >= deadline;
-        if (isOver || !m_bus.faults.waitsForTimeouts) {
-            m_bus.wire.event("timeout");
+        if (isOver || !m_simulation.faults.waitsForTimeouts) {
+            m_simulation.wire.event("timeout");
             m_instrument->readWithoutQuery();
             return VI_ERROR_TMO;
         }
         call.wait(deadline);
-        m_bus.rack.refresh();
+        m_simulation.rack.refresh();
     }
     return VI_SUCCESS;
 }
@@ -138,7 +140,7 @@ void SimulatedDevice::applyReplyFault()
 ViStatus SimulatedDevice::timeOut(VisaCall& call)
 {
     m_instrument->output.clear();
-    m_bus.wire.event("timeout");
+    m_simulation.wire.event("timeout");
     if (m_fault->isSlow)
         call.sleep(std::chrono::milliseconds(call.timeoutMs));
     return VI_ERROR_TMO;

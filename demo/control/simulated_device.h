@@ -1,14 +1,14 @@
 #pragma once
 
 #include "demo/control/lock_file.h"
-#include "demo/control/simulated_bus.h"
+#include "demo/control/simulation.h"
 
 /// One session's connection to a simulated instrument: takes the fault that is due at a call, waits
 /// for the latency, logs the messages.
 class SimulatedDevice final : public Device
 {
 public:
-    SimulatedDevice(SimulatedBus& bus, std::shared_ptr<Instrument> instrument);
+    SimulatedDevice(Simulation& simulation, std::shared_ptr<Instrument> instrument);
 
     Resource resource() const override { return resourceOf(m_instrument->model.description); }
     DeviceLock& lock() override { return m_lock; }
@@ -28,7 +28,7 @@ private:
     void applyReplyFault();
     ViStatus timeOut(VisaCall& call);
 
-    SimulatedBus& m_bus;
+    Simulation& m_simulation;
     const std::shared_ptr<Instrument> m_instrument;
     const unsigned m_plugNumber;
     LockFile m_lock;
