@@ -416,7 +416,7 @@ void Connection::tellReady(const InstrumentIdentity& identity)
 /// Presses the connect button for the user. False when no instrument is present.
 bool Connection::connectByItself()
 {
-    if (m_watch.presentSerials(true).isEmpty())
+    if (m_watch.presentSerials().isEmpty())
         return false;
     emit buttonShouldBeClicked();
     m_attempt.isByItself = m_state == State::Searching;
@@ -435,7 +435,7 @@ void Connection::devicesChanged()
         break;
     case State::SettingUp:
     case State::Ready:
-        if (m_watch.presentSerials(false).contains(m_connectedSerial))
+        if (m_watch.presentSerials().contains(m_connectedSerial))
             break;
         disconnectInstrument();
         emit lost([] { return tr("The instrument has been unplugged"); });

@@ -97,10 +97,10 @@ QStringList DemoPlugWatch::serialsIn(const QByteArray& content)
     return serials;
 }
 
-QStringList DemoPlugWatch::presentSerials(bool firstOnly) const
+QStringList DemoPlugWatch::presentSerials() const
 {
     QStringList serials = serialsIn(readFile());
     for (const QString& serial : m_absent)
         serials.removeAll(serial);
-    return firstOnly ? serials.mid(0, 1) : serials;
+    return serials;
 }

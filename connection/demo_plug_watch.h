@@ -18,7 +18,7 @@ public:
     /// The file need not exist yet, its folder must; a missing file has no instruments.
     explicit DemoPlugWatch(const QString& filePath);
 
-    QStringList presentSerials(bool firstOnly) const override;
+    QStringList presentSerials() const override;
     void noteLoss() override;
 
 private:

@@ -12,8 +12,8 @@ class HotPlugWatch : public QObject
     Q_OBJECT
 
 public:
-    /// Serial numbers of the instruments present now; with `firstOnly` the first one at most.
-    virtual QStringList presentSerials(bool firstOnly) const = 0;
+    /// Serial numbers of the instruments present now.
+    virtual QStringList presentSerials() const = 0;
 
     /// A connection has broken: an instrument that is back before the watch has looked again is
     /// reported. A bus that reports every device needs no such hint.

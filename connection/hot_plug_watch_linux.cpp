@@ -40,7 +40,7 @@ class UdevWatch : public HotPlugWatch
 {
 public:
     UdevWatch();
-    QStringList presentSerials(bool firstOnly) const override;
+    QStringList presentSerials() const override;
 
 private:
     void startMonitor();
@@ -83,7 +83,7 @@ void UdevWatch::takeEvents()
         m_burst.start();
 }
 
-QStringList UdevWatch::presentSerials(bool firstOnly) const
+QStringList UdevWatch::presentSerials() const
 {
     QStringList serials;
     const Enumerate devices(m_udev ? udev_enumerate_new(m_udev.get()) : nullptr);
@@ -101,11 +101,8 @@ QStringList UdevWatch::presentSerials(bool firstOnly) const
             continue;
         const QString serial =
             QString::fromUtf8(udev_device_get_sysattr_value(device.get(), "serial"));
-        if (serial.isEmpty())
-            continue;
-        serials += serial;
-        if (firstOnly)
-            break;
+        if (!serial.isEmpty())
+            serials += serial;
     }
     return serials;
 }

@@ -25,7 +25,7 @@ class DeviceTreeWatch : public HotPlugWatch, public QAbstractNativeEventFilter
 {
 public:
     DeviceTreeWatch();
-    QStringList presentSerials(bool firstOnly) const override;
+    QStringList presentSerials() const override;
     bool nativeEventFilter(const QByteArray& eventType, void* message, long* result) override;
 
 private:
@@ -69,7 +69,7 @@ bool DeviceTreeWatch::nativeEventFilter(const QByteArray& eventType, void* messa
     return false;
 }
 
-QStringList DeviceTreeWatch::presentSerials(bool firstOnly) const
+QStringList DeviceTreeWatch::presentSerials() const
 {
     const HDEVINFO devices = SetupDiGetClassDevsW(&InterfaceClass, nullptr, nullptr,
                                                   DIGCF_PRESENT | DIGCF_DEVICEINTERFACE);
@@ -84,7 +84,7 @@ QStringList DeviceTreeWatch::presentSerials(bool firstOnly) const
         ownIds += ownId(devices, &device);
     }
     SetupDiDestroyDeviceInfoList(devices);
-    return serialsInInstanceIds(parentIds, ownIds, firstOnly);
+    return serialsInInstanceIds(parentIds, ownIds);
 }
 } // namespace
 

@@ -16,10 +16,7 @@ public:
         connect(m_watch.get(), &HotPlugWatch::devicesChanged, this, &HotPlugWatch::devicesChanged);
     }
 
-    QStringList presentSerials(bool firstOnly) const override
-    {
-        return m_watch->presentSerials(firstOnly);
-    }
+    QStringList presentSerials() const override { return m_watch->presentSerials(); }
     void noteLoss() override { m_watch->noteLoss(); }
 
 private:

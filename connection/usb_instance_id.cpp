@@ -17,8 +17,7 @@ QString serialInInstanceId(const QString& instanceId, const char* productId)
 }
 } // namespace
 
-QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList& ownIds,
-                                 bool firstOnly)
+QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList& ownIds)
 {
     QStringList serials;
     const auto collect = [&](const QStringList& instanceIds, const char* productId) {
@@ -32,5 +31,5 @@ QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList
         collect(parentIds, pair.parentId);
         collect(ownIds, pair.ownId);
     }
-    return firstOnly ? serials.mid(0, 1) : serials;
+    return serials;
 }

@@ -4,6 +4,5 @@
 
 /// The USB serial numbers in Windows device IDs ("USB\VID_5645&PID_0041\serial") of the maker's
 /// instruments, pair by pair: of each pair first those found among the parents' IDs, then those
-/// among the devices' own. With `firstOnly` one at most.
-QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList& ownIds,
-                                 bool firstOnly);
+/// among the devices' own.
+QStringList serialsInInstanceIds(const QStringList& parentIds, const QStringList& ownIds);

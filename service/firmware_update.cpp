@@ -41,7 +41,7 @@ void FirmwareUpdate::restartDevice()
 {
     if (!isRunning())
         return;
-    const bool isPresent = m_watch.presentSerials(false).contains(m_serial);
+    const bool isPresent = m_watch.presentSerials().contains(m_serial);
     if (m_stage == Stage::Leaving && !isPresent) {
         m_connection.disconnectInstrument();
     } else if (m_stage == Stage::Away && isPresent) {

@@ -39,7 +39,6 @@ private slots:
             products << product;
         }
         QCOMPARE(presentSerials(), products);
-        QCOMPARE(m_watch->presentSerials(true).size(), 1);
     }
 
     void tellsPlugAndUnplug()
@@ -89,7 +88,7 @@ private:
 
     QStringList presentSerials() const
     {
-        QStringList serials = m_watch->presentSerials(false);
+        QStringList serials = m_watch->presentSerials();
         serials.sort();
         return serials;
     }

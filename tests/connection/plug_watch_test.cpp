@@ -26,11 +26,8 @@ private slots:
         const QStringList ownIds{R"(USB\VID_5645&PID_0044\F)", R"(USB\VID_5645&PID_0042\D)",
                                  R"(USB\VID_5645&PID_0041\wrong side)",
                                  R"(USB\VID_5645&PID_0040\B)"};
-        QCOMPARE(serialsInInstanceIds(parentIds, ownIds, false).join(' '),
-                 QString("A a2 A3 B C D E F"));
-        QCOMPARE(serialsInInstanceIds(parentIds, ownIds, true), QStringList("A"));
-        QCOMPARE(serialsInInstanceIds({}, ownIds, true), QStringList("B"));
-        QCOMPARE(serialsInInstanceIds({}, {}, true), QStringList());
+        QCOMPARE(serialsInInstanceIds(parentIds, ownIds).join(' '), QString("A a2 A3 B C D E F"));
+        QCOMPARE(serialsInInstanceIds({}, {}), QStringList());
     }
 
     void init()
@@ -72,7 +69,7 @@ private slots:
         for (const auto& change : changes) {
             put(change.way, change.content);
             QVERIFY(m_changes->wait());
-            QCOMPARE(m_watch->presentSerials(false), change.serials);
+            QCOMPARE(m_watch->presentSerials(), change.serials);
         }
         QCOMPARE(m_changes->count(), 5);
     }
@@ -123,12 +120,12 @@ private slots:
         QFETCH(QByteArray, out);
         QVector<bool> seen;
         connect(m_watch.get(), &HotPlugWatch::devicesChanged, this,
-                [&] { seen << m_watch->presentSerials(false).contains("1001"); });
+                [&] { seen << m_watch->presentSerials().contains("1001"); });
         put(way, out);
         QTest::qWait(50);
         write("[1001]\n[1002]\n");
         QTRY_COMPARE(seen, QVector<bool>({false, true}));
-        QVERIFY(m_watch->presentSerials(false).contains("1001"));
+        QVERIFY(m_watch->presentSerials().contains("1001"));
     }
 
     void readsSections_data()
@@ -146,9 +143,8 @@ private slots:
         QFETCH(QByteArray, content);
         QFETCH(QStringList, serials);
         write(content);
-        QCOMPARE(m_watch->presentSerials(false), serials);
-        QCOMPARE(m_watch->presentSerials(true), serials.mid(0, 1));
-        QCOMPARE(DemoPlugWatch(QString()).presentSerials(false), QStringList());
+        QCOMPARE(m_watch->presentSerials(), serials);
+        QCOMPARE(DemoPlugWatch(QString()).presentSerials(), QStringList());
     }
 
 private:

@@ -16,7 +16,7 @@
 class FakeWatch : public HotPlugWatch
 {
 public:
-    QStringList presentSerials(bool) const override { return serials; }
+    QStringList presentSerials() const override { return serials; }
     void tell(const QStringList& present)
     {
         serials = present;
