@@ -171,7 +171,7 @@ void MainWindow::wireConnection()
     connect(&m_search, &SearchKLV::error, this, &MainWindow::failVisaSearch);
     connect(&m_chooser, &GuiListKLV::sendAddress, this, &MainWindow::slot_connect);
 
-    m_connection.setNeighbour(this);
+    m_chooser.setNeighbour(*this);
     m_connection.setObstacle(
         [this] { return connectionObstacle(m_visa, m_session, !m_source->isSimulated()); });
     connect(&m_connection, &Connection::buttonShouldBe, m_ui->connect,

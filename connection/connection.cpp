@@ -12,7 +12,6 @@
 #include "ui/instrument_text.h"
 
 #include <QCoreApplication>
-#include <QRegularExpression>
 
 #include <utility>
 
@@ -20,20 +19,7 @@ namespace
 {
 constexpr int pollIntervalMs = 15000;
 constexpr int settleMs = 5;
-constexpr int oldestCompatibleMinor = 4;
 constexpr char programTitle[] = "KLV";
-
-const QString calibrationDueQuery = QStringLiteral("SERV:SOUR:CDUE?");
-
-QString withoutLineFeeds(QString text)
-{
-    return text.remove(QLatin1Char('\n'));
-}
-
-QString titleOf(const QString& model, const QString& serial)
-{
-    return model + QLatin1String(" (") + serial + QLatin1Char(')');
-}
 
 QString openFailureText(ViStatus status)
 {
@@ -58,13 +44,6 @@ QString openFailureText(ViStatus status)
 QString switchOffLossText()
 {
     return Connection::tr("connection error: RF may still be on");
-}
-
-QString silenceText(ViStatus status)
-{
-    if (status == VI_ERROR_TMO)
-        return Connection::tr("no access to the device: it does not answer");
-    return Connection::tr("no access to the device: VISA status %1").arg(statusText(status));
 }
 } // namespace
 
@@ -129,12 +108,11 @@ void Connection::end(State rest)
     }
 }
 
-/// The attempt fails. Always returns false.
-bool Connection::fail(const StatusWords& reason)
+/// The attempt fails.
+void Connection::fail(const StatusWords& reason)
 {
     end(State::Idle);
     emit failed(reason);
-    return false;
 }
 
 void Connection::lose(const StatusWords& reason)
@@ -194,7 +172,7 @@ void Connection::startSearch()
 {
     emit attemptStarted();
     enter(State::Searching, [] { return tr("Searching for instruments..."); });
-    m_chooser.reset(m_neighbour);
+    m_chooser.reset();
     m_search.begin();
 }
 
@@ -203,7 +181,7 @@ void Connection::showKLVDevice(const QString& address, const QString& model, con
 {
     if (m_state != State::Searching)
         return;
-    const QString title = titleOf(model, series);
+    const QString title = InstrumentIdentity{model, series, QString()}.title();
     if (m_copies.isTitleTaken(title))
         m_attempt.heldName = title;
     else
@@ -292,18 +270,23 @@ void Connection::slot_connect(const QString& address)
     if (!pause(settleMs) || m_state != State::Opening)
         return;
 
-    const std::optional<InstrumentIdentity> identity = identify();
-    if (!identity || !isUsable(*identity) || !readCalibrationDue())
+    const Identification found = identifyInstrument(m_session, m_allowedSerials);
+    if (found.isTooOld)
+        emit refused(tr("Software version is not compatible with this version of KLV firmware. \n "
+                        "Please use KLV 2.3 software or lower."));
+    if (found.fault) {
+        fail(found.fault);
         return;
-    m_connectedSerial = identity->serial;
-    m_session.log().addConnected(
-        {titleOf(identity->model, identity->serial), identity->firmware, address});
-    emit identified(*identity);
+    }
+    emit calibrationDue(found.calibrationDue);
+    m_connectedSerial = found.identity.serial;
+    m_session.log().addConnected({found.identity.title(), found.identity.firmware, address});
+    emit identified(found.identity);
     pushPanel();
     if (m_state == State::SettingUp)
         QCoreApplication::processEvents();
     if (m_state == State::SettingUp)
-        tellReady(*identity);
+        tellReady(found.identity);
     emit pushed();
 }
 
@@ -312,60 +295,10 @@ void Connection::slot_connect(const QString& address)
 bool Connection::leavesMassStorageMode()
 {
     const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
-    if (withoutLineFeeds(m_session.read(massStorageQuery)) != massStorageOn)
+    if (m_session.read(massStorageQuery).remove(QLatin1Char('\n')) != massStorageOn)
         return false;
     m_session.write(massStorageOffCommand);
     fail([] { return tr("Waiting for the instrument to leave its mass-storage mode"); });
-    return true;
-}
-
-/// The instrument's identification; none, and the attempt has failed, where it does not answer with
-/// one.
-std::optional<InstrumentIdentity> Connection::identify()
-{
-    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
-    static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
-    const QString reply = m_session.read(identityQuery);
-    if (m_session.lastFailed()) {
-        fail([status = m_session.lastStatus()] { return silenceText(status); });
-        return std::nullopt;
-    }
-    if (!pattern.match(reply).hasMatch()) {
-        fail([] { return tr("no access to the device: it does not identify itself"); });
-        return std::nullopt;
-    }
-    const QStringList fields = reply.split(QLatin1Char(','));
-    return InstrumentIdentity{fields.value(1).trimmed(),
-                              withoutLineFeeds(fields.value(2)).trimmed(), fields.last().trimmed()};
-}
-
-bool Connection::isUsable(const InstrumentIdentity& identity)
-{
-    if (!m_allowedSerials.isEmpty() && !m_allowedSerials.contains(identity.serial))
-        return fail([serial = identity.serial] {
-            return tr("no access to the device: serial number %1 is not among those allowed")
-                .arg(instrumentText(serial));
-        });
-
-    const QStringList version = identity.firmware.split(QLatin1Char('.'));
-    if (version.size() >= 3 && version.at(1).toInt() < oldestCompatibleMinor) {
-        emit refused(tr("Software version is not compatible with this version of KLV firmware. \n "
-                        "Please use KLV 2.3 software or lower."));
-        return fail([firmware = identity.firmware] {
-            return tr("The firmware %1 of the instrument is too old for this program")
-                .arg(instrumentText(firmware));
-        });
-    }
-    return true;
-}
-
-bool Connection::readCalibrationDue()
-{
-    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
-    const QString reply = m_session.query(calibrationDueQuery);
-    if (m_session.lastFailed())
-        return fail([] { return tr("connection error: the instrument has stopped answering"); });
-    emit calibrationDue(withoutLineFeeds(reply));
     return true;
 }
 
@@ -403,7 +336,7 @@ void Connection::pushAgain()
 void Connection::tellReady(const InstrumentIdentity& identity)
 {
     enter(State::Ready);
-    const QString name = titleOf(identity.model, identity.serial);
+    const QString name = identity.title();
     const QString before = std::exchange(m_lastName, name);
     if (m_attempt.isByItself && !before.isEmpty() && before != name)
         m_notices.sayOfInstrument([name, before] {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "connection/identification.h"
 #include "link/activity.h"
 #include "ui/busy_cursor.h"
 
@@ -19,16 +20,8 @@ class RunningCopies;
 class ScpiSession;
 class SearchKLV;
 
-/// An instrument's identification.
-struct InstrumentIdentity {
-    QString model;
-    QString serial;
-    QString firmware;
-};
-
 /// Connects and disconnects: search, choice, opening, identification, pushing the panel's state,
-/// hand-back. Knows no panel: what is pushed is handed to it as a list of steps, and its results
-/// are signals.
+/// hand-back. Knows no panel: what is pushed is handed to it as steps, its results are signals.
 class Connection : public QObject
 {
     Q_OBJECT
@@ -62,9 +55,6 @@ public:
     /// Called when a search has found nothing, for the reason; empty words: the plain message that
     /// there is no instrument.
     void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
-
-    /// The window that the chooser opens beside.
-    void setNeighbour(const QWidget* neighbour) { m_neighbour = neighbour; }
 
     /// Keeps the hot-plug watch quiet while the connected instrument is in its bootloader.
     void setFirmwareUpdateRunning(bool isRunning);
@@ -157,16 +147,13 @@ private:
     void enter(State state, const StatusWords& words = {});
     void say(const StatusWords& words);
     void end(State rest);
-    bool fail(const StatusWords& reason);
+    void fail(const StatusWords& reason);
     void lose(const StatusWords& reason);
     void handBack(State rest);
     void startSearch();
     void reportNothingFound();
     bool connectByItself();
     bool leavesMassStorageMode();
-    std::optional<InstrumentIdentity> identify();
-    bool isUsable(const InstrumentIdentity& identity);
-    bool readCalibrationDue();
     void pushPanel();
     void pushSteps();
     void tellReady(const InstrumentIdentity& identity);
@@ -182,7 +169,6 @@ private:
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
     std::function<StatusWords()> m_obstacle;
-    const QWidget* m_neighbour = nullptr;
     QTimer m_pollTimer;
 
     State m_state = State::Idle;

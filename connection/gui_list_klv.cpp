@@ -38,13 +38,13 @@ GuiListKLV::GuiListKLV()
     setObjectName(QStringLiteral("GuiListKLV"));
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    reset(nullptr);
+    reset();
 }
 
-void GuiListKLV::reset(const QWidget* neighbour)
+void GuiListKLV::reset()
 {
-    if (neighbour)
-        move(neighbour->frameGeometry().topRight() + QPoint(gapToWindow, 0));
+    if (m_neighbour)
+        move(m_neighbour->frameGeometry().topRight() + QPoint(gapToWindow, 0));
     setMaximumHeight(mostHeight);
     // Not deleted at once: a new search may start from within a click on one of the old buttons.
     if (QWidget* previous = takeWidget())

@@ -13,8 +13,11 @@ class GuiListKLV : public QScrollArea
 public:
     GuiListKLV();
 
-    /// Empties the list and puts the window beside `neighbour` for a new search.
-    void reset(const QWidget* neighbour);
+    /// The window that it opens beside.
+    void setNeighbour(const QWidget& neighbour) { m_neighbour = &neighbour; }
+
+    /// Empties the list for a new search.
+    void reset();
 
     /// Adds a button captioned `name` (model, line feed, serial) for the VISA address
     /// `objectName`.
@@ -45,6 +48,7 @@ protected:
 private:
     void retranslate();
 
+    const QWidget* m_neighbour = nullptr;
     QWidget* m_content = nullptr;
     QGridLayout* m_grid = nullptr;
     int m_columns = 3;

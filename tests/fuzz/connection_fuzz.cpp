@@ -40,7 +40,7 @@ void run(Bytes bytes)
         said = who.model + who.serial + who.firmware;
     });
     QObject::connect(&chooser, &GuiListKLV::sendAddress, &connection, &Connection::slot_connect);
-    chooser.reset(nullptr);
+    chooser.reset();
     chooser.createButton(address, model + '\n' + serial);
     chooser.chooseOnly();
     connection.shutDown();
