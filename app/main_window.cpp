@@ -21,7 +21,6 @@
 #include "log/log_file.h"
 #include "log/scpi_log.h"
 #include "service/about_box.h"
-#include "service/firmware_dialog.h"
 #include "service/firmware_update.h"
 #include "ui/error_box.h"
 #include "ui/window_chrome.h"
@@ -245,14 +244,7 @@ void MainWindow::wireFirmware()
     m_firmwareUpdate = std::make_unique<FirmwareUpdate>(
         FirmwareUpdate::Parts{m_session, m_connection, m_source->watch(), m_notices});
     m_serviceCommands->follow(m_connection, *m_ui->service, *m_firmwareUpdate);
-    auto* dialog = new Firmware(this);
-    connect(m_about, &Form::updateFirmware, dialog, &QWidget::show);
-    connect(dialog, &Firmware::update, m_firmwareUpdate.get(), &FirmwareUpdate::slotUpdateFirmware);
-    connect(m_firmwareUpdate.get(), &FirmwareUpdate::cameBack, m_ui->connect,
-            &QAbstractButton::click);
-    // Before the click announces its own search.
-    connect(m_ui->connect, &QAbstractButton::pressed, m_firmwareUpdate.get(),
-            &FirmwareUpdate::stop);
+    m_firmwareUpdate->follow(*m_about, *m_ui->connect, this);
     connect(m_firmwareUpdate.get(), &FirmwareUpdate::started, this,
             [this] { m_source->endBootloaderSoon(); });
     m_simulator = std::make_unique<SimulatorSwitch>(*m_source, m_connection, *m_firmwareUpdate,

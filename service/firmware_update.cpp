@@ -4,6 +4,10 @@
 #include "connection/hot_plug_watch.h"
 #include "link/notices.h"
 #include "link/scpi_session.h"
+#include "service/about_box.h"
+#include "service/firmware_dialog.h"
+
+#include <QAbstractButton>
 
 namespace
 {
@@ -19,6 +23,16 @@ FirmwareUpdate::FirmwareUpdate(const Parts& parts, int longestMs, QObject* paren
     connect(&m_longest, &QTimer::timeout, this, &FirmwareUpdate::giveUp);
     connect(&m_watch, &HotPlugWatch::devicesChanged, this, &FirmwareUpdate::restartDevice);
     connect(&m_connection, &Connection::disconnected, this, &FirmwareUpdate::waitForReturn);
+}
+
+void FirmwareUpdate::follow(Form& about, QAbstractButton& connectButton, QWidget* window)
+{
+    auto* question = new Firmware(window);
+    connect(&about, &Form::updateFirmware, question, &QWidget::show);
+    connect(question, &Firmware::update, this, &FirmwareUpdate::slotUpdateFirmware);
+    connect(this, &FirmwareUpdate::cameBack, &connectButton, &QAbstractButton::click);
+    // Before the click announces its own search.
+    connect(&connectButton, &QAbstractButton::pressed, this, &FirmwareUpdate::stop);
 }
 
 void FirmwareUpdate::slotUpdateFirmware()

@@ -8,8 +8,11 @@
 #include <optional>
 
 class Connection;
+class Form;
 class HotPlugWatch;
 class Notices;
+class QAbstractButton;
+class QWidget;
 class ScpiSession;
 
 /// Takes the instrument through its bootloader: starts it, closes the connection once the
@@ -32,6 +35,10 @@ public:
     /// It waits at most `longestMs` milliseconds.
     explicit FirmwareUpdate(const Parts& parts, int longestMs = longestUpdateMs,
                             QObject* parent = nullptr);
+
+    /// Is asked for in the About box, after a warning; a press on the connect button ends the wait,
+    /// and the instrument's return presses it.
+    void follow(Form& about, QAbstractButton& connectButton, QWidget* window);
 
     bool isRunning() const { return m_stage != Stage::None; }
 
