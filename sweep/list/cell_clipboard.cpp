@@ -38,7 +38,7 @@ PastedCells pastedCells(const QString& text, int firstColumn)
         int column = firstColumn;
         for (const QString& cell : line.split(QLatin1Char('\t'))) {
             // Cells beyond the last column are dropped.
-            const FieldKind kind = PointTable::kind(std::min(column++, pointColumnCount - 1));
+            const FieldKind kind = pointKind(std::min(column++, pointColumnCount - 1));
             const std::optional<QString> number = readQuantity(cell, kind);
             if (!number && !withoutBlanks(cell).isEmpty()) {
                 pasted.strange = cell;

@@ -1,7 +1,7 @@
 #include "sweep/list/point_delegate.h"
 
 #include "fields/number_edit.h"
-#include "sweep/list/point_table.h"
+#include "sweep/list/point_row.h"
 
 #include <QPainter>
 
@@ -11,12 +11,15 @@ constexpr int markSide = 8;
 constexpr int markAlpha = 70;
 } // namespace
 
-PointDelegate::PointDelegate(PointTable* table) : QStyledItemDelegate(table), m_table(table) {}
+PointDelegate::PointDelegate(const FieldContext& context, QObject* parent)
+    : QStyledItemDelegate(parent), m_context(context)
+{
+}
 
 QWidget* PointDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
                                      const QModelIndex& index) const
 {
-    auto* editor = new NumberEdit(PointTable::quantity(index.column()), m_table->context(), parent);
+    auto* editor = new NumberEdit(pointQuantities[index.column()], m_context, parent);
     editor->setProperty("cellEditor", true);
     editor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     editor->describe();
@@ -30,7 +33,7 @@ void PointDelegate::setEditorData(QWidget* editor, const QModelIndex& index) con
 
 bool PointDelegate::isReached(const QModelIndex& index) const
 {
-    return index.row() + 1 == m_table->highlightedPoint();
+    return index.row() + 1 == m_reached;
 }
 
 void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const

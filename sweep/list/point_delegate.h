@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-class PointTable;
+struct FieldContext;
 
 /// Draws the cells of the list's points, the one reached marked, and edits them as fields of their
 /// columns' kinds. The table processes an edited text.
@@ -11,7 +11,11 @@ class PointDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    explicit PointDelegate(PointTable* table);
+    PointDelegate(const FieldContext& context, QObject* parent);
+
+    /// The point, counted from 1, that a run has reached; 0 for none.
+    int reached() const { return m_reached; }
+    void setReached(int number) { m_reached = number; }
 
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
@@ -25,5 +29,6 @@ protected:
 private:
     bool isReached(const QModelIndex& index) const;
 
-    PointTable* m_table;
+    const FieldContext& m_context;
+    int m_reached = 0;
 };

@@ -38,7 +38,7 @@ bool fillBetweenEnds(PointRows& rows, int column, Fill fill)
         const double part = static_cast<double>(row) / last;
         const double value =
             isLogarithmic ? *from * std::pow(*to / *from, part) : *from + (*to - *from) * part;
-        cellOf(rows, row, column) = fieldText(value, PointTable::kind(column));
+        cellOf(rows, row, column) = fieldText(value, pointKind(column));
     }
     return true;
 }

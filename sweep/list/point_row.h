@@ -1,11 +1,21 @@
 #pragma once
 
+#include "numbers/quantity.h"
+
 #include <QString>
 
 #include <array>
 #include <vector>
 
 constexpr int pointColumnCount = 3;
+
+/// What the columns hold.
+constexpr Quantity pointQuantities[pointColumnCount] = {Quantity::ListFrequency,
+                                                        Quantity::ListPower, Quantity::ListDwell};
+inline FieldKind pointKind(int column)
+{
+    return fieldKind(pointQuantities[column]);
+}
 
 /// One point of a list: the texts of its cells in column order, as shown and as sent.
 using PointRow = std::array<QString, pointColumnCount>;

@@ -68,10 +68,11 @@ private:
 };
 
 PointTable::PointTable(const FieldContext& context, QWidget* parent)
-    : QTableWidget(0, pointColumnCount, parent), m_context(context)
+    : QTableWidget(0, pointColumnCount, parent), m_context(context),
+      m_delegate(new PointDelegate(context, this))
 {
     setObjectName(QStringLiteral("table_List"));
-    setItemDelegate(new PointDelegate(this));
+    setItemDelegate(m_delegate);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     // Tab leaves the table; in an editor it goes on to the next cell.
     setTabKeyNavigation(false);
@@ -87,17 +88,10 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     retranslate();
 }
 
-Quantity PointTable::quantity(int column)
-{
-    constexpr Quantity quantities[] = {Quantity::ListFrequency, Quantity::ListPower,
-                                       Quantity::ListDwell};
-    return quantities[column];
-}
-
 QString PointTable::enteredText(const QString& typed, int column, const InstrumentLimits& limits)
 {
-    const Range& range = limits[quantity(column)];
-    return clampText(typed, range.min, range.max, kind(column));
+    const Range& range = limits[pointQuantities[column]];
+    return clampText(typed, range.min, range.max, pointKind(column));
 }
 
 QString PointTable::text(int row, int column) const
@@ -166,8 +160,8 @@ int PointTable::boundByLimits()
     int count = 0;
     for (int column = 0; column < pointColumnCount; ++column) {
         for (PointRow& row : rows)
-            count +=
-                m_context.limits.bound(row[static_cast<std::size_t>(column)], quantity(column));
+            count += m_context.limits.bound(row[static_cast<std::size_t>(column)],
+                                            pointQuantities[column]);
     }
     const int all = rowCount();
     return count > 0 && change({0, all, std::move(rows)}, tr("Bound by the limits")) ? count : 0;
@@ -194,7 +188,7 @@ void PointTable::acceptCell(int row, int column)
     const QString typed = text(row, column);
     if (typed == held)
         return;
-    if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, kind(column))) {
+    if (!withoutBlanks(typed).isEmpty() && !readsAsNumber(typed, pointKind(column))) {
         showRow(row);
         m_context.notices.say([row, column, typed] {
             return tr("Row %1, %2: \"%3\" is not a number")
@@ -317,15 +311,20 @@ QRect PointTable::rectOfPoint(int number) const
            visualRect(model()->index(number - 1, pointColumnCount - 1));
 }
 
+int PointTable::highlightedPoint() const
+{
+    return m_delegate->reached();
+}
+
 void PointTable::highlightPoint(int number)
 {
-    if (number == m_highlightedPoint)
+    if (number == highlightedPoint())
         return;
-    const QRect previous = rectOfPoint(m_highlightedPoint);
+    const QRect previous = rectOfPoint(highlightedPoint());
     // A user who has scrolled away, or edits, wants to see something else.
     const bool isFollowed =
         state() != EditingState && (previous.isEmpty() || viewport()->rect().intersects(previous));
-    m_highlightedPoint = number;
+    m_delegate->setReached(number);
     viewport()->update(previous);
     if (number >= 1 && number <= rowCount() && isFollowed)
         scrollTo(model()->index(number - 1, std::max(currentColumn(), 0)));

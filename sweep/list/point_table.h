@@ -1,12 +1,12 @@
 #pragma once
 
 #include "fields/field_context.h"
-#include "numbers/quantity.h"
 #include "sweep/list/point_row.h"
 
 #include <QTableWidget>
 #include <QUndoStack>
 
+class PointDelegate;
 class PowerGuard;
 
 /// The table of a list's points. Keeps the contents of its rows, formats and bounds entries, and
@@ -22,9 +22,6 @@ public:
     explicit PointTable(const FieldContext& context, QWidget* parent = nullptr);
 
     const FieldContext& context() const { return m_context; }
-
-    static Quantity quantity(int column);
-    static FieldKind kind(int column) { return fieldKind(quantity(column)); }
 
     /// The text of a cell of the column after this text has been entered: unit letters applied,
     /// bounded where limits have been read from an instrument, and written as the column is shown.
@@ -56,7 +53,7 @@ public:
     void selectRows(int first, int last);
 
     /// The point, counted from 1, that a run has reached; 0 for none.
-    int highlightedPoint() const { return m_highlightedPoint; }
+    int highlightedPoint() const;
     void highlightPoint(int number);
 
     /// From now on typed powers are bounded by the guard's highest level, and others above it are
@@ -96,6 +93,6 @@ private:
     const FieldContext& m_context;
     PointRows m_points;
     QUndoStack m_history;
-    int m_highlightedPoint = 0;
+    PointDelegate* m_delegate;
     PowerGuard* m_guard = nullptr;
 };
