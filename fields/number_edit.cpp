@@ -38,7 +38,10 @@ bool isEscape(const QEvent& event)
 }
 } // namespace
 
-NumberEdit::NumberEdit(QWidget* parent) : QLineEdit(parent), m_typing(*this) {}
+NumberEdit::NumberEdit(QWidget* parent)
+    : QLineEdit(parent), m_typing(*this, [this](const StatusWords& reason) { refuse(reason); })
+{
+}
 
 NumberEdit::NumberEdit(Quantity quantity, const FieldContext& context, QWidget* parent,
                        const QString& text)
@@ -63,6 +66,7 @@ void NumberEdit::setUp(Quantity quantity, const FieldContext& context)
 void NumberEdit::setQuantity(Quantity quantity)
 {
     m_quantity = quantity;
+    m_typing.setForm(kind(), m_unitPower);
     m_typing.forget();
     setValidator(entryValidator(entryPattern(kind())));
     const std::optional<StepKind> step = ::stepKind(quantity);
@@ -93,6 +97,7 @@ void NumberEdit::setUnitPower(int powerOfTen)
         return;
     const QString own = ownText();
     m_unitPower = powerOfTen;
+    m_typing.setForm(kind(), m_unitPower);
     setStepFlags(m_stepFlags);
     setText(inShownUnit(own));
 }

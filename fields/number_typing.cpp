@@ -1,14 +1,13 @@
 #include "fields/number_typing.h"
 
-#include "fields/number_edit.h"
 #include "fields/validators.h"
 #include "numbers/entry_units.h"
 #include "numbers/number_text.h"
 #include "numbers/quantity_text.h"
 #include "numbers/unit_keys.h"
 
-#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QValidator>
 
 #include <algorithm>
@@ -92,7 +91,7 @@ bool isModifierKey(const QKeyEvent& key)
 StatusWords unreadable(const QString& text)
 {
     return [quote = text.simplified().left(longestQuote)] {
-        return NumberEdit::tr("\"%1\" cannot be read").arg(quote);
+        return NumberTyping::tr("\"%1\" cannot be read").arg(quote);
     };
 }
 
@@ -101,25 +100,32 @@ StatusWords wholeOnly(FieldKind kind)
 {
     return [kind] {
         const QString unit = unitText(entryUnits(kind, 0), 0);
-        return unit.isEmpty() ? NumberEdit::tr("whole numbers only")
-                              : NumberEdit::tr("whole %1").arg(unit);
+        return unit.isEmpty() ? NumberTyping::tr("whole numbers only")
+                              : NumberTyping::tr("whole %1").arg(unit);
     };
 }
 
 StatusWords onePoint()
 {
-    return [] { return NumberEdit::tr("only one decimal point"); };
+    return [] { return NumberTyping::tr("only one decimal point"); };
 }
 
 StatusWords foreign(QChar typed)
 {
-    return [typed] { return NumberEdit::tr("\"%1\" is not allowed in this number").arg(typed); };
+    return [typed] { return NumberTyping::tr("\"%1\" is not allowed in this number").arg(typed); };
 }
 } // namespace
 
-NumberTyping::NumberTyping(NumberEdit& field)
-    : m_field(field), m_paste(&field, [this](const QString& text) { takePasted(text); })
+NumberTyping::NumberTyping(QLineEdit& field, Refuse refuse)
+    : m_field(field), m_refuse(std::move(refuse)),
+      m_paste(&field, [this](const QString& text) { takePasted(text); })
 {
+}
+
+void NumberTyping::setForm(FieldKind kind, int unitPower)
+{
+    m_kind = kind;
+    m_unitPower = unitPower;
 }
 
 void NumberTyping::forget()
@@ -131,12 +137,11 @@ void NumberTyping::forget()
 /// Grouping and unit letters, the cursor still at the same digit.
 void NumberTyping::takeEdited(const QString& typed)
 {
-    const FieldKind kind = m_field.kind();
-    const QString converted = convertedText(typed, kind, m_field.unitPower());
-    const QString text = grouped(converted, kind);
+    const QString converted = convertedText(typed, m_kind, m_unitPower);
+    const QString text = grouped(converted, m_kind);
     if (text != typed) {
         const QString beforeCursor = typed.left(m_field.cursorPosition());
-        const int charactersBefore = convertedText(beforeCursor, kind, m_field.unitPower()).size();
+        const int charactersBefore = convertedText(beforeCursor, m_kind, m_unitPower).size();
         m_field.setText(text);
         m_field.setCursorPosition(positionBehind(text, charactersBefore));
     }
@@ -157,7 +162,7 @@ bool NumberTyping::typeLatinLetter(const QKeyEvent& key)
 {
     const QChar typed = typedCharacter(key);
     const QChar letter = latinUnitKey(typed);
-    if (letter == typed || !unitKeyPower(letter, unitFamily(m_field.kind())))
+    if (letter == typed || !unitKeyPower(letter, unitFamily(m_kind)))
         return false;
     QKeyEvent latin(QEvent::KeyPress, letter.toUpper().unicode(), Qt::NoModifier, letter);
     QCoreApplication::sendEvent(&m_field, &latin);
@@ -167,12 +172,11 @@ bool NumberTyping::typeLatinLetter(const QKeyEvent& key)
 /// Why a character other than a digit cannot be typed here; empty if it can.
 StatusWords NumberTyping::refusalOf(QChar typed) const
 {
-    const FieldKind kind = m_field.kind();
     QString rest = m_field.text();
     rest.remove(m_field.selectionStart(), m_field.selectedText().size());
     if (isSeparator(typed)) {
-        if (!takesFraction(kind))
-            return wholeOnly(kind);
+        if (!takesFraction(m_kind))
+            return wholeOnly(m_kind);
         return std::any_of(rest.begin(), rest.end(), isSeparator) ? onePoint() : nullptr;
     }
     QString text(typed);
@@ -188,9 +192,9 @@ bool NumberTyping::refuses(const QKeyEvent& key)
 {
     const QChar typed = typedCharacter(key);
     // A unit would scale what is left of the number.
-    if (isDigit(typed) || (m_refusal && unitKeyPower(typed, unitFamily(m_field.kind())))) {
+    if (isDigit(typed) || (m_refusal && unitKeyPower(typed, unitFamily(m_kind)))) {
         if (m_refusal)
-            m_field.refuse(m_refusal);
+            m_refuse(m_refusal);
         return m_refusal != nullptr;
     }
     if (typed.isNull() && isModifierKey(key))
@@ -200,7 +204,7 @@ bool NumberTyping::refuses(const QKeyEvent& key)
         return false;
     const bool hasNumber = m_field.selectedText() != m_field.text();
     if (isSeparator(typed) || isMinus(typed))
-        m_field.refuse(m_refusal);
+        m_refuse(m_refusal);
     else if (!hasNumber || !continuesNumber(typed))
         m_refusal = nullptr;
     return true;
@@ -208,18 +212,17 @@ bool NumberTyping::refuses(const QKeyEvent& key)
 
 void NumberTyping::takePasted(const QString& text)
 {
-    const FieldKind kind = m_field.kind();
-    const std::optional<QString> number = readQuantity(text, kind, m_field.unitPower());
+    const std::optional<QString> number = readQuantity(text, m_kind, m_unitPower);
     const bool isWhole = number && !number->contains(QLatin1Char('.'));
     const bool hasSign = number && number->startsWith(QLatin1Char('-'));
-    const int length = number ? grouped(*number, kind).size() : 0;
+    const int length = number ? grouped(*number, m_kind).size() : 0;
     m_refusal = nullptr;
-    if (!number || (hasSign && !takesSign(kind)) || length > m_field.maxLength()) {
-        m_field.refuse(unreadable(text));
+    if (!number || (hasSign && !takesSign(m_kind)) || length > m_field.maxLength()) {
+        m_refuse(unreadable(text));
         return;
     }
-    if (!isWhole && !takesFraction(kind)) {
-        m_field.refuse(wholeOnly(kind));
+    if (!isWhole && !takesFraction(m_kind)) {
+        m_refuse(wholeOnly(m_kind));
         return;
     }
     m_field.selectAll();

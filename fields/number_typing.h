@@ -2,20 +2,31 @@
 
 #include "fields/paste_filter.h"
 #include "link/activity.h"
+#include "numbers/field_kind.h"
 
+#include <QCoreApplication>
 #include <QString>
 
-class NumberEdit;
 class QKeyEvent;
+class QLineEdit;
 
 /// How a number is typed into a field: unit letters are applied, digits grouped, the cursor stays
 /// at its digit. After a refused point, comma, minus or exponent the digits and the unit that
 /// follow are refused, too: they would make another number. A pasted text replaces the whole
-/// number, or is refused as a whole. Belongs to the field.
+/// number, or is refused as a whole. Belongs to the field, of which it knows the text, its kind and
+/// its unit.
 class NumberTyping
 {
+    Q_DECLARE_TR_FUNCTIONS(NumberEdit)
+
 public:
-    explicit NumberTyping(NumberEdit& field);
+    /// Reports why an entry was refused.
+    using Refuse = std::function<void(const StatusWords& reason)>;
+
+    NumberTyping(QLineEdit& field, Refuse refuse);
+
+    /// What the number is, and the power of ten of the kind's unit that it counts in.
+    void setForm(FieldKind kind, int unitPower);
 
     /// The field has got the focus, or another number: what was typed before does not matter.
     void forget();
@@ -37,7 +48,10 @@ private:
     void skipBlank(const QKeyEvent& key);
     void takePasted(const QString& text);
 
-    NumberEdit& m_field;
+    QLineEdit& m_field;
+    Refuse m_refuse;
+    FieldKind m_kind = FieldKind::Frequency;
+    int m_unitPower = 0;
     /// The text that a unit letter has produced, until something else is typed or the field gets
     /// the focus again.
     QString m_convertedText;
