@@ -141,8 +141,11 @@ void Form::setCalibrationDue(const QString& date)
     m_calibrationDate->setText(date.isEmpty() ? QStringLiteral("") : instrumentText(date));
     const QDate due = QDate::fromString(date, QStringLiteral("dd.MM.yyyy"));
     const bool isCurrent = date.isEmpty() || (due.isValid() && due > QDate::currentDate());
-    m_calibrationDate->setStyleSheet(isCurrent ? QStringLiteral("QLabel { color: black; }")
-                                               : QStringLiteral("QLabel { color: red; }"));
+    const QString style = isCurrent ? QStringLiteral("QLabel { color: black; }")
+                                    : QStringLiteral("QLabel { color: red; }");
+    // Setting a style again costs as much as changing it.
+    if (m_calibrationDate->styleSheet() != style)
+        m_calibrationDate->setStyleSheet(style);
 }
 
 void Form::empty()
