@@ -215,14 +215,3 @@ QString parseUnitReply(const QString& reply)
     result.remove(QLatin1Char('\n'));
     return result;
 }
-
-QString compactFrequency(const QString& fieldText)
-{
-    return generalText(static_cast<double>(toWholeNumber(fieldText)) * 0.000001) +
-           QLatin1String(" MHz");
-}
-
-QString compactPower(const QString& fieldText)
-{
-    return generalText(toNumber(fieldText)) + QLatin1String(" dBm");
-}

@@ -67,9 +67,3 @@ QString withLeastDecimals(const QString& text, int leastDecimals);
 /// Exact for whole numbers, 6 significant digits otherwise. Any other reply is returned without
 /// its line feeds.
 QString parseUnitReply(const QString& reply);
-
-/// The current setting in few characters: a frequency field's text as "2500 MHz".
-QString compactFrequency(const QString& fieldText);
-
-/// The current setting in few characters: a power field's text as "-10 dBm".
-QString compactPower(const QString& fieldText);

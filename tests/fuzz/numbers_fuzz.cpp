@@ -30,7 +30,6 @@ void run(Bytes bytes)
     padTwoDecimals(text);
     parseUnitReply(text);
     secondsText(text);
-    compactFrequency(text);
     readableQuantity(value, static_cast<Unit>(choice % 7));
     const QString converted = convertUnitKeys(text, static_cast<UnitFamily>(choice % 4));
     PROMISE(convertUnitKeys(converted, static_cast<UnitFamily>(choice % 4)) == converted);

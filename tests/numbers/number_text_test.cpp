@@ -36,9 +36,6 @@ private slots:
               "9007199254740993 KHZ=9007199254740993000", "7 KHZGHZ=7000", "5 HZ\n=5 HZ",
               "10  MHZ\n=10  MHZ", "x.y MHZ=0"});
         rows("seconds", secondsText, {"1 000=0.001", "50=5e-05"});
-        rows("frequency", compactFrequency,
-             {"2 500 000 000=2500 MHz", "1 234 567 891=1234.57 MHz"});
-        rows("power", compactPower, {"- 123=-123 dBm"});
     }
 
     void text()
