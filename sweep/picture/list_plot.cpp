@@ -319,18 +319,6 @@ void ListPlot::keyPressEvent(QKeyEvent* event)
     }
 }
 
-void ListPlot::focusInEvent(QFocusEvent* event)
-{
-    update();
-    QWidget::focusInEvent(event);
-}
-
-void ListPlot::focusOutEvent(QFocusEvent* event)
-{
-    update();
-    QWidget::focusOutEvent(event);
-}
-
 void ListPlot::paintEvent(QPaintEvent*)
 {
     paintPlotFrame(*this, m_area->geometry());
