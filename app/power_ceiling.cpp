@@ -2,6 +2,7 @@
 
 #include "fields/number_edit.h"
 #include "numbers/number_text.h"
+#include "ui/named.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -26,11 +27,11 @@ PowerCeiling::PowerCeiling(std::optional<int> ceilingDbm, const FieldContext& co
                   tr("The program sets no power above this, whether typed, stepped or "
                      "opened. Empty: the limit of the instrument."),
                   parent),
-      m_field(new NumberEdit(Quantity::HighestPower, context, this,
-                             ceilingDbm ? QString::number(*ceilingDbm) : QString()))
+      m_field(named("line_ceiling",
+                    new NumberEdit(Quantity::HighestPower, context, this,
+                                   ceilingDbm ? QString::number(*ceilingDbm) : QString())))
 {
     setObjectName(QStringLiteral("PowerCeiling"));
-    m_field->setObjectName(QStringLiteral("line_ceiling"));
     m_field->setMaxLength(longestPower);
     m_field->setFixedWidth(fieldWidth);
     m_field->setAlignment(Qt::AlignRight);

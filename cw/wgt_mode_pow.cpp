@@ -1,6 +1,7 @@
 #include "cw/wgt_mode_pow.h"
 
 #include "fields/keypad/keypad_place.h"
+#include "ui/named.h"
 #include "ui/window_chrome.h"
 
 #include <QFrame>
@@ -34,21 +35,16 @@ WgtModePow::WgtModePow(const QAbstractButton& opener, QWidget* parent)
 
 void WgtModePow::build()
 {
-    m_plate = new QFrame(this);
-    m_plate->setObjectName(QStringLiteral("widget"));
+    m_plate = named("widget", new QFrame(this));
     auto* buttons = new QHBoxLayout;
     buttons->setObjectName(QStringLiteral("horizontalLayout"));
-    m_yes = new QPushButton(m_plate);
-    m_yes->setObjectName(QStringLiteral("butYes"));
+    m_yes = named("butYes", new QPushButton(m_plate));
     m_yes->setAutoDefault(false);
-    m_cancel = new QPushButton(m_plate);
-    m_cancel->setObjectName(QStringLiteral("butCancel"));
+    m_cancel = named("butCancel", new QPushButton(m_plate));
     // Power beyond the calibrated range must not be switched on by a stray Return.
     m_cancel->setDefault(true);
-    m_firstLabel = new QLabel(m_plate);
-    m_firstLabel->setObjectName(QStringLiteral("lblModePowFirst"));
-    m_lastLabel = new QLabel(m_plate);
-    m_lastLabel->setObjectName(QStringLiteral("lblModePowLast"));
+    m_firstLabel = named("lblModePowFirst", new QLabel(m_plate));
+    m_lastLabel = named("lblModePowLast", new QLabel(m_plate));
     m_lastLabel->hide();
     for (QLabel* label : {m_firstLabel, m_lastLabel}) {
         label->setTextFormat(Qt::RichText);

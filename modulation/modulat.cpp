@@ -1,5 +1,7 @@
 #include "modulation/modulat.h"
 
+#include "ui/named.h"
+
 #include <QBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -53,8 +55,9 @@ private:
 };
 
 Modulat::Modulat(const FieldContext& context, QWidget* parent)
-    : SidePanel(QStringLiteral("Modulat"), parent), m_selection(new QGroupBox(this)),
-      m_column(new GroupColumn(this)), m_pulseGroup(new PulseGroup(context, m_selection, m_column))
+    : SidePanel(QStringLiteral("Modulat"), parent),
+      m_selection(named("Box_modulation", new QGroupBox(this))), m_column(new GroupColumn(this)),
+      m_pulseGroup(new PulseGroup(context, m_selection, m_column))
 {
     for (const Modulation modulation : modulations)
         m_groups[static_cast<std::size_t>(modulation)] =
@@ -70,7 +73,6 @@ void Modulat::build()
 {
     setFixedWidth(modulationPanelWidth);
     title()->setObjectName(QStringLiteral("titleModulation"));
-    m_selection->setObjectName(QStringLiteral("Box_modulation"));
     auto* buttons = new QHBoxLayout(m_selection);
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->setSpacing(panelSpacing);

@@ -3,6 +3,7 @@
 #include "service/open_document.h"
 #include "ui/describe.h"
 #include "ui/instrument_text.h"
+#include "ui/named.h"
 #include "ui/window_chrome.h"
 
 #include <QCoreApplication>
@@ -63,21 +64,14 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool)
     setWindowModality(Qt::ApplicationModal);
     new WindowChrome(this);
 
-    auto* frame = new QFrame(this);
-    frame->setObjectName(QStringLiteral("frame"));
-    auto* header = new QLabel(frame);
-    header->setObjectName(QStringLiteral("header"));
+    auto* frame = named("frame", new QFrame(this));
+    auto* header = named("header", new QLabel(frame));
     header->setPixmap(QPixmap(QStringLiteral(":/images/header.png")));
-    m_title = new QLabel(frame);
-    m_title->setObjectName(QStringLiteral("title"));
-    m_close = new QPushButton(frame);
-    m_close->setObjectName(QStringLiteral("pushButton"));
-    m_calibrationCaption = new QLabel(frame);
-    m_calibrationCaption->setObjectName(QStringLiteral("lbl_Calibrate"));
-    m_calibrationDate = new QLabel(frame);
-    m_calibrationDate->setObjectName(QStringLiteral("lbl_CalibrateData"));
-    m_update = new QPushButton(frame);
-    m_update->setObjectName(QStringLiteral("butUpdate"));
+    m_title = named("title", new QLabel(frame));
+    m_close = named("pushButton", new QPushButton(frame));
+    m_calibrationCaption = named("lbl_Calibrate", new QLabel(frame));
+    m_calibrationDate = named("lbl_CalibrateData", new QLabel(frame));
+    m_update = named("butUpdate", new QPushButton(frame));
 
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "service/firmware_dialog.h"
 
 #include "ui/describe.h"
+#include "ui/named.h"
 #include "ui/window_chrome.h"
 
 #include <QEvent>
@@ -35,26 +36,19 @@ Firmware::Firmware(QWidget* parent) : QDialog(parent)
 
 void Firmware::build()
 {
-    auto* plate = new QFrame(this);
-    plate->setObjectName(QStringLiteral("FirmwareCentralWgt"));
-    auto* header = new QLabel(plate);
-    header->setObjectName(QStringLiteral("header"));
+    auto* plate = named("FirmwareCentralWgt", new QFrame(this));
+    auto* header = named("header", new QLabel(plate));
     header->setPixmap(QPixmap(QStringLiteral(":/images/header.png")));
-    m_caption = new QLabel(plate);
-    m_caption->setObjectName(QStringLiteral("lblCaption"));
-    m_close = new QToolButton(plate);
-    m_close->setObjectName(QStringLiteral("butClose"));
+    m_caption = named("lblCaption", new QLabel(plate));
+    m_close = named("butClose", new QToolButton(plate));
     m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
     m_close->setAutoRaise(true);
-    m_cancel = new QPushButton(plate);
-    m_cancel->setObjectName(QStringLiteral("butCancel"));
+    m_cancel = named("butCancel", new QPushButton(plate));
     // A stray Return must not send an instrument away.
     m_cancel->setDefault(true);
-    m_ok = new QPushButton(plate);
-    m_ok->setObjectName(QStringLiteral("butOk"));
+    m_ok = named("butOk", new QPushButton(plate));
     m_ok->setAutoDefault(false);
-    m_message = new QLabel(plate);
-    m_message->setObjectName(QStringLiteral("lblMessage"));
+    m_message = named("lblMessage", new QLabel(plate));
     m_message->setTextFormat(Qt::RichText);
     // It would take the mouse that moves the window.
     m_message->setTextInteractionFlags(Qt::NoTextInteraction);

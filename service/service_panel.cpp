@@ -5,6 +5,7 @@
 #include "service/calibration_table.h"
 #include "ui/describe.h"
 #include "ui/instrument_text.h"
+#include "ui/named.h"
 
 #include <QGridLayout>
 #include <QIcon>
@@ -28,10 +29,9 @@ QIcon sendIcon()
 
 service::service(const FieldContext& context, QWidget* parent)
     : SidePanel(QStringLiteral("service_panel"), parent), m_notices(context.notices),
-      m_controls(new QWidget(this))
+      m_controls(named("widget_Service", new QWidget(this)))
 {
     title()->setObjectName(QStringLiteral("title"));
-    m_controls->setObjectName(QStringLiteral("widget_Service"));
     auto* rows = new QVBoxLayout(m_controls);
     rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(spacing);
@@ -40,12 +40,12 @@ service::service(const FieldContext& context, QWidget* parent)
     rows->addWidget(buildTable(), 1);
     content()->addWidget(m_controls, 1);
 
-    m_hint = newLabel("label");
+    m_hint = named("label", new QLabel(this));
     m_hint->setProperty("sectionSummary", true);
     m_hint->setWordWrap(true);
-    m_reloadTable = newFootButton("reload_table");
-    m_openBackup = newFootButton("open_backup");
-    m_applyCalibrate = newFootButton("applyCalibrate");
+    m_reloadTable = named("reload_table", new QPushButton(this));
+    m_openBackup = named("open_backup", new QPushButton(this));
+    m_applyCalibrate = named("applyCalibrate", new QPushButton(this));
     m_applyCalibrate->setMinimumWidth(buttonWidth);
     auto* foot = new QHBoxLayout;
     foot->setSpacing(spacing);
@@ -61,36 +61,20 @@ service::service(const FieldContext& context, QWidget* parent)
     service::retranslate();
 }
 
-QLabel* service::newLabel(const char* name)
-{
-    auto* label = new QLabel(this);
-    label->setObjectName(QLatin1String(name));
-    return label;
-}
-
-QPushButton* service::newFootButton(const char* name)
-{
-    auto* button = new QPushButton(this);
-    button->setObjectName(QLatin1String(name));
-    return button;
-}
-
 QWidget* service::buildInstrument()
 {
-    auto* info = new QFrame(this);
-    info->setObjectName(QStringLiteral("info"));
-    m_serialCaption = newLabel("label_4");
-    m_serial = newLabel("serias");
-    m_firmwareCaption = newLabel("label_6");
-    m_firmware = newLabel("label_firmware");
-    m_temperatureIcon = newLabel("icon_temp");
-    m_temperature = newLabel("text_temp");
+    auto* info = named("info", new QFrame(this));
+    m_serialCaption = named("label_4", new QLabel(this));
+    m_serial = named("serias", new QLabel(this));
+    m_firmwareCaption = named("label_6", new QLabel(this));
+    m_firmware = named("label_firmware", new QLabel(this));
+    m_temperatureIcon = named("icon_temp", new QLabel(this));
+    m_temperature = named("text_temp", new QLabel(this));
     m_temperatureIcon->setPixmap(QPixmap(QStringLiteral(":/images/grad.png")));
     for (QLabel* value : {m_serial, m_firmware})
         value->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
-    auto* temperature = new QWidget(info);
-    temperature->setObjectName(QStringLiteral("widget_temperature"));
+    auto* temperature = named("widget_temperature", new QWidget(info));
     auto* temperatureRow = new QHBoxLayout(temperature);
     temperatureRow->setContentsMargins(0, 0, 0, 0);
     temperatureRow->addWidget(m_temperatureIcon);
@@ -111,13 +95,11 @@ QWidget* service::buildInstrument()
 QWidget* service::buildDac(const FieldContext& context)
 {
     auto* dac = new QWidget(this);
-    m_dacCaption = newLabel("label_3");
-    m_referenceDac = new NumberEdit(Quantity::Dac, context, this);
-    m_referenceDac->setObjectName(QStringLiteral("REF_OSC"));
+    m_dacCaption = named("label_3", new QLabel(this));
+    m_referenceDac = named("REF_OSC", new NumberEdit(Quantity::Dac, context, this));
     m_referenceDac->setAlignment(Qt::AlignRight);
     m_dacCaption->setBuddy(m_referenceDac);
-    m_dacKey = new QPushButton(this);
-    m_dacKey->setObjectName(QStringLiteral("key_REF_OSC"));
+    m_dacKey = named("key_REF_OSC", new QPushButton(this));
     m_dacKey->setIcon(QIcon(QStringLiteral(":/images/edit.png")));
     // A click that took the focus would leave the field before the keypad is open.
     m_dacKey->setFocusPolicy(Qt::TabFocus);
@@ -134,13 +116,12 @@ QWidget* service::buildDac(const FieldContext& context)
 QWidget* service::buildTable()
 {
     auto* section = new QWidget(this);
-    m_tableCaption = newLabel("labelAttenuation");
+    m_tableCaption = named("labelAttenuation", new QLabel(this));
     m_tableCaption->setProperty("sectionTitle", true);
-    m_pointCount = newLabel("label_2");
+    m_pointCount = named("label_2", new QLabel(this));
     m_pointCount->setProperty("sectionSummary", true);
     m_table = new CalibrationTable(this);
-    m_loading = new QLabel(m_table);
-    m_loading->setObjectName(QStringLiteral("label_loading"));
+    m_loading = named("label_loading", new QLabel(m_table));
     m_loading->setAlignment(Qt::AlignCenter);
     m_loading->hide();
 

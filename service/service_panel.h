@@ -62,8 +62,6 @@ private:
     QWidget* buildInstrument();
     QWidget* buildDac(const FieldContext& context);
     QWidget* buildTable();
-    QLabel* newLabel(const char* name);
-    QPushButton* newFootButton(const char* name);
     void showState();
     void showPointCount();
     void fillTable(const std::function<void()>& fill);

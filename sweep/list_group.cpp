@@ -5,6 +5,7 @@
 #include "sweep/mode_list.h"
 #include "sweep/run_button.h"
 #include "ui/describe.h"
+#include "ui/named.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -46,15 +47,15 @@ QPushButton* namedButton(const char* name, QWidget* parent)
 } // namespace
 
 ListGroup::ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget* parent)
-    : QGroupBox(parent), m_title(new QLabel(this)), m_table(new PointTable(context, this)),
-      m_actions(new PointActions(m_table)), m_mode(new ModeList(trigger, this)),
+    : QGroupBox(parent), m_title(named("title_List", new QLabel(this))),
+      m_table(new PointTable(context, this)), m_actions(new PointActions(m_table)),
+      m_mode(new ModeList(trigger, this)),
       m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
       m_run(new RunButton(QStringLiteral("button_List"), this)),
       m_save(namedButton("save_List", this)), m_open(namedButton("open_List", this))
 {
     setObjectName(QStringLiteral("List__"));
     setProperty("section", true);
-    m_title->setObjectName(QStringLiteral("title_List"));
     m_title->setProperty("sectionTitle", true);
     m_table->setMinimumHeight(leastTableHeight);
     build();

@@ -11,6 +11,7 @@
 #include "sweep/mode_list.h"
 #include "sweep/picture/list_plot.h"
 #include "sweep/sweep_group.h"
+#include "ui/named.h"
 #include "ui/progress_bar_for_table.h"
 
 #include <QPushButton>
@@ -68,8 +69,7 @@ void List::build()
     // Otherwise it takes the focus, which a click on a button leaves where it is.
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* groups = new QWidget(scroll);
-    groups->setObjectName(QStringLiteral("list_groups"));
+    auto* groups = named("list_groups", new QWidget(scroll));
     scroll->setWidget(groups);
     scroll->setMinimumHeight(leastHeight);
     content()->addWidget(scroll, 1);

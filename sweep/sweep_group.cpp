@@ -6,6 +6,7 @@
 #include "numbers/number_text.h"
 #include "sweep/run_button.h"
 #include "ui/describe.h"
+#include "ui/named.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -51,7 +52,8 @@ Quantity quantityOf(const Row& row, bool isPowerSweep)
 } // namespace
 
 SweepGroup::SweepGroup(const FieldContext& context, QWidget* parent)
-    : QGroupBox(parent), m_title(new QLabel(this)), m_mode(new QPushButton(this)),
+    : QGroupBox(parent), m_title(named("title_Sweep", new QLabel(this))),
+      m_mode(named("power_toFrom_freq", new QPushButton(this))),
       m_run(new RunButton(QStringLiteral("button_Sweep"), this)),
       m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")},
       m_followedPower(QLatin1String(rows[0].text)), m_followedFrequency(QLatin1String(rows[1].text))
@@ -66,9 +68,7 @@ SweepGroup::SweepGroup(const FieldContext& context, QWidget* parent)
 
 void SweepGroup::build(const FieldContext& context)
 {
-    m_title->setObjectName(QStringLiteral("title_Sweep"));
     m_title->setProperty("sectionTitle", true);
-    m_mode->setObjectName(QStringLiteral("power_toFrom_freq"));
     m_mode->setCheckable(true);
 
     auto* header = new QHBoxLayout;

@@ -1,6 +1,7 @@
 #include "ui/panel_dialog.h"
 
 #include "ui/describe.h"
+#include "ui/named.h"
 #include "ui/window_chrome.h"
 
 #include <QFrame>
@@ -27,14 +28,11 @@ PanelDialog::PanelDialog(const QString& title, const QString& text, QWidget* par
     setWindowTitle(title);
     setWindowIcon(logo);
     setAccessibleName(title);
-    auto* surface = new QFrame(this);
-    surface->setObjectName(QStringLiteral("dialog_surface"));
+    auto* surface = named("dialog_surface", new QFrame(this));
     auto* icon = new QLabel(surface);
     icon->setPixmap(logo.pixmap(logoSize));
-    auto* heading = new QLabel(title, surface);
-    heading->setObjectName(QStringLiteral("dialog_title"));
-    auto* message = new QLabel(text, surface);
-    message->setObjectName(QStringLiteral("message"));
+    auto* heading = named("dialog_title", new QLabel(title, surface));
+    auto* message = named("message", new QLabel(text, surface));
     message->setTextFormat(Qt::PlainText);
     message->setTextInteractionFlags(Qt::TextSelectableByMouse);
     message->setWordWrap(true);

@@ -11,6 +11,7 @@
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
 #include "numbers/unit_keys.h"
+#include "ui/named.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -47,9 +48,12 @@ QString withUnit(const QString& number, const QString& unit)
 } // namespace
 
 Keypad::Keypad(const FieldContext& context, QWidget* window)
-    : QFrame(window, Qt::Popup | Qt::FramelessWindowHint), m_title(new QLabel(this)),
-      m_close(new QToolButton(this)), m_entry(new NumberEdit(Quantity::Frequency, context, this)),
-      m_unit(new QLabel(this)), m_limits(new QLabel(this)), m_keys(new KeypadKeys(this)),
+    : QFrame(window, Qt::Popup | Qt::FramelessWindowHint),
+      m_title(named("keypad_title", new QLabel(this))),
+      m_close(named("keypad_close", new QToolButton(this))),
+      m_entry(named("keypad_entry", new NumberEdit(Quantity::Frequency, context, this))),
+      m_unit(named("keypad_unit", new QLabel(this))),
+      m_limits(named("keypad_limits", new QLabel(this))), m_keys(new KeypadKeys(this)),
       m_stepButton(KeypadKeys::makeButton(QStringLiteral("keypad_step"), this)),
       m_enter(KeypadKeys::makeButton(QStringLiteral("keypad_enter"), this))
 {
@@ -61,17 +65,12 @@ Keypad::Keypad(const FieldContext& context, QWidget* window)
 
 void Keypad::build()
 {
-    m_title->setObjectName(QStringLiteral("keypad_title"));
     m_title->setProperty("panelTitle", true);
-    m_close->setObjectName(QStringLiteral("keypad_close"));
     m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
     m_close->setIconSize(QSize(24, 24));
     m_close->setAutoRaise(true);
     m_close->setFocusPolicy(Qt::NoFocus);
-    m_entry->setObjectName(QStringLiteral("keypad_entry"));
     m_entry->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_unit->setObjectName(QStringLiteral("keypad_unit"));
-    m_limits->setObjectName(QStringLiteral("keypad_limits"));
     m_stepButton->setCheckable(true);
     m_entry->setStepFlags({true, false});
     m_entry->installEventFilter(this);

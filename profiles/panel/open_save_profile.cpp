@@ -5,6 +5,7 @@
 #include "profiles/profile_folder.h"
 #include "ui/describe.h"
 #include "ui/files/file_questions.h"
+#include "ui/named.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -33,8 +34,10 @@ constexpr int changesMs = 100;
 openSaveProfile::openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent)
     : SidePanel(QStringLiteral("openSaveProfile"), parent), m_profiles(profiles),
       m_heading(new QLabel(this)), m_none(new QLabel(this)), m_scroll(new QScrollArea(this)),
-      m_nameCaption(new QLabel(this)), m_name(new QLineEdit(this)), m_save(new QPushButton(this)),
-      m_open(new QPushButton(this)), m_saveFile(new QPushButton(this))
+      m_nameCaption(new QLabel(this)), m_name(named("profile_name", new QLineEdit(this))),
+      m_save(named("save_quick", new QPushButton(this))),
+      m_open(named("open_profile", new QPushButton(this))),
+      m_saveFile(named("save_profile", new QPushButton(this)))
 {
     build();
     wire();
@@ -49,10 +52,6 @@ openSaveProfile::openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent)
 
 void openSaveProfile::build()
 {
-    m_name->setObjectName(QStringLiteral("profile_name"));
-    m_save->setObjectName(QStringLiteral("save_quick"));
-    m_open->setObjectName(QStringLiteral("open_profile"));
-    m_saveFile->setObjectName(QStringLiteral("save_profile"));
     m_heading->setProperty("sectionTitle", true);
     m_none->setProperty("sectionSummary", true);
     m_none->setWordWrap(true);
@@ -60,8 +59,7 @@ void openSaveProfile::build()
 
     m_nameCaption->setBuddy(m_name);
 
-    auto* rows = new QWidget(m_scroll);
-    rows->setObjectName(QStringLiteral("profile_rows"));
+    auto* rows = named("profile_rows", new QWidget(m_scroll));
     m_list = new QVBoxLayout(rows);
     m_list->setContentsMargins(0, 0, 0, 0);
     m_list->setSpacing(spacing);

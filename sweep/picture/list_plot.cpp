@@ -2,6 +2,7 @@
 
 #include "sweep/picture/run_plot.h"
 #include "ui/describe.h"
+#include "ui/named.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -32,8 +33,8 @@ constexpr double shortestPart = 1e-6;
 } // namespace
 
 ListPlot::ListPlot(QWidget* parent)
-    : QWidget(parent), m_header(new QLabel(this)), m_logarithmic(new QPushButton(this)),
-      m_note(new QLabel(this)),
+    : QWidget(parent), m_header(named("plot_List_header", new QLabel(this))),
+      m_logarithmic(named("logarithmicFrequency", new QPushButton(this))), m_note(new QLabel(this)),
       m_area(new QWidget(this)), m_plots{new RunPlot(RunQuantity::Frequency, m_area),
                                          new RunPlot(RunQuantity::Power, m_area)}
 {
@@ -55,8 +56,6 @@ ListPlot::ListPlot(QWidget* parent)
 
 void ListPlot::build()
 {
-    m_header->setObjectName(QStringLiteral("plot_List_header"));
-    m_logarithmic->setObjectName(QStringLiteral("logarithmicFrequency"));
     m_logarithmic->setCheckable(true);
     m_note->setAlignment(Qt::AlignCenter);
     m_note->setWordWrap(true);

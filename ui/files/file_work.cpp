@@ -1,5 +1,7 @@
 #include "ui/files/file_work.h"
 
+#include "ui/named.h"
+
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -43,8 +45,8 @@ void setUp(QProgressDialog& dialog, const QString& what)
     dialog.setAutoReset(false);
     dialog.setAutoClose(false);
     dialog.setLabelText(what);
-    auto* cancel = new QPushButton(translated(QT_TRANSLATE_NOOP("FileWork", "Cancel")), &dialog);
-    cancel->setObjectName(QStringLiteral("cancel"));
+    auto* cancel = named(
+        "cancel", new QPushButton(translated(QT_TRANSLATE_NOOP("FileWork", "Cancel")), &dialog));
     cancel->setAccessibleName(cancel->text());
     cancel->setToolTip(
         translated(QT_TRANSLATE_NOOP("FileWork", "Cancel; no file is changed (Esc)")));
