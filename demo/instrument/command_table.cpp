@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 namespace
 {
@@ -26,6 +27,59 @@ Command row(const char* pattern, Handler set, Handler query, Quantity quantity =
     return {pattern, set, query, static_cast<size_t>(quantity), ""};
 }
 
+Command ask(const char* pattern, Handler set, Answer answer)
+{
+    return {pattern, set, queryAnswer, 0, "", answer};
+}
+
+Command ask(const char* pattern, Answer answer)
+{
+    return ask(pattern, nullptr, answer);
+}
+
+Command act(const char* pattern, Action action, Answer answer = nullptr)
+{
+    return {pattern, doAction, answer != nullptr ? queryAnswer : nullptr, 0, "", answer, action};
+}
+
+std::string presentFrequency(Model& model)
+{
+    return numberText(model.run.frequencyHz(model.settings), infoOf(Quantity::Frequency).decimals);
+}
+
+std::string presentPower(Model& model)
+{
+    return numberText(model.run.powerDbm(model.settings), infoOf(Quantity::Power).decimals);
+}
+
+std::string presentPoint(Model& model)
+{
+    return std::to_string(model.run.point());
+}
+
+std::string runState(Model& model)
+{
+    static const char* const states[] = {"IDLE", "WAIT", "RUN"};
+    return states[static_cast<size_t>(model.run.state())];
+}
+
+std::string identity(Model& model)
+{
+    const InstrumentDescription& what = model.description;
+    return what.maker + "," + what.model + "," + what.serial + "," + what.firmware;
+}
+
+void clearStatus(Model& model)
+{
+    model.errors.clear();
+    model.eventStatus = 0;
+}
+
+void abortRun(Model& model)
+{
+    model.run.abort();
+}
+
 constexpr const char* sources = "INTernal|EXTernal";
 constexpr const char* shapes = "SINusoid|RAMP|TRIangle|RANDom|SQUare";
 constexpr const char* lfoShapes = "SINusoid|RAMP|TRIangle|RANDom|SQUare|DC";
@@ -33,32 +87,34 @@ constexpr const char* directions = "POSitive|NEGative";
 constexpr const char* modes = "FIXed|SWEep|LIST";
 
 const Command commands[] = {
-    row("*CLS", clearStatus, nullptr),
-    row("*ESE", setEventEnable, queryEventEnable),
-    row("*ESR", nullptr, queryEventStatus),
-    row("*IDN", nullptr, queryIdentity),
-    row("*OPC", setOperationComplete, queryOperationComplete),
-    row("*RST", resetInstrument, nullptr),
-    row("*SRE", setServiceEnable, queryServiceEnable),
-    row("*STB", nullptr, queryStatusByte),
+    act("*CLS", clearStatus),
+    ask("*ESE", setEventEnable, [](Model& m) { return std::to_string(m.eventEnable); }),
+    ask("*ESR", [](Model& m) { return std::to_string(std::exchange(m.eventStatus, 0)); }),
+    ask("*IDN", identity),
+    // Every command is complete when it has been executed.
+    act(
+        "*OPC", [](Model& m) { m.eventStatus |= 0x01; }, [](Model&) { return std::string("1"); }),
+    act("*RST", [](Model& m) { m.reset(); }),
+    ask("*SRE", setServiceEnable, [](Model& m) { return std::to_string(m.serviceEnable); }),
+    ask("*STB", [](Model& m) { return std::to_string(m.statusByte()); }),
     row("*TRG", triggerFromBus, nullptr),
-    row("*TST", nullptr, querySelfTest),
-    row("*WAI", waitToContinue, nullptr),
-    row("SYSTem:ERRor[:NEXT]", nullptr, queryError),
-    row("SYSTem:ERRor:COUNt", nullptr, queryErrorCount),
-    row("SYSTem:VERSion", nullptr, queryScpiVersion),
+    ask("*TST", [](Model&) { return std::string("0"); }),
+    act("*WAI", [](Model&) {}),
+    ask("SYSTem:ERRor[:NEXT]", [](Model& m) { return m.errors.pop(); }),
+    ask("SYSTem:ERRor:COUNt", [](Model& m) { return std::to_string(m.errors.size()); }),
+    ask("SYSTem:VERSion", [](Model&) { return std::string("1999.0"); }),
 
     number("FREQuency[:CW]", Quantity::Frequency),
     number("FREQuency:STARt", Quantity::StartFrequency),
     number("FREQuency:STOP", Quantity::StopFrequency),
     choice("FREQuency:MODE", Choice::FrequencyMode, modes),
-    row("FREQuency:CURRent", nullptr, queryPresentFrequency),
+    ask("FREQuency:CURRent", presentFrequency),
     number("POWer[:LEVel]", Quantity::Power),
     number("POWer:STARt", Quantity::StartPower),
     number("POWer:STOP", Quantity::StopPower),
     choice("POWer:MODE", Choice::PowerMode, modes),
     toggle("POWer:BOOSt", Switch::Boost),
-    row("POWer:CURRent", nullptr, queryPresentPower),
+    ask("POWer:CURRent", presentPower),
     toggle("OUTPut[:STATe]", Switch::Output),
     choice("ROSCillator:SOURce", Choice::ReferenceSource, sources),
     number("ROSCillator:EXTernal:FREQuency", Quantity::ReferenceFrequency),
@@ -108,25 +164,27 @@ const Command commands[] = {
     row("LIST:DWELl:ADD", addToList, nullptr, Quantity::ListDwell),
     row("LIST:DWELl:POINts", nullptr, queryDwellPoints, Quantity::ListDwell),
     choice("LIST:MODE", Choice::ListMode, "AUTO|MANual"),
-    row("LIST:MANual", moveToPoint, queryPresentPoint),
-    row("LIST:POINts:CURRent", nullptr, queryPresentPoint),
+    ask("LIST:MANual", moveToPoint, presentPoint),
+    ask("LIST:POINts:CURRent", presentPoint),
     choice("TRIGger:SOURce", Choice::TriggerSource, "IMMediate|EXTernal|BUS"),
     choice("TRIGger:SLOPe", Choice::TriggerSlope, directions),
-    row("TRIGger:STATe", nullptr, queryRunState),
+    ask("TRIGger:STATe", runState),
     row("INITiate[:IMMediate]", initiateRun, nullptr),
     toggle("INITiate:CONTinuous", Switch::Continuous),
-    row("ABORt", abortRun, nullptr),
-    row("*ABORt", abortRun, nullptr), // not by the standard, but the family takes it
+    act("ABORt", abortRun),
+    act("*ABORt", abortRun), // not by the standard, but the family takes it
 
-    row("MEMory:MSC", setMassStorage, queryMassStorage),
-    row("MEMory:REPROGram", startBootloader, nullptr),
+    ask("MEMory:MSC", setMassStorage,
+        [](Model& m) { return std::string(m.description.massStorage ? "ON" : "OFF"); }),
+    act("MEMory:REPROGram", [](Model& m) { m.leavesBus = true; }),
     number("MEMory:DAC", Quantity::Dac),
-    row("MEMory:TABLe:POINt", nullptr, queryCalibrationCount),
-    row("MEMory:TABLe:POINt:ALL", nullptr, queryCalibrationPoints),
+    ask("MEMory:TABLe:POINt",
+        [](Model& m) { return std::to_string(m.calibration.points().size()); }),
+    ask("MEMory:TABLe:POINt:ALL", calibrationPoints),
     row("MEMory:TABLe:ADD", addCalibrationPoint, nullptr),
-    row("MEMory:TABLe:SAVE", saveCalibration, nullptr),
-    row("SERVice:SOURce:CDUE", nullptr, queryCalibrationDue),
-    row("TEMPerature", nullptr, queryTemperature),
+    act("MEMory:TABLe:SAVE", [](Model& m) { m.calibration.save(); }),
+    ask("SERVice:SOURce:CDUE", [](Model& m) { return m.description.calibrationDue; }),
+    ask("TEMPerature", temperature),
 };
 
 using Index = std::unordered_map<std::string, const Command*>;

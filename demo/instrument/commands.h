@@ -11,6 +11,9 @@ struct Request {
 
 struct Command;
 using Handler = ScpiError (*)(const Command& command, Request& request);
+/// What a query without parameters answers, and what a command without any does.
+using Answer = std::string (*)(Model& model);
+using Action = void (*)(Model& model);
 
 /// A row of the command table: a header in SCPI notation (capitals are the short form, brackets
 /// hold what may be left out) and what it and its query do.
@@ -20,6 +23,8 @@ struct Command {
     Handler query;
     size_t index = 0;          ///< which Quantity, Switch or Choice; or the handler's own use
     const char* keywords = ""; ///< of a choice, separated by |, in the order of its values
+    Answer answer = nullptr;   ///< of queryAnswer
+    Action action = nullptr;   ///< of doAction
 };
 
 // The handlers that the command table names, by the file that defines them.
@@ -34,23 +39,11 @@ HANDLER(setChoice);
 HANDLER(queryChoice);
 
 // commands_common.cpp
-HANDLER(clearStatus);
+HANDLER(queryAnswer);
+HANDLER(doAction);
 HANDLER(setEventEnable);
-HANDLER(queryEventEnable);
-HANDLER(queryEventStatus);
-HANDLER(queryIdentity);
-HANDLER(setOperationComplete);
-HANDLER(queryOperationComplete);
-HANDLER(resetInstrument);
 HANDLER(setServiceEnable);
-HANDLER(queryServiceEnable);
-HANDLER(queryStatusByte);
 HANDLER(triggerFromBus);
-HANDLER(querySelfTest);
-HANDLER(waitToContinue);
-HANDLER(queryError);
-HANDLER(queryErrorCount);
-HANDLER(queryScpiVersion);
 
 // commands_run.cpp
 HANDLER(setList);
@@ -60,24 +53,15 @@ HANDLER(queryListPoints);
 HANDLER(queryDwellPoints);
 HANDLER(moveToPoint);
 HANDLER(initiateRun);
-HANDLER(abortRun);
-HANDLER(queryPresentPoint);
-HANDLER(queryPresentFrequency);
-HANDLER(queryPresentPower);
-HANDLER(queryRunState);
 
 // commands_service.cpp
 HANDLER(setMassStorage);
-HANDLER(queryMassStorage);
-HANDLER(startBootloader);
-HANDLER(queryCalibrationCount);
-HANDLER(queryCalibrationPoints);
 HANDLER(addCalibrationPoint);
-HANDLER(saveCalibration);
-HANDLER(queryCalibrationDue);
-HANDLER(queryTemperature);
 
 #undef HANDLER
+
+std::string calibrationPoints(Model& model);
+std::string temperature(Model& model);
 
 /// The one parameter that the request carries. Errors: MissingParameter, ParameterNotAllowed.
 ScpiError takeOnly(const Request& request, std::string_view& parameter);

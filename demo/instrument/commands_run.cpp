@@ -130,36 +130,3 @@ ScpiError initiateRun(const Command&, Request& request)
         return error;
     return request.model.run.initiate(request.model.settings, Clock::now());
 }
-
-ScpiError abortRun(const Command&, Request& request)
-{
-    request.model.run.abort();
-    return takeNone(request);
-}
-
-ScpiError queryPresentPoint(const Command&, Request& request)
-{
-    request.reply += std::to_string(request.model.run.point());
-    return takeNone(request);
-}
-
-ScpiError queryPresentFrequency(const Command&, Request& request)
-{
-    request.reply += numberText(request.model.run.frequencyHz(request.model.settings),
-                                infoOf(Quantity::Frequency).decimals);
-    return takeNone(request);
-}
-
-ScpiError queryPresentPower(const Command&, Request& request)
-{
-    request.reply += numberText(request.model.run.powerDbm(request.model.settings),
-                                infoOf(Quantity::Power).decimals);
-    return takeNone(request);
-}
-
-ScpiError queryRunState(const Command&, Request& request)
-{
-    static const char* const states[] = {"IDLE", "WAIT", "RUN"};
-    request.reply += states[static_cast<size_t>(request.model.run.state())];
-    return takeNone(request);
-}

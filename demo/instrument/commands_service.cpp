@@ -18,34 +18,6 @@ ScpiError setMassStorage(const Command&, Request& request)
     return ScpiError::None;
 }
 
-ScpiError queryMassStorage(const Command&, Request& request)
-{
-    request.reply += request.model.description.massStorage ? "ON" : "OFF";
-    return takeNone(request);
-}
-
-ScpiError startBootloader(const Command&, Request& request)
-{
-    request.model.leavesBus = true;
-    return takeNone(request);
-}
-
-ScpiError queryCalibrationCount(const Command&, Request& request)
-{
-    request.reply += std::to_string(request.model.calibration.points().size());
-    return takeNone(request);
-}
-
-ScpiError queryCalibrationPoints(const Command&, Request& request)
-{
-    const char* separator = "";
-    for (const auto& [frequencyHz, value] : request.model.calibration.points()) {
-        request.reply += separator + numberText(frequencyHz, 0) + " " + numberText(value, 3);
-        separator = " ";
-    }
-    return takeNone(request);
-}
-
 // "MEM:TABLE:ADD 1500000000 -3": a blank, not a comma, stands between the two numbers.
 ScpiError addCalibrationPoint(const Command&, Request& request)
 {
@@ -63,22 +35,20 @@ ScpiError addCalibrationPoint(const Command&, Request& request)
     return ScpiError::None;
 }
 
-ScpiError saveCalibration(const Command&, Request& request)
+std::string calibrationPoints(Model& model)
 {
-    request.model.calibration.save();
-    return takeNone(request);
-}
-
-ScpiError queryCalibrationDue(const Command&, Request& request)
-{
-    request.reply += request.model.description.calibrationDue;
-    return takeNone(request);
+    std::string points;
+    const char* separator = "";
+    for (const auto& [frequencyHz, value] : model.calibration.points()) {
+        points += separator + numberText(frequencyHz, 0) + " " + numberText(value, 3);
+        separator = " ";
+    }
+    return points;
 }
 
 // Drifts by two degrees around 38 within ten minutes.
-ScpiError queryTemperature(const Command&, Request& request)
+std::string temperature(Model&)
 {
     const double seconds = static_cast<double>(Clock::now().count()) * 1e-6;
-    request.reply += numberText(38 + 2 * std::sin(seconds / 95), 1);
-    return takeNone(request);
+    return numberText(38 + 2 * std::sin(seconds / 95), 1);
 }
