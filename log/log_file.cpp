@@ -9,7 +9,7 @@ LogFile::LogFile(const QString& path, const WireLog& log, Notices& notices, QObj
 {
     const FileOutcome opened = openToAppend(m_file);
     if (opened.fault != FileFault::None) {
-        notices.say([detail = opened.detail] { return tr("No log is written: %1").arg(detail); });
+        notices.say([opened] { return tr("No log is written: %1").arg(opened.detail()); });
         return;
     }
     connect(&log, &WireLog::added, this, &LogFile::write);

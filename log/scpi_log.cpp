@@ -227,7 +227,7 @@ void ScpiLog::write(const QString& path)
     if (outcome.fault == FileFault::None)
         say([path] { return tr("Saved: %1").arg(path); });
     else if (outcome.fault != FileFault::Cancelled)
-        emit errorMessage(tr("%1 could not be saved: %2").arg(path, outcome.detail));
+        emit errorMessage(tr("%1 could not be saved: %2").arg(path, outcome.detail()));
 }
 
 void ScpiLog::say(const StatusWords& words)

@@ -53,7 +53,7 @@ FileOutcome openToAppend(QFile& file)
 {
     const QFileInfo info(file.fileName());
     if (info.exists() && !info.isFile())
-        return refusedKind();
+        return {FileFault::NotRegular};
     if (!file.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Unbuffered))
         return {FileFault::NotOpened, file.errorString()};
     return {};
