@@ -43,11 +43,15 @@ function(klv_test name)
       CROSSCOMPILING_EMULATOR ${PROJECT_SOURCE_DIR}/tests/wine.sh)
   endif()
   add_test(NAME ${name} COMMAND ${name})
+  set(longest 300)
+  if(KLV_SANITIZE)
+    set(longest 900)
+  endif()
   # Private folders: settings, locks and sockets are shared with no other test.
   set(private ${PROJECT_BINARY_DIR}/tests/private/${name})
   file(MAKE_DIRECTORY ${private})
   file(CHMOD ${private} PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
   set_tests_properties(${name} PROPERTIES
-    TIMEOUT 300
+    TIMEOUT ${longest}
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${private};XDG_RUNTIME_DIR=${private};LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/leaks.txt")
 endfunction()
