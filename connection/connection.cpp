@@ -261,7 +261,7 @@ void Connection::slot_connect(const QString& address)
     say([] { return tr("Connecting: reset and identification"); });
     {
         const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
-        m_session.write(resetCommand);
+        m_attempt.isReset = m_session.write(resetCommand);
     }
     m_session.log().addEvent(Exchange::Kind::Reset);
     m_session.setConnected();
@@ -343,6 +343,12 @@ void Connection::tellReady(const InstrumentIdentity& identity)
             return tr("Connected to %1 in place of %2")
                 .arg(instrumentText(name), instrumentText(before));
         });
+    if (!m_attempt.isReset) {
+        const auto words = [] {
+            return tr("The reset could not be sent: more may be on than the panel shows");
+        };
+        m_notices.say(words, Notice::About::InstrumentToo);
+    }
     emit ready();
 }
 

@@ -141,6 +141,7 @@ private:
     struct Attempt {
         bool isByItself = false; ///< not started by the user
         bool hasNews = false;    ///< devices have come or gone in the meantime
+        bool isReset = true;     ///< the library took the reset
         QString heldName;        ///< of an instrument that was left out: another copy holds it
     };
 

@@ -223,6 +223,17 @@ private slots:
         QCOMPARE(rig.status(), QString());
     }
 
+    /// Identified all the same, but with what was on before.
+    void unsentResetIsSaid()
+    {
+        (*m_demo)("fault 4 status 0xBFFF003E");
+        PanelRig rig;
+        rig.connectDevice();
+        QVERIFY(rig.isConnected());
+        QVERIFY(!m_demo->takeSent().contains("*RST\\n"));
+        QVERIFY2(rig.status().startsWith("The reset could not be sent"), qPrintable(rig.status()));
+    }
+
     void survivesAFaultAtEveryCall_data()
     {
         testColumns<QString>("fault");

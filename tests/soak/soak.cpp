@@ -292,9 +292,20 @@ private:
         return true;
     }
 
+    /// An instrument whose reset a fault has swallowed is not what the panel shows, and the panel
+    /// says so.
+    void noteReset()
+    {
+        const QString wire = m_demo("transcript");
+        const int opened = wire.lastIndexOf("open ");
+        if (opened >= 0)
+            m_isReset = wire.indexOf("> *RST", opened) >= 0;
+    }
+
     QStringList differences()
     {
-        if (!m_rig.isConnected())
+        noteReset();
+        if (!m_rig.isConnected() || !m_isReset)
             return {};
         ++m_compared;
         QStringList found;
@@ -344,6 +355,7 @@ private:
     SoakHands m_hands;
     int m_left = 0; ///< actions of this round
     int m_compared = 0;
+    bool m_isReset = true;
 };
 } // namespace
 

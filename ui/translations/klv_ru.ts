@@ -148,6 +148,10 @@
         <source>Sending the panel&apos;s settings</source>
         <translation>Передаются настройки панели</translation>
     </message>
+    <message>
+        <source>The reset could not be sent: more may be on than the panel shows</source>
+        <translation>Сброс не отправлен: включено может быть больше, чем показывает панель</translation>
+    </message>
 </context>
 <context>
     <name>ConnectionObstacle</name>
