@@ -48,6 +48,15 @@ bool isEmptyQueueReply(const QString& reply)
     const int digit = isSigned ? 1 : 0;
     return reply.size() > digit && reply.at(digit) == QLatin1Char('0');
 }
+
+/// What an entry of the error queue reports; empty where that is nothing, or an indicator.
+QString reportedText(const QString& reply)
+{
+    const int code = reply.leftRef(reply.indexOf(QLatin1Char(','))).trimmed().toInt();
+    if (isEmptyQueueReply(reply) || code == indicatorCode || code == unlockCode)
+        return {};
+    return instrumentErrorText(reply);
+}
 } // namespace
 
 /// Shows that an answer is being waited for. Whether it will take long is known from the one
@@ -91,10 +100,11 @@ public:
     Recording(const Recording&) = delete;
     Recording& operator=(const Recording&) = delete;
 
-    void ended(ViStatus status, const QString& answered = {})
+    void ended(ViStatus status, const QString& answered = {}, const QString& fault = {})
     {
         m_exchange.status = status;
         m_exchange.answered = answered;
+        m_exchange.fault = fault;
     }
 
 private:
@@ -264,8 +274,8 @@ bool ScpiSession::checkErrors()
         }
         if (isEmpty)
             break;
-        const QString text = instrumentErrorText(reply);
-        if (code.toInt() != indicatorCode && code.toInt() != unlockCode && !text.isEmpty()) {
+        const QString text = reportedText(reply);
+        if (!text.isEmpty()) {
             isClean = false;
             reportEntry(text);
         }
@@ -283,7 +293,6 @@ bool ScpiSession::checkErrors()
 
 void ScpiSession::reportEntry(const QString& text)
 {
-    m_log.blame(m_log.end() - 1, text);
     if (!m_lastCommand.isEmpty())
         m_log.blame(m_lastNumber, text);
     emit errorReported({text, m_lastCommand});
@@ -310,7 +319,7 @@ QString ScpiSession::queryMessage(const QString& command, const QByteArray& mess
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, format.data(), readFormat, reply);
     const QString text = takeReply();
-    recording.ended(m_lastStatus, text);
+    recording.ended(m_lastStatus, text, command == errorQuery ? reportedText(text) : QString());
     return text;
 }
 
