@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <memory>
 
@@ -32,6 +33,17 @@ QFileDialog* newDialog(QWidget* window, const FileQuestion& question, const File
     QObject::connect(dialog, &QObject::destroyed, window, go, Qt::QueuedConnection);
     return dialog;
 }
+
+/// A name without a suffix gets that of the type chosen in the dialog.
+void followType(QFileDialog* dialog)
+{
+    const auto follow = [dialog](const QString& filter) {
+        static const QRegularExpression suffix(QStringLiteral("\\*\\.(\\w+)"));
+        dialog->setDefaultSuffix(suffix.match(filter).captured(1));
+    };
+    follow(dialog->selectedNameFilter());
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, follow);
+}
 } // namespace
 
 void askFileToOpen(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
@@ -58,6 +70,8 @@ void askFileToSave(QWidget* window, const FileQuestion& question, const FileChos
     };
     QFileDialog* dialog = newDialog(window, question, complete);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
+    if (!question.completed)
+        followType(dialog);
     dialog->selectFile(question.proposedName);
     dialog->open();
 }

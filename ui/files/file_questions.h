@@ -16,7 +16,8 @@ struct FileQuestion {
     QString folder; ///< where the dialog opens
     QString filter; ///< of names, as QFileDialog takes it
     QString proposedName{};
-    /// Completes a path to save to as it was typed: adds the suffix.
+    /// Completes a path to save to as it was typed: adds the suffix. Without it the dialog adds
+    /// that of the chosen type.
     QString (*completed)(const QString& path) = nullptr;
 };
 
