@@ -196,7 +196,9 @@ void MainWindow::wireCwControls()
     m_cw->forgetInstrument();
     m_outputDisplay = std::make_unique<OutputDisplay>(*m_ui->Output, *m_ui->label_RF, m_session,
                                                       m_connection, *m_cw);
-    m_outputOff = std::make_unique<OutputOff>(*m_ui->Output, m_connection, m_notices);
+    m_outputOff =
+        std::make_unique<OutputOff>(*m_ui->Output, *m_outputDisplay, m_connection, m_notices);
+    connect(m_outputOff.get(), &OutputOff::offWanted, m_cw.get(), &CwControls::pushOutput);
     m_keypad->setPowerGuard(*m_powerGuard);
     connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->FREQ); });
@@ -328,6 +330,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 {
     // Hidden at once, however long the search and the instrument still take.
     hide();
+    m_log->close();
     m_powerGuard->cancel();
     m_connection.shutDown();
     QMainWindow::closeEvent(event);

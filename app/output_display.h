@@ -22,6 +22,7 @@ public:
 
     /// Whether the output is on is not known until its state is sent again.
     void doubt();
+    bool isDoubted() const { return m_isDoubted; }
 
     /// In the current language.
     void retranslate();

@@ -1,5 +1,6 @@
 #include "app/output_off.h"
 
+#include "app/output_display.h"
 #include "connection/connection.h"
 #include "link/notices.h"
 #include "ui/state_button.h"
@@ -7,8 +8,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 
-OutputOff::OutputOff(StateButton& output, const Connection& connection, Notices& notices)
-    : m_output(output), m_notices(notices)
+OutputOff::OutputOff(StateButton& output, const OutputDisplay& display,
+                     const Connection& connection, Notices& notices)
+    : m_output(output), m_display(display), m_notices(notices)
 {
     qApp->installEventFilter(this);
     connect(&output, &QAbstractButton::toggled, this, &OutputOff::followOutput);
@@ -35,11 +37,13 @@ bool OutputOff::eventFilter(QObject* watched, QEvent* event)
     // The rest of a press that has switched off must reach nothing else.
     if (event->type() == QEvent::KeyPress)
         return true;
-    if (key.isAutoRepeat() || (!m_output.isChecked() && m_isConnected))
+    if (key.isAutoRepeat() || (!m_output.isChecked() && m_isConnected && !m_display.isDoubted()))
         return QObject::eventFilter(watched, event);
     event->accept();
     if (m_output.isChecked())
         m_output.click();
+    else if (m_isConnected)
+        emit offWanted();
     else
         m_notices.sayOfInstrument(
             [] { return tr("No instrument is connected: nothing was switched off"); });

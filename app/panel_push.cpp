@@ -16,24 +16,37 @@ PanelPush::PanelPush(Connection& connection, const HandCommands& hand, OutputDis
           [] { return tr("Sets the instrument to what the panel shows, without a reset"); },
           form.centralwidget))
 {
+    constexpr int retryMs = 50;
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(retryMs);
+    connect(&m_retry, &QTimer::timeout, this, &PanelPush::push);
     form.status_layout->addWidget(m_offer);
     QWidget::setTabOrder(form.closeWindow, m_offer);
     connect(&hand, &HandCommands::panelOutdated, this, &PanelPush::offer);
     connect(m_offer, &QAbstractButton::clicked, this, &PanelPush::push);
     connect(&connection, &Connection::disconnected, m_offer, &QWidget::hide);
+    connect(&connection, &Connection::disconnected, &m_retry, &QTimer::stop);
 }
 
 void PanelPush::offer(bool isOutputTouched)
 {
     if (isOutputTouched)
         m_output.doubt();
-    m_notices.sayOfInstrument(
-        [] { return tr("The panel may no longer show what the instrument does"); });
+    // Once, and beside the error that the same command may have caused.
+    m_notices.takeBack(m_notice);
+    m_notice =
+        m_notices.say([] { return tr("The panel may no longer show what the instrument does"); },
+                      Notice::About::InstrumentToo);
     m_offer->show();
 }
 
 void PanelPush::push()
 {
+    if (HandCommands::isBusy()) {
+        m_notices.sayOfInstrument([] { return tr("Sent as soon as nothing else is going on"); });
+        m_retry.start();
+        return;
+    }
     m_offer->hide();
     // A run owns the output; it ends as before any other setting of the whole panel.
     if (m_runs.isRunning())

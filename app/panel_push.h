@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 
 class Connection;
 class HandCommands;
@@ -33,4 +34,6 @@ private:
     List& m_runs;
     Notices& m_notices;
     StatusOffer* m_offer;
+    QTimer m_retry;
+    int m_notice = 0;
 };

@@ -3,6 +3,8 @@
 #include <QKeyEvent>
 #include <QSettings>
 
+#include <limits>
+
 namespace
 {
 constexpr int mostRemembered = 100;
@@ -14,7 +16,8 @@ CommandEntry::CommandEntry(QSettings& settings, QWidget* parent)
       m_place(m_history.size())
 {
     setObjectName(QStringLiteral("log_send"));
-    setMaxLength(mostCharacters);
+    // What is too long is refused whole when it is sent; a paste cut short would be sent cut short.
+    setMaxLength(std::numeric_limits<int>::max());
 }
 
 void CommandEntry::remember(const QString& command)

@@ -12,11 +12,6 @@ namespace
 {
 constexpr int retryMs = 50;
 
-bool isBusy()
-{
-    return pauses().running > 0 || !Activities::global().texts().isEmpty();
-}
-
 /// OUTPut or *RST, in any form and case, in any of the commands of a message.
 bool touchesOutput(const QString& command)
 {
@@ -39,6 +34,11 @@ HandCommands::HandCommands(ScpiSession& session, QObject* parent)
     m_retry.setSingleShot(true);
     m_retry.setInterval(retryMs);
     connect(&m_retry, &QTimer::timeout, this, &HandCommands::sendNext);
+}
+
+bool HandCommands::isBusy()
+{
+    return pauses().running > 0 || !Activities::global().texts().isEmpty();
 }
 
 bool HandCommands::send(const QString& text)
@@ -64,19 +64,20 @@ bool HandCommands::isSendable(const QString& command)
         emit refused([] { return tr("Not sent: the command is too long"); });
         return false;
     }
-    for (const QChar character : command) {
-        const bool isPlain = character.unicode() < 0x7f &&
-                             (character >= QLatin1Char(' ') || character == QLatin1Char('\t'));
-        if (isPlain)
-            continue;
-        emit refused([character] {
-            return tr("Not sent: \"%1\" (U+%2) is not an ASCII character")
-                .arg(character)
-                .arg(character.unicode(), 4, 16, QLatin1Char('0'));
-        });
-        return false;
-    }
-    return true;
+    const QVector<uint> characters = command.toUcs4();
+    const auto wrong = std::find_if(characters.begin(), characters.end(), [](uint each) {
+        return (each < ' ' && each != '\t') || each >= 0x7f;
+    });
+    if (wrong == characters.end())
+        return true;
+    emit refused([character = *wrong] {
+        const QString code =
+            QString::number(character, 16).toUpper().rightJustified(4, QLatin1Char('0'));
+        return character <= 0x7f ? tr("Not sent: it holds a control character (U+%1)").arg(code)
+                                 : tr("Not sent: \"%1\" (U+%2) is not an ASCII character")
+                                       .arg(QString::fromUcs4(&character, 1), code);
+    });
+    return false;
 }
 
 void HandCommands::sendNext()
@@ -93,13 +94,17 @@ void HandCommands::sendNext()
             return;
         }
         const QString command = m_pending.takeFirst();
+        const WireLog& log = m_session.log();
+        const WireLog::Number number = log.end();
         if (command.contains(QLatin1Char('?')))
             m_session.query(command);
         else
             m_session.write(command);
         m_session.checkErrors();
-        emit sent();
-        if (!onlyAsks(command))
+        if (number >= log.first())
+            emit sent(log.at(number));
+        // A connection that was lost by it is not the panel's any more.
+        if (m_session.isConnected() && !onlyAsks(command))
             emit panelOutdated(touchesOutput(command));
     }
 }

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 class ScpiSession;
+struct Exchange;
 
 /// Sends commands typed by the user as they stand, each followed by a reading of the error queue.
 /// Waits for its turn: nothing is sent between the commands of a sequence.
@@ -21,11 +22,15 @@ public:
     /// sent; refused() has said why.
     bool send(const QString& text);
 
+    /// Something else is going on, and its commands are not to be interrupted.
+    static bool isBusy();
+
 signals:
     void refused(const StatusWords& reason);
     /// Something else has to end first.
     void waiting();
-    void sent();
+    /// `exchange`: what it was and what came of it.
+    void sent(const Exchange& exchange);
     /// A setting was changed behind the panel's back. `isOutputTouched`: perhaps the RF output.
     void panelOutdated(bool isOutputTouched);
 

@@ -18,8 +18,15 @@ LogFile::LogFile(const QString& path, const WireLog& log, Notices& notices, QObj
 void LogFile::write(const Exchange& exchange)
 {
     const QByteArray line = logLine(exchange).toUtf8() + '\n';
-    if (m_file.write(line) == line.size())
-        return;
+    // What did not go in at once is tried again: only then is the reason known.
+    for (qint64 done = 0;;) {
+        const qint64 written = m_file.write(line.constData() + done, line.size() - done);
+        done += written;
+        if (done == line.size())
+            return;
+        if (written <= 0)
+            break;
+    }
     const QString path = m_file.fileName();
     const QString reason = m_file.errorString();
     m_notices.say(

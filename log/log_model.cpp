@@ -6,12 +6,27 @@
 #include <QIcon>
 
 #include <algorithm>
+#include <numeric>
 
 namespace
 {
 constexpr int takeIntervalMs = 100;
 /// A list's block is far longer; more would only be cut by the column.
 constexpr int mostShown = 300;
+
+/// As wide as one, so that all words begin at the same place.
+QIcon noIcon()
+{
+    constexpr int size = 16;
+    QPixmap empty(size, size);
+    empty.fill(Qt::transparent);
+    return empty;
+}
+
+int alignmentOf(int column)
+{
+    return int(Qt::AlignVCenter | (column == LogModel::Duration ? Qt::AlignRight : Qt::AlignLeft));
+}
 } // namespace
 
 LogModel::LogModel(const WireLog& log, QObject* parent) : QAbstractTableModel(parent), m_log(log)
@@ -48,29 +63,33 @@ std::vector<Exchange> LogModel::exchanges(const std::vector<int>& rows) const
 {
     std::vector<Exchange> found;
     found.reserve(rows.size());
-    for (const int row : rows)
-        found.push_back(exchange(row));
+    for (const int row : rows) {
+        const WireLog::Number number = m_rows[static_cast<std::size_t>(row)];
+        if (number >= m_log.first())
+            found.push_back(m_log.at(number));
+    }
     return found;
 }
 
 std::vector<Exchange> LogModel::exchanges() const
 {
-    std::vector<Exchange> all;
-    all.reserve(m_rows.size());
-    for (int row = 0; row < rowCount(); ++row)
-        all.push_back(exchange(row));
-    return all;
+    std::vector<int> rows(m_rows.size());
+    std::iota(rows.begin(), rows.end(), 0);
+    return exchanges(rows);
 }
 
 void LogModel::schedule()
 {
-    if (m_isFollowed && !m_timer.isActive())
+    const bool hasDropped = !m_rows.empty() && m_rows.front() < m_log.first();
+    if ((m_isFollowed || hasDropped) && !m_timer.isActive())
         m_timer.start();
 }
 
 void LogModel::takeNew()
 {
     leaveOutDropped();
+    if (!m_isFollowed)
+        return;
     std::vector<WireLog::Number> accepted;
     for (m_next = std::max(m_next, m_log.first()); m_next < m_log.end(); ++m_next) {
         if (m_filter.accepts(m_log.at(m_next)))
@@ -159,12 +178,11 @@ QVariant LogModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return neverRich(text(line, index.column()).left(mostShown));
     case Qt::TextAlignmentRole:
-        return int(Qt::AlignVCenter |
-                   (index.column() == Duration ? Qt::AlignRight : Qt::AlignLeft));
+        return alignmentOf(index.column());
     case Qt::DecorationRole:
-        if (index.column() == Status && line.hasFailed())
-            return QIcon(QStringLiteral(":/images/invalid.png"));
-        return {};
+        if (index.column() != Status)
+            return {};
+        return line.hasFailed() ? QIcon(QStringLiteral(":/images/invalid.png")) : noIcon();
     case FailedRole:
         return line.hasFailed();
     case EventRole:
@@ -176,6 +194,8 @@ QVariant LogModel::data(const QModelIndex& index, int role) const
 
 QVariant LogModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return alignmentOf(section);
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     return columnTitles().value(section);

@@ -94,16 +94,29 @@ LogTable::LogTable(LogModel& model, QWidget* parent)
 
     m_copy->setShortcut(QKeySequence::Copy);
     m_copy->setShortcutContext(Qt::WidgetShortcut);
-    const auto noteEnd = [this] {
-        m_isAtEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
-    };
-    const auto stayAtEnd = [this] {
+    keepPlace();
+}
+
+/// Whatever changes the range of the scroll bar: only the user leaves the end.
+void LogTable::keepPlace()
+{
+    QScrollBar* bar = verticalScrollBar();
+    connect(bar, &QScrollBar::valueChanged, this,
+            [this, bar](int value) { m_isAtEnd = value == bar->maximum(); });
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int end) {
         if (m_isAtEnd)
-            scrollToBottom();
-    };
-    connect(&model, &QAbstractItemModel::rowsAboutToBeInserted, this, noteEnd);
-    connect(&model, &QAbstractItemModel::rowsInserted, this, stayAtEnd);
-    connect(&model, &QAbstractItemModel::modelReset, this, &QAbstractItemView::scrollToBottom);
+            bar->setValue(end);
+    });
+    connect(&m_model, &QAbstractItemModel::modelReset, this, [this] {
+        m_isAtEnd = true;
+        scrollToBottom();
+    });
+    // Rows go at the front; those being read stay where they are.
+    connect(&m_model, &QAbstractItemModel::rowsAboutToBeRemoved, this,
+            [this, bar](const QModelIndex&, int first, int last) {
+                if (!m_isAtEnd)
+                    bar->setValue(bar->value() - (last - first + 1));
+            });
 }
 
 QAction* LogTable::addCopy(Format format)

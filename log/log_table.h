@@ -35,6 +35,7 @@ private:
     using Format = QString (*)(const std::vector<Exchange>&);
 
     QAction* addCopy(Format format);
+    void keepPlace();
 
     LogModel& m_model;
     QColor m_failureColour;

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
+#include <algorithm>
+
 namespace
 {
 constexpr double usPerMs = 1000.0;
@@ -33,6 +35,16 @@ QStringList columns(const Exchange& exchange)
             durationText(exchange), statusText(exchange)};
 }
 
+/// A spreadsheet would compute what begins like a formula.
+QString asText(const QString& text)
+{
+    static const QString formulas = QStringLiteral("=@+-");
+    bool isNumber = false;
+    text.toDouble(&isNumber);
+    const bool isFormula = !text.isEmpty() && formulas.contains(text.at(0)) && !isNumber;
+    return isFormula ? QLatin1Char('\'') + text : text;
+}
+
 QString quoted(const QString& text)
 {
     return QLatin1Char('"') + QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"")) +
@@ -43,7 +55,7 @@ QString valuesLine(const QStringList& texts)
 {
     QStringList cells;
     for (const QString& text : texts)
-        cells << quoted(text);
+        cells << quoted(asText(text));
     return cells.join(QLatin1Char(',')) + QLatin1String("\r\n");
 }
 } // namespace
@@ -111,6 +123,19 @@ QString statusText(const Exchange& exchange)
     return exchange.isEvent() ? QString() : Words::tr("ok");
 }
 
+QString outcomeText(const Exchange& exchange)
+{
+    constexpr int most = 80;
+    const auto cut = [](const QString& text) {
+        return text.size() <= most ? text : text.left(most) + QChar(0x2026);
+    };
+    QStringList outcome = {cut(sentText(exchange)) + QLatin1Char(':')};
+    if (!exchange.answered.isEmpty())
+        outcome << cut(inOneLine(exchange.answered));
+    outcome << QLatin1Char('(') + cut(statusText(exchange)) + QLatin1Char(')');
+    return outcome.join(QLatin1Char(' '));
+}
+
 QString logLine(const Exchange& exchange)
 {
     return columns(exchange).join(QLatin1Char('\t'));
@@ -126,8 +151,11 @@ QByteArray logLines(const std::vector<Exchange>& exchanges)
 
 QByteArray logValues(const std::vector<Exchange>& exchanges)
 {
-    QByteArray text = valuesLine(columnTitles()).toUtf8();
+    QString text = valuesLine(columnTitles());
     for (const Exchange& exchange : exchanges)
-        text += valuesLine(columns(exchange)).toUtf8();
-    return text;
+        text += valuesLine(columns(exchange));
+    // Without the mark, spreadsheets take UTF-8 for the code page of the system.
+    const bool isPlain =
+        std::all_of(text.cbegin(), text.cend(), [](QChar each) { return each.unicode() < 0x80; });
+    return (isPlain ? QByteArray() : QByteArray("\xEF\xBB\xBF")) + text.toUtf8();
 }

@@ -26,6 +26,9 @@ QString durationText(const Exchange& exchange);
 /// What the error queue said, or the VISA status where it is a failure; empty for an event.
 QString statusText(const Exchange& exchange);
 
+/// What came of a command, cut to some 250 characters: "FREQ?: 2450000000 (ok)".
+QString outcomeText(const Exchange& exchange);
+
 /// Time, sent, answered, duration and status, with a tab between.
 QString logLine(const Exchange& exchange);
 

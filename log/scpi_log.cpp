@@ -13,7 +13,6 @@
 #include "ui/window_chrome.h"
 
 #include <QDateTime>
-#include <QFileInfo>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -35,12 +34,6 @@ constexpr QSize leastSize{720, 360};
 const QString geometryKey = QStringLiteral("Log/geometry");
 const QString csvSuffix = QStringLiteral(".csv");
 const QString scriptSuffix = QStringLiteral(".py");
-const QString textSuffix = QStringLiteral(".txt");
-
-QString completed(const QString& path)
-{
-    return QFileInfo(path).suffix().isEmpty() ? path + textSuffix : path;
-}
 } // namespace
 
 ScpiLog::ScpiLog(ScpiSession& session, QSettings& settings, QWidget* parent)
@@ -63,14 +56,22 @@ ScpiLog::ScpiLog(ScpiSession& session, QSettings& settings, QWidget* parent)
     rows->addWidget(makeTools());
     rows->addWidget(m_table, 1);
     rows->addWidget(makeFoot());
+    // As it is read, the way out last.
+    setTabOrder(m_save, m_table);
+    setTabOrder(m_table, m_entry);
+    setTabOrder(m_entry, m_close);
     setMinimumSize(leastSize);
     if (!restoreGeometry(m_settings.value(geometryKey).toByteArray()))
         resize(firstSize);
 
-    connect(m_hand, &HandCommands::refused, this, &ScpiLog::say);
-    connect(m_hand, &HandCommands::sent, this, [this] { say({}); });
+    connect(m_hand, &HandCommands::refused, this,
+            [this](const StatusWords& reason) { say(reason, true); });
+    connect(m_hand, &HandCommands::sent, this, [this](const Exchange& exchange) {
+        say([exchange] { return outcomeText(exchange); }, exchange.hasFailed());
+    });
     connect(m_hand, &HandCommands::waiting, this,
             [this] { say([] { return tr("Sent as soon as nothing else is going on"); }); });
+    connect(&m_model, &QAbstractItemModel::rowsInserted, this, &ScpiLog::showDropped);
     connect(&m_model, &QAbstractItemModel::rowsRemoved, this, &ScpiLog::showDropped);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &ScpiLog::showDropped);
     retranslate();
@@ -142,6 +143,8 @@ QWidget* ScpiLog::makeFoot()
     m_note = new QLabel(foot);
     m_note->setObjectName(QStringLiteral("log_note"));
     m_note->setTextFormat(Qt::PlainText);
+    // A long text is cut; it does not widen the window.
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_dropped = new QLabel(foot);
     m_dropped->setObjectName(QStringLiteral("log_dropped"));
     auto* grip = new QSizeGrip(foot);
@@ -183,7 +186,8 @@ void ScpiLog::filter()
     filter.showFailuresOnly(m_errors->isChecked());
     filter.showPolling(m_polls->isChecked());
     m_model.setFilter(filter);
-    say(isFound ? StatusWords() : [] { return tr("Not a regular expression yet"); });
+    say(
+        isFound ? StatusWords() : [] { return tr("Not a regular expression yet"); }, !isFound);
 }
 
 void ScpiLog::follow()
@@ -206,7 +210,7 @@ void ScpiLog::save()
     askFileToSave(this,
                   {tr("Save the log"), madeUserFolder(),
                    tr("Text (*.txt);;Spreadsheet (*.csv);;Python script for PyVISA (*.py)"),
-                   tr("SCPI log %1").arg(stamp), completed},
+                   tr("SCPI log %1").arg(stamp)},
                   [this](const QString& path) { write(path); });
 }
 
@@ -230,9 +234,10 @@ void ScpiLog::write(const QString& path)
         emit errorMessage(tr("%1 could not be saved: %2").arg(path, outcome.detail()));
 }
 
-void ScpiLog::say(const StatusWords& words)
+void ScpiLog::say(const StatusWords& words, bool isWarning)
 {
     m_words = words;
+    m_note->setProperty("warning", isWarning);
     m_note->setText(words ? words() : QString());
 }
 
@@ -269,7 +274,7 @@ void ScpiLog::retranslate()
              tr("Sends the command as it stands (Enter). One with a question mark is asked, and "
                 "its answer shown. Up and Down: commands entered before."));
     m_table->retranslate();
-    say(m_words);
+    say(m_words, m_note->property("warning").toBool());
     showDropped();
 }
 

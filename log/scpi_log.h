@@ -50,7 +50,7 @@ private:
     void send();
     void save();
     void write(const QString& path);
-    void say(const StatusWords& words);
+    void say(const StatusWords& words, bool isWarning = false);
     void showDropped();
     void retranslate();
 

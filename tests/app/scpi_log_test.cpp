@@ -1,7 +1,9 @@
 #include "link/pause.h"
+#include "link/scpi_session.h"
 #include "log/log_model.h"
 #include "log/log_text.h"
 #include "log/python_script.h"
+#include "log/scpi_log.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "ui/files/whole_file.h"
@@ -9,9 +11,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTableView>
 
 #include <algorithm>
@@ -79,7 +84,8 @@ class ScpiLogTest : public PanelTest
 
     void send(const QString& text)
     {
-        get<QLineEdit>("log_send").setText(text);
+        QApplication::clipboard()->setText(text);
+        get<QLineEdit>("log_send").paste();
         QTest::keyClick(&get("log_send"), Qt::Key_Return);
     }
 
@@ -159,37 +165,103 @@ private slots:
         QVERIFY(model.data(model.index(0, LogModel::Answered), Qt::DisplayRole).toString().size() <
                 1000);
         QVERIFY(logLines({model.exchange(0)}).size() > characters);
+        // A spreadsheet computes nothing, and takes the text for what it is.
+        QVERIFY(logValues({exchangeOf("=1+1", "-7")}).contains(",\"'=1+1\",\"-7\","));
+        QVERIFY(logValues({exchangeOf("\u041C")}).startsWith("\xEF\xBB\xBF"));
+    }
+
+    void viewKeepsItsPlace()
+    {
+        VisaLibrary visa;
+        ScpiSession session(visa);
+        WireLog& log = session.log();
+        const auto record = [&log](int count) {
+            for (int i = 0; i < count; ++i)
+                log.add(exchangeOf(QString::number(log.end())));
+        };
+        constexpr int most = int(WireLog::mostExchanges);
+        record(most + 1);
+        ScpiLog window(session, m_settings, nullptr);
+        window.open();
+        // What was dropped before it was opened is said as well.
+        QVERIFY(!window.findChild<QLabel*>("log_dropped")->text().isEmpty());
+        auto& table = *window.findChild<QTableView*>("table_log");
+        QScrollBar& bar = *table.verticalScrollBar();
+        const auto topmost = [&] { return table.indexAt({}).siblingAtColumn(1).data(); };
+        window.resize(window.minimumSize());
+        QCoreApplication::processEvents();
+        record(5);
+        QTRY_COMPARE(table.model()->index(most - 1, 1).data(), QVariant(QString::number(most + 5)));
+        QCOMPARE(bar.value(), bar.maximum());
+        bar.setValue(bar.maximum() - 2);
+        const QVariant read = topmost();
+        record(20);
+        QTRY_COMPARE(table.model()->index(most - 1, 1).data(),
+                     QVariant(QString::number(most + 25)));
+        QCOMPARE(topmost(), read);
+        // Held rows that are no more are not shown as something else.
+        window.findChild<QPushButton*>("log_pause")->click();
+        record(most - 1);
+        QTRY_COMPARE(table.model()->rowCount(), 1);
+    }
+
+    void lostByHand()
+    {
+        open();
+        (*m_demo)("fault 2 status 0xBFFF00A6");
+        send("OUTP ON");
+        QVERIFY(!m_rig->isConnected());
+        QVERIFY(!get("log_push").isVisible());
+        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
+        m_rig->window().close();
+        // The log's window goes with the program's, and its place is kept.
+        QVERIFY(!get("ScpiLog").isVisible());
+        QVERIFY(m_settings.contains("Log/geometry"));
     }
 
     void byHand_data()
     {
-        testColumns<QString, QStringList, bool, QString>("text", "sent", "offersPush", "lamp");
-        testRow("query", "FREQ?", QStringList("FREQ?\\n"), false, "RF");
-        testRow("setting", "  POW 1", QStringList("  POW 1\\n"), true, "RF");
-        testRow("percent", "FREQ %d", QStringList("FREQ %d\\n"), true, "RF");
-        testRow("output", "outp on", QStringList("outp on\\n"), true, "?");
+        testColumns<QString, QStringList, bool, QString, QString>("text", "sent", "offersPush",
+                                                                  "lamp", "note");
+        testRow("query", "FREQ?", QStringList("FREQ?\\n"), false, "RF", "FREQ?: 1000000000 (ok)");
+        testRow("setting", "  POW 1", QStringList("  POW 1\\n"), true, "RF", "  POW 1: (ok)");
+        testRow("percent", "FREQ %d", QStringList("FREQ %d\\n"), true, "RF",
+                "FREQ %d: (-104, Data type error)");
+        testRow("output", "outp on", QStringList("outp on\\n"), true, "?", "outp on: (ok)");
         testRow("set and asked", "FREQ 1e9;:OUTPut 1;OUTP?",
-                QStringList("FREQ 1e9;:OUTPut 1;OUTP?\\n"), true, "?");
-        testRow("reset", " *rst", QStringList(" *rst\\n"), true, "?");
-        testRow("two lines", "POW?\nFREQ?", QStringList({"POW?\\n", "FREQ?\\n"}), false, "RF");
-        testRow("not ASCII", "FREQ 1 \u041C\u0413\u0446", QStringList(), false, "RF");
-        testRow("escape", "FREQ\x1b?", QStringList(), false, "RF");
+                QStringList("FREQ 1e9;:OUTPut 1;OUTP?\\n"), true, "?",
+                "FREQ 1e9;:OUTPut 1;OUTP?: 1 (ok)");
+        testRow("reset", " *rst", QStringList(" *rst\\n"), true, "?", " *rst: (ok)");
+        testRow("two lines", "POW?\nFREQ?", QStringList({"POW?\\n", "FREQ?\\n"}), false, "RF",
+                "FREQ?: 1000000000 (ok)");
+        testRow("not ASCII", "FREQ 1 \u041C\u0413\u0446", QStringList(), false, "RF",
+                "Not sent: \"\u041C\" (U+041C) is not an ASCII character");
+        testRow("not in 16 bits", "\U0001F600", QStringList(), false, "RF",
+                "Not sent: \"\U0001F600\" (U+1F600) is not an ASCII character");
+        testRow("escape", "FREQ\x1b?", QStringList(), false, "RF",
+                "Not sent: it holds a control character (U+001B)");
+        testRow("too long", QString(4097, 'A'), QStringList(), false, "RF",
+                "Not sent: the command is too long");
     }
 
     void byHand()
     {
         QFETCH(QString, text);
         QFETCH(QStringList, sent);
+        QFETCH(QString, lamp);
         open();
         send(text);
         QStringList commands = m_demo->takeSent();
         commands.removeAll("SYSTem:ERRor?\\n");
         QCOMPARE(commands, sent);
         QTEST(get("log_push").isVisible(), "offersPush");
-        QTEST(get<QLabel>("label_RF").text(), "lamp");
+        QCOMPARE(get<QLabel>("label_RF").text(), lamp);
         // What was refused stays to be mended.
         QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());
-        QCOMPARE(get<QLabel>("log_note").text().isEmpty(), !sent.isEmpty());
+        QTEST(get<QLabel>("log_note").text(), "note");
+        QTest::keyClick(get("ScpiLog").windowHandle(), Qt::Key_R, Qt::ControlModifier);
+        // In doubt the key switches off, though the button is released.
+        QCOMPARE(m_demo->takeSent().contains("OUTPut OFF\\n"), lamp == "?");
         m_rig->click("connect");
         QVERIFY(!get("log_push").isVisible());
         QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
@@ -214,17 +286,21 @@ private slots:
     void commandWaitsForTheEndOfASequence()
     {
         open();
+        send("POW 1");
+        m_demo->takeSent();
         bool wasWaiting = false;
         QTimer::singleShot(0, this, [&] {
             send("FREQ?");
-            wasWaiting = !get<QLabel>("log_note").text().isEmpty();
-            QVERIFY(!m_demo->takeSent().contains("FREQ?\\n"));
+            wasWaiting = get<QLabel>("log_note").text().startsWith("Sent as soon as");
+            m_rig->click("log_push");
+            QCOMPARE(m_demo->takeSent(), QStringList());
         });
         pauses().share = 1.0;
         pause(60);
         QVERIFY(wasWaiting);
         QStringList sent;
         QTRY_VERIFY((sent += m_demo->takeSent()).contains("FREQ?\\n"));
+        QTRY_VERIFY((sent += m_demo->takeSent()).contains("POW 0.000000;POW?\\n"));
         QTest::keyClick(&get("log_send"), Qt::Key_Up);
         QCOMPARE(get<QLineEdit>("log_send").text(), QString("FREQ?"));
     }
@@ -235,7 +311,9 @@ private slots:
         options.logPath = m_home.filePath("wire.log");
         m_rig = std::make_unique<PanelRig>(options);
         m_rig->connectDevice();
+        send("FREQ:START 99999999999");
         const QByteArray written = readWholeFile(options.logPath, 1 << 20).bytes;
+        QVERIFY(written.contains("\t-222, Data out of range\n"));
         QVERIFY(written.contains("\tOUTPut OFF\t\t"));
         QVERIFY(written.contains("\tFREQ 1000000000.000000 Hz;FREQ?\t1000000000\t"));
         m_rig.reset();
@@ -246,6 +324,19 @@ private slots:
         QVERIFY2(m_rig->status().contains("No log is written"), qPrintable(m_rig->status()));
         m_rig->connectDevice();
         QVERIFY2(m_rig->isConnected(), qPrintable(m_rig->status()));
+    }
+
+    void savedAsTheChosenType()
+    {
+        open();
+        toggle("log_save");
+        auto* dialog = get("ScpiLog").findChild<QFileDialog*>();
+        QVERIFY(dialog);
+        QTest::keyClick(dialog->findChild<QComboBox*>("fileTypeCombo"), Qt::Key_End);
+        QTest::keyClick(dialog, Qt::Key_Return);
+        const auto note = [this] { return get<QLabel>("log_note").text(); };
+        QTRY_VERIFY2(note().endsWith(".py"), qPrintable(note()));
+        QVERIFY(bytesOf(note().mid(note().indexOf('/'))).startsWith("#!"));
     }
 
     void scriptSendsTheSame()

@@ -463,6 +463,10 @@
         <translation>Не отправлено: команда слишком длинная</translation>
     </message>
     <message>
+        <source>Not sent: it holds a control character (U+%1)</source>
+        <translation>Не отправлено: в команде управляющий символ (U+%1)</translation>
+    </message>
+    <message>
         <source>Not sent: &quot;%1&quot; (U+%2) is not an ASCII character</source>
         <translation>Не отправлено: «%1» (U+%2) не входит в ASCII</translation>
     </message>
@@ -1468,6 +1472,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Sets the instrument to what the panel shows, without a reset</source>
         <translation>Настраивает прибор так, как показывает панель, без сброса</translation>
+    </message>
+    <message>
+        <source>Sent as soon as nothing else is going on</source>
+        <translation>Будет отправлено, когда закончится текущее действие</translation>
     </message>
     <message>
         <source>The panel may no longer show what the instrument does</source>
