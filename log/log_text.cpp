@@ -130,8 +130,9 @@ QString outcomeText(const Exchange& exchange)
         return text.size() <= most ? text : text.left(most) + QChar(0x2026);
     };
     QStringList outcome = {cut(sentText(exchange)) + QLatin1Char(':')};
-    if (!exchange.answered.isEmpty())
-        outcome << cut(inOneLine(exchange.answered));
+    const QString answer = inOneLine(exchange.answered);
+    if (!answer.isEmpty())
+        outcome << cut(answer);
     outcome << QLatin1Char('(') + cut(statusText(exchange)) + QLatin1Char(')');
     return outcome.join(QLatin1Char(' '));
 }

@@ -205,6 +205,28 @@ private slots:
         QTRY_COMPARE(table.model()->rowCount(), 1);
     }
 
+    void hostileAnswers_data()
+    {
+        testColumns<QString, QString>("fault", "note");
+        testRow("NULs", "fault 1 reply \\x00\\x00\\n", "FREQ?: (ok)");
+        testRow("line ends", "fault 1 reply \\n\\n\\n", "FREQ?: (-410, Query INTERRUPTED)");
+        testRow("64 kB", "fault 1 length 65000", "FREQ?: " + QString(80, 'A') + "\u2026 (ok)");
+        testRow("none", "fault 1 status 0xBFFF0015", "FREQ?: (no answer)");
+    }
+
+    void hostileAnswers()
+    {
+        QFETCH(QString, fault);
+        open();
+        const int width = get("ScpiLog").width();
+        (*m_demo)(fault);
+        send("FREQ?");
+        QTEST(get<QLabel>("log_note").text(), "note");
+        QTRY_VERIFY(sentRows().contains("FREQ?"));
+        QCOMPARE(get("ScpiLog").width(), width);
+        QVERIFY(m_rig->isConnected());
+    }
+
     void lostByHand()
     {
         open();
