@@ -180,8 +180,8 @@ private slots:
                 log.add(exchangeOf(QString::number(log.end())));
         };
         constexpr int most = int(WireLog::mostExchanges);
-        record(most + 1);
         ScpiLog window(session, m_settings, nullptr);
+        record(most + 1);
         window.open();
         // What was dropped before it was opened is said as well.
         QVERIFY(!window.findChild<QLabel*>("log_dropped")->text().isEmpty());
