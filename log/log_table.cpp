@@ -20,9 +20,9 @@ namespace
 {
 constexpr int lineHeight = 22;
 constexpr int timeWidth = 104;
-constexpr int sentWidth = 300;
-constexpr int answeredWidth = 190;
+constexpr int answeredWidth = 140;
 constexpr int durationWidth = 64;
+constexpr int statusWidth = 200;
 
 /// Failures and events in colours of their own, also where they are selected.
 class LineDelegate : public QStyledItemDelegate
@@ -85,12 +85,14 @@ LogTable::LogTable(LogModel& model, QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(lineHeight);
-    horizontalHeader()->setStretchLastSection(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    int column = 0;
-    for (const int width : {timeWidth, sentWidth, answeredWidth, durationWidth})
-        setColumnWidth(column++, width);
+    // In a small window too, what failed is seen without scrolling.
+    horizontalHeader()->setSectionResizeMode(LogModel::Sent, QHeaderView::Stretch);
+    setColumnWidth(LogModel::Time, timeWidth);
+    setColumnWidth(LogModel::Answered, answeredWidth);
+    setColumnWidth(LogModel::Duration, durationWidth);
+    setColumnWidth(LogModel::Status, statusWidth);
 
     m_copy->setShortcut(QKeySequence::Copy);
     m_copy->setShortcutContext(Qt::WidgetShortcut);

@@ -193,6 +193,7 @@ private slots:
         record(5);
         QTRY_COMPARE(table.model()->index(most - 1, 1).data(), QVariant(QString::number(most + 5)));
         QCOMPARE(bar.value(), bar.maximum());
+        QCOMPARE(table.horizontalScrollBar()->maximum(), 0);
         bar.setValue(bar.maximum() - 2);
         const QVariant read = topmost();
         record(20);
