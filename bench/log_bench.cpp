@@ -14,7 +14,7 @@ namespace
 constexpr int turns = 100;
 constexpr int calls = 1000;
 
-void record(WireLog& log)
+void record(ExchangeLog& log)
 {
     static const QString sent = QStringLiteral("FREQ 2450000000.000000 Hz;FREQ?");
     static const QString answered = QStringLiteral("2450000000\n");
@@ -32,11 +32,13 @@ void record(WireLog& log)
 int main(int argc, char* argv[])
 {
     QCoreApplication application(argc, argv);
-    WireLog closed;
-    WireLog watched;
+    ExchangeLog closed;
+    ExchangeLog watched;
     LogModel model(watched);
     model.follow(true);
-    const auto batch = [](WireLog& log) { return microsecondsOf(calls, [&log] { record(log); }); };
+    const auto batch = [](ExchangeLog& log) {
+        return microsecondsOf(calls, [&log] { record(log); });
+    };
     const Comparison cost = comparedInTurns(
         turns, [&] { return batch(watched); }, [&] { return batch(closed); });
     std::printf("log, an exchange, closed:     %7.3f us  (aim 0.5)\n", cost.bareUs);

@@ -126,7 +126,7 @@ void Connection::handBack(State rest)
 {
     bool isReset = true;
     if (m_session.isConnected()) {
-        const WireLog::As handingBack(m_session.log(), Exchange::Kind::HandBack);
+        const ExchangeLog::As handingBack(m_session.log(), Exchange::Kind::HandBack);
         // The reset switches the output off.
         isReset = m_session.write(resetCommand);
         m_session.write(massStorageOnCommand);
@@ -260,7 +260,7 @@ void Connection::slot_connect(const QString& address)
 
     say([] { return tr("Connecting: reset and identification"); });
     {
-        const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+        const ExchangeLog::As identification(m_session.log(), Exchange::Kind::Identification);
         m_attempt.isReset = m_session.write(resetCommand);
     }
     m_session.log().addEvent(Exchange::Kind::Reset);
@@ -294,7 +294,7 @@ void Connection::slot_connect(const QString& address)
 /// watch connects it then.
 bool Connection::leavesMassStorageMode()
 {
-    const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+    const ExchangeLog::As identification(m_session.log(), Exchange::Kind::Identification);
     if (m_session.read(massStorageQuery).remove(QLatin1Char('\n')) != massStorageOn)
         return false;
     m_session.write(massStorageOffCommand);
@@ -307,7 +307,7 @@ void Connection::pushPanel()
     enter(State::SettingUp, [] { return tr("Setting up the instrument: its limits"); });
     m_pollTimer.start();
     {
-        const WireLog::As identification(m_session.log(), Exchange::Kind::Identification);
+        const ExchangeLog::As identification(m_session.log(), Exchange::Kind::Identification);
         m_limits.readLimits(m_session);
     }
     pushSteps();

@@ -32,7 +32,7 @@ QString InstrumentIdentity::title() const
 Identification identifyInstrument(ScpiSession& session, const QStringList& allowedSerials)
 {
     static const QRegularExpression pattern(QStringLiteral("[ \\w ]*,[ \\w ]*,[ \\w ]*"));
-    const WireLog::As identification(session.log(), Exchange::Kind::Identification);
+    const ExchangeLog::As identification(session.log(), Exchange::Kind::Identification);
     Identification found;
     const auto failed = [&found](const StatusWords& fault) {
         found.fault = fault;

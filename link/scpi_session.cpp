@@ -254,7 +254,7 @@ bool ScpiSession::checkErrors()
     bool seen329 = false;
     bool seen328 = false;
     const QByteArray message = asFormat(errorQuery);
-    const WireLog::As polling(m_log, Exchange::Kind::Polling);
+    const ExchangeLog::As polling(m_log, Exchange::Kind::Polling);
     QElapsedTimer drain;
     drain.start();
     for (int round = 1;; ++round) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "link/activity.h"
+#include "link/exchange_log.h"
 #include "link/instrument_error.h"
 #include "link/visa_library.h"
-#include "link/wire_log.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -43,7 +43,7 @@ public:
     void close();
 
     /// Everything that is sent through this session.
-    WireLog& log() { return m_log; }
+    ExchangeLog& log() { return m_log; }
 
     bool isConnected() const { return m_connected; }
     void setConnected() { m_connected = true; }
@@ -123,8 +123,8 @@ private:
     bool m_connected = false;
     qint64 m_lastAnswerMs = 0;
     std::vector<char> m_reply;
-    WireLog m_log;
-    WireLog::Number m_lastNumber = 0; ///< of the last command, in the log
+    ExchangeLog m_log;
+    ExchangeLog::Number m_lastNumber = 0; ///< of the last command, in the log
     QString m_lastCommand; ///< of what was sent since the error queue was read, if anything was
     bool m_isQueueRead = true;
 };

@@ -94,8 +94,8 @@ void HandCommands::sendNext()
             return;
         }
         const QString command = m_pending.takeFirst();
-        const WireLog& log = m_session.log();
-        const WireLog::Number number = log.end();
+        const ExchangeLog& log = m_session.log();
+        const ExchangeLog::Number number = log.end();
         if (command.contains(QLatin1Char('?')))
             m_session.query(command);
         else

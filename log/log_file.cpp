@@ -4,7 +4,7 @@
 #include "log/log_text.h"
 #include "ui/files/whole_file.h"
 
-LogFile::LogFile(const QString& path, const WireLog& log, Notices& notices, QObject* parent)
+LogFile::LogFile(const QString& path, const ExchangeLog& log, Notices& notices, QObject* parent)
     : QObject(parent), m_file(path), m_notices(notices)
 {
     const FileOutcome opened = openToAppend(m_file);
@@ -12,7 +12,7 @@ LogFile::LogFile(const QString& path, const WireLog& log, Notices& notices, QObj
         notices.say([opened] { return tr("No log is written: %1").arg(opened.detail()); });
         return;
     }
-    connect(&log, &WireLog::added, this, &LogFile::write);
+    connect(&log, &ExchangeLog::added, this, &LogFile::write);
 }
 
 void LogFile::write(const Exchange& exchange)

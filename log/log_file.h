@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/wire_log.h"
+#include "link/exchange_log.h"
 
 #include <QFile>
 
@@ -13,7 +13,8 @@ class LogFile : public QObject
     Q_OBJECT
 
 public:
-    LogFile(const QString& path, const WireLog& log, Notices& notices, QObject* parent = nullptr);
+    LogFile(const QString& path, const ExchangeLog& log, Notices& notices,
+            QObject* parent = nullptr);
 
 private:
     void write(const Exchange& exchange);

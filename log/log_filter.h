@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/wire_log.h"
+#include "link/exchange_log.h"
 
 #include <QRegularExpression>
 

@@ -29,14 +29,15 @@ int alignmentOf(int column)
 }
 } // namespace
 
-LogModel::LogModel(const WireLog& log, QObject* parent) : QAbstractTableModel(parent), m_log(log)
+LogModel::LogModel(const ExchangeLog& log, QObject* parent)
+    : QAbstractTableModel(parent), m_log(log)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(takeIntervalMs);
     connect(&m_timer, &QTimer::timeout, this, &LogModel::takeNew);
-    connect(&log, &WireLog::added, this, &LogModel::schedule);
-    connect(&log, &WireLog::blamed, this, &LogModel::showBlamed);
-    connect(&log, &WireLog::cleared, this, &LogModel::refilter);
+    connect(&log, &ExchangeLog::added, this, &LogModel::schedule);
+    connect(&log, &ExchangeLog::blamed, this, &LogModel::showBlamed);
+    connect(&log, &ExchangeLog::cleared, this, &LogModel::refilter);
 }
 
 void LogModel::setFilter(const LogFilter& filter)
@@ -55,7 +56,7 @@ void LogModel::follow(bool isFollowed)
 const Exchange& LogModel::exchange(int row) const
 {
     static const Exchange none;
-    const WireLog::Number number = m_rows[static_cast<std::size_t>(row)];
+    const ExchangeLog::Number number = m_rows[static_cast<std::size_t>(row)];
     return number < m_log.first() ? none : m_log.at(number);
 }
 
@@ -64,7 +65,7 @@ std::vector<Exchange> LogModel::exchanges(const std::vector<int>& rows) const
     std::vector<Exchange> found;
     found.reserve(rows.size());
     for (const int row : rows) {
-        const WireLog::Number number = m_rows[static_cast<std::size_t>(row)];
+        const ExchangeLog::Number number = m_rows[static_cast<std::size_t>(row)];
         if (number >= m_log.first())
             found.push_back(m_log.at(number));
     }
@@ -90,7 +91,7 @@ void LogModel::takeNew()
     leaveOutDropped();
     if (!m_isFollowed)
         return;
-    std::vector<WireLog::Number> accepted;
+    std::vector<ExchangeLog::Number> accepted;
     for (m_next = std::max(m_next, m_log.first()); m_next < m_log.end(); ++m_next) {
         if (m_filter.accepts(m_log.at(m_next)))
             accepted.push_back(m_next);
@@ -117,8 +118,8 @@ void LogModel::refilter()
 {
     beginResetModel();
     m_rows.clear();
-    const WireLog::Number end = m_isFollowed ? m_log.end() : std::min(m_next, m_log.end());
-    for (WireLog::Number number = m_log.first(); number < end; ++number) {
+    const ExchangeLog::Number end = m_isFollowed ? m_log.end() : std::min(m_next, m_log.end());
+    for (ExchangeLog::Number number = m_log.first(); number < end; ++number) {
         if (m_filter.accepts(m_log.at(number)))
             m_rows.push_back(number);
     }
@@ -126,7 +127,7 @@ void LogModel::refilter()
     endResetModel();
 }
 
-void LogModel::showBlamed(WireLog::Number number)
+void LogModel::showBlamed(ExchangeLog::Number number)
 {
     if (number >= m_next)
         return;

@@ -19,7 +19,7 @@ public:
     /// Of a row: whether it failed, and whether it is an event between the exchanges.
     enum Role { FailedRole = Qt::UserRole, EventRole };
 
-    explicit LogModel(const WireLog& log, QObject* parent = nullptr);
+    explicit LogModel(const ExchangeLog& log, QObject* parent = nullptr);
 
     const LogFilter& filter() const { return m_filter; }
     void setFilter(const LogFilter& filter);
@@ -42,13 +42,13 @@ private:
     void takeNew();
     void leaveOutDropped();
     void refilter();
-    void showBlamed(WireLog::Number number);
+    void showBlamed(ExchangeLog::Number number);
     QString text(const Exchange& exchange, int column) const;
 
-    const WireLog& m_log;
+    const ExchangeLog& m_log;
     LogFilter m_filter;
-    std::deque<WireLog::Number> m_rows;
-    WireLog::Number m_next = 0; ///< the first exchange that has not been looked at
+    std::deque<ExchangeLog::Number> m_rows;
+    ExchangeLog::Number m_next = 0; ///< the first exchange that has not been looked at
     QTimer m_timer;
     bool m_isFollowed = false;
 };

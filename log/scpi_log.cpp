@@ -116,7 +116,7 @@ QWidget* ScpiLog::makeTools()
     m_pause = newSwitch("log_pause");
     connect(m_pause, &QAbstractButton::toggled, this, &ScpiLog::follow);
     m_clear = newButton("log_clear");
-    connect(m_clear, &QAbstractButton::clicked, &m_session.log(), &WireLog::clear);
+    connect(m_clear, &QAbstractButton::clicked, &m_session.log(), &ExchangeLog::clear);
     m_save = newButton("log_save");
     connect(m_save, &QAbstractButton::clicked, this, &ScpiLog::save);
     layout->addWidget(m_find, 1);

@@ -319,7 +319,7 @@ StatusWords ServiceCommands::queryTemperature()
 {
     if (!m_session.isConnected())
         return nullptr;
-    const WireLog::As polling(m_session.log(), Exchange::Kind::Polling);
+    const ExchangeLog::As polling(m_session.log(), Exchange::Kind::Polling);
     const QString reply = m_session.read(temperatureQuery);
     if (m_session.lastFailed())
         return [] { return tr("error getting temperature"); };

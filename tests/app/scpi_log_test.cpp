@@ -151,15 +151,15 @@ private slots:
 
     void bounds()
     {
-        WireLog log;
-        for (std::size_t i = 0; i <= WireLog::mostExchanges; ++i)
+        ExchangeLog log;
+        for (std::size_t i = 0; i <= ExchangeLog::mostExchanges; ++i)
             log.add(exchangeOf(QString()));
-        QCOMPARE(log.first(), WireLog::Number{1});
+        QCOMPARE(log.first(), ExchangeLog::Number{1});
         QVERIFY(log.hasDropped());
         constexpr int characters = 65535;
         for (int i = 0; i < 1000; ++i)
             log.add(exchangeOf("LIST?", QString(characters, '1')));
-        QVERIFY(qint64(log.end() - log.first()) * 2 * characters <= WireLog::mostBytes);
+        QVERIFY(qint64(log.end() - log.first()) * 2 * characters <= ExchangeLog::mostBytes);
         LogModel model(log);
         model.follow(true);
         QVERIFY(model.data(model.index(0, LogModel::Answered), Qt::DisplayRole).toString().size() <
@@ -174,12 +174,12 @@ private slots:
     {
         VisaLibrary visa;
         ScpiSession session(visa);
-        WireLog& log = session.log();
+        ExchangeLog& log = session.log();
         const auto record = [&log](int count) {
             for (int i = 0; i < count; ++i)
                 log.add(exchangeOf(QString::number(log.end())));
         };
-        constexpr int most = int(WireLog::mostExchanges);
+        constexpr int most = int(ExchangeLog::mostExchanges);
         ScpiLog window(session, m_settings, nullptr);
         record(most + 1);
         window.open();
@@ -359,7 +359,8 @@ private slots:
         QTest::keyClick(dialog, Qt::Key_Return);
         const auto note = [this] { return get<QLabel>("log_note").text(); };
         QTRY_VERIFY2(note().endsWith(".py"), qPrintable(note()));
-        QVERIFY(bytesOf(note().mid(note().indexOf('/'))).startsWith("#!"));
+        QVERIFY(readWholeFile(note().mid(note().indexOf(QLatin1Char('/'))), 1 << 20)
+                    .bytes.startsWith("#!"));
     }
 
     void scriptSendsTheSame()

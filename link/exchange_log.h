@@ -43,7 +43,7 @@ struct LoggedInstrument {
 
 /// The last exchanges with the instrument: at most 100 000 and 20 MB. Each has a number, counted
 /// from the first ever recorded. Belongs to the GUI thread.
-class WireLog : public QObject
+class ExchangeLog : public QObject
 {
     Q_OBJECT
 
@@ -57,7 +57,7 @@ public:
     class As
     {
     public:
-        As(WireLog& log, Exchange::Kind kind) : m_log(log), m_before(log.m_kind)
+        As(ExchangeLog& log, Exchange::Kind kind) : m_log(log), m_before(log.m_kind)
         {
             log.m_kind = kind;
         }
@@ -66,7 +66,7 @@ public:
         As& operator=(const As&) = delete;
 
     private:
-        WireLog& m_log;
+        ExchangeLog& m_log;
         Exchange::Kind m_before;
     };
 
@@ -96,7 +96,7 @@ public:
 
 signals:
     void added(const Exchange& exchange);
-    void blamed(WireLog::Number number);
+    void blamed(ExchangeLog::Number number);
     void cleared();
 
 private:

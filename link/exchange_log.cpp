@@ -1,4 +1,4 @@
-#include "link/wire_log.h"
+#include "link/exchange_log.h"
 
 #include "link/pause.h"
 
@@ -20,7 +20,7 @@ qint64 bytesOf(const Exchange& exchange)
 }
 } // namespace
 
-void WireLog::add(Exchange exchange)
+void ExchangeLog::add(Exchange exchange)
 {
     exchange.pausedMs = pauses().totalMs - std::exchange(m_pausedBefore, pauses().totalMs);
     m_bytes += bytesOf(exchange);
@@ -34,7 +34,7 @@ void WireLog::add(Exchange exchange)
     emit added(m_exchanges.back());
 }
 
-void WireLog::addEvent(Exchange::Kind event, const QString& name)
+void ExchangeLog::addEvent(Exchange::Kind event, const QString& name)
 {
     Exchange exchange;
     exchange.kind = event;
@@ -43,13 +43,13 @@ void WireLog::addEvent(Exchange::Kind event, const QString& name)
     add(std::move(exchange));
 }
 
-void WireLog::addConnected(const LoggedInstrument& instrument)
+void ExchangeLog::addConnected(const LoggedInstrument& instrument)
 {
     m_instrument = instrument;
     addEvent(Exchange::Kind::Connected, instrument.name);
 }
 
-void WireLog::blame(Number number, const QString& fault)
+void ExchangeLog::blame(Number number, const QString& fault)
 {
     if (number < m_first || number >= end())
         return;
@@ -62,7 +62,7 @@ void WireLog::blame(Number number, const QString& fault)
     emit blamed(number);
 }
 
-void WireLog::clear()
+void ExchangeLog::clear()
 {
     m_first = end();
     m_exchanges.clear();
