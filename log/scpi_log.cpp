@@ -108,6 +108,10 @@ QWidget* ScpiLog::makeTools()
     m_find->setObjectName(QStringLiteral("log_find"));
     m_find->setMinimumWidth(leastFindWidth);
     m_find->setClearButtonEnabled(true);
+    // The style sheet knows no colour for the placeholder alone.
+    const auto showHint = [this] { m_find->setProperty("hint", m_find->text().isEmpty()); };
+    connect(m_find, &QLineEdit::textChanged, this, showHint);
+    showHint();
     connect(m_find, &QLineEdit::textChanged, this, &ScpiLog::filter);
     m_errors = newSwitch("log_errors");
     m_polls = newSwitch("log_polls");

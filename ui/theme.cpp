@@ -56,8 +56,8 @@ protected:
 private:
     static void refresh(QWidget& widget, const QByteArray& property)
     {
-        static const std::array<QByteArray, 5> states = {"connected", "lit", "edited", "warning",
-                                                         "unlocked"};
+        static const std::array<QByteArray, 6> states = {"connected", "lit",      "edited",
+                                                         "warning",   "unlocked", "hint"};
         const bool known = std::find(states.begin(), states.end(), property) != states.end();
         if (!known || !widget.testAttribute(Qt::WA_WState_Polished))
             return;

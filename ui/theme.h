@@ -16,7 +16,8 @@ QColor themeColour(ThemeName theme, const QString& name);
 QString styleSheet(ThemeName theme, bool russianImages);
 
 /// Gives the whole program its font, palette and style sheet, and updates widgets when a dynamic
-/// property that the sheet uses changes ("connected", "lit", "edited", "warning", "unlocked"):
+/// property that the sheet uses changes ("connected", "lit", "edited", "warning", "unlocked",
+/// "hint"):
 /// setting such a property is all that an owner has to do. To be called before windows are created;
 /// a later call changes theme or language.
 void applyTheme(QApplication& application, ThemeName theme, bool russianImages);
