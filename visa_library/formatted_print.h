@@ -12,7 +12,8 @@ struct Arguments {
     template <typename Value>
     Value next()
     {
-        // The code that fills the list begins it. NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
+        // The code that fills the list begins it.
+        // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
         return va_arg(list, Value);
     }
 };

@@ -129,6 +129,13 @@ private slots:
         m_rig->get<QLineEdit>("percentLine_Ampl")->setText("20");
         QCOMPARE(words(am), QString("Rectangle, 2 kHz (period 500 µs), from \u221230.5 % to "
                                     "30.5 %, duty 20 %"));
+        // Its heading says the same in short, for when it is folded.
+        QStringList headings;
+        for (const QLabel* label : am->findChildren<QLabel*>()) {
+            if (label->property("sectionSummary").toBool())
+                headings << label->text();
+        }
+        QCOMPARE(headings, QStringList("2 kHz  \u00b7  30.5 %"));
         m_rig->get<QLineEdit>("line_Ampl_1")->clear();
         QCOMPARE(words(am), QString("Rectangle, from \u221230.5 % to 30.5 %, duty 20 %"));
         m_rig->click("IntExt_AM");
