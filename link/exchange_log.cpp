@@ -15,7 +15,7 @@ qint64 bytesOf(const Exchange& exchange)
 {
     qint64 bytes = static_cast<qint64>(sizeof(Exchange));
     for (const QString* text : {&exchange.sent, &exchange.answered, &exchange.fault})
-        bytes += text->isEmpty() ? 0 : textOverhead + 2 * text->size();
+        bytes += text->isEmpty() ? 0 : textOverhead + qint64{2} * text->size();
     return bytes;
 }
 } // namespace
