@@ -202,7 +202,7 @@ QString ScpiSession::read(const QString& command)
     const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viScanf(m_session, readFormat, reply);
-    const QString text = lastFailed() ? QString() : takeReply();
+    QString text = lastFailed() ? QString() : takeReply();
     recording.ended(m_lastStatus, text);
     return text;
 }
@@ -318,7 +318,7 @@ QString ScpiSession::queryMessage(const QString& command, const QByteArray& mess
     const Answer answer(*this);
     char* reply = clearedReply();
     m_lastStatus = m_visa.viQueryf(m_session, format.data(), readFormat, reply);
-    const QString text = takeReply();
+    QString text = takeReply();
     recording.ended(m_lastStatus, text, command == errorQuery ? reportedText(text) : QString());
     return text;
 }
@@ -336,7 +336,7 @@ char* ScpiSession::clearedReply()
 QString ScpiSession::takeReply()
 {
     m_reply.back() = '\0';
-    const QString text = QString::fromLatin1(m_reply.data());
+    QString text = QString::fromLatin1(m_reply.data());
     if (static_cast<std::size_t>(text.size()) < replyBytes - 1)
         return text;
     for (int reads = 0; reads < mostExcessReads; ++reads) {

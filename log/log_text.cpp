@@ -90,7 +90,7 @@ QString timeText(const Exchange& exchange)
 
 QString sentText(const Exchange& exchange)
 {
-    const QString text = inOneLine(exchange.sent);
+    QString text = inOneLine(exchange.sent);
     switch (exchange.kind) {
     case Exchange::Kind::Connected:
         return Words::tr("Connected: %1").arg(text);
