@@ -16,13 +16,46 @@ QString translated(const char* text)
     return QCoreApplication::translate("FileQuestions", text);
 }
 
+/// Deletes itself once it is closed, but not within its own accept(): the question that stands
+/// there runs an event loop and would be deleted with it.
+class FileDialog : public QFileDialog
+{
+public:
+    using QFileDialog::QFileDialog;
+
+protected:
+    void accept() override
+    {
+        ++m_accepting;
+        QFileDialog::accept();
+        --m_accepting;
+        leave();
+    }
+
+    void done(int result) override
+    {
+        QFileDialog::done(result);
+        m_isOver = true;
+        leave();
+    }
+
+private:
+    void leave()
+    {
+        if (m_isOver && m_accepting == 0)
+            deleteLater();
+    }
+
+    int m_accepting = 0;
+    bool m_isOver = false;
+};
+
 /// What follows the choice can take long and run event loops of its own. Started inside the
 /// dialog's accept(), it would run while the dialog is still on the screen and is deleted in one of
 /// those loops.
 QFileDialog* newDialog(QWidget* window, const FileQuestion& question, const FileChosen& chosen)
 {
-    auto* dialog = new QFileDialog(window, question.title, question.folder, question.filter);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    auto* dialog = new FileDialog(window, question.title, question.folder, question.filter);
     const auto path = std::make_shared<QString>();
     QObject::connect(dialog, &QFileDialog::fileSelected, window,
                      [path](const QString& selected) { *path = selected; });

@@ -3,9 +3,13 @@
 #include "tests/profiles/profile_rig.h"
 #include "tests/support/documents_folder.h"
 #include "tests/sweep/list_bench.h"
+#include "ui/files/file_questions.h"
 #include "ui/files/whole_file.h"
 
 #include <QFileDialog>
+#include <QMessageBox>
+#include <QPointer>
+#include <QTimer>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -101,6 +105,31 @@ private slots:
             QCOMPARE(writeWholeFile(path, "1").fault, FileFault::NotRegular);
             rig.takeLog();
         }
+    }
+
+    /// Closed while its own question waits, in a loop above that of the question: a connection set
+    /// up meanwhile has one.
+    void aDialogOutlivesItsQuestion()
+    {
+        const QTemporaryDir folder;
+        QVERIFY(writeWholeFile(folder.filePath("a.txt"), "1").fault == FileFault::None);
+        QWidget window;
+        window.show();
+        askFileToSave(&window, {"Save", folder.path(), "Text (*.txt)", "a.txt"},
+                      [](const QString&) {});
+        const QPointer<QFileDialog> dialog = window.findChild<QFileDialog*>();
+        bool isThere = false;
+        QTimer::singleShot(0, &window, [&] {
+            dialog->findChild<QMessageBox*>()->reject();
+            dialog->reject();
+            QEventLoop loop;
+            QTimer::singleShot(50, &loop, &QEventLoop::quit);
+            loop.exec();
+            isThere = !dialog.isNull();
+        });
+        QTest::keyClick(dialog->findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+        QVERIFY(isThere);
+        QTRY_VERIFY(dialog.isNull());
     }
 };
 
