@@ -120,9 +120,11 @@ private slots:
         const QPointer<QFileDialog> dialog = window.findChild<QFileDialog*>();
         bool isThere = false;
         QTimer::singleShot(0, &window, [&] {
-            dialog->findChild<QMessageBox*>()->reject();
-            dialog->reject();
             QEventLoop loop;
+            QTimer::singleShot(0, &loop, [&] {
+                dialog->findChild<QMessageBox*>()->reject();
+                dialog->reject();
+            });
             QTimer::singleShot(50, &loop, &QEventLoop::quit);
             loop.exec();
             isThere = !dialog.isNull();
