@@ -239,7 +239,9 @@ void CwControls::sendExternalReference()
             m_session.write(externalFrequencyCommand.arg(frequencyMHz));
             const QString reply = m_session.read(externalFrequencyQuery);
             if (!m_session.lastFailed())
-                m_externalReferenceMHz = displayText(reply, FieldKind::ExternalReference);
+                m_externalReferenceMHz = replyHasNumber(reply, FieldKind::ExternalReference)
+                                             ? displayText(reply, FieldKind::ExternalReference)
+                                             : QString::number(frequencyMHz);
             m_session.checkErrors();
         } else {
             m_externalReferenceMHz = QString::number(frequencyMHz);

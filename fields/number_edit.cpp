@@ -140,6 +140,7 @@ bool NumberEdit::hasNumber() const
 
 bool NumberEdit::takeNumber()
 {
+    settleDoubt();
     if (hasNumber())
         return true;
     refuse([] { return tr("not a number, nothing is sent"); });
@@ -157,6 +158,7 @@ void NumberEdit::clamp()
 
 void NumberEdit::acceptClamped()
 {
+    settleDoubt();
     // What was accepted before may still come back.
     if (text().isEmpty())
         return;
@@ -169,6 +171,7 @@ void NumberEdit::showAccepted(const QString& ownText)
     const QString shown = inShownUnit(ownText);
     if (text() != shown)
         setText(shown);
+    m_doubtedText.clear();
     setEdited(false);
     accept(ownText);
 }
@@ -176,12 +179,15 @@ void NumberEdit::showAccepted(const QString& ownText)
 void NumberEdit::showAnswer(const QString& reply)
 {
     const QString answered = ::displayText(reply, kind());
-    if (!answered.isEmpty()) {
+    if (!answered.isEmpty() && replyHasNumber(reply, kind())) {
         showAccepted(answered);
         return;
     }
-    clear();
-    setEdited(false);
+    m_doubtedText = inShownUnit(answered);
+    setText(m_doubtedText);
+    setEdited(!answered.isEmpty());
+    if (isEdited())
+        refuse([] { return tr("the reply is not a number"); });
 }
 
 void NumberEdit::accept(const QString& ownText)
@@ -279,9 +285,17 @@ bool NumberEdit::leave(QEvent* event)
     return isTaken;
 }
 
-/// A failed query has emptied it: the accepted text is restored silently.
+/// A reply that was not a number is no value: it gives way to the accepted one, silently.
+void NumberEdit::settleDoubt()
+{
+    if (!m_doubtedText.isEmpty() && text() == m_doubtedText)
+        showAccepted(m_acceptedText);
+}
+
+/// So does the emptiness that a failed query has left.
 void NumberEdit::refill()
 {
+    settleDoubt();
     if (text().isEmpty() && !m_isEdited)
         showAccepted(m_acceptedText);
 }

@@ -64,8 +64,9 @@ public:
 
     /// Shows an accepted value or a reply, silently, in the quantity's unit.
     void showAccepted(const QString& ownText);
-    /// Shows the reply to a query. An empty one, of a query that failed, empties the field; the
-    /// value accepted before comes back when the field is left, with the next entry or push.
+    /// Shows the reply to a query. An empty one, of a query that failed, empties the field; one
+    /// that is not a number reads as 0 and marks it. What was accepted before comes back when the
+    /// field is left, with the next entry or push.
     void showAnswer(const QString& reply);
     /// Reports why an entry was refused, after the field's name.
     void refuse(const StatusWords& reason) const;
@@ -97,6 +98,7 @@ private:
     void accept(const QString& ownText);
     QString inOwnUnit(const QString& text) const;
     QString inShownUnit(const QString& ownText) const;
+    void settleDoubt();
     bool leave(QEvent* event);
     void refill();
     bool bringBack();
@@ -106,6 +108,7 @@ private:
     int m_unitPower = 0;
     QString m_acceptedText;
     bool m_isEdited = false;
+    QString m_doubtedText; ///< shown for a reply that is not a number, until something else is
     NumberTyping m_typing;
     EventsLineEdit* m_stepping = nullptr;
     StepFlags m_stepFlags;

@@ -38,7 +38,7 @@ void FieldExchange::writeAndShow(const TwoStep& texts, NumberEdit& field)
     if (!m_session.isConnected())
         return;
     m_session.write(texts.command + withoutBlanks(field.text()) + texts.unit);
-    const QString shown = displayText(m_session.read(texts.query), field.kind());
-    if (!shown.isEmpty())
-        field.showAccepted(shown);
+    const QString reply = m_session.read(texts.query);
+    if (!reply.trimmed().isEmpty())
+        field.showAnswer(reply);
 }

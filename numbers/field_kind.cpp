@@ -174,6 +174,15 @@ QString displayText(const QString& reply, FieldKind kind)
     return finishedText(fixedText(row.valueOfReply(reply), row.replyDecimals), row);
 }
 
+bool replyHasNumber(const QString& reply, FieldKind kind)
+{
+    static const QRegularExpression zero(
+        QStringLiteral("^\\s*[-+]?0*\\.?0*(?:[eE][-+]?[0-9]+)?\\s*[A-Za-z]*\\s*$"));
+    static const QRegularExpression digit(QStringLiteral("[0-9]"));
+    return rowOf(kind).valueOfReply(reply) != 0.0 ||
+           (reply.contains(digit) && zero.match(reply).hasMatch());
+}
+
 QString clampText(const QString& text, double min, double max, FieldKind kind)
 {
     if (text.trimmed().isEmpty())

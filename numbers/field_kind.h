@@ -74,6 +74,9 @@ QString fieldText(double value, FieldKind kind);
 /// reads as 0.
 QString displayText(const QString& reply, FieldKind kind);
 
+/// Whether a reply holds a number, which displayText shows, and does not only read as 0.
+bool replyHasNumber(const QString& reply, FieldKind kind);
+
 /// A field's text with its unit letters applied, bounded by the range and written as the kind is
 /// shown. Nothing is bounded while both limits are 0: they have not been read from an instrument
 /// yet. Text of blanks only is returned as it is.

@@ -244,6 +244,43 @@ private slots:
         QCOMPARE((*m_demo)("ask FREQ?").toDouble(), 3e9);
     }
 
+    void rubbishIsNoValue_data()
+    {
+        testColumns<QString, QString, QString>("name", "typed", "shown");
+        for (const char* reply : {"reply rubbish\\n", "reply 12abc\\n", "length 70000"}) {
+            testRow(qPrintable(QString("FREQ ") + reply), "FREQ", "3G", "3 000 000 000");
+            testRow(qPrintable(QString("POW ") + reply), "POW", "-20", "-20");
+        }
+    }
+
+    // It reads as 0, marked: the instrument has what was sent, which comes back.
+    void rubbishIsNoValue()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, typed);
+        QLineEdit& entry = field(qPrintable(name));
+        const QString reply = QString(QTest::currentDataTag()).section(' ', 1);
+        const auto enterDoubted = [&] {
+            (*m_demo)("fault 1 " + reply);
+            m_rig->enter(qPrintable(name), typed);
+            QCOMPARE(entry.text(), QString("0"));
+            QVERIFY(entry.property("edited").toBool() && m_rig->isConnected());
+        };
+        enterDoubted();
+        const QString asked = "ask " + name + '?';
+        const QString atInstrument = (*m_demo)(asked);
+        (*m_demo)("clear");
+        entry.clearFocus();
+        QTEST(entry.text(), "shown");
+        QVERIFY(!entry.property("edited").toBool());
+        QCOMPARE((*m_demo)(asked), atInstrument);
+
+        enterDoubted();
+        QTest::keyClick(&entry, Qt::Key_Return);
+        QTEST(entry.text(), "shown");
+        QCOMPARE((*m_demo)(asked), atInstrument);
+    }
+
 private:
     QLineEdit& field(const char* name) { return m_rig->get<QLineEdit>(name); }
 };

@@ -96,6 +96,15 @@ private slots:
         QTEST(displayText(input, kind), "expected");
     }
 
+    void onlyNumbersAreValues()
+    {
+        for (const char* number : {"0", "-0.000\n", "0 HZ", "0E+00\n", ".5", "25 MHZ", "1e-9"})
+            QVERIFY2(replyHasNumber(number, K::ModulationRate), number);
+        for (const char* other : {"", "\n", ".", "0x0", "rubbish", "12abc", "0,0", "-"})
+            QVERIFY2(!replyHasNumber(other, K::ModulationRate), other);
+        QVERIFY(replyHasNumber("0.0 S", K::PulsePeriod) && !replyHasNumber("E S", K::PulsePeriod));
+    }
+
     void clamp_data()
     {
         testColumns<FieldKind, double, double, QString, QString>("kind", "min", "max", "input",

@@ -1405,6 +1405,10 @@ Keys: +, −, Left, Right, Home</source>
         <translation>не число, ничего не отправлено</translation>
     </message>
     <message>
+        <source>the reply is not a number</source>
+        <translation>в ответе не число</translation>
+    </message>
+    <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
     </message>
