@@ -16,16 +16,13 @@ PanelPush::PanelPush(Connection& connection, const HandCommands& hand, OutputDis
           [] { return tr("Sets the instrument to what the panel shows, without a reset"); },
           form.centralwidget))
 {
-    constexpr int retryMs = 50;
-    m_retry.setSingleShot(true);
-    m_retry.setInterval(retryMs);
-    connect(&m_retry, &QTimer::timeout, this, &PanelPush::push);
+    connect(&m_turn, &Turn::due, this, &PanelPush::push);
     form.status_layout->addWidget(m_offer);
     QWidget::setTabOrder(form.closeWindow, m_offer);
     connect(&hand, &HandCommands::panelOutdated, this, &PanelPush::offer);
     connect(m_offer, &QAbstractButton::clicked, this, &PanelPush::push);
     connect(&connection, &Connection::disconnected, m_offer, &QWidget::hide);
-    connect(&connection, &Connection::disconnected, &m_retry, &QTimer::stop);
+    connect(&connection, &Connection::disconnected, &m_turn, &Turn::giveUp);
 }
 
 void PanelPush::offer(bool isOutputTouched)
@@ -42,9 +39,9 @@ void PanelPush::offer(bool isOutputTouched)
 
 void PanelPush::push()
 {
-    if (HandCommands::isBusy()) {
+    if (!Turn::isNow()) {
         m_notices.sayOfInstrument([] { return tr("Sent as soon as nothing else is going on"); });
-        m_retry.start();
+        m_turn.await();
         return;
     }
     m_offer->hide();

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QObject>
-#include <QTimer>
+#include "link/turn.h"
 
 class Connection;
 class HandCommands;
@@ -34,6 +33,6 @@ private:
     List& m_runs;
     Notices& m_notices;
     StatusOffer* m_offer;
-    QTimer m_retry;
+    Turn m_turn;
     int m_notice = 0;
 };

@@ -1,6 +1,5 @@
 #include "log/hand_commands.h"
 
-#include "link/pause.h"
 #include "link/scpi_session.h"
 #include "log/command_entry.h"
 
@@ -10,8 +9,6 @@
 
 namespace
 {
-constexpr int retryMs = 50;
-
 /// OUTPut or *RST, in any form and case, in any of the commands of a message.
 bool touchesOutput(const QString& command)
 {
@@ -19,6 +16,7 @@ bool touchesOutput(const QString& command)
                                             QRegularExpression::CaseInsensitiveOption);
     return pattern.match(command).hasMatch();
 }
+
 /// Whether each of the commands of a message asks for something.
 bool onlyAsks(const QString& message)
 {
@@ -31,14 +29,7 @@ bool onlyAsks(const QString& message)
 HandCommands::HandCommands(ScpiSession& session, QObject* parent)
     : QObject(parent), m_session(session)
 {
-    m_retry.setSingleShot(true);
-    m_retry.setInterval(retryMs);
-    connect(&m_retry, &QTimer::timeout, this, &HandCommands::sendNext);
-}
-
-bool HandCommands::isBusy()
-{
-    return pauses().running > 0 || !Activities::global().texts().isEmpty();
+    connect(&m_turn, &Turn::due, this, &HandCommands::sendNext);
 }
 
 bool HandCommands::send(const QString& text)
@@ -88,9 +79,9 @@ void HandCommands::sendNext()
             emit refused([] { return tr("Disconnected: the command was not sent"); });
             return;
         }
-        if (isBusy()) {
+        if (!Turn::isNow()) {
             emit waiting();
-            m_retry.start();
+            m_turn.await();
             return;
         }
         const QString command = m_pending.takeFirst();

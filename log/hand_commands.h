@@ -1,10 +1,9 @@
 #pragma once
 
 #include "link/activity.h"
+#include "link/turn.h"
 
-#include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 class ScpiSession;
 struct Exchange;
@@ -22,9 +21,6 @@ public:
     /// sent; refused() has said why.
     bool send(const QString& text);
 
-    /// Something else is going on, and its commands are not to be interrupted.
-    static bool isBusy();
-
 signals:
     void refused(const StatusWords& reason);
     /// Something else has to end first.
@@ -40,5 +36,5 @@ private:
 
     ScpiSession& m_session;
     QStringList m_pending;
-    QTimer m_retry;
+    Turn m_turn;
 };

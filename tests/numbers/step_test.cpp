@@ -27,11 +27,13 @@ private slots:
         pairRows("width", {"2.56=2.6"}, K::PulseWidth, 1.0, 1001.0);
         pairRows("AM rate", {"0.26=0.3"}, K::AmRate, 0.5, 100000.0);
         pairRows("AM depth", {"1.239=1.24", "0.004=0.01"}, K::AmDepth, 10.0, 100.0);
-        pairRows("AM duty", {"7=7", "0.9=1"}, K::AmDuty, 5.0, 95.0);
+        for (const K duty : {K::AmDuty, K::FmDuty, K::PmDuty, K::LfDuty})
+            pairRows(stepKey(duty), {"7=7", "0.9=1", "99=90"}, duty, 5.0, 95.0);
+        for (const K rate : {K::FmRate, K::PmRate, K::LfFrequency})
+            pairRows(stepKey(rate), {"1.25=1.3", "0=0.1", "9M=99 999.5"}, rate, 0.5, 100000.0);
         pairRows("FM deviation", {"0.0015625=0.001563", "0=0.000001"}, K::FmDeviation, 0.0, 1e6);
         pairRows("PM deviation", {"0.12345=0.123", "50=10", "0=0.001"}, K::PmDeviation, 0.0001,
                  9.9999);
-        pairRows("LF frequency", {"1.25=1.3"}, K::LfFrequency, 0.5, 100000.0);
         pairRows("LF amplitude", {"12m=0.012", "0.0004=0.001"}, K::LfAmplitude, 0.0, 2.0);
         pairRows("lower bound over a smaller span", {"3=1"}, K::Power, 10.0, 10.5);
         pairRows("maximum below the lower bound", {"3=0.1"}, K::AmRate, -1.0, 0.05);
