@@ -137,6 +137,21 @@ private slots:
         QVERIFY(!SidePanels::moving());
     }
 
+    // Its switch stays where it is, so that no click sends it.
+    void sendsAnotherReference()
+    {
+        beginConnected();
+        m_rig->click("ROSC");
+        for (const char* frequencyMHz : {"25", "33"}) {
+            m_rig->click("open_ROSC_FREQ");
+            m_rig->enter("ROSC_FREQ", frequencyMHz);
+            m_rig->saveProfile(frequencyMHz);
+        }
+        open("25");
+        QCOMPARE(m_rig->text("ROSC"), QString("25 MHz"));
+        QCOMPARE((*m_demo)("ask ROSC:EXT:FREQ?").trimmed(), QString("25 MHZ"));
+    }
+
     void keepsTheStateBetweenRuns_data()
     {
         testColumns<int>("setUp");

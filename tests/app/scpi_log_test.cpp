@@ -279,6 +279,9 @@ private slots:
         QCOMPARE(commands, sent);
         QTEST(get("log_push").isVisible(), "offersPush");
         QCOMPARE(get<QLabel>("label_RF").text(), lamp);
+        m_rig->chooseLanguage("ru");
+        m_rig->chooseLanguage("en");
+        QCOMPARE(get<QLabel>("label_RF").text(), lamp);
         // What was refused stays to be mended.
         QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());
         QTEST(get<QLabel>("log_note").text(), "note");
