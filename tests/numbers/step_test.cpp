@@ -34,6 +34,7 @@ private slots:
         pairRows("FM deviation", {"0.0015625=0.001563", "0=0.000001"}, K::FmDeviation, 0.0, 1e6);
         pairRows("PM deviation", {"0.12345=0.123", "50=10", "0=0.001"}, K::PmDeviation, 0.0001,
                  9.9999);
+        pairRows("PM deviation's span", {"50=9"}, K::PmDeviation, 0.5, 9.5);
         pairRows("LF amplitude", {"12m=0.012", "0.0004=0.001"}, K::LfAmplitude, 0.0, 2.0);
         pairRows("lower bound over a smaller span", {"3=1"}, K::Power, 10.0, 10.5);
         pairRows("maximum below the lower bound", {"3=0.1"}, K::AmRate, -1.0, 0.05);
