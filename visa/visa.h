@@ -141,6 +141,7 @@ constexpr ViStatus VI_ERROR_RSRC_BUSY = viError(0x0072);
 constexpr ViStatus VI_ERROR_INV_PARAMETER = viError(0x0078);
 constexpr ViStatus VI_ERROR_INV_PROT = viError(0x0079);
 constexpr ViStatus VI_ERROR_NIMPL_OPER = viError(0x0081);
+constexpr ViStatus VI_ERROR_INV_MODE = viError(0x0091);
 constexpr ViStatus VI_ERROR_SESN_NLOCKED = viError(0x009C);
 constexpr ViStatus VI_ERROR_LIBRARY_NFOUND = viError(0x009E);
 constexpr ViStatus VI_ERROR_FILE_ACCESS = viError(0x00A1);
@@ -214,6 +215,14 @@ constexpr ViUInt16 VI_TRIG_PROT_DEFAULT = 0;
 constexpr ViUInt16 VI_FLUSH_ON_ACCESS = 1;
 constexpr ViUInt16 VI_FLUSH_WHEN_FULL = 2;
 constexpr ViUInt16 VI_FLUSH_DISABLE = 3;
+
+constexpr ViUInt16 VI_GPIB_REN_DEASSERT = 0;
+constexpr ViUInt16 VI_GPIB_REN_ASSERT = 1;
+constexpr ViUInt16 VI_GPIB_REN_DEASSERT_GTL = 2;
+constexpr ViUInt16 VI_GPIB_REN_ASSERT_ADDRESS = 3;
+constexpr ViUInt16 VI_GPIB_REN_ASSERT_LLO = 4;
+constexpr ViUInt16 VI_GPIB_REN_ASSERT_ADDRESS_LLO = 5;
+constexpr ViUInt16 VI_GPIB_REN_ADDRESS_GTL = 6;
 
 constexpr ViUInt16 VI_READ_BUF = 1;
 constexpr ViUInt16 VI_WRITE_BUF = 2;

@@ -45,6 +45,9 @@ public:
     /// Whether it was unplugged since it was opened; it stays lost when plugged in again.
     virtual bool isLost() const = 0;
 
+    /// Called once, after the lock that viOpen asks for has been taken; not while another session
+    /// has the instrument locked. A warning is what viOpen returns, an error ends it.
+    virtual ViStatus start(VisaCall&) { return VI_SUCCESS; }
     /// Called at the start of every call for the session, before the locks are checked.
     /// An error ends the call; a warning is returned where the call succeeds.
     virtual ViStatus begin(VisaCall& call, Use use) = 0;

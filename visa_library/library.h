@@ -44,12 +44,16 @@ public:
     /// Defers something until the library is no longer locked (the call of an event handler).
     void defer(std::function<void()> action) { m_deferred.push_back(std::move(action)); }
 
+    /// Lets go of an object without the lock: closing an instrument may have to wait for it.
+    void closeUnlocked(std::shared_ptr<Object> object) { m_closing.push_back(std::move(object)); }
+
     Library& library;
     ViUInt32 timeoutMs = VI_TMO_IMMEDIATE; ///< of the session that the call is for
 
 private:
     std::unique_lock<std::mutex> m_lock;
     std::vector<std::function<void()>> m_deferred;
+    std::vector<std::shared_ptr<Object>> m_closing;
 };
 
 /// The time at which a VISA time-out in milliseconds is over.

@@ -6,17 +6,22 @@ ViObject ObjectTable::add(std::shared_ptr<Object> object)
     return m_lastHandle;
 }
 
-bool ObjectTable::remove(ViObject handle)
+std::vector<std::shared_ptr<Object>> ObjectTable::remove(ViObject handle)
 {
-    if (m_objects.erase(handle) == 0)
-        return false;
+    std::vector<std::shared_ptr<Object>> removed;
+    const auto found = m_objects.find(handle);
+    if (found == m_objects.end())
+        return removed;
+    removed.push_back(std::move(found->second));
+    m_objects.erase(found);
     std::vector<ViObject> owned;
     for (const auto& [other, object] : m_objects)
         if (object->owner == handle)
             owned.push_back(other);
     for (const ViObject other : owned)
-        remove(other);
-    return true;
+        for (auto& object : remove(other))
+            removed.push_back(std::move(object));
+    return removed;
 }
 
 ViObject ObjectTable::handleOf(const Object& object) const

@@ -35,8 +35,8 @@ class ObjectTable
 {
 public:
     ViObject add(std::shared_ptr<Object> object);
-    /// Closes the object and all that it owns; false when there is none.
-    bool remove(ViObject handle);
+    /// Takes out the object and all that it owns; nothing when there is none.
+    std::vector<std::shared_ptr<Object>> remove(ViObject handle);
     /// VI_NULL when the object is not in the table.
     ViObject handleOf(const Object& object) const;
     /// Null when the handle is unknown or stands for something else.

@@ -153,9 +153,9 @@ ViStatus KLV_VISA_FIXED viClear(ViSession session)
 
 ViStatus KLV_VISA_FIXED viGpibControlREN(ViSession session, ViUInt16 mode)
 {
-    VisaCall call;
-    const auto found = call.library.objects.find<Session>(session);
-    return found == nullptr ? VI_ERROR_INV_OBJECT : found->device->controlRemote(call, mode);
+    IoCall call(session, Use::Other);
+    return call.status() < VI_SUCCESS ? call.status()
+                                      : call.session().device->controlRemote(call, mode);
 }
 
 ViStatus KLV_VISA_FIXED viTerminate(ViObject object, ViUInt16 degree, ViJobId job)

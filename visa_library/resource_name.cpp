@@ -47,7 +47,8 @@ std::string ResourceName::text() const
     char head[48];
     std::snprintf(head, sizeof head, "USB%u::0x%04X::0x%04X::", unsigned{board}, unsigned{vendor},
                   unsigned{product});
-    return head + serial + "::" + std::to_string(interfaceNumber) + "::INSTR";
+    return head + serial + (isInterfaceNamed ? "::" + std::to_string(interfaceNumber) : "") +
+           "::INSTR";
 }
 
 bool parseResourceName(const std::string& text, ResourceName& name)

@@ -11,6 +11,7 @@ struct ResourceName {
     ViUInt16 product = 0;
     std::string serial;
     ViUInt16 interfaceNumber = 0;
+    bool isInterfaceNamed = true; ///< false: its number is left out of the text
 
     /// The name with every part spelled out.
     std::string text() const;

@@ -23,6 +23,20 @@ ViStatus parse(ViSession resourceManager, ViConstRsrc name, ViPUInt16 interfaceT
     return VI_SUCCESS;
 }
 
+// Takes the lock that is asked for; a session that needs none starts where no other one forbids it
+// to talk.
+ViStatus start(VisaCall& call, Session& session, ViAccessMode lock, ViUInt32 timeoutMs)
+{
+    if (lock == VI_NO_LOCK && session.lock.isLockedElsewhere())
+        return VI_SUCCESS;
+    const ViStatus locked =
+        lock == VI_NO_LOCK ? VI_SUCCESS : session.waitForLock(call, lock, timeoutMs, {});
+    if (locked != VI_SUCCESS)
+        return locked;
+    call.timeoutMs = session.timeoutMs;
+    return session.device->start(call);
+}
+
 ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& name,
               ViAccessMode mode, ViUInt32 timeoutMs, ViPSession result)
 {
@@ -32,15 +46,15 @@ ViStatus open(VisaCall& call, ViSession resourceManager, const ResourceName& nam
     if (opened < VI_SUCCESS)
         return opened;
     auto session = std::make_shared<Session>(std::move(device));
-    if ((mode & (VI_EXCLUSIVE_LOCK | VI_SHARED_LOCK)) != 0) {
-        const ViStatus status = session->waitForLock(call, mode & ~VI_LOAD_CONFIG, timeoutMs, {});
-        if (status != VI_SUCCESS)
-            return status;
+    const ViStatus started = start(call, *session, mode & ~VI_LOAD_CONFIG, timeoutMs);
+    if (started < VI_SUCCESS) {
+        call.closeUnlocked(std::move(session));
+        return started;
     }
     session->owner = resourceManager;
     library.bus.note("open", session->device->resource().name.text());
     *result = library.objects.add(std::move(session));
-    return opened;
+    return opened == VI_SUCCESS ? started : opened;
 }
 
 } // namespace
@@ -141,5 +155,9 @@ ViStatus KLV_VISA_FIXED viClose(ViObject object)
         return VI_WARN_NULL_OBJECT;
     if (call.library.objects.find<Session>(object) != nullptr)
         call.library.bus.note("close", {});
-    return call.library.objects.remove(object) ? VI_SUCCESS : VI_ERROR_INV_OBJECT;
+    auto removed = call.library.objects.remove(object);
+    const bool wasKnown = !removed.empty();
+    for (auto& each : removed)
+        call.closeUnlocked(std::move(each));
+    return wasKnown ? VI_SUCCESS : VI_ERROR_INV_OBJECT;
 }

@@ -68,6 +68,8 @@ class IoCall : public VisaCall
 {
 public:
     IoCall(ViSession handle, Use use);
+    /// The session may have been closed in the meantime.
+    ~IoCall() { closeUnlocked(std::move(m_session)); }
 
     /// VI_SUCCESS when the call may continue.
     ViStatus status() const { return m_status; }

@@ -59,12 +59,15 @@ const StatusText statusTexts[] = {
     {VI_ERROR_NSUP_FMT, "A format specifier is not supported."},
     {VI_ERROR_NSUP_OPER, "The operation is not supported by the session."},
     {VI_ERROR_USER_BUF, "A buffer is not valid."},
+    {VI_ERROR_RSRC_BUSY, "The resource is in use."},
     {VI_ERROR_INV_PROT, "The protocol is invalid."},
+    {VI_ERROR_INV_MODE, "The mode is invalid."},
     {VI_ERROR_SESN_NLOCKED, "The session holds no lock."},
     {VI_ERROR_LIBRARY_NFOUND, "The library could not be found or loaded."},
     {VI_ERROR_FILE_ACCESS, "The file could not be opened."},
     {VI_ERROR_FILE_IO, "The file could not be read or written."},
     {VI_ERROR_CONN_LOST, "The connection to the device has been lost."},
+    {VI_ERROR_NPERMISSION, "This user may not open the device."},
 };
 
 } // namespace
