@@ -156,15 +156,30 @@ std::optional<ResourceFilter> ResourceFilter::from(std::string_view expression)
 {
     if (expression.empty() || expression.size() >= VI_FIND_BUFLEN)
         return std::nullopt;
-    auto steps = Reader(expression).read();
+    ResourceFilter filter;
+    const size_t brace = expression.find('{');
+    if (brace != expression.npos) {
+        if (brace == 0 || expression.back() != '}')
+            return std::nullopt;
+        const size_t length = expression.size() - brace - 2;
+        auto condition = attributeCondition(expression.substr(brace + 1, length));
+        if (!condition)
+            return std::nullopt;
+        filter.m_condition = std::move(*condition);
+    }
+    auto steps = Reader(expression.substr(0, brace)).read();
     if (!steps)
         return std::nullopt;
-    ResourceFilter filter;
     filter.m_steps = std::move(*steps);
     return filter;
 }
 
-bool ResourceFilter::matches(std::string_view name) const
+bool ResourceFilter::matches(const Resource& resource) const
+{
+    return matchesName(resource.name.text()) && (!m_condition || m_condition(resource));
+}
+
+bool ResourceFilter::matchesName(std::string_view name) const
 {
     std::vector<bool> present(m_steps.size() + 1);
     enter(0, present);

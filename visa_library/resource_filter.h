@@ -1,20 +1,19 @@
 #pragma once
 
+#include "visa_library/attribute_condition.h"
+
 #include <bitset>
-#include <optional>
-#include <string_view>
-#include <vector>
 
 /// A search expression by the VISA rules: ? any character, * and + repeat what stands before,
 /// [list], [^list], | and ( ); a backslash makes the next character literal; in any case,
-/// over the whole name. Conditions on attributes in braces are not known.
+/// over the whole name. A condition on attributes may follow in braces.
 class ResourceFilter
 {
 public:
     /// Nothing where the expression is empty, breaks the rules or has VI_FIND_BUFLEN characters.
     static std::optional<ResourceFilter> from(std::string_view expression);
     /// In time that grows with the length of the name, whatever the expression.
-    bool matches(std::string_view name) const;
+    bool matches(const Resource& resource) const;
 
 private:
     using Characters = std::bitset<256>;
@@ -28,7 +27,9 @@ private:
     using Steps = std::vector<Step>;
     class Reader;
 
+    bool matchesName(std::string_view name) const;
     void enter(size_t step, std::vector<bool>& present) const;
 
     Steps m_steps;
+    AttributeCondition m_condition; ///< may be empty
 };

@@ -103,7 +103,7 @@ ViStatus KLV_VISA_FIXED viFindRsrc(ViSession resourceManager, ViConstString expr
         return VI_ERROR_INV_EXPR;
     auto found = std::make_shared<FindList>();
     for (Resource& resource : library.bus.resources())
-        if (filter->matches(resource.name.text()))
+        if (filter->matches(resource))
             found->resources.push_back(std::move(resource));
     if (count != nullptr)
         *count = static_cast<ViUInt32>(found->resources.size());

@@ -23,6 +23,21 @@ private slots:
             testRow(none, 0, VI_ERROR_RSRC_NFOUND);
         for (const char* wrong : {"USB[", "USB(+", "USB?*)", "USB?*\\", "USB[9-0]?*", ""})
             testRow(wrong, 0, VI_ERROR_INV_EXPR);
+        testRow("USB?*{VI_ATTR_MANF_ID==0x5645 && VI_ATTR_MODEL_CODE < 65}", 2, VI_SUCCESS);
+        for (const char* one :
+             {"?*INSTR{VI_ATTR_MODEL_NAME == \"KLV-6G\"}",
+              "USB?*{!(VI_ATTR_USB_SERIAL_NUM!=\"777\")}",
+              "?*{VI_ATTR_INTF_TYPE==VI_INTF_GPIB || VI_ATTR_USB_SERIAL_NUM >= \"5\"}"})
+            testRow(one, 1, VI_SUCCESS);
+        for (const char* none : {"GPIB?*{VI_ATTR_INTF_TYPE==7}", "?*{VI_ATTR_INTF_NUM > 0}",
+                                 "?*{VI_ATTR_MANF_NAME == \"veltro\" || !VI_ATTR_INTF_NUM<=0}"})
+            testRow(none, 0, VI_ERROR_RSRC_NFOUND);
+        for (const char* wrong :
+             {"USB?*{", "USB?*{}", "{VI_ATTR_INTF_NUM==0}", "?*{VI_ATTR_INTF_NUM==\"0\"}",
+              "?*{VI_ATTR_INTF_NUM}", "?*{VI_ATTR_INTF_NUM==0x}", "?*{VI_ATTR_TMO_VALUE==1}",
+              "?*{(VI_ATTR_INTF_NUM==0}", "?*{VI_ATTR_INTF_NUM==0 &&}", "?*{VI_ATTR_RSRC_NAME==\"}",
+              "?*{VI_ATTR_INTF_NUM==0}?*"})
+            testRow(wrong, 0, VI_ERROR_INV_EXPR);
     }
 
     void find()

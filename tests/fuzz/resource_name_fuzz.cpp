@@ -16,5 +16,5 @@ void run(Bytes bytes)
         PROMISE(whole.size() >= VI_FIND_BUFLEN || again.text() == whole);
     }
     if (const auto filter = ResourceFilter::from(bytes.rest()))
-        filter->matches("USB0::0x5645::0x0040::20215678::0::INSTR");
+        filter->matches({{0, 0x5645, 0x0040, "20215678", 0}, "Veltro", "KLV-6G"});
 }
