@@ -40,6 +40,12 @@ std::string serialOf(udev_device* device)
     return serial;
 }
 
+unsigned long nodeNumber(udev_device* node)
+{
+    const char* number = udev_device_get_sysnum(node);
+    return number == nullptr ? 0 : std::strtoul(number, nullptr, 10);
+}
+
 bool isSame(const ResourceName& a, const ResourceName& b)
 {
     return a.text() == b.text();
@@ -52,8 +58,7 @@ void append(std::vector<PluggedIn>& found, udev_device* node)
         udev_device_get_parent_with_subsystem_devtype(node, "usb", "usb_interface");
     udev_device* device = udev_device_get_parent_with_subsystem_devtype(node, "usb", "usb_device");
     const char* path = udev_device_get_devnode(node);
-    const char* nodeNumber = udev_device_get_sysnum(node);
-    if (interface == nullptr || device == nullptr || path == nullptr || nodeNumber == nullptr)
+    if (interface == nullptr || device == nullptr || path == nullptr)
         return;
     PluggedIn each;
     ResourceName& name = each.resource.name;
@@ -66,7 +71,7 @@ void append(std::vector<PluggedIn>& found, udev_device* node)
         return isSame(other.resource.name, name);
     });
     if (name.serial.empty() || isTaken)
-        name.board = static_cast<ViUInt16>(std::strtoul(nodeNumber, nullptr, 10));
+        name.board = static_cast<ViUInt16>(nodeNumber(node));
     each.resource.maker = attribute(device, "manufacturer");
     each.resource.model = attribute(device, "product");
     each.node = path;
@@ -94,6 +99,9 @@ std::vector<PluggedIn> pluggedIn()
         if (device)
             devices.push_back(std::move(device));
     }
+    std::sort(devices.begin(), devices.end(), [](const UdevDevice& a, const UdevDevice& b) {
+        return nodeNumber(a.get()) < nodeNumber(b.get());
+    });
     for (const UdevDevice& device : devices)
         append(found, device.get());
     return found;

@@ -63,7 +63,7 @@ bool parseResourceName(const std::string& text, ResourceName& name)
     const std::string_view board = parts[0].substr(3);
     const bool isRead = (board.empty() || readDecimal(board, read.board)) &&
                         readNumber(parts[1], read.vendor) && readNumber(parts[2], read.product) &&
-                        !parts[3].empty() && parts[3].find(':') == parts[3].npos &&
+                        parts[3].find(':') == parts[3].npos &&
                         (parts.size() == 4 || readDecimal(parts[4], read.interfaceNumber));
     if (!isRead)
         return false;

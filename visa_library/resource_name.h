@@ -17,5 +17,6 @@ struct ResourceName {
     std::string text() const;
 };
 
-/// Reads USB[board]::vendor::product::serial[::interface][::INSTR]; false for anything else.
+/// Reads USB[board]::vendor::product::serial[::interface][::INSTR]; false for anything else. The
+/// serial number may be empty: some instruments have none.
 bool parseResourceName(const std::string& text, ResourceName& name);

@@ -1,0 +1,108 @@
+#include <umockdev.h>
+#undef signals
+
+#include "tests/support/rows.h"
+#include "usbtmc/plugged_in.h"
+
+#include <QtTest>
+
+namespace
+{
+struct Unref {
+    void operator()(gpointer object) const { g_object_unref(object); }
+};
+} // namespace
+
+/// The instruments that the driver has bound, on a bus of mocked devices (runs under umockdev's
+/// preload).
+class UsbtmcSearchTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_bus.reset();
+        m_bus.reset(umockdev_testbed_new());
+        QVERIFY2(umockdev_in_mock_environment(), "run under umockdev-wrapper");
+    }
+
+    void namesInstruments_data()
+    {
+        testColumns<QList<QByteArray>, QByteArray>("serials", "names");
+        const QByteArray model = "::0x5645::0x0001::";
+        testRow("none", QList<QByteArray>(), QByteArray());
+        testRow("one", QList<QByteArray>{"A"}, "USB0" + model + "A::INSTR");
+        testRow("alike", QList<QByteArray>{"B", "A"},
+                "USB0" + model + "B::INSTR USB0" + model + "A::INSTR");
+        testRow("without serial numbers", QList<QByteArray>{"", ""},
+                "USB0" + model + "::INSTR USB1" + model + "::INSTR");
+        testRow("the same serial number", QList<QByteArray>{"A", "A"},
+                "USB0" + model + "A::INSTR USB1" + model + "A::INSTR");
+        testRow("colons", QList<QByteArray>{"A::B"}, "USB0" + model + "A__B::INSTR");
+    }
+
+    void namesInstruments()
+    {
+        QFETCH(QList<QByteArray>, serials);
+        for (int i = 0; i < serials.size(); ++i)
+            plug(i, serials[i]);
+        QList<QByteArray> names;
+        for (const PluggedIn& each : pluggedIn()) {
+            const std::string name = each.resource.name.text();
+            names += QByteArray::fromStdString(name);
+            ResourceName parsed;
+            QVERIFY(parseResourceName(name, parsed));
+            QCOMPARE(parsed.serial, each.resource.name.serial);
+        }
+        QTEST(names.join(' '), "names");
+    }
+
+    void tellsWhatIsKnown()
+    {
+        plug(3, "A", "02", "03");
+        const PluggedIn found = pluggedIn().at(0);
+        QCOMPARE(found.resource.maker, std::string("Veltro"));
+        QCOMPARE(found.resource.model, std::string("KLV-6G"));
+        QCOMPARE(found.resource.name.text(), std::string("USB0::0x5645::0x0001::A::2::INSTR"));
+        QCOMPARE(found.node, std::string("/dev/usbtmc3"));
+        QVERIFY(found.asksForService);
+    }
+
+    // Its node is still listed, what it hangs on is gone.
+    void passesOverWhatIsBeingPulled()
+    {
+        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "usbtmc0", nullptr, nullptr,
+                                           "DEVNAME", "/dev/usbtmc0", nullptr));
+        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "hiddev0", nullptr, nullptr,
+                                           "DEVNAME", "/dev/hiddev0", nullptr));
+        QVERIFY(pluggedIn().empty());
+    }
+
+private:
+    void plug(int number, const QByteArray& serial, const char* interface = "00",
+              const char* endpoints = "02")
+    {
+        const QByteArray port = "1-" + QByteArray::number(9 - number); // in another order
+        char* device = umockdev_testbed_add_device(m_bus.get(), "usb", port.constData(), nullptr,
+                                                   "idVendor", "5645", "idProduct", "0001",
+                                                   "manufacturer", "Veltro", "product", "KLV-6G",
+                                                   nullptr, "DEVTYPE", "usb_device", nullptr);
+        if (!serial.isEmpty())
+            umockdev_testbed_set_attribute(m_bus.get(), device, "serial", serial.constData());
+        char* itsInterface = umockdev_testbed_add_device(
+            m_bus.get(), "usb", (port + ":1.0").constData(), device, "bInterfaceNumber", interface,
+            "bNumEndpoints", endpoints, nullptr, "DEVTYPE", "usb_interface", nullptr);
+        const QByteArray node = "usbtmc" + QByteArray::number(number);
+        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", node.constData(), itsInterface,
+                                           nullptr, "DEVNAME", ("/dev/" + node).constData(),
+                                           nullptr));
+        g_free(itsInterface);
+        g_free(device);
+    }
+
+    std::unique_ptr<UMockdevTestbed, Unref> m_bus;
+};
+
+QTEST_GUILESS_MAIN(UsbtmcSearchTest)
+#include "search_test.moc"
