@@ -65,10 +65,13 @@ ViStatus UsbtmcDevice::trigger(VisaCall& call)
     return transfer(call, [this] { return m_transport.trigger(); });
 }
 
+// The byte with which the instrument asked for service comes first: the watch has taken it.
 ViStatus UsbtmcDevice::readStatusByte(VisaCall& call, ViUInt16& status)
 {
-    ViUInt16 byte = 0;
-    const ViStatus outcome = transfer(call, [&] { return m_transport.readStatusByte(byte); });
+    const int asked = m_serviceWatch ? m_serviceWatch->takeStatusByte() : -1;
+    ViUInt16 byte = static_cast<ViUInt16>(asked);
+    const ViStatus outcome =
+        asked >= 0 ? VI_SUCCESS : transfer(call, [&] { return m_transport.readStatusByte(byte); });
     if (outcome == VI_SUCCESS)
         status = byte;
     return outcome;
@@ -77,4 +80,11 @@ ViStatus UsbtmcDevice::readStatusByte(VisaCall& call, ViUInt16& status)
 ViStatus UsbtmcDevice::controlRemote(VisaCall& call, ViUInt16 mode)
 {
     return transfer(call, [this, mode] { return m_transport.controlRemote(mode); });
+}
+
+void UsbtmcDevice::watchService(std::function<void()> onRequest)
+{
+    if (!m_serviceWatch)
+        m_serviceWatch =
+            std::make_unique<ServiceWatch>(*m_node, m_node->descriptor(), std::move(onRequest));
 }

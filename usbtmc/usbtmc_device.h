@@ -2,6 +2,7 @@
 
 #include "usbtmc/node_lock.h"
 #include "usbtmc/plugged_in.h"
+#include "usbtmc/service_watch.h"
 #include "usbtmc/transport.h"
 #include "visa_library/library.h"
 
@@ -25,6 +26,8 @@ public:
     ViStatus trigger(VisaCall& call) override;
     ViStatus readStatusByte(VisaCall& call, ViUInt16& status) override;
     ViStatus controlRemote(VisaCall& call, ViUInt16 mode) override;
+    bool canAskForService() const override { return m_instrument.asksForService; }
+    void watchService(std::function<void()> onRequest) override;
 
 private:
     template <typename Action>
@@ -35,4 +38,5 @@ private:
     NodeLock m_lock;
     std::mutex m_mutex; ///< of the transport, while the library is unlocked
     Transport m_transport;
+    std::unique_ptr<ServiceWatch> m_serviceWatch; ///< from the first time that it is wanted
 };

@@ -2,6 +2,7 @@
 
 #include "visa_library/resource_name.h"
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -64,8 +65,13 @@ public:
     virtual ViStatus readStatusByte(VisaCall& call, ViUInt16& status) = 0;
     /// Remote and local operation, by the modes of viGpibControlREN.
     virtual ViStatus controlRemote(VisaCall&, ViUInt16) { return VI_ERROR_NSUP_OPER; }
-    /// Whether the instrument asked for service since it was last looked; not every bus lets it.
+    /// Whether the instrument can ask for service.
+    virtual bool canAskForService() const { return true; }
+    /// Whether it has done so since it was last looked, where that is only known after a message.
     virtual bool takeServiceRequest() { return false; }
+    /// Where it may do so at any time: calls from a thread, with the library unlocked, whenever it
+    /// does, until the device is closed. Called again it changes nothing.
+    virtual void watchService(std::function<void()> /*onRequest*/) {}
 };
 
 /// A text attribute as it is answered.

@@ -32,6 +32,7 @@ public:
     }
 
     ViStatus status() const { return m_status; }
+    Session& session() { return *m_session; }
     SessionEvents& events() { return m_session->events; }
 
 private:
@@ -62,6 +63,11 @@ ViStatus KLV_VISA_FIXED viEnableEvent(ViSession session, ViEventType eventType, 
         return VI_ERROR_HNDLR_NINSTALLED;
     if (eventType == VI_ALL_ENABLED_EVENTS)
         return VI_SUCCESS;
+    if (eventType == VI_EVENT_SERVICE_REQ) {
+        if (!call.session().device->canAskForService())
+            return VI_ERROR_INV_EVENT;
+        call.session().watchService();
+    }
     unsigned& enabled = call.events().enabled[eventType];
     const bool isNew = (enabled & mechanism) != (mechanism & anyMechanism);
     enabled |= mechanism & anyMechanism;

@@ -49,6 +49,24 @@ ViStatus Session::waitForLock(VisaCall& call, ViAccessMode mode, ViUInt32 waitMs
     }
 }
 
+void Session::watchService()
+{
+    device->watchService([weak = weak_from_this()] {
+        VisaCall call(std::nullopt);
+        const std::shared_ptr<Session> session = weak.lock();
+        if (session != nullptr)
+            session->postServiceRequest(call);
+        call.closeUnlocked(session);
+    });
+}
+
+void Session::postServiceRequest(VisaCall& call)
+{
+    auto event = std::make_shared<EventContext>();
+    event->type = VI_EVENT_SERVICE_REQ;
+    post(call, event);
+}
+
 void Session::post(VisaCall& call, const std::shared_ptr<EventContext>& event)
 {
     const unsigned mechanisms = events.enabled[event->type];
@@ -88,11 +106,8 @@ IoCall::IoCall(ViSession handle, Use use)
 ViStatus IoCall::send(std::string_view bytes, bool end)
 {
     const ViStatus status = m_session->device->write(*this, bytes, end);
-    if (m_session->device->takeServiceRequest()) {
-        auto event = std::make_shared<EventContext>();
-        event->type = VI_EVENT_SERVICE_REQ;
-        m_session->post(*this, event);
-    }
+    if (m_session->device->takeServiceRequest())
+        m_session->postServiceRequest(*this);
     return status;
 }
 

@@ -29,7 +29,7 @@ struct ReadBuffer {
 };
 
 /// One open connection to an instrument: its attributes, locks, events and formatted I/O buffers.
-class Session : public Object
+class Session : public Object, public std::enable_shared_from_this<Session>
 {
 public:
     explicit Session(std::unique_ptr<Device> opened);
@@ -40,6 +40,9 @@ public:
     /// VI_ERROR_RSRC_LOCKED when it was not released.
     ViStatus waitForLock(VisaCall& call, ViAccessMode mode, ViUInt32 waitMs,
                          const std::string& key);
+    /// From now on the instrument's requests for service become events.
+    void watchService();
+    void postServiceRequest(VisaCall& call);
     /// Queues an event and has its handlers called, where it is enabled.
     void post(VisaCall& call, const std::shared_ptr<EventContext>& event);
 
