@@ -58,6 +58,26 @@ private slots:
         QCOMPARE(changes.count(), 3);
     }
 
+    // The search would not find it any sooner.
+    void waitsForTheDriversNode()
+    {
+        QSignalSpy changes(m_watch.get(), &HotPlugWatch::devicesChanged);
+        const QByteArray device = plug("1-1", "5645", "0041", "A");
+        char* interface = umockdev_testbed_add_device(
+            m_bus.get(), "usb", "1-1:1.0", device.constData(), "bInterfaceClass", "fe",
+            "bInterfaceSubClass", "03", nullptr, "DEVTYPE", "usb_interface", nullptr);
+        QVERIFY(!changes.wait(300));
+        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "usbtmc0", interface, nullptr,
+                                           "DEVNAME", "/dev/usbtmc0", nullptr));
+        g_free(interface);
+        QVERIFY(changes.wait());
+        QCOMPARE(changes.count(), 1);
+        // One that comes later still is news, too.
+        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "usbtmc1", nullptr, nullptr,
+                                           "DEVNAME", "/dev/usbtmc1", nullptr));
+        QVERIFY(changes.wait());
+    }
+
     void livesWithoutDevices()
     {
         char* sysfs = umockdev_testbed_get_sys_dir(m_bus.get());
