@@ -218,19 +218,32 @@ void Connection::reportNothingFound()
     // Plugged in while the search was running.
     if (m_attempt.hasNews && connectByItself())
         return;
-    StatusWords words = m_obstacle ? m_obstacle() : StatusWords();
+    StatusWords words = obstacle();
     if (!m_attempt.heldName.isEmpty())
         words = [name = m_attempt.heldName] {
             return tr("Another running copy of the program holds the instrument %1")
                 .arg(instrumentText(name));
         };
     if (!words)
-        words = [] {
-            return tr("No instrument found: is it switched on and its cable plugged in?");
-        };
+        words = withLibrary(
+            [] { return tr("No instrument found: is it switched on and its cable plugged in?"); });
     emit failed(words);
     if (m_attempt.heldName.isEmpty())
         emit nothingFound();
+}
+
+StatusWords Connection::withLibrary(const StatusWords& reason) const
+{
+    const StatusWords library = m_libraryWords ? m_libraryWords() : StatusWords();
+    if (!library)
+        return reason;
+    return [reason, library] { return QStringLiteral("%1 (%2)").arg(reason(), library()); };
+}
+
+StatusWords Connection::openFailure(ViStatus status) const
+{
+    const StatusWords known = status == VI_ERROR_NPERMISSION ? obstacle() : StatusWords();
+    return known ? known : withLibrary([status] { return openFailureText(status); });
 }
 
 void Connection::chooserDismissed()
@@ -251,7 +264,7 @@ void Connection::slot_connect(const QString& address)
     }
     emit titleChanged(title);
     if (!m_session.open(address)) {
-        fail([status = m_session.lastStatus()] { return openFailureText(status); });
+        fail(openFailure(m_session.lastStatus()));
         return;
     }
     say([] { return tr("Connecting: reading the mode"); });

@@ -3,6 +3,7 @@
 #include "connection/identification.h"
 #include "link/activity.h"
 #include "ui/busy_cursor.h"
+#include "visa/visa.h"
 
 #include <QObject>
 #include <QStringList>
@@ -52,9 +53,12 @@ public:
     /// Serial numbers that may be connected; while it is empty, all may.
     void setAllowedSerials(const QStringList& serials) { m_allowedSerials = serials; }
 
-    /// Called when a search has found nothing, for the reason; empty words: the plain message that
-    /// there is no instrument.
+    /// Called when a search has found nothing, or nothing that may be opened, for the reason; empty
+    /// words: the plain message.
     void setObstacle(const std::function<StatusWords()>& obstacle) { m_obstacle = obstacle; }
+
+    /// Called for the library in use, which plain messages then name; empty words: they do not.
+    void setLibraryWords(const std::function<StatusWords()>& words) { m_libraryWords = words; }
 
     /// Keeps the hot-plug watch quiet while the connected instrument is in its bootloader.
     void setFirmwareUpdateRunning(bool isRunning);
@@ -157,6 +161,9 @@ private:
     bool leavesMassStorageMode();
     void pushPanel();
     void pushSteps();
+    StatusWords obstacle() const { return m_obstacle ? m_obstacle() : StatusWords(); }
+    StatusWords withLibrary(const StatusWords& reason) const;
+    StatusWords openFailure(ViStatus status) const;
     void tellReady(const InstrumentIdentity& identity);
 
     ScpiSession& m_session;
@@ -170,6 +177,7 @@ private:
     std::vector<PushStep> m_pushSteps;
     QStringList m_allowedSerials;
     std::function<StatusWords()> m_obstacle;
+    std::function<StatusWords()> m_libraryWords;
     QTimer m_pollTimer;
 
     State m_state = State::Idle;

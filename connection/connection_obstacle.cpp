@@ -1,6 +1,5 @@
 #include "connection/connection_obstacle.h"
 
-#include "connection/device_access.h"
 #include "link/library_places.h"
 #include "link/scpi_session.h"
 
@@ -33,7 +32,8 @@ QString missingLibraryText(const QString& name, const QString& error)
 }
 } // namespace
 
-StatusWords connectionObstacle(const VisaLibrary& visa, const ScpiSession& session, bool isRealBus)
+StatusWords connectionObstacle(const VisaLibrary& visa, const ScpiSession& session,
+                               std::optional<DeviceNode> node)
 {
     if (visa.unresolvedCount() < 0)
         return [name = visa.name(), error = visa.loadError()] {
@@ -45,7 +45,7 @@ StatusWords connectionObstacle(const VisaLibrary& visa, const ScpiSession& sessi
                                                 "The VISA library %1 does not start"))
                 .arg(name);
         };
-    if (isRealBus && !deviceAccessComplaint().isEmpty())
-        return [] { return deviceAccessComplaint(); };
+    if (node && !deviceAccessComplaint(*node).isEmpty())
+        return [kind = *node] { return deviceAccessComplaint(kind); };
     return StatusWords();
 }

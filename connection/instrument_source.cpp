@@ -2,12 +2,21 @@
 
 #include "connection/demo_mode.h"
 #include "connection/demo_plug_watch.h"
+#include "link/library_places.h"
 #include "link/scpi_session.h"
+
+#include <QCoreApplication>
+#include <QDir>
 
 namespace
 {
 const QString visaLibraryName = QStringLiteral("VeVISA32");
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("InstrumentSource", text);
 }
+} // namespace
 
 InstrumentSource::InstrumentSource(bool isSimulated, const QString& library, VisaLibrary& visa,
                                    ScpiSession& session)
@@ -38,8 +47,42 @@ QString InstrumentSource::libraryName() const
 
 void InstrumentSource::open()
 {
-    m_visa.load(libraryName().toLocal8Bit().constData());
+    loadLibrary();
     m_session.openResourceManager();
+}
+
+void InstrumentSource::loadLibrary()
+{
+    m_visa.load(libraryName().toLocal8Bit().constData());
+    const QString own = ownLibraryPath();
+    m_isOwnLibrary = isFreeToChoose() && m_visa.unresolvedCount() < 0 && !own.isEmpty();
+    if (m_isOwnLibrary)
+        m_visa.load(own.toLocal8Bit().constData());
+}
+
+StatusWords InstrumentSource::libraryWords() const
+{
+    const QString file = QDir::toNativeSeparators(m_visa.fileName());
+    const char* text = m_isOwnLibrary ? QT_TRANSLATE_NOOP("InstrumentSource",
+                                                          "VISA library: the program's own (%1)")
+                                      : QT_TRANSLATE_NOOP("InstrumentSource", "VISA library: %1");
+    return [file, text] {
+        return file.isEmpty()
+                   ? translated(QT_TRANSLATE_NOOP("InstrumentSource", "VISA library: none"))
+                   : translated(text).arg(file);
+    };
+}
+
+StatusWords InstrumentSource::chosenLibraryWords() const
+{
+    return isFreeToChoose() ? libraryWords() : StatusWords();
+}
+
+std::optional<DeviceNode> InstrumentSource::node() const
+{
+    if (m_demo)
+        return std::nullopt;
+    return m_isOwnLibrary ? DeviceNode::UsbTmc : DeviceNode::Usb;
 }
 
 void InstrumentSource::simulate(bool isSimulated)

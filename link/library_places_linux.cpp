@@ -1,6 +1,7 @@
 #include "link/library_places.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QLibrary>
 
 #include <fcntl.h>
@@ -53,6 +54,18 @@ LibraryPlaces libraryPlaces(const QString& name)
     }
     places.folders << QCoreApplication::translate("LibraryPlaces", "the system's library folders");
     return places;
+}
+
+QString ownLibraryPath()
+{
+    const QString program = QCoreApplication::applicationDirPath();
+    // Beside the program, or where the build tree has it.
+    for (const char* folder : {"/usbtmc", "/../usbtmc"}) {
+        const QFileInfo file(program + QLatin1String(folder) + QStringLiteral("/libVeVISA32.so"));
+        if (file.exists())
+            return file.canonicalFilePath();
+    }
+    return QString();
 }
 
 bool loadFromPlaces(QLibrary& library, const QString& name)

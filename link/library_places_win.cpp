@@ -45,6 +45,12 @@ LibraryPlaces libraryPlaces(const QString& name)
              QCoreApplication::translate("LibraryPlaces", "the folders of PATH")}};
 }
 
+// The maker's library alone speaks to the maker's driver.
+QString ownLibraryPath()
+{
+    return QString();
+}
+
 // By full paths: a plain name would be searched in the current folder before those of PATH.
 bool loadFromPlaces(QLibrary& library, const QString& name)
 {

@@ -37,6 +37,11 @@ void VisaLibrary::load(const char* name)
     resolveAll();
 }
 
+QString VisaLibrary::fileName() const
+{
+    return m_unresolvedCount < 0 ? QString() : m_library->fileName();
+}
+
 void VisaLibrary::reset()
 {
     if (m_library) {

@@ -56,6 +56,9 @@ public:
     /// -1 while no library is loaded, else the number of functions it lacks.
     int unresolvedCount() const { return m_unresolvedCount; }
 
+    /// The file that is loaded, as far as it is known; empty while none is.
+    QString fileName() const;
+
     /// The library last asked for, and the system's message when it could not be loaded.
     const QString& name() const { return m_name; }
     const QString& loadError() const { return m_loadError; }

@@ -83,11 +83,13 @@ Form::Form(QWidget* parent) : QDialog(parent, Qt::Tool)
     top->addWidget(header);
     top->addWidget(m_title, 1);
     column->addLayout(top);
-    for (QLabel** line :
-         {&m_product, &m_softwareRevision, &m_toolkit, &m_firmwareLine, &m_serialLine}) {
+    for (QLabel** line : {&m_product, &m_softwareRevision, &m_toolkit, &m_libraryLine,
+                          &m_firmwareLine, &m_serialLine}) {
         *line = new QLabel(frame);
         column->addWidget(*line);
     }
+    m_libraryLine->setObjectName(QStringLiteral("lbl_Library"));
+    m_libraryLine->setTextFormat(Qt::PlainText);
     auto* calibration = new QHBoxLayout;
     calibration->addWidget(m_calibrationCaption);
     calibration->addWidget(m_calibrationDate);
@@ -159,8 +161,15 @@ void Form::on_pushButton_clicked()
     close();
 }
 
+void Form::showLibrary()
+{
+    const StatusWords words = m_libraryWords ? m_libraryWords() : StatusWords();
+    m_libraryLine->setText(words ? words() : QString());
+}
+
 void Form::showAbout()
 {
+    showLibrary();
     show();
     raise();
     activateWindow();
@@ -193,6 +202,7 @@ void Form::retranslate()
     m_updateLinks->setText(tr("Update: ") + anchor(QLatin1String(softwareLink), tr("software")) +
                            QLatin1Char(' ') + anchor(QLatin1String(firmwareLink), tr("firmware")));
     m_license->setText(anchor(QStringLiteral("license"), tr("License")));
+    showLibrary();
     setSerial(m_serial);
     setFirmware(m_firmware);
 }

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "link/activity.h"
+
 #include <QDialog>
 
 class QLabel;
 class QPushButton;
 
-/// The About box: revisions, serial number and calibration due date of the connected instrument,
-/// licence and links. Shows what it is given and asks for the firmware update; sends nothing.
+/// The About box: revisions, the VISA library in use, serial number and calibration due date of the
+/// connected instrument, licence and links. Shows what it is given and asks for the firmware
+/// update; sends nothing.
 class Form : public QDialog
 {
     Q_OBJECT
@@ -19,6 +22,9 @@ public:
     void setFirmware(const QString& version);
     /// `date` as "dd.MM.yyyy". Red when it is today or past, or no such date.
     void setCalibrationDue(const QString& date);
+
+    /// Called for the VISA library in use when the box opens.
+    void setLibraryWords(const std::function<StatusWords()>& words) { m_libraryWords = words; }
 
 signals:
     /// The user wants to update the instrument's firmware.
@@ -36,6 +42,7 @@ protected:
 
 private:
     void requestUpdate();
+    void showLibrary();
     void retranslate();
 
     QLabel* m_title;
@@ -46,6 +53,7 @@ private:
     QLabel* m_product;
     QLabel* m_softwareRevision;
     QLabel* m_toolkit;
+    QLabel* m_libraryLine;
     QLabel* m_firmwareLine;
     QLabel* m_serialLine;
     QLabel* m_support;
@@ -53,4 +61,5 @@ private:
     QLabel* m_license;
     QString m_serial;
     QString m_firmware;
+    std::function<StatusWords()> m_libraryWords;
 };

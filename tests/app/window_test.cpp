@@ -60,7 +60,11 @@ private slots:
     {
         beginConnected();
         QStringList texts;
-        const auto labels = m_rig->get<Form>("Form").findChildren<QLabel*>();
+        auto& about = m_rig->get<Form>("Form");
+        about.showAbout();
+        about.hide();
+        QCOMPARE(m_rig->text("lbl_Library"), "VISA library: " + Demo::libraryPath());
+        const auto labels = about.findChildren<QLabel*>();
         for (const QLabel* label : labels)
             texts << label->text();
         for (const char* text : {"Software revision: 2.7.4", "Firmware revision:2.7.1",

@@ -67,6 +67,34 @@ private slots:
         QVERIFY(!QGuiApplication::overrideCursor());
     }
 
+    void failuresNameTheLibrary_data()
+    {
+        testColumns<QString, QString>("set", "reason");
+        testRow("nothing found", "unplug",
+                "No instrument found: is it switched on and its cable plugged in? (its name)");
+        testRow("silent", "fault 1 status 0xBFFF0015",
+                "The instrument could not be opened: it does not answer (its name)");
+        // What keeps this user from opening it says more.
+        testRow("not permitted", "fault 1 status 0xBFFF00A8", "the obstacle");
+    }
+
+    void failuresNameTheLibrary()
+    {
+        QFETCH(QString, set);
+        ConnectionRig rig;
+        const bool isOpened = set != "unplug";
+        rig.connection.setLibraryWords([] { return [] { return QStringLiteral("its name"); }; });
+        rig.connection.setObstacle([isOpened] {
+            return isOpened ? StatusWords([] { return QStringLiteral("the obstacle"); })
+                            : StatusWords();
+        });
+        rig.demo(set);
+        QSignalSpy failed(&rig.connection, &Connection::failed);
+        rig.connection.on_connect_clicked(true);
+        QTRY_COMPARE(failed.count(), 1);
+        QTEST(failed.first().first().value<StatusWords>()(), "reason");
+    }
+
     void anOvertakenPushSendsNothing_data()
     {
         testColumns<bool>("isAgain");

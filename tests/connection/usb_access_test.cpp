@@ -30,8 +30,17 @@ private slots:
             QSKIP("root may open everything");
         plug("1-1", "1d6b", "001", 0x6000);
         plug("1-2", vendor, "012", mode);
-        QCOMPARE(inaccessibleNode(m_folder.filePath("devices"), m_folder.filePath("nodes")),
-                 isFound ? m_folder.filePath("nodes/001/012") : QString());
+        const auto found = [this](DeviceNode kind) {
+            return inaccessibleNode(kind, m_folder.filePath("devices"), m_folder.filePath("nodes"));
+        };
+        QCOMPARE(found(DeviceNode::Usb), isFound ? m_folder.filePath("nodes/001/012") : QString());
+        // Not every driver is bound.
+        QCOMPARE(found(DeviceNode::UsbTmc), QString());
+        QVERIFY(QDir().mkpath(m_folder.filePath("devices/1-2/1-2:1.0/usbmisc/usbtmc12")));
+        setNode("usbtmc12", mode);
+        QCOMPARE(found(DeviceNode::UsbTmc),
+                 isFound ? m_folder.filePath("nodes/usbtmc12") : QString());
+        QVERIFY(QDir(m_folder.filePath("devices/1-2")).removeRecursively());
     }
 
 private:
@@ -51,7 +60,12 @@ private:
         write(folder + "/idVendor", vendor + "\n");
         write(folder + "/busnum", "1\n");
         write(folder + "/devnum", QByteArray::number(number.toInt()) + "\n");
-        const QString node = "nodes/001/" + number;
+        setNode("001/" + number, mode);
+    }
+
+    void setNode(const QString& name, int mode)
+    {
+        const QString node = "nodes/" + name;
         QFile::remove(m_folder.filePath(node));
         if (mode < 0)
             return;

@@ -501,6 +501,21 @@
     </message>
 </context>
 <context>
+    <name>InstrumentSource</name>
+    <message>
+        <source>VISA library: the program&apos;s own (%1)</source>
+        <translation>библиотека VISA: своя (%1)</translation>
+    </message>
+    <message>
+        <source>VISA library: %1</source>
+        <translation>библиотека VISA: %1</translation>
+    </message>
+    <message>
+        <source>VISA library: none</source>
+        <translation>библиотека VISA: нет</translation>
+    </message>
+</context>
+<context>
     <name>Keypad</name>
     <message>
         <source>Close without a change (Esc)</source>
