@@ -59,7 +59,9 @@ set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_PACKAGE_DESCRIPTION
 "Sets frequency, power, RF output and reference, amplitude, frequency, phase
 and pulse modulation, the LF generator, and sweeps and lists of points of a
-KLV signal generator on USB, by SCPI over the maker's VISA library.
+KLV signal generator on USB, by SCPI over the kernel's USB-TMC driver or the
+maker's VISA library. The VISA library for that driver can be used by other
+programs, too.
 .
 A simulated instrument is included, so that the whole panel can be tried
 without one.")
