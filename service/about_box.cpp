@@ -164,7 +164,9 @@ void Form::on_pushButton_clicked()
 void Form::showLibrary()
 {
     const StatusWords words = m_libraryWords ? m_libraryWords() : StatusWords();
-    m_libraryLine->setText(words ? words() : QString());
+    QString text = words ? words() : QString();
+    // It may have been made for the middle of a sentence.
+    m_libraryLine->setText(text.replace(0, 1, text.left(1).toUpper()));
 }
 
 void Form::showAbout()

@@ -7,18 +7,9 @@
 namespace
 {
 
-/// Releases a libudev object with its owner.
-template <auto unref>
-struct Unref {
-    template <class T>
-    void operator()(T* object) const
-    {
-        unref(object);
-    }
-};
-using Udev = std::unique_ptr<udev, Unref<udev_unref>>;
-using Enumerate = std::unique_ptr<udev_enumerate, Unref<udev_enumerate_unref>>;
-using UdevDevice = std::unique_ptr<udev_device, Unref<udev_device_unref>>;
+/// A libudev object with the function that releases it.
+template <class Type>
+using Owned = std::unique_ptr<Type, Type* (*)(Type*)>;
 
 std::string attribute(udev_device* device, const char* name)
 {
@@ -84,25 +75,27 @@ void append(std::vector<PluggedIn>& found, udev_device* node)
 std::vector<PluggedIn> pluggedIn()
 {
     std::vector<PluggedIn> found;
-    const Udev context(udev_new());
-    const Enumerate nodes(context ? udev_enumerate_new(context.get()) : nullptr);
+    const Owned<udev> context(udev_new(), udev_unref);
+    const Owned<udev_enumerate> nodes(context ? udev_enumerate_new(context.get()) : nullptr,
+                                      udev_enumerate_unref);
     if (!nodes)
         return found;
     udev_enumerate_add_match_subsystem(nodes.get(), "usbmisc");
     udev_enumerate_add_match_sysname(nodes.get(), "usbtmc*");
     udev_enumerate_scan_devices(nodes.get());
-    std::vector<UdevDevice> devices;
+    std::vector<Owned<udev_device>> devices;
     for (udev_list_entry* entry = udev_enumerate_get_list_entry(nodes.get()); entry != nullptr;
          entry = udev_list_entry_get_next(entry)) {
-        UdevDevice device(
-            udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)));
+        Owned<udev_device> device(
+            udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)),
+            udev_device_unref);
         if (device)
             devices.push_back(std::move(device));
     }
-    std::sort(devices.begin(), devices.end(), [](const UdevDevice& a, const UdevDevice& b) {
+    std::sort(devices.begin(), devices.end(), [](const auto& a, const auto& b) {
         return nodeNumber(a.get()) < nodeNumber(b.get());
     });
-    for (const UdevDevice& device : devices)
+    for (const auto& device : devices)
         append(found, device.get());
     return found;
 }

@@ -6,13 +6,6 @@
 
 #include <QtTest>
 
-namespace
-{
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
-} // namespace
-
 /// The instruments that the driver has bound, on a bus of mocked devices (runs under umockdev's
 /// preload).
 class UsbtmcSearchTest : public QObject
@@ -101,7 +94,7 @@ private:
         g_free(device);
     }
 
-    std::unique_ptr<UMockdevTestbed, Unref> m_bus;
+    std::unique_ptr<UMockdevTestbed, void (*)(gpointer)> m_bus{nullptr, g_object_unref};
 };
 
 QTEST_GUILESS_MAIN(UsbtmcSearchTest)
