@@ -173,7 +173,7 @@ void MainWindow::wireConnection()
     m_chooser.setNeighbour(*this);
     m_connection.setObstacle(
         [this] { return connectionObstacle(m_visa, m_session, m_source->node()); });
-    m_connection.setLibraryWords([this] { return m_source->chosenLibraryWords(); });
+    m_connection.setLibraryWords([this] { return m_source->ownLibraryWords(); });
     m_about->setLibraryWords([this] { return m_source->libraryWords(); });
     connect(&m_connection, &Connection::buttonShouldBe, m_ui->connect,
             &QAbstractButton::setChecked);

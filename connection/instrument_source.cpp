@@ -73,9 +73,9 @@ StatusWords InstrumentSource::libraryWords() const
     };
 }
 
-StatusWords InstrumentSource::chosenLibraryWords() const
+StatusWords InstrumentSource::ownLibraryWords() const
 {
-    return isFreeToChoose() ? libraryWords() : StatusWords();
+    return m_isOwnLibrary ? libraryWords() : StatusWords();
 }
 
 std::optional<DeviceNode> InstrumentSource::node() const

@@ -33,8 +33,8 @@ public:
     /// Which library is in use.
     StatusWords libraryWords() const;
 
-    /// The same where the program has chosen it among several; else empty.
-    StatusWords chosenLibraryWords() const;
+    /// The same where it is the program's own, which nobody has named or installed; else empty.
+    StatusWords ownLibraryWords() const;
 
     /// Loads the library of the current choice and opens its resource manager.
     void open();
