@@ -7,6 +7,7 @@
 #   --windows  also what the Windows build needs: MinGW-w64, Qt's source package's tools, Wine,
 #              icons and the installer
 #   --package  also what the Debian package needs
+#   --usb      also the virtual machine of test-usb.sh
 set -euo pipefail
 
 packages=(
@@ -30,7 +31,10 @@ for option in "$@"; do
                 libxrender1 libxxf86vm1
             ) ;;
         --package) packages+=(dpkg-dev file) ;;
-        *) echo "usage: $0 [--dev] [--fuzz] [--screen] [--wayland] [--windows] [--package]" >&2; exit 2 ;;
+        --usb) packages+=(qemu-system-x86 busybox-static cpio kmod udev) ;;
+        *)
+            echo "usage: $0 [--dev] [--fuzz] [--screen] [--wayland] [--windows] [--package] [--usb]" >&2
+            exit 2 ;;
     esac
 done
 

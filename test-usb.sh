@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Tries the panel and its library for instruments on USB against the driver of a real kernel, in a
+# virtual machine that needs no hardware and no rights: ./test-usb.sh
+# Ends with 77 where Debian's kernel package cannot be had.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+tools/install-deps.sh --usb
+kernel=$(tests/usb/fetch_kernel.sh)
+cmake --preset release
+cmake --build --preset release
+tests/usb/run_machine.sh "$kernel" "$BASH" "$PWD/tests/usb/jobs.sh" "$PWD" "$PWD/build/release"
