@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Runs in the virtual machine, in the host's root, and plugs two instruments in on USB:
-# jobs.sh SOURCE BUILD
+# Runs in the virtual machine, in the host's root: two instruments on USB, then every test with
+# them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa [FUNCTION...]]
 set -uo pipefail
 source=$1
 tests=$2/tests/usb
@@ -36,3 +36,24 @@ udevadm wait --timeout=60 /dev/usbtmc0
 plug_in 1 KLV-6G 1111 interrupt
 udevadm wait --timeout=60 /dev/usbtmc1
 echo "machine: instruments after $(cut -d' ' -f1 /proc/uptime) s"
+
+failed=0
+run() {
+    echo "== ${1##*/}, after $(cut -d' ' -f1 /proc/uptime) s"
+    "$@" || failed=1
+}
+names=(library pyvisa)
+functions=()
+if (($# > 2)); then
+    names=("$3")
+    functions=("${@:4}")
+fi
+for name in "${names[@]}"; do
+    case $name in
+        pyvisa)
+            run /usr/bin/python3 "$source/tests/usb/usb_pyvisa_test.py" "$2/usbtmc/libVeVISA32.so" ;;
+        *) run "$tests/usb_${name}_test" "${functions[@]}" ;;
+    esac
+done
+echo "machine: over after $(cut -d' ' -f1 /proc/uptime) s"
+exit $failed
