@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs in the virtual machine, in the host's root: two instruments on USB, then every test with
-# them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa [FUNCTION...]]
+# them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa|panel [FUNCTION...]]
 set -uo pipefail
 source=$1
 tests=$2/tests/usb
@@ -42,7 +42,7 @@ run() {
     echo "== ${1##*/}, after $(cut -d' ' -f1 /proc/uptime) s"
     "$@" || failed=1
 }
-names=(library pyvisa)
+names=(library pyvisa panel)
 functions=()
 if (($# > 2)); then
     names=("$3")
