@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs in the virtual machine, in the host's root: two instruments on USB, then every test with
-# them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa|panel [FUNCTION...]]
+# them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa|panel|bench [FUNCTION...]]
 set -uo pipefail
 source=$1
 tests=$2/tests/usb
@@ -42,7 +42,7 @@ run() {
     echo "== ${1##*/}, after $(cut -d' ' -f1 /proc/uptime) s"
     "$@" || failed=1
 }
-names=(library pyvisa panel)
+names=(library pyvisa panel bench)
 functions=()
 if (($# > 2)); then
     names=("$3")
@@ -52,6 +52,7 @@ for name in "${names[@]}"; do
     case $name in
         pyvisa)
             run /usr/bin/python3 "$source/tests/usb/usb_pyvisa_test.py" "$2/usbtmc/libVeVISA32.so" ;;
+        bench) run "$tests/usb_bench" ;;
         *) run "$tests/usb_${name}_test" "${functions[@]}" ;;
     esac
 done
