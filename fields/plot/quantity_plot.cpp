@@ -1,5 +1,7 @@
 #include "fields/plot/quantity_plot.h"
 
+#include "fields/plot/time_scale.h"
+
 #include <QEvent>
 #include <QPainter>
 
@@ -47,6 +49,8 @@ QwtText QuantityScale::label(double value) const
     if (ticks.size() < 2)
         return readableQuantity(value, m_unit);
     const double step = std::abs(ticks.at(1) - ticks.at(0));
+    if (m_unit == Unit::Second && isInMinutes(scaleDiv().upperBound()))
+        return minutesText(value, step);
     const double largest = std::max(std::abs(ticks.first()), std::abs(ticks.last()));
     // Neighbours have to differ, and nothing below that is more than a rounding error.
     const int digits = static_cast<int>(std::ceil(std::log10(largest / step))) + 2;
@@ -71,6 +75,7 @@ QuantityPlot::QuantityPlot(QuantityScale* times, QuantityScale* values, QWidget*
     QFont small = font();
     small.setPixelSize(fontPixels);
     setAxisScaleDraw(xBottom, times);
+    setAxisScaleEngine(xBottom, new TimeScaleEngine);
     setAxisScaleDraw(yLeft, values);
     for (const int axis : {yLeft, xBottom}) {
         setAxisFont(axis, small);

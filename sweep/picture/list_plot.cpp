@@ -354,7 +354,7 @@ void ListPlot::retranslate()
     setAccessibleName(tr("Picture of the run"));
     setToolTip(tr("Wheel: zoom. Drag: move. Double click: whole pass.\n"
                   "Keys: +, −, Left, Right, Home"));
-    m_logarithmic->setText(tr("Log"));
+    m_logarithmic->setText(tr("Log axis"));
     describe(m_logarithmic, tr("Logarithmic frequency"), tr("Logarithmic frequency axis"));
     later();
 }

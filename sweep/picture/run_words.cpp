@@ -1,5 +1,6 @@
 #include "sweep/picture/run_words.h"
 
+#include "fields/plot/time_scale.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
 
@@ -19,15 +20,6 @@ constexpr int exactDecimals = 3;
 struct Words {
     Q_DECLARE_TR_FUNCTIONS(RunWords)
 };
-
-QString clockText(double seconds)
-{
-    const qint64 whole = truncated(seconds);
-    return QStringLiteral("%1:%2:%3")
-        .arg(whole / 3600)
-        .arg(whole / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(whole % 60, 2, 10, QLatin1Char('0'));
-}
 
 QString durationText(double us)
 {

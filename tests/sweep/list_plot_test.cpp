@@ -79,6 +79,32 @@ private slots:
         QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
     }
 
+    void times_data()
+    {
+        testColumns<QString, int, QString>("dwellUs", "zooms", "labels");
+        testRow("two minutes", "60 000 000", 0, "0 s, 50 s, 100 s");
+        testRow("minutes", "150 000 000", 0, "0, 1 min, 2 min, 3 min, 4 min, 5 min");
+        testRow("half minutes", "70 000 000", 0, "0:00:00, 0:00:30, 0:01:00, 0:01:30, 0:02:00");
+        testRow("hours", "9 000 000 000", 0, "0, 1 h, 2 h, 3 h, 4 h, 5 h");
+        testRow("a part of hours", "9 000 000 000", 5, "2 h, 2 h 20 min, 2 h 40 min, 3 h");
+        testRow("days", "200 000 000 000", 0, "0, 24 h, 48 h, 72 h, 96 h");
+        testRow("a second of hours", "9 000 000 000", 43, "2:29:59.5, 2:30:00.0, 2:30:00.5");
+    }
+    void times()
+    {
+        QFETCH(QString, dwellUs);
+        QFETCH(int, zooms);
+        show(RunKind::List, listOf({{"1", "0", dwellUs}, {"2", "0", dwellUs}}));
+        for (int i = 0; i < zooms; ++i)
+            QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+        QCoreApplication::processEvents();
+        const RunPlot& plot = *m_plot->findChildren<RunPlot*>().at(1);
+        QStringList labels;
+        for (const double tick : plot.axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick))
+            labels << plot.axisScaleDraw(QwtPlot::xBottom)->label(tick).text();
+        QTEST(labels.join(", "), "labels");
+    }
+
     void pointsWithoutPicture_data()
     {
         testColumns<RunPoints>("points");

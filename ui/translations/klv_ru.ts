@@ -801,8 +801,8 @@ Keys: +, −, Left, Right, Home</source>
 Клавиши: +, −, влево, вправо, Home</translation>
     </message>
     <message>
-        <source>Log</source>
-        <translation>Лог.</translation>
+        <source>Log axis</source>
+        <translation>Лог. шкала</translation>
     </message>
     <message>
         <source>Logarithmic frequency</source>
@@ -2601,6 +2601,14 @@ Keys: +, −, Left, Right, Home</source>
 </context>
 <context>
     <name>Unit</name>
+    <message>
+        <source>h</source>
+        <translation>ч</translation>
+    </message>
+    <message>
+        <source>min</source>
+        <translation>мин</translation>
+    </message>
     <message>
         <source>s</source>
         <translation>с</translation>
