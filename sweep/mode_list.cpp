@@ -3,10 +3,10 @@
 #include "sweep/trigger_group.h"
 #include "ui/describe.h"
 
-#include <QGridLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <QVariant>
 
 namespace
@@ -62,8 +62,8 @@ void ModeList::build()
 
     auto* manual = new QHBoxLayout;
     manual->setSpacing(spacing);
-    for (QWidget* widget : {static_cast<QWidget*>(m_left), static_cast<QWidget*>(m_right),
-                            static_cast<QWidget*>(m_manualPoint)})
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_manual, m_auto, m_left, m_right,
+                                                           m_manualPoint, m_autoPoint})
         manual->addWidget(widget);
     manual->addStretch(1);
     manual->addWidget(m_status);
@@ -72,16 +72,14 @@ void ModeList::build()
     for (QLabel* label : m_autoTexts)
         automatic->addWidget(label);
     automatic->addStretch(1);
-    automatic->addWidget(m_autoPoint);
 
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setSpacing(spacing);
-    grid->setColumnStretch(1, 1);
-    grid->addWidget(m_manual, 0, 0);
-    grid->addLayout(manual, 0, 1);
-    grid->addWidget(m_auto, 1, 0);
-    grid->addLayout(automatic, 1, 1);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(spacing);
+    column->addLayout(manual);
+    column->addLayout(automatic);
+    // The trigger group's own button says the same.
+    m_auto->hide();
 }
 
 void ModeList::showPoint(int number, int count)

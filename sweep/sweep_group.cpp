@@ -7,6 +7,7 @@
 #include "sweep/run_button.h"
 #include "ui/describe.h"
 #include "ui/named.h"
+#include "ui/two_part_button.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -22,7 +23,7 @@ constexpr int spacing = 8;
 constexpr int gap = 6;
 constexpr int margin = 12;
 constexpr int labelWidth = 60;
-constexpr int fieldWidth = 116;
+constexpr int fieldWidth = 130; // 20 GHz in hertz
 constexpr int keyWidth = 40;
 
 struct Row {
@@ -53,7 +54,7 @@ Quantity quantityOf(const Row& row, bool isPowerSweep)
 
 SweepGroup::SweepGroup(const FieldContext& context, QWidget* parent)
     : QGroupBox(parent), m_title(named("title_Sweep", new QLabel(this))),
-      m_mode(named("power_toFrom_freq", new QPushButton(this))),
+      m_mode(new TwoPartButton(QStringLiteral("power_toFrom_freq"), this)),
       m_run(new RunButton(QStringLiteral("button_Sweep"), this)),
       m_valuesAside{QStringLiteral("1 000 000 000"), QStringLiteral("-10"), QStringLiteral("0")},
       m_followedPower(QLatin1String(rows[0].text)), m_followedFrequency(QLatin1String(rows[1].text))
@@ -69,7 +70,6 @@ SweepGroup::SweepGroup(const FieldContext& context, QWidget* parent)
 void SweepGroup::build(const FieldContext& context)
 {
     m_title->setProperty("sectionTitle", true);
-    m_mode->setCheckable(true);
 
     auto* header = new QHBoxLayout;
     header->setSpacing(spacing);
@@ -270,8 +270,9 @@ void SweepGroup::retranslate()
 {
     m_title->setText(tr("Sweep"));
     setAccessibleName(m_title->text());
-    m_mode->setText(isPowerSweep() ? tr("Power sweep") : tr("Frequency sweep"));
-    describe(m_mode, m_mode->text(), tr("Freq-Pow switch"));
+    m_mode->setTexts(tr("Frequency"), tr("Power"));
+    describe(m_mode, isPowerSweep() ? tr("Power sweep") : tr("Frequency sweep"),
+             tr("Freq-Pow switch"));
     m_run->setTexts(tr("Run the sweep"), tr("Stop the sweep"),
                     tr("Run the sweep while pressed in"));
 

@@ -12,6 +12,7 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 class RunButton;
+class TwoPartButton;
 
 /// A sweep's values apart from its points and dwell: frequencies in hertz or powers in dBm, as the
 /// fields show them.
@@ -82,7 +83,7 @@ private:
     void follow(QString* followed, std::size_t index, const QString& text);
 
     QLabel* m_title;
-    QPushButton* m_mode;
+    TwoPartButton* m_mode;
     std::array<FieldRow, 5> m_rows{};
     RunButton* m_run;
     SweepValues m_valuesAside;

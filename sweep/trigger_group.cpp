@@ -1,10 +1,11 @@
 #include "sweep/trigger_group.h"
 
 #include "ui/describe.h"
+#include "ui/two_part_button.h"
 
-#include <QGridLayout>
 #include <QIcon>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <QVariant>
 
 namespace
@@ -16,26 +17,26 @@ constexpr int iconSide = 24;
 struct Button {
     const char* name;
     const char* icon;
-    int line;
-    int column;
-    int columns;
+    std::size_t line;
+    int stretch;
 };
 constexpr std::array<Button, 8> buttons = {{
-    {"List_is_Checked", "", 0, 0, 2},
-    {"time_select", "", 1, 0, 1},
-    {"int_select", ":/images/trigger_rise.png", 1, 1, 1},
-    {"ext_select", ":/images/trigger_fall.png", 1, 2, 1},
-    {"left_select", ":/images/step_back.png", 1, 3, 1},
-    {"right_select", ":/images/step_forward.png", 1, 4, 1},
-    {"trigMode", ":/images/repeat.png", 0, 2, 1},
-    {"modeFront", "", 0, 3, 2},
+    {"List_is_Checked", "", 0, 2},
+    {"time_select", "", 1, 1},
+    {"int_select", ":/images/trigger_rise.png", 1, 1},
+    {"ext_select", ":/images/trigger_fall.png", 1, 1},
+    {"left_select", ":/images/step_back.png", 1, 1},
+    {"right_select", ":/images/step_forward.png", 1, 1},
+    {"trigMode", ":/images/repeat.png", 0, 1},
+    {"modeFront", "", 0, 2},
 }};
-constexpr int columnCount = 5;
+constexpr std::size_t shownIndex = 0;
 constexpr std::array<TriggerChoice, 3> sources = {
     TriggerChoice::FreeRun, TriggerChoice::ExternalRising, TriggerChoice::ExternalFalling};
 } // namespace
 
-TriggerGroup::TriggerGroup(QWidget* parent) : QGroupBox(parent)
+TriggerGroup::TriggerGroup(QWidget* parent)
+    : QGroupBox(parent), m_shown(new TwoPartButton(QLatin1String(buttons[shownIndex].name), this))
 {
     setObjectName(QStringLiteral("Trigger__"));
     setProperty("section", true);
@@ -48,21 +49,26 @@ TriggerGroup::TriggerGroup(QWidget* parent) : QGroupBox(parent)
 
 void TriggerGroup::build()
 {
-    auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(margin, margin, margin, margin);
-    grid->setSpacing(spacing);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(spacing);
+    const std::array<QHBoxLayout*, 2> lines = {new QHBoxLayout, new QHBoxLayout};
+    for (QHBoxLayout* line : lines) {
+        line->setSpacing(spacing);
+        column->addLayout(line);
+    }
     for (std::size_t i = 0; i < buttons.size(); ++i) {
         const Button& row = buttons[i];
-        auto* button = new QPushButton(this);
+        QPushButton* button = i == shownIndex ? m_shown : new QPushButton(this);
         button->setObjectName(QLatin1String(row.name));
         button->setCheckable(true);
         button->setIcon(QIcon(QLatin1String(row.icon)));
         button->setIconSize(QSize(iconSide, iconSide));
-        grid->addWidget(button, row.line, row.column, 1, row.columns);
+        // As wide as its part of the line, whatever stands on it.
+        button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        lines[row.line]->addWidget(button, row.stretch);
         m_buttons[i] = button;
     }
-    for (int column = 0; column < columnCount; ++column)
-        grid->setColumnStretch(column, 1);
 }
 
 void TriggerGroup::wire()
@@ -84,7 +90,14 @@ void TriggerGroup::wire()
             excludeOthers(button);
         });
     }
-    connect(&listShown(), &QAbstractButton::toggled, this, &TriggerGroup::retranslate);
+    connect(&listShown(), &QAbstractButton::toggled, this, &TriggerGroup::showArrows);
+}
+
+/// A list has its own, since a step is another command there.
+void TriggerGroup::showArrows()
+{
+    for (QPushButton* button : {&previousPoint(), &nextPoint()})
+        button->setHidden(listShown().isChecked());
 }
 
 QPushButton& TriggerGroup::source(TriggerChoice choice) const
@@ -122,7 +135,7 @@ void TriggerGroup::excludeOthers(const QPushButton* chosen)
 void TriggerGroup::retranslate()
 {
     setAccessibleName(tr("Trigger"));
-    listShown().setText(listShown().isChecked() ? tr("List") : tr("Sweep"));
+    m_shown->setTexts(tr("Sweep"), tr("List"));
     describe(&listShown(), tr("Sweep-List switch"), tr("Sweep-List switch"));
     QPushButton& automatic = source(TriggerChoice::FreeRun);
     automatic.setText(tr("AUTO"));

@@ -5,6 +5,7 @@
 #include <array>
 
 class QPushButton;
+class TwoPartButton;
 
 /// What advances a run from one point to the next.
 enum class TriggerChoice { FreeRun, ExternalRising, ExternalFalling, Manual };
@@ -41,7 +42,9 @@ signals:
 private:
     void build();
     void wire();
+    void showArrows();
     void excludeOthers(const QPushButton* chosen);
 
+    TwoPartButton* m_shown;
     std::array<QPushButton*, 8> m_buttons{};
 };
