@@ -29,22 +29,30 @@ constexpr UnitWord unitWords[] = {
     {Unit::Radian, "rad", "рад", 0}, {Unit::Radian, "mrad", "мрад", -3},
     {Unit::Dbm, "dBm", "дБм", 0},
 };
+// Levels that a column of dBm must not be taken for.
+constexpr const char* otherLevels[] = {"W", "mW", "dBW", "dBuV", "dB\u00b5V", "Вт", "мВт", "дБмкВ"};
 
 bool isWord(const QString& typed, const char* word)
 {
     return typed.compare(QString::fromUtf8(word), Qt::CaseInsensitive) == 0;
 }
 
+/// Null where the word is no unit.
+const UnitWord* unitOfWord(const QString& word)
+{
+    const auto* found =
+        std::find_if(std::begin(unitWords), std::end(unitWords), [&](const UnitWord& row) {
+            return isWord(word, row.word) || isWord(word, row.russianWord);
+        });
+    return found != std::end(unitWords) ? found : nullptr;
+}
+
 /// The power of ten of the kind's own unit that a word, or a letter that may be typed, stands for.
 std::optional<int> powerOfWord(const QString& typed, FieldKind kind)
 {
     const OwnUnit own = ownUnit(kind);
-    const auto* found =
-        std::find_if(std::begin(unitWords), std::end(unitWords), [&](const UnitWord& row) {
-            return row.unit == own.unit &&
-                   (isWord(typed, row.word) || isWord(typed, row.russianWord));
-        });
-    if (found != std::end(unitWords))
+    const UnitWord* found = unitOfWord(typed);
+    if (found && found->unit == own.unit)
         return found->powerOfTen - own.powerOfTen;
     return typed.size() == 1 ? unitKeyPower(typed.at(0), unitFamily(kind)) : std::nullopt;
 }
@@ -93,4 +101,19 @@ std::optional<QString> readQuantity(const QString& text, FieldKind kind, int pla
     const QString number = withOnePoint(withoutBlanks(match.captured(2)));
     const QString sign = match.captured(1) == QLatin1String("-") ? match.captured(1) : QString();
     return shiftedDecimal(sign + number, match.captured(3).toInt() + *power - plainPower);
+}
+
+HeadingUnit headingUnit(const QString& heading, FieldKind kind)
+{
+    static const QRegularExpression inBrackets(QStringLiteral("[\\[(]\\s*([^\\])]*?)\\s*[\\])]"));
+    static const QRegularExpression lastWord(QStringLiteral("([\\p{L}%]+)[^\\p{L}%]*$"));
+    const QRegularExpressionMatch bracket = inBrackets.match(heading);
+    const QString word = (bracket.hasMatch() ? bracket : lastWord.match(heading)).captured(1);
+    const OwnUnit own = ownUnit(kind);
+    const UnitWord* found = unitOfWord(word);
+    if (found && found->unit == own.unit)
+        return {found->powerOfTen - own.powerOfTen, false};
+    const bool isLevel = std::any_of(std::begin(otherLevels), std::end(otherLevels),
+                                     [&](const char* level) { return isWord(word, level); });
+    return {0, bracket.hasMatch() && (found || isLevel)};
 }

@@ -39,6 +39,35 @@ private slots:
         QFETCH(QString, text);
         QTEST(readQuantity(text, kind, plainPower).value_or("-"), "number");
     }
+
+    void headings_data()
+    {
+        testColumns<QString, FieldKind, QString>("heading", "kind", "unit");
+        const auto row = [](const char* heading, FieldKind kind, const char* unit) {
+            testRow(heading, QString::fromUtf8(heading), kind, unit);
+        };
+        row("Freq [Hz]", FieldKind::Frequency, "0");
+        row("\"Frequency (GHz), coarse\"", FieldKind::Frequency, "9");
+        row("freq_mhz", FieldKind::Frequency, "6");
+        row("Частота, кГц", FieldKind::Frequency, "3");
+        row("Dwell [ms]", FieldKind::Dwell, "3");
+        row("Время, с", FieldKind::Dwell, "6");
+        row("Dwell [\u03bcs]", FieldKind::Dwell, "0");
+        row("Pow [dBm]", FieldKind::Power, "0");
+        row("Pow [mW]", FieldKind::Power, "foreign");
+        row("Level (MHz)", FieldKind::Power, "foreign");
+        row("Frequency", FieldKind::Frequency, "0");
+        row("Start of time's", FieldKind::Frequency, "0");
+        row("Freq [first]", FieldKind::Frequency, "0");
+        row("", FieldKind::Dwell, "0");
+    }
+    void headings()
+    {
+        QFETCH(QString, heading);
+        QFETCH(FieldKind, kind);
+        const HeadingUnit unit = headingUnit(heading, kind);
+        QTEST(unit.isForeign ? QString("foreign") : QString::number(unit.powerOfTen), "unit");
+    }
 };
 
 QTEST_APPLESS_MAIN(QuantityTextTest)
