@@ -1,6 +1,7 @@
 #include "sweep/list/list_file.h"
 
 #include "numbers/number_text.h"
+#include "numbers/quantity_text.h"
 
 #include <QFile>
 #include <QStringList>
@@ -75,18 +76,51 @@ ParsedLine parsedLine(const char* begin, const char* end)
     return parsed;
 }
 
-/// Whether a line is text in which no field is a number.
-bool isHeading(const char* begin, const char* end)
+/// The fields of a line that is text in which no field is a number; none of any other line.
+QStringList headingFields(const char* begin, const char* end)
 {
     const QString line = withPlainBlanks(QString::fromUtf8(begin, static_cast<int>(end - begin)));
     if (line.contains(QChar::ReplacementCharacter) || line.contains(QChar(0)))
-        return false;
+        return {};
     const bool hasDecimalComma = line.contains(QLatin1Char(';'));
     QStringList fields = line.split(QLatin1Char(hasDecimalComma ? ';' : ','));
     fields.replaceInStrings(QStringLiteral(","), QStringLiteral("."));
-    return std::none_of(fields.begin(), fields.end(), [](const QString& field) {
+    const bool hasNumber = std::any_of(fields.begin(), fields.end(), [](const QString& field) {
         return !field.trimmed().isEmpty() && isNumberOrEmpty(field);
     });
+    return hasNumber ? QStringList() : fields;
+}
+
+/// The units of the columns, in powers of ten of the table's own.
+using ColumnPowers = std::array<int, pointColumnCount>;
+
+/// The heading that names a unit of another quantity; none, and the units, where all fit.
+QString readHeading(const QStringList& fields, ColumnPowers& powers)
+{
+    const int count = std::min(fields.size(), pointColumnCount);
+    for (int column = 0; column < count; ++column) {
+        const HeadingUnit unit = headingUnit(fields.at(column), pointKind(column));
+        if (unit.isForeign)
+            return fields.at(column);
+        powers[static_cast<std::size_t>(column)] = unit.powerOfTen;
+    }
+    return {};
+}
+
+/// Fields in the units of a heading as the table shows them; the field that cannot be converted.
+QString convert(PointRow& row, const ColumnPowers& powers)
+{
+    for (int column = 0; column < pointColumnCount; ++column) {
+        const int power = powers[static_cast<std::size_t>(column)];
+        QString& field = row[static_cast<std::size_t>(column)];
+        if (power == 0 || withoutBlanks(field).isEmpty())
+            continue;
+        const auto number = readQuantity(field, pointKind(column), power);
+        if (!number)
+            return field;
+        field = grouped(shiftedDecimal(*number, power), pointKind(column));
+    }
+    return {};
 }
 
 bool isBlankLine(const char* begin, const char* end)
@@ -129,6 +163,7 @@ ReadList readListFile(const QString& path, FileProgress* progress)
     std::array<char, longestLine + 1> line;
     /// What is wrong with the first line if no points follow.
     std::optional<std::pair<int, QString>> headingError;
+    ColumnPowers powers{};
     for (;;) {
         const qint64 length = file.readLine(line.data(), line.size());
         if (length <= 0)
@@ -155,12 +190,21 @@ ReadList readListFile(const QString& path, FileProgress* progress)
             continue;
         ParsedLine parsed = parsedLine(begin, end);
         const bool isFirst = read.rows.empty() && !headingError;
-        if (isFirst && parsed.error == ListFileError::NoNumber && isHeading(begin, end)) {
+        const QStringList heading = isFirst && parsed.error == ListFileError::NoNumber
+                                        ? headingFields(begin, end)
+                                        : QStringList();
+        if (!heading.isEmpty()) {
             headingError = {read.line, parsed.strangeField};
+            const QString foreign = readHeading(heading, powers);
+            if (!foreign.isEmpty())
+                return failed(ListFileError::ForeignUnit, foreign.trimmed());
             continue;
         }
         if (parsed.error != ListFileError::None)
             return failed(parsed.error, parsed.strangeField);
+        const QString strange = convert(parsed.row, powers);
+        if (!strange.isEmpty())
+            return failed(ListFileError::NoNumber, strange);
         read.rows.push_back(std::move(parsed.row));
     }
     if (file.error() != QFileDevice::NoError) {
@@ -168,6 +212,7 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         return failed(ListFileError::NotRead);
     }
     read.hasHeading = headingError.has_value();
+    read.isScaled = powers != ColumnPowers{};
     if (read.hasHeading && read.rows.empty()) {
         read.line = headingError->first;
         return failed(ListFileError::NoNumber, headingError->second);

@@ -131,6 +131,12 @@ void ListFileDialogs::tellError(const QString& name, const ReadList& read)
         emit errorMessage(
             tr("%1, line %2: \"%3\" is not a number").arg(name).arg(read.line).arg(read.field));
         break;
+    case ListFileError::ForeignUnit:
+        emit errorMessage(tr("%1, line %2: the unit of \"%3\" does not fit the column")
+                              .arg(name)
+                              .arg(read.line)
+                              .arg(read.field));
+        break;
     case ListFileError::TooManyLines:
         emit errorMessage(tr("%1: more than %2 lines").arg(name).arg(mostListLines));
         break;

@@ -67,7 +67,12 @@ private slots:
         row("empty", "", {});
         row("a heading", "Freq;Pow;Dwell;Remark\n1;-2,5;3\n", {"1|-2.5|3"});
         row("a heading behind blank lines", "\n\"Freq [Hz]\"\n1\n", {"1||"});
+        row("units in the heading", "Freq [MHz];Pow [dBm];Dwell, ms\n2,45;-2,5;0,5\n;;\n",
+            {"2 450 000|-2.5|500", "||"});
+        row("some units", "GHz,Pow\n1.5,1.5,1000000\n", {"1 500 000 000|1.5|1000000"});
         using E = ListFileError;
+        row("a unit of another column", "Freq [Hz],Pow [s]\n1,2,3\n", refusal(E::ForeignUnit, 1));
+        row("not to be converted", "Freq [GHz]\n1\n1e300\n", refusal(E::NoNumber, 3));
         row("nothing but a heading", "\nFreq,Pow,Dwell\n", refusal(E::NoNumber, 2));
         row("a number in the heading", "Freq,1,Dwell\n1,2,3\n", refusal(E::NoNumber, 1));
         row("two headings", "Freq,Pow\nHz,dBm\n1,2,3\n", refusal(E::NoNumber, 2));
