@@ -9,6 +9,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QVBoxLayout>
 #include <QVariant>
 
@@ -17,6 +18,8 @@ namespace
 constexpr int spacing = 8;
 constexpr int margin = 12;
 constexpr int leastTableHeight = 112;
+constexpr int mostRowsAtOnce = 10000;
+constexpr int countWidth = 54;
 
 struct Tool {
     const char* name;
@@ -49,7 +52,7 @@ QPushButton* namedButton(const char* name, QWidget* parent)
 ListGroup::ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget* parent)
     : QGroupBox(parent), m_title(named("title_List", new QLabel(this))),
       m_table(new PointTable(context, this)), m_actions(new PointActions(m_table)),
-      m_mode(new ModeList(trigger, this)),
+      m_mode(new ModeList(trigger, this)), m_addCount(named("add_count", new QSpinBox(this))),
       m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
       m_run(new RunButton(QStringLiteral("button_List"), this)),
       m_save(namedButton("save_List", this)), m_open(namedButton("open_List", this))
@@ -86,10 +89,23 @@ void ListGroup::build()
     column->addLayout(buildTools());
 }
 
+/// How many rows to add, before the button that adds them.
+void ListGroup::buildAddCount()
+{
+    m_addCount->setRange(1, mostRowsAtOnce);
+    m_addCount->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    m_addCount->setAlignment(Qt::AlignRight);
+    m_addCount->setFixedWidth(countWidth);
+    connect(m_addCount, qOverload<int>(&QSpinBox::valueChanged), m_actions,
+            &PointActions::setRowsToInsert);
+}
+
 QHBoxLayout* ListGroup::buildTools()
 {
+    buildAddCount();
     auto* row = new QHBoxLayout;
     row->setSpacing(spacing / 2);
+    row->addWidget(m_addCount);
     for (const Tool& tool : tools) {
         const bool isFill = tool.command == PointActions::FillLinear;
         if (tool.startsGroup)
@@ -111,6 +127,7 @@ void ListGroup::retranslate()
     describe(m_open, m_open->text(), tr("Replace the list by that of a CSV file"));
     describe(m_fill, tr("Fill a column"),
              tr("Fill a column between its first and its last value, or down"));
+    describe(m_addCount, tr("Rows to add"), tr("How many rows the button beside it adds"));
     m_table->retranslate();
     m_actions->retranslate();
     m_mode->retranslate();

@@ -8,6 +8,7 @@ class PointTable;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QSpinBox;
 class RunButton;
 class TriggerGroup;
 struct FieldContext;
@@ -32,12 +33,14 @@ public:
 
 private:
     void build();
+    void buildAddCount();
     QHBoxLayout* buildTools();
 
     QLabel* m_title;
     PointTable* m_table;
     PointActions* m_actions;
     ModeList* m_mode;
+    QSpinBox* m_addCount;
     QPushButton* m_fill;
     RunButton* m_run;
     QPushButton* m_save;

@@ -98,6 +98,7 @@ void List::wire()
     });
     connect(&runList(), &QAbstractButton::toggled, this, [this](bool isChecked) {
         m_chosenRow = -1;
+        table().setGrowing(!isChecked);
         if (isChecked)
             m_trigger->listShown().setChecked(true);
     });
@@ -173,6 +174,7 @@ bool List::canRunSweep()
 }
 bool List::canRunList()
 {
+    table().dropUnusedRow();
     const bool hasPoints = table().rowCount() > 0;
     if (!hasPoints)
         m_notices.say([] { return tr("The list has no points to run"); });

@@ -24,27 +24,71 @@ QString copiedText(const PointRows& points, const CellSpan& span)
     return text;
 }
 
+namespace
+{
+/// Cells beyond the last column are dropped.
+FieldKind kindOf(int column)
+{
+    return pointKind(std::min(column, pointColumnCount - 1));
+}
+
+/// Whether there are words in a line, and no number.
+bool isHeadingLine(const QStringList& cells, int firstColumn)
+{
+    bool hasWords = false;
+    for (int i = 0; i < cells.size(); ++i) {
+        if (readQuantity(cells.at(i), kindOf(firstColumn + i)))
+            return false;
+        hasWords = hasWords || !withoutBlanks(cells.at(i)).isEmpty();
+    }
+    return hasWords;
+}
+
+/// The powers of ten in a heading's units; the strange heading otherwise.
+PastedCells readHeading(const QStringList& cells, int firstColumn, std::vector<int>& powers)
+{
+    PastedCells pasted;
+    for (int i = 0; i < cells.size() && firstColumn + i < pointColumnCount; ++i) {
+        const HeadingUnit unit = headingUnit(cells.at(i), kindOf(firstColumn + i));
+        powers.push_back(unit.powerOfTen);
+        if (unit.isForeign && !pasted.isHeading) {
+            pasted.strange = cells.at(i);
+            pasted.isHeading = true;
+        }
+    }
+    return pasted;
+}
+} // namespace
+
 PastedCells pastedCells(const QString& text, int firstColumn)
 {
     QString lines = text;
     lines.remove(QLatin1Char('\r'));
     if (lines.endsWith(QLatin1Char('\n')))
         lines.chop(1);
-    PastedCells pasted;
     if (lines.isEmpty())
-        return pasted;
-    for (const QString& line : lines.split(QLatin1Char('\n'))) {
+        return {};
+    QStringList split = lines.split(QLatin1Char('\n'));
+    PastedCells pasted;
+    std::vector<int> powers;
+    const QStringList first = split.first().split(QLatin1Char('\t'));
+    if (split.size() > 1 && isHeadingLine(first, firstColumn)) {
+        pasted = readHeading(first, firstColumn, powers);
+        split.removeFirst();
+        if (pasted.isHeading)
+            return pasted;
+    }
+    for (const QString& line : qAsConst(split)) {
         std::vector<QString> cells;
-        int column = firstColumn;
         for (const QString& cell : line.split(QLatin1Char('\t'))) {
-            // Cells beyond the last column are dropped.
-            const FieldKind kind = pointKind(std::min(column++, pointColumnCount - 1));
-            const std::optional<QString> number = readQuantity(cell, kind);
+            const FieldKind kind = kindOf(firstColumn + static_cast<int>(cells.size()));
+            const int power = cells.size() < powers.size() ? powers[cells.size()] : 0;
+            const std::optional<QString> number = readQuantity(cell, kind, power);
             if (!number && !withoutBlanks(cell).isEmpty()) {
                 pasted.strange = cell;
                 return pasted;
             }
-            cells.push_back(number.value_or(QString()));
+            cells.push_back(number ? shiftedDecimal(*number, power) : QString());
         }
         pasted.texts.push_back(std::move(cells));
     }

@@ -15,8 +15,11 @@ QString copiedText(const PointRows& points, const CellSpan& span);
 /// The contents of a pasted text.
 struct PastedCells {
     std::vector<std::vector<QString>> texts; ///< lines of plain decimal numbers or empty texts
-    QString strange; ///< the first cell that is not a number; none otherwise
+    QString strange;        ///< the first cell that is not a number; none otherwise
+    bool isHeading = false; ///< the strange cell is a heading that does not fit its column
 };
 
-/// Reads cells as spreadsheets write them, see readQuantity(), with the units of their columns.
+/// Reads cells as spreadsheets write them, see readQuantity(), with the units of their columns. A
+/// first line in which no cell is a number is a heading, and the units in it are those of plain
+/// numbers below.
 PastedCells pastedCells(const QString& text, int firstColumn);

@@ -2,6 +2,7 @@
 
 #include "link/notices.h"
 #include "sweep/list/cell_clipboard.h"
+#include "sweep/list/list_file.h"
 #include "sweep/list/point_table.h"
 #include "ui/describe.h"
 
@@ -142,6 +143,25 @@ bool PointActions::change(const RowsEdit& edit, Command command)
     return m_table->change(edit, action(command)->text());
 }
 
+bool PointActions::changeBounded(const BoundedEdit& edit, Command command)
+{
+    const bool isChanged = change(edit, command);
+    const int count = edit.boundedCells;
+    if (isChanged && count > 0)
+        m_table->context().notices.say([count] {
+            return count == 1 ? tr("One value was bounded by the limits of the instrument")
+                              : tr("%n values were bounded by the limits of the instrument",
+                                   nullptr, count);
+        });
+    return isChanged;
+}
+
+void PointActions::setRowsToInsert(int count)
+{
+    m_rowsToInsert = count;
+    retranslateInsert();
+}
+
 /// The rectangle around the selection; without one the current cell.
 CellSpan PointActions::chosenCells() const
 {
@@ -161,7 +181,8 @@ CellSpan PointActions::chosenCells() const
 void PointActions::insert()
 {
     const int row = m_table->currentRow() < 0 ? m_table->rowCount() : m_table->currentRow() + 1;
-    if (change({row, 0, PointRows(1)}, Insert))
+    const int count = std::min(m_rowsToInsert, mostListLines - m_table->rowCount());
+    if (count > 0 && change({row, 0, PointRows(static_cast<std::size_t>(count))}, Insert))
         m_table->setCurrentCell(row, PointTable::Frequency);
 }
 
@@ -206,7 +227,7 @@ void PointActions::fill(Fill fill)
     }
     if (span.firstColumn < 0 || span.firstRow < 0 || span.lastRow <= span.firstRow)
         return;
-    const auto edit = withFilled(m_table->points(), span, fill);
+    const auto edit = withFilled(m_table->points(), span, fill, m_table->context().limits);
     if (!edit) {
         m_table->context().notices.say([fill] {
             return fill == Fill::Logarithmic
@@ -217,7 +238,7 @@ void PointActions::fill(Fill fill)
         return;
     }
     const Command commands[] = {FillLinear, FillLogarithmic, FillDown};
-    change(*edit, commands[static_cast<int>(fill)]);
+    changeBounded(*edit, commands[static_cast<int>(fill)]);
 }
 
 void PointActions::generate(const PointRows& made)
@@ -239,6 +260,13 @@ void PointActions::refusePaste(const QString& text)
         [text = text.trimmed()] { return tr("Not pasted: \"%1\" is not a number").arg(text); });
 }
 
+void PointActions::refuseHeading(const QString& text)
+{
+    m_table->context().notices.say([text = text.trimmed()] {
+        return tr("Not pasted: the unit of \"%1\" does not fit the column").arg(text);
+    });
+}
+
 /// A single number goes into every cell chosen; a range from the first cell chosen on.
 void PointActions::paste()
 {
@@ -248,7 +276,7 @@ void PointActions::paste()
     const QString copied = QApplication::clipboard()->text();
     const PastedCells pasted = pastedCells(copied, column);
     if (!pasted.strange.isEmpty()) {
-        refusePaste(pasted.strange);
+        pasted.isHeading ? refuseHeading(pasted.strange) : refusePaste(pasted.strange);
         return;
     }
     if (pasted.texts.empty())
@@ -262,11 +290,12 @@ void PointActions::paste()
             refusePaste(copied);
             return;
         }
-        change(withEntered(m_table->points(), span, pasted.texts.front().front(), limits), Paste);
+        changeBounded(withEntered(m_table->points(), span, pasted.texts.front().front(), limits),
+                      Paste);
         return;
     }
     const int row = std::max(span.firstRow, 0);
-    if (change(withEntered(m_table->points(), row, column, pasted.texts, limits), Paste))
+    if (changeBounded(withEntered(m_table->points(), row, column, pasted.texts, limits), Paste))
         m_table->selectRows(row, row + static_cast<int>(pasted.texts.size()) - 1);
 }
 
@@ -299,5 +328,12 @@ void PointActions::retranslate()
 {
     for (std::size_t i = 0; i < commandCount; ++i)
         m_actions[i]->setText(tr(rows[i].text));
+    retranslateInsert();
     m_fillMenu->setTitle(tr("Fill a column"));
+}
+
+void PointActions::retranslateInsert()
+{
+    m_actions[Insert]->setText(m_rowsToInsert == 1 ? tr(rows[Insert].text)
+                                                   : tr("Insert %n rows", nullptr, m_rowsToInsert));
 }

@@ -45,6 +45,9 @@ public:
     /// A button that opens a menu of the three ways to fill.
     QPushButton* newFillButton(const QString& objectName, QWidget* parent) const;
 
+    /// How many rows one insertion adds: 1 at first.
+    void setRowsToInsert(int count);
+
     /// Replaces all rows by these; without any the table stays as it is.
     void generate(const PointRows& rows);
 
@@ -66,6 +69,7 @@ private:
     void moveDown() { move(1); }
     void move(int direction);
     void refusePaste(const QString& text);
+    void refuseHeading(const QString& text);
     void fillLinear() { fill(Fill::Linear); }
     void fillLogarithmic() { fill(Fill::Logarithmic); }
     void fillDown() { fill(Fill::Down); }
@@ -78,9 +82,12 @@ private:
     void clear();
 
     bool change(const RowsEdit& edit, Command command);
+    bool changeBounded(const BoundedEdit& edit, Command command);
+    void retranslateInsert();
     CellSpan chosenCells() const;
 
     PointTable* m_table;
+    int m_rowsToInsert = 1;
     std::array<QAction*, commandCount> m_actions{};
     QMenu* m_menu;
     QMenu* m_fillMenu;

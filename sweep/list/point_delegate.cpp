@@ -1,6 +1,7 @@
 #include "sweep/list/point_delegate.h"
 
 #include "fields/number_edit.h"
+#include "numbers/number_text.h"
 #include "sweep/list/point_row.h"
 
 #include <QPainter>
@@ -9,6 +10,13 @@ namespace
 {
 constexpr int markSide = 8;
 constexpr int markAlpha = 70;
+
+QString shownText(const QModelIndex& index)
+{
+    const QString text = index.data().toString();
+    const QString number = withoutBlanks(text);
+    return isPlainDecimal(number) ? grouped(number, pointKind(index.column())) : text;
+}
 } // namespace
 
 PointDelegate::PointDelegate(const FieldContext& context, QObject* parent)
@@ -28,7 +36,14 @@ QWidget* PointDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem
 
 void PointDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
 {
-    static_cast<NumberEdit*>(editor)->showAccepted(index.data().toString());
+    static_cast<NumberEdit*>(editor)->showAccepted(shownText(index));
+}
+
+void PointDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                 const QModelIndex& index) const
+{
+    if (static_cast<NumberEdit*>(editor)->text() != shownText(index))
+        QStyledItemDelegate::setModelData(editor, model, index);
 }
 
 bool PointDelegate::isReached(const QModelIndex& index) const
@@ -39,6 +54,7 @@ bool PointDelegate::isReached(const QModelIndex& index) const
 void PointDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text = shownText(index);
     option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
     if (isReached(index)) {
         QColor tint = option->palette.color(QPalette::Link);

@@ -5,7 +5,8 @@
 struct FieldContext;
 
 /// Draws the cells of the list's points, the one reached marked, and edits them as fields of their
-/// columns' kinds. The table processes an edited text.
+/// columns' kinds. Digits are shown grouped, however a file has written them; the cell keeps its
+/// text until it is edited. The table processes an edited text.
 class PointDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -20,6 +21,8 @@ public:
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override;
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 

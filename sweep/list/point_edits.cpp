@@ -1,5 +1,6 @@
 #include "sweep/list/point_edits.h"
 
+#include "link/instrument_limits.h"
 #include "numbers/number_text.h"
 #include "sweep/list/point_table.h"
 
@@ -26,8 +27,18 @@ std::optional<double> numberOf(const QString& text)
     return isNumber && std::isfinite(number) ? std::optional<double>(number) : std::nullopt;
 }
 
-bool fillBetweenEnds(PointRows& rows, int column, Fill fill)
+/// Gives a cell a text as entered, and counts it where it has to be bounded.
+void enter(BoundedEdit& edit, int row, int column, const QString& text,
+           const InstrumentLimits& limits)
 {
+    QString bounded = text;
+    edit.boundedCells += limits.bound(bounded, pointQuantities[column]);
+    cellOf(edit.rows, row, column) = PointTable::enteredText(text, column, limits);
+}
+
+bool fillBetweenEnds(BoundedEdit& edit, int column, Fill fill, const InstrumentLimits& limits)
+{
+    PointRows& rows = edit.rows;
     const int last = static_cast<int>(rows.size()) - 1;
     const std::optional<double> from = numberOf(cellOf(rows, 0, column));
     const std::optional<double> to = numberOf(cellOf(rows, last, column));
@@ -38,7 +49,9 @@ bool fillBetweenEnds(PointRows& rows, int column, Fill fill)
         const double part = static_cast<double>(row) / last;
         const double value =
             isLogarithmic ? *from * std::pow(*to / *from, part) : *from + (*to - *from) * part;
-        cellOf(rows, row, column) = fieldText(value, pointKind(column));
+        QString& cell = cellOf(rows, row, column);
+        cell = fieldText(value, pointKind(column));
+        edit.boundedCells += limits.bound(cell, pointQuantities[column]);
     }
     return true;
 }
@@ -77,51 +90,53 @@ std::optional<RowsEdit> withRowsMoved(const PointRows& points, int first, int la
     return edit;
 }
 
-std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill)
+std::optional<BoundedEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill,
+                                      const InstrumentLimits& limits)
 {
     const int count = span.lastRow - span.firstRow + 1;
-    RowsEdit edit{span.firstRow, count, rowsFrom(points, span.firstRow, span.lastRow + 1)};
+    BoundedEdit edit{{span.firstRow, count, rowsFrom(points, span.firstRow, span.lastRow + 1)}};
     for (int column = span.firstColumn; column <= span.lastColumn; ++column) {
         if (fill != Fill::Down) {
-            if (!fillBetweenEnds(edit.rows, column, fill))
+            if (!fillBetweenEnds(edit, column, fill, limits))
                 return std::nullopt;
             continue;
         }
-        for (int row = 1; row < count; ++row)
-            cellOf(edit.rows, row, column) = cellOf(edit.rows, 0, column);
-    }
-    return edit;
-}
-
-RowsEdit withEntered(const PointRows& points, int row, int column,
-                     const std::vector<std::vector<QString>>& texts, const InstrumentLimits& limits)
-{
-    const int rowCount = static_cast<int>(points.size());
-    const int end = std::min(row + static_cast<int>(texts.size()), rowCount);
-    RowsEdit edit{row, end - row, rowsFrom(points, row, end)};
-    edit.rows.resize(texts.size());
-    for (std::size_t line = 0; line < texts.size(); ++line) {
-        int target = column;
-        for (const QString& text : texts[line]) {
-            if (target == pointColumnCount)
-                break;
-            edit.rows[line][static_cast<std::size_t>(target)] =
-                PointTable::enteredText(text, target, limits);
-            ++target;
+        for (int row = 1; row < count; ++row) {
+            QString& cell = cellOf(edit.rows, row, column);
+            cell = cellOf(edit.rows, 0, column);
+            edit.boundedCells += limits.bound(cell, pointQuantities[column]);
         }
     }
     return edit;
 }
 
-RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
-                     const InstrumentLimits& limits)
+BoundedEdit withEntered(const PointRows& points, int row, int column,
+                        const std::vector<std::vector<QString>>& texts,
+                        const InstrumentLimits& limits)
 {
-    RowsEdit edit{span.firstRow, span.lastRow - span.firstRow + 1,
-                  rowsFrom(points, span.firstRow, span.lastRow + 1)};
-    for (int column = span.firstColumn; column <= span.lastColumn; ++column) {
-        const QString entered = PointTable::enteredText(text, column, limits);
-        for (PointRow& row : edit.rows)
-            row[static_cast<std::size_t>(column)] = entered;
+    const int rowCount = static_cast<int>(points.size());
+    const int end = std::min(row + static_cast<int>(texts.size()), rowCount);
+    BoundedEdit edit{{row, end - row, rowsFrom(points, row, end)}};
+    edit.rows.resize(texts.size());
+    for (int line = 0; line < static_cast<int>(texts.size()); ++line) {
+        int target = column;
+        for (const QString& text : texts[static_cast<std::size_t>(line)]) {
+            if (target == pointColumnCount)
+                break;
+            enter(edit, line, target++, text, limits);
+        }
+    }
+    return edit;
+}
+
+BoundedEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
+                        const InstrumentLimits& limits)
+{
+    const int count = span.lastRow - span.firstRow + 1;
+    BoundedEdit edit{{span.firstRow, count, rowsFrom(points, span.firstRow, span.lastRow + 1)}};
+    for (int row = 0; row < count; ++row) {
+        for (int column = span.firstColumn; column <= span.lastColumn; ++column)
+            enter(edit, row, column, text, limits);
     }
     return edit;
 }

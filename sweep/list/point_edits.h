@@ -31,16 +31,22 @@ RowsEdit withDuplicates(const PointRows& points, const std::vector<int>& rows);
 /// The rows from `first` to `last`, by one up (-1) or down (1); none where there is no room.
 std::optional<RowsEdit> withRowsMoved(const PointRows& points, int first, int last, int direction);
 
-/// Each column of a span filled from its first row on, the ends as they are. None where the ends
-/// are no numbers, or for equal ratios not both above or both below 0.
-std::optional<RowsEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill);
+/// A change, and how many of its cells had to be bounded by the limits.
+struct BoundedEdit : RowsEdit {
+    int boundedCells = 0;
+};
+
+/// Each column of a span filled from its first row on, the ends as they are, the others bounded.
+/// None where the ends are no numbers, or for equal ratios not both above or both below 0.
+std::optional<BoundedEdit> withFilled(const PointRows& points, const CellSpan& span, Fill fill,
+                                      const InstrumentLimits& limits);
 
 /// Texts entered into the cells from a row and column on: what stands beyond the last column is
 /// dropped, missing rows are added.
-RowsEdit withEntered(const PointRows& points, int row, int column,
-                     const std::vector<std::vector<QString>>& texts,
-                     const InstrumentLimits& limits);
+BoundedEdit withEntered(const PointRows& points, int row, int column,
+                        const std::vector<std::vector<QString>>& texts,
+                        const InstrumentLimits& limits);
 
 /// One text entered into all cells of a span.
-RowsEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
-                     const InstrumentLimits& limits);
+BoundedEdit withEntered(const PointRows& points, const CellSpan& span, const QString& text,
+                        const InstrumentLimits& limits);

@@ -13,6 +13,7 @@
 #include <QUndoCommand>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -41,7 +42,8 @@ public:
         : QUndoCommand(what), m_table(table), m_first(edit.first),
           m_before(table.m_points.begin() + edit.first,
                    table.m_points.begin() + edit.first + edit.count),
-          m_after(std::move(edit.rows)), m_bytes(bytesOf(m_before) + bytesOf(m_after))
+          m_after(std::move(edit.rows)), m_bytes(bytesOf(m_before) + bytesOf(m_after)),
+          m_revisionBefore(table.m_revision), m_revisionAfter(++table.m_lastRevision)
     {
     }
 
@@ -53,9 +55,15 @@ public:
         m_after.clear();
         setObsolete(true);
     }
+    /// Once undone, it is as if it had never been.
+    void beForgottenByUndo() { m_isForgottenByUndo = true; }
 
-    void redo() override { m_table.apply(m_first, size(m_before), m_after); }
-    void undo() override { m_table.apply(m_first, size(m_after), m_before); }
+    void redo() override { m_table.apply(m_first, size(m_before), m_after, m_revisionAfter); }
+    void undo() override
+    {
+        m_table.apply(m_first, size(m_after), m_before, m_revisionBefore);
+        setObsolete(m_isForgottenByUndo);
+    }
 
 private:
     static int size(const PointRows& rows) { return static_cast<int>(rows.size()); }
@@ -65,6 +73,9 @@ private:
     PointRows m_before;
     PointRows m_after;
     std::size_t m_bytes;
+    int m_revisionBefore;
+    int m_revisionAfter;
+    bool m_isForgottenByUndo = false;
 };
 
 PointTable::PointTable(const FieldContext& context, QWidget* parent)
@@ -74,7 +85,7 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     setObjectName(QStringLiteral("table_List"));
     setItemDelegate(m_delegate);
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
-    // Tab leaves the table; in an editor it goes on to the next cell.
+    // Tab is the table's own matter: see focusNextPrevChild().
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
@@ -126,6 +137,9 @@ bool PointTable::change(RowsEdit edit, const QString& what)
 {
     if (refuseDuringTransfer())
         return false;
+    const bool isEntry = edit.count == 1 && edit.rows.size() == 1;
+    if (!isEntry)
+        m_addedRow = -1;
     takeOverRows(edit.first, edit.count);
     m_history.push(new RowsChange(*this, std::move(edit), what));
     boundHistory();
@@ -171,6 +185,7 @@ void PointTable::takeBack()
 {
     if (refuseDuringTransfer())
         return;
+    m_addedRow = -1;
     m_history.undo();
     dropForgotten();
 }
@@ -179,6 +194,23 @@ void PointTable::bringBack()
 {
     if (!refuseDuringTransfer())
         m_history.redo();
+}
+
+void PointTable::dropUnusedRow()
+{
+    const int row = std::exchange(m_addedRow, -1);
+    if (row < 0 || row + 1 != rowCount() || !isUnused(row) ||
+        progressBarForTable::liesWithin(*this))
+        return;
+    const int last = m_history.index() - 1;
+    const QUndoCommand* addition = last < 0 ? nullptr : m_history.command(last);
+    if (addition && addition->text() == tr("Add row")) {
+        static_cast<RowsChange*>(const_cast<QUndoCommand*>(addition))->beForgottenByUndo();
+        m_history.undo();
+    } else {
+        // Something was entered meanwhile, and removed again.
+        change({row, 1, {}}, tr("Delete row"));
+    }
 }
 
 void PointTable::acceptCell(int row, int column)
@@ -210,8 +242,9 @@ void PointTable::acceptCell(int row, int column)
 
 /// Makes `rows` what the table holds in the place of `count` rows. Only the rows concerned are
 /// touched, and only once.
-void PointTable::apply(int first, int count, const PointRows& rows)
+void PointTable::apply(int first, int count, const PointRows& rows, int revision)
 {
+    m_revision = revision;
     const int newCount = static_cast<int>(rows.size());
     const int common = std::min(count, newCount);
     const auto begin = m_points.begin() + first;
@@ -267,6 +300,8 @@ void PointTable::foreignRowsChanged()
     m_points.resize(static_cast<std::size_t>(rowCount()));
     takeOverRows(0, rowCount());
     m_history.clear();
+    m_revision = ++m_lastRevision;
+    m_addedRow = -1;
     emit pointsChanged();
 }
 
@@ -363,14 +398,6 @@ int PointTable::markAboveCeiling()
             first = row;
     }
     return first;
-}
-
-/// Return moves to the cell below, as in a spreadsheet.
-void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
-{
-    QTableWidget::closeEditor(editor, hint);
-    if (hint == QAbstractItemDelegate::SubmitModelCache && currentRow() + 1 < rowCount())
-        setCurrentCell(currentRow() + 1, currentColumn());
 }
 
 QStringList PointTable::columnTitles()

@@ -10,8 +10,8 @@ class PointDelegate;
 class PowerGuard;
 
 /// The table of a list's points. Keeps the contents of its rows, formats and bounds entries, and
-/// can undo every change. The user's commands for rows are in PointActions; it reads and writes no
-/// file and sends nothing.
+/// can undo every change. Return and Tab go on from cell to cell and add a row behind the last one.
+/// The user's commands for rows are in PointActions; it reads and writes no file and sends nothing.
 class PointTable : public QTableWidget
 {
     Q_OBJECT
@@ -43,6 +43,14 @@ public:
     void takeBack();
     void bringBack();
     const QUndoStack& history() const { return m_history; }
+    /// Another number for other contents; undo brings back the number, too.
+    int revision() const { return m_revision; }
+
+    /// Whether Return and Tab may add a row: not while the instrument runs through the rows.
+    void setGrowing(bool isGrowing) { m_isGrowing = isGrowing; }
+    /// Removes the row that Return or Tab has added if nothing has been entered into it: it is no
+    /// point of the list.
+    void dropUnusedRow();
 
     /// Takes the current text of a cell as entered by the user. Nothing happens if the text has not
     /// changed; text that is not a number is refused.
@@ -71,13 +79,20 @@ signals:
 
 protected:
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    bool focusNextPrevChild(bool isNext) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
 private:
     class RowsChange;
 
     static QStringList columnTitles();
 
-    void apply(int first, int count, const PointRows& rows);
+    void apply(int first, int count, const PointRows& rows, int revision);
     void showRow(int row);
     void fillRow(int row);
     bool isAboveCeiling(const QString& power) const;
@@ -87,6 +102,11 @@ private:
     void boundHistory();
     void dropForgotten();
     bool refuseDuringTransfer();
+    bool isUnused(int row) const;
+    void dropUnusedRowLater();
+    bool addRowBelow();
+    bool goBelow();
+    bool goToNeighbour(bool isNext);
     /// Empty where there is no such point; beyond the viewport for one that is not in view.
     QRect rectOfPoint(int number) const;
 
@@ -95,4 +115,11 @@ private:
     QUndoStack m_history;
     PointDelegate* m_delegate;
     PowerGuard* m_guard = nullptr;
+    int m_revision = 0;
+    int m_lastRevision = 0;
+    bool m_isGrowing = true;
+    /// The row that Return or Tab has added last; -1 for none.
+    int m_addedRow = -1;
+    /// The user works in the cells: Tab stays among them.
+    bool m_isInCells = false;
 };

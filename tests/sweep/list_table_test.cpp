@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QMenu>
+#include <QSpinBox>
 #include <QUndoStack>
 
 class ListTableTest : public QObject
@@ -55,11 +56,12 @@ private slots:
         bench.clickCell(0, 1);
         bench.type("--5");
         bench.press(Qt::Key_Return);
-        QCOMPARE(bench.rows(), QStringList("2 000 000,-5.50,50"));
+        QCOMPARE(bench.rows().first(), QString("2 000 000,-5.50,50"));
         QCOMPARE(bench.said, QStringList("Row 1, Pow [dBm]: \"--5\" is not a number"));
     }
 
-    /// Commands enter the open cell first; Return goes on below, Tab to the right.
+    /// Commands enter the open cell first; Return goes on below, Tab to the right. A row added so
+    /// is gone when the table is left with nothing in it.
     void keysOfRows_data()
     {
         testColumns<QStringList, QString>("keys", "rows");
@@ -67,6 +69,15 @@ private slots:
             testRow(tag, keys, rows);
         };
         row("Return", {"10", "Return", "20", "Tab", "-3", "Return"}, "10,2,3|20,-3,6");
+        row("Return adds", {"Down", "Return", "8", "Return"}, "1,2,3|4,5,6|8,,");
+        row("Tab stays", {"Tab", "Tab", "9", "Shift+Backtab", "8", "Return"}, "1,8,9|4,5,6");
+        row("Tab adds", {"Down", "7", "Tab", "8", "Tab", "9", "Tab", "1k", "Tab", "2", "Return"},
+            "1,2,3|7,8,9|1 000,2,");
+        row("one unused row", {"Down", "Return", "Return", "Tab", "Tab", "Tab", "Ctrl+Z"},
+            "1,2,3|4,5,6");
+        row("emptied again", {"Down", "Return", "8", "Tab", "Shift+Backtab", "Backspace", "Return"},
+            "1,2,3|4,5,6");
+        row("a key in the empty table", {"Ctrl+A", "Del", "7", "Return"}, "7,,");
         row("insert", {"Ins", "2", "Return"}, "1,2,3|2,,|4,5,6");
         row("duplicate", {"7k", "Ctrl+Shift+D"}, "7 000,2,3|7 000,2,3|4,5,6");
         row("up", {"Down", "9", "Alt+Up", "Alt+Up"}, "9,5,6|1,2,3");
@@ -88,7 +99,53 @@ private slots:
                 bench.type(each);
             QCoreApplication::processEvents();
         }
+        bench.get<QWidget>("save_List").setFocus();
+        QCoreApplication::processEvents();
         QTEST(bench.rows().join('|'), "rows");
+    }
+
+    void tabLeavesTheTableItHasLedTo()
+    {
+        const ListBench bench;
+        bench.setRows({"1,2,3"});
+        bench.clickCell(0, 2);
+        bench.press(Qt::Key_Tab, Qt::ControlModifier);
+        QVERIFY(!bench.table().hasFocus());
+        bench.table().setFocus(Qt::TabFocusReason);
+        bench.press(Qt::Key_Tab);
+        QVERIFY(!bench.table().hasFocus());
+        QCOMPARE(bench.rows().size(), 1);
+    }
+
+    void runsWhatHasBeenEntered()
+    {
+        ListBench bench;
+        bench.setRows({"1,2,3"});
+        bench.clickCell(0, 0);
+        bench.type("7");
+        bench.press(Qt::Key_Return);
+        QCOMPARE(bench.rows(), QStringList({"7,2,3", ",,"}));
+        QVERIFY(bench.panel.canRunList());
+        QCOMPARE(bench.rows(), QStringList("7,2,3"));
+        // While the instrument runs through the rows, none is added by the way.
+        bench.panel.runList().setChecked(true);
+        bench.press(Qt::Key_Return);
+        QCOMPARE(bench.rows().size(), 1);
+        bench.table().takeBack();
+        QCOMPARE(bench.rows(), QStringList("1,2,3"));
+    }
+
+    void addsManyRows()
+    {
+        const ListBench bench;
+        bench.setRows({"1,,", "2,,"});
+        bench.clickCell(0, 0);
+        bench.get<QSpinBox>("add_count").setValue(3);
+        bench.click("add_List");
+        QCOMPARE(bench.rows(), QStringList({"1,,", ",,", ",,", ",,", "2,,"}));
+        QCOMPARE(bench.table().currentRow(), 1);
+        bench.click("undo_List");
+        QCOMPARE(bench.rows().size(), 2);
     }
 
     void rowCommands_data()
@@ -229,7 +286,12 @@ private slots:
         row("an empty cell", "\t9", first, ",9,3|4,5,6");
         row("nothing", "", first, "1,2,3|4,5,6");
         row("one number into all", "11", QRect(0, 0, 3, 2), "11,11,11|11,11,11");
-        row("a text", "Freq [Hz]\tPow\n1\t2", first, "1,2,3|4,5,6");
+        row("a text", "Freq\tPow", first, "1,2,3|4,5,6");
+        row("a heading", "Freq [Hz]\tPow\n7\t8", first, "7,8,3|4,5,6");
+        row("units in a heading", "Dwell (ms)\n2,5\n10 us", QRect(2, 0, 1, 1), "1,2,2 500|4,5,10");
+        row("one number with its heading", "Freq, MHz\n1.5", QRect(0, 0, 1, 2),
+            "1 500 000,2,3|1 500 000,5,6");
+        row("two headings", "Freq\nHz\n1", first, "1,2,3|4,5,6");
         row("a unit that is not everywhere", "1 MHz", QRect(0, 0, 3, 2), "1,2,3|4,5,6");
     }
     void pasting()
@@ -244,8 +306,44 @@ private slots:
         bench.click("paste_List");
         QTEST(bench.rows().join('|'), "rows");
         const bool isRefused = bench.rows().join('|') == "1,2,3|4,5,6" && !text.isEmpty();
-        const QString refusal = "Not pasted: \"" + text.section('\t', 0, 0) + "\" is not a number";
+        const QString cell =
+            text.contains('\n') ? text.section('\n', 1, 1) : text.section('\t', 0, 0);
+        const QString refusal = "Not pasted: \"" + cell + "\" is not a number";
         QCOMPARE(bench.said, isRefused ? QStringList(refusal) : QStringList());
+    }
+
+    void headingOfAnotherColumnIsRefused()
+    {
+        const ListBench bench;
+        bench.setRows({"1,2,3"});
+        QApplication::clipboard()->setText("Dwell [ms]\tPow\n5\t6");
+        bench.clickCell(0, 0);
+        bench.click("paste_List");
+        QCOMPARE(bench.rows(), QStringList("1,2,3"));
+        QCOMPARE(bench.said,
+                 QStringList("Not pasted: the unit of \"Dwell [ms]\" does not fit the column"));
+    }
+
+    void boundedCellsAreCounted()
+    {
+        ListBench bench;
+        bench.setLimits();
+        QApplication::clipboard()->setText("90000000000\t25\t1000\n1\t0\t1000\n");
+        bench.click("paste_List");
+        QCOMPARE(bench.rows(), QStringList({"20 000 000 000,20,1 000", "9 000,0,1 000"}));
+        QCOMPARE(bench.said, QStringList("3 values were bounded by the limits of the instrument"));
+        bench.said.clear();
+        // Only files bring in what is out of range.
+        bench.setRows({"1 000,0,", ",,", "29 000,0,", "1 000,0,"});
+        bench.clickCell(0, 0);
+        bench.clickCell(2, 0, Qt::ShiftModifier);
+        bench.press(Qt::Key_I, Qt::ControlModifier);
+        QCOMPARE(bench.table().text(1, 0), QString("15 000"));
+        QCOMPARE(bench.said, QStringList());
+        bench.clickCell(0, 0);
+        bench.press(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+        QCOMPARE(bench.rows(), QStringList({"1 000,0,", "9 000,,", "9 000,0,", "9 000,0,"}));
+        QCOMPARE(bench.said, QStringList("3 values were bounded by the limits of the instrument"));
     }
 
     void clearing()
