@@ -64,6 +64,7 @@ MainWindow::~MainWindow()
 {
     m_connection.shutDown();
     m_session.closeResourceManager();
+    m_list->keepPoints();
     m_panelProfiles->saveLast();
 }
 
@@ -71,6 +72,8 @@ void MainWindow::start()
 {
     m_ui->FREQ->setFocus();
     show();
+    if (!m_options.isClean)
+        m_list->restorePoints(m_settings);
     m_panelProfiles->applyAtStart(m_options.profilePath, m_options.isClean);
     QApplication::processEvents();
     if (m_session.isConnected())
@@ -341,6 +344,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::endProgram()
 {
     close();
+    m_list->keepPoints();
     m_panelProfiles->saveLast();
     QCoreApplication::quit();
 }

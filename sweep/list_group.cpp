@@ -5,9 +5,13 @@
 #include "sweep/mode_list.h"
 #include "sweep/run_button.h"
 #include "ui/describe.h"
+#include "ui/eliding_label.h"
 #include "ui/named.h"
 
+#include <QDir>
+#include <QIcon>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QVBoxLayout>
@@ -20,6 +24,7 @@ constexpr int margin = 12;
 constexpr int leastTableHeight = 112;
 constexpr int mostRowsAtOnce = 10000;
 constexpr int countWidth = 54;
+constexpr int iconSide = 20;
 
 struct Tool {
     const char* name;
@@ -51,15 +56,23 @@ QPushButton* namedButton(const char* name, QWidget* parent)
 
 ListGroup::ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget* parent)
     : QGroupBox(parent), m_title(named("title_List", new QLabel(this))),
-      m_table(new PointTable(context, this)), m_actions(new PointActions(m_table)),
-      m_mode(new ModeList(trigger, this)), m_addCount(named("add_count", new QSpinBox(this))),
+      m_file(named("file_List", new ElidingLabel(this))), m_table(new PointTable(context, this)),
+      m_actions(new PointActions(m_table)), m_mode(new ModeList(trigger, this)),
+      m_addCount(named("add_count", new QSpinBox(this))),
       m_fill(m_actions->newFillButton(QStringLiteral("fill_List"), this)),
       m_run(new RunButton(QStringLiteral("button_List"), this)),
-      m_save(namedButton("save_List", this)), m_open(namedButton("open_List", this))
+      m_save(namedButton("save_List", this)), m_open(namedButton("open_List", this)),
+      m_recent(namedButton("recent_List", this)), m_recentMenu(new QMenu(m_recent))
 {
     setObjectName(QStringLiteral("List__"));
     setProperty("section", true);
     m_title->setProperty("sectionTitle", true);
+    m_file->setProperty("sectionSummary", true);
+    m_recent->setProperty("tool", true);
+    m_recent->setIconSize(QSize(iconSide, iconSide));
+    m_recent->setIcon(QIcon(QStringLiteral(":/images/recent.png")));
+    m_recent->setMenu(m_recentMenu);
+    m_recent->setFocusPolicy(Qt::TabFocus);
     m_table->setMinimumHeight(leastTableHeight);
     build();
     connect(m_table, &PointTable::pointsChanged, this,
@@ -76,8 +89,10 @@ void ListGroup::build()
 {
     auto* header = new QHBoxLayout;
     header->setSpacing(spacing);
-    header->addWidget(m_title, 1);
+    header->addWidget(m_title);
+    header->addWidget(m_file, 1);
     header->addWidget(m_open);
+    header->addWidget(m_recent);
     header->addWidget(m_save);
     header->addWidget(m_run);
     auto* column = new QVBoxLayout(this);
@@ -87,6 +102,13 @@ void ListGroup::build()
     column->addWidget(m_mode);
     column->addWidget(m_table, 1);
     column->addLayout(buildTools());
+}
+
+void ListGroup::showFile(const QString& title, const QString& path, bool hasRecent)
+{
+    m_file->setText(title);
+    m_file->setToolTip(QDir::toNativeSeparators(path));
+    m_recent->setEnabled(hasRecent);
 }
 
 /// How many rows to add, before the button that adds them.
@@ -125,6 +147,7 @@ void ListGroup::retranslate()
     describe(m_save, m_save->text(), tr("Save the list as a CSV file"));
     m_open->setText(tr("Open List"));
     describe(m_open, m_open->text(), tr("Replace the list by that of a CSV file"));
+    describe(m_recent, tr("Recent lists"), tr("Open one of the lists used last"));
     describe(m_fill, tr("Fill a column"),
              tr("Fill a column between its first and its last value, or down"));
     describe(m_addCount, tr("Rows to add"), tr("How many rows the button beside it adds"));

@@ -2,11 +2,13 @@
 
 #include <QGroupBox>
 
+class ElidingLabel;
 class ModeList;
 class PointActions;
 class PointTable;
 class QHBoxLayout;
 class QLabel;
+class QMenu;
 class QPushButton;
 class QSpinBox;
 class RunButton;
@@ -28,6 +30,10 @@ public:
     PointTable& table() const { return *m_table; }
     PointActions& actions() const { return *m_actions; }
     ModeList& mode() const { return *m_mode; }
+    /// The files to open again; its owner fills it.
+    QMenu& recent() const { return *m_recentMenu; }
+    /// The list's file as it is to be named beside the title, and whether there are recent ones.
+    void showFile(const QString& title, const QString& path, bool hasRecent);
 
     void retranslate();
 
@@ -37,6 +43,7 @@ private:
     QHBoxLayout* buildTools();
 
     QLabel* m_title;
+    ElidingLabel* m_file;
     PointTable* m_table;
     PointActions* m_actions;
     ModeList* m_mode;
@@ -45,4 +52,6 @@ private:
     RunButton* m_run;
     QPushButton* m_save;
     QPushButton* m_open;
+    QPushButton* m_recent;
+    QMenu* m_recentMenu;
 };

@@ -3,6 +3,7 @@
 #include "fields/power_guard.h"
 #include "link/notices.h"
 #include "numbers/number_text.h"
+#include "sweep/list/list_document.h"
 #include "sweep/list/list_file.h"
 #include "sweep/list/list_file_dialogs.h"
 #include "sweep/list/point_actions.h"
@@ -14,6 +15,9 @@
 #include "ui/named.h"
 #include "ui/progress_bar_for_table.h"
 
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
@@ -111,6 +115,10 @@ void List::wireList()
     connect(&m_list->actions(), &PointActions::generateWanted, this, &List::generateList);
     connect(&m_list->save(), &QAbstractButton::clicked, m_files, &ListFileDialogs::save);
     connect(&m_list->open(), &QAbstractButton::clicked, this, &List::openList);
+
+    connect(&m_list->recent(), &QMenu::aboutToShow, this, &List::fillRecent);
+    connect(&m_files->document(), &ListDocument::changed, this, &List::showFile);
+    showFile();
 
     connect(&table(), &QTableWidget::currentCellChanged, this, &List::chooseRow);
     connect(&table(), &QTableWidget::cellPressed, this, &List::chooseRow);
@@ -244,15 +252,54 @@ void List::editTable(int row, int column)
     table().acceptCell(row, column);
 }
 
-void List::openList()
+void List::restorePoints(QSettings& settings)
+{
+    m_files->document().restore(settings);
+}
+
+void List::keepPoints()
+{
+    m_files->document().keep();
+}
+
+void List::showFile()
+{
+    const ListDocument& document = m_files->document();
+    m_list->showFile(document.title(), document.file(), !document.recentFiles().isEmpty());
+}
+
+/// Each with its folder where other menus have keys.
+void List::fillRecent()
+{
+    QMenu& menu = m_list->recent();
+    menu.clear();
+    for (const QString& path : m_files->document().recentFiles()) {
+        QString text = QFileInfo(path).fileName() + QLatin1Char('\t') +
+                       QDir::toNativeSeparators(QFileInfo(path).absolutePath());
+        text.replace(QLatin1Char('&'), QLatin1String("&&"));
+        connect(menu.addAction(text), &QAction::triggered, this, [this, path] {
+            if (makesRoomForFile())
+                m_files->openFile(path);
+        });
+    }
+}
+
+/// No run goes on with other points. False while a table is being transferred.
+bool List::makesRoomForFile()
 {
     if (progressBarForTable::liesWithin(*window())) {
         m_notices.say(
             [] { return tr("No list can be opened while a table is being transferred"); });
-        return;
+        return false;
     }
     stopRuns();
-    m_files->open();
+    return true;
+}
+
+void List::openList()
+{
+    if (makesRoomForFile())
+        m_files->open();
 }
 
 void List::generateList()
@@ -309,4 +356,5 @@ void List::retranslate()
     m_sweep->retranslate();
     m_trigger->retranslate();
     m_list->retranslate();
+    showFile();
 }

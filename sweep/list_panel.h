@@ -11,6 +11,7 @@ class NumberEdit;
 class PointTable;
 class PowerGuard;
 class QPushButton;
+class QSettings;
 class QVBoxLayout;
 class SweepGroup;
 struct FieldContext;
@@ -45,6 +46,10 @@ public:
     double sweepTopDbm() const;
     double listTopDbm() const;
     ListPlot& plot() const { return *m_plot; }
+
+    /// Brings back the list of the last time, and lets keepPoints() keep it for the next.
+    void restorePoints(QSettings& settings);
+    void keepPoints();
 
     /// The instrument did not go to the point that was chosen last: it can be chosen again.
     void forgetChosenPoint();
@@ -89,7 +94,10 @@ private:
     void wireList();
     void showChosenGroup();
     void stopRun(QPushButton& run);
+    bool makesRoomForFile();
     void openList();
+    void showFile();
+    void fillRecent();
     void generateList();
     void chooseRow(int row);
     void step(int direction);

@@ -8,8 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
-#include <utility>
 
 namespace
 {
@@ -131,6 +129,40 @@ bool isBlankLine(const char* begin, const char* end)
                           .trimmed()
                           .isEmpty();
 }
+
+struct Heading {
+    int line = 0;  ///< from 1; 0 for none
+    QString words; ///< its first field
+    ColumnPowers powers{};
+};
+
+/// Takes a line into the list, or as its heading.
+void takeLine(ReadList& read, Heading& heading, const char* begin, const char* end)
+{
+    if (isBlankLine(begin, end))
+        return;
+    ParsedLine parsed = parsedLine(begin, end);
+    const bool isFirst = read.rows.empty() && heading.line == 0;
+    const QStringList fields = isFirst && parsed.error == ListFileError::NoNumber
+                                   ? headingFields(begin, end)
+                                   : QStringList();
+    read.field = parsed.strangeField;
+    if (!fields.isEmpty()) {
+        heading = {read.line, parsed.strangeField, {}};
+        read.field = readHeading(fields, heading.powers).trimmed();
+        if (!read.field.isEmpty())
+            read.error = ListFileError::ForeignUnit;
+        return;
+    }
+    read.error = parsed.error;
+    if (read.error != ListFileError::None)
+        return;
+    read.field = convert(parsed.row, heading.powers);
+    if (read.field.isEmpty())
+        read.rows.push_back(std::move(parsed.row));
+    else
+        read.error = ListFileError::NoNumber;
+}
 } // namespace
 
 QByteArray listText(const PointRows& points)
@@ -161,9 +193,7 @@ ReadList readListFile(const QString& path, FileProgress* progress)
     if (read.file.fault != FileFault::None)
         return failed(ListFileError::NotOpened);
     std::array<char, longestLine + 1> line;
-    /// What is wrong with the first line if no points follow.
-    std::optional<std::pair<int, QString>> headingError;
-    ColumnPowers powers{};
+    Heading heading;
     for (;;) {
         const qint64 length = file.readLine(line.data(), line.size());
         if (length <= 0)
@@ -186,36 +216,20 @@ ReadList readListFile(const QString& path, FileProgress* progress)
         if (read.line == 1 &&
             QByteArray::fromRawData(begin, static_cast<int>(end - begin)).startsWith(byteOrderMark))
             begin += qstrlen(byteOrderMark);
-        if (isBlankLine(begin, end))
-            continue;
-        ParsedLine parsed = parsedLine(begin, end);
-        const bool isFirst = read.rows.empty() && !headingError;
-        const QStringList heading = isFirst && parsed.error == ListFileError::NoNumber
-                                        ? headingFields(begin, end)
-                                        : QStringList();
-        if (!heading.isEmpty()) {
-            headingError = {read.line, parsed.strangeField};
-            const QString foreign = readHeading(heading, powers);
-            if (!foreign.isEmpty())
-                return failed(ListFileError::ForeignUnit, foreign.trimmed());
-            continue;
-        }
-        if (parsed.error != ListFileError::None)
-            return failed(parsed.error, parsed.strangeField);
-        const QString strange = convert(parsed.row, powers);
-        if (!strange.isEmpty())
-            return failed(ListFileError::NoNumber, strange);
-        read.rows.push_back(std::move(parsed.row));
+        takeLine(read, heading, begin, end);
+        if (read.error != ListFileError::None)
+            return failed(read.error, read.field);
     }
     if (file.error() != QFileDevice::NoError) {
         read.file = {FileFault::Failed, file.errorString()};
         return failed(ListFileError::NotRead);
     }
-    read.hasHeading = headingError.has_value();
-    read.isScaled = powers != ColumnPowers{};
+    read.hasHeading = heading.line > 0;
+    read.isScaled = heading.powers != ColumnPowers{};
+    // Words alone are no list.
     if (read.hasHeading && read.rows.empty()) {
-        read.line = headingError->first;
-        return failed(ListFileError::NoNumber, headingError->second);
+        read.line = heading.line;
+        return failed(ListFileError::NoNumber, heading.words);
     }
     return read;
 }

@@ -1,11 +1,11 @@
 #include "sweep/list/list_file_dialogs.h"
 
 #include "link/notices.h"
+#include "sweep/list/list_document.h"
 #include "sweep/list/list_file.h"
 #include "sweep/list/point_table.h"
 #include "ui/files/file_questions.h"
 #include "ui/files/file_work.h"
-#include "ui/files/user_folder.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -41,27 +41,33 @@ QString nameIn(const QString& path)
 }
 } // namespace
 
-ListFileDialogs::ListFileDialogs(PointTable* table) : QObject(table), m_table(table) {}
+ListFileDialogs::ListFileDialogs(PointTable* table)
+    : QObject(table), m_table(table), m_document(new ListDocument(table))
+{
+}
 
 void ListFileDialogs::save()
 {
-    askFileToSave(
-        m_table->window(),
-        {tr("Save List"), madeUserFolder(), QStringLiteral("*.csv"), proposedName(), &withSuffix},
-        [this](const QString& path) {
-            saveTo(path);
-            m_table->window()->activateWindow();
-        });
+    askFileToSave(m_table->window(),
+                  {tr("Save List"), m_document->folder(), QStringLiteral("*.csv"), proposedName(),
+                   &withSuffix},
+                  [this](const QString& path) {
+                      saveTo(path);
+                      m_table->window()->activateWindow();
+                  });
 }
 
 void ListFileDialogs::saveTo(const QString& path)
 {
     const QString name = nameIn(path);
     Notices& notices = m_table->context().notices;
+    m_table->dropUnusedRow();
+    const int revision = m_table->revision();
     const FileOutcome written = writeBeside(m_table->window(), path, listText(m_table->points()));
-    if (written.fault == FileFault::None)
+    if (written.fault == FileFault::None) {
+        m_document->setFile(path, revision);
         notices.say([name] { return tr("List saved: %1").arg(name); });
-    else if (written.fault == FileFault::Cancelled)
+    } else if (written.fault == FileFault::Cancelled)
         notices.say([name] { return tr("Not saved: %1").arg(name); });
     else
         emit errorMessage(tr("The list could not be saved as %1: %2").arg(name, written.detail()));
@@ -70,35 +76,45 @@ void ListFileDialogs::saveTo(const QString& path)
 void ListFileDialogs::open()
 {
     askFileToOpen(m_table->window(),
-                  {tr("Open List"), madeUserFolder(), QStringLiteral("CSV File ( *.csv )")},
+                  {tr("Open List"), m_document->folder(), QStringLiteral("CSV File ( *.csv )")},
                   [this](const QString& path) {
-                      openFrom(path);
+                      openFile(path);
                       m_table->window()->activateWindow();
                   });
 }
 
-void ListFileDialogs::openFrom(const QString& path)
+void ListFileDialogs::openFile(const QString& path)
 {
     const QString name = nameIn(path);
     ReadList cancelled;
     cancelled.error = ListFileError::Cancelled;
     const ReadList read = readBeside(m_table->window(), path, &readListFile).value_or(cancelled);
-    const auto take = [this, rows = read.rows, name, hasHeading = read.hasHeading] {
-        if (!m_table->change({0, m_table->rowCount(), rows}, tr("Open list")))
-            return;
-        m_table->scrollToTop();
-        if (hasHeading)
-            m_table->context().notices.say(
-                [name] { return tr("%1: the first line is a heading and was skipped").arg(name); });
-    };
+    if (read.error == ListFileError::NotOpened)
+        m_document->forgetRecent(path);
     if (read.error != ListFileError::None)
         tellError(name, read);
     else if (read.rows.size() <= unaskedRows)
-        take();
+        take(path, read);
     else
         askBefore(m_table->window(), tr("Open List"),
                   tr("%1 has %2 points. Open it?").arg(name).arg(read.rows.size()), tr("Open"),
-                  take);
+                  [this, path, read] { take(path, read); });
+}
+
+void ListFileDialogs::take(const QString& path, const ReadList& read)
+{
+    if (!m_table->change({0, m_table->rowCount(), read.rows}, tr("Open list")))
+        return;
+    m_document->setFile(path, m_table->revision());
+    m_table->scrollToTop();
+    if (!read.hasHeading)
+        return;
+    const StatusWords words = [name = nameIn(path), isScaled = read.isScaled] {
+        return isScaled
+                   ? tr("%1: the columns were converted from the units of the heading").arg(name)
+                   : tr("%1: the first line is a heading and was skipped").arg(name);
+    };
+    m_table->context().notices.say(words);
 }
 
 void ListFileDialogs::tellError(const QString& name, const ReadList& read)

@@ -148,6 +148,12 @@ bool PointTable::change(RowsEdit edit, const QString& what)
     return true;
 }
 
+void PointTable::start(PointRows rows)
+{
+    if (change({0, rowCount(), std::move(rows)}, QString()))
+        m_history.clear();
+}
+
 /// Forgets the oldest changes that would take too much memory.
 void PointTable::boundHistory()
 {

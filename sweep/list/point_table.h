@@ -37,6 +37,8 @@ public:
     /// called `what`; what takes more than 64 MB
     /// cannot be taken back. While the table is being transferred nothing is changed: false.
     bool change(RowsEdit edit, const QString& what);
+    /// The rows to begin with, as they stand: nothing to be undone.
+    void start(PointRows rows);
     /// Bounds all cells by the limits read from an instrument, in one step of undo. Returns how
     /// many had to change.
     int boundByLimits();

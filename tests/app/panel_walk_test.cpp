@@ -50,6 +50,12 @@ void fillList(PanelRig& rig, Demo&)
         table.setItem(0, column, new QTableWidgetItem(QLatin1String(cells[column])));
 }
 
+void fillSweep(PanelRig& rig, Demo&)
+{
+    for (const char* name : {"Start", "Stop", "Freq_Pow"})
+        rig.get<QLineEdit>(name).setText(QStringLiteral("20 000 000 000"));
+}
+
 void saveProfiles(PanelRig& rig, Demo&)
 {
     rig.saveProfile(QStringLiteral("a"));
@@ -74,7 +80,7 @@ const Surface surfaces[] = {
     {"LF sine", "open_gener sine_select"},
     {"LF square", "open_gener rectangle_select"},
     {"LF DC", "open_gener dc_select"},
-    {"frequency sweep", "open_list"},
+    {"frequency sweep", "open_list", "MainWindow", "", fillSweep},
     {"power sweep", "open_list power_toFrom_freq logarithmicFrequency"},
     {"sweep that runs", "connected open_list button_Sweep", "MainWindow", "",
      [](PanelRig& rig, Demo&) { rig.get<QLineEdit>("Time").setText("1 000 000"); }},

@@ -6,6 +6,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QSettings>
 #include <QTemporaryDir>
 
 namespace
@@ -187,6 +190,118 @@ private slots:
         QVERIFY(bench.panel.isRunning());
         QCOMPARE(bench.said,
                  QStringList("No list can be opened while a table is being transferred"));
+    }
+
+    void headerNamesTheFile()
+    {
+        ListBench bench;
+        const auto& title = bench.get<QLabel>("file_List");
+        QCOMPARE(title.text(), QString());
+        bench.setRows({"1,2,3"});
+        QCOMPARE(title.text(), QString("new list*"));
+        bench.chooseFile("save_List", "points");
+        QCOMPARE(title.text(), QString("points.csv"));
+        bench.click("add_List");
+        QCOMPARE(title.text(), QString("points.csv*"));
+        bench.click("undo_List");
+        QCOMPARE(title.text(), QString("points.csv"));
+        bench.table().setRowCount(5);
+        QCOMPARE(title.text(), QString("points.csv*"));
+        write(m_folder + "/others.csv", "7,8,9\n");
+        bench.chooseFile("open_List", "others.csv");
+        QCOMPARE(title.text(), QString("others.csv"));
+    }
+
+    void pointsComeBack_data()
+    {
+        testColumns<QString, QString, QString>("saved", "added", "title");
+        testRow("never saved", "", "7,8,9", "new list*");
+        testRow("saved", "points", "", "points.csv");
+        testRow("changed since", "points", "7,8,9", "points.csv*");
+    }
+    void pointsComeBack()
+    {
+        QFETCH(QString, saved);
+        QFETCH(QString, added);
+        QSettings settings(m_home.filePath("settings.ini"), QSettings::IniFormat);
+        settings.clear();
+        QStringList rows = {"1000000,-5.50,3"};
+        {
+            ListBench bench;
+            bench.panel.restorePoints(settings);
+            bench.setRows(rows);
+            if (!saved.isEmpty())
+                bench.chooseFile("save_List", saved);
+            if (!added.isEmpty())
+                bench.setRows(rows << added);
+            bench.panel.keepPoints();
+            // The end can come in several ways, with the panels already taken apart.
+            bench.setRows({});
+            bench.panel.keepPoints();
+        }
+        ListBench bench;
+        QCOMPARE(bench.rows(), QStringList());
+        bench.panel.restorePoints(settings);
+        QCOMPARE(bench.rows(), rows);
+        QTEST(bench.get<QLabel>("file_List").text(), "title");
+        QVERIFY(!bench.table().history().canUndo());
+        bench.setRows({});
+        bench.panel.keepPoints();
+        ListBench last;
+        last.panel.restorePoints(settings);
+        QCOMPARE(last.rows(), QStringList());
+    }
+
+    void unreadablePointsAreNotLost()
+    {
+        const QByteArray damaged = "1,2,3\n4,%1,6\n";
+        write(m_folder + "/List_last.csv", damaged);
+        QSettings settings(m_home.filePath("settings.ini"), QSettings::IniFormat);
+        ListBench bench;
+        bench.panel.restorePoints(settings);
+        QCOMPARE(bench.said, QStringList("The list of the last time cannot be read"));
+        bench.panel.keepPoints();
+        QCOMPARE(contentsOf(m_folder + "/List_last.csv"), damaged);
+    }
+
+    void recentFiles()
+    {
+        QSettings settings(m_home.filePath("settings.ini"), QSettings::IniFormat);
+        settings.clear();
+        const QString elsewhere = m_folder + "/else & where";
+        QDir().mkpath(elsewhere);
+        write(elsewhere + "/a.csv", "1,,\n");
+        write(elsewhere + "/b.csv", "2,,\n");
+        {
+            ListBench bench;
+            bench.panel.restorePoints(settings);
+            QVERIFY(!bench.get<QPushButton>("recent_List").isEnabled());
+            bench.chooseFile("open_List", elsewhere + "/a.csv");
+            bench.chooseFile("open_List", elsewhere + "/b.csv");
+            bench.panel.keepPoints();
+        }
+        ListBench bench;
+        bench.panel.restorePoints(settings);
+        QString folder;
+        bench.answer<QFileDialog>("open_List", [&](QFileDialog& dialog) {
+            folder = dialog.directory().path();
+            dialog.reject();
+        });
+        QCOMPARE(folder, elsewhere);
+        QVERIFY(bench.get<QPushButton>("recent_List").isEnabled());
+        QMenu& menu = *bench.get<QPushButton>("recent_List").menu();
+        const auto openOldest = [&] {
+            emit menu.aboutToShow();
+            menu.actions().last()->trigger();
+        };
+        openOldest();
+        QCOMPARE(bench.rows(), QStringList("1,,"));
+        QFile::remove(elsewhere + "/b.csv");
+        openOldest();
+        QCOMPARE(bench.rows(), QStringList("1,,"));
+        emit menu.aboutToShow();
+        QCOMPARE(menu.actions().size(), 1);
+        QVERIFY(menu.actions().first()->text().startsWith("a.csv\t"));
     }
 
     void openingAsksAboutManyPoints()

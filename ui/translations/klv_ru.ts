@@ -663,6 +663,17 @@
     </message>
 </context>
 <context>
+    <name>ListDocument</name>
+    <message>
+        <source>The list of the last time cannot be read</source>
+        <translation>Список прошлого раза прочитать нельзя</translation>
+    </message>
+    <message>
+        <source>new list</source>
+        <translation>новый список</translation>
+    </message>
+</context>
+<context>
     <name>ListFileDialogs</name>
     <message>
         <source>%1: the first line is a heading and was skipped</source>
@@ -728,6 +739,14 @@
         <source>%1, line %2: a field is longer than %3 characters</source>
         <translation>%1, строка %2: поле длиннее %3 знаков</translation>
     </message>
+    <message>
+        <source>%1, line %2: the unit of &quot;%3&quot; does not fit the column</source>
+        <translation>%1, строка %2: единица в «%3» не подходит к столбцу</translation>
+    </message>
+    <message>
+        <source>%1: the columns were converted from the units of the heading</source>
+        <translation>%1: столбцы пересчитаны из единиц заголовка</translation>
+    </message>
 </context>
 <context>
     <name>ListGroup</name>
@@ -770,6 +789,22 @@
     <message>
         <source>Stop the list</source>
         <translation>Остановить список</translation>
+    </message>
+    <message>
+        <source>Rows to add</source>
+        <translation>Сколько строк добавить</translation>
+    </message>
+    <message>
+        <source>How many rows the button beside it adds</source>
+        <translation>Сколько строк добавляет кнопка рядом</translation>
+    </message>
+    <message>
+        <source>Recent lists</source>
+        <translation>Недавние списки</translation>
+    </message>
+    <message>
+        <source>Open one of the lists used last</source>
+        <translation>Открыть один из последних списков</translation>
     </message>
 </context>
 <context>
@@ -1587,6 +1622,30 @@ Keys: +, −, Left, Right, Home</source>
         <source>Fill a column</source>
         <translation>Заполнить столбец</translation>
     </message>
+    <message>
+        <source>Not pasted: the unit of &quot;%1&quot; does not fit the column</source>
+        <translation>Не вставлено: единица в «%1» не подходит к столбцу</translation>
+    </message>
+    <message>
+        <source>One value was bounded by the limits of the instrument</source>
+        <translation>Одно значение ограничено пределами прибора</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values were bounded by the limits of the instrument</source>
+        <translation>
+            <numerusform>%n значение ограничено пределами прибора</numerusform>
+            <numerusform>%n значения ограничены пределами прибора</numerusform>
+            <numerusform>%n значений ограничено пределами прибора</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Insert %n rows</source>
+        <translation>
+            <numerusform>Вставить %n строку</numerusform>
+            <numerusform>Вставить %n строки</numerusform>
+            <numerusform>Вставить %n строк</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>PointTable</name>
@@ -1633,6 +1692,24 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Row %1, %2: &quot;%3&quot; is not a number</source>
         <translation>Строка %1, %2: «%3» — не число</translation>
+    </message>
+    <message>
+        <source>Add row</source>
+        <translation>Добавить строку</translation>
+    </message>
+    <message>
+        <source>Delete row</source>
+        <translation>Удалить строку</translation>
+    </message>
+    <message>
+        <source>No points yet. Three ways to fill the list:
+1. Type: a number, then Tab and Enter
+2. Paste from a spreadsheet (Ctrl+V), or open a file
+3. Make it from the sweep (Ctrl+G)</source>
+        <translation>Точек пока нет. Заполнить список можно так:
+1. Ввести: число, затем Tab и Enter
+2. Вставить из таблицы (Ctrl+V) или открыть файл
+3. Составить из качания (Ctrl+G)</translation>
     </message>
 </context>
 <context>
