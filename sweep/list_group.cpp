@@ -22,8 +22,8 @@ namespace
 constexpr int spacing = 8;
 constexpr int margin = 12;
 constexpr int leastTableHeight = 112;
-constexpr int mostRowsAtOnce = 10000;
-constexpr int countWidth = 54;
+constexpr int mostRowsAtOnce = 999;
+constexpr int countWidth = 42;
 constexpr int iconSide = 20;
 
 struct Tool {
@@ -68,6 +68,7 @@ ListGroup::ListGroup(const FieldContext& context, TriggerGroup& trigger, QWidget
     setProperty("section", true);
     m_title->setProperty("sectionTitle", true);
     m_file->setProperty("sectionSummary", true);
+    m_file->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_recent->setProperty("tool", true);
     m_recent->setIconSize(QSize(iconSide, iconSide));
     m_recent->setIcon(QIcon(QStringLiteral(":/images/recent.png")));

@@ -23,7 +23,7 @@ constexpr int spacing = 8;
 constexpr int gap = 6;
 constexpr int margin = 12;
 constexpr int labelWidth = 60;
-constexpr int fieldWidth = 130; // 20 GHz in hertz
+constexpr int fieldWidth = 120; // 20 GHz in hertz
 constexpr int keyWidth = 40;
 
 struct Row {

@@ -114,9 +114,11 @@ QString convert(PointRow& row, const ColumnPowers& powers)
         if (power == 0 || withoutBlanks(field).isEmpty())
             continue;
         const auto number = readQuantity(field, pointKind(column), power);
-        if (!number)
+        const QString converted =
+            number ? grouped(shiftedDecimal(*number, power), pointKind(column)) : QString();
+        if (converted.isEmpty() || converted.size() > longestCell)
             return field;
-        field = grouped(shiftedDecimal(*number, power), pointKind(column));
+        field = converted;
     }
     return {};
 }

@@ -124,4 +124,6 @@ private:
     int m_addedRow = -1;
     /// The user works in the cells: Tab stays among them.
     bool m_isInCells = false;
+    /// Where Tab began, to which Return goes back; -1 while it has not.
+    int m_firstColumn = -1;
 };

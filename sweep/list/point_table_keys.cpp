@@ -20,6 +20,11 @@ bool opensEditor(const QKeyEvent& key)
     const bool isPlain = (key.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
     return isPlain && !text.isEmpty() && text.at(0).isPrint() && !text.at(0).isSpace();
 }
+
+bool isMove(const QKeyEvent& key)
+{
+    return key.key() >= Qt::Key_Home && key.key() <= Qt::Key_PageDown;
+}
 } // namespace
 
 bool PointTable::isUnused(int row) const
@@ -60,9 +65,10 @@ bool PointTable::addRowBelow()
 
 bool PointTable::goBelow()
 {
-    const int column = std::max(currentColumn(), 0);
     if (currentRow() + 1 == rowCount() && !addRowBelow())
         return false;
+    const int column = std::max(m_firstColumn >= 0 ? m_firstColumn : currentColumn(), 0);
+    m_firstColumn = -1;
     setCurrentCell(currentRow() + 1, column);
     return true;
 }
@@ -75,11 +81,14 @@ bool PointTable::goToNeighbour(bool isNext)
     const int cell = currentRow() * pointColumnCount + currentColumn() + (isNext ? 1 : -1);
     if (cell < 0 || (cell == rowCount() * pointColumnCount && !addRowBelow()))
         return false;
+    if (m_firstColumn < 0)
+        m_firstColumn = currentColumn();
     setCurrentCell(cell / pointColumnCount, cell % pointColumnCount);
     return true;
 }
 
-/// Return moves to the cell below, as in a spreadsheet; Tab edits the next one.
+/// Return moves to the cell below, or to where Tab began, as in a spreadsheet; Tab edits the next
+/// one.
 void PointTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
 {
     const bool isTab = hint == QAbstractItemDelegate::EditNextItem ||
@@ -121,6 +130,7 @@ void PointTable::currentChanged(const QModelIndex& current, const QModelIndex& p
 void PointTable::mousePressEvent(QMouseEvent* event)
 {
     m_isInCells = true;
+    m_firstColumn = -1;
     QTableWidget::mousePressEvent(event);
 }
 
@@ -134,6 +144,8 @@ void PointTable::keyPressEvent(QKeyEvent* event)
         return;
     }
     m_isInCells = m_isInCells || isReturn || opensEditor(*event);
+    if (isMove(*event))
+        m_firstColumn = -1;
     if (rowCount() == 0 && opensEditor(*event) && addRowBelow())
         setCurrentCell(0, Frequency);
     if (isReturn && state() != EditingState && goBelow())

@@ -75,6 +75,7 @@ private slots:
         row("some units", "GHz,Pow\n1.5,1.5,1000000\n", {"1 500 000 000|1.5|1000000"});
         using E = ListFileError;
         row("a unit of another column", "Freq [Hz],Pow [s]\n1,2,3\n", refusal(E::ForeignUnit, 1));
+        row("too long once converted", "Freq [GHz]\n1e99\n", refusal(E::NoNumber, 2));
         row("not to be converted", "Freq [GHz]\n1\n1e300\n", refusal(E::NoNumber, 3));
         row("nothing but a heading", "\nFreq,Pow,Dwell\n", refusal(E::NoNumber, 2));
         row("a number in the heading", "Freq,1,Dwell\n1,2,3\n", refusal(E::NoNumber, 1));

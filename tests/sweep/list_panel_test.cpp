@@ -93,6 +93,23 @@ private slots:
         QCOMPARE(bench.get<QPushButton>("pushButton_Auto").isChecked(), !isManual);
     }
 
+    void aTriggerControlIsSeenOnce()
+    {
+        const ListBench bench(false);
+        const auto seen = [&] {
+            QStringList names;
+            for (const char* name : {"time_select", "left_select", "right_select", "leftButton",
+                                     "rightButton", "pushButton_Manual", "pushButton_Auto"}) {
+                if (bench.get<QPushButton>(name).isVisible())
+                    names << name;
+            }
+            return names.join(' ');
+        };
+        QCOMPARE(seen(), QString("time_select left_select right_select"));
+        bench.click("List_is_Checked");
+        QCOMPARE(seen(), QString("time_select leftButton rightButton pushButton_Manual"));
+    }
+
     void oneRunAndItIsSeen()
     {
         ListBench bench(false);

@@ -73,6 +73,8 @@ private slots:
         row("Tab stays", {"Tab", "Tab", "9", "Shift+Backtab", "8", "Return"}, "1,8,9|4,5,6");
         row("Tab adds", {"Down", "7", "Tab", "8", "Tab", "9", "Tab", "1k", "Tab", "2", "Return"},
             "1,2,3|7,8,9|1 000,2,");
+        row("Return to where Tab began", {"Down", "5", "Tab", "6", "Return", "7", "Return"},
+            "1,2,3|5,6,6|7,,");
         row("one unused row", {"Down", "Return", "Return", "Tab", "Tab", "Tab", "Ctrl+Z"},
             "1,2,3|4,5,6");
         row("emptied again", {"Down", "Return", "8", "Tab", "Shift+Backtab", "Backspace", "Return"},
@@ -102,6 +104,24 @@ private slots:
         bench.get<QWidget>("save_List").setFocus();
         QCoreApplication::processEvents();
         QTEST(bench.rows().join('|'), "rows");
+    }
+
+    /// What a file has written is sent and saved as it stands.
+    void digitsAreOnlyShownGrouped()
+    {
+        const ListBench bench;
+        const auto picture = [&] { return bench.table().viewport()->grab().toImage(); };
+        bench.setRows({"1 000 000,-1.50,2 500"});
+        const QImage groupedDigits = picture();
+        const QStringList fromFile = {"1000000,-1.50,2500"};
+        bench.setRows(fromFile);
+        QVERIFY(picture() == groupedDigits);
+        bench.clickCell(0, 0);
+        bench.press(Qt::Key_F2);
+        QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(),
+                 QString("1 000 000"));
+        bench.press(Qt::Key_Tab);
+        QCOMPARE(bench.rows(), fromFile);
     }
 
     void tabLeavesTheTableItHasLedTo()

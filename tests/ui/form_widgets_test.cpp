@@ -3,6 +3,7 @@
 #include "ui/error_box.h"
 #include "ui/state_button.h"
 #include "ui/theme.h"
+#include "ui/two_part_button.h"
 #include "ui/window_chrome.h"
 
 #include <QGraphicsEffect>
@@ -37,6 +38,30 @@ private slots:
         QCOMPARE(label.grab().toImage(), elided);
         label.setText("KLV-20G 5678");
         QVERIFY(label.grab().toImage() != elided);
+    }
+
+    void aSwitchLightsThePartThatIsChosen()
+    {
+        TwoPartButton button("switch");
+        button.setTexts("Sweep", "List of points");
+        button.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&button));
+        const QSize size = button.sizeHint();
+        const QColor fill = themeColour(ThemeName::Dark, "fill");
+        for (const bool isChecked : {false, true}) {
+            QCOMPARE(button.isChecked(), isChecked);
+            QCOMPARE(button.text(), QString(isChecked ? "List of points" : "Sweep"));
+            const QImage image = button.grab().toImage();
+            const int edge = 6;
+            QCOMPARE(image.pixelColor(edge, image.height() / 2) == fill, !isChecked);
+            QCOMPARE(image.pixelColor(image.width() - edge, image.height() / 2) == fill, isChecked);
+            QCOMPARE(button.sizeHint(), size);
+            QTest::mouseClick(&button, Qt::LeftButton);
+        }
+        // It is seen that it cannot be used.
+        const QImage usable = button.grab().toImage();
+        button.setEnabled(false);
+        QVERIFY(button.grab().toImage() != usable);
     }
 
     void anErrorIsShownUntilPutAway()
