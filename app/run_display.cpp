@@ -104,9 +104,11 @@ void RunDisplay::showOver(bool isOver)
 {
     m_ui.lamp.setEnabled(m_isRunning && !isOver);
     if (m_isRunning && isOver) {
-        m_notice = m_notices.sayOfInstrument([frequency = m_ui.frequency.text()] {
-            return tr("Pass finished: Stop returns to %1 Hz").arg(frequency);
-        });
+        m_notice = m_notices.sayDone(
+            [frequency = m_ui.frequency.text()] {
+                return tr("Pass finished: Stop returns to %1 Hz").arg(frequency);
+            },
+            Notice::About::Instrument);
     } else if (m_notice) {
         m_notices.takeBack(*m_notice);
         m_notice.reset();

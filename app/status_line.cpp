@@ -56,10 +56,14 @@ void StatusLine::showNotice(const Notice& notice)
 {
     const bool isBeside =
         notice.about == Notice::About::InstrumentToo && isOfInstrument() && !noticeText().isEmpty();
-    const StatusWords before = m_notice ? m_notice->words : nullptr;
+    const Notice before = m_notice.value_or(notice);
     m_notice = notice;
-    if (isBeside)
-        m_notice->words = [before, words = notice.words] { return before() + separator + words(); };
+    if (isBeside) {
+        m_notice->words = [before, words = notice.words] {
+            return before.words() + separator + words();
+        };
+        m_notice->isDone = before.isDone && notice.isDone;
+    }
     m_messageTimer.stop();
     refresh();
 }
@@ -135,6 +139,8 @@ void StatusLine::refresh()
     else if (!m_messageTimer.isActive())
         m_messageTimer.start();
     const QString text = isMessage ? notice : activity.isEmpty() ? faultText() : activity;
-    m_label.setProperty("warning", activity.isEmpty() && !text.isEmpty());
+    const bool isDone = isMessage && m_notice->isDone;
+    m_label.setProperty("warning", activity.isEmpty() && !text.isEmpty() && !isDone);
+    m_label.setProperty("lit", isDone);
     m_label.setText(text);
 }

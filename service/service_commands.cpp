@@ -181,14 +181,16 @@ void ServiceCommands::commandCalibrate()
         m_notices.sayOfInstrument(
             [] { return tr("Writing was stopped: the stored table is unchanged"); });
     else if (m_keptAs.isEmpty())
-        m_notices.sayOfInstrument(
-            [] { return tr("The calibration table is stored in the instrument"); });
+        m_notices.sayDone([] { return tr("The calibration table is stored in the instrument"); },
+                          Notice::About::Instrument);
     else
-        m_notices.sayOfInstrument([name = m_keptAs] {
-            return tr("The calibration table is stored in the instrument; the table read "
-                      "before is saved as %1")
-                .arg(name);
-        });
+        m_notices.sayDone(
+            [name = m_keptAs] {
+                return tr("The calibration table is stored in the instrument; the table read "
+                          "before is saved as %1")
+                    .arg(name);
+            },
+            Notice::About::Instrument);
 }
 
 /// Saves the table that was read before it is overwritten: once, and only if there was one. False
