@@ -1,19 +1,28 @@
 #include "connection/gui_list_klv.h"
 
+#include "ui/describe.h"
+#include "ui/dialog_header.h"
 #include "ui/instrument_text.h"
+#include "ui/named.h"
+#include "ui/window_chrome.h"
 
 #include <QCloseEvent>
+#include <QFrame>
 #include <QGridLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QPixmap>
 #include <QPushButton>
 #include <QScreen>
+#include <QToolButton>
 
 namespace
 {
 constexpr int gapToWindow = 16;
 constexpr int mostHeight = 480;
 constexpr int contentMargin = 16;
+constexpr int headerHeight = 48;
+constexpr int border = 1;
 constexpr int contentSpacing = 8;
 
 constexpr char nameProperty[] = "instrumentName";
@@ -34,11 +43,29 @@ GuiListKLV::GuiListKLV()
                    Qt::WindowStaysOnTopHint | Qt::WindowCloseButtonHint);
     setWindowModality(Qt::ApplicationModal);
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
-    retranslate();
     setObjectName(QStringLiteral("GuiListKLV"));
+    new WindowChrome(this);
+    build();
+    retranslate();
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     reset();
+}
+
+/// The surface lies below the viewport, and the header above its top margin.
+void GuiListKLV::build()
+{
+    m_surface = named("dialog_surface", new QFrame(this));
+    m_surface->lower();
+    m_header = new DialogHeader(this);
+    m_close = named("close_chooser", new QToolButton(this));
+    m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
+    m_close->setAutoRaise(true);
+    m_header->add(m_close);
+    connect(m_close, &QToolButton::clicked, this, &QWidget::close);
+    setFrameShape(QFrame::NoFrame);
+    viewport()->setAutoFillBackground(false);
+    setViewportMargins(border, headerHeight, border, border);
 }
 
 void GuiListKLV::reset()
@@ -53,9 +80,10 @@ void GuiListKLV::reset()
         placeholder->close();
     m_content = new QWidget;
     m_grid = new QGridLayout(m_content);
-    m_grid->setContentsMargins(contentMargin, contentMargin, contentMargin, contentMargin);
+    m_grid->setContentsMargins(contentMargin, 0, contentMargin, contentMargin);
     m_grid->setSpacing(contentSpacing);
     setWidget(m_content);
+    m_content->setAutoFillBackground(false);
     m_count = 0;
     m_hasChosen = false;
 }
@@ -97,6 +125,8 @@ void GuiListKLV::retranslate()
 {
     setWindowTitle(tr("All Device"));
     setAccessibleName(windowTitle());
+    m_header->setTitle(windowTitle());
+    describe(m_close, tr("Close"), tr("Choose none (Esc)"));
 }
 
 void GuiListKLV::changeEvent(QEvent* event)
@@ -114,13 +144,33 @@ void GuiListKLV::closeEvent(QCloseEvent* event)
         emit dismissed();
 }
 
+void GuiListKLV::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QScrollArea::keyPressEvent(event);
+}
+
+void GuiListKLV::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    m_surface->setGeometry(rect());
+    m_header->setGeometry(contentMargin, 0, width() - 2 * contentMargin, headerHeight);
+}
+
 // There may be no room on the screen beside the window, and nothing else can be used while it is
 // open.
 void GuiListKLV::showEvent(QShowEvent* event)
 {
     QScrollArea::showEvent(event);
     m_content->ensurePolished();
-    resize(m_content->sizeHint().boundedTo({screen()->availableGeometry().width(), mostHeight}));
+    const int leastWidth = m_header->sizeHint().width() + 2 * contentMargin;
+    const QSize whole = m_content->sizeHint().expandedTo({leastWidth, 0}) + QSize(0, headerHeight) +
+                        2 * QSize(border, border);
+    resize(whole.boundedTo({screen()->availableGeometry().width(), mostHeight}));
+    if (auto* first = m_content->findChild<QPushButton*>())
+        first->setFocus();
     const QRect room = screen()->availableGeometry();
     setHorizontalScrollBarPolicy(m_content->sizeHint().width() > room.width()
                                      ? Qt::ScrollBarAsNeeded

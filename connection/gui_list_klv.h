@@ -2,7 +2,10 @@
 
 #include <QScrollArea>
 
+class DialogHeader;
+class QFrame;
 class QGridLayout;
+class QToolButton;
 
 /// The chooser: one button for each instrument that a search has found. Knows addresses and
 /// captions only; it opens nothing.
@@ -43,12 +46,19 @@ public slots:
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    /// Escape closes it.
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
+    void build();
     void retranslate();
 
     const QWidget* m_neighbour = nullptr;
+    QFrame* m_surface = nullptr;
+    DialogHeader* m_header = nullptr;
+    QToolButton* m_close = nullptr;
     QWidget* m_content = nullptr;
     QGridLayout* m_grid = nullptr;
     int m_columns = 3;

@@ -1,6 +1,7 @@
 #include "ui/panel_dialog.h"
 
 #include "ui/describe.h"
+#include "ui/dialog_header.h"
 #include "ui/named.h"
 #include "ui/window_chrome.h"
 
@@ -15,23 +16,20 @@ namespace
 constexpr int margin = 24;
 constexpr int spacing = 16;
 constexpr int leastTextWidth = 360;
-constexpr int logoSize = 24;
 constexpr int leastButtonWidth = 112;
 } // namespace
 
 PanelDialog::PanelDialog(const QString& title, const QString& text, QWidget* parent)
     : QDialog(parent), m_content(new QVBoxLayout), m_buttons(new QHBoxLayout)
 {
-    const QIcon logo(QStringLiteral(":/images/logotip.png"));
     new WindowChrome(this);
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(title);
-    setWindowIcon(logo);
+    setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     setAccessibleName(title);
     auto* surface = named("dialog_surface", new QFrame(this));
-    auto* icon = new QLabel(surface);
-    icon->setPixmap(logo.pixmap(logoSize));
-    auto* heading = named("dialog_title", new QLabel(title, surface));
+    auto* header = new DialogHeader(surface);
+    header->setTitle(title);
     auto* message = named("message", new QLabel(text, surface));
     message->setTextFormat(Qt::PlainText);
     message->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -40,14 +38,10 @@ PanelDialog::PanelDialog(const QString& title, const QString& text, QWidget* par
     m_buttons->setSpacing(spacing / 2);
     m_buttons->addStretch(1);
 
-    auto* titleRow = new QHBoxLayout;
-    titleRow->setSpacing(spacing / 2);
-    titleRow->addWidget(icon);
-    titleRow->addWidget(heading, 1);
     auto* rows = new QVBoxLayout(surface);
     rows->setContentsMargins(margin, spacing, margin, margin);
     rows->setSpacing(spacing);
-    rows->addLayout(titleRow);
+    rows->addWidget(header);
     rows->addWidget(message);
     rows->addLayout(m_content);
     rows->addLayout(m_buttons);

@@ -4,8 +4,8 @@
 #include "profiles/panel/quick_profile_row.h"
 #include "profiles/profile_folder.h"
 #include "ui/describe.h"
-#include "ui/files/file_questions.h"
 #include "ui/named.h"
+#include "ui/question.h"
 
 #include <QFileInfo>
 #include <QLabel>

@@ -6,6 +6,7 @@
 #include "sweep/list/point_table.h"
 #include "ui/files/file_questions.h"
 #include "ui/files/file_work.h"
+#include "ui/question.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -66,7 +67,7 @@ void ListFileDialogs::saveTo(const QString& path)
     const FileOutcome written = writeBeside(m_table->window(), path, listText(m_table->points()));
     if (written.fault == FileFault::None) {
         m_document->setFile(path, revision);
-        notices.say([name] { return tr("List saved: %1").arg(name); });
+        notices.sayDone([name] { return tr("List saved: %1").arg(name); });
     } else if (written.fault == FileFault::Cancelled)
         notices.say([name] { return tr("Not saved: %1").arg(name); });
     else

@@ -5,13 +5,13 @@
 #include "sweep/list/list_file.h"
 #include "sweep/list/point_table.h"
 #include "ui/describe.h"
+#include "ui/question.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QIcon>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVariant>
 
@@ -316,12 +316,11 @@ void PointActions::redo()
 
 void PointActions::clear()
 {
-    QMessageBox question(QMessageBox::Question, tr("Clear List"), tr("Do you want to clear List?"),
-                         QMessageBox::Yes | QMessageBox::No, m_table->window());
-    question.setObjectName(QStringLiteral("clear_question"));
-    question.setDefaultButton(QMessageBox::No);
-    if (question.exec() == QMessageBox::Yes)
-        change({0, m_table->rowCount(), {}}, Clear);
+    askBefore(m_table->window(), tr("Clear List"), tr("Do you want to clear List?"), tr("Yes"),
+              [this] {
+                  change({0, m_table->rowCount(), {}}, Clear);
+              })
+        ->setObjectName(QStringLiteral("clear_question"));
 }
 
 void PointActions::retranslate()

@@ -87,6 +87,8 @@ const Surface surfaces[] = {
     {"list", "open_list List_is_Checked int_select", "MainWindow", "", fillList},
     {"list by hand", "open_list List_is_Checked time_select"},
     {"profiles", "profiles rename_1", "MainWindow", "", saveProfiles},
+    {"profile that differs", "profiles quick_1 ROSC", "MainWindow", "", saveProfiles},
+    {"question", "profiles delete_1", "Question", "dialog_title", saveProfiles},
     {"service", "connected service"},
     {"keypad of a frequency", "connected key_FREQ", "keypad"},
     {"keypad of a step", "connected key_POW keypad_step", "keypad"},
@@ -108,7 +110,7 @@ const Surface surfaces[] = {
      [](PanelRig& rig, Demo&) {
          ErrorBox::report(QStringLiteral("first \n second"), &rig.window());
      }},
-    {"chooser", "connected", "modal", "",
+    {"chooser", "connected", "modal", "dialog_title",
      [](PanelRig&, Demo& demo) {
          demo("instruments [1111]\nmodel=KLV-6G\n[22222222]\nmodel=KLV-20G\n[33333333]\n"
               "model=KLV-20G\n");

@@ -3,9 +3,11 @@
 #include "profiles/panel/open_save_profile.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/rows.h"
+#include "ui/question.h"
 
 #include <QFileDialog>
-#include <QMessageBox>
+#include <QLabel>
+#include <QMenu>
 #include <QScrollBar>
 
 namespace
@@ -22,12 +24,15 @@ Dialog* openDialog()
     return isOpen ? found : (qFatal("no dialog"), nullptr);
 }
 
-/// Answers the question about a profile, "No" by its default button.
+/// Answers the question about a profile; no is what Return says.
 void answer(const QString& name, bool isYes)
 {
-    auto* box = openDialog<QMessageBox>();
-    QVERIFY(box->text().contains('"' + name + '"'));
-    QTest::mouseClick(isYes ? box->buttons().first() : box->defaultButton(), Qt::LeftButton);
+    auto* question = openDialog<Question>();
+    QVERIFY(question->findChild<QLabel*>("message")->text().contains('"' + name + '"'));
+    if (isYes)
+        QTest::mouseClick(question->findChild<QPushButton*>("yes"), Qt::LeftButton);
+    else
+        QTest::keyClick(question, Qt::Key_Return);
 }
 } // namespace
 

@@ -3,11 +3,11 @@
 #include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
 #include "tests/support/fields.h"
+#include "ui/question.h"
 
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QtTest>
 
@@ -101,11 +101,11 @@ struct ListBench {
         });
         timer->start(1);
     }
-    /// Answers the next question, "No" by its default button.
+    /// Answers the next question.
     void whenAsked(bool isYes)
     {
-        whenAsked<QMessageBox>([isYes](QMessageBox& box) {
-            (isYes ? box.buttons().first() : box.defaultButton())->click();
+        whenAsked<Question>([isYes](Question& question) {
+            question.findChild<QPushButton*>(isYes ? "yes" : "cancel")->click();
         });
     }
     /// Clicks a button, answers the dialog that it opens, and waits for what comes of it.

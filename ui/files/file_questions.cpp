@@ -1,10 +1,10 @@
 #include "ui/files/file_questions.h"
 
+#include "ui/question.h"
+
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QRegularExpression>
 
 #include <memory>
@@ -107,20 +107,4 @@ void askFileToSave(QWidget* window, const FileQuestion& question, const FileChos
         followType(dialog);
     dialog->selectFile(question.proposedName);
     dialog->open();
-}
-
-void askBefore(QWidget* window, const QString& title, const QString& question,
-               const QString& yesText, const std::function<void()>& confirmed)
-{
-    auto* box =
-        new QMessageBox(QMessageBox::Question, title, question, QMessageBox::NoButton, window);
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    QPushButton* yes = box->addButton(yesText, QMessageBox::AcceptRole);
-    QPushButton* no = box->addButton(translated(QT_TRANSLATE_NOOP("FileQuestions", "Cancel")),
-                                     QMessageBox::RejectRole);
-    box->setDefaultButton(no);
-    box->setEscapeButton(no);
-    QObject::connect(yes, &QAbstractButton::clicked, window, confirmed);
-    box->open();
 }

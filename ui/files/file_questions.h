@@ -25,7 +25,3 @@ void askFileToOpen(QWidget* window, const FileQuestion& question, const FileChos
 
 /// Also asks before a file is replaced whose name the dialog did not know.
 void askFileToSave(QWidget* window, const FileQuestion& question, const FileChosen& chosen);
-
-/// Asks a yes-or-no question; `confirmed` follows only a yes, which `yesText` words.
-void askBefore(QWidget* window, const QString& title, const QString& question,
-               const QString& yesText, const std::function<void()>& confirmed);

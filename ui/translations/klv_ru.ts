@@ -281,10 +281,6 @@
         <source>Replace</source>
         <translation>Заменить</translation>
     </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Отмена</translation>
-    </message>
 </context>
 <context>
     <name>FileWork</name>
@@ -450,6 +446,14 @@
     <message>
         <source>All Device</source>
         <translation>Все приборы</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Закрыть</translation>
+    </message>
+    <message>
+        <source>Choose none (Esc)</source>
+        <translation>Не выбирать (Esc)</translation>
     </message>
 </context>
 <context>
@@ -1646,6 +1650,10 @@ Keys: +, −, Left, Right, Home</source>
             <numerusform>Вставить %n строк</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Yes</source>
+        <translation>Да</translation>
+    </message>
 </context>
 <context>
     <name>PointTable</name>
@@ -2028,6 +2036,17 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>Sweep: Frequency</source>
         <translation>Качание: частота</translation>
+    </message>
+</context>
+<context>
+    <name>Question</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Leave everything as it is (Esc)</source>
+        <translation>Оставить всё как есть (Esc)</translation>
     </message>
 </context>
 <context>
