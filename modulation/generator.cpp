@@ -90,6 +90,8 @@ void generator::wire()
 {
     for (const QLineEdit* field : {&frequency(), &amplitude(), &duty()})
         connect(field, &QLineEdit::textChanged, this, &generator::refresh);
+    for (const NumberEdit* field : {&frequency(), &amplitude()})
+        connect(field, &NumberEdit::accepted, this, &generator::lampChanged);
 
     // Connected here, so that the choice is exclusive before any other receiver of the click.
     for (QPushButton* button : m_shapes) {
@@ -152,6 +154,17 @@ void generator::autoOff()
     emit hide_();
 }
 
+QString generator::lampWords() const
+{
+    const std::optional<WaveShape> shape = checkedShape();
+    QStringList words = {tr("LF"), readableQuantity(amplitude().acceptedValue(), Unit::Volt)};
+    if (shape == WaveShape::Dc)
+        words.insert(1, shapeCaption(WaveShape::Dc));
+    else if (shape != WaveShape::Random)
+        words << readableQuantity(frequency().acceptedValue(), Unit::Hertz);
+    return words.join(QLatin1Char(' '));
+}
+
 void generator::A_click()
 {
     emit keypadRequested(&amplitude());
@@ -168,6 +181,7 @@ void generator::vvod_Percent_click()
 /// Updates everything for the waveform and the fields.
 void generator::refresh()
 {
+    emit lampChanged();
     const std::optional<WaveShape> shape = checkedShape();
     m_duty.setEnabled(shape == WaveShape::Square);
     const std::optional<WaveShape> shown = shape ? shape : pointedShape();

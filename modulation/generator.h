@@ -31,6 +31,8 @@ public:
     NumberEdit& frequency() const { return *m_frequency.field; }
     NumberEdit& amplitude() const { return *m_amplitude.field; }
     NumberEdit& duty() const { return *m_duty.field; }
+    /// What the lamp says of the waveform that is on.
+    QString lampWords() const;
 
 public slots:
     /// Switches the generator off by a click on its waveform, and asks to be closed.
@@ -42,6 +44,8 @@ public slots:
 signals:
     /// The user wants to enter the number of this field on a keypad.
     void keypadRequested(NumberEdit* field);
+    /// The words of the lamp may be others now.
+    void lampChanged();
 
 protected:
     void retranslate() override;

@@ -5,8 +5,8 @@
 #include "link/scpi_session.h"
 #include "modulation/generator.h"
 #include "modulation/settling.h"
+#include "ui/indicator.h"
 
-#include <QLabel>
 #include <QPushButton>
 
 #include <iterator>
@@ -41,8 +41,8 @@ const struct {
 static_assert(std::size(shapeCommands) == shapeCount);
 } // namespace
 
-LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, generator& panel, QLabel& indicator,
-                                         QObject* parent)
+LfGeneratorCommands::LfGeneratorCommands(ScpiSession& session, generator& panel,
+                                         Indicator& indicator, QObject* parent)
     : QObject(parent), m_session(session), m_panel(panel), m_indicator(indicator),
       m_exchange(session)
 {
@@ -58,6 +58,9 @@ void LfGeneratorCommands::wire()
     connect(&m_panel.frequency(), &QLineEdit::editingFinished, this, &Self::editFreqGenerator);
     connect(&m_panel.amplitude(), &QLineEdit::editingFinished, this, &Self::editVoltGenerator);
     connect(&m_panel.duty(), &QLineEdit::editingFinished, this, &Self::editPercentGenerator);
+    const auto showWords = [this] { m_indicator.setWords(m_panel.lampWords()); };
+    connect(&m_panel, &generator::lampChanged, this, showWords);
+    showWords();
 }
 
 void LfGeneratorCommands::update_Generator()

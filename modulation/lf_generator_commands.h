@@ -5,7 +5,7 @@
 
 #include <QObject>
 
-class QLabel;
+class Indicator;
 class ScpiSession;
 class generator;
 
@@ -17,7 +17,7 @@ class LfGeneratorCommands : public QObject
     Q_OBJECT
 
 public:
-    LfGeneratorCommands(ScpiSession& session, generator& panel, QLabel& indicator,
+    LfGeneratorCommands(ScpiSession& session, generator& panel, Indicator& indicator,
                         QObject* parent = nullptr);
 
     /// Sends the panel's state to a freshly connected instrument; nothing while the generator is
@@ -57,7 +57,7 @@ private:
 
     ScpiSession& m_session;
     generator& m_panel;
-    QLabel& m_indicator;
+    Indicator& m_indicator;
     FieldExchange m_exchange;
     /// Counts the sequences, so that a sequence detects after a pause that there is a newer one.
     int m_run = 0;

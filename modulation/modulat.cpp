@@ -137,7 +137,10 @@ void Modulat::wireGroups()
             expandOnly(each->isExpanded() ? std::nullopt : std::optional(each->modulation()), true);
         });
         connect(each, &FoldBox::settled, this, &Modulat::allow_move);
+        connect(each, &ModulationGroup::lampChanged, this, &Modulat::lampsChanged);
+        connect(each->state(), &QAbstractButton::toggled, this, &Modulat::lampsChanged);
     }
+    connect(m_pulseGroup, &PulseGroup::lampChanged, this, &Modulat::lampsChanged);
     connect(m_pulseGroup, &FoldBox::headerClicked, this,
             [this] { fold(*m_pulseGroup, !m_pulseGroup->isExpanded(), true); });
     connect(m_pulseGroup, &FoldBox::settled, this, &Modulat::allow_move);
@@ -155,6 +158,12 @@ std::optional<Modulation> Modulat::checkedModulation() const
             return each->modulation();
     }
     return std::nullopt;
+}
+
+QString Modulat::lampWords() const
+{
+    const std::optional<Modulation> modulation = checkedModulation();
+    return modulation ? group(*modulation).lampWords() : QString();
 }
 
 void Modulat::fold(FoldBox& box, bool isExpanded, bool isAnimated)

@@ -23,6 +23,10 @@ public:
     /// The first of AM, FM and PM that is checked.
     std::optional<Modulation> checkedModulation() const;
 
+    /// What the lamps say of the modulation that is checked, and of the pulses.
+    QString lampWords() const;
+    QString pulseLampWords() const { return m_pulseGroup->lampWords(); }
+
     QPushButton* pulse() const { return m_pulseGroup->state(); }
     QPushButton* pulseSource() const { return m_pulseGroup->source(); }
     NumberEdit& pulsePeriod() const { return m_pulseGroup->period(); }
@@ -62,6 +66,8 @@ public slots:
 signals:
     /// The user wants to enter the number of this field on a keypad.
     void keypadRequested(NumberEdit* field);
+    /// The words of the lamps may be others now.
+    void lampsChanged();
 
 protected:
     void retranslate() override;

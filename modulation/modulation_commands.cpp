@@ -4,8 +4,8 @@
 #include "link/pause.h"
 #include "link/scpi_session.h"
 #include "modulation/settling.h"
+#include "ui/indicator.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -67,7 +67,9 @@ ModulationCommands::ModulationCommands(ScpiSession& session, Modulat& panel,
     connect(&m_pulse, &PulseCommands::switchedOn, this, &ModulationCommands::switchedOn);
     wireButtons();
     wireFields();
+    connect(&panel, &Modulat::lampsChanged, this, &ModulationCommands::showLampWords);
     showIndicators();
+    showLampWords();
 }
 
 void ModulationCommands::wireButtons()
@@ -140,6 +142,13 @@ void ModulationCommands::showIndicators()
     if (const std::optional<Modulation> modulation = checkedModulation())
         showIcon(m_indicators.amPmFm, m_panel.stateButton(*modulation));
     m_pulse.showIndicator();
+}
+
+/// The words are the buttons' and the fields', whether the lamp is lit or not.
+void ModulationCommands::showLampWords()
+{
+    m_indicators.amPmFm.setWords(m_panel.lampWords());
+    m_indicators.pulse.setWords(m_panel.pulseLampWords());
 }
 
 void ModulationCommands::update_Modulation()

@@ -8,7 +8,7 @@
 
 #include <array>
 
-class QLabel;
+class Indicator;
 class ScpiSession;
 
 /// Operates AM, FM and PM: sends the modulation panel's choices and values, and shows in the fields
@@ -22,8 +22,8 @@ class ModulationCommands : public QObject
 
 public:
     struct Indicators {
-        QLabel& amPmFm; ///< the icon of the one of AM, FM and PM that is on, else empty
-        QLabel& pulse;
+        Indicator& amPmFm; ///< the icon of the one of AM, FM and PM that is on, else empty
+        Indicator& pulse;
     };
 
     ModulationCommands(ScpiSession& session, Modulat& panel, const Indicators& indicators,
@@ -69,6 +69,7 @@ private:
     std::optional<Modulation> checkedModulation() const;
     bool isInternalOn(Modulation modulation) const;
     void showIndicators();
+    void showLampWords();
 
     void switchClicked(Modulation modulation);
     bool switch_ImageText_commandExtInt(Modulation modulation, int run);

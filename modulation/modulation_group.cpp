@@ -60,7 +60,6 @@ const Row rows[] = {
 constexpr char initialRate[] = "1 000";
 constexpr char initialDuty[] = "50";
 constexpr int shapeColumns = 3;
-constexpr int dutyButtonWidth = 48;
 } // namespace
 
 ModulationGroup::ModulationGroup(Modulation modulation, const FieldContext& context,
@@ -77,6 +76,8 @@ ModulationGroup::ModulationGroup(Modulation modulation, const FieldContext& cont
     shapeButton(WaveShape::Sine)->setChecked(true);
     for (const QLineEdit* field : {m_rate.field, m_level.field, m_duty.field})
         connect(field, &QLineEdit::textChanged, this, &ModulationGroup::refresh);
+    for (const NumberEdit* field : {m_rate.field, m_level.field})
+        connect(field, &NumberEdit::accepted, this, &ModulationGroup::lampChanged);
     for (const QPushButton* button : m_shapes)
         connect(button, &QAbstractButton::toggled, this, &ModulationGroup::refresh);
     connect(m_source, &QAbstractButton::toggled, this, &ModulationGroup::refresh);
@@ -138,16 +139,9 @@ QGridLayout* ModulationGroup::buildValues(const FieldContext& context)
     for (const ValueRow* row : {&m_rate, &m_level, &m_duty})
         joinUnitToCaption(*row);
 
-    // The button shows the duty itself; its caption is beside it.
+    // The button is captioned with the duty, and shows the label's word.
     m_dutyCaption->setObjectName(QLatin1String(m_row.labelNames[1]));
-    m_duty.caption->setFixedWidth(dutyButtonWidth);
-    m_duty.caption->setProperty("dutyCaption", true);
-    auto* captions = new QHBoxLayout;
-    captions->setSpacing(panelSpacing / 2);
-    grid->removeWidget(m_duty.caption);
-    captions->addWidget(m_dutyCaption, 1);
-    captions->addWidget(m_duty.caption);
-    grid->addLayout(captions, grid->rowCount() - 1, 0);
+    m_dutyCaption->hide();
     return grid;
 }
 
@@ -195,7 +189,6 @@ void ModulationGroup::refresh()
     const WaveShape shape = checkedShape();
     m_rate.setEnabled(shape != WaveShape::Random);
     m_duty.setEnabled(shape == WaveShape::Square);
-    m_dutyCaption->setEnabled(shape == WaveShape::Square);
     m_duty.caption->setText(withoutBlanks(m_duty.field->text()));
 
     const double level = m_level.field->value();
@@ -209,8 +202,22 @@ void ModulationGroup::refresh()
     QStringList summary;
     if (rateHz > 0.0 && !isExternal())
         summary << readableQuantity(rateHz, Unit::Hertz);
-    summary << readableQuantity(level, m_row.levelUnit);
+    // What nobody has set yet is no setting to be read at a glance.
+    if (m_level.field->text() != QLatin1String(m_row.levelText))
+        summary << readableQuantity(level, m_row.levelUnit);
     m_summary->setText(summaryText(summary));
+    emit lampChanged();
+}
+
+QString ModulationGroup::lampWords() const
+{
+    QStringList words = {caption(),
+                         readableQuantity(m_level.field->acceptedValue(), m_row.levelUnit)};
+    if (isExternal())
+        words << externalWord();
+    else if (checkedShape() != WaveShape::Random)
+        words << readableQuantity(m_rate.field->acceptedValue(), Unit::Hertz);
+    return words.join(QLatin1Char(' '));
 }
 
 void ModulationGroup::retranslate()
@@ -228,6 +235,7 @@ void ModulationGroup::retranslate()
     m_summary->setToolTip(tr("Settings of the modulation"));
 
     m_dutyCaption->setText(tr("DUTY"));
+    m_duty.caption->setWord(m_dutyCaption->text());
     retranslateValueRow(m_rate, tr("Frequency"), unitSymbol(Unit::Hertz));
     retranslateValueRow(m_level, tr(m_row.levelCaption), unitSymbol(m_row.levelUnit));
     retranslateValueRow(m_duty, QString(), unitSymbol(Unit::Percent));

@@ -53,7 +53,14 @@ public:
     /// Makes a shape the one that is checked. False when the button is none of this group's.
     bool chooseShape(const QPushButton* button);
 
+    /// The modulation as the instrument has it, in few words.
+    QString lampWords() const;
+
     void retranslate();
+
+signals:
+    /// The words of the lamp may be others now.
+    void lampChanged();
 
 private:
     void build(const FieldContext& context);

@@ -33,7 +33,7 @@ void ValueRow::setEnabled(bool isEnabled) const
 ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* field)
 {
     QWidget* parent = field->parentWidget();
-    ValueRow row{new QPushButton(parent), field, new QPushButton(parent)};
+    ValueRow row{new CaptionKey(parent), field, new QPushButton(parent)};
     row.caption->setObjectName(names.caption);
     row.caption->setProperty("valueCaption", true);
     row.caption->setFixedWidth(captionWidth);
@@ -94,6 +94,11 @@ void showIcon(QLabel& indicator, const QPushButton* button)
         indicator.clear();
 }
 
+QString externalWord()
+{
+    return translated(QT_TRANSLATE_NOOP("ValueRow", "EXT"));
+}
+
 QString summaryText(const QStringList& values)
 {
     return values.join(QStringLiteral("  ·  "));
@@ -105,7 +110,7 @@ void retranslateValueRow(const ValueRow& row, const QString& caption, const QStr
     if (!caption.isEmpty())
         row.caption->setText(caption);
     row.unit->setText(unit);
-    for (QPushButton* key : {row.caption, row.unit})
+    for (QPushButton* key : std::initializer_list<QPushButton*>{row.caption, row.unit})
         row.field->describeKeypadKey(*key);
 }
 

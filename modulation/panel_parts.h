@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fields/number_edit.h"
+#include "modulation/caption_key.h"
 #include "modulation/waveform.h"
 #include "ui/describe.h"
 
@@ -19,7 +20,7 @@ constexpr int sectionMargin = 12;
 
 /// One setting: a caption button that opens the keypad, the field, and its unit.
 struct ValueRow {
-    QPushButton* caption = nullptr;
+    CaptionKey* caption = nullptr;
     NumberEdit* field = nullptr;
     QPushButton* unit = nullptr;
 
@@ -49,6 +50,9 @@ QPushButton* newSourceSwitch(const QString& objectName, QWidget* parent);
 
 /// Shows a checked button's icon on an indicator, which is otherwise empty.
 void showIcon(QLabel& indicator, const QPushButton* button);
+
+/// What a lamp says of an external source.
+QString externalWord();
 
 /// The settings of a group in one short line.
 QString summaryText(const QStringList& values);

@@ -7,8 +7,8 @@
 #include "modulation/settling.h"
 #include "numbers/field_kind.h"
 #include "numbers/number_text.h"
+#include "ui/indicator.h"
 
-#include <QLabel>
 #include <QPushButton>
 
 namespace
@@ -31,7 +31,7 @@ void acceptUs(NumberEdit& field, double us)
 }
 } // namespace
 
-PulseCommands::PulseCommands(ScpiSession& session, Modulat& panel, QLabel& indicator)
+PulseCommands::PulseCommands(ScpiSession& session, Modulat& panel, Indicator& indicator)
     : m_session(session), m_panel(panel), m_indicator(indicator)
 {
     using Self = PulseCommands;

@@ -2,9 +2,9 @@
 
 #include <QObject>
 
+class Indicator;
 class Modulat;
 class NumberEdit;
-class QLabel;
 class ScpiSession;
 
 /// Operates the pulse modulation: sends its state, source, period and width, and shows in the
@@ -15,7 +15,7 @@ class PulseCommands : public QObject
     Q_OBJECT
 
 public:
-    PulseCommands(ScpiSession& session, Modulat& panel, QLabel& indicator);
+    PulseCommands(ScpiSession& session, Modulat& panel, Indicator& indicator);
 
     /// Sends state and source and, for the internal source, period and width after a pause.
     void send();
@@ -51,7 +51,7 @@ private:
 
     ScpiSession& m_session;
     Modulat& m_panel;
-    QLabel& m_indicator;
+    Indicator& m_indicator;
     /// Counts the sequences, so that a sequence detects after a pause that there is a newer one.
     int m_run = 0;
 };

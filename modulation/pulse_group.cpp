@@ -32,8 +32,10 @@ PulseGroup::PulseGroup(const FieldContext& context, QWidget* selection, QWidget*
 {
     m_state->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
     build(context);
-    for (const QLineEdit* field : {m_period.field, m_width.field})
+    for (const NumberEdit* field : {m_period.field, m_width.field}) {
         connect(field, &QLineEdit::textChanged, this, &PulseGroup::refresh);
+        connect(field, &NumberEdit::accepted, this, &PulseGroup::lampChanged);
+    }
     connect(m_source, &QAbstractButton::toggled, this, [this](bool isChecked) {
         setSettingsEnabled(!isChecked);
         refresh();
@@ -75,8 +77,20 @@ void PulseGroup::setSettingsEnabled(bool isEnabled)
     m_width.setEnabled(isEnabled);
 }
 
+QString PulseGroup::lampWords() const
+{
+    QStringList words = {m_state->text()};
+    if (isExternal())
+        words << externalWord();
+    else
+        words << readableQuantity(period().acceptedValue() * secondsPerMicrosecond, Unit::Second)
+              << readableQuantity(width().acceptedValue() * secondsPerMicrosecond, Unit::Second);
+    return words.join(QLatin1Char(' '));
+}
+
 void PulseGroup::refresh()
 {
+    emit lampChanged();
     const double periodUs = period().value();
     const double widthUs = width().value();
     if (isExternal()) {

@@ -29,7 +29,13 @@ public:
 
     /// An external source makes period and width meaningless.
     void setSettingsEnabled(bool isEnabled);
+    /// The pulses as the instrument has them, in few words.
+    QString lampWords() const;
     void retranslate();
+
+signals:
+    /// The words of the lamp may be others now.
+    void lampChanged();
 
 private:
     void build(const FieldContext& context);

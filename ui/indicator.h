@@ -11,6 +11,21 @@ class Indicator : public QLabel
 public:
     explicit Indicator(QWidget* parent = nullptr) : QLabel(parent) {}
 
+    /// What is said beside the icon, and only while there is one. Ends in an ellipsis where there
+    /// is no room.
+    void setWords(const QString& words);
+    /// Empty while there is no icon.
+    QString words() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    bool isDark() const;
+
+    QString m_words;
 };

@@ -408,7 +408,7 @@ private slots:
         m_rig->modulation.restore();
         m_rig->click("triangle_select");
         QVERIFY(!m_rig->get("FM")->isChecked() && !m_rig->get("Pulse")->isChecked());
-        for (const QLabel* lamp : {&m_rig->amPmFm, &m_rig->pulse})
+        for (const Indicator* lamp : {&m_rig->amPmFm, &m_rig->pulse})
             QVERIFY(lamp->pixmap(Qt::ReturnByValue).isNull());
         QCOMPARE(m_rig->demo.takeTranscript(), QStringList());
     }

@@ -10,6 +10,8 @@ class ModulationPanelsTest : public QObject
     Q_OBJECT
 
 private slots:
+    // The lamps are lit by their icons.
+    void initTestCase() { loadUiResources(); }
     void init()
     {
         m_rig = std::make_unique<ModulationRig>();
@@ -60,7 +62,64 @@ private slots:
         m_rig->enter(fields.section(' ', 2, 2), "35");
         QEvent languageChange(QEvent::LanguageChange);
         QCoreApplication::sendEvent(&m_rig->panel, &languageChange);
-        QCOMPARE(m_rig->get(fields.section(' ', 3))->text(), QString("35"));
+        QPushButton* button = m_rig->get(fields.section(' ', 3));
+        QCOMPARE(button->text(), QString("35"));
+        // In sight is the field's number alone, beside a word.
+        m_rig->panel.expand(modulationOf(names), false);
+        const QImage before = button->grab().toImage();
+        m_rig->enter(fields.section(' ', 2, 2), "36");
+        QCOMPARE(button->grab().toImage(), before);
+    }
+
+    void lamps_data()
+    {
+        // Clicks, and fields that are set; the words of the lamps of AM, FM and PM, the pulses and
+        // the LF generator.
+        testColumns<QString, QString>("actions", "words");
+        const auto row = [](const char* actions, const char* words) {
+            testRow(actions, actions, words);
+        };
+        row("AM AM", "||");
+        row("AM", "AM 1 % 1 kHz||");
+        row("AM line_Ampl_2=30 line_Ampl_1=2500", "AM 30 % 2.5 kHz||");
+        row("AM Random_Ampl", "AM 1 %||");
+        row("line_FREQ_2=10000 FM", "FM 10 kHz 1 kHz||");
+        row("FM", "FM 1.5625 mHz 1 kHz||");
+        row("line_Phase_2=0.5 AM PM IntExt_PM", "PM 500 mrad EXT||");
+        row("Pulse line_width=20 AM", "AM 1 % 1 kHz|PulM 1 ms 20 µs|");
+        row("Pulse IntExt_PULM", "|PulM EXT|");
+        row("sine_select VOLTAGE=0.25", "||LF 250 mV 10 kHz");
+        row("AM random_select", "||LF 1 V");
+        row("dc_select", "||LF DC 1 V");
+    }
+    void lamps()
+    {
+        QFETCH(QString, actions);
+        for (const QString& action : actions.split(' ')) {
+            if (action.contains('='))
+                m_rig->enter(action.section('=', 0, 0), action.section('=', 1));
+            else
+                m_rig->click(action);
+        }
+        // What is being typed is not at the output yet.
+        for (const char* field : {"line_Ampl_2", "line_FREQ_1", "line_Phase_2", "VOLTAGE"})
+            m_rig->get<QLineEdit>(field)->setText("7");
+        const QStringList words = {m_rig->amPmFm.words(), m_rig->pulse.words(),
+                                   m_rig->gener.words()};
+        QTEST(words.join('|'), "words");
+    }
+
+    /// A number that nobody has set yet does not catch the eye while its group is folded.
+    void headingsLeaveOutWhatIsNotSet()
+    {
+        QStringList seen;
+        for (const char* entered : {"", "10000", "0.0015625"}) {
+            if (*entered != '\0')
+                m_rig->enter("line_FREQ_2", entered);
+            seen << m_rig->get<QLabel>("label_7")->text();
+        }
+        QCOMPARE(seen, QStringList({"1 kHz", "1 kHz  \u00b7  10 kHz", "1 kHz"}));
+        QCOMPARE(m_rig->text("line_FREQ_2"), QString("0.0015625"));
     }
 
     /// What is switched on is expanded; the headers fold without switching.
@@ -155,6 +214,12 @@ private slots:
     }
 
 private:
+    static Modulation modulationOf(const QString& names)
+    {
+        return names.contains("_Ampl")   ? Modulation::Am
+               : names.contains("_FREQ") ? Modulation::Fm
+                                         : Modulation::Pm;
+    }
     QString checked(const QString& names)
     {
         QStringList checked;

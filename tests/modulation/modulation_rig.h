@@ -5,9 +5,9 @@
 #include "modulation/modulat.h"
 #include "modulation/modulation_commands.h"
 #include "tests/support/wire_rig.h"
+#include "ui/indicator.h"
 #include "ui/resources.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QtTest>
 
@@ -50,7 +50,7 @@ public:
             const QPushButton* button = isLf ? nullptr : get(name == "PULM" ? "Pulse" : name);
             if (isLf ? lfPanel.isOn() : button->isChecked())
                 buttons << name;
-            const QLabel& lamp = isLf ? gener : name == "PULM" ? pulse : amPmFm;
+            const Indicator& lamp = isLf ? gener : name == "PULM" ? pulse : amPmFm;
             const QImage lit = lamp.pixmap(Qt::ReturnByValue).toImage();
             // AM, FM and PM share one.
             const bool isShared = &lamp == &amPmFm;
@@ -69,9 +69,9 @@ public:
 
     Modulat panel{fields.context, &host};
     generator lfPanel{fields.context, &host};
-    QLabel amPmFm;
-    QLabel pulse;
-    QLabel gener;
+    Indicator amPmFm;
+    Indicator pulse;
+    Indicator gener;
     ModulationCommands modulation{session, panel, {amPmFm, pulse}};
     LfGeneratorCommands lf{session, lfPanel, gener};
     /// How often sweep or list had to be stopped.

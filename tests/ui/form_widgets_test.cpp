@@ -1,6 +1,8 @@
 #include "ui/anim_label.h"
 #include "ui/eliding_label.h"
 #include "ui/error_box.h"
+#include "ui/indicator.h"
+#include "ui/question.h"
 #include "ui/state_button.h"
 #include "ui/theme.h"
 #include "ui/two_part_button.h"
@@ -62,6 +64,60 @@ private slots:
         const QImage usable = button.grab().toImage();
         button.setEnabled(false);
         QVERIFY(button.grab().toImage() != usable);
+    }
+
+    void aLampSaysItsSettingBesideItsIcon()
+    {
+        Indicator lamp;
+        lamp.setToolTip("tool-tip");
+        lamp.resize(200, 24);
+        lamp.show();
+        const QImage dark = lamp.grab().toImage();
+        lamp.setWords("AM 30 % 1 kHz");
+        QCOMPARE(lamp.grab().toImage(), dark);
+        QCOMPARE(lamp.words(), QString());
+        QCOMPARE(lamp.sizeHint().width(), 0);
+        lamp.setPixmap(QPixmap(":/images/am.png"));
+        QCOMPARE(lamp.words(), QString("AM 30 % 1 kHz"));
+        const QImage lit = lamp.grab().toImage();
+        lamp.setWords("AM 31 % 1 kHz");
+        QVERIFY(lamp.grab().toImage() != lit);
+        const int shortWidth = lamp.sizeHint().width();
+        lamp.setWords("AM 30 % 1 kHz and more");
+        QVERIFY(lamp.sizeHint().width() > shortWidth);
+        // The icon stays where there is no room for words; they are in the tool-tip.
+        QVERIFY(lamp.minimumSizeHint().width() < shortWidth);
+        QHelpEvent hover(QEvent::ToolTip, QPoint(5, 5), lamp.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&lamp, &hover);
+        QCOMPARE(QToolTip::text(), QString("tool-tip\nAM 30 % 1 kHz and more"));
+        lamp.clear();
+        QCOMPARE(lamp.grab().toImage(), dark);
+    }
+
+    void aQuestionGoesOnOnlyByItsButton()
+    {
+        const struct {
+            const char* button;
+            Qt::Key key;
+            bool isConfirmed;
+        } ways[] = {{"yes", Qt::Key_Space, true},
+                    {"cancel", Qt::Key_Space, false},
+                    {nullptr, Qt::Key_Return, false},
+                    {nullptr, Qt::Key_Escape, false}};
+        QWidget window;
+        window.show();
+        for (const auto& way : ways) {
+            bool isConfirmed = false;
+            const QPointer<Question> question = askBefore(&window, "title", "a < b?", "Go on",
+                                                          [&isConfirmed] { isConfirmed = true; });
+            QVERIFY(QTest::qWaitForWindowExposed(question));
+            QVERIFY(question->isModal());
+            QWidget* const at = way.button ? question->findChild<QPushButton*>(way.button)
+                                           : question->focusWidget();
+            QTest::keyClick(at, way.key);
+            QTRY_VERIFY(question.isNull());
+            QCOMPARE(isConfirmed, way.isConfirmed);
+        }
     }
 
     void anErrorIsShownUntilPutAway()

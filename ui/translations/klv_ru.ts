@@ -2772,6 +2772,10 @@ Keys: +, −, Left, Right, Home</source>
         <source>Checked: external source</source>
         <translation>Нажата: внешний источник</translation>
     </message>
+    <message>
+        <source>EXT</source>
+        <translation>ВНЕШ</translation>
+    </message>
 </context>
 <context>
     <name>WaveformPicture</name>
@@ -2950,6 +2954,10 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>DUTY</source>
         <translation>Заполн.</translation>
+    </message>
+    <message>
+        <source>LF</source>
+        <translation>НЧ</translation>
     </message>
 </context>
 <context>
