@@ -25,17 +25,17 @@ struct NamedColour {
 
 // The display looks the same in both themes; what lies on it keeps its colours.
 constexpr NamedColour colours[] = {
-    {"body", "#eef1f4", "#1b2127"},        {"surface", "#ffffff", "#252d35"},
-    {"press", "#dde4ea", "#34404b"},       {"line", "#b4bfc9", "#4a5762"},
-    {"text", "#1a222a", "#e8edf2"},        {"muted", "#55626e", "#a3b0bc"},
-    {"accent", "#307cb7", "#307cb7"},      {"accentText", "#1d5c8f", "#a9d3f2"},
-    {"tint", "#d8e8f5", "#173049"},        {"fill", "#2a6fa6", "#2a6fa6"},
-    {"onFill", "#ffffff", "#ffffff"},      {"display", "#10171d", "#0c1116"},
-    {"figures", "#eef6fc", "#eef6fc"},     {"displayMuted", "#93a6b6", "#93a6b6"},
-    {"displayLine", "#33424e", "#33424e"}, {"displayUnlit", "#7a8b99", "#7a8b99"},
-    {"on", "#ffb52e", "#ffb52e"},          {"onText", "#1d1400", "#1d1400"},
-    {"paper", "#ffffff", "#ffffff"},       {"warning", "#8a4b00", "#ffb86b"},
-    {"error", "#ff7a6b", "#ff7a6b"},
+    {"body", "#eef1f4", "#1b2127"},         {"surface", "#ffffff", "#252d35"},
+    {"press", "#dde4ea", "#161b21"},        {"line", "#b4bfc9", "#4a5762"},
+    {"text", "#1a222a", "#e8edf2"},         {"muted", "#55626e", "#a3b0bc"},
+    {"accent", "#307cb7", "#307cb7"},       {"accentText", "#1d5c8f", "#a9d3f2"},
+    {"tint", "#d8e8f5", "#173049"},         {"fill", "#2a6fa6", "#2a6fa6"},
+    {"onFill", "#ffffff", "#ffffff"},       {"display", "#10171d", "#0c1116"},
+    {"figures", "#eef6fc", "#eef6fc"},      {"displayMuted", "#93a6b6", "#93a6b6"},
+    {"displayLine", "#33424e", "#33424e"},  {"displayKey", "#1c2830", "#182129"},
+    {"displayUnlit", "#7a8b99", "#7a8b99"}, {"on", "#ffb52e", "#ffb52e"},
+    {"onText", "#1d1400", "#1d1400"},       {"paper", "#ffffff", "#ffffff"},
+    {"warning", "#8a4b00", "#ffb86b"},      {"error", "#ff7a6b", "#ff7a6b"},
 };
 
 /// Updates a widget's style when a property that the style sheet selects by has changed.

@@ -64,7 +64,7 @@ QuantityPlot::QuantityPlot(QuantityScale* times, QuantityScale* values, QWidget*
     setAutoReplot(false);
     auto* area = static_cast<QwtPlotCanvas*>(canvas());
     area->setFrameStyle(QFrame::NoFrame);
-    // At a scale of the screen that is no whole number its buffer may end a pixel early.
+    // At a scale of the screen that is no whole number it may end a pixel early.
     area->setPaintAttribute(QwtPlotCanvas::Opaque, false);
     area->setAttribute(Qt::WA_OpaquePaintEvent, false);
     area->setFocusPolicy(Qt::NoFocus);
@@ -95,6 +95,16 @@ void QuantityPlot::setColours(const QColor& base, const QColor& scale)
         colours.setColor(QPalette::Text, scale);
         axisWidget(axis)->setPalette(colours);
     }
+}
+
+/// At a scale of the screen that is no whole number, the canvas' buffer leaves a line of pixels at
+/// its edge as it found them: there it paints without one.
+void QuantityPlot::resizeEvent(QResizeEvent* event)
+{
+    const qreal scale = devicePixelRatioF();
+    static_cast<QwtPlotCanvas*>(canvas())->setPaintAttribute(QwtPlotCanvas::BackingStore,
+                                                             scale == std::floor(scale));
+    QwtPlot::resizeEvent(event);
 }
 
 void QuantityPlot::changeEvent(QEvent* event)

@@ -37,6 +37,7 @@ public:
 
 protected:
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void setColours(const QColor& base, const QColor& scale);
     QwtPlotGrid& grid() const { return *m_grid; }
 

@@ -1,5 +1,7 @@
+#include "ui/resources.h"
 #include "ui/theme.h"
 
+#include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QRegularExpression>
@@ -25,6 +27,22 @@ double contrast(const QColor& one, const QColor& other)
     const double b = luminance(other) + 0.05;
     return std::max(a, b) / std::min(a, b);
 }
+
+/// The colour that an icon is drawn in, at its most solid spot; its edges are let through.
+QColor toneOf(const QImage& image)
+{
+    QColor tone(Qt::transparent);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor pixel = image.pixelColor(x, y);
+            if (pixel.alpha() > tone.alpha())
+                tone = pixel;
+        }
+    }
+    return tone;
+}
+
+constexpr ThemeName themes[] = {ThemeName::Light, ThemeName::Dark};
 } // namespace
 
 class ThemeTest : public QObject
@@ -32,26 +50,81 @@ class ThemeTest : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { loadUiResources(); }
+
     void contrastIsReadable()
     {
-        const QStringList pairs = {
-            "text/body",        "text/surface",  "text/press",      "text/tint",
-            "muted/body",       "muted/surface", "accentText/tint", "accentText/body",
-            "accentText/press", "onFill/fill",   "figures/display", "displayMuted/display",
-            "onText/on",        "on/display",    "display/error",   "warning/body",
+        const QStringList words = {
+            "text/body",
+            "text/surface",
+            "text/press",
+            "text/tint",
+            "muted/body",
+            "muted/surface",
+            "accentText/tint",
+            "accentText/body",
+            "accentText/surface",
+            "accentText/press",
+            "onFill/fill",
+            "figures/display",
+            "figures/displayKey",
+            "displayMuted/display",
+            "displayMuted/displayKey",
+            "displayUnlit/display",
+            "onText/on",
+            "on/display",
+            "display/error",
+            "error/display",
+            "warning/body",
+            "warning/surface",
         };
-        for (const ThemeName theme : {ThemeName::Light, ThemeName::Dark}) {
-            for (const QString& pair : pairs) {
+        // The mark of the focus, by which a control is found.
+        const QStringList rings = {"accent/body", "accent/surface", "accent/tint",
+                                   "accent/display"};
+        for (const ThemeName theme : themes) {
+            for (const QString& pair : words + rings) {
                 const double ratio = contrast(themeColour(theme, pair.section('/', 0, 0)),
                                               themeColour(theme, pair.section('/', 1)));
-                QVERIFY2(ratio >= 4.5, qPrintable(pair));
+                QVERIFY2(ratio >= (rings.contains(pair) ? 3.0 : 4.5), qPrintable(pair));
             }
         }
     }
 
+    void linksAreReadable()
+    {
+        for (const ThemeName theme : themes) {
+            applyTheme(*qApp, theme, false);
+            QLabel label("<a href=\"x\">link</a>");
+            const QColor link = label.palette().color(QPalette::Link);
+            for (const char* ground : {"body", "surface"})
+                QVERIFY2(contrast(link, themeColour(theme, ground)) >= 4.5, ground);
+        }
+    }
+
+    void iconsAreSeen()
+    {
+        // They bring their own ground.
+        const QStringList whole = {"logotip", "header", "Int", "Int_ru", "Ext", "Ext_ru"};
+        int seen = 0;
+        for (const QString& file : QDir(":/images").entryList({"*.png"})) {
+            const QString name = file.section('.', 0, 0).section('@', 0, 0);
+            if (whole.contains(name))
+                continue;
+            const QColor tone = toneOf(QImage(":/images/" + file));
+            for (const ThemeName theme : themes) {
+                for (const char* ground : {"body", "surface", "press", "tint"}) {
+                    QVERIFY2(contrast(tone, themeColour(theme, ground)) >= 3.0,
+                             qPrintable(QString("%1 on %2").arg(file, ground)));
+                }
+            }
+            ++seen;
+        }
+        QVERIFY(seen > 0);
+    }
+
     void sheetIsResolved()
     {
-        for (const ThemeName theme : {ThemeName::Light, ThemeName::Dark}) {
+        for (const ThemeName theme : themes) {
             for (const bool isRussian : {false, true}) {
                 const QString sheet = styleSheet(theme, isRussian);
                 QVERIFY(!sheet.contains(QLatin1Char('@')));
