@@ -39,7 +39,7 @@ SharedVariable::Type typeOf(StepKind kind)
 SharedVariable stepVariable(StepTable& steps, StepKind kind)
 {
     return {stepKey(kind), typeOf(kind), [kind, &steps] { return steps.step(kind); },
-            [kind, &steps](const QVariant& step) { steps.setStep(kind, step.toDouble()); }};
+            [kind, &steps](const QVariant& step) { steps.setStep(kind, step.toDouble()); }, false};
 }
 
 SharedVariable numberVariable(const QString& name, QString& text)
@@ -64,6 +64,8 @@ PanelProfiles::PanelProfiles(const Panels& panels, const Instrument& instrument,
     connect(&m_instrument.powerGuard, &PowerGuard::answered, this, [this](bool isRaised) {
         if (!isRaised)
             m_files->leaveOut();
+        // What was asked about is accepted without a further edit.
+        m_files->recalled().look();
     });
     connect(&m_instrument.connection, &Connection::busyChanged, this,
             [this](bool isBusy) { m_isConnecting = isBusy; });

@@ -29,7 +29,8 @@ QString proposedName()
 openSave_XML_FILE::openSave_XML_FILE(const QString& documentName, const QString& folder,
                                      const Owner& owner, Notices& notices, QWidget* window)
     : QObject(window), m_store(documentName), m_folder(folder), m_owner(owner), m_notices(notices),
-      m_window(window), m_replay(m_store, owner.pause)
+      m_window(window), m_replay(m_store, owner.pause), m_numbers(folder),
+      m_recalled(m_store, owner.fieldText)
 {
 }
 
@@ -97,10 +98,11 @@ bool openSave_XML_FILE::open(const QString& path)
     m_owner.setBusy(true);
     const bool isComplete = replay(file, true);
     m_owner.setBusy(false);
-    m_notices.say([isComplete, name] {
-        return (isComplete ? tr("Profile applied: %1") : tr("Profile only partly applied: %1"))
-            .arg(name);
-    });
+    m_recalled.take(path, isComplete);
+    if (isComplete)
+        m_notices.sayDone([name] { return tr("Profile applied: %1").arg(name); });
+    else
+        m_notices.say([name] { return tr("Profile only partly applied: %1").arg(name); });
     return isComplete;
 }
 
@@ -151,9 +153,11 @@ void openSave_XML_FILE::applyAtStart(const QString& path)
 {
     const bool isLast = path.isEmpty();
     const ProfileFile file = readProfile(isLast ? lastProfilePath(m_folder) : path, m_store);
-    if (file.fault == ProfileFault::None)
-        replay(file, false);
-    else if (!isLast)
+    if (file.fault == ProfileFault::None) {
+        const bool isComplete = replay(file, false);
+        if (!isLast)
+            m_recalled.take(path, isComplete);
+    } else if (!isLast)
         sayFault(file.fault, path);
     else if (file.fault != ProfileFault::Missing)
         m_notices.say(
@@ -172,7 +176,7 @@ void openSave_XML_FILE::stop()
 
 void openSave_XML_FILE::getQuickProfiles()
 {
-    const QStringList paths = quickProfilePaths(m_folder);
+    const QStringList paths = m_numbers.inOrder(quickProfilePaths(m_folder));
     for (const QString& path : paths)
         emit sendQuickProfile(path);
 }
@@ -196,7 +200,7 @@ void openSave_XML_FILE::saveAs(const QString& path)
     const QFileInfo file(path);
     if (isNameRefused(file.fileName()) || !save(path, file.completeBaseName()))
         return;
-    m_notices.say([name = file.fileName()] { return tr("Profile saved: %1").arg(name); });
+    m_notices.sayDone([name = file.fileName()] { return tr("Profile saved: %1").arg(name); });
 }
 
 /// Reports the reason if a file cannot have this name.
@@ -219,9 +223,11 @@ bool openSave_XML_FILE::saveQuickProfile(const QString& name)
         return false;
     }
     QDir().mkpath(m_folder);
-    if (!save(quickProfilePath(m_folder, plain), plain))
+    const QString path = quickProfilePath(m_folder, plain);
+    if (!save(path, plain))
         return false;
-    m_notices.say([plain] { return tr("Profile saved: %1").arg(plain); });
+    m_recalled.take(path, true);
+    m_notices.sayDone([plain] { return tr("Profile saved: %1").arg(plain); });
     return true;
 }
 
@@ -251,18 +257,28 @@ bool openSave_XML_FILE::renameQuickProfile(const QString& path, const QString& n
             [name = nameOf(path)] { return tr("The profile could not be renamed: %1").arg(name); });
         return false;
     }
+    if (isMoved)
+        noteMoved(path, newPath);
     if (write(newPath, document))
         return true;
-    if (isMoved)
-        QFile::rename(newPath, path);
+    if (isMoved && QFile::rename(newPath, path))
+        noteMoved(newPath, path);
     return false;
+}
+
+void openSave_XML_FILE::noteMoved(const QString& path, const QString& newPath)
+{
+    m_numbers.moved(path, newPath);
+    m_recalled.moved(path, newPath);
 }
 
 void openSave_XML_FILE::deleteProfile()
 {
     const QString name = nameOf(m_chosen);
-    if (!QFile::remove(m_chosen))
+    if (!QFile::remove(m_chosen)) {
         m_notices.say([name] { return tr("The profile could not be deleted: %1").arg(name); });
-    else
-        m_notices.say([name] { return tr("Profile deleted: %1").arg(name); });
+        return;
+    }
+    m_recalled.forget(m_chosen);
+    m_notices.sayDone([name] { return tr("Profile deleted: %1").arg(name); });
 }

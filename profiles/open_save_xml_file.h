@@ -4,6 +4,8 @@
 #include "profiles/profile_replay.h"
 #include "profiles/profile_store.h"
 #include "profiles/profile_writer.h"
+#include "profiles/quick_numbers.h"
+#include "profiles/recalled_profile.h"
 
 #include <QObject>
 
@@ -45,6 +47,12 @@ public:
     /// The name stored in a quick profile's file.
     QString nameOf(const QString& path) const;
     bool hasQuickProfile(const QString& name) const;
+    /// The profile applied or saved last, and whether the panels still are as it says.
+    RecalledProfile& recalled() { return m_recalled; }
+    /// The number that a reported quick profile keeps; counts from 1.
+    int numberOf(const QString& path) const { return m_numbers.numberOf(path); }
+    /// Gives a quick profile a number, and the one that has it the number that gets free.
+    void exchangeNumber(const QString& path, int number) { m_numbers.exchange(path, number); }
 
     /// Writes the current state of everything. False, with error(), if no file was written.
     bool save(const QString& path, const QString& name);
@@ -73,7 +81,7 @@ signals:
     void sendQuickProfile(const QString& path);
 
 public slots:
-    /// Reports every quick profile, in the order of their names.
+    /// Reports every quick profile, in the order of their numbers.
     void getQuickProfiles();
     /// Asks for a file and applies it.
     void openProfile();
@@ -92,6 +100,7 @@ private:
     bool isNameRefused(const QString& name);
     void saveAs(const QString& path);
     bool replay(const ProfileFile& file, bool isWaiting);
+    void noteMoved(const QString& path, const QString& newPath);
     void sayFault(ProfileFault fault, const QString& path);
     static QString faultText(ProfileFault fault, const QString& name);
 
@@ -102,4 +111,6 @@ private:
     QWidget* m_window;
     ProfileReplay m_replay;
     QString m_chosen;
+    QuickNumbers m_numbers;
+    RecalledProfile m_recalled;
 };

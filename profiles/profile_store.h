@@ -20,6 +20,8 @@ struct SharedVariable {
     Type type;
     std::function<QVariant()> value;
     std::function<void(const QVariant&)> setValue;
+    /// Otherwise a habit of the hand, such as a step size.
+    bool isSetting = true;
 };
 
 /// What a profile consists of: which panels with which of their controls, which variables, and

@@ -29,22 +29,38 @@ QString xmlText(const QString& text)
     return kept;
 }
 
-QString textOf(const QAbstractButton& button, const FieldText& /*fieldText*/)
+void append(QDomDocument& document, QDomElement& parent, const QString& name, const QString& text)
+{
+    QDomElement element = document.createElement(name);
+    element.appendChild(document.createTextNode(xmlText(text)));
+    parent.appendChild(element);
+}
+
+template <typename Control>
+void appendControls(QDomDocument& document, QDomElement& element, const ProfileStore& store,
+                    const QWidget& panel, const FieldText& fieldText)
+{
+    for (const Control* control : store.controls<Control>(panel))
+        append(document, element, control->objectName(), entryText(*control, fieldText));
+}
+} // namespace
+
+QString entryText(const QAbstractButton& button, const FieldText& /*fieldText*/)
 {
     return button.isChecked() ? QStringLiteral("ON") : QStringLiteral("OFF");
 }
 
-QString textOf(const QLineEdit& field, const FieldText& fieldText)
+QString entryText(const QLineEdit& field, const FieldText& fieldText)
 {
     return fieldText(field) + QStringLiteral(" 0");
 }
 
-QString textOf(const QComboBox& box, const FieldText& /*fieldText*/)
+QString entryText(const QComboBox& box, const FieldText& /*fieldText*/)
 {
     return box.currentText() + QStringLiteral(" 1");
 }
 
-QString textOf(const SharedVariable& variable)
+QString entryText(const SharedVariable& variable)
 {
     const QVariant value = variable.value();
     switch (variable.type) {
@@ -59,22 +75,6 @@ QString textOf(const SharedVariable& variable)
     }
     return value.toString() + QStringLiteral(" 0");
 }
-
-void append(QDomDocument& document, QDomElement& parent, const QString& name, const QString& text)
-{
-    QDomElement element = document.createElement(name);
-    element.appendChild(document.createTextNode(xmlText(text)));
-    parent.appendChild(element);
-}
-
-template <typename Control>
-void appendControls(QDomDocument& document, QDomElement& element, const ProfileStore& store,
-                    const QWidget& panel, const FieldText& fieldText)
-{
-    for (const Control* control : store.controls<Control>(panel))
-        append(document, element, control->objectName(), textOf(*control, fieldText));
-}
-} // namespace
 
 QByteArray profileDocument(const ProfileStore& store, const QString& profileName,
                            const FieldText& fieldText)
@@ -92,7 +92,7 @@ QByteArray profileDocument(const ProfileStore& store, const QString& profileName
     }
     QDomElement variables = document.createElement(ProfileStore::variablesElement());
     for (const SharedVariable& variable : store.variables())
-        append(document, variables, variable.name, textOf(variable));
+        append(document, variables, variable.name, entryText(variable));
     root.appendChild(variables);
     return document.toString(indentation).toUtf8();
 }

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -99,8 +100,10 @@ void openSaveProfile::wire()
     // It has made the folder by now.
     connect(m_saveFile, &QAbstractButton::clicked, this, &openSaveProfile::watchFolder);
     connect(&m_profiles, &openSave_XML_FILE::sendQuickProfile, this, [this](const QString& path) {
-        m_found << QuickProfile{path, m_profiles.nameOf(path)};
+        m_found << QuickProfile{path, m_profiles.nameOf(path), m_profiles.numberOf(path)};
     });
+    connect(&m_profiles.recalled(), &RecalledProfile::changed, this,
+            &openSaveProfile::showRecalled);
     connect(m_scroll->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &openSaveProfile::addRowsAhead);
     connect(m_scroll->verticalScrollBar(), &QScrollBar::rangeChanged, this,
@@ -155,6 +158,7 @@ void openSaveProfile::addRows(int count)
     const int end = std::min(m_rows.size() + count, m_shown.size());
     for (int i = m_rows.size(); i < end; ++i)
         addRow(m_shown.at(i));
+    showRecalled();
 }
 
 /// Further rows come before the last one is seen.
@@ -167,12 +171,14 @@ void openSaveProfile::addRowsAhead()
 
 void openSaveProfile::addRow(const QuickProfile& profile)
 {
-    auto* row = new QuickProfileRow(m_rows.size() + 1, profile.name, m_scroll->widget());
+    auto* row = new QuickProfileRow(profile.number, profile.name, m_scroll->widget());
     m_list->insertWidget(m_rows.size(), row);
     row->show();
     m_rows << row;
     connect(row, &QuickProfileRow::applyWanted, this,
             [this, profile] { m_profiles.open(profile.path); });
+    connect(row, &QuickProfileRow::numberWanted, this,
+            [this, profile](QWidget* at) { showNumbers(profile, at); });
     connect(row, &QuickProfileRow::renameWanted, this, [this, profile](const QString& name) {
         if (m_profiles.renameQuickProfile(profile.path, name))
             refresh();
@@ -180,10 +186,45 @@ void openSaveProfile::addRow(const QuickProfile& profile)
     connect(row, &QuickProfileRow::deleteWanted, this, [this, profile] { askToDelete(profile); });
 }
 
+void openSaveProfile::showRecalled()
+{
+    const RecalledProfile& recalled = m_profiles.recalled();
+    for (int i = 0; i < m_rows.size(); ++i)
+        m_rows.at(i)->showRecalled(m_shown.at(i).path == recalled.path(), recalled.differs());
+}
+
+/// The numbers that have a key, each with the profile that would get the other one in exchange.
+void openSaveProfile::showNumbers(const QuickProfile& profile, QWidget* at)
+{
+    auto* menu = named("numbers", new QMenu(this));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (int number = 1; number <= quickProfileKeys; ++number) {
+        const auto* const holder =
+            std::find_if(m_shown.cbegin(), m_shown.cend(),
+                         [number](const QuickProfile& each) { return each.number == number; });
+        const QString name = holder == m_shown.cend() ? QString() : holder->name;
+        QAction* action = menu->addAction(
+            QString(name).replace(QLatin1Char('&'), QStringLiteral("&&")) + QLatin1Char('\t') +
+            quickProfileKey(number).toString(QKeySequence::NativeText));
+        action->setObjectName(QStringLiteral("to_%1").arg(number));
+        action->setCheckable(true);
+        action->setChecked(number == profile.number);
+        connect(action, &QAction::triggered, this, [this, path = profile.path, number] {
+            m_profiles.exchangeNumber(path, number);
+            refresh();
+        });
+    }
+    menu->popup(at->mapToGlobal(at->rect().bottomLeft()));
+}
+
 void openSaveProfile::applyNumber(int number)
 {
-    if (number <= m_rows.size())
-        m_rows.at(number - 1)->apply()->click();
+    for (QuickProfileRow* row : qAsConst(m_rows)) {
+        if (row->number() == number) {
+            row->apply()->click();
+            return;
+        }
+    }
 }
 
 void openSaveProfile::saveNamed()
@@ -243,4 +284,5 @@ void openSaveProfile::retranslate()
     describe(m_saveFile, tr("Save file"), tr("Save the current settings to a file"));
     for (QuickProfileRow* row : qAsConst(m_rows))
         row->retranslate();
+    showRecalled();
 }

@@ -24,7 +24,7 @@ public:
     /// The keys that apply quick profiles work in the whole window of `parent`.
     openSaveProfile(openSave_XML_FILE& profiles, QWidget* parent);
 
-    /// Applies the quick profile of that number, which counts from 1, if there is one.
+    /// Applies the quick profile that has this number, which counts from 1, if there is one.
     void applyNumber(int number);
 
 public slots:
@@ -39,9 +39,10 @@ private:
     struct QuickProfile {
         QString path;
         QString name;
+        int number;
         bool operator==(const QuickProfile& other) const
         {
-            return path == other.path && name == other.name;
+            return path == other.path && name == other.name && number == other.number;
         }
     };
 
@@ -52,6 +53,8 @@ private:
     void addRows(int count);
     void addRowsAhead();
     void addRow(const QuickProfile& profile);
+    void showRecalled();
+    void showNumbers(const QuickProfile& profile, QWidget* at);
     void saveNamed();
     void saveAs(const QString& name);
     void askToDelete(const QuickProfile& profile);

@@ -16,7 +16,7 @@
 namespace
 {
 constexpr int spacing = 8;
-constexpr int keyWidth = 48;
+constexpr int keyWidth = 64;
 constexpr int toolSide = 32;
 /// Frame and padding of the button, in addition to its text.
 constexpr int aroundText = 32;
@@ -40,7 +40,7 @@ QKeySequence quickProfileKey(int number)
 
 QuickProfileRow::QuickProfileRow(int number, const QString& name, QWidget* parent)
     : QWidget(parent), m_number(number), m_name(name), m_apply(new QPushButton(this)),
-      m_entry(new QLineEdit(this)), m_key(new QLabel(this)),
+      m_entry(new QLineEdit(this)), m_differs(new QLabel(this)), m_key(new QPushButton(this)),
       m_rename(newTool(QStringLiteral("rename_%1").arg(number), QStringLiteral(":/images/edit.png"),
                        this)),
       m_delete(newTool(QStringLiteral("delete_%1").arg(number),
@@ -48,6 +48,7 @@ QuickProfileRow::QuickProfileRow(int number, const QString& name, QWidget* paren
 {
     build();
     connect(m_apply, &QAbstractButton::clicked, this, &QuickProfileRow::applyWanted);
+    connect(m_key, &QAbstractButton::clicked, this, [this] { emit numberWanted(m_key); });
     connect(m_rename, &QAbstractButton::clicked, this, &QuickProfileRow::openEntry);
     connect(m_delete, &QAbstractButton::clicked, this, &QuickProfileRow::deleteWanted);
     connect(m_entry, &QLineEdit::returnPressed, this,
@@ -63,8 +64,13 @@ void QuickProfileRow::build()
     m_entry->setObjectName(QStringLiteral("name_%1").arg(m_number));
     m_entry->setMaxLength(nameLengthLimit);
     m_entry->hide();
+    m_differs->setObjectName(QStringLiteral("differs_%1").arg(m_number));
+    m_differs->setProperty("differs", true);
+    m_differs->hide();
+    m_key->setObjectName(QStringLiteral("number_%1").arg(m_number));
+    m_key->setProperty("valueUnit", true);
+    m_key->setAutoDefault(false);
     m_key->setFixedWidth(keyWidth);
-    m_key->setProperty("sectionSummary", true);
     // The name is cut to the room there is.
     for (QWidget* wide : {static_cast<QWidget*>(m_apply), static_cast<QWidget*>(m_entry)})
         wide->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -74,6 +80,7 @@ void QuickProfileRow::build()
     row->setSpacing(spacing);
     row->addWidget(m_apply, 1);
     row->addWidget(m_entry, 1);
+    row->addWidget(m_differs);
     row->addWidget(m_key);
     row->addWidget(m_rename);
     row->addWidget(m_delete);
@@ -82,7 +89,11 @@ void QuickProfileRow::build()
 void QuickProfileRow::retranslate()
 {
     const QString key = quickProfileKey(m_number).toString(QKeySequence::NativeText);
-    m_key->setText(key);
+    m_key->setText(key.isEmpty() ? QString::number(m_number) : key);
+    describe(m_key, tr("Number of %1").arg(m_name),
+             tr("Give %1 another number; Ctrl and a number from 1 to 9 apply it").arg(m_name));
+    m_differs->setText(tr("differs"));
+    m_differs->setToolTip(tr("Settings were changed since this profile was applied or saved"));
     const QString applyTip = tr("Apply %1").arg(m_name);
     describe(m_apply, m_name,
              key.isEmpty() ? applyTip : QStringLiteral("%1 (%2)").arg(applyTip, key));
@@ -90,6 +101,16 @@ void QuickProfileRow::retranslate()
     describe(m_rename, tr("Rename %1").arg(m_name), tr("Rename %1").arg(m_name));
     describe(m_delete, tr("Delete %1").arg(m_name), tr("Delete %1").arg(m_name));
     showName();
+}
+
+void QuickProfileRow::showRecalled(bool isRecalled, bool differs)
+{
+    m_apply->setProperty("lit", isRecalled);
+    m_differs->setVisible(isRecalled && differs);
+    fitName();
+    m_apply->setAccessibleDescription(!isRecalled ? QString()
+                                      : differs   ? m_differs->toolTip()
+                                                  : tr("The settings are those of this profile"));
 }
 
 void QuickProfileRow::showName()
@@ -102,6 +123,11 @@ void QuickProfileRow::showName()
 void QuickProfileRow::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    fitName();
+}
+
+void QuickProfileRow::fitName()
+{
     layout()->activate();
     showName();
 }

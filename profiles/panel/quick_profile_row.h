@@ -23,12 +23,17 @@ public:
     /// The number counts from 1.
     QuickProfileRow(int number, const QString& name, QWidget* parent);
 
+    int number() const { return m_number; }
     QPushButton* apply() const { return m_apply; }
+    /// Marks the profile that was recalled last, and whether the panels differ from it since.
+    void showRecalled(bool isRecalled, bool differs);
 
     void retranslate();
 
 signals:
     void applyWanted();
+    /// Another number is to be chosen in a menu below `at`.
+    void numberWanted(QWidget* at);
     void renameWanted(const QString& name);
     void deleteWanted();
 
@@ -40,6 +45,7 @@ protected:
 private:
     void build();
     void showName();
+    void fitName();
     void openEntry();
     void closeEntry();
 
@@ -47,7 +53,8 @@ private:
     QString m_name;
     QPushButton* m_apply;
     QLineEdit* m_entry;
-    QLabel* m_key;
+    QLabel* m_differs;
+    QPushButton* m_key;
     QToolButton* m_rename;
     QToolButton* m_delete;
 };

@@ -1,5 +1,6 @@
 #include "app/side_panels.h"
 #include "fields/number_edit.h"
+#include "link/activity.h"
 #include "link/instrument_limits.h"
 #include "numbers/step_table.h"
 #include "tests/app/panel_set_ups.h"
@@ -243,6 +244,50 @@ private slots:
         QCOMPARE(m_rig->text("FREQ"), QString("9"));
         QCOMPARE(m_rig->text("line_period"), period);
         QCOMPARE(m_rig->text("us_per"), QString("ms"));
+    }
+
+    void marksWhatDiffers_data()
+    {
+        // What is done, and how the button of the profile is marked then.
+        testColumns<QString, QString>("actions", "mark");
+        testRow("nothing", "", "it");
+        testRow("another unit", "Modulat/us_per", "it");
+        testRow("a panel, a fold, the output",
+                "MainWindow/open_mod Modulat/fold_AM_ MainWindow/Output", "it");
+        testRow("a value", "MainWindow/FREQ=5", "it, differs");
+        testRow("the value it has", "MainWindow/FREQ=7M", "it");
+        testRow("there and back", "Modulat/AM Modulat/AM", "it");
+        testRow("the reference", "MainWindow/ROSC", "it, differs");
+        testRow("of the other kind", "List/Freq_Pow=-3", "it, differs");
+    }
+    void marksWhatDiffers()
+    {
+        QFETCH(QString, actions);
+        beginConnected();
+        m_rig->enter("FREQ", "7M");
+        m_rig->saveProfile("it");
+        m_rig->enter("FREQ", "8M");
+        open("it");
+        m_demo->takeTranscript();
+        const auto mark = [this] {
+            return QString(m_rig->get("quick_1").property("lit").toBool() ? "it" : "") +
+                   (m_rig->get("differs_1").isHidden() ? "" : ", differs");
+        };
+        QCOMPARE(mark(), QString("it"));
+        // Looking sends nothing.
+        QCoreApplication::processEvents();
+        QCOMPARE(m_demo->takeTranscript(), QStringList());
+        for (const QString& action : actions.split(' ', Qt::SkipEmptyParts))
+            act(action);
+        QTRY_VERIFY(Activities::global().texts().isEmpty());
+        QCoreApplication::processEvents();
+        QTEST(mark(), "mark");
+        // A key alone is no setting, until it is accepted.
+        typeOver("FREQ");
+        QCoreApplication::processEvents();
+        QTEST(mark(), "mark");
+        QTest::keyClick(&m_rig->get("FREQ"), Qt::Key_Return);
+        QTRY_COMPARE(mark(), QString("it, differs"));
     }
 
     void stopsARun()

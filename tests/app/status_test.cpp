@@ -222,6 +222,27 @@ private slots:
         QVERIFY(m_rig->isConnected());
     }
 
+    /// What went well does not look like a warning.
+    void successIsNoWarning()
+    {
+        const auto look = [this] {
+            const QWidget& line = m_rig->get("status");
+            return QString(line.property("warning").toBool() ? "warning" : "") +
+                   (line.property("lit").toBool() ? "done" : "");
+        };
+        m_rig->saveProfile("one");
+        m_rig->openPanel("profiles");
+        m_rig->clickAll("quick_1");
+        QTRY_COMPARE(m_rig->status(), QString("Profile applied: one"));
+        QCOMPARE(look(), QString("done"));
+        m_rig->enter("profile_name", "last");
+        QTRY_COMPARE(m_rig->status(), QString("This name is reserved: last"));
+        QCOMPARE(look(), QString("warning"));
+        (*m_demo)("unplug");
+        m_rig->enter("FREQ", "5M");
+        QCOMPARE(look(), QString("warning"));
+    }
+
     void tellsOfASlowInstrument()
     {
         m_said.clear();

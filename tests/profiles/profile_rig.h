@@ -44,7 +44,8 @@ public:
               std::pair("Point_Step", Type::Int32), std::pair("Freq_Step", Type::Int64)}) {
             QVariant& variable = variables[name];
             store.addVariable({name, type, [&variable] { return variable; },
-                               [&variable](const QVariant& value) { variable = value; }});
+                               [&variable](const QVariant& value) { variable = value; },
+                               type == Type::Text});
         }
         QObject::connect(m_profiles, &openSave_XML_FILE::error,
                          [this](const QString& said) { log << "error: " + said; });

@@ -46,6 +46,7 @@ private slots:
     {
         m_rig = std::make_unique<ProfileRig>();
         m_panel = new openSaveProfile(m_rig->profiles(), &m_rig->window());
+        m_rig->profiles().store().exclude(m_panel);
         m_rig->window().layout()->addWidget(m_panel);
         m_panel->show();
         m_rig->window().activateWindow();
@@ -89,6 +90,131 @@ private slots:
         }
     }
 
+    /// A number is a key of the user's: it stays whatever happens around it.
+    void numbersStay()
+    {
+        using Names = QMap<int, QString>;
+        for (const char* name : {"m", "z", "a"})
+            saveQuick(name);
+        QCOMPARE(numbered(), Names({{1, "m"}, {2, "z"}, {3, "a"}}));
+        click("delete_2");
+        answer("z", true);
+        QCOMPARE(numbered(), Names({{1, "m"}, {3, "a"}}));
+        QCOMPARE(appliedBy(Qt::Key_2), QStringList());
+        QCOMPARE(appliedBy(Qt::Key_3), QStringList("message: Profile applied: a"));
+        saveQuick("b");
+        saveQuick("c");
+        QCOMPARE(numbered(), Names({{1, "m"}, {2, "b"}, {3, "a"}, {4, "c"}}));
+
+        // Taken over by hand: from another, or a free one.
+        chooseNumber(3, 1);
+        chooseNumber(4, 7);
+        const Names moved{{1, "a"}, {2, "b"}, {3, "m"}, {7, "c"}};
+        QCOMPARE(numbered(), moved);
+        QCOMPARE(appliedBy(Qt::Key_7), QStringList("message: Profile applied: c"));
+        click("rename_7");
+        QTest::keyClicks(m_rig->get("name_7"), "A first\r");
+        QCOMPARE(numbered().value(7), QString("A first"));
+
+        // Another run of the program finds them.
+        delete m_panel;
+        m_panel = new openSaveProfile(m_rig->profiles(), &m_rig->window());
+        QCOMPARE(numbered().keys(), moved.keys());
+        QCOMPARE(numbered().value(1), QString("a"));
+    }
+
+    void numbersFileMayBeAnything_data()
+    {
+        testColumns<QByteArray, QStringList>("bytes", "names");
+        testRow("none", QByteArray(), QStringList{"1 a", "2 b", "3 c"});
+        testRow("garbage", QByteArray("\0\xff 7\n-1 x\n0 y", 14), QStringList{"1 a", "2 b", "3 c"});
+        testRow("doubled", QByteArray("2 QUICK_Profile_b.xml\n2 QUICK_Profile_a.xml\n"),
+                QStringList{"1 b", "2 a", "3 c"});
+        testRow("of others", QByteArray("1 QUICK_Profile_x.xml\r\n5 QUICK_Profile_b.xml\n"),
+                QStringList{"1 a", "2 c", "5 b"});
+    }
+    void numbersFileMayBeAnything()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QStringList, names);
+        for (const char* name : {"a", "b", "c"})
+            saveQuick(name);
+        QVERIFY(QFile::copy(m_rig->fileOf(bytes), m_rig->path("kept")));
+        const QString numbers = m_rig->profiles().folder() + "/quick_numbers.txt";
+        QVERIFY(QFile::remove(numbers));
+        QVERIFY(bytes.isEmpty() || QFile::copy(m_rig->path("kept"), numbers));
+        m_panel->refresh();
+        QStringList found;
+        const QMap<int, QString> now = numbered();
+        for (auto each = now.begin(); each != now.end(); ++each)
+            found << QString("%1 %2").arg(each.key()).arg(each.value());
+        QCOMPARE(found, names);
+    }
+
+    void marksWhatDiffers_data()
+    {
+        testColumns<QString, QString>("control", "marked");
+        testRow("button", "FM", "x*");
+        testRow("field", "FREQ", "x*");
+        testRow("box", "box", "x*");
+        testRow("excluded", "Output", "x");
+        testRow("other panel", "REF_OSC", "x");
+    }
+    void marksWhatDiffers()
+    {
+        QFETCH(QString, control);
+        QCOMPARE(marked(), QString());
+        saveQuick("y");
+        saveQuick("x");
+        QCOMPARE(marked(), QString("x"));
+        // There and back.
+        change(control);
+        QCoreApplication::processEvents();
+        QTEST(marked(), "marked");
+        change(control);
+        QTRY_COMPARE(marked(), QString("x"));
+        // Recalling it or another one ends the difference, and the mark follows.
+        change(control);
+        click("quick_2");
+        QCOMPARE(marked(), QString("x"));
+        click("quick_1");
+        QCOMPARE(marked(), QString("y"));
+        click("rename_1");
+        QTest::keyClicks(m_rig->get("name_1"), "w\r");
+        QCOMPARE(marked(), QString("w"));
+        click("delete_1");
+        answer("w", true);
+        QCOMPARE(marked(), QString());
+    }
+
+    void stepSizesAreNoDifference()
+    {
+        saveQuick("x");
+        m_rig->variables["Freq_Step"] = 5;
+        change("FREQ");
+        change("FREQ");
+        QCoreApplication::processEvents();
+        QCOMPARE(marked(), QString("x"));
+        m_rig->variables["Text_Name"] = "other";
+        change("FREQ");
+        change("FREQ");
+        QTRY_COMPARE(marked(), QString("x*"));
+    }
+
+    void appliedInPartDiffers()
+    {
+        m_rig->get<QPushButton>("AM")->setChecked(true);
+        saveQuick("x");
+        m_rig->get<QPushButton>("AM")->setChecked(false);
+        m_rig->inPause = [this] { m_rig->profiles().stop(); };
+        click("quick_1");
+        QCOMPARE(marked(), QString("x*"));
+        change("FREQ");
+        change("FREQ");
+        QCoreApplication::processEvents();
+        QCOMPARE(marked(), QString("x*"));
+    }
+
     void replacesOnlyWhenToldTo()
     {
         saveQuick("a");
@@ -104,7 +230,7 @@ private slots:
     void renames_data()
     {
         testColumns<QString, QStringList>("end", "names");
-        testRow("Return", "Return", QStringList{"c", "d"});
+        testRow("Return", "Return", QStringList{"d", "c"});
         testRow("Escape", "Esc", QStringList{"b", "c"});
         testRow("another field", "", QStringList{"b", "c"});
     }
@@ -174,11 +300,11 @@ private slots:
         // It is listed under the name in its file.
         QTRY_COMPARE(shown(), QStringList({"b", "b"}));
         QVERIFY(QFile::rename(m_rig->fileOf("no profile"), quickPath("a")));
-        QTRY_COMPARE(shown(), QStringList({"a", "b", "b"}));
+        QTRY_COMPARE(shown(), QStringList({"b", "b", "a"}));
         QVERIFY(QFile::remove(quickPath("b")));
-        QTRY_COMPARE(shown(), QStringList({"a", "b"}));
+        QTRY_COMPARE(shown(), QStringList({"b", "a"}));
         m_rig->takeLog();
-        click("quick_1");
+        click("quick_3");
         QCOMPARE(m_rig->takeLog(), QStringList("message: The profile is damaged, nothing applied: "
                                                "QUICK_Profile_a.xml"));
         QVERIFY(QDir(m_rig->profiles().folder()).removeRecursively());
@@ -250,11 +376,35 @@ private slots:
     }
 
 private:
+    /// A second change takes the first back.
+    void change(const QString& name)
+    {
+        auto* control = m_rig->get(qPrintable(name));
+        if (auto* button = qobject_cast<QAbstractButton*>(control)) {
+            button->toggle();
+        } else if (auto* box = qobject_cast<QComboBox*>(control)) {
+            box->setCurrentIndex(1 - box->currentIndex());
+        } else {
+            auto* field = qobject_cast<QLineEdit*>(control);
+            field->setText(field->text() == "7" ? m_before : (m_before = field->text(), "7"));
+        }
+    }
     void click(const char* name) { QTest::mouseClick(m_rig->get(name), Qt::LeftButton); }
     /// With Ctrl, in the window.
     void press(Qt::Key key)
     {
         QTest::keyClick(m_rig->window().windowHandle(), key, Qt::ControlModifier);
+    }
+    /// What is said of it, with the window in front again after a dialog or a menu.
+    QStringList appliedBy(Qt::Key key)
+    {
+        m_rig->window().activateWindow();
+        if (!QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }) ||
+            !QTest::qWaitForWindowActive(&m_rig->window()))
+            return {"not active"};
+        m_rig->takeLog();
+        press(key);
+        return m_rig->takeLog().filter("applied");
     }
     void saveQuick(const QString& name)
     {
@@ -270,13 +420,39 @@ private:
         field->setText(name);
         QTest::keyClick(field, Qt::Key_Return);
     }
-    QStringList shown() const
+    /// By number.
+    QMap<int, QString> numbered() const
     {
-        QStringList names;
-        while (auto* button = m_panel->findChild<QPushButton*>(
-                   QStringLiteral("quick_%1").arg(names.size() + 1)))
-            names << button->accessibleName();
+        QMap<int, QString> names;
+        const QRegularExpression quick("^quick_(\\d+)$");
+        for (const QPushButton* button : m_panel->findChildren<QPushButton*>(quick))
+            names[quick.match(button->objectName()).captured(1).toInt()] = button->accessibleName();
         return names;
+    }
+    QStringList shown() const { return numbered().values(); }
+    void chooseNumber(int from, int to)
+    {
+        click(qPrintable(QString("number_%1").arg(from)));
+        auto* menu = m_panel->findChild<QMenu*>("numbers");
+        QVERIFY(menu && menu->isVisible());
+        menu->findChild<QAction*>(QString("to_%1").arg(to))->trigger();
+        menu->close();
+        QTRY_VERIFY(!m_panel->findChild<QMenu*>("numbers"));
+    }
+    /// The profile that is marked, with "*" while the panels differ from it.
+    QString marked() const
+    {
+        QString found;
+        for (const int number : numbered().keys()) {
+            const auto* button = m_panel->findChild<QPushButton*>(QString("quick_%1").arg(number));
+            const bool differs =
+                m_panel->findChild<QLabel*>(QString("differs_%1").arg(number))->isVisible();
+            if (button->property("lit").toBool())
+                found += button->accessibleName();
+            if (differs)
+                found += '*';
+        }
+        return found;
     }
     QString quickPath(const QString& name) const
     {
@@ -285,6 +461,7 @@ private:
 
     std::unique_ptr<ProfileRig> m_rig;
     openSaveProfile* m_panel = nullptr;
+    QString m_before;
 };
 
 QTEST_MAIN(ProfilesPanelTest)

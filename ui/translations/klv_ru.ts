@@ -2071,6 +2071,26 @@ Keys: +, −, Left, Right, Home</source>
         <source>Delete %1</source>
         <translation>Удалить %1</translation>
     </message>
+    <message>
+        <source>Number of %1</source>
+        <translation>Номер: %1</translation>
+    </message>
+    <message>
+        <source>Give %1 another number; Ctrl and a number from 1 to 9 apply it</source>
+        <translation>Дать профилю %1 другой номер; Ctrl с номером от 1 до 9 применяет профиль</translation>
+    </message>
+    <message>
+        <source>differs</source>
+        <translation>изменён</translation>
+    </message>
+    <message>
+        <source>Settings were changed since this profile was applied or saved</source>
+        <translation>После применения или сохранения этого профиля настройки изменились</translation>
+    </message>
+    <message>
+        <source>The settings are those of this profile</source>
+        <translation>Настройки такие, как в этом профиле</translation>
+    </message>
 </context>
 <context>
     <name>RunButton</name>
