@@ -1,7 +1,5 @@
 #include "profiles/quick_numbers.h"
 
-#include "ui/files/whole_file.h"
-
 #include <QFileInfo>
 #include <QMap>
 
@@ -21,11 +19,11 @@ QuickNumbers::QuickNumbers(const QString& folder)
 }
 
 /// One line for each: the number, a blank, the file's name. Anything else is passed over.
-void QuickNumbers::load()
+FileBytes QuickNumbers::load()
 {
     const FileBytes read = readWholeFile(m_path, mostBytes);
     if (read.fault != FileFault::None)
-        return;
+        return read;
     m_numbers.clear();
     const QStringList lines = QString::fromUtf8(read.bytes).split(QLatin1Char('\n'));
     for (const QString& line : lines) {
@@ -33,9 +31,11 @@ void QuickNumbers::load()
         if (number > 0)
             m_numbers.insert(line.section(QLatin1Char(' '), 1).trimmed(), number);
     }
+    return read;
 }
 
-void QuickNumbers::store() const
+/// Unless they are kept already: whoever watches the folder looks again after every write.
+void QuickNumbers::store(const FileBytes& before) const
 {
     QMap<int, QString> names;
     for (auto each = m_numbers.cbegin(); each != m_numbers.cend(); ++each)
@@ -43,8 +43,10 @@ void QuickNumbers::store() const
     QString lines;
     for (auto each = names.cbegin(); each != names.cend(); ++each)
         lines += QStringLiteral("%1 %2\n").arg(QString::number(each.key()), each.value());
+    const bool isReadable = before.fault == FileFault::None || before.fault == FileFault::Missing;
     // A folder that takes no file takes no new profile either.
-    writeWholeFile(m_path, lines.toUtf8());
+    if (isReadable && lines.toUtf8() != before.bytes)
+        writeWholeFile(m_path, lines.toUtf8());
 }
 
 QStringList QuickNumbers::inOrder(const QStringList& paths)
@@ -52,7 +54,7 @@ QStringList QuickNumbers::inOrder(const QStringList& paths)
     // An unreachable folder looks empty: its numbers are not forgotten for that.
     if (paths.isEmpty())
         return paths;
-    load();
+    const FileBytes before = load();
     QMap<int, QString> taken;
     QStringList unnumbered;
     for (const QString& path : paths) {
@@ -68,13 +70,10 @@ QStringList QuickNumbers::inOrder(const QStringList& paths)
             ++free;
         taken.insert(free, path);
     }
-    QHash<QString, int> numbers;
+    m_numbers.clear();
     for (auto each = taken.cbegin(); each != taken.cend(); ++each)
-        numbers.insert(nameOf(each.value()), each.key());
-    if (numbers != m_numbers) {
-        m_numbers = numbers;
-        store();
-    }
+        m_numbers.insert(nameOf(each.value()), each.key());
+    store(before);
     return taken.values();
 }
 
@@ -85,21 +84,21 @@ int QuickNumbers::numberOf(const QString& path) const
 
 void QuickNumbers::moved(const QString& path, const QString& newPath)
 {
-    load();
+    const FileBytes before = load();
     const int number = m_numbers.take(nameOf(path));
     if (number == 0)
         return;
     m_numbers.insert(nameOf(newPath), number);
-    store();
+    store(before);
 }
 
 void QuickNumbers::exchange(const QString& path, int number)
 {
-    load();
+    const FileBytes before = load();
     const QString other = m_numbers.key(number);
-    const int before = numberOf(path);
-    if (!other.isEmpty() && before > 0)
-        m_numbers.insert(other, before);
+    const int freed = numberOf(path);
+    if (!other.isEmpty() && freed > 0)
+        m_numbers.insert(other, freed);
     m_numbers.insert(nameOf(path), number);
-    store();
+    store(before);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/files/whole_file.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -27,8 +29,8 @@ public:
     void exchange(const QString& path, int number);
 
 private:
-    void load();
-    void store() const;
+    FileBytes load();
+    void store(const FileBytes& before) const;
 
     QString m_path;
     QHash<QString, int> m_numbers; ///< by file name
