@@ -84,6 +84,8 @@ QPalette palette(ThemeName theme)
     result.setColor(QPalette::ToolTipText, colour("text"));
     result.setColor(QPalette::PlaceholderText, colour("muted"));
     result.setColor(QPalette::Link, colour("accentText"));
+    // No link is ever shown as visited: the role carries the focus ring to what paints its own.
+    result.setColor(QPalette::LinkVisited, colour("accent"));
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         result.setColor(QPalette::Disabled, role, colour("muted"));
     return result;

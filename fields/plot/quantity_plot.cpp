@@ -123,7 +123,7 @@ void paintPlotFrame(QWidget& widget, const QRect& place)
     const QPalette colours = widget.palette();
     const bool hasFocus = widget.hasFocus();
     const qreal width = hasFocus ? 2.0 : 1.0;
-    const QColor edge = hasFocus ? colours.color(QPalette::Link)
+    const QColor edge = hasFocus ? colours.color(QPalette::LinkVisited)
                                  : faded(colours.color(QPalette::PlaceholderText), edgeAlpha);
     QPainter painter(&widget);
     painter.setRenderHint(QPainter::Antialiasing);
