@@ -371,8 +371,10 @@ private slots:
         ListBench bench;
         bench.setRows({"1,2,3"});
         for (const bool isYes : {false, true}) {
-            bench.whenAsked(isYes);
-            bench.click("clear_List");
+            bench.answer<Question>("clear_List", [isYes](Question& question) {
+                QCOMPARE(question.objectName(), QString("clear_question"));
+                question.findChild<QPushButton*>(isYes ? "yes" : "cancel")->click();
+            });
             QCOMPARE(bench.rows().size(), isYes ? 0 : 1);
         }
         bench.click("undo_List");
