@@ -8,11 +8,13 @@
 #include "ui/eliding_label.h"
 #include "ui/named.h"
 
+#include <QAction>
 #include <QDir>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QVBoxLayout>
 #include <QVariant>
@@ -112,7 +114,7 @@ void ListGroup::showFile(const QString& title, const QString& path, bool hasRece
     m_recent->setEnabled(hasRecent);
 }
 
-/// How many rows to add, before the button that adds them.
+/// How many rows to add, before the button that adds them; Return adds them, too.
 void ListGroup::buildAddCount()
 {
     m_addCount->setRange(1, mostRowsAtOnce);
@@ -121,6 +123,14 @@ void ListGroup::buildAddCount()
     m_addCount->setFixedWidth(countWidth);
     connect(m_addCount, qOverload<int>(&QSpinBox::valueChanged), m_actions,
             &PointActions::setRowsToInsert);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto* shortcut = new QShortcut(key, m_addCount);
+        shortcut->setContext(Qt::WidgetShortcut);
+        connect(shortcut, &QShortcut::activated, this, [this] {
+            m_addCount->interpretText();
+            m_actions->action(PointActions::Insert)->trigger();
+        });
+    }
 }
 
 QHBoxLayout* ListGroup::buildTools()

@@ -160,12 +160,18 @@ private slots:
         const ListBench bench;
         bench.setRows({"1,,", "2,,"});
         bench.clickCell(0, 0);
-        bench.get<QSpinBox>("add_count").setValue(3);
-        bench.click("add_List");
+        auto& count = bench.get<QSpinBox>("add_count");
+        count.setFocus();
+        count.selectAll();
+        bench.type("3");
+        bench.press(Qt::Key_Return);
+        QVERIFY(bench.table().hasFocus());
         QCOMPARE(bench.rows(), QStringList({"1,,", ",,", ",,", ",,", "2,,"}));
         QCOMPARE(bench.table().currentRow(), 1);
         bench.click("undo_List");
         QCOMPARE(bench.rows().size(), 2);
+        bench.click("add_List");
+        QCOMPARE(bench.rows().size(), 5);
     }
 
     void rowCommands_data()
