@@ -33,7 +33,7 @@ EventsLineEdit::EventsLineEdit(QLineEdit* edit, StepKind kind, const StepTable& 
 void EventsLineEdit::setKind(StepKind kind)
 {
     m_kind = kind;
-    m_lastDigit = {};
+    m_lastStep = {};
 }
 
 void EventsLineEdit::set(StepFlags flags, int unitPower)
@@ -50,14 +50,14 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
         return QObject::eventFilter(watched, event);
 
     if (m_edit->hasFocus()) {
-        const auto* key = isKey ? static_cast<const QKeyEvent*>(event) : nullptr;
-        const int direction =
-            isKey ? keyDirection(*key) : wheelDirection(*static_cast<const QWheelEvent*>(event));
+        const auto* input = static_cast<const QInputEvent*>(event);
+        const int direction = isKey ? keyDirection(*static_cast<const QKeyEvent*>(event))
+                                    : wheelDirection(*static_cast<const QWheelEvent*>(event));
         if (isKey && direction == 0)
             return QObject::eventFilter(watched, event);
         // Committing may delete the line edit and this filter with it: neither may be used below.
         event->accept();
-        if (isKey && key->modifiers().testFlag(Qt::ControlModifier))
+        if (direction != 0 && input->modifiers().testFlag(Qt::ControlModifier))
             stepDigit(direction);
         else if (direction != 0)
             step(direction);
@@ -68,35 +68,64 @@ bool EventsLineEdit::eventFilter(QObject* watched, QEvent* event)
     return true;
 }
 
+std::optional<int> EventsLineEdit::placeAtCursor() const
+{
+    const bool isAtLastStep =
+        m_edit->text() == m_lastStep.text && m_edit->cursorPosition() == m_lastStep.position;
+    return isAtLastStep ? m_lastStep.decimalPlace
+                        : decimalPlaceAt(m_edit->text(), m_edit->cursorPosition());
+}
+
+std::optional<int> EventsLineEdit::digitPosition() const
+{
+    const std::optional<int> place = placeAtCursor();
+    const int behind = place ? cursorBehindPlace(m_edit->text(), *place) : 0;
+    // A place that the number does not have gives its start or its end.
+    const bool isThere = behind > 0 && decimalPlaceAt(m_edit->text(), behind) == place;
+    return isThere ? std::optional(behind - 1) : std::nullopt;
+}
+
 void EventsLineEdit::step(int direction)
 {
-    const QString text = shiftedText(m_edit->text(), m_unitPower);
+    const QString before = m_edit->text();
+    const int cursor = m_edit->cursorPosition();
+    const std::optional<int> decimalPlace = placeAtCursor();
+    const QString text = shiftedText(before, m_unitPower);
     // What is not a number is not 0: its commit is refused.
     if (readsAsNumber(text)) {
         const QString stepped = steppedText(text, direction, m_kind, m_steps.step(m_kind), m_flags);
         m_edit->setText(shiftedText(stepped, -m_unitPower));
     }
-    commit();
+    commitAtPlace(before, cursor, decimalPlace);
 }
 
 void EventsLineEdit::stepDigit(int direction)
 {
-    const QString text = m_edit->text();
+    const QString before = m_edit->text();
     const int cursor = m_edit->cursorPosition();
-    std::optional<int> decimalPlace = decimalPlaceAt(text, cursor);
+    const std::optional<int> decimalPlace = placeAtCursor();
     if (!decimalPlace)
         return;
-    if (text == m_lastDigit.text && cursor == m_lastDigit.position)
-        decimalPlace = m_lastDigit.decimalPlace;
+    m_edit->setText(steppedPlace(before, *decimalPlace, direction, stopsAtZero(m_kind, m_flags)));
+    const QPointer<EventsLineEdit> self = this;
+    commitAtPlace(before, cursor, decimalPlace);
+    if (self)
+        emit digitStepped();
+}
 
-    m_edit->setText(steppedPlace(text, *decimalPlace, direction, stopsAtZero(m_kind, m_flags)));
-    const QPointer<QLineEdit> edit = m_edit;
+/// The commit writes the accepted text and moves the cursor, which is put back at its digit.
+void EventsLineEdit::commitAtPlace(const QString& before, int cursor,
+                                   std::optional<int> decimalPlace)
+{
+    const QPointer<EventsLineEdit> self = this;
     commit();
-    if (!edit)
+    if (!self || !decimalPlace)
         return;
-    // The commit has written the accepted text and moved the cursor.
-    m_lastDigit = {m_edit->text(), cursorBehindPlace(m_edit->text(), *decimalPlace), *decimalPlace};
-    m_edit->setCursorPosition(m_lastDigit.position);
+    const QString text = m_edit->text();
+    const bool isSameLength = text.size() == before.size();
+    m_lastStep = {text, isSameLength ? cursor : cursorBehindPlace(text, *decimalPlace),
+                  *decimalPlace};
+    m_edit->setCursorPosition(m_lastStep.position);
 }
 
 void EventsLineEdit::commit()

@@ -1,5 +1,6 @@
 #include "fields/number_edit.h"
 
+#include "fields/click_return.h"
 #include "fields/events_line_edit.h"
 #include "fields/select_line.h"
 #include "fields/validators.h"
@@ -9,28 +10,16 @@
 #include "numbers/unit_keys.h"
 #include "ui/describe.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QVariant>
 
 namespace
 {
-QString unitLettersHint(UnitFamily units)
-{
-    switch (units) {
-    case UnitFamily::Frequency:
-        return NumberEdit::tr("k, m or g after the number: kilo, mega, giga");
-    case UnitFamily::Time:
-        return NumberEdit::tr("m or s after the number: milliseconds, seconds");
-    case UnitFamily::Voltage:
-        return NumberEdit::tr("m after the number: millivolts");
-    case UnitFamily::None:
-        break;
-    }
-    return QString();
-}
-
 bool isEscape(const QEvent& event)
 {
     return event.type() == QEvent::KeyPress &&
@@ -59,7 +48,11 @@ void NumberEdit::setUp(Quantity quantity, const FieldContext& context)
         m_typing.takeEdited(typed);
         setEdited(text() != inShownUnit(m_acceptedText));
     });
-    new selectLine(this);
+    m_selection = new selectLine(this);
+    // Qt repaints what the cursor covers only.
+    const auto repaintAll = [this] { update(); };
+    connect(m_selection, &selectLine::cursorChosenChanged, this, repaintAll);
+    connect(this, &QLineEdit::cursorPositionChanged, this, repaintAll);
     setQuantity(quantity);
 }
 
@@ -76,6 +69,9 @@ void NumberEdit::setQuantity(Quantity quantity)
         delete m_stepping;
         m_stepping = step ? new EventsLineEdit(this, *step, m_context->steps) : nullptr;
         setStepFlags(m_stepFlags);
+        if (m_stepping)
+            connect(m_stepping, &EventsLineEdit::digitStepped, m_selection,
+                    &selectLine::chooseCursor);
     }
 }
 
@@ -198,7 +194,7 @@ void NumberEdit::accept(const QString& ownText)
     emit accepted(ownText);
 }
 
-void NumberEdit::refuse(const StatusWords& reason) const
+void NumberEdit::refuse(const StatusWords& reason)
 {
     // Named by its quantity it follows the language.
     const bool isNamed = accessibleName() != quantityName(m_quantity);
@@ -206,6 +202,7 @@ void NumberEdit::refuse(const StatusWords& reason) const
     m_context->notices.say([name, quantity = m_quantity, reason] {
         return tr("%1: %2").arg(name.isEmpty() ? quantityName(quantity) : name, reason());
     });
+    emit refused(reason);
 }
 
 void NumberEdit::commit(const QString& text)
@@ -233,17 +230,28 @@ bool NumberEdit::isBeingStepped() const
 
 void NumberEdit::describe()
 {
-    QStringList hints = {quantityToolTip(m_quantity), unitLettersHint(unitFamily(kind()))};
-    if (m_stepping)
-        hints << tr("Up and Down or the wheel: one step");
-    hints.removeAll(QString());
-    ::describe(this, quantityName(m_quantity), hints.join(QLatin1Char('\n')));
+    ::describe(this, quantityName(m_quantity), quantityToolTip(m_quantity));
+}
+
+QString NumberEdit::unitLettersHint() const
+{
+    switch (unitFamily(kind())) {
+    case UnitFamily::Frequency:
+        return tr("k, m, g: kilo, mega, giga");
+    case UnitFamily::Time:
+        return tr("m, s: milliseconds, seconds");
+    case UnitFamily::Voltage:
+        return tr("m: millivolts");
+    case UnitFamily::None:
+        break;
+    }
+    return QString();
 }
 
 void NumberEdit::describeKeypadKey(QWidget& key) const
 {
     ::describe(&key, tr("%1: keypad").arg(quantityName(m_quantity)),
-               tr("Enter the value with the keypad"));
+               tr("Enter the value with the keypad (F8 in the field)"));
 }
 
 bool NumberEdit::event(QEvent* event)
@@ -257,7 +265,7 @@ bool NumberEdit::event(QEvent* event)
         m_typing.forgetRefusal();
         break;
     case QEvent::FocusOut:
-        return leave(event);
+        return leave(static_cast<QFocusEvent*>(event));
     case QEvent::KeyPress:
         if (m_typing.swallows(*static_cast<QKeyEvent*>(event)) || (isEscape(*event) && bringBack()))
             return true;
@@ -270,7 +278,7 @@ bool NumberEdit::event(QEvent* event)
 
 /// Qt emits editingFinished whenever the focus is lost, and each one is a command on the wire: a
 /// field that is left unchanged emits nothing.
-bool NumberEdit::leave(QEvent* event)
+bool NumberEdit::leave(QFocusEvent* event)
 {
     // What is announced may delete the field.
     const QPointer<NumberEdit> self = this;
@@ -280,8 +288,13 @@ bool NumberEdit::leave(QEvent* event)
         const QSignalBlocker quiet(text() == inShownUnit(m_acceptedText) ? this : nullptr);
         isTaken = QLineEdit::event(event);
     }
-    if (self)
-        refill();
+    if (!self)
+        return isTaken;
+    refill();
+    auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+    if (m_stepping && button && !button->property("takesFocus").toBool() &&
+        event->reason() == Qt::MouseFocusReason)
+        new ClickReturn(*this, *button);
     return isTaken;
 }
 
@@ -308,4 +321,33 @@ bool NumberEdit::bringBack()
     showAccepted(m_acceptedText);
     selectAll();
     return true;
+}
+
+void NumberEdit::paintEvent(QPaintEvent* event)
+{
+    QLineEdit::paintEvent(event);
+    const QRect line = digitLine();
+    if (!line.isEmpty())
+        QPainter(this).fillRect(line, palette().highlight());
+}
+
+/// The line below the digit that the user has chosen; empty while there is none.
+QRect NumberEdit::digitLine() const
+{
+    const bool isShown = m_stepping && hasFocus() && !isReadOnly() && !hasSelectedText() &&
+                         m_selection->isCursorChosen();
+    const std::optional<int> digit = isShown ? m_stepping->digitPosition() : std::nullopt;
+    if (!digit)
+        return {};
+    // The cursor stands in the middle of its rectangle.
+    const QRect cursorArea = cursorRect();
+    const int cursorX = cursorArea.left() + cursorArea.width() / 2;
+    const QFontMetrics font = fontMetrics();
+    const int cursor = cursorPosition();
+    const int x = *digit < cursor
+                      ? cursorX - font.horizontalAdvance(text().mid(*digit, cursor - *digit))
+                      : cursorX + font.horizontalAdvance(text().mid(cursor, *digit - cursor));
+    const int thickness = qMax(2, font.lineWidth());
+    const int y = cursorArea.top() + font.ascent() + thickness;
+    return {x, qMin(y, height() - thickness), font.horizontalAdvance(text().at(*digit)), thickness};
 }

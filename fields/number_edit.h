@@ -9,10 +9,13 @@
 #include <QLineEdit>
 
 class EventsLineEdit;
+class selectLine;
 
 /// The field of a quantity: takes the characters of its kind only, applies unit letters, groups
-/// digits, marks what is not yet accepted, selects its text with the focus and steps by wheel and
-/// arrow keys. Signals a commit by editingFinished: on Return, on each step, and when it is left
+/// digits, marks what is not yet accepted, selects its text with the focus, steps by wheel and
+/// arrow keys and underlines the digit that they step with Ctrl once the user has chosen one. A
+/// click on a button takes no focus from a field that steps, unless the button has the property
+/// "takesFocus". Signals a commit by editingFinished: on Return, on each step, and when it is left
 /// with a text that differs from the accepted one. Escape restores the accepted one. Sends nothing.
 class NumberEdit : public QLineEdit
 {
@@ -69,7 +72,7 @@ public:
     /// field is left, with the next entry or push.
     void showAnswer(const QString& reply);
     /// Reports why an entry was refused, after the field's name.
-    void refuse(const StatusWords& reason) const;
+    void refuse(const StatusWords& reason);
 
     /// Enters a text as the user would, and commits it once, as by Return.
     void commit(const QString& text);
@@ -81,27 +84,32 @@ public:
     /// Whether the commit being signalled is a step.
     bool isBeingStepped() const;
 
-    /// Takes over the quantity's name, and a tool-tip that also explains typing and stepping, in
-    /// the chosen language.
+    /// Takes over the quantity's name and tool-tip in the chosen language.
     void describe();
+    /// The letters that scale a number typed here, in the chosen language; empty for none.
+    QString unitLettersHint() const;
     /// Describes a button that opens the keypad for this field.
     void describeKeypadKey(QWidget& key) const;
 
 signals:
     /// Another text than before has been accepted, in the quantity's unit.
     void accepted(const QString& ownText);
+    /// An entry was refused, which has been reported, too.
+    void refused(const StatusWords& reason);
 
 protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void accept(const QString& ownText);
     QString inOwnUnit(const QString& text) const;
     QString inShownUnit(const QString& ownText) const;
     void settleDoubt();
-    bool leave(QEvent* event);
+    bool leave(QFocusEvent* event);
     void refill();
     bool bringBack();
+    QRect digitLine() const;
 
     const FieldContext* m_context = nullptr;
     Quantity m_quantity = Quantity::Frequency;
@@ -111,5 +119,6 @@ private:
     QString m_doubtedText; ///< shown for a reply that is not a number, until something else is
     NumberTyping m_typing;
     EventsLineEdit* m_stepping = nullptr;
+    selectLine* m_selection = nullptr;
     StepFlags m_stepFlags;
 };

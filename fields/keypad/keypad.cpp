@@ -4,7 +4,7 @@
 #include "fields/keypad/keypad_place.h"
 #include "fields/keypad/trailing_input.h"
 #include "fields/number_edit.h"
-#include "fields/power_guard.h"
+#include "fields/range_text.h"
 #include "fields/step_entry.h"
 #include "fields/validators.h"
 #include "link/instrument_limits.h"
@@ -39,11 +39,6 @@ bool accepts(const NumberEdit& field, QString text)
     int position = 0;
     const bool isValid = field.validator()->validate(text, position) == QValidator::Acceptable;
     return isValid && text.size() <= field.maxLength();
-}
-
-QString withUnit(const QString& number, const QString& unit)
-{
-    return unit.isEmpty() ? number : number + QLatin1Char(' ') + unit;
 }
 } // namespace
 
@@ -280,34 +275,14 @@ void Keypad::retranslate()
                                      : tr("Type the number; Return or a unit enters it"));
     m_unit->setText(unitText(units(), plainPower()));
     m_unit->setVisible(!m_unit->text().isEmpty());
-    m_limits->setText(m_isStepPage ? QString() : limitsText());
+    const QString range = rangeText(*m_entry, m_guard);
+    m_limits->setText(m_isStepPage ? QString() : range);
     m_entry->setAccessibleDescription(m_limits->text());
-    m_limits->setVisible(!limitsText().isEmpty());
+    m_limits->setVisible(!range.isEmpty());
     if (step()) {
-        m_stepButton->setText(
-            tr("Step %1").arg(withUnit(stepText(*step()), unitText(stepUnits(kind()), 0))));
+        m_stepButton->setText(tr("Step %1").arg(stepSizeText(*m_entry)));
         m_stepButton->setAccessibleName(m_stepButton->text());
     }
-}
-
-QString Keypad::limitsText() const
-{
-    // No instrument reports how many points are allowed.
-    Range limits = m_entry->range();
-    const std::optional<int> ceiling =
-        m_guard && kind() == FieldKind::Power ? m_guard->ceilingDbm() : std::nullopt;
-    if (ceiling && !limits.isKnown())
-        return tr("at most %1").arg(withUnit(QString::number(*ceiling), m_unit->text()));
-    if (!limits.isKnown())
-        return QString();
-    if (ceiling)
-        limits.max = qMin(limits.max, static_cast<double>(*ceiling));
-    const int power = m_isStepPage ? 0 : plainPower();
-    const auto text = [&](double limit) {
-        return grouped(shiftedDecimal(shortestText(limit), -power), kind());
-    };
-    return withUnit(text(limits.min) + QStringLiteral(" … ") + text(limits.max),
-                    unitText(entryUnits(kind(), power), power));
 }
 
 void Keypad::changeEvent(QEvent* event)
@@ -355,7 +330,8 @@ void Keypad::changeSign()
         return;
     }
     const bool isNegative = m_entry->text().startsWith(minus);
-    m_entry->setCursorPosition(0);
+    // As by the user's hand: the sign then replaces nothing.
+    type(Qt::Key_Home, QString());
     if (isNegative)
         type(Qt::Key_Delete, QString());
     else
@@ -405,4 +381,9 @@ void Keypad::commit(const QString& text)
     close();
     if (field)
         field->commit(text);
+    if (!field || isVisible())
+        return;
+    // A committed number is shown unselected.
+    field->setFocus();
+    field->deselect();
 }

@@ -54,7 +54,6 @@ private:
     void showPresent();
     void updateKeys();
     void retranslate();
-    QString limitsText() const;
     FieldKind kind() const;
     /// The current step of the quantity; none where it does not step.
     std::optional<double> step() const;

@@ -44,10 +44,10 @@ protected:
     }
 };
 
-void turnWheel(QWidget& widget, const QPoint& angle)
+void turnWheel(QWidget& widget, const QPoint& angle, Qt::KeyboardModifiers modifiers = {})
 {
     const QPoint at = widget.rect().center();
-    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, Qt::NoModifier,
+    QWheelEvent event(at, widget.mapToGlobal(at), QPoint(), angle, Qt::NoButton, modifiers,
                       Qt::NoScrollPhase, false);
     // As from the window system: Qt hands only these on to the parent.
     QSpontaneKeyEvent::setSpontaneous(&event);
@@ -65,6 +65,18 @@ void setWithCursor(QLineEdit& field, QString text)
     const int cursor = text.indexOf('|');
     field.setText(text.remove('|'));
     field.setCursorPosition(cursor);
+}
+
+/// A click, or a double one, beside the character at that place.
+void clickAt(QLineEdit& field, int position, bool isDouble = false)
+{
+    int x = 0;
+    while (x < field.width() && field.cursorPositionAt(QPoint(x, 5)) < position)
+        ++x;
+    const QPoint at(x, field.height() / 2);
+    QTest::mouseClick(&field, Qt::LeftButton, {}, at);
+    if (isDouble)
+        QTest::mouseDClick(&field, Qt::LeftButton, {}, at);
 }
 } // namespace
 
@@ -147,6 +159,130 @@ private slots:
         setWithCursor(field, "-|");
         QCOMPARE(step(Qt::Key_Up), QString("-|"));
         QVERIFY(committed.isEmpty());
+    }
+
+    /// "u" and "d" are Up and Down, "w" and "W" the wheel turned down and up; a "^" before them
+    /// stands for Ctrl.
+    void stepsLeaveTheCursor_data()
+    {
+        testColumns<QString, QString, QString>("before", "steps", "after");
+        testRow("plain", "1 0|00 000", "uW", "3 0|00 000");
+        testRow("at the start", "|1 000 000", "u", "|2 000 000");
+        testRow("beside a blank", "1 |000 000", "W", "2 |000 000");
+        testRow("a digit more", "9 0|00 000", "u", "10 0|00 000");
+        testRow("a digit less", "10 0|00 000", "w", "9 0|00 000");
+        testRow("digit by the wheel", "1 0|00 000", "^W", "1 1|00 000");
+        testRow("digit down by the wheel", "1 000 00|0", "^w^w", "999 98|0");
+        testRow("digit, then step", "9 5|00 000", "^uud", "9 6|00 000");
+    }
+
+    void stepsLeaveTheCursor()
+    {
+        QFETCH(QString, before);
+        QFETCH(QString, steps);
+        Window window;
+        NumberEdit& field = window.field;
+        connect(&field, &QLineEdit::editingFinished, &field, [&] {
+            field.selectAll();
+            field.deselect();
+        });
+        field.setFocus();
+        setWithCursor(field, before);
+        Qt::KeyboardModifiers modifiers;
+        for (QChar step : steps) {
+            if (step == '^') {
+                modifiers = Qt::ControlModifier;
+                continue;
+            }
+            if (step.toLower() == 'w')
+                turnWheel(field, {0, step == 'W' ? 120 : -120}, modifiers);
+            else
+                QTest::keyClick(&field, step == 'u' ? Qt::Key_Up : Qt::Key_Down, modifiers);
+            modifiers = {};
+        }
+        QTEST(withCursor(field), "after");
+    }
+
+    /// What the user did before typing a 7; "c" and "C" are a click and a double click behind the
+    /// first digit, "l" and "h" the keys Left and Home, "<" Backspace, "u" Up, "r" Return.
+    void typingReplacesUnlessTheCursorIsPlaced_data()
+    {
+        testColumns<QString, QString>("acts", "after");
+        for (const char* acts : {"", "c", "u", "cu", "r", "5r", "5u", "lr"})
+            testRow(QString("replaces after \"%1\"").arg(acts), acts, "7|");
+        testRow("goes on", "5", "57|");
+        testRow("double click", "C", "17|2");
+        testRow("Left", "l", "17|2");
+        testRow("Home", "h", "7|12");
+        testRow("Left in what is typed", "5l", "7|5");
+        testRow("Left, then stepped", "lu", "10 000 17|2");
+        testRow("Backspace", "c<", "7|2");
+    }
+
+    void typingReplacesUnlessTheCursorIsPlaced()
+    {
+        QFETCH(QString, acts);
+        Window window;
+        NumberEdit& field = window.field;
+        field.showAccepted("12");
+        field.setFocus();
+        const QMap<QChar, Qt::Key> keys = {{'l', Qt::Key_Left},
+                                           {'h', Qt::Key_Home},
+                                           {'<', Qt::Key_Backspace},
+                                           {'u', Qt::Key_Up},
+                                           {'r', Qt::Key_Return}};
+        for (QChar act : acts) {
+            if (act.toLower() == 'c')
+                clickAt(field, 1, act == 'C');
+            else if (keys.contains(act))
+                QTest::keyClick(&field, keys[act]);
+            else
+                QTest::keyClicks(&field, QString(act));
+        }
+        QTest::keyClicks(&field, "7");
+        QTEST(withCursor(field), "after");
+    }
+
+    /// Only the digit that the user has chosen is underlined, in the colour of selections.
+    void theChosenDigitIsUnderlined()
+    {
+        Window window;
+        NumberEdit& field = window.field;
+        QPalette palette = field.palette();
+        palette.setColor(QPalette::Highlight, Qt::magenta);
+        field.setPalette(palette);
+        field.showAccepted("1 234 567");
+        field.setFocus();
+        field.deselect();
+        /// The digits that the line covers, by where a click would set the cursor.
+        const auto underlined = [&field] {
+            const QImage image = field.grab().toImage();
+            QString digits;
+            for (int y = 0; y < image.height() && digits.isEmpty(); ++y) {
+                for (int x = 1; x < image.width(); ++x) {
+                    const bool starts = image.pixelColor(x, y) == QColor(Qt::magenta) &&
+                                        image.pixelColor(x - 1, y) != QColor(Qt::magenta);
+                    if (starts)
+                        digits += field.text().at(field.cursorPositionAt(QPoint(x, y)));
+                }
+            }
+            return digits;
+        };
+        QCOMPARE(underlined(), QString());
+        clickAt(field, 3);
+        QCOMPARE(underlined(), QString("2"));
+        QTest::keyClick(&field, Qt::Key_Right);
+        QCOMPARE(underlined(), QString("3"));
+        QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(field.text(), QString("1 244 567"));
+        QCOMPARE(underlined(), QString("4"));
+        window.other.setFocus();
+        QCOMPARE(underlined(), QString());
+        field.setFocus();
+        QTest::keyClick(&field, Qt::Key_Up, Qt::ControlModifier);
+        QCOMPARE(underlined(), QString("8"));
+        QTest::keyClicks(&field, "9");
+        QCOMPARE(underlined(), QString());
     }
 
     /// As when the window is closed in a pause of the commit.

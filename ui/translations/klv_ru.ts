@@ -561,10 +561,6 @@
         <source>Type the number; Return or a unit enters it</source>
         <translation>Введите число; Enter или кнопка единицы завершает ввод</translation>
     </message>
-    <message>
-        <source>at most %1</source>
-        <translation>не более %1</translation>
-    </message>
 </context>
 <context>
     <name>KeypadKeys</name>
@@ -1443,18 +1439,6 @@ Keys: +, −, Left, Right, Home</source>
 <context>
     <name>NumberEdit</name>
     <message>
-        <source>k, m or g after the number: kilo, mega, giga</source>
-        <translation>k, m или g после числа: кило, мега, гига</translation>
-    </message>
-    <message>
-        <source>m or s after the number: milliseconds, seconds</source>
-        <translation>m или s после числа: миллисекунды, секунды</translation>
-    </message>
-    <message>
-        <source>m after the number: millivolts</source>
-        <translation>m после числа: милливольты</translation>
-    </message>
-    <message>
         <source>not a number, nothing is sent</source>
         <translation>не число, ничего не отправлено</translation>
     </message>
@@ -1467,16 +1451,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>Up and Down or the wheel: one step</source>
-        <translation>Стрелки вверх и вниз или колесо: один шаг</translation>
-    </message>
-    <message>
         <source>%1: keypad</source>
         <translation>%1: клавиатура</translation>
-    </message>
-    <message>
-        <source>Enter the value with the keypad</source>
-        <translation>Ввести значение с экранной клавиатуры</translation>
     </message>
     <message>
         <source>&quot;%1&quot; cannot be read</source>
@@ -1497,6 +1473,26 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>&quot;%1&quot; is not allowed in this number</source>
         <translation>символ «%1» здесь недопустим</translation>
+    </message>
+    <message>
+        <source>k, m, g: kilo, mega, giga</source>
+        <translation>k, m, g: кило, мега, гига</translation>
+    </message>
+    <message>
+        <source>m, s: milliseconds, seconds</source>
+        <translation>m, s: миллисекунды, секунды</translation>
+    </message>
+    <message>
+        <source>m: millivolts</source>
+        <translation>m: милливольты</translation>
+    </message>
+    <message>
+        <source>Enter the value with the keypad (F8 in the field)</source>
+        <translation>Ввести значение с экранной клавиатуры (F8 в поле)</translation>
+    </message>
+    <message>
+        <source>at most %1</source>
+        <translation>не более %1</translation>
     </message>
 </context>
 <context>
