@@ -2,6 +2,7 @@
 
 #include "app/error_chip.h"
 #include "app/escape_order.h"
+#include "app/field_line.h"
 #include "app/help_file.h"
 #include "app/instrument_display.h"
 #include "app/output_display.h"
@@ -23,6 +24,7 @@
 #include "service/about_box.h"
 #include "service/firmware_update.h"
 #include "ui/error_box.h"
+#include "ui/reading_order.h"
 #include "ui/window_chrome.h"
 #include "ui_mainwindow.h"
 
@@ -30,6 +32,7 @@
 #include <QCloseEvent>
 #include <QIcon>
 #include <QKeyEvent>
+#include <QShortcut>
 #include <QTimer>
 
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
@@ -90,6 +93,8 @@ void MainWindow::setUpForm()
     setWindowIcon(QIcon(QStringLiteral(":/images/logotip.png")));
     // A click that took the focus would close the entry it is to close or open.
     m_ui->open_ROSC_FREQ->setFocusPolicy(Qt::TabFocus);
+    // What is changed in a field between its clicks is not to be committed by the next one.
+    m_ui->connect->setProperty("takesFocus", true);
     // A direct connection: the desktop may end right after it.
     connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { endProgram(); });
 }
@@ -209,10 +214,32 @@ void MainWindow::wireCwControls()
             [this] { m_keypad->openFor(m_ui->FREQ); });
     connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
             [this] { m_keypad->openFor(m_ui->POW); });
+    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this,
+            &MainWindow::openKeypadOfFocus);
+    addLines();
 
     auto* prompt = new WgtModePow(*m_ui->butSetModePow, this);
     m_powerMode = std::make_unique<PowerMode>(m_session, *m_ui->wgtMaxPow, *prompt);
     m_escapeOrder->add(prompt, [prompt] { prompt->close(); });
+}
+
+/// What is said about the field that has the focus.
+void MainWindow::addLines()
+{
+    const auto held = [this]() -> StatusWords {
+        if (m_list->runList().isChecked())
+            return [] { return tr("Frequency and power are set by the list: F3"); };
+        return [] { return tr("Frequency and power are set by the sweep: F3"); };
+    };
+    m_fieldLine = std::make_unique<FieldLine>(*m_powerGuard, *m_ui->FREQ, held, m_ui->controls);
+    m_ui->cw_layout->insertWidget(1, m_fieldLine.get());
+    connect(&m_connection, &Connection::ready, m_fieldLine.get(), &FieldLine::refresh);
+}
+
+void MainWindow::openKeypadOfFocus()
+{
+    if (auto* field = qobject_cast<NumberEdit*>(focusWidget()))
+        m_keypad->openFor(field);
 }
 
 // AM, FM, PM, pulse and the LF generator share the instrument's modulation source.
@@ -355,4 +382,11 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
     const bool isEscape = event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier;
     if (!isEscape || !m_escapeOrder->closeLast())
         QMainWindow::keyPressEvent(event);
+}
+
+/// Panels come and go, and rows of theirs.
+bool MainWindow::focusNextPrevChild(bool next)
+{
+    tabInReadingOrder(*centralWidget());
+    return QMainWindow::focusNextPrevChild(next);
 }

@@ -31,6 +31,7 @@
 
 class ErrorChip;
 class EscapeOrder;
+class FieldLine;
 class FirmwareUpdate;
 class Form;
 class InstrumentDisplay;
@@ -118,6 +119,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     void setUpForm();
@@ -129,6 +131,8 @@ private:
     void wireStatusLine();
     void wireConnection();
     void wireCwControls();
+    void addLines();
+    void openKeypadOfFocus();
     void wireModulation();
     void wireSweep();
     void wireService();
@@ -177,6 +181,7 @@ private:
     std::unique_ptr<OutputDisplay> m_outputDisplay;
     std::unique_ptr<PanelPush> m_panelPush;
     std::unique_ptr<LogFile> m_logFile;
+    std::unique_ptr<FieldLine> m_fieldLine;
     Form* m_about = nullptr;
     ScpiLog* m_log = nullptr;
     WindowMenu* m_menu = nullptr;

@@ -1,7 +1,8 @@
 #include "app/side_panels.h"
 
+#include "ui/reading_order.h"
+
 #include <QAbstractButton>
-#include <QApplication>
 #include <QEvent>
 #include <QLayout>
 #include <QParallelAnimationGroup>
@@ -93,6 +94,8 @@ void SidePanels::change(QWidget* next)
     s_moving = true;
     QWidget* leaving = m_current;
     m_current = next;
+    if (!leaving)
+        m_focusBefore = m_window->focusWidget();
     showTogglesState();
     if (leaving)
         slideOut(leaving, next);
@@ -106,8 +109,12 @@ void SidePanels::slideIn(QWidget* panel)
     panel->setGeometry(-size.width(), 0, size.width(), m_drawer->height());
     panel->show();
     panel->raise();
+    focusFirstIn(*panel);
     animate(panel, QPoint(gap, 0), size + QSize(gap, 0), true, [this, panel] {
         emit opened(panel);
+        // What had the focus may have been disabled meanwhile.
+        if (m_current == panel && !m_window->focusWidget())
+            focusFirstIn(*panel);
         emit allMoved();
     });
 }
@@ -187,14 +194,30 @@ void SidePanels::showTogglesState()
             entry.toggle->setChecked(entry.panel && entry.panel == m_current);
 }
 
+void SidePanels::focusFirstIn(QWidget& panel)
+{
+    const QList<QWidget*> stops = stopsInReadingOrder(panel);
+    const auto first = std::find_if(stops.begin(), stops.end(), [&panel](const QWidget* stop) {
+        return stop->isEnabled() && stop->isVisibleTo(&panel);
+    });
+    if (first != stops.end())
+        (*first)->setFocus(Qt::OtherFocusReason);
+}
+
+/// Back to where the focus came from, or to the panel's button.
 void SidePanels::takeFocusFrom(QWidget* panel)
 {
-    QWidget* focus = QApplication::focusWidget();
-    if (!focus || !panel->isAncestorOf(focus))
+    const auto entry = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [panel](const Entry& each) { return each.panel == panel; });
+    QWidget* toggle = entry == m_entries.end() ? nullptr : entry->toggle.data();
+    const QWidget* focus = m_window->focusWidget();
+    if (focus && focus != toggle && !panel->isAncestorOf(focus))
         return;
-    for (const Entry& entry : m_entries)
-        if (entry.panel == panel && entry.toggle)
-            entry.toggle->setFocus();
+    const bool canReturn =
+        m_focusBefore && m_focusBefore->isVisible() && m_focusBefore->isEnabled();
+    // As after a menu, the cursor is where it was.
+    if (QWidget* next = canReturn ? m_focusBefore.data() : toggle)
+        next->setFocus(Qt::PopupFocusReason);
 }
 
 bool SidePanels::eventFilter(QObject* watched, QEvent* event)

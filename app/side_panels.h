@@ -13,7 +13,8 @@ class QParallelAnimationGroup;
 class QWidget;
 
 /// Slides the side panels in and out of the drawer, at most one open at a time, and grows the
-/// window with it. What a panel shows and when its contents are refreshed is the window's.
+/// window with it. A panel takes the focus when it opens and gives it back when it closes. What a
+/// panel shows and when its contents are refreshed is the window's.
 class SidePanels : public QObject
 {
     Q_OBJECT
@@ -63,6 +64,7 @@ private:
                  const std::function<void()>& finished);
     QPoint windowTarget(const QSize& drawerSize);
     void showTogglesState();
+    void focusFirstIn(QWidget& panel);
     void takeFocusFrom(QWidget* panel);
 
     static bool s_moving;
@@ -71,6 +73,7 @@ private:
     QWidget* m_drawer;
     std::vector<Entry> m_entries;
     QPointer<QWidget> m_current;
+    QPointer<QWidget> m_focusBefore; ///< had the focus before any panel was open
     QPointer<QParallelAnimationGroup> m_running;
     QPoint m_shift;
     QPoint m_shiftedTo;

@@ -37,14 +37,15 @@ ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* 
     row.caption->setObjectName(names.caption);
     row.caption->setProperty("valueCaption", true);
     row.caption->setFixedWidth(captionWidth);
-    // A click must not take the focus from a field, which would commit what is half typed.
-    row.caption->setFocusPolicy(Qt::TabFocus);
+    // A click must not take the focus from a field, which would commit what is half typed; Tab goes
+    // from field to field.
+    row.caption->setFocusPolicy(Qt::NoFocus);
     row.field->setObjectName(names.field);
     row.field->setAlignment(Qt::AlignRight);
     row.field->setFixedWidth(fieldWidth);
     row.unit->setObjectName(names.unit);
     row.unit->setFixedWidth(unitWidth);
-    row.unit->setFocusPolicy(Qt::TabFocus);
+    row.unit->setFocusPolicy(Qt::NoFocus);
 
     const int line = grid->rowCount();
     grid->addWidget(row.caption, line, 0);
@@ -56,7 +57,6 @@ ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* 
 void joinUnitToCaption(const ValueRow& row)
 {
     row.unit->setProperty("valueUnit", true);
-    row.unit->setFocusPolicy(Qt::NoFocus);
     QObject::connect(row.unit, &QAbstractButton::clicked, row.caption, &QAbstractButton::click);
 }
 

@@ -57,8 +57,10 @@ void PulseGroup::build(const FieldContext& context)
         values,
         {QStringLiteral("pulse_width"), QStringLiteral("line_width"), QStringLiteral("us_wid")},
         new NumberEdit(Quantity::PulseWidth, context, body(), QLatin1String(initialWidth)));
-    for (QPushButton* unit : {m_period.unit, m_width.unit})
+    for (QPushButton* unit : {m_period.unit, m_width.unit}) {
         unit->setProperty("unitSwitch", true);
+        unit->setFocusPolicy(Qt::TabFocus);
+    }
     auto* row = new QHBoxLayout(body());
     row->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
     row->setSpacing(2 * panelSpacing);

@@ -102,7 +102,7 @@ QWidget* service::buildDac(const FieldContext& context)
     m_dacKey = named("key_REF_OSC", new QPushButton(this));
     m_dacKey->setIcon(QIcon(QStringLiteral(":/images/edit.png")));
     // A click that took the focus would leave the field before the keypad is open.
-    m_dacKey->setFocusPolicy(Qt::TabFocus);
+    m_dacKey->setFocusPolicy(Qt::NoFocus);
 
     auto* row = new QHBoxLayout(dac);
     row->setContentsMargins(margin, 0, 0, 0);

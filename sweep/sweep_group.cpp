@@ -106,8 +106,9 @@ QGridLayout* SweepGroup::buildFields(const FieldContext& context)
         made.key->setObjectName(QStringLiteral("key_") + name);
         made.key->setProperty("valueUnit", true);
         made.key->setFixedWidth(keyWidth);
-        // A click must not take the focus from a field, which would commit what is half typed.
-        made.key->setFocusPolicy(Qt::TabFocus);
+        // A click must not take the focus from a field, which would commit what is half typed; Tab
+        // goes from field to field.
+        made.key->setFocusPolicy(Qt::NoFocus);
         const int first = row.column * cellsOfRow;
         grid->addWidget(made.label, row.line, first);
         grid->addWidget(made.field, row.line, first + 1);

@@ -25,6 +25,8 @@ SidePanel::SidePanel(const QString& objectName, QWidget* parent)
     m_title->setProperty("panelTitle", true);
     m_close->setIcon(QIcon(QStringLiteral(":/images/close.png")));
     m_close->setAutoRaise(true);
+    // By keys, Escape and the panel's own key close it.
+    m_close->setFocusPolicy(Qt::NoFocus);
 
     auto* header = new QHBoxLayout;
     header->addWidget(m_title, 1);

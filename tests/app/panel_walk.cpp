@@ -346,3 +346,29 @@ QStringList tabFaults(QWidget& window)
     }
     return faults;
 }
+
+QStringList tabDetours(QWidget& window)
+{
+    const auto placeOf = [&window](const QWidget& widget) {
+        return QRect(widget.mapTo(&window, QPoint()), widget.size());
+    };
+    window.setFocus();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+    QList<QWidget*> seen;
+    QStringList detours;
+    for (QWidget* here = QApplication::focusWidget(); here && !seen.contains(here);) {
+        seen << here;
+        QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+        QWidget* next = QApplication::focusWidget();
+        if (!next || next->window() != &window || next == here)
+            break;
+        const QRect from = placeOf(*here);
+        const QRect to = placeOf(*next);
+        // Between a whole and its parts there is no order.
+        const bool isPart = here->isAncestorOf(next) || next->isAncestorOf(here);
+        if (!isPart && to.top() < from.bottom() && to.left() < from.right())
+            detours << "Tab from " + idOf(*here) + " back to " + idOf(*next);
+        here = next;
+    }
+    return detours.size() > 1 ? detours : QStringList();
+}

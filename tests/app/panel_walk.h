@@ -23,3 +23,7 @@ QStringList ambiguousKeys(const QWidget& window);
 /// Walks the shown and active window by Tab and back: what the walk misses, where it leaves the
 /// window, and which control does not show its focus by a ring of two pixels.
 QStringList tabFaults(QWidget& window);
+
+/// Where Tab, on its way round the shown and active window, leads against the order of reading: up,
+/// or to the left in a row. Once is the way back to the start.
+QStringList tabDetours(QWidget& window);

@@ -174,7 +174,8 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QCoreApplication::processEvents();
         const QStringList faults = unnamedControls(window) + clippedTexts(window) +
-                                   overlaps(window) + ambiguousKeys(window) + tabFaults(window);
+                                   overlaps(window) + ambiguousKeys(window) + tabFaults(window) +
+                                   tabDetours(window);
         if (*surfaces[index].grip != '\0')
             isMovedBy(*window.findChild<QLabel*>(surfaces[index].grip));
         window.close();

@@ -192,14 +192,39 @@ private slots:
         }
     }
 
-    void theFocusLeavesAClosingPanel()
+    /// Into the panel that opens; back where it was when the last one closes, or to the panel's
+    /// button where that is not possible.
+    void theFocusGoesInAndComesBack()
     {
         Bench bench;
         QVERIFY(QTest::qWaitForWindowActive(bench.window.get()));
+        const auto focus = [&bench] { return bench.window->focusWidget(); };
+        bench.panelA->findChild<QLineEdit*>()->setEnabled(false);
+        auto* second = new QLineEdit(bench.panelA);
+        bench.field->setFocus();
         bench.move(bench.toggleA);
-        bench.panelA->findChild<QLineEdit*>()->setFocus();
-        bench.panels->close(bench.panelA);
-        QCOMPARE(bench.window->focusWidget(), bench.toggleA);
+        QCOMPARE(focus(), second);
+        bench.move(bench.toggleB);
+        QCOMPARE(focus(), bench.panelB->findChild<QLineEdit*>());
+        bench.move(bench.toggleB);
+        QCOMPARE(focus(), bench.field);
+
+        // A click on its button has taken the focus.
+        bench.move(bench.toggleA);
+        bench.toggleA->setFocus();
+        bench.move(bench.toggleA);
+        QCOMPARE(focus(), bench.field);
+
+        bench.move(bench.toggleA);
+        bench.field->setEnabled(false);
+        bench.move(bench.toggleA);
+        QCOMPARE(focus(), bench.toggleA);
+
+        // Elsewhere by then: it stays there.
+        bench.move(bench.toggleA);
+        bench.toggleB->setFocus();
+        bench.move(bench.toggleA);
+        QCOMPARE(focus(), bench.toggleB);
     }
 };
 

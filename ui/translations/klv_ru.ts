@@ -272,6 +272,13 @@
     </message>
 </context>
 <context>
+    <name>FieldLine</name>
+    <message>
+        <source>step %1</source>
+        <translation>шаг %1</translation>
+    </message>
+</context>
+<context>
     <name>FileQuestions</name>
     <message>
         <source>%1 already exists. Replace it?</source>
@@ -1278,6 +1285,14 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>SIMULATED</source>
         <translation>ИМИТАТОР</translation>
+    </message>
+    <message>
+        <source>Frequency and power are set by the list: F3</source>
+        <translation>Частоту и мощность задаёт список: F3</translation>
+    </message>
+    <message>
+        <source>Frequency and power are set by the sweep: F3</source>
+        <translation>Частоту и мощность задаёт качание: F3</translation>
     </message>
 </context>
 <context>
