@@ -24,6 +24,7 @@
 #include "service/about_box.h"
 #include "service/firmware_update.h"
 #include "ui/error_box.h"
+#include "ui/named.h"
 #include "ui/reading_order.h"
 #include "ui/window_chrome.h"
 #include "ui_mainwindow.h"
@@ -130,7 +131,7 @@ void MainWindow::addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainW
 
 void MainWindow::setUpMenu()
 {
-    m_menu = new WindowMenu(m_look, *m_powerGuard, m_context, this);
+    m_menu = new WindowMenu(m_look, *m_powerGuard, m_level, m_context, this);
     // The shortcuts work without the menu being open.
     addActions(m_menu->actions());
     m_ui->menuButton->setMenu(m_menu);
@@ -223,7 +224,7 @@ void MainWindow::wireCwControls()
     m_escapeOrder->add(prompt, [prompt] { prompt->close(); });
 }
 
-/// What is said about the field that has the focus.
+/// What is said about the field that has the focus, and about the level at the device.
 void MainWindow::addLines()
 {
     const auto held = [this]() -> StatusWords {
@@ -234,6 +235,12 @@ void MainWindow::addLines()
     m_fieldLine = std::make_unique<FieldLine>(*m_powerGuard, *m_ui->FREQ, held, m_ui->controls);
     m_ui->cw_layout->insertWidget(1, m_fieldLine.get());
     connect(&m_connection, &Connection::ready, m_fieldLine.get(), &FieldLine::refresh);
+
+    auto* level = named("device_level", new ElidingLabel(m_ui->display));
+    level->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    level->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_ui->power_title_layout->addWidget(level, 1);
+    m_level.show(*m_ui->POW, *level);
 }
 
 void MainWindow::openKeypadOfFocus()

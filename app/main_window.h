@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/device_level.h"
 #include "app/program_settings.h"
 #include "app/runs.h"
 #include "app/side_panels.h"
@@ -147,6 +148,7 @@ private:
     StartOptions m_options;
     ProgramSettings m_settings;
     Look m_look;
+    DeviceLevel m_level{m_settings};
     std::unique_ptr<InstrumentSource> m_source;
     std::unique_ptr<Ui::MainWindow> m_ui;
 

@@ -1,7 +1,10 @@
 #include "app/window_menu.h"
 
+#include "app/device_level.h"
+#include "app/level_offset.h"
 #include "app/power_ceiling.h"
 #include "fields/power_guard.h"
+#include "numbers/number_text.h"
 #include "ui/look.h"
 
 #include <QActionGroup>
@@ -22,10 +25,15 @@ const Choice themes[] = {{"system", QT_TRANSLATE_NOOP("WindowMenu", "As the &sys
                          {"dark", QT_TRANSLATE_NOOP("WindowMenu", "&Dark")}};
 /// In dB; 0 never asks.
 const char* const jumps[] = {"0", "10", "20", "30"};
+/// In the order of DeviceLevel::Reading.
+const char* const readings[] = {
+    QT_TRANSLATE_NOOP("WindowMenu", "N&one"), QT_TRANSLATE_NOOP("WindowMenu", "&V"),
+    QT_TRANSLATE_NOOP("WindowMenu", "&mV"), QT_TRANSLATE_NOOP("WindowMenu", "&dBµV")};
 } // namespace
 
-WindowMenu::WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent)
-    : QMenu(parent), m_look(look), m_guard(guard), m_context(context),
+WindowMenu::WindowMenu(Look& look, PowerGuard& guard, DeviceLevel& level,
+                       const FieldContext& context, QWidget* parent)
+    : QMenu(parent), m_look(look), m_guard(guard), m_level(level), m_context(context),
       m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
       m_about(addAction(QString(), this, &WindowMenu::aboutChosen)),
       m_log(addAction(QString(), this, &WindowMenu::logChosen))
@@ -47,6 +55,7 @@ WindowMenu::WindowMenu(Look& look, PowerGuard& guard, const FieldContext& contex
     addLook();
     addSeparator();
     addPowerGuard();
+    addLevel();
     addSeparator();
     m_quit = addAction(QString(), this, &WindowMenu::quitChosen);
     retranslate();
@@ -90,7 +99,34 @@ void WindowMenu::addPowerGuard()
 void WindowMenu::askCeiling()
 {
     auto* dialog = new PowerCeiling(m_guard.ceilingDbm(), m_context, parentWidget());
-    connect(dialog, &PowerCeiling::chosen, &m_guard, &PowerGuard::setCeilingDbm);
+    connect(dialog, &PowerCeiling::chosen, &m_guard, [this](const QString& dbm) {
+        m_guard.setCeilingDbm(dbm.isEmpty() ? std::nullopt : std::optional<int>(dbm.toInt()));
+    });
+    dialog->open();
+}
+
+void WindowMenu::addLevel()
+{
+    m_offset = addAction(QString(), this, &WindowMenu::askOffset);
+    m_offset->setObjectName(QStringLiteral("action_offset"));
+    connect(&m_level, &DeviceLevel::changed, this, &WindowMenu::showOffset);
+    m_readings = addMenu(QString());
+    auto* group = new QActionGroup(this);
+    const QString present = QString::number(static_cast<int>(m_level.reading()));
+    for (int index = 0; index < static_cast<int>(std::size(readings)); ++index) {
+        const QString value = QString::number(index);
+        addChoice(m_readings, group, value, present)
+            ->setObjectName(QStringLiteral("action_reading_") + value);
+    }
+    connect(group, &QActionGroup::triggered, this, [this](const QAction* action) {
+        m_level.setReading(static_cast<DeviceLevel::Reading>(action->data().toInt()));
+    });
+}
+
+void WindowMenu::askOffset()
+{
+    auto* dialog = new LevelOffset(m_level.offsetDb(), parentWidget());
+    connect(dialog, &LevelOffset::offsetChosen, &m_level, &DeviceLevel::setOffsetDb);
     dialog->open();
 }
 
@@ -127,6 +163,12 @@ void WindowMenu::retranslate()
         action->setText(jumpDb > 0 ? tr("By more than %1 dB").arg(jumpDb) : tr("&Never"));
     }
     showCeiling();
+    showOffset();
+    m_readings->setTitle(tr("Level also &in"));
+    const QList<QAction*> readingActions = m_readings->actions();
+    for (int index = 0; index < readingActions.size(); ++index)
+        readingActions.at(index)->setText(
+            QCoreApplication::translate("WindowMenu", readings[index]));
     m_quit->setText(tr("&Quit") + QLatin1Char('\t') + quitKey);
     const QList<QAction*> themeActions = m_themes->actions();
     for (int index = 0; index < themeActions.size(); ++index)
@@ -139,6 +181,13 @@ void WindowMenu::showCeiling()
     const std::optional<int> ceilingDbm = m_guard.ceilingDbm();
     m_ceiling->setText(ceilingDbm ? tr("Highest &power: %1 dBm...").arg(*ceilingDbm)
                                   : tr("Highest &power..."));
+}
+
+void WindowMenu::showOffset()
+{
+    const std::optional<double> offsetDb = m_level.offsetDb();
+    m_offset->setText(offsetDb ? tr("Level at the &device: %1 dB...").arg(shortestText(*offsetDb))
+                               : tr("Level at the &device..."));
 }
 
 void WindowMenu::changeEvent(QEvent* event)

@@ -2,21 +2,23 @@
 
 #include <QMenu>
 
+class DeviceLevel;
 class Look;
 class PowerGuard;
 struct FieldContext;
 class QAction;
 class QActionGroup;
 
-/// The window's menu: Help, About, SCPI log, language, theme, power guard, and Quit. Sets the look
-/// and the guard; for the rest it emits what was chosen.
+/// The window's menu: Help, About, SCPI log, language, theme, power guard, level at the device, and
+/// Quit. Sets the look, the guard and that level; for the rest it emits what was chosen.
 class WindowMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// Look and guard outlive the menu.
-    WindowMenu(Look& look, PowerGuard& guard, const FieldContext& context, QWidget* parent);
+    /// Look, guard and level outlive the menu.
+    WindowMenu(Look& look, PowerGuard& guard, DeviceLevel& level, const FieldContext& context,
+               QWidget* parent);
 
     /// Whether the simulated instrument is in use.
     void showSimulated(bool isSimulated);
@@ -36,12 +38,16 @@ private:
                        const QString& current);
     void addLook();
     void addPowerGuard();
+    void addLevel();
     void askCeiling();
     void showCeiling();
+    void askOffset();
+    void showOffset();
     void retranslate();
 
     Look& m_look;
     PowerGuard& m_guard;
+    DeviceLevel& m_level;
     const FieldContext& m_context;
     QAction* m_help;
     QAction* m_about;
@@ -51,5 +57,7 @@ private:
     QMenu* m_themes;
     QMenu* m_jumps;
     QAction* m_ceiling;
+    QAction* m_offset;
+    QMenu* m_readings;
     QAction* m_quit;
 };

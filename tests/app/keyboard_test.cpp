@@ -7,7 +7,8 @@
 #include <QLabel>
 #include <QWheelEvent>
 
-/// Where the focus goes, and what is said about the field that has it.
+/// Where the focus goes, what is said about the field that has it, and about the level at the
+/// device.
 class KeyboardTest : public PanelTest
 {
     Q_OBJECT
@@ -178,8 +179,83 @@ private slots:
         QCOMPARE(m_rig->text("field_line"), QString());
     }
 
+    void theLevelAtTheDevice_data()
+    {
+        testColumns<QString, int, QString>("offset", "reading", "shown");
+        testRow("off", "", 0, "");
+        testRow("cable", "-3.2", 0, "-10 dBm, at the device -13.2 dBm");
+        testRow("comma", "-3,25", 0, "-10 dBm, at the device -13.25 dBm");
+        testRow("amplifier", "20", 1, "-10 dBm, at the device 10 dBm (0.707 V)");
+        testRow("millivolts", "", 2, "-10 dBm (70.7 mV)");
+        testRow("attenuator", "-60", 2, "-10 dBm, at the device -70 dBm (0.0707 mV)");
+        testRow("decibels", "10", 3, "-10 dBm, at the device 0 dBm (107 dBµV)");
+    }
+
+    /// Kept for the next start; nothing of it is sent.
+    void theLevelAtTheDevice()
+    {
+        QFETCH(QString, offset);
+        QFETCH(int, reading);
+        QFETCH(QString, shown);
+        m_rig->enter("POW", "-10");
+        m_demo->takeCommands();
+        m_rig->get<QAction>("action_offset").trigger();
+        m_rig->get<QLineEdit>("line_offset").setFocus();
+        QTest::keyClicks(m_rig->get("LevelOffset").focusWidget(), offset);
+        m_rig->click("take_offset");
+        m_rig->get<QAction>(qPrintable(QString("action_reading_%1").arg(reading))).trigger();
+        QCOMPARE(m_rig->text("device_level"), shown);
+        QCOMPARE(m_demo->takeCommands(), QStringList());
+        begin();
+        m_rig->enter("POW", "-10");
+        QCOMPARE(m_rig->text("device_level"), shown);
+    }
+
+    void theLevelFollowsThePower()
+    {
+        setOffset("-3.2");
+        m_rig->enter("POW", "0");
+        QCOMPARE(m_rig->text("device_level"), QString("0 dBm, at the device -3.2 dBm"));
+        // What is typed and not sent is not at the device.
+        QTest::keyClicks(&m_rig->get("POW"), "9");
+        QCOMPARE(m_rig->text("device_level"), QString("0 dBm, at the device -3.2 dBm"));
+        m_rig->chooseLanguage("ru");
+        QVERIFY2(m_rig->text("device_level").contains(QStringLiteral("дБм")),
+                 qPrintable(m_rig->text("device_level")));
+        m_rig->openPanel("open_list");
+        m_rig->click("button_Sweep");
+        QTRY_COMPARE(m_rig->text("device_level"), QString());
+    }
+
+    void impossibleOffsets_data() { testNames("offset", {"201", "-200.5", "-", ","}); }
+
+    void impossibleOffsets()
+    {
+        QFETCH(QString, offset);
+        setOffset("-3.2");
+        m_rig->get<QAction>("action_offset").trigger();
+        QCOMPARE(m_rig->text("line_offset"), QString("-3.2"));
+        m_rig->get<QLineEdit>("line_offset").setText(offset);
+        QVERIFY(!m_rig->get("take_offset").isEnabled());
+        m_rig->click("cancel");
+        // As by another program's hand.
+        m_settings.setValue("Level/offset", offset);
+        m_settings.sync();
+        begin();
+        QCOMPARE(m_rig->text("device_level"), QString());
+    }
+
 private:
     QString focus() { return m_rig->window().focusWidget()->objectName(); }
+
+    void setOffset(const QString& decibels)
+    {
+        m_rig->get<QAction>("action_offset").trigger();
+        m_rig->get<QLineEdit>("line_offset").setText(decibels);
+        m_rig->click("take_offset");
+        // The closed dialog must not be found again.
+        QTRY_VERIFY(!m_rig->window().findChild<QWidget*>("LevelOffset"));
+    }
 
     static void turnWheel(QWidget& widget)
     {

@@ -39,6 +39,10 @@ void fillDisplay(PanelRig& rig, Demo&)
     for (const char* name : {"wgtMaxPow", "label_328", "label_329"})
         rig.get(name).show();
     rig.get<QLineEdit>("FREQ").setText(QStringLiteral("20 000 000 000"));
+    rig.get<QAction>("action_reading_3").trigger();
+    rig.get<QAction>("action_offset").trigger();
+    rig.get<QLineEdit>("line_offset").setText(QStringLiteral("-123.45"));
+    rig.click("take_offset");
 }
 
 void fillList(PanelRig& rig, Demo&)
@@ -106,6 +110,7 @@ const Surface surfaces[] = {
     {"last power prompt", "connected butSetModePow butYes butSetModePow", "WgtModePow"},
     {"power question", "", "PowerQuestion", "dialog_title", raisePower},
     {"highest power", "action_ceiling", "PowerCeiling", "dialog_title"},
+    {"level at the device", "action_offset", "LevelOffset", "dialog_title"},
     {"error", "", "modal", "dialog_title",
      [](PanelRig& rig, Demo&) {
          ErrorBox::report(QStringLiteral("first \n second"), &rig.window());

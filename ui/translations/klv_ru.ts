@@ -192,6 +192,33 @@
     </message>
 </context>
 <context>
+    <name>DeviceLevel</name>
+    <message>
+        <source>%1 V</source>
+        <translation>%1 В</translation>
+    </message>
+    <message>
+        <source>%1 mV</source>
+        <translation>%1 мВ</translation>
+    </message>
+    <message>
+        <source>%1 dBµV</source>
+        <translation>%1 дБмкВ</translation>
+    </message>
+    <message>
+        <source>%1 dBm, at the device %2 dBm</source>
+        <translation>%1 дБм, на устройстве %2 дБм</translation>
+    </message>
+    <message>
+        <source>%1 dBm</source>
+        <translation>%1 дБм</translation>
+    </message>
+    <message>
+        <source>Level at the device</source>
+        <translation>Уровень на устройстве</translation>
+    </message>
+</context>
+<context>
     <name>DriverCheck</name>
     <message>
         <source>No access to the instrument at %1: install the udev rule 70-klv.rules and plug it in again</source>
@@ -626,6 +653,29 @@
     <message>
         <source>Enter the number in %1</source>
         <translation>Ввести число в единицах: %1</translation>
+    </message>
+</context>
+<context>
+    <name>LevelOffset</name>
+    <message>
+        <source>Level at the device</source>
+        <translation>Уровень на устройстве</translation>
+    </message>
+    <message>
+        <source>By how much the level at the device under test differs from that at the output: -3.2 for a cable or an attenuator, 20 for an amplifier. Only what is shown changes, nothing is sent. Empty: not shown.</source>
+        <translation>На сколько уровень на испытуемом устройстве отличается от уровня на выходе: -3.2 для кабеля или аттенюатора, 20 для усилителя. Меняется только показание, прибору ничего не отправляется. Пусто: не показывать.</translation>
+    </message>
+    <message>
+        <source>dB</source>
+        <translation>дБ</translation>
+    </message>
+    <message>
+        <source>Show the level at the device (Enter)</source>
+        <translation>Показывать уровень на устройстве (Enter)</translation>
+    </message>
+    <message>
+        <source>Decibels from -200 to 200, or nothing</source>
+        <translation>Децибелы от -200 до 200 или пусто</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1502,21 @@ Keys: +, −, Left, Right, Home</source>
     </message>
 </context>
 <context>
+    <name>NumberDialog</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Отмена</translation>
+    </message>
+    <message>
+        <source>Leave it as it is (Esc)</source>
+        <translation>Оставить как есть (Esc)</translation>
+    </message>
+</context>
+<context>
     <name>NumberEdit</name>
     <message>
         <source>not a number, nothing is sent</source>
@@ -1746,20 +1811,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>дБм</translation>
     </message>
     <message>
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
-    <message>
         <source>Apply this highest power (Enter)</source>
         <translation>Принять наибольшую мощность (Enter)</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Отмена</translation>
-    </message>
-    <message>
-        <source>Leave it as it is (Esc)</source>
-        <translation>Оставить как есть (Esc)</translation>
     </message>
 </context>
 <context>
@@ -2954,6 +3007,34 @@ Keys: +, −, Left, Right, Home</source>
     <message>
         <source>SCPI lo&amp;g</source>
         <translation>&amp;Журнал SCPI</translation>
+    </message>
+    <message>
+        <source>N&amp;one</source>
+        <translation>&amp;Нет</translation>
+    </message>
+    <message>
+        <source>&amp;V</source>
+        <translation>&amp;В</translation>
+    </message>
+    <message>
+        <source>&amp;mV</source>
+        <translation>&amp;мВ</translation>
+    </message>
+    <message>
+        <source>&amp;dBµV</source>
+        <translation>&amp;дБмкВ</translation>
+    </message>
+    <message>
+        <source>Level also &amp;in</source>
+        <translation>Уровень та&amp;кже в</translation>
+    </message>
+    <message>
+        <source>Level at the &amp;device: %1 dB...</source>
+        <translation>Уровень на &amp;устройстве: %1 дБ...</translation>
+    </message>
+    <message>
+        <source>Level at the &amp;device...</source>
+        <translation>Уровень на &amp;устройстве...</translation>
     </message>
 </context>
 <context>
