@@ -91,7 +91,11 @@ const Surface surfaces[] = {
     {"list", "open_list List_is_Checked int_select", "MainWindow", "", fillList},
     {"list by hand", "open_list List_is_Checked time_select"},
     {"profiles", "profiles rename_1", "MainWindow", "", saveProfiles},
-    {"profile that differs", "profiles quick_1 ROSC", "MainWindow", "", saveProfiles},
+    {"profile that differs", "profiles", "MainWindow", "",
+     [](PanelRig& rig, Demo& demo) {
+         saveProfiles(rig, demo);
+         rig.enter("FREQ", QStringLiteral("5M"));
+     }},
     {"question", "profiles delete_1", "Question", "dialog_title", saveProfiles},
     {"service", "connected service"},
     {"keypad of a frequency", "connected key_FREQ", "keypad"},
