@@ -122,6 +122,18 @@ private slots:
         QCOMPARE(bench.said, QStringList("List saved: " + file));
     }
 
+    void aRowWithoutEntryIsNotSaved()
+    {
+        ListBench bench;
+        bench.setRows({"1,2,3"});
+        bench.clickCell(0, 0);
+        bench.type("4");
+        bench.press(Qt::Key_Return);
+        QCOMPARE(bench.rows().size(), 2);
+        bench.chooseFile("save_List", "points");
+        QCOMPARE(contentsOf(m_folder + "/points.csv"), QByteArray("4,2,3\n"));
+    }
+
     void savingAsksBeforeItReplaces()
     {
         ListBench bench;
@@ -146,6 +158,28 @@ private slots:
         QCOMPARE(bench.rows(), QStringList("1 000 000,-5.5,1000"));
         bench.click("undo_List");
         QCOMPARE(bench.rows(), QStringList("9,9,9"));
+    }
+
+    void openingTellsAboutTheHeading_data()
+    {
+        testColumns<QByteArray, QString>("heading", "said");
+        testRow("none", QByteArray("8,8,8\n"), "");
+        testRow("words", QByteArray("Freq,Pow\n"),
+                "points.csv: the first line is a heading and was skipped");
+        testRow("units", QByteArray("MHz\n"),
+                "points.csv: the columns were converted from the units of the heading");
+        testRow("the table's own units", QByteArray("Hz,dBm,us\n"),
+                "points.csv: the first line is a heading and was skipped");
+        testRow("a foreign unit", QByteArray("Freq,Pow [mW]\n"),
+                "error: points.csv, line 1: the unit of \"Pow [mW]\" does not fit the column");
+    }
+    void openingTellsAboutTheHeading()
+    {
+        QFETCH(QByteArray, heading);
+        ListBench bench;
+        write(m_folder + "/points.csv", heading + "1,2,3\n");
+        bench.chooseFile("open_List", "points.csv");
+        QTEST(bench.said.join('|'), "said");
     }
 
     void openingKeepsTheTable_data()
