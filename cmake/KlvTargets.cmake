@@ -21,11 +21,6 @@ if(KLV_FUZZ)
   target_compile_definitions(klv_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
-# For code of libraries that are loaded at run time: with symbols that are unique in a process they
-# would never be unloaded, and be found again by a name that is meant for another one.
-add_library(klv_unloadable INTERFACE)
-target_compile_options(klv_unloadable INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
-
 # klv_library(NAME SOURCES file... [LINK library...])
 # A static library of one folder. Headers with Q_OBJECT and forms need no listing.
 function(klv_library name)
