@@ -413,6 +413,7 @@ private:
 
     void typeOver(const char* name)
     {
+        m_rig->get(name).setFocus();
         m_rig->get<QLineEdit>(name).selectAll();
         QTest::keyClicks(&m_rig->get(name), "9");
     }
