@@ -82,9 +82,8 @@ ViStatus UsbtmcDevice::controlRemote(VisaCall& call, ViUInt16 mode)
     return transfer(call, [this, mode] { return m_transport.controlRemote(mode); });
 }
 
-void UsbtmcDevice::watchService(std::function<void()> onRequest)
+void UsbtmcDevice::watchService(const std::function<void()>& onRequest)
 {
     if (!m_serviceWatch)
-        m_serviceWatch =
-            std::make_unique<ServiceWatch>(*m_node, m_node->descriptor(), std::move(onRequest));
+        m_serviceWatch = std::make_unique<ServiceWatch>(*m_node, m_node->descriptor(), onRequest);
 }

@@ -27,7 +27,7 @@ public:
     ViStatus readStatusByte(VisaCall& call, ViUInt16& status) override;
     ViStatus controlRemote(VisaCall& call, ViUInt16 mode) override;
     bool canAskForService() const override { return m_instrument.asksForService; }
-    void watchService(std::function<void()> onRequest) override;
+    void watchService(const std::function<void()>& onRequest) override;
 
 private:
     template <typename Action>

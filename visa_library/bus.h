@@ -71,7 +71,7 @@ public:
     virtual bool takeServiceRequest() { return false; }
     /// Where it may do so at any time: calls from a thread, with the library unlocked, whenever it
     /// does, until the device is closed. Called again it changes nothing.
-    virtual void watchService(std::function<void()> /*onRequest*/) {}
+    virtual void watchService(const std::function<void()>& /*onRequest*/) {}
 };
 
 /// A text attribute as it is answered.
