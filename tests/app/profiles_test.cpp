@@ -11,6 +11,7 @@
 #include "ui/files/user_folder.h"
 
 #include <QLineEdit>
+#include <QTableWidget>
 
 /// Profiles of the real window: whatever is set comes back, on the panels and in the instrument.
 class ProfilesTest : public PanelTest
@@ -356,6 +357,28 @@ private slots:
         QVERIFY(!m_rig->isChecked("rectangle_select"));
         if (ending == "closeWindow")
             QCOMPARE(m_demo->takeTranscript(), QStringList());
+    }
+
+    void theListComesBack()
+    {
+        const auto rowCount = [this] { return m_rig->get<QTableWidget>("table_List").rowCount(); };
+        const auto setRows = [this](int count) {
+            m_rig->get<QTableWidget>("table_List").setRowCount(count);
+        };
+        StartOptions clean = PanelRig::defaultOptions();
+        clean.isClean = true;
+        startProgram();
+        setRows(2);
+        startProgram();
+        QCOMPARE(rowCount(), 2);
+        startProgram(clean);
+        QCOMPARE(rowCount(), 0);
+        setRows(5);
+        startProgram();
+        QCOMPARE(rowCount(), 2);
+        setRows(0);
+        startProgram();
+        QCOMPARE(rowCount(), 0);
     }
 
 private:
