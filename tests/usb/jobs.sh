@@ -42,7 +42,7 @@ run() {
     echo "== ${1##*/}, after $(cut -d' ' -f1 /proc/uptime) s"
     "$@" || failed=1
 }
-names=(library pyvisa panel bench)
+names=(library pyvisa panel)
 functions=()
 if (($# > 2)); then
     names=("$3")

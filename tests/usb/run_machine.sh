@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Boots a kernel in a virtual machine that has the host's root file system to read, and runs a
 # command there; its exit status is this script's: run_machine.sh KERNEL_FOLDER COMMAND [ARGUMENT...]
-# No argument may contain blanks or commas.
+# No argument may contain blanks or commas. KLV_MACHINE_OPTIONS goes to the machine.
 set -euo pipefail
 kernel=$1
 shift
@@ -26,6 +26,7 @@ accelerator=tcg
 if grep -qwE 'vmx|svm' /proc/cpuinfo && [[ -w /dev/kvm ]]; then
     accelerator=kvm
 fi
+read -ra options <<<"${KLV_MACHINE_OPTIONS:-}"
 jobs=$(IFS=,; echo "$*")
 # A clock that has its frequency from the machine: measured by a kernel on a busy host it may be
 # wrong many times over.
@@ -37,7 +38,7 @@ timeout --foreground "${KLV_MACHINE_SECONDS:-1500}" qemu-system-x86_64 \
     -device isa-debug-exit,iobase=0x501,iosize=1 \
     -fsdev local,id=host,path=/,security_model=none,readonly=on,multidevs=remap \
     -device virtio-9p-pci,fsdev=host,mount_tag=host \
-    ${KLV_MACHINE_OPTIONS:-} -kernel "$kernel/vmlinux" -initrd "$work/initramfs" \
+    "${options[@]}" -kernel "$kernel/vmlinux" -initrd "$work/initramfs" \
     -append "console=ttyS0 quiet loglevel=3 panic=-1 mitigations=off $clock jobs=$jobs" \
     </dev/null || status=$?
 # Twice the jobs' status and one; even after a crash, or when time is out.
