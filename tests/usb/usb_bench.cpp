@@ -69,6 +69,7 @@ void measureSearch()
 
 void measureConnecting(const Gadget& gadget)
 {
+    pauses().share = 1.0; // as the program
     StartOptions options = PanelRig::defaultOptions();
     options.visaLibrary = QStringLiteral(KLV_USB_LIBRARY);
     options.isClean = true;
