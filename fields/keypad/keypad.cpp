@@ -13,6 +13,7 @@
 #include "numbers/unit_keys.h"
 #include "ui/named.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QIcon>
@@ -381,7 +382,8 @@ void Keypad::commit(const QString& text)
     close();
     if (field)
         field->commit(text);
-    if (!field || isVisible())
+    // A question that the commit has opened keeps the focus.
+    if (!field || isVisible() || QApplication::activeModalWidget())
         return;
     // A committed number is shown unselected.
     field->setFocus();

@@ -63,7 +63,8 @@ private slots:
         auto& about = m_rig->get<Form>("Form");
         about.showAbout();
         about.hide();
-        QCOMPARE(m_rig->text("lbl_Library"), "VISA library: " + Demo::libraryPath());
+        QCOMPARE(m_rig->text("lbl_Library"),
+                 "VISA library: " + QDir::toNativeSeparators(Demo::libraryPath()));
         const auto labels = about.findChildren<QLabel*>();
         for (const QLabel* label : labels)
             texts << label->text();
