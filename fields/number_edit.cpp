@@ -292,8 +292,8 @@ bool NumberEdit::leave(QFocusEvent* event)
         return isTaken;
     refill();
     auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
-    if (m_stepping && button && !button->property("takesFocus").toBool() &&
-        event->reason() == Qt::MouseFocusReason)
+    if (m_stepping && button && button->window() == window() &&
+        !button->property("takesFocus").toBool() && event->reason() == Qt::MouseFocusReason)
         new ClickReturn(*this, *button);
     return isTaken;
 }

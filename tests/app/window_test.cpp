@@ -6,6 +6,7 @@
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
