@@ -111,10 +111,11 @@ void CwControls::on_POW_editingFinished()
         m_ui.power.setText(wanted);
         sendPower();
     };
-    // Until it is answered, the field shows the level at the output.
-    if (m_guard.ask(fromDbm, wantedDbm, raise))
+    // Until it is answered, the field shows the level at the output: before it is asked, since the
+    // question takes the focus, and a field that is left with another text commits it.
+    if (m_guard.wouldAsk(fromDbm, wantedDbm))
         field.showAccepted(field.acceptedText());
-    else
+    if (!m_guard.ask(fromDbm, wantedDbm, raise))
         sendPower();
 }
 
