@@ -2,28 +2,31 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <libudev.h>
+#include <filesystem>
+#include <fstream>
 
 namespace
 {
 
-/// A libudev object with the function that releases it.
-template <class Type>
-using Owned = std::unique_ptr<Type, Type* (*)(Type*)>;
+/// The driver's nodes; each has its USB interface for "device", and that in the USB device.
+constexpr char nodesFolder[] = "/sys/class/usbmisc";
+constexpr std::string_view nodePrefix = "usbtmc";
 
-std::string attribute(udev_device* device, const char* name)
+/// Of a folder in sysfs, without the end of its line; empty where it is not told.
+std::string attribute(const std::string& folder, const char* name)
 {
-    const char* value = udev_device_get_sysattr_value(device, name);
-    return value == nullptr ? "" : value;
+    std::string value;
+    std::getline(std::ifstream(folder + name), value);
+    return value;
 }
 
-ViUInt16 number(udev_device* device, const char* name, int base)
+ViUInt16 number(const std::string& folder, const char* name)
 {
-    return static_cast<ViUInt16>(std::strtoul(attribute(device, name).c_str(), nullptr, base));
+    return static_cast<ViUInt16>(std::strtoul(attribute(folder, name).c_str(), nullptr, 16));
 }
 
 /// A serial number as resource names can hold it: colons separate their parts.
-std::string serialOf(udev_device* device)
+std::string serialOf(const std::string& device)
 {
     constexpr size_t longest = 126; // characters of a USB string
     std::string serial = attribute(device, "serial").substr(0, longest);
@@ -31,10 +34,17 @@ std::string serialOf(udev_device* device)
     return serial;
 }
 
-unsigned long nodeNumber(udev_device* node)
+std::vector<unsigned long> nodeNumbers()
 {
-    const char* number = udev_device_get_sysnum(node);
-    return number == nullptr ? 0 : std::strtoul(number, nullptr, 10);
+    std::vector<unsigned long> numbers;
+    std::error_code error;
+    for (const auto& entry : std::filesystem::directory_iterator(nodesFolder, error)) {
+        const std::string name = entry.path().filename();
+        if (name.compare(0, nodePrefix.size(), nodePrefix) == 0)
+            numbers.push_back(std::strtoul(name.c_str() + nodePrefix.size(), nullptr, 10));
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
 }
 
 bool isSame(const ResourceName& a, const ResourceName& b)
@@ -43,30 +53,29 @@ bool isSame(const ResourceName& a, const ResourceName& b)
 }
 
 /// Nothing for a node whose instrument has just been pulled.
-void append(std::vector<PluggedIn>& found, udev_device* node)
+void append(std::vector<PluggedIn>& found, unsigned long nodeNumber)
 {
-    udev_device* interface =
-        udev_device_get_parent_with_subsystem_devtype(node, "usb", "usb_interface");
-    udev_device* device = udev_device_get_parent_with_subsystem_devtype(node, "usb", "usb_device");
-    const char* path = udev_device_get_devnode(node);
-    if (interface == nullptr || device == nullptr || path == nullptr)
-        return;
+    const std::string node = std::string(nodePrefix) + std::to_string(nodeNumber);
+    const std::string interface = std::string(nodesFolder) + '/' + node + "/device/";
+    const std::string device = interface + "../";
     PluggedIn each;
     ResourceName& name = each.resource.name;
-    name.vendor = number(device, "idVendor", 16);
-    name.product = number(device, "idProduct", 16);
+    name.vendor = number(device, "idVendor");
+    if (name.vendor == 0)
+        return;
+    name.product = number(device, "idProduct");
     name.serial = serialOf(device);
-    name.interfaceNumber = number(interface, "bInterfaceNumber", 16);
+    name.interfaceNumber = number(interface, "bInterfaceNumber");
     name.isInterfaceNamed = name.interfaceNumber != 0;
     const bool isTaken = std::any_of(found.begin(), found.end(), [&](const PluggedIn& other) {
         return isSame(other.resource.name, name);
     });
     if (name.serial.empty() || isTaken)
-        name.board = static_cast<ViUInt16>(nodeNumber(node));
+        name.board = static_cast<ViUInt16>(nodeNumber);
     each.resource.maker = attribute(device, "manufacturer");
     each.resource.model = attribute(device, "product");
-    each.node = path;
-    each.asksForService = number(interface, "bNumEndpoints", 16) > 2;
+    each.node = "/dev/" + node;
+    each.asksForService = number(interface, "bNumEndpoints") > 2;
     found.push_back(std::move(each));
 }
 
@@ -75,27 +84,7 @@ void append(std::vector<PluggedIn>& found, udev_device* node)
 std::vector<PluggedIn> pluggedIn()
 {
     std::vector<PluggedIn> found;
-    const Owned<udev> context(udev_new(), udev_unref);
-    const Owned<udev_enumerate> nodes(context ? udev_enumerate_new(context.get()) : nullptr,
-                                      udev_enumerate_unref);
-    if (!nodes)
-        return found;
-    udev_enumerate_add_match_subsystem(nodes.get(), "usbmisc");
-    udev_enumerate_add_match_sysname(nodes.get(), "usbtmc*");
-    udev_enumerate_scan_devices(nodes.get());
-    std::vector<Owned<udev_device>> devices;
-    for (udev_list_entry* entry = udev_enumerate_get_list_entry(nodes.get()); entry != nullptr;
-         entry = udev_list_entry_get_next(entry)) {
-        Owned<udev_device> device(
-            udev_device_new_from_syspath(context.get(), udev_list_entry_get_name(entry)),
-            udev_device_unref);
-        if (device)
-            devices.push_back(std::move(device));
-    }
-    std::sort(devices.begin(), devices.end(), [](const auto& a, const auto& b) {
-        return nodeNumber(a.get()) < nodeNumber(b.get());
-    });
-    for (const auto& device : devices)
-        append(found, device.get());
+    for (const unsigned long nodeNumber : nodeNumbers())
+        append(found, nodeNumber);
     return found;
 }

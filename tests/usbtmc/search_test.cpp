@@ -63,33 +63,35 @@ private slots:
     }
 
     // Its node is still listed, what it hangs on is gone.
-    void passesOverWhatIsBeingPulled()
+    void passesOverWhatIsPulledOrNoInstrument()
     {
-        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "usbtmc0", nullptr, nullptr,
-                                           "DEVNAME", "/dev/usbtmc0", nullptr));
-        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", "hiddev0", nullptr, nullptr,
-                                           "DEVNAME", "/dev/hiddev0", nullptr));
+        g_free(addNode("usbtmc0"));
+        plug(0, "A", "00", "02", "hiddev");
         QVERIFY(pluggedIn().empty());
     }
 
 private:
+    char* addNode(const QByteArray& name, const char* parent = nullptr)
+    {
+        return umockdev_testbed_add_device(m_bus.get(), "usbmisc", name.constData(), parent,
+                                           nullptr, nullptr);
+    }
+
     void plug(int number, const QByteArray& serial, const char* interface = "00",
-              const char* endpoints = "02")
+              const char* endpoints = "02", const char* driver = "usbtmc")
     {
         const QByteArray port = "1-" + QByteArray::number(9 - number); // in another order
-        char* device = umockdev_testbed_add_device(m_bus.get(), "usb", port.constData(), nullptr,
-                                                   "idVendor", "5645", "idProduct", "0001",
-                                                   "manufacturer", "Veltro", "product", "KLV-6G",
-                                                   nullptr, "DEVTYPE", "usb_device", nullptr);
+        char* device = umockdev_testbed_add_device(
+            m_bus.get(), "usb", port.constData(), nullptr, "idVendor", "5645", "idProduct", "0001",
+            "manufacturer", "Veltro", "product", "KLV-6G", nullptr, nullptr);
         if (!serial.isEmpty())
             umockdev_testbed_set_attribute(m_bus.get(), device, "serial", serial.constData());
         char* itsInterface = umockdev_testbed_add_device(
             m_bus.get(), "usb", (port + ":1.0").constData(), device, "bInterfaceNumber", interface,
-            "bNumEndpoints", endpoints, nullptr, "DEVTYPE", "usb_interface", nullptr);
-        const QByteArray node = "usbtmc" + QByteArray::number(number);
-        g_free(umockdev_testbed_add_device(m_bus.get(), "usbmisc", node.constData(), itsInterface,
-                                           nullptr, "DEVNAME", ("/dev/" + node).constData(),
-                                           nullptr));
+            "bNumEndpoints", endpoints, nullptr, nullptr);
+        char* node = addNode(driver + QByteArray::number(number), itsInterface);
+        umockdev_testbed_set_attribute_link(m_bus.get(), node, "device", "..");
+        g_free(node);
         g_free(itsInterface);
         g_free(device);
     }
