@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 namespace
 {
@@ -55,9 +56,10 @@ void InstrumentSource::loadLibrary()
 {
     m_visa.load(libraryName().toLocal8Bit().constData());
     const QString own = ownLibraryPath();
-    m_isOwnLibrary = isFreeToChoose() && m_visa.unresolvedCount() < 0 && !own.isEmpty();
-    if (m_isOwnLibrary)
+    if (isFreeToChoose() && m_visa.unresolvedCount() < 0 && !own.isEmpty())
         m_visa.load(own.toLocal8Bit().constData());
+    // It may have been named, too.
+    m_isOwnLibrary = !own.isEmpty() && QFileInfo(m_visa.fileName()).canonicalFilePath() == own;
 }
 
 StatusWords InstrumentSource::libraryWords() const

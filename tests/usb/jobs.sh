@@ -3,7 +3,7 @@
 # them, or the one that is named: jobs.sh SOURCE BUILD [library|pyvisa|panel|bench [FUNCTION...]]
 set -uo pipefail
 source=$1
-tests=$2/tests/usb
+tests=$2/tests
 export QT_QPA_PLATFORM=offscreen HOME=/tmp/home XDG_RUNTIME_DIR=/tmp/runtime
 export XDG_CONFIG_HOME=/tmp/config
 # Or udevadm does nothing here.

@@ -1,4 +1,4 @@
-#include "link/pause.h"
+#include "connection/gui_list_klv.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "tests/usb/gadget.h"
@@ -8,6 +8,8 @@
 #include <QTableWidget>
 
 #include <csignal>
+#include <grp.h>
+#include <unistd.h>
 
 namespace
 {
@@ -26,12 +28,12 @@ class UsbPanelTest : public PanelTest
     Q_OBJECT
 
 private slots:
-    void initTestCase() { m_other.unplug(); }
     void cleanupTestCase() { m_other("plug"); }
 
     void init()
     {
         PanelTest::init();
+        m_other.unplug();
         m_gadget.plugInAnew();
     }
 
@@ -84,6 +86,34 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(isGone(), longestMs);
         QVERIFY(!m_rig->isChecked("button_List"));
         comesBack();
+    }
+
+    void tellsWhyTheInstrumentCannotBeOpened()
+    {
+        begin(overUsb());
+        constexpr id_t nobody = 65534;
+        QVERIFY(setgroups(0, nullptr) == 0 && setresgid(nobody, nobody, 0) == 0 &&
+                setresuid(nobody, nobody, 0) == 0);
+        m_rig->connectDevice();
+        QVERIFY(setresuid(0, 0, 0) == 0 && setresgid(0, 0, 0) == 0);
+        QVERIFY2(m_rig->status().contains("/dev/usbtmc0: install the udev rule 70-klv.rules"),
+                 qPrintable(m_rig->status()));
+        connectTo();
+    }
+
+    void userChoosesAmongTwo()
+    {
+        m_other.plugInAnew();
+        begin(overUsb());
+        m_rig->connectDevice();
+        auto* chooser = qobject_cast<GuiListKLV*>(QApplication::activeModalWidget());
+        QVERIFY(chooser);
+        const auto buttons = chooser->widget()->findChildren<QPushButton*>();
+        QCOMPARE(buttons.at(0)->text(), QString("KLV-20G\n20215678"));
+        QTest::mouseClick(buttons.at(1), Qt::LeftButton);
+        QTRY_VERIFY_WITH_TIMEOUT(isReady(), longestMs);
+        QCOMPARE(m_rig->device(), QString("KLV-6G 1111"));
+        QCOMPARE(taken(), QStringList());
     }
 
 private:
