@@ -63,6 +63,7 @@ public:
     const QString& name() const { return m_name; }
     const QString& loadError() const { return m_loadError; }
 
+    // NOLINTBEGIN(bugprone-macro-parentheses): a type takes none
 #define KLV_VISA_ENTRY(result, convention, name, parameters)                                       \
     using name##_t = result(convention*) parameters;                                               \
     name##_t name = visa_placeholder::Placeholder<name##_t>::call;
@@ -74,6 +75,7 @@ public:
 #undef KLV_VISA_VARIADIC_ENTRY
 #undef KLV_VISA_FIXED_ENTRY
 #undef KLV_VISA_ENTRY
+    // NOLINTEND(bugprone-macro-parentheses)
 
 private:
     void resolveAll();
