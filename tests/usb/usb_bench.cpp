@@ -49,7 +49,7 @@ void printComparison(const char* what, const Comparison& compared)
 
 void measureQuery()
 {
-    constexpr int queries = 100;
+    constexpr int queries = 40;
     UsbSession usb;
     usb.open(Gadget(0).address());
     char reply[256];
@@ -57,7 +57,7 @@ void measureQuery()
     Node node;
     printComparison("query",
                     comparedInTurns(
-                        9, [&] { return microsecondsOf(queries, query); },
+                        25, [&] { return microsecondsOf(queries, query); },
                         [&] { return microsecondsOf(queries, [&] { node.send("FREQ?\n"); }); }));
 }
 
