@@ -13,12 +13,6 @@
 #include <functional>
 
 using Action = std::function<void(KeypadRig&)>;
-Q_DECLARE_METATYPE(Action)
-
-static void row(const char* name, const Action& action)
-{
-    testRow(name, action);
-}
 
 class KeypadWindowTest : public QObject
 {
@@ -27,9 +21,24 @@ class KeypadWindowTest : public QObject
 private slots:
     void initTestCase() { applyTheme(*qApp, ThemeName::Light, false); }
 
-    void closes_data()
+    void closes()
     {
-        testColumns<Action>("action");
+        const auto row = namedRows([](const Action& action) {
+            KeypadRig rig;
+            const QPointer<NumberEdit> field = rig.field;
+            rig.open("50");
+            QVERIFY(rig.keypad->isVisible());
+            rig.clickKeys("12");
+            action(rig);
+            QTRY_VERIFY(!rig.keypad->isVisible());
+            QCOMPARE(rig.keypad->field(), nullptr);
+            // A key pressed too late does nothing.
+            for (const char* name : {"enter", "unit_9", "up", "step", "5"})
+                rig.click(name);
+            QCOMPARE(rig.committed.count(), 0);
+            if (field)
+                QCOMPARE(field->text(), QString("50"));
+        });
         row("Escape", [](KeypadRig& rig) { QTest::keyClick(rig.entry(), Qt::Key_Escape); });
         row("cross", [](KeypadRig& rig) {
             QTest::mouseClick(rig.keypad->findChild<QToolButton*>("keypad_close"), Qt::LeftButton);
@@ -45,25 +54,6 @@ private slots:
         row("field deleted", [](KeypadRig& rig) { delete rig.field; });
         row("window closed", [](KeypadRig& rig) { rig.close(); });
         row("dialog opened", [](KeypadRig& rig) { (new QDialog(&rig))->open(); });
-    }
-
-    void closes()
-    {
-        QFETCH(Action, action);
-        KeypadRig rig;
-        const QPointer<NumberEdit> field = rig.field;
-        rig.open("50");
-        QVERIFY(rig.keypad->isVisible());
-        rig.clickKeys("12");
-        action(rig);
-        QTRY_VERIFY(!rig.keypad->isVisible());
-        QCOMPARE(rig.keypad->field(), nullptr);
-        // A key pressed too late does nothing.
-        for (const char* name : {"enter", "unit_9", "up", "step", "5"})
-            rig.click(name);
-        QCOMPARE(rig.committed.count(), 0);
-        if (field)
-            QCOMPARE(field->text(), QString("50"));
     }
 
     void turnsToAnotherField()
@@ -90,9 +80,21 @@ private slots:
         QCOMPARE(rig.field->text(), QString("51"));
     }
 
-    void commitMayDoAnything_data()
+    void commitMayDoAnything()
     {
-        testColumns<Action>("action");
+        const auto row = namedRows([](const Action& action) {
+            for (const char* finish : {"unit_6", "up"}) {
+                KeypadRig rig;
+                connect(rig.field, &QLineEdit::editingFinished, &rig, [&] { action(rig); });
+                rig.keypad->openFor(rig.field);
+                rig.clickKeys("2");
+                rig.click(finish);
+                QCOMPARE(rig.committed.count(), 1);
+                QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+                QVERIFY(!rig.keypad->isVisible() || rig.keypad->field() == rig.other ||
+                        rig.keypad->field() == rig.field);
+            }
+        });
         row("hides the field", [](KeypadRig& rig) { rig.field->hide(); });
         row("deletes the field", [](KeypadRig& rig) { rig.field->deleteLater(); });
         row("disables the field", [](KeypadRig& rig) { rig.field->setEnabled(false); });
@@ -102,22 +104,6 @@ private slots:
             QTimer::singleShot(0, &dialog, &QDialog::accept);
             dialog.exec();
         });
-    }
-
-    void commitMayDoAnything()
-    {
-        QFETCH(Action, action);
-        for (const char* finish : {"unit_6", "up"}) {
-            KeypadRig rig;
-            connect(rig.field, &QLineEdit::editingFinished, &rig, [&] { action(rig); });
-            rig.keypad->openFor(rig.field);
-            rig.clickKeys("2");
-            rig.click(finish);
-            QCOMPARE(rig.committed.count(), 1);
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-            QVERIFY(!rig.keypad->isVisible() || rig.keypad->field() == rig.other ||
-                    rig.keypad->field() == rig.field);
-        }
     }
 
     void doubleClicks()
@@ -170,27 +156,24 @@ private slots:
         QCOMPARE(rig.committed.count(), 2);
     }
 
-    void placing_data()
-    {
-        testColumns<QRect, QPoint>("field", "place");
-        // A window of 300 by 400 on a screen of 1000 by 800 that starts at (100, 50).
-        testRow("below", QRect(500, 100, 200, 30), QPoint(400, 138));
-        testRow("above", QRect(500, 700, 200, 30), QPoint(400, 292));
-        testRow("right", QRect(200, 430, 200, 30), QPoint(408, 430));
-        testRow("left", QRect(800, 440, 250, 30), QPoint(492, 440));
-        testRow("left edge", QRect(110, 100, 100, 30), QPoint(100, 138));
-        testRow("right edge", QRect(1000, 100, 300, 30), QPoint(800, 138));
-        testRow("no room", QRect(110, 60, 980, 780), QPoint(790, 450));
-        testRow("off the screen", QRect(5000, 5000, 10, 10), QPoint(800, 450));
-    }
-
     void placing()
     {
-        QFETCH(QRect, field);
         const QSize window(300, 400);
         const QRect screen(100, 50, 1000, 800);
-        QTEST(placeBeside(field, window, screen), "place");
-        QCOMPARE(placeBeside(field, screen.size() * 2, screen), screen.topLeft());
+        const std::pair<QRect, QPoint> places[] = {
+            {{500, 100, 200, 30}, {400, 138}},  // below
+            {{500, 700, 200, 30}, {400, 292}},  // above
+            {{200, 430, 200, 30}, {408, 430}},  // right
+            {{800, 440, 250, 30}, {492, 440}},  // left
+            {{110, 100, 100, 30}, {100, 138}},  // at the left edge
+            {{1000, 100, 300, 30}, {800, 138}}, // at the right edge
+            {{110, 60, 980, 780}, {790, 450}},  // no room
+            {{5000, 5000, 10, 10}, {800, 450}}, // off the screen
+        };
+        for (const auto& [field, place] : places) {
+            QCOMPARE(placeBeside(field, window, screen), place);
+            QCOMPARE(placeBeside(field, screen.size() * 2, screen), screen.topLeft());
+        }
     }
 };
 

@@ -1,74 +1,73 @@
 #include "numbers/quantity_text.h"
+
+#include "numbers/readable_quantity.h"
 #include "tests/numbers/text_pairs.h"
 
-#include <QtTest>
+using K = FieldKind;
 
-Q_DECLARE_METATYPE(FieldKind)
-
+/// Quantities with their units, as texts that people write and read.
 class QuantityTextTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     /// "-" stands for a text that cannot be read.
-    void reads_data()
-    {
-        testColumns<FieldKind, int, QString, QString>("kind", "plainPower", "text", "number");
-        using K = FieldKind;
-        pairRows("frequency",
-                 {"2450 MHz=2450000000", "2.45E+09=2450000000", "2,45 ГГц=2450000000", "5к=5000",
-                  "1,500=1.5", "1,500.25=1500.25", "1.500.000,25 hz=1500000.25",
-                  "1\u00a0500\u202f000=1500000", "1 2=-", "1,50,000=-", "1,234,5678=-", "5 ms=-",
-                  "5 MHz 3=-", "100\n200=-", "1.2.3=-", "\u0663=-"},
-                 K::Frequency, 0);
-        pairRows("power", {"\u221210 дБм=-10", "- 123=-123", "-10 dB=-", "--5=-", "5-3=-", "=-"},
-                 K::Power, 0);
-        pairRows("dwell", {"1 s=1000000", "20 нс=0.02"}, K::Dwell, 0);
-        pairRows("width in ms", {"20 \u00b5s=0.02", "20=20"}, K::PulseWidth, 3);
-        pairRows("amplitude", {"250 mV=0.25"}, K::LfAmplitude, 0);
-        pairRows("duty", {"50 %=50"}, K::Duty, 0);
-        pairRows("reference", {"10000 kHz=10"}, K::ExternalReference, 0);
-        pairRows("phase", {"5 mrad=0.005"}, K::PmDeviation, 0);
-        pairRows("points", {"5 k=-"}, K::PointCount, 0);
-    }
-
     void reads()
     {
-        QFETCH(FieldKind, kind);
-        QFETCH(int, plainPower);
-        QFETCH(QString, text);
-        QTEST(readQuantity(text, kind, plainPower).value_or("-"), "number");
+        const auto check = [](K kind, int plainPower, const QStringList& pairs) {
+            checkPairs(pairs, [=](const QString& text) {
+                return readQuantity(text, kind, plainPower).value_or("-");
+            });
+        };
+        check(K::Frequency, 0,
+              {"2450 MHz=2450000000", "2.45E+09=2450000000", "2,45 ГГц=2450000000", "5к=5000",
+               "1,500=1.5", "1,500.25=1500.25", "1.500.000,25 hz=1500000.25",
+               "1\u00a0500\u202f000=1500000", "1 2=-", "1,50,000=-", "1,234,5678=-", "5 ms=-",
+               "5 MHz 3=-", "100\n200=-", "1.2.3=-", "\u0663=-"});
+        check(K::Power, 0, {"\u221210 дБм=-10", "- 123=-123", "-10 dB=-", "--5=-", "5-3=-", "=-"});
+        check(K::Dwell, 0, {"1 s=1000000", "20 нс=0.02"});
+        check(K::PulseWidth, 3, {"20 \u00b5s=0.02", "20=20"});
+        check(K::LfAmplitude, 0, {"250 mV=0.25"});
+        check(K::Duty, 0, {"50 %=50"});
+        check(K::ExternalReference, 0, {"10000 kHz=10"});
+        check(K::PmDeviation, 0, {"5 mrad=0.005"});
+        check(K::PointCount, 0, {"5 k=-"});
     }
 
-    void headings_data()
-    {
-        testColumns<QString, FieldKind, QString>("heading", "kind", "unit");
-        const auto row = [](const char* heading, FieldKind kind, const char* unit) {
-            testRow(heading, QString::fromUtf8(heading), kind, unit);
-        };
-        row("Freq [Hz]", FieldKind::Frequency, "0");
-        row("\"Frequency (GHz), coarse\"", FieldKind::Frequency, "9");
-        row("freq_mhz", FieldKind::Frequency, "6");
-        row("Частота, кГц", FieldKind::Frequency, "3");
-        row("Dwell [ms]", FieldKind::Dwell, "3");
-        row("Время, с", FieldKind::Dwell, "6");
-        row("Dwell [\u03bcs]", FieldKind::Dwell, "0");
-        row("Pow [dBm]", FieldKind::Power, "0");
-        row("Pow [mW]", FieldKind::Power, "foreign");
-        row("Level (MHz)", FieldKind::Power, "foreign");
-        row("Frequency", FieldKind::Frequency, "0");
-        row("Start of time's", FieldKind::Frequency, "0");
-        row("Freq [first]", FieldKind::Frequency, "0");
-        row("", FieldKind::Dwell, "0");
-    }
     void headings()
     {
-        QFETCH(QString, heading);
-        QFETCH(FieldKind, kind);
-        const HeadingUnit unit = headingUnit(heading, kind);
-        QTEST(unit.isForeign ? QString("foreign") : QString::number(unit.powerOfTen), "unit");
+        const auto check = [](K kind, const QStringList& pairs) {
+            checkPairs(pairs, [kind](const QString& heading) {
+                const HeadingUnit unit = headingUnit(heading, kind);
+                return unit.isForeign ? QString("foreign") : QString::number(unit.powerOfTen);
+            });
+        };
+        check(K::Frequency,
+              {"Freq [Hz]=0", "\"Frequency (GHz), coarse\"=9", "freq_mhz=6", "Частота, кГц=3",
+               "Frequency=0", "Start of time's=0", "Freq [first]=0"});
+        check(K::Dwell, {"Dwell [ms]=3", "Время, с=6", "Dwell [\u03bcs]=0", "=0"});
+        check(K::Power, {"Pow [dBm]=0", "Pow [mW]=foreign", "Level (MHz)=foreign"});
+    }
+
+    void readable()
+    {
+        const auto check = [](Unit unit, int digits, const QStringList& pairs) {
+            checkPairs(pairs, [=](const QString& value) {
+                return readableQuantity(value.toDouble(), unit, digits);
+            });
+        };
+        check(Unit::Hertz, 5,
+              {"1000=1 kHz", "2.5e9=2.5 GHz", "0.0015625=1.5625 mHz", "999999.9=1 MHz",
+               "5e12=5000 GHz", "1000000001=1 GHz"});
+        check(Unit::Hertz, 10, {"1000000001=1.000000001 GHz"});
+        check(Unit::Second, 5,
+              {"0.00025=250 µs", "86400=86400 s", "1e6=1000000 s", "-0=0 s", "1e-13=0.1 ps"});
+        check(Unit::Volt, 5, {"1=1 V"});
+        check(Unit::Radian, 5, {"-0.001=\u22121 mrad"});
+        check(Unit::Percent, 5, {"0.001=0.001 %"});
+        check(Unit::Dbm, 5, {"-0.25=\u22120.25 dBm"});
     }
 };
 
-QTEST_APPLESS_MAIN(QuantityTextTest)
+QTEST_MAIN(QuantityTextTest)
 #include "quantity_text_test.moc"

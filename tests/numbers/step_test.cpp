@@ -1,55 +1,48 @@
 #include "numbers/step_table.h"
+#include "numbers/stepping.h"
 #include "tests/numbers/text_pairs.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
-Q_DECLARE_METATYPE(StepKind)
+using K = StepKind;
 
+/// Step sizes, and what a step makes of a number's text.
 class StepTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     /// For each kind: rounding, upper bound, lower bound.
-    void accepted_data()
-    {
-        testColumns<StepKind, double, double, QString, QString>("kind", "min", "max", "typed",
-                                                                "written");
-        using K = StepKind;
-        pairRows("frequency", {"1 234.5=1 235", "30G=19 999 991 000", "0.4=1"}, K::Frequency, 9e3,
-                 2e10);
-        pairRows("power", {"1.6=2", "0.4=1", "nan=1", "-=1", "=1"}, K::Power, -120.0, 13.5);
-        pairRows("points", {"2.5=1", "1e5=1"}, K::PointCount, 1.0, 10000.0);
-        pairRows("time", {"99.5=100", "1m=1 000"}, K::Time, 10.0, 1010.0);
-        pairRows("period", {"2.56=2.6"}, K::PulsePeriod, 1.0, 1001.0);
-        pairRows("width", {"2.56=2.6"}, K::PulseWidth, 1.0, 1001.0);
-        pairRows("AM rate", {"0.26=0.3"}, K::AmRate, 0.5, 100000.0);
-        pairRows("AM depth", {"1.239=1.24", "0.004=0.01"}, K::AmDepth, 10.0, 100.0);
-        for (const K duty : {K::AmDuty, K::FmDuty, K::PmDuty, K::LfDuty})
-            pairRows(stepKey(duty), {"7=7", "0.9=1", "99=90"}, duty, 5.0, 95.0);
-        for (const K rate : {K::FmRate, K::PmRate, K::LfFrequency})
-            pairRows(stepKey(rate), {"1.25=1.3", "0=0.1", "9M=99 999.5"}, rate, 0.5, 100000.0);
-        pairRows("FM deviation", {"0.0015625=0.001563", "0=0.000001"}, K::FmDeviation, 0.0, 1e6);
-        pairRows("PM deviation", {"0.12345=0.123", "50=10", "0=0.001"}, K::PmDeviation, 0.0001,
-                 9.9999);
-        pairRows("PM deviation's span", {"50=9"}, K::PmDeviation, 0.5, 9.5);
-        pairRows("LF amplitude", {"12m=0.012", "0.0004=0.001"}, K::LfAmplitude, 0.0, 2.0);
-        pairRows("lower bound over a smaller span", {"3=1"}, K::Power, 10.0, 10.5);
-        pairRows("maximum below the lower bound", {"3=0.1"}, K::AmRate, -1.0, 0.05);
-        pairRows("no limits", {"25G=25 000 000 000", "1e300=1 000 000 000 000"}, K::Frequency, 0.0,
-                 0.0);
-        pairRows("no limits, 32 bits", {"99999999999999999999=2 147 483 647"}, K::AmDuty, 0.0, 0.0);
-    }
-
     void accepted()
     {
-        QFETCH(StepKind, kind);
-        QFETCH(double, min);
-        QFETCH(double, max);
-        QFETCH(QString, typed);
-        QTEST(stepText(acceptedStep(kind, typed, min, max)), "written");
+        const auto check = [](K kind, double min, double max, const QStringList& pairs) {
+            checkPairs(pairs, [=](const QString& typed) {
+                return stepText(acceptedStep(kind, typed, min, max));
+            });
+        };
+        check(K::Frequency, 9e3, 2e10, {"1 234.5=1 235", "30G=19 999 991 000", "0.4=1"});
+        check(K::Power, -120.0, 13.5, {"1.6=2", "0.4=1", "nan=1", "-=1", "=1"});
+        check(K::PointCount, 1.0, 10000.0, {"2.5=1", "1e5=1"});
+        check(K::Time, 10.0, 1010.0, {"99.5=100", "1m=1 000"});
+        check(K::PulsePeriod, 1.0, 1001.0, {"2.56=2.6"});
+        check(K::PulseWidth, 1.0, 1001.0, {"2.56=2.6"});
+        check(K::AmRate, 0.5, 100000.0, {"0.26=0.3"});
+        check(K::AmDepth, 10.0, 100.0, {"1.239=1.24", "0.004=0.01"});
+        for (const K duty : {K::AmDuty, K::FmDuty, K::PmDuty, K::LfDuty})
+            check(duty, 5.0, 95.0, {"7=7", "0.9=1", "99=90"});
+        for (const K rate : {K::FmRate, K::PmRate, K::LfFrequency})
+            check(rate, 0.5, 100000.0, {"1.25=1.3", "0=0.1", "9M=99 999.5"});
+        check(K::FmDeviation, 0.0, 1e6, {"0.0015625=0.001563", "0=0.000001"});
+        check(K::PmDeviation, 0.0001, 9.9999, {"0.12345=0.123", "50=10", "0=0.001"});
+        check(K::PmDeviation, 0.5, 9.5, {"50=9"});
+        check(K::LfAmplitude, 0.0, 2.0, {"12m=0.012", "0.0004=0.001"});
+        // The lower bound over a smaller span, and the maximum below it.
+        check(K::Power, 10.0, 10.5, {"3=1"});
+        check(K::AmRate, -1.0, 0.05, {"3=0.1"});
+        // No limits; of some there are 32 bits.
+        check(K::Frequency, 0.0, 0.0, {"25G=25 000 000 000", "1e300=1 000 000 000 000"});
+        check(K::AmDuty, 0.0, 0.0, {"99999999999999999999=2 147 483 647"});
     }
 
     void tableIsKept()
@@ -61,23 +54,23 @@ private slots:
             StepTable steps;
             steps.attach(&settings);
             QVERIFY(settings.allKeys().isEmpty());
-            QCOMPARE(steps.step(StepKind::LfAmplitude), 0.1);
+            QCOMPARE(steps.step(K::LfAmplitude), 0.1);
             for (int i = 0; i < stepKindCount; ++i)
-                QVERIFY(steps.setStep(static_cast<StepKind>(i), 2 + i));
-            QVERIFY(steps.setStep(StepKind::FmDeviation, 0.000001));
-            QVERIFY(steps.setStep(StepKind::Frequency, 19999991000.0));
-            QVERIFY(!steps.setStep(StepKind::AmDuty, 1.5));
-            QVERIFY(!steps.setStep(StepKind::Power, qQNaN()));
+                QVERIFY(steps.setStep(static_cast<K>(i), 2 + i));
+            QVERIFY(steps.setStep(K::FmDeviation, 0.000001));
+            QVERIFY(steps.setStep(K::Frequency, 19999991000.0));
+            QVERIFY(!steps.setStep(K::AmDuty, 1.5));
+            QVERIFY(!steps.setStep(K::Power, qQNaN()));
         }
         QSettings settings(path, QSettings::IniFormat);
         QCOMPARE(settings.value("Freq_Step").toString(), QString("19999991000"));
         QCOMPARE(settings.value("Point_Step").toInt(), 4);
         StepTable steps;
         steps.attach(&settings);
-        QCOMPARE(steps.step(StepKind::Frequency), 19999991000.0);
-        QCOMPARE(steps.step(StepKind::FmDeviation), 0.000001);
-        QCOMPARE(steps.step(StepKind::AmDuty), 10.0);
-        QCOMPARE(steps.step(StepKind::LfDuty), 19.0);
+        QCOMPARE(steps.step(K::Frequency), 19999991000.0);
+        QCOMPARE(steps.step(K::FmDeviation), 0.000001);
+        QCOMPARE(steps.step(K::AmDuty), 10.0);
+        QCOMPARE(steps.step(K::LfDuty), 19.0);
     }
 
     void damagedStore()
@@ -90,15 +83,70 @@ private slots:
             QVERIFY(file.open(QIODevice::WriteOnly));
             file.write("[General]\n");
             for (int i = 0; i < stepKindCount; ++i)
-                file.write(QString(stepKey(StepKind(i)) + '=' + stored + '\n').toUtf8());
+                file.write(QString(stepKey(K(i)) + '=' + stored + '\n').toUtf8());
             file.close();
             QSettings settings(path, QSettings::IniFormat);
             StepTable steps;
-            QVERIFY(steps.setStep(StepKind::Frequency, 5));
+            QVERIFY(steps.setStep(K::Frequency, 5));
             steps.attach(&settings);
             for (int i = 0; i < stepKindCount; ++i)
-                QVERIFY2(steps.step(StepKind(i)) == defaultStep(StepKind(i)), stored);
+                QVERIFY2(steps.step(K(i)) == defaultStep(K(i)), stored);
         }
+    }
+
+    void step()
+    {
+        const auto check = [](StepFlags flags, K kind, double size, const QStringList& up,
+                              const QStringList& down) {
+            for (const int direction : {1, -1})
+                checkPairs(direction > 0 ? up : down, [=](const QString& text) {
+                    return steppedText(text, direction, kind, size, flags);
+                });
+        };
+        const StepFlags plain{false, false};
+        const StepFlags silent{true, false};
+        const StepFlags floating{false, true};
+        check(plain, K::Frequency, 1e6,
+              {"1 000 000 000=1 001 000 000", "=1 000 000",
+               "9223372036854775807=9 223 372 036 854 775 807",
+               "999999999999999999999=9 223 372 036 854 775 807"},
+              {"100=- 999 900", "-999999999999999999999=-9 223 372 036 854 775 808"});
+        check(plain, K::Frequency, 1, {"9007199254740993=9 007 199 254 740 994"}, {"-=-1"});
+        check(silent, K::Frequency, 1000, {}, {"100=0"});
+        check(floating, K::Frequency, 0.5, {"999999.5=1 000 000"}, {});
+        check(plain, K::Power, 1, {"- 123=- 122"}, {"-0.5=-1.5"});
+        check(plain, K::AmDepth, 1, {}, {"0.5=0"});
+        check(floating, K::AmDepth, 1.5, {}, {"1.00=-0.5"});
+        check(plain, K::AmDepth, 0.1, {"0.2=0.3", "5=5"}, {});
+        check(plain, K::LfAmplitude, 0.1, {"1.900=2.000", "1.000=1.1"}, {"0.000=-0.1"});
+        check(plain, K::AmDuty, 5, {}, {"1=0"});
+        check(plain, K::Time, 100, {"1.2.3=100"}, {});
+    }
+
+    /// The cursor stands at "|"; a text that is no number stays, too.
+    void digit()
+    {
+        const auto check = [](int direction, bool stopAtZero, const QStringList& pairs) {
+            checkPairs(pairs, [=](QString text) {
+                const int cursor = text.indexOf('|');
+                const std::optional<int> place = decimalPlaceAt(text.remove('|'), cursor);
+                if (!place)
+                    return steppedPlace(text, 0, direction, stopAtZero) + " has no digits";
+                const QString stepped = steppedPlace(text, *place, direction, stopAtZero);
+                return QString(stepped).insert(cursorBehindPlace(stepped, *place), '|');
+            });
+        };
+        check(1, true,
+              {"|250=3|50", "25.|10=26|.10", "0.9|5=1.0|5", "999 99|9=1 000 00|9", "9|99=1 0|99",
+               ".5|=0.6|", "999 999 999 999 999 999 999 999|=1 000 000 000 000 000 000 000 000|",
+               "0.100000000000000000001|=0.100000000000000000002|"});
+        check(-1, true,
+              {"1 |234 567=|234 567", "1 000 00|0=999 99|0", "1 0|00=9|00", "1| 000=|0",
+               "0|.50=0|.00"});
+        check(-1, false, {"0|.50=-0|.50", "0|75=|-25", "|-12=-2|2", "-9|99=-1 0|99"});
+        check(1, false, {"-5|=-4|", "-1|=0|", "-1 0|00=- 9|00", "-0|25=|75"});
+        for (const QString text : {"", "-", ".", "1.2.3", "1e5", "2,5", "5-3", "12k", " "})
+            check(1, true, {text + "|=" + text + " has no digits"});
     }
 };
 

@@ -1,12 +1,13 @@
 #pragma once
 
-#include "tests/support/rows.h"
+#include <QTest>
 
-/// A row for each text and what becomes of it, written "text=result", behind the cells that these
-/// have in common.
-template <typename... Cells>
-void pairRows(const QString& name, const QStringList& pairs, const Cells&... cells)
+/// What the function makes of each text: pairs are written "text=result".
+template <typename Function>
+void checkPairs(const QStringList& pairs, const Function& function)
 {
-    for (const QString& pair : pairs)
-        testRow(name + ": " + pair, cells..., pair.section('=', 0, 0), pair.section('=', 1));
+    for (const QString& pair : pairs) {
+        const QString result = function(pair.section('=', 0, 0));
+        QVERIFY2(result == pair.section('=', 1), qPrintable(pair + ", not \"" + result + '"'));
+    }
 }

@@ -1,5 +1,4 @@
 #include "service/driver_check.h"
-#include "tests/support/rows.h"
 
 #include <QtTest>
 
@@ -33,34 +32,25 @@ class DriverCheckTest : public QObject
     Q_OBJECT
 
 private slots:
-    void installsOnlyABrokenDriver_data()
-    {
-        testColumns<bool, QString, QStringList, bool>("hasService", "answer", "commands",
-                                                      "mayConnect");
-        const QStringList onlyStatus(status);
-        const QStringList both({status, install});
-        testRow("no service", false, "Driver is running.", QStringList(install), false);
-        testRow("running", true, "Driver is running.\n1 matching device(s) found.", onlyStatus,
-                true);
-        testRow("problem", true, "The device has the following problem: 28", both, false);
-        testRow("problem, but running", true, "problem\nrunning", onlyStatus, true);
-        testRow("another case", true, "Problem", onlyStatus, true);
-        testRow("running in another case", true, "problem Running", both, false);
-        testRow("no device", true, "No matching devices found.", onlyStatus, true);
-        testRow("no tool", true, "", onlyStatus, true);
-    }
-
     void installsOnlyABrokenDriver()
     {
-        QFETCH(bool, hasService);
-        QFETCH(QString, answer);
-        QFETCH(QStringList, commands);
-        QFETCH(bool, mayConnect);
-        FakeSystem system;
-        system.hasService = hasService;
-        system.answer = answer.toLatin1();
-        QCOMPARE(checkDriver(system, QStringLiteral("C:/KLV")), mayConnect);
-        QCOMPARE(system.commands, commands);
+        const auto check = [](bool hasService, const char* answer, const QStringList& commands,
+                              bool mayConnect) {
+            FakeSystem system;
+            system.hasService = hasService;
+            system.answer = answer;
+            QCOMPARE(checkDriver(system, QStringLiteral("C:/KLV")), mayConnect);
+            QCOMPARE(system.commands, commands);
+        };
+        check(false, "Driver is running.", {install}, false);
+        check(true, "Driver is running.\n1 matching device(s) found.", {status}, true);
+        check(true, "The device has the following problem: 28", {status, install}, false);
+        check(true, "problem\nrunning", {status}, true);
+        check(true, "Problem", {status}, true);
+        check(true, "problem Running", {status, install}, false);
+        check(true, "No matching devices found.", {status}, true);
+        // No tool.
+        check(true, "", {status}, true);
     }
 
     void theToolFitsSystemAndFolder()
