@@ -1,6 +1,5 @@
 #include "tests/profiles/profile_rig.h"
 
-#include "profiles/input_block.h"
 #include "profiles/profile_folder.h"
 #include "tests/support/rows.h"
 
@@ -96,98 +95,80 @@ private slots:
         QCOMPARE(rig.variables["Text_Name"].toString(), kept);
     }
 
-    void replays_data()
-    {
-        testColumns<QByteArray, QStringList>("inside", "expected");
-        const QStringList nothing;
-        const auto row = [](const char* name, const QByteArray& inside,
-                            const QStringList& expected) {
-            testRow(name, ofPanel(inside), expected);
-        };
-        row("click and wait", "<AM>ON</AM>", {"AM on", "wait 450"});
-        row("as it is", "<AM>OFF</AM>", nothing);
-        row("no wait", "<FM>ON</FM>", {"FM on"});
-        row("neither state", "<FM>on</FM><AM>TRUE</AM>", nothing);
-        row("check box", "<check>ON</check>", {"check on"});
-        row("field", "<FREQ>25 000 000 0</FREQ>", {"FREQ = 25 000 000"});
-        row("negative", "<FREQ>-1.50 0</FREQ>", {"FREQ = -1.50"});
-        row("empty field", "<FREQ> 0</FREQ>", nothing);
-        row("text field", "<FREQ>abc 0</FREQ>", nothing);
-        row("no code", "<FREQ>250</FREQ>", nothing);
-        row("code of an integer", "<FREQ>5 2</FREQ><box>5 2</box>", nothing);
-        row("code of a big integer", "<FREQ>5 3</FREQ>", nothing);
-        row("field's code on a box", "<box>10 0</box>", nothing);
-        row("box", "<box>10 1</box>", {"box = 10"});
-        row("box without it", "<box>11 1</box>", {"box = 11", "1 items"});
-        row("box with text", "<box>a &lt; b 1</box>", nothing);
-        row("excluded", "<Output>ON</Output>", nothing);
-        row("never clicked", "<closeWindow>ON</closeWindow>", nothing);
-        row("of the window", "<ROSC>OFF</ROSC>", nothing);
-        row("unknown", "<nobody>ON</nobody><nothing>5 0</nothing><x>5 1</x>", nothing);
-        row("nested", "<new><AM>ON</AM></new><FM>ON</FM>", {"AM on", "wait 450", "FM on"});
-        row("the last one holds", "<FM>ON</FM><FM>OFF</FM><FREQ>1 0</FREQ><FREQ>2 0</FREQ>",
-            {"FM on", "FM off", "FREQ = 1", "FREQ = 2"});
-        row("in the file's order", "<FREQ>1 0</FREQ><FM>ON</FM>", {"FREQ = 1", "FM on"});
-        row("split text", "<FREQ>1<![CDATA[ 0]]></FREQ><FM>O<![CDATA[N]]></FM>",
-            {"FREQ = 1", "FM on"});
-        testRow("before any panel", document("<AM>ON</AM><Modulat/>"), nothing);
-        testRow("without white space", QByteArray("<KLV><Modulat><FM>ON</FM></Modulat></KLV>"),
-                QStringList("FM on"));
-        testRow("variables",
-                document("<shared_variable><Text_Name>x y 0</Text_Name><Pow_Step>"
-                         "2.5 1</Pow_Step><Point_Step>7 2</Point_Step><Freq_Step>"
-                         "9000000000 3</Freq_Step></shared_variable>"),
-                QStringList({"9000000000", "7", "2.5", "x y"}));
-        testRow(
-            "no such values",
-            document("<shared_variable><Pow_Step>much 1</Pow_Step><Point_Step>7.5 2</Point_Step>"
-                     "<Freq_Step>3</Freq_Step><Other>5 1</Other></shared_variable>"),
-            nothing);
-        testRow("a variable is no control",
-                document("<shared_variable><FREQ>5 0</FREQ></shared_variable>"), nothing);
-    }
-
     void replays()
     {
-        QFETCH(QByteArray, inside);
-        QFETCH(QStringList, expected);
-        ProfileRig rig;
-        const auto variables = rig.variables;
-        QVERIFY(rig.profiles().open(rig.fileOf(inside)));
-        QStringList log = rig.takeLog();
-        QCOMPARE(log.mid(0, 2), QStringList({"busy", "settle"}));
-        QCOMPARE(log.mid(log.size() - 3, 2), QStringList({"refresh", "free"}));
-        log = log.mid(2, log.size() - 5);
-        if (rig.get<QComboBox>("box")->count() != 3)
-            log << QString("%1 items").arg(rig.get<QComboBox>("box")->count());
-        for (const auto& [name, value] : rig.variables) {
-            if (value != variables.at(name))
-                log << value.toString();
-        }
-        QCOMPARE(log, expected);
-    }
-
-    void panelsDoNotShareControls()
-    {
-        ProfileRig rig;
-        const QByteArray bytes = document(
-            "<Modulat><FREQ>2 0</FREQ></Modulat><MainWindow><AM>ON</AM><REF_OSC>5 0</REF_OSC>"
-            "<FREQ>1 0</FREQ></MainWindow><service_panel><REF_OSC>6 0</REF_OSC>"
-            "</service_panel>");
-        QVERIFY(rig.profiles().open(rig.fileOf(bytes)));
-        const QStringList log = rig.takeLog();
-        QCOMPARE(log.mid(2, log.size() - 5), QStringList({"FREQ = 2", "FREQ = 1"}));
-        QCOMPARE(rig.get<QWidget>("Modulat")->findChild<QLineEdit*>("FREQ")->text(), QString("2"));
-    }
-
-    void leavesUnsoundFilesAlone_data()
-    {
-        testColumns<QByteArray, QString>("bytes", "reason");
-        const QByteArray sound = ofPanel("<FM>ON</FM>");
-        const QString damaged = "The profile is damaged, nothing applied: given.xml";
-        const auto row = [&](const char* name, const QByteArray& bytes) {
-            testRow(name, bytes, damaged);
+        const auto replay = [](const QByteArray& inside, const QStringList& expected) {
+            ProfileRig rig;
+            const auto variables = rig.variables;
+            QVERIFY(rig.profiles().open(rig.fileOf(inside)));
+            QStringList log = rig.takeLog();
+            QCOMPARE(log.mid(0, 2), QStringList({"busy", "settle"}));
+            QCOMPARE(log.mid(log.size() - 3, 2), QStringList({"refresh", "free"}));
+            log = log.mid(2, log.size() - 5);
+            if (rig.get<QComboBox>("box")->count() != 3)
+                log << QString("%1 items").arg(rig.get<QComboBox>("box")->count());
+            for (const auto& [name, value] : rig.variables) {
+                if (value != variables.at(name))
+                    log << value.toString();
+            }
+            QVERIFY2(log == expected, inside.constData());
         };
+        const auto replayPanel = [&](const QByteArray& inside, const QStringList& expected) {
+            replay(ofPanel(inside), expected);
+        };
+        const QStringList nothing;
+        replayPanel("<AM>ON</AM>", {"AM on", "wait 450"});
+        replayPanel("<AM>OFF</AM>", nothing);
+        replayPanel("<FM>ON</FM>", {"FM on"});
+        replayPanel("<FM>on</FM><AM>TRUE</AM>", nothing);
+        replayPanel("<check>ON</check>", {"check on"});
+        replayPanel("<FREQ>25 000 000 0</FREQ>", {"FREQ = 25 000 000"});
+        replayPanel("<FREQ>-1.50 0</FREQ>", {"FREQ = -1.50"});
+        replayPanel("<FREQ> 0</FREQ>", nothing);
+        replayPanel("<FREQ>abc 0</FREQ>", nothing);
+        replayPanel("<FREQ>250</FREQ>", nothing);
+        replayPanel("<FREQ>5 2</FREQ><box>5 2</box>", nothing);
+        replayPanel("<FREQ>5 3</FREQ>", nothing);
+        replayPanel("<box>10 0</box>", nothing);
+        replayPanel("<box>10 1</box>", {"box = 10"});
+        replayPanel("<box>11 1</box>", {"box = 11", "1 items"});
+        replayPanel("<box>a &lt; b 1</box>", nothing);
+        replayPanel("<Output>ON</Output>", nothing);
+        replayPanel("<closeWindow>ON</closeWindow>", nothing);
+        replayPanel("<ROSC>OFF</ROSC>", nothing);
+        replayPanel("<nobody>ON</nobody><nothing>5 0</nothing><x>5 1</x>", nothing);
+        replayPanel("<new><AM>ON</AM></new><FM>ON</FM>", {"AM on", "wait 450", "FM on"});
+        replayPanel("<FM>ON</FM><FM>OFF</FM><FREQ>1 0</FREQ><FREQ>2 0</FREQ>",
+                    {"FM on", "FM off", "FREQ = 1", "FREQ = 2"});
+        replayPanel("<FREQ>1 0</FREQ><FM>ON</FM>", {"FREQ = 1", "FM on"});
+        replayPanel("<FREQ>1<![CDATA[ 0]]></FREQ><FM>O<![CDATA[N]]></FM>", {"FREQ = 1", "FM on"});
+        replay(document("<AM>ON</AM><Modulat/>"), nothing);
+        replay("<KLV><Modulat><FM>ON</FM></Modulat></KLV>", QStringList("FM on"));
+        replay(document("<shared_variable><Text_Name>x y 0</Text_Name><Pow_Step>"
+                        "2.5 1</Pow_Step><Point_Step>7 2</Point_Step><Freq_Step>"
+                        "9000000000 3</Freq_Step></shared_variable>"),
+               QStringList({"9000000000", "7", "2.5", "x y"}));
+        replay(document("<shared_variable><Pow_Step>much 1</Pow_Step><Point_Step>7.5 2</Point_Step>"
+                        "<Freq_Step>3</Freq_Step><Other>5 1</Other></shared_variable>"),
+               nothing);
+        replay(document("<shared_variable><FREQ>5 0</FREQ></shared_variable>"), nothing);
+        replay(document("<Modulat><FREQ>2 0</FREQ></Modulat><MainWindow><AM>ON</AM>"
+                        "<REF_OSC>5 0</REF_OSC><FREQ>1 0</FREQ></MainWindow><service_panel>"
+                        "<REF_OSC>6 0</REF_OSC></service_panel>"),
+               QStringList({"FREQ = 2", "FREQ = 1"}));
+    }
+
+    void leavesUnsoundFilesAlone()
+    {
+        const auto row = namedRows(
+            [](const QByteArray& bytes, const QString& reason = "The profile is damaged") {
+                ProfileRig rig;
+                const QString path = rig.fileOf(bytes);
+                QVERIFY(!rig.profiles().open(path));
+                QCOMPARE(rig.takeLog(),
+                         QStringList("message: " + reason + ", nothing applied: given.xml"));
+            });
+        const QByteArray sound = ofPanel("<FM>ON</FM>");
         row("cut in half", sound.left(sound.size() - 20));
         row("cut behind the panel", sound.left(sound.indexOf("</KLV>")));
         row("not XML", "FM ON");
@@ -206,59 +187,39 @@ private slots:
         row("unknown entity", ofPanel("<FM>ON</FM><FREQ>&x; 0</FREQ>"));
         row("too deep", ofPanel("<FM>ON</FM>" + QByteArray("<x>").repeated(100000)));
         row("too many", ofPanel("<FM>ON</FM>" + QByteArray("<x/>").repeated(5000)));
-        testRow("of something else", QByteArray("<svg><g><FM>ON</FM></g></svg>"),
-                "Not a profile, nothing applied: given.xml");
-        testRow("too large", ofPanel("<FM>ON</FM>" + QByteArray(100 * 1024 * 1024, ' ')),
-                "Too large for a profile, nothing applied: given.xml");
+        row("of something else", QByteArray("<svg><g><FM>ON</FM></g></svg>"), "Not a profile");
+        row("too large", ofPanel("<FM>ON</FM>" + QByteArray(100 * 1024 * 1024, ' ')),
+            "Too large for a profile");
     }
 
-    void leavesUnsoundFilesAlone()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, reason);
-        ProfileRig rig;
-        const QString path = rig.fileOf(bytes);
-        QVERIFY(!rig.profiles().open(path));
-        QCOMPARE(rig.takeLog(), QStringList("message: " + reason));
-    }
-
-    void refusesWhatItCannotWrite_data()
-    {
-        testColumns<int, QString, QString>("length", "there", "expected");
-        const QString failed = "error: Error saving file";
-        testRow("longest", 259, "folder", "");
-        testRow("too long", 260, "folder", "error: File name is too long");
-        testRow("no such folder", 200, "", failed);
-        testRow("a folder of that name", 200, "folder and path", failed);
-    }
     void refusesWhatItCannotWrite()
     {
-        QFETCH(int, length);
-        QFETCH(QString, there);
-        QFETCH(QString, expected);
-        ProfileRig rig;
-        const QDir inner = rig.path(QString(80, 'd'));
-        const QString path = (inner.path() + '/').leftJustified(length - 4, 'n') + ".xml";
-        if (there.contains("folder"))
-            QVERIFY(QDir().mkpath(inner.path()));
-        if (there.contains("path"))
-            QVERIFY(QDir().mkpath(path + "/inside"));
-        QCOMPARE(rig.profiles().save(path, "x"), expected.isEmpty());
-        QCOMPARE(rig.takeLog().join('|'), expected);
-        // No unfinished file is left, and nothing is replaced by one.
-        QCOMPARE(inner.entryList(QDir::Files).size(), expected.isEmpty() ? 1 : 0);
-        QCOMPARE(QFileInfo(path + "/inside").isDir(), there.contains("path"));
+        const auto row = namedRows([](int length, const QString& there, const QString& expected) {
+            ProfileRig rig;
+            const QDir inner = rig.path(QString(80, 'd'));
+            const QString path = (inner.path() + '/').leftJustified(length - 4, 'n') + ".xml";
+            if (there.contains("folder"))
+                QVERIFY(QDir().mkpath(inner.path()));
+            if (there.contains("path"))
+                QVERIFY(QDir().mkpath(path + "/inside"));
+            QCOMPARE(rig.profiles().save(path, "x"), expected.isEmpty());
+            QCOMPARE(rig.takeLog().join('|'), expected);
+            // No unfinished file is left, and nothing is replaced by one.
+            QCOMPARE(inner.entryList(QDir::Files).size(), expected.isEmpty() ? 1 : 0);
+            QCOMPARE(QFileInfo(path + "/inside").isDir(), there.contains("path"));
+        });
+        const QString failed = "error: Error saving file";
+        row("longest", 259, "folder", "");
+        row("too long", 260, "folder", "error: File name is too long");
+        row("no such folder", 200, "", failed);
+        row("a folder of that name", 200, "folder and path", failed);
     }
 
-    void endsBetweenTwoClicks_data()
-    {
-        testColumns<bool>("isProgramEnding");
-        testRow("stopped", false);
-        testRow("program ends", true);
-    }
+    void endsBetweenTwoClicks_data() { testNames("by", {"a stop", "the program's end"}); }
     void endsBetweenTwoClicks()
     {
-        QFETCH(bool, isProgramEnding);
+        QFETCH(QString, by);
+        const bool isProgramEnding = by != "a stop";
         ProfileRig rig;
         rig.inPause = [&] {
             // A second replay does not begin within the first.
@@ -279,31 +240,6 @@ private slots:
         rig.refusal = "not now";
         QVERIFY(!rig.profiles().open(rig.path("given.xml")));
         QCOMPARE(rig.takeLog(), QStringList("message: not now"));
-    }
-
-    void takesNoInputMeanwhile()
-    {
-        ProfileRig rig;
-        QVERIFY(QTest::qWaitForWindowExposed(&rig.window()));
-        auto* exempt = rig.get("closeWindow");
-        exempt->setFocusPolicy(Qt::NoFocus);
-        auto* field = rig.get<QLineEdit>("FREQ");
-        field->clear();
-        const auto act = [&] {
-            for (const QWidget* each : {rig.get("FM"), exempt}) {
-                const QPoint position = each->mapTo(&rig.window(), each->rect().center());
-                QTest::mouseClick(rig.window().windowHandle(), Qt::LeftButton, {}, position);
-            }
-            QTest::keyClicks(field, "7");
-            QTest::keyClick(field, Qt::Key_Return);
-            return rig.takeLog();
-        };
-        {
-            const InputBlock block([&](const QWidget* widget) { return widget == exempt; });
-            QCOMPARE(act(), QStringList("closeWindow off"));
-        }
-        QCOMPARE(field->text(), QString());
-        QCOMPARE(act(), QStringList({"FREQ = ", "FM on", "closeWindow off", "FREQ = 7"}));
     }
 
     void namesAnew()

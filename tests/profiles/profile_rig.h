@@ -11,7 +11,6 @@
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QVBoxLayout>
 #include <QtTest>
 

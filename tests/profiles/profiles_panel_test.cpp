@@ -123,58 +123,44 @@ private slots:
         QCOMPARE(numbered().value(1), QString("a"));
     }
 
-    void numbersFileMayBeAnything_data()
-    {
-        testColumns<QByteArray, QStringList>("bytes", "names");
-        testRow("none", QByteArray(), QStringList{"1 a", "2 b", "3 c"});
-        testRow("garbage", QByteArray("\0\xff 7\n-1 x\n0 y", 14), QStringList{"1 a", "2 b", "3 c"});
-        testRow("doubled", QByteArray("2 QUICK_Profile_b.xml\n2 QUICK_Profile_a.xml\n"),
-                QStringList{"1 b", "2 a", "3 c"});
-        testRow("of others", QByteArray("1 QUICK_Profile_x.xml\r\n5 QUICK_Profile_b.xml\n"),
-                QStringList{"1 a", "2 c", "5 b"});
-    }
     void numbersFileMayBeAnything()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QStringList, names);
-        for (const char* name : {"a", "b", "c"})
-            saveQuick(name);
-        QVERIFY(QFile::copy(m_rig->fileOf(bytes), m_rig->path("kept")));
-        const QString numbers = m_rig->profiles().folder() + "/quick_numbers.txt";
-        QVERIFY(QFile::remove(numbers));
-        QVERIFY(bytes.isEmpty() || QFile::copy(m_rig->path("kept"), numbers));
-        m_panel->refresh();
-        QStringList found;
-        const QMap<int, QString> now = numbered();
-        for (auto each = now.begin(); each != now.end(); ++each)
-            found << QString("%1 %2").arg(each.key()).arg(each.value());
-        QCOMPARE(found, names);
+        const auto row = freshRows(this, [this](const QByteArray& bytes, const QStringList& names) {
+            for (const char* name : {"a", "b", "c"})
+                saveQuick(name);
+            QVERIFY(QFile::copy(m_rig->fileOf(bytes), m_rig->path("kept")));
+            const QString numbers = m_rig->profiles().folder() + "/quick_numbers.txt";
+            QVERIFY(QFile::remove(numbers));
+            QVERIFY(bytes.isEmpty() || QFile::copy(m_rig->path("kept"), numbers));
+            m_panel->refresh();
+            QStringList found;
+            const QMap<int, QString> now = numbered();
+            for (auto each = now.begin(); each != now.end(); ++each)
+                found << QString("%1 %2").arg(each.key()).arg(each.value());
+            QCOMPARE(found, names);
+        });
+        row("none", QByteArray(), QStringList{"1 a", "2 b", "3 c"});
+        row("garbage", QByteArray("\0\xff 7\n-1 x\n0 y", 14), QStringList{"1 a", "2 b", "3 c"});
+        row("doubled", QByteArray("2 QUICK_Profile_b.xml\n2 QUICK_Profile_a.xml\n"),
+            QStringList{"1 b", "2 a", "3 c"});
+        row("of others", QByteArray("1 QUICK_Profile_x.xml\r\n5 QUICK_Profile_b.xml\n"),
+            QStringList{"1 a", "2 c", "5 b"});
     }
 
-    void marksWhatDiffers_data()
+    void theMarkFollows()
     {
-        testColumns<QString, QString>("control", "marked");
-        testRow("button", "FM", "x*");
-        testRow("field", "FREQ", "x*");
-        testRow("box", "box", "x*");
-        testRow("excluded", "Output", "x");
-        testRow("other panel", "REF_OSC", "x");
-    }
-    void marksWhatDiffers()
-    {
-        QFETCH(QString, control);
         QCOMPARE(marked(), QString());
         saveQuick("y");
         saveQuick("x");
         QCOMPARE(marked(), QString("x"));
         // There and back.
-        change(control);
+        change("box");
         QCoreApplication::processEvents();
-        QTEST(marked(), "marked");
-        change(control);
+        QCOMPARE(marked(), QString("x*"));
+        change("box");
         QTRY_COMPARE(marked(), QString("x"));
         // Recalling it or another one ends the difference, and the mark follows.
-        change(control);
+        change("box");
         click("quick_2");
         QCOMPARE(marked(), QString("x"));
         click("quick_1");
@@ -227,35 +213,31 @@ private slots:
         QCOMPARE(shown(), QStringList("a"));
     }
 
-    void renames_data()
-    {
-        testColumns<QString, QStringList>("end", "names");
-        testRow("Return", "Return", QStringList{"d", "c"});
-        testRow("Escape", "Esc", QStringList{"b", "c"});
-        testRow("another field", "", QStringList{"b", "c"});
-    }
     void renames()
     {
-        QFETCH(QString, end);
-        QFETCH(QStringList, names);
-        saveQuick("b");
-        saveQuick("c");
-        click("rename_1");
-        auto* entry = m_rig->get<QLineEdit>("name_1");
-        QVERIFY(entry->hasFocus());
-        QTest::keyClicks(entry, "d");
-        if (end.isEmpty())
-            m_rig->get("profile_name")->setFocus();
-        else
-            QTest::keyClick(entry, Qt::Key(QKeySequence(end)[0]));
-        QVERIFY(!m_rig->get("name_1")->isVisible());
-        QVERIFY(m_rig->get("quick_1")->isVisible());
-        QCOMPARE(shown(), names);
-        for (const char* name : {"b", "c", "d"})
-            QCOMPARE(QFile::exists(quickPath(name)), names.contains(name));
-        m_rig->takeLog();
-        click("quick_2");
-        QCOMPARE(m_rig->takeLog().last(), "message: Profile applied: " + names.last());
+        const auto row = freshRows(this, [this](const QString& end, const QStringList& names) {
+            saveQuick("b");
+            saveQuick("c");
+            click("rename_1");
+            auto* entry = m_rig->get<QLineEdit>("name_1");
+            QVERIFY(entry->hasFocus());
+            QTest::keyClicks(entry, "d");
+            if (end.isEmpty())
+                m_rig->get("profile_name")->setFocus();
+            else
+                QTest::keyClick(entry, Qt::Key(QKeySequence(end)[0]));
+            QVERIFY(!m_rig->get("name_1")->isVisible());
+            QVERIFY(m_rig->get("quick_1")->isVisible());
+            QCOMPARE(shown(), names);
+            for (const char* name : {"b", "c", "d"})
+                QCOMPARE(QFile::exists(quickPath(name)), names.contains(name));
+            m_rig->takeLog();
+            click("quick_2");
+            QCOMPARE(m_rig->takeLog().last(), "message: Profile applied: " + names.last());
+        });
+        row("Return", "Return", QStringList{"d", "c"});
+        row("Escape", "Esc", QStringList{"b", "c"});
+        row("another field", "", QStringList{"b", "c"});
     }
 
     void deletesOnlyWhenToldTo()
@@ -271,25 +253,21 @@ private slots:
         QCOMPARE(m_rig->takeLog().last(), QString("message: Profile deleted: a"));
     }
 
-    void refusesNames_data()
+    void refusesNames()
     {
-        testColumns<QString, QString>("name", "said");
         const QString characters =
             "error: A file name can't contain any of the following characters:"
             "\n/ : * ? \" < > |";
-        for (const char* character : {"/", ":", "*", "?", "\"", "<", ">", "|", "\\"})
-            testRow(character, QString("a%1b").arg(character), characters);
-        testRow("reserved", "Last", "message: This name is reserved: Last");
-    }
-    void refusesNames()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, said);
-        saveQuick(name);
-        QCOMPARE(m_rig->takeLog(), QStringList(said));
-        QCOMPARE(shown(), QStringList());
-        // It can be corrected.
-        QCOMPARE(m_rig->get<QLineEdit>("profile_name")->text(), name);
+        for (const QString name :
+             {"a/b", "a:b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b", "a\\b", "Last"}) {
+            saveQuick(name);
+            QCOMPARE(
+                m_rig->takeLog(),
+                QStringList(name == "Last" ? "message: This name is reserved: Last" : characters));
+            QCOMPARE(shown(), QStringList());
+            // It can be corrected.
+            QCOMPARE(m_rig->get<QLineEdit>("profile_name")->text(), name);
+        }
     }
 
     void followsTheFolder()
