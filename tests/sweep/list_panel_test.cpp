@@ -9,31 +9,23 @@ class ListPanelTest : public QObject
     Q_OBJECT
 
 private slots:
-    void limitsBoundFields_data()
-    {
-        testColumns<bool, QStringList, QStringList>("isPowerSweep", "typed", "bounded");
-        testRow("frequency", false, QStringList{"50", "1", "90000000000", "5000", "1"},
-                QStringList{"20", "9 000", "20 000 000 000", "5 000", "50"});
-        testRow("power", true, QStringList{"1", "-99", "99", "7", "99000000000"},
-                QStringList{"9 000", "-30", "20", "7", "1 000 000"});
-    }
     void limitsBoundFields()
     {
-        QFETCH(bool, isPowerSweep);
-        QFETCH(QStringList, typed);
-        QFETCH(QStringList, bounded);
         ListBench bench(false);
         bench.setLimits();
-        if (isPowerSweep)
-            bench.click("power_toFrom_freq");
-        const char* const names[] = {"Freq_Pow", "Start", "Stop", "Step", "Time"};
-        for (int i = 0; i < typed.size(); ++i) {
-            auto& field = bench.get<QLineEdit>(names[i]);
-            field.setText(typed.at(i));
-            emit field.editingFinished();
-            QCOMPARE(field.text(), bounded.at(i));
-            QVERIFY(!field.property("edited").toBool());
-        }
+        const auto check = [&bench](const QString& entries) {
+            for (const QString& entry : entries.split(", ")) {
+                auto& field = bench.get<QLineEdit>(entry.section('=', 0, 0));
+                field.setText(entry.section('=', 1, 1));
+                emit field.editingFinished();
+                QCOMPARE(field.text(), entry.section('=', 2));
+                QVERIFY(!field.property("edited").toBool());
+            }
+        };
+        check("Freq_Pow=50=20, Start=1=9 000, Stop=90000000000=20 000 000 000, Step=5000=5 000, "
+              "Time=1=50, Time=99000000000=1 000 000");
+        bench.click("power_toFrom_freq");
+        check("Freq_Pow=1=9 000, Start=-99=-30, Stop=99=20, Step=7=7");
     }
 
     void modesKeepTheirValues()
@@ -58,39 +50,34 @@ private slots:
     }
 
     /// By the buttons of the trigger group, and by the few beside the table.
-    void triggers_data()
-    {
-        testColumns<QString, QString, QString>("clicks", "checked", "status");
-        const auto row = [](const char* clicks, const char* checked, const char* status) {
-            testRow(clicks, clicks, checked, status);
-        };
-        row("time_select", "", "Freq -  Pow");
-        row("int_select ext_select", "ext_select", "TRIG POINT");
-        row("ext_select time_select", "time_select", "Single");
-        row("trigMode", "time_select", "Freq -  Pow");
-        row("pushButton_Manual pushButton_Manual", "", "Freq -  Pow");
-        row("pushButton_Manual pushButton_Auto", "time_select", "Single");
-        row("ext_select pushButton_Auto", "ext_select", "TRIG POINT");
-        row("int_select modeFront", "int_select", "Single");
-        row("leftButton", "", "Freq -  Pow");
-        row("int_select rightButton", "", "Freq -  Pow");
-    }
     void triggers()
     {
-        QFETCH(QString, clicks);
-        ListBench bench;
-        for (const QString& name : clicks.split(' '))
-            bench.click(name);
-        QStringList checked;
-        for (const char* name : {"time_select", "int_select", "ext_select", "right_select"}) {
-            if (bench.get<QPushButton>(name).isChecked())
-                checked << name;
-        }
-        QTEST(checked.join(' '), "checked");
-        QTEST(bench.get<QLabel>("lableStatus").text(), "status");
-        const bool isManual = bench.panel.trigger().choice() == TriggerChoice::Manual;
-        QCOMPARE(bench.get<QPushButton>("pushButton_Manual").isChecked(), isManual);
-        QCOMPARE(bench.get<QPushButton>("pushButton_Auto").isChecked(), !isManual);
+        const auto check = [](const QString& clicks, const QString& checked,
+                              const QString& status) {
+            ListBench bench;
+            for (const QString& name : clicks.split(' '))
+                bench.click(name);
+            QStringList found;
+            for (const char* name : {"time_select", "int_select", "ext_select", "right_select"}) {
+                if (bench.get<QPushButton>(name).isChecked())
+                    found << name;
+            }
+            QCOMPARE(found.join(' '), checked);
+            QCOMPARE(bench.get<QLabel>("lableStatus").text(), status);
+            const bool isManual = bench.panel.trigger().choice() == TriggerChoice::Manual;
+            QCOMPARE(bench.get<QPushButton>("pushButton_Manual").isChecked(), isManual);
+            QCOMPARE(bench.get<QPushButton>("pushButton_Auto").isChecked(), !isManual);
+        };
+        check("time_select", "", "Freq -  Pow");
+        check("int_select ext_select", "ext_select", "TRIG POINT");
+        check("ext_select time_select", "time_select", "Single");
+        check("trigMode", "time_select", "Freq -  Pow");
+        check("pushButton_Manual pushButton_Manual", "", "Freq -  Pow");
+        check("pushButton_Manual pushButton_Auto", "time_select", "Single");
+        check("ext_select pushButton_Auto", "ext_select", "TRIG POINT");
+        check("int_select modeFront", "int_select", "Single");
+        check("leftButton", "", "Freq -  Pow");
+        check("int_select rightButton", "", "Freq -  Pow");
     }
 
     void aTriggerControlIsSeenOnce()

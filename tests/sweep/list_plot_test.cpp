@@ -6,12 +6,8 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
-
-Q_DECLARE_METATYPE(RunKind)
-Q_DECLARE_METATYPE(RunPoints)
 
 namespace
 {
@@ -38,29 +34,27 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(m_plot.get()));
     }
 
-    void words_data()
-    {
-        testColumns<RunKind, RunPoints, QString>("kind", "points", "words");
-        testRow("falling power sweep", RunKind::Sweep,
-                RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
-                "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass");
-        testRow("list from lowest to highest", RunKind::List,
-                listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}}),
-                "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass");
-        testRow("one point, hours", RunKind::List, listOf({{"2 000", "1", "3 723 000 000"}}),
-                "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
-        testRow("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
-                "List of one point: not readable, 1 dBm, 0 s per pass");
-    }
     void words()
     {
-        QFETCH(RunKind, kind);
-        QFETCH(RunPoints, points);
-        m_plot->showRun(kind, points);
-        // Many changes at once are drawn once.
-        QCOMPARE(m_plot->accessibleDescription(), QString("The sweep settings define no points"));
-        QCoreApplication::processEvents();
-        QTEST(m_plot->accessibleDescription(), "words");
+        const auto row =
+            freshRows(this, [this](RunKind kind, const RunPoints& points, const QString& words) {
+                m_plot->showRun(kind, points);
+                // Many changes at once are drawn once.
+                QCOMPARE(m_plot->accessibleDescription(),
+                         QString("The sweep settings define no points"));
+                QCoreApplication::processEvents();
+                QCOMPARE(m_plot->accessibleDescription(), words);
+            });
+        row("falling power sweep", RunKind::Sweep,
+            RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
+            "Sweep of 2 points: 1 kHz, 5 dBm to \u22125 dBm, 2 s per pass");
+        row("list from lowest to highest", RunKind::List,
+            listOf({{"2 000", "1", "5"}, {"1 000", "1", "5"}, {"3 000", "2", "5"}}),
+            "List of 3 points: 1 kHz to 3 kHz, 1 dBm to 2 dBm, 15 µs per pass");
+        row("one point, hours", RunKind::List, listOf({{"2 000", "1", "3 723 000 000"}}),
+            "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
+        row("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
+            "List of one point: not readable, 1 dBm, 0 s per pass");
     }
 
     void header()
@@ -79,59 +73,54 @@ private slots:
         QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
     }
 
-    void times_data()
-    {
-        testColumns<QString, int, QString>("dwellUs", "zooms", "labels");
-        testRow("two minutes", "60 000 000", 0, "0 s, 50 s, 100 s");
-        testRow("minutes", "150 000 000", 0, "0, 1 min, 2 min, 3 min, 4 min, 5 min");
-        testRow("half minutes", "70 000 000", 0, "0:00:00, 0:00:30, 0:01:00, 0:01:30, 0:02:00");
-        testRow("hours", "9 000 000 000", 0, "0, 1 h, 2 h, 3 h, 4 h, 5 h");
-        testRow("a part of hours", "9 000 000 000", 5, "2 h, 2 h 20 min, 2 h 40 min, 3 h");
-        testRow("days", "200 000 000 000", 0, "0, 24 h, 48 h, 72 h, 96 h");
-        testRow("a second of hours", "9 000 000 000", 43, "2:29:59.5, 2:30:00.0, 2:30:00.5");
-    }
     void times()
     {
-        QFETCH(QString, dwellUs);
-        QFETCH(int, zooms);
-        show(RunKind::List, listOf({{"1", "0", dwellUs}, {"2", "0", dwellUs}}));
-        for (int i = 0; i < zooms; ++i)
-            QTest::keyClick(m_plot.get(), Qt::Key_Plus);
-        QCoreApplication::processEvents();
-        const RunPlot& plot = *m_plot->findChildren<RunPlot*>().at(1);
-        QStringList labels;
-        for (const double tick : plot.axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick))
-            labels << plot.axisScaleDraw(QwtPlot::xBottom)->label(tick).text();
-        QTEST(labels.join(", "), "labels");
+        const auto row =
+            freshRows(this, [this](const QString& dwellUs, int zooms, const QString& labels) {
+                show(RunKind::List, listOf({{"1", "0", dwellUs}, {"2", "0", dwellUs}}));
+                for (int i = 0; i < zooms; ++i)
+                    QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+                QCoreApplication::processEvents();
+                const RunPlot& plot = *m_plot->findChildren<RunPlot*>().at(1);
+                QStringList found;
+                for (const double tick :
+                     plot.axisScaleDiv(QwtPlot::xBottom).ticks(QwtScaleDiv::MajorTick))
+                    found << plot.axisScaleDraw(QwtPlot::xBottom)->label(tick).text();
+                QCOMPARE(found.join(", "), labels);
+            });
+        row("two minutes", "60 000 000", 0, "0 s, 50 s, 100 s");
+        row("minutes", "150 000 000", 0, "0, 1 min, 2 min, 3 min, 4 min, 5 min");
+        row("half minutes", "70 000 000", 0, "0:00:00, 0:00:30, 0:01:00, 0:01:30, 0:02:00");
+        row("hours", "9 000 000 000", 0, "0, 1 h, 2 h, 3 h, 4 h, 5 h");
+        row("a part of hours", "9 000 000 000", 5, "2 h, 2 h 20 min, 2 h 40 min, 3 h");
+        row("days", "200 000 000 000", 0, "0, 24 h, 48 h, 72 h, 96 h");
+        row("a second of hours", "9 000 000 000", 43, "2:29:59.5, 2:30:00.0, 2:30:00.5");
     }
 
-    void pointsWithoutPicture_data()
-    {
-        testColumns<RunPoints>("points");
-        testRow("none", RunPoints());
-        testRow("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
-        testRow("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
-        testRow("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));
-        testRow("nothing readable", listOf({{"a", "b", "c"}, {"d", "e", "5"}}));
-        testRow("enormous", listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}}));
-    }
     /// Whatever the points are, both axes cope, zoomed and marked as well.
     void pointsWithoutPicture()
     {
-        QFETCH(RunPoints, points);
-        m_plot->showRun(RunKind::List, points);
-        m_plot->setRun(RunClock::Pace::Free);
-        m_plot->setReached(points.count());
-        for (int i = 0; i < 2; ++i) {
-            m_plot->findChild<QPushButton*>("logarithmicFrequency")->click();
-            for (int zoom = 0; zoom < 40; ++zoom)
-                QTest::keyClick(m_plot.get(), Qt::Key_Plus);
-            moveMouse(0, QPoint(20, 20));
-            QCoreApplication::processEvents();
-            QVERIFY(!canvas(0).grab().isNull());
-            QVERIFY(m_plot->toUs() > m_plot->fromUs());
-        }
-        QCOMPARE(canvas(0).isVisible(), !points.isEmpty());
+        const auto row = freshRows(this, [this](const RunPoints& points) {
+            m_plot->showRun(RunKind::List, points);
+            m_plot->setRun(RunClock::Pace::Free);
+            m_plot->setReached(points.count());
+            for (int i = 0; i < 2; ++i) {
+                m_plot->findChild<QPushButton*>("logarithmicFrequency")->click();
+                for (int zoom = 0; zoom < 40; ++zoom)
+                    QTest::keyClick(m_plot.get(), Qt::Key_Plus);
+                moveMouse(0, QPoint(20, 20));
+                QCoreApplication::processEvents();
+                QVERIFY(!canvas(0).grab().isNull());
+                QVERIFY(m_plot->toUs() > m_plot->fromUs());
+            }
+            QCOMPARE(canvas(0).isVisible(), !points.isEmpty());
+        });
+        row("none", RunPoints());
+        row("no time", listOf({{"1 000", "0", "0"}, {"2 000", "1", "0"}}));
+        row("negative", listOf({{"-5", "-500", "-5"}, {"-6", "-1", "5"}}));
+        row("zero hertz", listOf({{"0", "0", "5"}, {"1 000", "0", "5"}}));
+        row("nothing readable", listOf({{"a", "b", "c"}, {"d", "e", "5"}}));
+        row("enormous", listOf({{"1e15", "1e15", "1e15"}, {"1e-15", "-1e15", "1e-15"}}));
     }
 
     void zoomsAndMoves()

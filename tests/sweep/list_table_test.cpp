@@ -12,36 +12,30 @@ class ListTableTest : public QObject
     Q_OBJECT
 
 private slots:
-    void typedCells_data()
-    {
-        testColumns<int, QString, QString>("column", "keys", "shown");
-        testRow("frequency, giga", 0, "2.5G", "2 500 000 000");
-        testRow("frequency, decimal comma", 0, "12,5k", "12 500");
-        testRow("frequency, letter not taken", 0, "12x34k", "1 234 000");
-        testRow("frequency, bounded", 0, "90G", "20 000 000 000");
-        testRow("power, sign", 1, "-17", "-17");
-        testRow("power, no point", 1, "-1.5", "-1");
-        testRow("power, bounded", 1, "77", "20");
-        testRow("dwell, milliseconds", 2, "20m", "20 000");
-        testRow("dwell, no giga", 2, "700g", "700");
-        testRow("dwell, bounded", 2, "1.5s", "1 000 000");
-    }
     void typedCells()
     {
-        QFETCH(int, column);
-        QFETCH(QString, keys);
-        ListBench bench;
-        bench.setLimits();
-        bench.setRows({"1,2,3"});
-        bench.clickCell(0, column);
-        bench.type(keys);
-        bench.press(Qt::Key_Return);
-        QTEST(bench.table().text(0, column), "shown");
-        // Escape leaves the cell as it is.
-        const QString before = bench.rows().first();
-        bench.type("4");
-        bench.press(Qt::Key_Escape);
-        QCOMPARE(bench.rows().first(), before);
+        const auto row = namedRows([](int column, const char* keys, const char* shown) {
+            ListBench bench;
+            bench.setLimits();
+            bench.setRows({"1,2,3"});
+            bench.clickCell(0, column);
+            bench.type(keys);
+            bench.press(Qt::Key_Return);
+            QCOMPARE(bench.table().text(0, column), QString(shown));
+            // Escape leaves the cell as it is.
+            const QString before = bench.rows().first();
+            bench.type("4");
+            bench.press(Qt::Key_Escape);
+            QCOMPARE(bench.rows().first(), before);
+        });
+        row("frequency, giga", 0, "2.5G", "2 500 000 000");
+        row("frequency, letter not taken", 0, "12x34k", "1 234 000");
+        row("frequency, bounded", 0, "90G", "20 000 000 000");
+        row("power, no point", 1, "-1.5", "-1");
+        row("power, bounded", 1, "77", "20");
+        row("dwell, milliseconds", 2, "20m", "20 000");
+        row("dwell, no giga", 2, "700g", "700");
+        row("dwell, bounded", 2, "1.5s", "1 000 000");
     }
 
     void editedCellIsFormatted()
@@ -62,48 +56,45 @@ private slots:
 
     /// Commands enter the open cell first; Return goes on below, Tab to the right. A row added so
     /// is gone when the table is left with nothing in it.
-    void keysOfRows_data()
-    {
-        testColumns<QStringList, QString>("keys", "rows");
-        const auto row = [](const char* tag, const QStringList& keys, const char* rows) {
-            testRow(tag, keys, rows);
-        };
-        row("Return", {"10", "Return", "20", "Tab", "-3", "Return"}, "10,2,3|20,-3,6");
-        row("Return adds", {"Down", "Return", "8", "Return"}, "1,2,3|4,5,6|8,,");
-        row("Tab stays", {"Tab", "Tab", "9", "Shift+Backtab", "8", "Return"}, "1,8,9|4,5,6");
-        row("Tab adds", {"Down", "7", "Tab", "8", "Tab", "9", "Tab", "1k", "Tab", "2", "Return"},
-            "1,2,3|7,8,9|1 000,2,");
-        row("Return to where Tab began", {"Down", "5", "Tab", "6", "Return", "7", "Return"},
-            "1,2,3|5,6,6|7,,");
-        row("one unused row", {"Down", "Return", "Return", "Tab", "Tab", "Tab", "Ctrl+Z"},
-            "1,2,3|4,5,6");
-        row("emptied again", {"Down", "Return", "8", "Tab", "Shift+Backtab", "Backspace", "Return"},
-            "1,2,3|4,5,6");
-        row("a key in the empty table", {"Ctrl+A", "Del", "7", "Return"}, "7,,");
-        row("insert", {"Ins", "2", "Return"}, "1,2,3|2,,|4,5,6");
-        row("duplicate", {"7k", "Ctrl+Shift+D"}, "7 000,2,3|7 000,2,3|4,5,6");
-        row("up", {"Down", "9", "Alt+Up", "Alt+Up"}, "9,5,6|1,2,3");
-        row("down", {"8", "Alt+Down"}, "4,5,6|8,2,3");
-        row("delete", {"Del"}, "4,5,6");
-        row("all, and anew", {"Ctrl+A", "Del", "Ins", "7", "Return"}, "7,,");
-        row("undo and redo", {"Del", "Ctrl+Z", "Ctrl+Z", "Ctrl+Shift+Z", "Ctrl+Shift+Z"}, "4,5,6");
-    }
     void keysOfRows()
     {
-        QFETCH(QStringList, keys);
-        const ListBench bench;
-        bench.setRows({"1,2,3", "4,5,6"});
-        bench.clickCell(0, 0);
-        for (const QString& each : keys) {
-            if (each.at(0).isUpper())
-                QTest::keySequence(QApplication::focusWidget(), QKeySequence(each));
-            else
-                bench.type(each);
+        const auto row = namedRows([](const QStringList& keys, const char* rows) {
+            const ListBench bench;
+            bench.setRows({"1,2,3", "4,5,6"});
+            bench.clickCell(0, 0);
+            for (const QString& each : keys) {
+                if (each.at(0).isUpper())
+                    QTest::keySequence(QApplication::focusWidget(), QKeySequence(each));
+                else
+                    bench.type(each);
+                QCoreApplication::processEvents();
+            }
+            bench.get<QWidget>("save_List").setFocus();
             QCoreApplication::processEvents();
-        }
-        bench.get<QWidget>("save_List").setFocus();
-        QCoreApplication::processEvents();
-        QTEST(bench.rows().join('|'), "rows");
+            QCOMPARE(bench.rows().join('|'), QString(rows));
+        });
+        row("Return", QStringList{"10", "Return", "20", "Tab", "-3", "Return"}, "10,2,3|20,-3,6");
+        row("Return adds", QStringList{"Down", "Return", "8", "Return"}, "1,2,3|4,5,6|8,,");
+        row("Tab stays", QStringList{"Tab", "Tab", "9", "Shift+Backtab", "8", "Return"},
+            "1,8,9|4,5,6");
+        row("Tab adds",
+            QStringList{"Down", "7", "Tab", "8", "Tab", "9", "Tab", "1k", "Tab", "2", "Return"},
+            "1,2,3|7,8,9|1 000,2,");
+        row("Return to where Tab began",
+            QStringList{"Down", "5", "Tab", "6", "Return", "7", "Return"}, "1,2,3|5,6,6|7,,");
+        row("one unused row",
+            QStringList{"Down", "Return", "Return", "Tab", "Tab", "Tab", "Ctrl+Z"}, "1,2,3|4,5,6");
+        row("emptied again",
+            QStringList{"Down", "Return", "8", "Tab", "Shift+Backtab", "Backspace", "Return"},
+            "1,2,3|4,5,6");
+        row("a key in the empty table", QStringList{"Ctrl+A", "Del", "7", "Return"}, "7,,");
+        row("insert", QStringList{"Ins", "2", "Return"}, "1,2,3|2,,|4,5,6");
+        row("duplicate", QStringList{"7k", "Ctrl+Shift+D"}, "7 000,2,3|7 000,2,3|4,5,6");
+        row("up", QStringList{"Down", "9", "Alt+Up"}, "9,5,6|1,2,3");
+        row("down", QStringList{"8", "Alt+Down"}, "4,5,6|8,2,3");
+        row("all, and anew", QStringList{"Ctrl+A", "Del", "Ins", "7", "Return"}, "7,,");
+        row("undo and redo", QStringList{"Del", "Ctrl+Z", "Ctrl+Z", "Ctrl+Shift+Z", "Ctrl+Shift+Z"},
+            "4,5,6");
     }
 
     /// What a file has written is sent and saved as it stands.
@@ -174,14 +165,33 @@ private slots:
         QCOMPARE(bench.rows().size(), 5);
     }
 
-    void rowCommands_data()
+    void rowCommands()
     {
-        testColumns<QString, int, int, QString, QString>(
-            "button", "first", "last", "left", "chosen"); // the frequencies, "_" for an empty one
-        const auto row = [](const char* name, const char* button, int first, int last,
-                            const char* left, const char* chosen) {
-            testRow(name, button, first, last, left, chosen);
-        };
+        // The frequencies, "_" for an empty one.
+        const auto row = namedRows([](const char* button, int first, int last, const char* left,
+                                      const char* chosen) {
+            const ListBench bench;
+            const QStringList rows = {"1,,", "2,,", "3,,", "4,,"};
+            bench.setRows(rows);
+            bench.clickCell(first, 0);
+            bench.clickCell(last, 2, Qt::ShiftModifier);
+            bench.click(button);
+            const QStringList changed = bench.rows();
+            QStringList frequencies = changed;
+            frequencies.replaceInStrings(",,", "").replaceInStrings(QRegularExpression("^$"), "_");
+            QCOMPARE(frequencies.join(' '), QString(left));
+            QStringList numbers;
+            for (const int number : bench.table().chosenRows())
+                numbers << QString::number(number);
+            QCOMPARE(numbers.join(' '), QString(chosen));
+
+            if (changed == rows)
+                return;
+            bench.click("undo_List");
+            QCOMPARE(bench.rows(), rows);
+            bench.click("redo_List");
+            QCOMPARE(bench.rows(), changed);
+        });
         row("insert", "add_List", 1, 1, "1 2 _ 3 4", "2");
         row("delete", "delete_List", 1, 2, "1 4", "1");
         row("delete the last", "delete_List", 3, 3, "1 2 3", "2");
@@ -191,33 +201,6 @@ private slots:
         row("up, no room", "up_List", 0, 1, "1 2 3 4", "0 1");
         row("down", "down_List", 1, 2, "1 4 2 3", "2 3");
         row("down, no room", "down_List", 2, 3, "1 2 3 4", "2 3");
-    }
-    void rowCommands()
-    {
-        QFETCH(QString, button);
-        QFETCH(int, first);
-        QFETCH(int, last);
-        const ListBench bench;
-        const QStringList rows = {"1,,", "2,,", "3,,", "4,,"};
-        bench.setRows(rows);
-        bench.clickCell(first, 0);
-        bench.clickCell(last, 2, Qt::ShiftModifier);
-        bench.click(button);
-        const QStringList changed = bench.rows();
-        QStringList left = changed;
-        left.replaceInStrings(",,", "").replaceInStrings(QRegularExpression("^$"), "_");
-        QTEST(left.join(' '), "left");
-        QStringList chosen;
-        for (const int row : bench.table().chosenRows())
-            chosen << QString::number(row);
-        QTEST(chosen.join(' '), "chosen");
-
-        if (changed == rows)
-            return;
-        bench.click("undo_List");
-        QCOMPARE(bench.rows(), rows);
-        bench.click("redo_List");
-        QCOMPARE(bench.rows(), changed);
     }
 
     void undoIsBoundedInMemory()
@@ -236,46 +219,39 @@ private slots:
         QCOMPARE(bench.said, QStringList("This change is too large to be undone"));
     }
 
-    void filling_data()
-    {
-        testColumns<QStringList, QRect, QString, QStringList>("rows", "chosen", "command",
-                                                              "filled"); // columns and rows
-        const QStringList frequencies = {"1000,a,", "7,b,", ",c,", "1 000 000,d,"};
-        const QRect firstCell(0, 0, 1, 1);
-        const auto row = [](const char* tag, const QStringList& rows, const QRect& chosen,
-                            const char* command, const QStringList& filled) {
-            testRow(tag, rows, chosen, QString("Fill ") + command, filled);
-        };
-        row("whole column", frequencies, firstCell, "linearly",
-            {"1000,a,", "334 000,b,", "667 000,c,", "1 000 000,d,"});
-        row("logarithmically", frequencies, firstCell, "logarithmically",
-            {"1000,a,", "10 000,b,", "100 000,c,", "1 000 000,d,"});
-        row("of the selection", {"1,,", "2,0,", "3,,", "4,,", "5,-1,"}, QRect(1, 1, 1, 4),
-            "linearly", {"1,,", "2,0,", "3,-0.33,", "4,-0.67,", "5,-1,"});
-        row("two columns", {"10,0,", ",,", "30,-20,"}, QRect(0, 0, 2, 3), "linearly",
-            {"10,0,", "20,-10,", "30,-20,"});
-        row("no number", {"1,,", "2,,", ",,"}, firstCell, "linearly", {"1,,", "2,,", ",,"});
-        row("no ratio", {",-1,", ",,", ",5,"}, QRect(1, 0, 1, 1), "logarithmically",
-            {",-1,", ",,", ",5,"});
-        row("down", {",,5", ",,7", ",,9"}, QRect(2, 1, 1, 1), "down", {",,5", ",,7", ",,7"});
-        row("an only row", {"1,,"}, firstCell, "linearly", {"1,,"});
-    }
     void filling()
     {
-        QFETCH(QStringList, rows);
-        QFETCH(QRect, chosen);
-        QFETCH(QString, command);
-        QFETCH(QStringList, filled);
-        const ListBench bench;
-        bench.setRows(rows);
-        bench.clickCell(chosen.top(), chosen.left());
-        bench.clickCell(chosen.bottom(), chosen.right(), Qt::ShiftModifier);
-        for (QAction* action : bench.get<QPushButton>("fill_List").menu()->actions()) {
-            if (action->text() == command)
-                action->trigger();
-        }
-        QCOMPARE(bench.rows(), filled);
-        QCOMPARE(bench.said.isEmpty(), filled != rows || rows.size() == 1);
+        const QStringList frequencies = {"1000,a,", "7,b,", ",c,", "1 000 000,d,"};
+        const QRect firstCell(0, 0, 1, 1); // columns and rows
+        const auto row = namedRows([](const QStringList& rows, const QRect& chosen,
+                                      const char* command, const QStringList& filled) {
+            const ListBench bench;
+            bench.setRows(rows);
+            bench.clickCell(chosen.top(), chosen.left());
+            bench.clickCell(chosen.bottom(), chosen.right(), Qt::ShiftModifier);
+            for (QAction* action : bench.get<QPushButton>("fill_List").menu()->actions()) {
+                if (action->text() == QString("Fill ") + command)
+                    action->trigger();
+            }
+            QCOMPARE(bench.rows(), filled);
+            QCOMPARE(bench.said.isEmpty(), filled != rows || rows.size() == 1);
+        });
+        row("whole column", frequencies, firstCell, "linearly",
+            QStringList{"1000,a,", "334 000,b,", "667 000,c,", "1 000 000,d,"});
+        row("logarithmically", frequencies, firstCell, "logarithmically",
+            QStringList{"1000,a,", "10 000,b,", "100 000,c,", "1 000 000,d,"});
+        row("of the selection", QStringList{"1,,", "2,0,", "3,,", "4,,", "5,-1,"},
+            QRect(1, 1, 1, 4), "linearly",
+            QStringList{"1,,", "2,0,", "3,-0.33,", "4,-0.67,", "5,-1,"});
+        row("two columns", QStringList{"10,0,", ",,", "30,-20,"}, QRect(0, 0, 2, 3), "linearly",
+            QStringList{"10,0,", "20,-10,", "30,-20,"});
+        row("no number", QStringList{"1,,", "2,,", ",,"}, firstCell, "linearly",
+            QStringList{"1,,", "2,,", ",,"});
+        row("no ratio", QStringList{",-1,", ",,", ",5,"}, QRect(1, 0, 1, 1), "logarithmically",
+            QStringList{",-1,", ",,", ",5,"});
+        row("down", QStringList{",,5", ",,7", ",,9"}, QRect(2, 1, 1, 1), "down",
+            QStringList{",,5", ",,7", ",,7"});
+        row("an only row", QStringList{"1,,"}, firstCell, "linearly", QStringList{"1,,"});
     }
 
     void copying()
@@ -293,14 +269,25 @@ private slots:
     }
 
     /// Into the chosen cells of the rows "1,2,3" and "4,5,6".
-    void pasting_data()
+    void pasting()
     {
-        testColumns<QString, QRect, QString>("text", "chosen", "rows"); // columns and rows
-        const auto row = [](const char* tag, const char* text, const QRect& chosen,
-                            const char* rows) {
-            testRow(tag, QString::fromUtf8(text), chosen, rows);
-        };
-        const QRect first(0, 0, 1, 1);
+        const QRect first(0, 0, 1, 1); // columns and rows
+        const auto row = namedRows([](const char* text, const QRect& chosen, const char* rows) {
+            const ListBench bench;
+            const QString before = "1,2,3|4,5,6";
+            bench.setRows(before.split('|'));
+            const QString pasted = QString::fromUtf8(text);
+            QApplication::clipboard()->setText(pasted);
+            bench.clickCell(chosen.top(), chosen.left());
+            bench.clickCell(chosen.bottom(), chosen.right(), Qt::ShiftModifier);
+            bench.click("paste_List");
+            QCOMPARE(bench.rows().join('|'), QString(rows));
+            const bool isRefused = rows == before && !pasted.isEmpty();
+            const QString cell =
+                pasted.contains('\n') ? pasted.section('\n', 1, 1) : pasted.section('\t', 0, 0);
+            const QString refusal = "Not pasted: \"" + cell + "\" is not a number";
+            QCOMPARE(bench.said, isRefused ? QStringList(refusal) : QStringList());
+        });
         row("over the end", "1000\t0\t5\r\n2000\t-1\t6\r\n", QRect(0, 1, 1, 1),
             "1,2,3|1 000,0,5|2 000,-1,6");
         row("beyond the last column", "7\t8\t9", QRect(1, 0, 1, 1), "1,7,8|4,5,6");
@@ -319,23 +306,6 @@ private slots:
             "1 500 000,2,3|1 500 000,5,6");
         row("two headings", "Freq\nHz\n1", first, "1,2,3|4,5,6");
         row("a unit that is not everywhere", "1 MHz", QRect(0, 0, 3, 2), "1,2,3|4,5,6");
-    }
-    void pasting()
-    {
-        QFETCH(QString, text);
-        QFETCH(QRect, chosen);
-        const ListBench bench;
-        bench.setRows({"1,2,3", "4,5,6"});
-        QApplication::clipboard()->setText(text);
-        bench.clickCell(chosen.top(), chosen.left());
-        bench.clickCell(chosen.bottom(), chosen.right(), Qt::ShiftModifier);
-        bench.click("paste_List");
-        QTEST(bench.rows().join('|'), "rows");
-        const bool isRefused = bench.rows().join('|') == "1,2,3|4,5,6" && !text.isEmpty();
-        const QString cell =
-            text.contains('\n') ? text.section('\n', 1, 1) : text.section('\t', 0, 0);
-        const QString refusal = "Not pasted: \"" + cell + "\" is not a number";
-        QCOMPARE(bench.said, isRefused ? QStringList(refusal) : QStringList());
     }
 
     void headingOfAnotherColumnIsRefused()

@@ -20,47 +20,41 @@ private slots:
     void init() { make(shortPauseMs); }
     void cleanup() { m_rig.reset(); }
 
-    void sizes_data()
-    {
-        testColumns<int, QString>("rows", "blocks");
-        testRow("none", 0, "!!!");
-        testRow("one", 1, "FREQ=1! POW=1! DWEL=1!");
-        testRow("just a block", 32, "FREQ=32! POW=32! DWEL=32!");
-        testRow("and a rest", 33, "FREQ=32+1! POW=32+1! DWEL=32+1!");
-        testRow("two blocks", 64, "FREQ=32+32! POW=32+32! DWEL=32+32!");
-        testRow("many", 135, "FREQ=32+32+32+32+7! POW=32+32+32+32+7! DWEL=32+32+32+32+7!");
-    }
     void sizes()
     {
-        QFETCH(int, rows);
-        m_rig->fillRows(rows);
-        pauses().totalMs = 0;
-        QVERIFY(m_rig->transfer.transferTable());
-        QTEST(sentBlocks(), "blocks");
-        // Behind each block but the first and the rest of a list.
-        QCOMPARE(pauses().totalMs, 3 * shortPauseMs * std::max(rows / 32 - 1, 0));
-        QVERIFY(m_rig->isTidy());
-        for (const char* list : {"FREQ", "POW", "DWEL"})
-            QCOMPARE(m_rig->ask(QString("LIST:%1:POIN?").arg(list)).toInt(), rows);
+        const auto row = freshRows(this, [this](int rows, const QString& blocks) {
+            m_rig->fillRows(rows);
+            pauses().totalMs = 0;
+            QVERIFY(m_rig->transfer.transferTable());
+            QCOMPARE(sentBlocks(), blocks);
+            // Behind each block but the first and the rest of a list.
+            QCOMPARE(pauses().totalMs, 3 * shortPauseMs * std::max(rows / 32 - 1, 0));
+            QVERIFY(m_rig->isTidy());
+            for (const char* list : {"FREQ", "POW", "DWEL"})
+                QCOMPARE(m_rig->ask(QString("LIST:%1:POIN?").arg(list)).toInt(), rows);
+        });
+        row("none", 0, "!!!");
+        row("one", 1, "FREQ=1! POW=1! DWEL=1!");
+        row("just a block", 32, "FREQ=32! POW=32! DWEL=32!");
+        row("and a rest", 33, "FREQ=32+1! POW=32+1! DWEL=32+1!");
+        row("two blocks", 64, "FREQ=32+32! POW=32+32! DWEL=32+32!");
+        row("many", 135, "FREQ=32+32+32+32+7! POW=32+32+32+32+7! DWEL=32+32+32+32+7!");
     }
 
-    void cells_data()
-    {
-        testColumns<QString, QString>("row", "sent");
-        testRow("short dwell", "1 000 000;-5;50", "1 000 000Hz|-5|5e-05");
-        testRow("grouped dwell", "1 000 000;0;1 000", "1 000 000Hz|0|0.001");
-        testRow("six digits", "1 000.5;-5.50;1 234 567.8", "1 000.5Hz|-5.50|1.23457");
-        testRow("empty", ";;", "1 000Hz|-7|0.001");
-        testRow("formats", "%s %1;%n%lf;%d", "%s %1Hz|%n%lf|0");
-    }
     void cells()
     {
-        QFETCH(QString, row);
-        m_rig->fill({row});
-        m_rig->transfer.transferTable();
-        QStringList sent = m_rig->sent();
-        sent.replaceInStrings(QRegularExpression("^LIST:(FREQ|POW|DWEL) (.*)~!*$"), "\\2");
-        QTEST(sent.join('|'), "sent");
+        const auto row = namedRows([this](const QString& cells, const QString& sent) {
+            m_rig->fill({cells});
+            m_rig->transfer.transferTable();
+            QStringList values = m_rig->sent();
+            values.replaceInStrings(QRegularExpression("^LIST:(FREQ|POW|DWEL) (.*)~!*$"), "\\2");
+            QCOMPARE(values.join('|'), sent);
+        });
+        row("short dwell", "1 000 000;-5;50", "1 000 000Hz|-5|5e-05");
+        row("grouped dwell", "1 000 000;0;1 000", "1 000 000Hz|0|0.001");
+        row("six digits", "1 000.5;-5.50;1 234 567.8", "1 000.5Hz|-5.50|1.23457");
+        row("empty", ";;", "1 000Hz|-7|0.001");
+        row("formats", "%s %1;%n%lf;%d", "%s %1Hz|%n%lf|0");
     }
 
     void barShowsTheProgress()
@@ -83,26 +77,23 @@ private slots:
         QCOMPARE(seen, QStringList({"1/6 List 1 of 3, 0:02 left", "3/6 List 3 of 3, 0:01 left"}));
     }
 
-    void uncheckedInAPause_data()
-    {
-        testColumns<QString, QString>("seen", "blocks");
-        testRow("first", "1 132 000Hz", "FREQ=32+32!");
-        testRow("last of a list", "1 164 000Hz", "FREQ=32+32+32!");
-        testRow("power", ":POW:ADD", "FREQ=32+32+32+4! POW=32+32!");
-        testRow("last", "0.001064", "FREQ=32+32+32+4! POW=32+32+32+4! DWEL=32+32+32!");
-    }
     /// The rest of the list and the lists after it are not sent.
     void uncheckedInAPause()
     {
-        QFETCH(QString, seen);
-        m_rig->fillRows(100);
-        m_rig->whenSent(seen, [this] {
-            const QSignalBlocker quiet(m_rig->panel.runList());
-            m_rig->panel.runList().setChecked(false);
+        const auto row = freshRows(this, [this](const QString& seen, const QString& blocks) {
+            m_rig->fillRows(100);
+            m_rig->whenSent(seen, [this] {
+                const QSignalBlocker quiet(m_rig->panel.runList());
+                m_rig->panel.runList().setChecked(false);
+            });
+            QVERIFY(m_rig->transfer.transferTable());
+            QCOMPARE(sentBlocks(), blocks);
+            QVERIFY(m_rig->isTidy());
         });
-        QVERIFY(m_rig->transfer.transferTable());
-        QTEST(sentBlocks(), "blocks");
-        QVERIFY(m_rig->isTidy());
+        row("first", "1 132 000Hz", "FREQ=32+32!");
+        row("last of a list", "1 164 000Hz", "FREQ=32+32+32!");
+        row("power", ":POW:ADD", "FREQ=32+32+32+4! POW=32+32!");
+        row("last", "0.001064", "FREQ=32+32+32+4! POW=32+32+32+4! DWEL=32+32+32!");
     }
 
     /// The three lists match whatever happens to the table in between.

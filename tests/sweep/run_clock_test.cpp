@@ -2,7 +2,6 @@
 #include "tests/support/rows.h"
 
 #include <QSignalSpy>
-#include <QTest>
 
 namespace
 {

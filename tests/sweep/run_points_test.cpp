@@ -1,14 +1,10 @@
 #include "sweep/picture/run_lines.h"
 #include "sweep/picture/run_points.h"
-#include "tests/support/rows.h"
 
 #include <QTest>
 
 #include <algorithm>
 #include <cmath>
-
-Q_DECLARE_METATYPE(SweepTexts)
-Q_DECLARE_METATYPE(RowTexts)
 
 namespace
 {
@@ -31,52 +27,42 @@ class RunPointsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void sweeps_data()
-    {
-        testColumns<SweepTexts, int, double, double, double>("texts", "number", "frequencyHz",
-                                                             "powerDbm", "totalUs");
-        const SweepTexts rising{false, "-3.5", "1 000 000", "2 000 000", "1 001", "1 000"};
-        testRow("first", rising, 1, 1e6, -3.5, 1001e3);
-        testRow("middle", rising, 501, 1.5e6, -3.5, 1001e3);
-        testRow("last", rising, 1001, 2e6, -3.5, 1001e3);
-        const SweepTexts power{true, "5 000 000", "10", "- 100", "3", "0.5"};
-        testRow("power falls", power, 2, 5e6, -45.0, 1.5);
-        const SweepTexts one{false, "0", "1 000", "9 000", "1", "7"};
-        testRow("one point stays at the start", one, 1, 1e3, 0.0, 7.0);
-        const SweepTexts huge{false, "0", "0", "999 999 999", "1 000 000 000", "1 000"};
-        testRow("a thousand million points", huge, 500000001, 5e8, 0.0, 1e12);
-    }
     void sweeps()
     {
-        QFETCH(SweepTexts, texts);
-        QFETCH(int, number);
-        const RunPoints points = RunPoints::ofSweep(texts);
-        QTEST(points.point(number).frequencyHz, "frequencyHz");
-        QTEST(points.point(number).powerDbm, "powerDbm");
-        QTEST(points.totalUs(), "totalUs");
+        const auto check = [](const SweepTexts& texts, int number, double frequencyHz,
+                              double powerDbm, double totalUs) {
+            const RunPoints points = RunPoints::ofSweep(texts);
+            QCOMPARE(points.point(number).frequencyHz, frequencyHz);
+            QCOMPARE(points.point(number).powerDbm, powerDbm);
+            QCOMPARE(points.totalUs(), totalUs);
+        };
+        const SweepTexts rising{false, "-3.5", "1 000 000", "2 000 000", "1 001", "1 000"};
+        check(rising, 1, 1e6, -3.5, 1001e3);
+        check(rising, 501, 1.5e6, -3.5, 1001e3);
+        check(rising, 1001, 2e6, -3.5, 1001e3);
+        check({true, "5 000 000", "10", "- 100", "3", "0.5"}, 2, 5e6, -45.0, 1.5);
+        // One point stays at the start; a thousand million are no trouble.
+        check({false, "0", "1 000", "9 000", "1", "7"}, 1, 1e3, 0.0, 7.0);
+        check({false, "0", "0", "999 999 999", "1 000 000 000", "1 000"}, 500000001, 5e8, 0.0,
+              1e12);
     }
 
-    void refusedSweeps_data()
-    {
-        testColumns<SweepTexts>("texts");
-        testRow("no start", SweepTexts{false, "0", "", "2", "3", "4"});
-        testRow("no number", SweepTexts{false, "0", "1", "2 Hz", "3", "4"});
-        testRow("decimal comma", SweepTexts{false, "0,5", "1", "2", "3", "4"});
-        testRow("not finite", SweepTexts{false, "0", "1", "inf", "3", "4"});
-        testRow("beyond anything", SweepTexts{false, "0", "1", "1e300", "3", "4"});
-        testRow("no points", SweepTexts{false, "0", "1", "2", "0", "4"});
-        testRow("half a point", SweepTexts{false, "0", "1", "2", "2.5", "4"});
-        testRow("too many points", SweepTexts{false, "0", "1", "2", "1 000 000 001", "4"});
-        testRow("no dwell", SweepTexts{false, "0", "1", "2", "3", " "});
-    }
     void refusedSweeps()
     {
-        QFETCH(SweepTexts, texts);
-        const RunPoints points = RunPoints::ofSweep(texts);
-        QVERIFY(points.isEmpty());
-        QCOMPARE(points.totalUs(), 0.0);
-        QCOMPARE(points.pointAt(5.0), 0);
-        QVERIFY(runLines(points, RunQuantity::Frequency, 0.0, 1.0, 100).isEmpty());
+        const SweepTexts refused[] = {
+            {false, "0", "", "2", "3", "4"},      {false, "0", "1", "2 Hz", "3", "4"},
+            {false, "0,5", "1", "2", "3", "4"},   {false, "0", "1", "inf", "3", "4"},
+            {false, "0", "1", "1e300", "3", "4"}, {false, "0", "1", "2", "0", "4"},
+            {false, "0", "1", "2", "2.5", "4"},   {false, "0", "1", "2", "1 000 000 001", "4"},
+            {false, "0", "1", "2", "3", " "},
+        };
+        for (const SweepTexts& texts : refused) {
+            const RunPoints points = RunPoints::ofSweep(texts);
+            QVERIFY(points.isEmpty());
+            QCOMPARE(points.totalUs(), 0.0);
+            QCOMPARE(points.pointAt(5.0), 0);
+            QVERIFY(runLines(points, RunQuantity::Frequency, 0.0, 1.0, 100).isEmpty());
+        }
     }
 
     void cells()
@@ -93,39 +79,24 @@ private slots:
         QCOMPARE(points.totalUs(), 3000.0);
     }
 
-    void wrongPoints_data()
-    {
-        testColumns<QVector<RowTexts>, int>("rows", "firstWrong");
-        const RowTexts right{"1 000", "0", "100"};
-        testRow("none", QVector<RowTexts>{right, right}, 0);
-        testRow("unreadable", QVector<RowTexts>{right, {"a", "0", "100"}, {"", "a", ""}}, 2);
-        testRow("zero hertz", QVector<RowTexts>{{"0", "0", "100"}}, 1);
-        testRow("negative dwell", QVector<RowTexts>{right, right, {"1", "0", "-5"}}, 3);
-        testRow("no time", QVector<RowTexts>{right, {"1", "0", "0"}}, 2);
-    }
     void wrongPoints()
     {
-        QFETCH(QVector<RowTexts>, rows);
-        QTEST(listOf(rows).firstWrong(), "firstWrong");
+        const RowTexts right{"1 000", "0", "100"};
+        QCOMPARE(listOf({right, right}).firstWrong(), 0);
+        QCOMPARE(listOf({right, {"a", "0", "100"}, {"", "a", ""}}).firstWrong(), 2);
+        QCOMPARE(listOf({{"0", "0", "100"}}).firstWrong(), 1);
+        QCOMPARE(listOf({right, right, {"1", "0", "-5"}}).firstWrong(), 3);
+        QCOMPARE(listOf({right, {"1", "0", "0"}}).firstWrong(), 2);
         const RunPoints throughZero =
             RunPoints::ofSweep({false, "0", "1 000", "-1 000", "21", "1"});
         QCOMPARE(throughZero.firstWrong(), 11);
     }
 
-    void times_data()
-    {
-        testColumns<double, int>("elapsedUs", "number");
-        testRow("before", -1.0, 1);
-        testRow("end of the first", 9.999, 1);
-        testRow("second", 10.0, 2);
-        testRow("over the one without time", 30.0, 4);
-        testRow("end", 60.0, 4);
-        testRow("long after", 1e12, 4);
-    }
     void times()
     {
-        QFETCH(double, elapsedUs);
-        QTEST(unevenList().pointAt(elapsedUs), "number");
+        for (const auto& [elapsedUs, number] :
+             {std::pair(-1.0, 1), {9.999, 1}, {10.0, 2}, {30.0, 4}, {60.0, 4}, {1e12, 4}})
+            QCOMPARE(unevenList().pointAt(elapsedUs), number);
     }
 
     /// Rounding must not make a point late.
@@ -138,22 +109,18 @@ private slots:
         }
     }
 
-    void visiblePoints_data()
-    {
-        testColumns<double, double, int, int>("fromUs", "toUs", "first", "last");
-        testRow("all", 0.0, 60.0, 1, 4);
-        testRow("within one", 12.0, 13.0, 2, 2);
-        testRow("the one without time", 29.0, 31.0, 2, 4);
-        testRow("at its moment", 30.0, 30.0, 2, 4);
-        testRow("after", 61.0, 70.0, 1, 0);
-    }
     void visiblePoints()
     {
-        QFETCH(double, fromUs);
-        QFETCH(double, toUs);
-        const PointRange range = unevenList().pointsBetween(fromUs, toUs);
-        QTEST(range.first, "first");
-        QTEST(range.last, "last");
+        const auto check = [](double fromUs, double toUs, int first, int last) {
+            const PointRange range = unevenList().pointsBetween(fromUs, toUs);
+            QCOMPARE(range.first, first);
+            QCOMPARE(range.last, last);
+        };
+        check(0.0, 60.0, 1, 4);
+        check(12.0, 13.0, 2, 2);
+        check(29.0, 31.0, 2, 4);
+        check(30.0, 30.0, 2, 4);
+        check(61.0, 70.0, 1, 0);
     }
 
     void linesKeepEveryExtreme()

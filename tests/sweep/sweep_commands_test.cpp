@@ -49,70 +49,65 @@ private slots:
     }
     void cleanup() { m_rig.reset(); }
 
-    void runs_data()
-    {
-        testColumns<QString, QStringList, QStringList>("clicks", "texts", "started");
-        const QString power = "power_toFrom_freq button_Sweep";
-        testRow("frequency", sweepButton, usualSweep, sweepStarted);
-        testRow("power", power, QStringList{"1 200 000 000", "-20", "- 5", "1 601", "50"},
-                QStringList{"SWEep:POINts 1601!", "FREQ 1200000000 Hz!", "POW:START -20!",
-                            "POW:STOP - 5!", "SWEep:DWELl 5e-05!"} +
-                    freeRun + powerSweep);
-        testRow("six digits", power, QStringList{"9 000", "-1.5", "0.25", "2", "12 345 678.9"},
-                QStringList{"SWEep:POINts 2!", "FREQ 9000 Hz!", "POW:START -1.5!", "POW:STOP 0.25!",
-                            "SWEep:DWELl 12.3457!"} +
-                    freeRun + powerSweep);
-        testRow("list", listButton, usualSweep, listStarted);
-    }
     void runs()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QStringList, texts);
-        // Whether or not the instrument accepts the texts.
-        m_rig->demo("reply SYSTem:ERRor? -> 0,\"No error\"");
-        const QString button = clicks.section(' ', -1);
-        m_rig->click(clicks.section(' ', 0, -2));
-        m_rig->setSweep(texts);
-        for (int i = 0; i < 2; ++i) {
-            m_rig->click(button);
-            QTEST(m_rig->sent(), "started");
-            QCOMPARE(m_rig->usableCw(), QString("----"));
-            m_rig->click(button);
-            QCOMPARE(m_rig->sent(), button == listButton ? listStopped : sweepStopped);
-            verifyAtRest();
-        }
-        QCOMPARE(m_rig->events.join(' '),
-                 QString("starting started stopped starting started stopped"));
+        const auto row = freshRows(this, [this](const QString& clicks, const QStringList& texts,
+                                                const QStringList& started) {
+            // Whether or not the instrument accepts the texts.
+            m_rig->demo("reply SYSTem:ERRor? -> 0,\"No error\"");
+            const QString button = clicks.section(' ', -1);
+            m_rig->click(clicks.section(' ', 0, -2));
+            m_rig->setSweep(texts);
+            for (int i = 0; i < 2; ++i) {
+                m_rig->click(button);
+                QCOMPARE(m_rig->sent(), started);
+                QCOMPARE(m_rig->usableCw(), QString("----"));
+                m_rig->click(button);
+                QCOMPARE(m_rig->sent(), button == listButton ? listStopped : sweepStopped);
+                verifyAtRest();
+            }
+            QCOMPARE(m_rig->events.join(' '),
+                     QString("starting started stopped starting started stopped"));
+        });
+        const QString power = "power_toFrom_freq button_Sweep";
+        row("frequency", sweepButton, usualSweep, sweepStarted);
+        row("power", power, QStringList{"1 200 000 000", "-20", "- 5", "1 601", "50"},
+            QStringList{"SWEep:POINts 1601!", "FREQ 1200000000 Hz!", "POW:START -20!",
+                        "POW:STOP - 5!", "SWEep:DWELl 5e-05!"} +
+                freeRun + powerSweep);
+        row("six digits", power, QStringList{"9 000", "-1.5", "0.25", "2", "12 345 678.9"},
+            QStringList{"SWEep:POINts 2!", "FREQ 9000 Hz!", "POW:START -1.5!", "POW:STOP 0.25!",
+                        "SWEep:DWELl 12.3457!"} +
+                freeRun + powerSweep);
+        row("list", listButton, usualSweep, listStarted);
     }
 
-    void nothingToRun_data()
-    {
-        testColumns<QString, QString>("typed", "accepted");
-        testRow("Freq_Pow", "5-3", "0");
-        testRow("Start", "", "25 000 000");
-        testRow("Stop", ".", "1 000 000 000");
-        testRow("Step", " ", "100");
-        testRow("Time", "", "1 000");
-    }
     /// A run that is clicked from within the field does not even announce itself.
     void nothingToRun()
     {
-        QFETCH(QString, typed);
-        auto& edit = *m_rig->get<QLineEdit>(QTest::currentDataTag());
-        m_rig->host.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&m_rig->host));
-        edit.setFocus();
-        edit.selectAll();
-        QTest::keyClick(&edit, Qt::Key_Delete);
-        QTest::keyClicks(&edit, typed);
-        m_rig->fields.takeSaid();
-        QTest::mouseClick(&m_rig->panel.runSweep(), Qt::LeftButton);
-        QTEST(edit.text(), "accepted");
-        verifyNothing();
-        QCOMPARE(m_rig->fields.said.size(), 1);
-        QVERIFY(m_rig->fields.said.first().startsWith(edit.accessibleName() + ':'));
-        m_rig->click(sweepButton);
-        QVERIFY(m_rig->panel.runSweep().isChecked());
+        const auto check = [this](const char* name, const char* typed, const char* accepted) {
+            init();
+            auto& edit = *m_rig->get<QLineEdit>(name);
+            m_rig->host.activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(&m_rig->host));
+            edit.setFocus();
+            edit.selectAll();
+            QTest::keyClick(&edit, Qt::Key_Delete);
+            QTest::keyClicks(&edit, typed);
+            m_rig->fields.takeSaid();
+            QTest::mouseClick(&m_rig->panel.runSweep(), Qt::LeftButton);
+            QCOMPARE(edit.text(), QString(accepted));
+            verifyNothing();
+            QCOMPARE(m_rig->fields.said.size(), 1);
+            QVERIFY(m_rig->fields.said.first().startsWith(edit.accessibleName() + ':'));
+            m_rig->click(sweepButton);
+            QVERIFY(m_rig->panel.runSweep().isChecked());
+        };
+        check("Freq_Pow", "5-3", "0");
+        check("Start", "", "25 000 000");
+        check("Stop", ".", "1 000 000 000");
+        check("Step", " ", "100");
+        check("Time", "", "1 000");
     }
 
     void neitherStarts()
@@ -133,106 +128,77 @@ private slots:
         verifyNothing();
     }
 
-    void instrumentRunsThePoints()
-    {
-        m_rig->demo("clock stop");
-        const std::pair<const char*, QString> steps[] = {
-            {"button_Sweep", "1 RUN 10000000 -4"},
-            {"2500", "3 RUN 30000000 -4"},
-            {"2500", "5 IDLE 50000000 -4"},
-            {"trigMode button_List", "1 RUN 1000000 -1"},
-            {"75", "2 RUN 2000000 -2"},
-            {"100", "1 RUN 1000000 -1"},
-            {"button_List", "0 IDLE 1500000000 -7"}};
-        for (const auto& [action, place] : steps) {
-            if (QString(action).toInt() > 0)
-                m_rig->demo(QString("clock ") + action);
-            else
-                m_rig->click(action);
-            QCOMPARE(m_rig->whereItIs(), place);
-        }
-    }
-
-    void restoresCw_data()
-    {
-        testColumns<QString, QString, QStringList, QString>("frequency", "power", "sent", "shown");
-        testRow("fraction of a dB", "2 500 000.4", "-5.5",
-                QStringList{"FREQ 2500000.400000 Hz;FREQ?!", "POW 0.000000;POW?!"}, "2 500 000|0");
-        testRow("no number", "", "5-3", cwRestored, "1 500 000 000|-7");
-    }
     void restoresCw()
     {
-        QFETCH(QString, frequency);
-        QFETCH(QString, power);
-        m_rig->click(sweepButton);
-        m_rig->frequency.setText(frequency);
-        m_rig->power.setText(power);
-        m_rig->sent();
-        m_rig->click(sweepButton);
-        QTEST(QStringList(m_rig->sent().mid(4)), "sent");
-        QTEST(m_rig->frequency.text() + '|' + m_rig->power.text(), "shown");
+        const auto row = freshRows(this, [this](const QString& frequency, const QString& power,
+                                                const QStringList& sent, const QString& shown) {
+            m_rig->click(sweepButton);
+            m_rig->frequency.setText(frequency);
+            m_rig->power.setText(power);
+            m_rig->sent();
+            m_rig->click(sweepButton);
+            QCOMPARE(QStringList(m_rig->sent().mid(4)), sent);
+            QCOMPARE(m_rig->frequency.text() + '|' + m_rig->power.text(), shown);
+        });
+        row("fraction of a dB", "2 500 000.4", "-5.5",
+            QStringList{"FREQ 2500000.400000 Hz;FREQ?!", "POW 0.000000;POW?!"}, "2 500 000|0");
+        row("no number", "", "5-3", cwRestored, "1 500 000 000|-7");
     }
 
-    void newestClickWins_data()
-    {
-        testColumns<QString, QStringList, QString>("clicked", "sentAfter", "runs");
-        // The transfer looks for errors once more, and the start of the run stops it once more.
-        const QStringList lookedTwice =
-            listStopped.mid(0, 5) + QStringList(cwRestored.last() + '!');
-        testRow("off", listButton, lookedTwice + listStopped, "");
-        testRow("off and on", "button_List button_List", listStopped + listStarted, "List");
-        testRow("off, on and off", "button_List button_List button_List",
-                listStopped + listStarted + listStopped, "");
-        testRow("the other", sweepButton, listStopped + sweepStarted, "Sweep");
-        testRow("the other and back", "button_Sweep button_List",
-                listStopped + sweepStarted + sweepStopped + listStarted, "List");
-    }
     /// In a pause of the transfer; the table is shorter then, so that the second run takes no
     /// pauses.
     void newestClickWins()
     {
-        QFETCH(QString, clicked);
-        QFETCH(QString, runs);
-        m_rig->fillRows(70);
-        QStringList sentBefore;
-        m_rig->whenSent("LIST:POW:ADD", [&] {
-            sentBefore = m_rig->sent();
-            m_rig->fill(usualList);
-            m_rig->click(clicked);
+        const auto row = freshRows(this, [this](const QString& clicked,
+                                                const QStringList& sentAfter, const QString& runs) {
+            m_rig->fillRows(70);
+            QStringList sentBefore;
+            m_rig->whenSent("LIST:POW:ADD", [&] {
+                sentBefore = m_rig->sent();
+                m_rig->fill(usualList);
+                m_rig->click(clicked);
+            });
+            m_rig->click(listButton);
+            QCOMPARE(m_rig->sent(), sentAfter);
+            QCOMPARE(sentBefore.size(), 5);
+            QCOMPARE(m_rig->panel.runList().isChecked(), runs == "List");
+            QCOMPARE(m_rig->panel.runSweep().isChecked(), runs == "Sweep");
+            QVERIFY(m_rig->isTidy());
+            QCOMPARE(m_rig->usableCw(), QString(runs.isEmpty() ? "++++" : "----"));
+            const QString mode = m_rig->ask("FREQ:MODE?");
+            QVERIFY((runs.isEmpty() ? "Fix" : runs).startsWith(mode, Qt::CaseInsensitive));
         });
-        m_rig->click(listButton);
-        QTEST(m_rig->sent(), "sentAfter");
-        QCOMPARE(sentBefore.size(), 5);
-        QCOMPARE(m_rig->panel.runList().isChecked(), runs == "List");
-        QCOMPARE(m_rig->panel.runSweep().isChecked(), runs == "Sweep");
-        QVERIFY(m_rig->isTidy());
-        QCOMPARE(m_rig->usableCw(), QString(runs.isEmpty() ? "++++" : "----"));
-        const QString mode = m_rig->ask("FREQ:MODE?");
-        QVERIFY((runs.isEmpty() ? "Fix" : runs).startsWith(mode, Qt::CaseInsensitive));
+        // The transfer looks for errors once more, and the start of the run stops it once more.
+        const QStringList lookedTwice =
+            listStopped.mid(0, 5) + QStringList(cwRestored.last() + '!');
+        row("off", listButton, lookedTwice + listStopped, "");
+        row("off and on", "button_List button_List", listStopped + listStarted, "List");
+        row("off, on and off", "button_List button_List button_List",
+            listStopped + listStarted + listStopped, "");
+        row("the other", sweepButton, listStopped + sweepStarted, "Sweep");
+        row("the other and back", "button_Sweep button_List",
+            listStopped + sweepStarted + sweepStopped + listStarted, "List");
     }
 
-    void clicksWhileModulationGoesOff_data()
-    {
-        testColumns<QString, QStringList>("clicked", "sent");
-        testRow("none", "", sweepStarted);
-        testRow("off", sweepButton, sweepStopped);
-        testRow("off and on", "button_Sweep button_Sweep", sweepStopped + sweepStarted);
-        testRow("the other", listButton, sweepStopped + listStarted);
-    }
     void clicksWhileModulationGoesOff()
     {
-        QFETCH(QString, clicked);
-        int starts = 0;
-        m_rig->whenStarting = [&] {
-            if (starts++ > 0)
-                return;
-            QCOMPARE(m_rig->sent(), QStringList());
-            QTimer::singleShot(0, &m_rig->host, [&] { m_rig->click(clicked); });
-            pause(shortPauseMs);
-        };
-        m_rig->click(sweepButton);
-        QTEST(m_rig->sent(), "sent");
-        QVERIFY(m_rig->isTidy());
+        const auto row = freshRows(this, [this](const QString& clicked, const QStringList& sent) {
+            int starts = 0;
+            m_rig->whenStarting = [&] {
+                if (starts++ > 0)
+                    return;
+                QCOMPARE(m_rig->sent(), QStringList());
+                QTimer::singleShot(0, &m_rig->host, [&] { m_rig->click(clicked); });
+                pause(shortPauseMs);
+            };
+            m_rig->click(sweepButton);
+            QCOMPARE(m_rig->sent(), sent);
+            QVERIFY(m_rig->isTidy());
+        });
+        row("none", "", sweepStarted);
+        row("off", sweepButton, sweepStopped);
+        row("off and on", "button_Sweep button_Sweep", sweepStopped + sweepStarted);
+        row("the other", listButton, sweepStopped + listStarted);
     }
 
     void lostConnection_data()
@@ -275,36 +241,32 @@ private slots:
         QVERIFY(undisturbed.size() > 20);
     }
 
-    void endsInTheTransfer_data()
-    {
-        testColumns<bool, bool>("isLost", "isProgramOver");
-        testRow("another connection", true, false);
-        testRow("program ends, handed back", true, true);
-        testRow("program ends, still connected", false, true);
-    }
     void endsInTheTransfer()
     {
-        QFETCH(bool, isLost);
-        QFETCH(bool, isProgramOver);
-        m_rig->fillRows(70);
-        QTimer::singleShot(0, &m_rig->host, [&] {
-            m_rig->click(listButton);
-            QCoreApplication::quit();
-        });
-        m_rig->whenSent("LIST:FREQ:ADD", [&] {
-            m_rig->sent();
-            if (isLost)
-                m_rig->disconnect();
-            if (isProgramOver)
+        const auto row = freshRows(this, [this](bool isLost, bool isProgramOver) {
+            m_rig->fillRows(70);
+            QTimer::singleShot(0, &m_rig->host, [&] {
+                m_rig->click(listButton);
                 QCoreApplication::quit();
-            else
-                m_rig->open();
+            });
+            m_rig->whenSent("LIST:FREQ:ADD", [&] {
+                m_rig->sent();
+                if (isLost)
+                    m_rig->disconnect();
+                if (isProgramOver)
+                    QCoreApplication::quit();
+                else
+                    m_rig->open();
+            });
+            QCoreApplication::exec();
+            QCOMPARE(m_rig->sent(), QStringList());
+            QVERIFY(m_rig->isTidy());
+            QCOMPARE(m_rig->panel.isRunning(), !isLost);
+            QCOMPARE(m_rig->events, QStringList("starting"));
         });
-        QCoreApplication::exec();
-        QCOMPARE(m_rig->sent(), QStringList());
-        QVERIFY(m_rig->isTidy());
-        QCOMPARE(m_rig->panel.isRunning(), !isLost);
-        QCOMPARE(m_rig->events, QStringList("starting"));
+        row("another connection", true, false);
+        row("program ends, handed back", true, true);
+        row("program ends, still connected", false, true);
     }
 
 private:

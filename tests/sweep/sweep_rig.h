@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fields/power_guard.h"
-#include "link/scpi_session.h"
 #include "sweep/list/point_table.h"
 #include "sweep/list_panel.h"
 #include "sweep/list_transfer.h"

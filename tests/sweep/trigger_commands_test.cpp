@@ -35,59 +35,68 @@ private slots:
     }
     void cleanup() { m_rig.reset(); }
 
-    void arrangements_data()
-    {
-        testColumns<QString, QStringList, bool>("clicked", "sent", "isPulseOff");
-        testRow("free", "", QStringList("TRIG:SOUR IMM!"), false);
-        testRow("rising", "int_select", external("POS", "MAN"), true);
-        testRow("rising, all points", "modeFront int_select", external("POS", "AUTO"), true);
-        testRow("falling", "ext_select", external("NEG", "MAN"), true);
-        testRow("falling, all points", "modeFront ext_select", external("NEG", "AUTO"), true);
-        testRow("by hand", "time_select", manual, false);
-        testRow("by hand, all points", "modeFront time_select", manual, false);
-    }
     /// Alike at the start of a sweep and of a list, behind what is run and before the start itself.
     void arrangements()
     {
-        QFETCH(QString, clicked);
-        QFETCH(QStringList, sent);
-        QFETCH(bool, isPulseOff);
-        m_rig->click(clicked);
-        for (const bool isContinuous : {false, true}) {
-            for (const char* button : {"button_Sweep", "button_List"}) {
-                m_rig->pulse.setChecked(true);
-                m_rig->panel.trigger().continuousMode().setChecked(isContinuous);
-                m_rig->sent();
-                m_rig->click(button);
-                const QStringList all = m_rig->sent();
-                const auto end = static_cast<int>(
-                    all.indexOf(isContinuous ? "INIT:CONT ON!" : "INIT:CONT OFF!"));
-                QCOMPARE(all.mid(end - sent.size(), sent.size()), sent);
-                QVERIFY(all.at(end - sent.size() - 1).contains("DWEL"));
-                QVERIFY(all.at(end + 1).startsWith("FREQ:MODE"));
-                QCOMPARE(m_rig->pulse.isChecked(), !isPulseOff);
-                m_rig->click(button);
-            }
-        }
+        const auto row = freshRows(
+            this, [this](const QString& clicked, const QStringList& sent, bool isPulseOff) {
+                m_rig->click(clicked);
+                for (const bool isContinuous : {false, true}) {
+                    for (const char* button : {"button_Sweep", "button_List"}) {
+                        m_rig->pulse.setChecked(true);
+                        m_rig->panel.trigger().continuousMode().setChecked(isContinuous);
+                        m_rig->sent();
+                        m_rig->click(button);
+                        const QStringList all = m_rig->sent();
+                        const auto end = static_cast<int>(
+                            all.indexOf(isContinuous ? "INIT:CONT ON!" : "INIT:CONT OFF!"));
+                        QCOMPARE(all.mid(end - sent.size(), sent.size()), sent);
+                        QVERIFY(all.at(end - sent.size() - 1).contains("DWEL"));
+                        QVERIFY(all.at(end + 1).startsWith("FREQ:MODE"));
+                        QCOMPARE(m_rig->pulse.isChecked(), !isPulseOff);
+                        m_rig->click(button);
+                    }
+                }
+            });
+        row("free", "", QStringList("TRIG:SOUR IMM!"), false);
+        row("rising", "int_select", external("POS", "MAN"), true);
+        row("rising, all points", "modeFront int_select", external("POS", "AUTO"), true);
+        row("falling", "ext_select", external("NEG", "MAN"), true);
+        row("falling, all points", "modeFront ext_select", external("NEG", "AUTO"), true);
+        row("by hand", "time_select", manual, false);
+        row("by hand, all points", "modeFront time_select", manual, false);
     }
 
-    void movesInARun_data()
+    void movesInARun()
     {
-        testColumns<QString, QString, QStringList, QString, QString>("before", "acts", "sent",
-                                                                     "place", "events");
-        const auto row = [](const char* tag, const char* before, const char* acts,
-                            const QStringList& sent, const char* place, const char* events) {
-            testRow(tag, before, acts, sent, place, events);
-        };
-        row("start by hand", "time_select button_Sweep", "", {}, "1 WAIT 10000000 -4", "");
+        const auto row = freshRows(this, [this](const QString& before, const QString& acts,
+                                                const QStringList& sent, const QString& place,
+                                                const QString& events) {
+            run(before);
+            int column = 0;
+            for (const QString& act : acts.split(' ', Qt::SkipEmptyParts)) {
+                if (act.startsWith("row="))
+                    m_rig->panel.table().setCurrentCell(act.mid(4).toInt() - 1, ++column % 3);
+                else if (act.contains('='))
+                    m_rig->demo(QString(act).replace('=', ' '));
+                else
+                    m_rig->click(act);
+            }
+            QCOMPARE(m_rig->sent(), sent);
+            QCOMPARE(m_rig->whereItIs(), place);
+            QCOMPARE(m_rig->events.join(' '), events);
+        });
+        row("start by hand", "time_select button_Sweep", "", QStringList(), "1 WAIT 10000000 -4",
+            "");
         row("sweep by hand", "time_select button_Sweep", "right_select right_select left_select",
-            {up, up, down}, "2 WAIT 20000000 -4", "1 refresh 1 refresh -1 refresh");
+            QStringList{up, up, down}, "2 WAIT 20000000 -4", "1 refresh 1 refresh -1 refresh");
         row("from a free sweep on", "button_Sweep", "clock=1500 right_select right_select",
             manual + QStringList{up, up}, "4 WAIT 40000000 -4", "1 refresh 1 refresh");
         row("sweep by the arrows of the list", "time_select button_Sweep", "rightButton leftButton",
-            {up, down}, "1 WAIT 10000000 -4", "1 refresh -1 refresh");
+            QStringList{up, down}, "1 WAIT 10000000 -4", "1 refresh -1 refresh");
         row("sweep by edges", "ext_select button_Sweep",
-            "trigger=rising trigger=falling trigger=falling", {}, "2 WAIT 20000000 -4", "");
+            "trigger=rising trigger=falling trigger=falling", QStringList(), "2 WAIT 20000000 -4",
+            "");
         row("list by rows", "button_List", "row=2 time_select row=3 row=3",
             manual + QStringList("LIST:MAN 3!"), "3 WAIT 3000000 -3", "to 3");
         row("list after all points", "time_select button_List", "row=3 modeFront row=2",
@@ -98,59 +107,39 @@ private slots:
             manual + QStringList{"LIST:MAN 1!", "LIST:MAN 2!", "LIST:MAN 1!", "LIST:MAN 2!",
                                  "LIST:MAN 3!"},
             "3 WAIT 3000000 -3", "to 1 to 2 to 1 to 2 to 3");
-        row("list that has ended", "time_select button_List button_List", "row=1", {},
+        row("list that has ended", "time_select button_List button_List", "row=1", QStringList(),
             "0 IDLE 1500000000 -7", "");
-    }
-    void movesInARun()
-    {
-        QFETCH(QString, before);
-        QFETCH(QString, acts);
-        run(before);
-        int column = 0;
-        for (const QString& act : acts.split(' ', Qt::SkipEmptyParts)) {
-            if (act.startsWith("row="))
-                m_rig->panel.table().setCurrentCell(act.mid(4).toInt() - 1, ++column % 3);
-            else if (act.contains('='))
-                m_rig->demo(QString(act).replace('=', ' '));
-            else
-                m_rig->click(act);
-        }
-        QTEST(m_rig->sent(), "sent");
-        QTEST(m_rig->whereItIs(), "place");
-        QTEST(m_rig->events.join(' '), "events");
     }
 
     /// The same in a sweep and in a list, except that a list takes no single steps.
-    void choicesInARun_data()
-    {
-        testColumns<QString, QString, QStringList>("run", "clicked", "sent");
-        const auto row = [](const QString& clicked, const QStringList& sent) {
-            QStringList inASweep = sent;
-            inASweep.replaceInStrings("STEP", up);
-            QStringList inAList = sent;
-            inAList.removeAll("STEP");
-            testRow("sweep: " + clicked, "button_Sweep", clicked, inASweep);
-            testRow("list: " + clicked, "button_List", clicked, inAList);
-        };
-        row("time_select time_select time_select", manual + QStringList("TRIG:SOUR IMM!") + manual);
-        row("right_select int_select right_select",
-            manual + step + external("POS", "MAN") + manual + step);
-        row("right_select modeFront right_select", manual + step + allPoints + manual + step);
-        row("int_select ext_select", external("POS", "MAN") + external("NEG", "MAN"));
-        row("trigMode trigMode", {"INIT:CONT ON!", "INIT:CONT OFF!"});
-        row("modeFront modeFront", allPoints + QStringList("LIST:MODE MAN!"));
-        row("modeFront ext_select", allPoints + external("NEG", "AUTO"));
-    }
     void choicesInARun()
     {
-        QFETCH(QString, run);
-        QFETCH(QString, clicked);
-        this->run(run);
-        m_rig->click(clicked);
-        QTEST(m_rig->sent(), "sent");
-        // What steps a list is said.
-        const bool isAmiss = run == "button_List" && clicked.contains("right_select");
-        QCOMPARE(m_rig->fields.said.filter("arrows").size(), isAmiss ? 2 : 0);
+        const auto check = [this](const QString& clicked, const QStringList& sent) {
+            for (const char* start : {"button_Sweep", "button_List"}) {
+                cleanup();
+                init();
+                run(start);
+                m_rig->click(clicked);
+                const bool isList = QString(start) == "button_List";
+                QStringList expected = sent;
+                if (isList)
+                    expected.removeAll("STEP");
+                expected.replaceInStrings("STEP", up);
+                QCOMPARE(m_rig->sent(), expected);
+                // What steps a list is said.
+                const bool isAmiss = isList && clicked.contains("right_select");
+                QCOMPARE(m_rig->fields.said.filter("arrows").size(), isAmiss ? 2 : 0);
+            }
+        };
+        check("time_select time_select time_select",
+              manual + QStringList("TRIG:SOUR IMM!") + manual);
+        check("right_select int_select right_select",
+              manual + step + external("POS", "MAN") + manual + step);
+        check("right_select modeFront right_select", manual + step + allPoints + manual + step);
+        check("int_select ext_select", external("POS", "MAN") + external("NEG", "MAN"));
+        check("trigMode trigMode", {"INIT:CONT ON!", "INIT:CONT OFF!"});
+        check("modeFront modeFront", allPoints + QStringList("LIST:MODE MAN!"));
+        check("modeFront ext_select", allPoints + external("NEG", "AUTO"));
     }
 
     void nothingWhileTheTableIsSent()
