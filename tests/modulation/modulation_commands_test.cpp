@@ -44,64 +44,60 @@ private slots:
     void init() { m_rig = std::make_unique<ModulationRig>(); }
     void cleanup() { m_rig.reset(); }
 
-    void switches_data()
+    void switches()
     {
-        testColumns<QString, QString, QStringList, QString>("before", "clicked", "sent", "on");
+        const auto row = freshRows(this, [this](const QString& before, const QString& clicked,
+                                                const QStringList& sent, const QString& on) {
+            m_rig->click(before);
+            m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
+            m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
+            m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
+            m_rig->sent();
+            m_rig->sweepOffs = 0;
+            QSignalSpy hidden(&m_rig->lfPanel, &SidePanel::hide_);
+            m_rig->click(clicked);
+            QCOMPARE(m_rig->sent(), sent);
+            QCOMPARE(m_rig->whatIsOn(), on);
+            QCOMPARE(hidden.size(), before.contains("dc_select") ? 1 : 0);
+            const bool isSwitchedOn =
+                !clicked.startsWith("IntExt") && m_rig->get(clicked)->isChecked();
+            QCOMPARE(m_rig->sweepOffs, isSwitchedOn ? 1 : 0);
+        });
         for (int i = 0; i < names.size(); ++i) {
             const QString& name = names.at(i);
             const QString source = "IntExt_" + name;
             const QString on = name + ":STATe ON";
             const QString external = name + ":SOUR EXT";
-            testRow(name + " on", "", name, QStringList(on) + setUpOf(i), name);
-            testRow(name + " on, external", source, name, QStringList{on, external}, name);
-            testRow(name + " off", name, name, QStringList(name + ":STATe OFF"), "");
-            testRow(name + " to external", name, source, QStringList(external), name);
-            testRow(name + " to internal", source + ' ' + name, source, setUpOf(i), name);
-            testRow(name + " off, source", "", source, QStringList(), "");
+            row(name + " on", "", name, QStringList(on) + setUpOf(i), name);
+            row(name + " on, external", source, name, QStringList{on, external}, name);
+            row(name + " off", name, name, QStringList(name + ":STATe OFF"), "");
+            row(name + " to external", name, source, QStringList(external), name);
+            row(name + " to internal", source + ' ' + name, source, setUpOf(i), name);
+            row(name + " off, source", "", source, QStringList(), "");
         }
-        testRow("FM after AM", "AM", "FM", QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1),
-                "FM");
-        testRow("PM of its shape", "SawNeg_Phase Rect_Ampl", "PM",
-                QStringList{"PM:STATe ON", "PM:SOUR INT", "PM:INT:FUNC:SHAP RAMP!",
-                            "PM:INT:FUNC:SHAP:RAMP NEG!"} +
-                    valuesOf(2),
-                "PM");
-        testRow("PM beside pulse", "Pulse", "PM", QStringList("PM:STATe ON") + setUpOf(2),
-                "PM PULM");
+        row("FM after AM", "AM", "FM", QStringList{"AM:STATe OFF", "FM:STATe ON"} + setUpOf(1),
+            "FM");
+        row("PM of its shape", "SawNeg_Phase Rect_Ampl", "PM",
+            QStringList{"PM:STATe ON", "PM:SOUR INT", "PM:INT:FUNC:SHAP RAMP!",
+                        "PM:INT:FUNC:SHAP:RAMP NEG!"} +
+                valuesOf(2),
+            "PM");
+        row("PM beside pulse", "Pulse", "PM", QStringList("PM:STATe ON") + setUpOf(2), "PM PULM");
         const QStringList pulseOn = {"PULM:STATe ON", "PULM:SOUR INT"};
         const QStringList pulseExternal = {"PULM:STATe ON", "PULM:SOUR EXT"};
-        testRow("Pulse on", "", "Pulse", pulseOn + pulseValues, "PULM");
-        testRow("Pulse on, external", "IntExt_PULM", "Pulse", pulseExternal, "PULM");
-        testRow("Pulse off", "Pulse", "Pulse", QStringList{"PULM:STATe OFF", "PULM:SOUR INT"}, "");
-        testRow("Pulse to external", "Pulse", "IntExt_PULM", pulseExternal, "PULM");
-        testRow("Pulse to internal", "IntExt_PULM Pulse", "IntExt_PULM", pulseOn + pulseValues,
-                "PULM");
-        testRow("AM after LF", "dc_select IntExt_AM", "AM",
-                QStringList{"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}, "AM");
-        testRow("LF after AM and pulse", "IntExt_AM AM IntExt_PULM Pulse", "dc_select",
-                QStringList{"AM:STATe OFF", "PULM:STATe OFF", "LFO:STAT ON!", "LFO:FUNC:SHAP DC!",
-                            "LFO:AMPLitude 1.000000;AMPLitude?!"},
-                "LFO");
-        testRow("Pulse after LF", "dc_select IntExt_PULM", "Pulse",
-                pulseExternal + QStringList("LFO:STAT OFF!"), "PULM");
-    }
-    void switches()
-    {
-        QFETCH(QString, before);
-        QFETCH(QString, clicked);
-        m_rig->click(before);
-        m_rig->panel.group(Modulation::Fm).level().field->setText("0.0015626");
-        m_rig->get<QLineEdit>("line_Ampl_2")->setText("1.00");
-        m_rig->get<QLineEdit>("line_Phase_2")->setText("0.001");
-        m_rig->sent();
-        m_rig->sweepOffs = 0;
-        QSignalSpy hidden(&m_rig->lfPanel, &SidePanel::hide_);
-        m_rig->click(clicked);
-        QTEST(m_rig->sent(), "sent");
-        QTEST(m_rig->whatIsOn(), "on");
-        QCOMPARE(hidden.size(), before.contains("dc_select") ? 1 : 0);
-        const bool isSwitchedOn = !clicked.startsWith("IntExt") && m_rig->get(clicked)->isChecked();
-        QCOMPARE(m_rig->sweepOffs, isSwitchedOn ? 1 : 0);
+        row("Pulse on", "", "Pulse", pulseOn + pulseValues, "PULM");
+        row("Pulse on, external", "IntExt_PULM", "Pulse", pulseExternal, "PULM");
+        row("Pulse off", "Pulse", "Pulse", QStringList{"PULM:STATe OFF", "PULM:SOUR INT"}, "");
+        row("Pulse to external", "Pulse", "IntExt_PULM", pulseExternal, "PULM");
+        row("Pulse to internal", "IntExt_PULM Pulse", "IntExt_PULM", pulseOn + pulseValues, "PULM");
+        row("AM after LF", "dc_select IntExt_AM", "AM",
+            QStringList{"LFO:STAT OFF!", "AM:STATe ON", "AM:SOUR EXT"}, "AM");
+        row("LF after AM and pulse", "IntExt_AM AM IntExt_PULM Pulse", "dc_select",
+            QStringList{"AM:STATe OFF", "PULM:STATe OFF", "LFO:STAT ON!", "LFO:FUNC:SHAP DC!",
+                        "LFO:AMPLitude 1.000000;AMPLitude?!"},
+            "LFO");
+        row("Pulse after LF", "dc_select IntExt_PULM", "Pulse",
+            pulseExternal + QStringList("LFO:STAT OFF!"), "PULM");
     }
 
     void shapes_data()
@@ -128,12 +124,16 @@ private slots:
         QCOMPARE(m_rig->sent(), shape + twoStep(header + "FREQ", "1000 Hz"));
     }
 
-    void fields_data()
+    void fields()
     {
-        testColumns<QString, QString, QStringList, QString>("field", "typed", "sent", "shown");
-        const auto row = [](const QString& tag, const QString& field, const QString& typed,
-                            const QStringList& sent,
-                            const QString& shown) { testRow(tag, field, typed, sent, shown); };
+        const auto check = [this](const QString& field, const QString& typed,
+                                  const QStringList& sent, const QString& shown) {
+            cleanup();
+            init();
+            m_rig->enter(field, typed);
+            QCOMPARE(m_rig->sent(), sent);
+            QCOMPARE(m_rig->text(field), shown);
+        };
         const QStringList highestRates = {"100 000", "200 000", "50 000"};
         for (int i = 0; i < names.size(); ++i) {
             const QString header = names.at(i) + ":INT:FUNC:";
@@ -141,37 +141,27 @@ private slots:
             const QString lowestDuty = QString::number(i + 1);
             const QString rate = "line_" + suffixes.at(i) + "_1";
             const QString duty = "percentLine_" + suffixes.at(i);
-            const QString& tag = names.at(i);
-            row(tag + " rate", rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
-            row(tag + " rate as typed", rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
-            row(tag + " rate, high", rate, "9M",
-                twoStep(header + "FREQ", QString(highest).remove(' ') + " Hz"), highest);
-            row(tag + " duty", duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
-            row(tag + " duty, low", duty, "0", twoStep(header + "SHAP:SQU:DUTY", lowestDuty),
-                lowestDuty);
+            check(rate, "12 500", twoStep(header + "FREQ", "12500 Hz"), "12 500");
+            check(rate, "2.50", twoStep(header + "FREQ", "2.50 Hz"), "2.5");
+            check(rate, "9M", twoStep(header + "FREQ", QString(highest).remove(' ') + " Hz"),
+                  highest);
+            check(duty, "30", twoStep(header + "SHAP:SQU:DUTY", "30"), "30");
+            check(duty, "0", twoStep(header + "SHAP:SQU:DUTY", lowestDuty), lowestDuty);
         }
-        row("depth", "line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
-        row("depth, high", "line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
-        row("depth, not a number", "line_Ampl_2", "1.2.3", {}, "1.00");
-        row("FM deviation", "line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
-        row("PM deviation, high", "line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
-        row("period", "line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
-        row("period, low", "line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
+        check("line_Ampl_2", "12.5", {"AM 12.500000;AM?!"}, "12.50");
+        check("line_Ampl_2", "120", {"AM 100.000000;AM?!"}, "100.00");
+        check("line_Ampl_2", "1.2.3", {}, "1.00");
+        check("line_FREQ_2", "2,5k", {"FM 2500.000000 Hz;FM?!"}, "2 500");
+        check("line_Phase_2", "99", {"PM 20.000000;PM?!"}, "20.00");
+        check("line_period", "2m", {"PULM:INT:PER 2000.000000 U;PER?!"}, "2 000");
+        check("line_period", "0.5", {"PULM:INT:PER 2.000000 U;PER?!"}, "2");
         for (const auto& [field, shown] :
              {std::pair("line_Ampl_1", "1 000"), {"line_period", "1 000"}, {"VOLTAGE", "1.000"}})
-            row(field + QString(", empty"), field, " ", {}, shown);
-        row("width", "line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
-        row("LF rate", "FREQ", "2 500", {"LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"}, "2 500.0");
-        row("LF level", "VOLTAGE", "99", {"LFO:AMPLitude 5.000000;AMPLitude?!"}, "5.000");
-        row("LF duty", "percent", "0", {"LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!"}, "5");
-    }
-    void fields()
-    {
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
-        m_rig->enter(field, typed);
-        QTEST(m_rig->sent(), "sent");
-        QTEST(m_rig->text(field), "shown");
+            check(field, " ", {}, shown);
+        check("line_width", "4.5", {"PULM:INT:PWID 4.500000 U;PWID?!"}, "4.50");
+        check("FREQ", "2 500", {"LFO:FUNC:FREQ 2500.000000 Hz;FREQ?!"}, "2 500.0");
+        check("VOLTAGE", "99", {"LFO:AMPLitude 5.000000;AMPLitude?!"}, "5.000");
+        check("percent", "0", {"LFO:FUNC:SHAP:SQU:DUTY 5.000000;DUTY?!"}, "5");
     }
 
     void failedReads()
@@ -187,48 +177,42 @@ private slots:
     }
 
     /// Period and width of at most 5 ms.
-    void widthStaysBelowThePeriod_data()
+    void widthStaysBelowThePeriod()
     {
-        testColumns<QString, QString, QString, QStringList, QString>("width", "field", "typed",
-                                                                     "sent", "shown");
+        const auto row = freshRows(this, [this](const QString& width, const QString& field,
+                                                const QString& typed, const QStringList& sent,
+                                                const QString& shown) {
+            m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
+            m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
+            m_rig->enter("line_width", width);
+            m_rig->get<NumberEdit>("line_width")->showAccepted(width);
+            m_rig->sent();
+            if (typed.isEmpty())
+                m_rig->click(field);
+            else
+                m_rig->enter(field, typed);
+            QCOMPARE(m_rig->sent(), sent);
+            QCOMPARE(m_rig->text("line_period") + ", " + m_rig->text("line_width"), shown);
+            const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
+            const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
+            QCOMPARE(periodUs, m_rig->panel.pulsePeriod().value());
+            QCOMPARE(widthUs, m_rig->panel.pulseWidth().value());
+            QVERIFY(widthUs < periodUs);
+        });
         const QStringList highest = {"PULM:INT:PER 5000.000000 U;PER?!",
                                      "PULM:INT:PWID 4999.900000 U;PWID?!"};
-        testRow("period below", "20.00", "line_period", "8",
-                QStringList{"PULM:INT:PER 20.100000 U;PER?!"}, "20.1, 20.00");
-        testRow(
-            "width above", "20.00", "line_width", "2000",
+        row("period below", "20.00", "line_period", "8",
+            QStringList{"PULM:INT:PER 20.100000 U;PER?!"}, "20.1, 20.00");
+        row("width above", "20.00", "line_width", "2000",
             QStringList{"PULM:INT:PER 2000.100000 U;PER?!", "PULM:INT:PWID 2000.000000 U;PWID?!"},
             "2 000.1, 2 000.00");
         // No period is long enough for such a width: the width has to give way.
-        testRow("width at the limit", "20.00", "line_width", "5000", highest, "5 000, 4 999.9");
-        testRow("width beyond the limit", "20.00", "line_width", "9s", highest, "5 000, 4 999.9");
+        row("width at the limit", "20.00", "line_width", "5000", highest, "5 000, 4 999.9");
+        row("width beyond the limit", "20.00", "line_width", "9s", highest, "5 000, 4 999.9");
         // A width from before the connection, which no limits bound.
-        testRow("period below such a width", "5 000", "line_period", "100", highest,
-                "5 000, 4 999.9");
-        testRow("on with such a width", "5 000", "Pulse", "",
-                QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + highest, "5 000, 4 999.9");
-    }
-    void widthStaysBelowThePeriod()
-    {
-        QFETCH(QString, width);
-        QFETCH(QString, field);
-        QFETCH(QString, typed);
-        m_rig->fields.limits[Quantity::PulsePeriod].max = 5000;
-        m_rig->fields.limits[Quantity::PulseWidth].max = 5000;
-        m_rig->enter("line_width", width);
-        m_rig->get<NumberEdit>("line_width")->showAccepted(width);
-        m_rig->sent();
-        if (typed.isEmpty())
-            m_rig->click(field);
-        else
-            m_rig->enter(field, typed);
-        QTEST(m_rig->sent(), "sent");
-        QTEST(m_rig->text("line_period") + ", " + m_rig->text("line_width"), "shown");
-        const double periodUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PER?"));
-        const double widthUs = microsecondsFromReply(m_rig->session.query("PULM:INT:PWID?"));
-        QCOMPARE(periodUs, m_rig->panel.pulsePeriod().value());
-        QCOMPARE(widthUs, m_rig->panel.pulseWidth().value());
-        QVERIFY(widthUs < periodUs);
+        row("period below such a width", "5 000", "line_period", "100", highest, "5 000, 4 999.9");
+        row("on with such a width", "5 000", "Pulse", "",
+            QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + highest, "5 000, 4 999.9");
     }
 
     /// A value that only the next instrument refuses does not affect the other one.
@@ -263,9 +247,16 @@ private slots:
         QCOMPARE(m_rig->text("line_period"), QString("1 000"));
     }
 
-    void restores_data()
+    void restores()
     {
-        testColumns<QString, QStringList>("checked", "sent");
+        const auto row = freshRows(this, [this](const QString& checked, const QStringList& sent) {
+            for (const QString& name : checked.split(' '))
+                m_rig->get(name)->setChecked(true);
+            m_rig->get<QLineEdit>("line_FREQ_2")->setText("0.0015626");
+            m_rig->get("percentButton_Phase")->setText("30");
+            m_rig->modulation.restore();
+            QCOMPARE(m_rig->sent(), sent);
+        });
         const QStringList reversed = {pulseValues.at(1), pulseValues.at(0)};
         for (int i = 0; i < names.size(); ++i) {
             const QString& name = names.at(i);
@@ -273,26 +264,15 @@ private slots:
             QStringList values = valuesOf(i);
             if (name == "PM")
                 values.replaceInStrings("DUTY 50", "DUTY 30");
-            testRow(name, name, on + values);
-            testRow(name + ", external", name + " IntExt_" + name, on);
-            testRow(name + " and pulse", name + " Pulse",
-                    QStringList("PULM:STAT ON") + on + reversed + values);
+            row(name, name, on + values);
+            row(name + ", external", name + " IntExt_" + name, on);
+            row(name + " and pulse", name + " Pulse",
+                QStringList("PULM:STAT ON") + on + reversed + values);
         }
-        testRow("all external", "AM IntExt_AM Pulse IntExt_PULM",
-                QStringList{"PULM:STAT ON", "AM:STAT ON"});
-        testRow("pulse alone", "Pulse",
-                QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues);
-        testRow("none", "IntExt_FM", QStringList());
-    }
-    void restores()
-    {
-        QFETCH(QString, checked);
-        for (const QString& name : checked.split(' '))
-            m_rig->get(name)->setChecked(true);
-        m_rig->get<QLineEdit>("line_FREQ_2")->setText("0.0015626");
-        m_rig->get("percentButton_Phase")->setText("30");
-        m_rig->modulation.restore();
-        QTEST(m_rig->sent(), "sent");
+        row("all external", "AM IntExt_AM Pulse IntExt_PULM",
+            QStringList{"PULM:STAT ON", "AM:STAT ON"});
+        row("pulse alone", "Pulse", QStringList{"PULM:STATe ON", "PULM:SOUR INT"} + pulseValues);
+        row("none", "IntExt_FM", QStringList());
     }
 
     void everythingOff()
@@ -319,13 +299,30 @@ private slots:
         QCOMPARE(m_rig->whatIsOn(), QString());
     }
 
-    void newestClickWins_data()
+    void newestClickWins()
     {
-        testColumns<QString, QString, QString, QString, QString>("before", "first", "seen",
-                                                                 "second", "on");
-        const auto row = [](const char* tag, const char* before, const char* first,
-                            const char* seen, const char* second,
-                            const char* on) { testRow(tag, before, first, seen, second, on); };
+        const auto row =
+            freshRows(this, [this](const QString& before, const QString& first, const QString& seen,
+                                   const QString& second, const QString& on) {
+                m_rig->click(before);
+                m_rig->sent();
+                bool isClicked = false;
+                m_rig->whenSent(seen, [&] {
+                    isClicked = true;
+                    m_rig->click(second);
+                });
+                m_rig->click(first);
+                QVERIFY(isClicked);
+                const QStringList sent = m_rig->sent();
+                QCOMPARE(m_rig->whatIsOn(), on);
+                QVERIFY2(sent.filter("!!").isEmpty(), "the instrument refused something");
+                // However they met, the last word on a source is the panel's.
+                for (const QString& name : names) {
+                    const QStringList sources = sent.filter(name + ":SOUR ");
+                    const QString panel = m_rig->get("IntExt_" + name)->isChecked() ? "EXT" : "INT";
+                    QVERIFY(sources.isEmpty() || sources.last().endsWith(panel));
+                }
+            });
         row("off again before on", "", "AM", "", "AM", "");
         row("off again before set-up", "", "AM", "AM:STATe ON", "AM", "");
         row("on again before off", "AM", "AM", "", "AM", "AM");
@@ -350,53 +347,24 @@ private slots:
         row("AM before LF's shape", "", "sine_select", "LFO:STAT ON", "AM", "AM");
         row("pulse in LF's ramp", "", "sawPos_select", "SHAP RAMP", "Pulse", "PULM");
     }
-    void newestClickWins()
-    {
-        QFETCH(QString, before);
-        QFETCH(QString, first);
-        QFETCH(QString, seen);
-        QFETCH(QString, second);
-        m_rig->click(before);
-        m_rig->sent();
-        bool isClicked = false;
-        m_rig->whenSent(seen, [&] {
-            isClicked = true;
-            m_rig->click(second);
-        });
-        m_rig->click(first);
-        QVERIFY(isClicked);
-        const QStringList sent = m_rig->sent();
-        QTEST(m_rig->whatIsOn(), "on");
-        QVERIFY2(sent.filter("!!").isEmpty(), "the instrument refused something");
-        // However they met, the last word on a source is the panel's.
-        for (const QString& name : names) {
-            const QStringList sources = sent.filter(name + ":SOUR ");
-            const QString panel = m_rig->get("IntExt_" + name)->isChecked() ? "EXT" : "INT";
-            QVERIFY(sources.isEmpty() || sources.last().endsWith(panel));
-        }
-    }
 
-    void lostConnectionEndsSequences_data()
-    {
-        testColumns<QString, QString, QString, QStringList>("before", "clicked", "seen", "sent");
-        testRow("before on", "", "AM", "", QStringList());
-        testRow("before set-up", "", "AM", "AM:STATe ON", QStringList("AM:STATe ON"));
-        testRow("before the other's off", "AM", "FM", "", QStringList());
-        testRow("before pulse's values", "", "Pulse", "PULM:SOUR",
-                QStringList{"PULM:STATe ON", "PULM:SOUR INT"});
-        testRow("source", "IntExt_PM PM", "IntExt_PM", "", QStringList());
-    }
     void lostConnectionEndsSequences()
     {
-        QFETCH(QString, before);
-        QFETCH(QString, clicked);
-        QFETCH(QString, seen);
-        m_rig->click(before);
-        m_rig->sent();
-        m_rig->whenSent(seen, [this] { m_rig->session.close(); });
-        m_rig->click(clicked);
-        QVERIFY(!m_rig->session.isConnected());
-        QTEST(m_rig->sent(), "sent");
+        const auto row = freshRows(this, [this](const QString& before, const QString& clicked,
+                                                const QString& seen, const QStringList& sent) {
+            m_rig->click(before);
+            m_rig->sent();
+            m_rig->whenSent(seen, [this] { m_rig->session.close(); });
+            m_rig->click(clicked);
+            QVERIFY(!m_rig->session.isConnected());
+            QCOMPARE(m_rig->sent(), sent);
+        });
+        row("before on", "", "AM", "", QStringList());
+        row("before set-up", "", "AM", "AM:STATe ON", QStringList("AM:STATe ON"));
+        row("before the other's off", "AM", "FM", "", QStringList());
+        row("before pulse's values", "", "Pulse", "PULM:SOUR",
+            QStringList{"PULM:STATe ON", "PULM:SOUR INT"});
+        row("source", "IntExt_PM PM", "IntExt_PM", "", QStringList());
     }
 
     void offlineOnlyThePanelChanges()
