@@ -1,7 +1,4 @@
 #include "tests/demo/demo_session.h"
-#include "tests/support/rows.h"
-
-#include <QProcess>
 
 /// Instruments that come and go, described by a file or at once, and the lock of another program.
 class DemoBusTest : public QObject
@@ -15,20 +12,6 @@ private slots:
         m_file.setFileName(m_folder->filePath("instruments.ini"));
     }
     void cleanup() { qunsetenv("KLV_DEMO_FILE"); }
-
-    void unplugAndPlug()
-    {
-        DemoSession instrument;
-        demo("unplug");
-        QCOMPARE(instrument.query("FREQ?"), m_lost);
-        demo("plug 20215678");
-        QCOMPARE(instrument.query("FREQ?"), m_lost);
-        QCOMPARE(instrument.open(), VI_SUCCESS);
-        QCOMPARE(demo("plug 5"), QByteArray("error: no such instrument"));
-        QCOMPARE(instrument.write("MEM:REPROGRAM"), VI_SUCCESS);
-        QCOMPARE(instrument.write("*CLS"), VI_ERROR_CONN_LOST);
-        QCOMPARE(instrument.open(), VI_ERROR_RSRC_NFOUND);
-    }
 
     void followsTheFile()
     {
@@ -55,28 +38,26 @@ private slots:
         QTRY_COMPARE(instrument.query("FREQ?"), m_lost);
     }
 
-    void refusedDescriptions_data()
-    {
-        testColumns<QString>("fault");
-        testRow("frequencyMaxHz=1e18", "frequencyMaxHz is 0 to 1000000000000");
-        testRow("listDwellMinUs=0", "listDwellMinUs is 0.001 to 1000000000000");
-        testRow("sweepPointsMax=1e300", "sweepPointsMax is 0 to 65535");
-        testRow("powerMinDbm=25", "powerMinDbm puts the lowest value above the highest");
-        testRow("latencyUs=16e9", "latencyUs is 0 to 60000000");
-        testRow("LatencyUs=-1", "latencyUs is 0 to 60000000");
-    }
-
     void refusedDescriptions()
     {
-        QFETCH(QString, fault);
-        const QByteArray text =
-            QByteArray("# one\n[20215678]\nmodel=KLV-20G\n") + QTest::currentDataTag();
-        DemoSession instrument;
-        QCOMPARE(demo("instruments " + text), "error: line 4: " + fault.toLatin1());
-        QCOMPARE(instrument.query("FREQ? MAX"), QByteArray("20000000000"));
-        write(text);
-        demo("reset");
-        QCOMPARE(demo("ask *IDN?"), QByteArray("error: no such instrument"));
+        const std::pair<QByteArray, QByteArray> rows[] = {
+            {"frequencyMaxHz=1e18", "frequencyMaxHz is 0 to 1000000000000"},
+            {"listDwellMinUs=0", "listDwellMinUs is 0.001 to 1000000000000"},
+            {"sweepPointsMax=1e300", "sweepPointsMax is 0 to 65535"},
+            {"powerMinDbm=25", "powerMinDbm puts the lowest value above the highest"},
+            {"latencyUs=16e9", "latencyUs is 0 to 60000000"},
+            {"LatencyUs=-1", "latencyUs is 0 to 60000000"},
+        };
+        for (const auto& [line, fault] : rows) {
+            const QByteArray text = "# one\n[20215678]\nmodel=KLV-20G\n" + line;
+            qunsetenv("KLV_DEMO_FILE");
+            DemoSession instrument;
+            QCOMPARE(demo("instruments " + text), "error: line 4: " + fault);
+            QCOMPARE(instrument.query("FREQ? MAX"), QByteArray("20000000000"));
+            write(text);
+            demo("reset");
+            QCOMPARE(demo("ask *IDN?"), QByteArray("error: no such instrument"));
+        }
     }
 
     void massStorage()

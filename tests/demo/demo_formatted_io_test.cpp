@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdarg>
 #include <limits>
-#include <tuple>
 
 namespace
 {
@@ -68,10 +67,7 @@ private slots:
         const int least = std::numeric_limits<int>::min();
         const Text text = {};
         const ViUInt32 room = 4;
-        const struct {
-            QByteArray actual;
-            QByteArray expected;
-        } rows[] = {
+        const std::pair<QByteArray, QByteArray> rows[] = {
             {printed("FREQ %lf Hz;FREQ?", 2.5e9), "FREQ 2500000000.000000 Hz;FREQ?"},
             {printed("%f|%.2f|%8.1f|%-8.1f|%+.0f", 1.5, 2.345, 3.14, 3.14, 7.0),
              "1.500000|2.35|     3.1|3.1     |+7"},
@@ -109,8 +105,8 @@ private slots:
             {scanned("12", "%q", text), invalid},
             {scanned("#9", "%4b", text), invalid},
         };
-        for (const auto& row : rows)
-            QCOMPARE(row.actual, row.expected);
+        for (const auto& [actual, expected] : rows)
+            QCOMPARE(actual, expected);
     }
 
     // A line feed of the format sends; what follows it waits, and a line feed in an argument does

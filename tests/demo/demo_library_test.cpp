@@ -1,5 +1,4 @@
 #include "tests/demo/demo_session.h"
-#include "tests/support/rows.h"
 
 #include <atomic>
 #include <thread>
@@ -10,73 +9,61 @@ class DemoLibraryTest : public QObject
     Q_OBJECT
 
 private slots:
-    void find_data()
-    {
-        testColumns<int, ViStatus>("count", "status");
-        for (const char* all : {"USB?*", "?*", "?*INSTR", "?*::INSTR", "USB[0-9]*::0x5645::?*",
-                                "(GPIB|USB)?*", "(USB0|[x-z])+(::?+)+"})
-            testRow(all, 2, VI_SUCCESS);
-        for (const char* one :
-             {"usb0::?*::777::?*", "USB0::0x5645::0x0040::2021567[^1-7]::0::INSTR"})
-            testRow(one, 1, VI_SUCCESS);
-        for (const char* none : {"GPIB?*", "USB", "USB?**X", "\\USB[^]?*7"})
-            testRow(none, 0, VI_ERROR_RSRC_NFOUND);
-        for (const char* wrong : {"USB[", "USB(+", "USB?*)", "USB?*\\", "USB[9-0]?*", ""})
-            testRow(wrong, 0, VI_ERROR_INV_EXPR);
-        testRow("USB?*{VI_ATTR_MANF_ID==0x5645 && VI_ATTR_MODEL_CODE < 65}", 2, VI_SUCCESS);
-        for (const char* one :
-             {"?*INSTR{VI_ATTR_MODEL_NAME == \"KLV-6G\"}",
-              "USB?*{!(VI_ATTR_USB_SERIAL_NUM!=\"777\")}",
-              "?*{VI_ATTR_INTF_TYPE==VI_INTF_GPIB || VI_ATTR_USB_SERIAL_NUM >= \"5\"}"})
-            testRow(one, 1, VI_SUCCESS);
-        for (const char* none : {"GPIB?*{VI_ATTR_INTF_TYPE==7}", "?*{VI_ATTR_INTF_NUM > 0}",
-                                 "?*{VI_ATTR_MANF_NAME == \"veltro\" || !VI_ATTR_INTF_NUM<=0}"})
-            testRow(none, 0, VI_ERROR_RSRC_NFOUND);
-        for (const char* wrong :
-             {"USB?*{", "USB?*{}", "{VI_ATTR_INTF_NUM==0}", "?*{VI_ATTR_INTF_NUM==\"0\"}",
-              "?*{VI_ATTR_INTF_NUM}", "?*{VI_ATTR_INTF_NUM==0x}", "?*{VI_ATTR_TMO_VALUE==1}",
-              "?*{(VI_ATTR_INTF_NUM==0}", "?*{VI_ATTR_INTF_NUM==0 &&}", "?*{VI_ATTR_RSRC_NAME==\"}",
-              "?*{VI_ATTR_INTF_NUM==0}?*"})
-            testRow(wrong, 0, VI_ERROR_INV_EXPR);
-    }
-
     void find()
     {
-        QFETCH(int, count);
-        QFETCH(ViStatus, status);
-        DemoSession instrument(VI_NO_LOCK, "instruments [20215678]\nmodel=KLV-6G\n[777]\n");
-        ViFindList list = VI_NULL;
-        ViUInt32 found = 0;
-        char address[VI_FIND_BUFLEN] = {};
-        QCOMPARE(
-            viFindRsrc(instrument.resourceManager, QTest::currentDataTag(), &list, &found, address),
-            status);
-        QCOMPARE(int(found), count);
-        for (int i = 1; i <= count; ++i)
-            QCOMPARE(viFindNext(list, address), i < count ? VI_SUCCESS : VI_ERROR_RSRC_NFOUND);
-    }
-
-    void open_data()
-    {
-        testColumns<int, ViStatus>("mode", "status");
-        testRow("usb::0x5645::0x40::20215678", 0, VI_SUCCESS);
-        testRow("USB0::22085::64::20215678::INSTR", 1, VI_SUCCESS);
-        testRow("USB0::0x1111::0x0040::20215678::0::INSTR", 0, VI_ERROR_RSRC_NFOUND);
-        testRow("GPIB0::5::INSTR", 0, VI_ERROR_INV_RSRC_NAME);
-        testRow(QString(DemoSession::address).repeated(20), 0, VI_ERROR_INV_RSRC_NAME);
-        testRow(DemoSession::address, 3, VI_ERROR_INV_ACC_MODE);
+        const auto check = [](std::initializer_list<const char*> expressions, int count,
+                              ViStatus status) {
+            DemoSession instrument(VI_NO_LOCK, "instruments [20215678]\nmodel=KLV-6G\n[777]\n");
+            for (const char* expression : expressions) {
+                ViFindList list = VI_NULL;
+                ViUInt32 found = 0;
+                char address[VI_FIND_BUFLEN] = {};
+                QVERIFY2(viFindRsrc(instrument.resourceManager, expression, &list, &found,
+                                    address) == status,
+                         expression);
+                QVERIFY2(int(found) == count, expression);
+                for (int i = 1; i <= count; ++i)
+                    QCOMPARE(viFindNext(list, address),
+                             i < count ? VI_SUCCESS : VI_ERROR_RSRC_NFOUND);
+            }
+        };
+        check({"USB?*", "?*", "?*INSTR", "?*::INSTR", "USB[0-9]*::0x5645::?*", "(GPIB|USB)?*",
+               "(USB0|[x-z])+(::?+)+", "USB?*{VI_ATTR_MANF_ID==0x5645 && VI_ATTR_MODEL_CODE < 65}"},
+              2, VI_SUCCESS);
+        check({"usb0::?*::777::?*", "USB0::0x5645::0x0040::2021567[^1-7]::0::INSTR",
+               "?*INSTR{VI_ATTR_MODEL_NAME == \"KLV-6G\"}",
+               "USB?*{!(VI_ATTR_USB_SERIAL_NUM!=\"777\")}",
+               "?*{VI_ATTR_INTF_TYPE==VI_INTF_GPIB || VI_ATTR_USB_SERIAL_NUM >= \"5\"}"},
+              1, VI_SUCCESS);
+        check({"GPIB?*", "USB", "USB?**X", "\\USB[^]?*7", "GPIB?*{VI_ATTR_INTF_TYPE==7}",
+               "?*{VI_ATTR_INTF_NUM > 0}",
+               "?*{VI_ATTR_MANF_NAME == \"veltro\" || !VI_ATTR_INTF_NUM<=0}"},
+              0, VI_ERROR_RSRC_NFOUND);
+        check({"USB[", "USB(+", "USB?*)", "USB?*\\", "USB[9-0]?*", "", "USB?*{", "USB?*{}",
+               "{VI_ATTR_INTF_NUM==0}", "?*{VI_ATTR_INTF_NUM==\"0\"}", "?*{VI_ATTR_INTF_NUM}",
+               "?*{VI_ATTR_INTF_NUM==0x}", "?*{VI_ATTR_TMO_VALUE==1}", "?*{(VI_ATTR_INTF_NUM==0}",
+               "?*{VI_ATTR_INTF_NUM==0 &&}", "?*{VI_ATTR_RSRC_NAME==\"}",
+               "?*{VI_ATTR_INTF_NUM==0}?*"},
+              0, VI_ERROR_INV_EXPR);
     }
 
     void open()
     {
-        QFETCH(int, mode);
-        QFETCH(ViStatus, status);
-        DemoSession instrument(VI_NO_LOCK);
-        QCOMPARE(instrument.open(ViAccessMode(mode), QTest::currentDataTag()), status);
-        char name[VI_FIND_BUFLEN] = {};
-        viGetAttribute(instrument.session, VI_ATTR_RSRC_NAME, name);
-        QCOMPARE(QByteArray(name), status == VI_SUCCESS ? QByteArray(DemoSession::address) : "");
-        QCOMPARE(instrument.session != VI_NULL, status == VI_SUCCESS);
+        const auto check = [](const QByteArray& name, ViAccessMode mode, ViStatus status) {
+            DemoSession instrument(VI_NO_LOCK);
+            QCOMPARE(instrument.open(mode, name.constData()), status);
+            char opened[VI_FIND_BUFLEN] = {};
+            viGetAttribute(instrument.session, VI_ATTR_RSRC_NAME, opened);
+            QCOMPARE(QByteArray(opened),
+                     status == VI_SUCCESS ? QByteArray(DemoSession::address) : "");
+            QCOMPARE(instrument.session != VI_NULL, status == VI_SUCCESS);
+        };
+        check("usb::0x5645::0x40::20215678", 0, VI_SUCCESS);
+        check("USB0::22085::64::20215678::INSTR", 1, VI_SUCCESS);
+        check("USB0::0x1111::0x0040::20215678::0::INSTR", 0, VI_ERROR_RSRC_NFOUND);
+        check("GPIB0::5::INSTR", 0, VI_ERROR_INV_RSRC_NAME);
+        check(QByteArray(DemoSession::address).repeated(20), 0, VI_ERROR_INV_RSRC_NAME);
+        check(DemoSession::address, 3, VI_ERROR_INV_ACC_MODE);
     }
 
     void handlesAreChecked()

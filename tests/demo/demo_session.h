@@ -3,8 +3,6 @@
 #include "demo/control/control.h"
 #include "visa/visa_functions.h"
 
-#include <QByteArray>
-#include <QList>
 #include <QtTest>
 
 #define DECLARE_FIXED(result, name, parameters) extern "C" result KLV_VISA_FIXED name parameters;

@@ -1,9 +1,6 @@
-#include "link/instrument_limits.h"
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 
-#include <QElapsedTimer>
-#include <QSignalSpy>
 #include <QtTest>
 
 /// A session on the wire, by a library that is complete, lacks functions or is missing.
@@ -60,87 +57,73 @@ private slots:
         QCOMPARE(m_session->lastStatus(), VI_SUCCESS);
     }
 
-    void repliesOfAnyKindStayInside_data()
-    {
-        testColumns<QString, QString, int>("fault", "start", "length");
-        testRow("100 kB", "fault 1 length 100000", "", 65535);
-        testRow("exactly the buffer", "fault 1 length 65534", "", 65535);
-        testRow("endless", "fault 1 endless", "", 0);
-        testRow("with NUL", "fault 1 reply AB\\x00CD\\n", "AB", 2);
-        testRow("high bytes", "fault 1 reply \\xFF\\xFE\\n", "\xC3\xBF\xC3\xBE\n", 3);
-        testRow("nothing", "fault 1 reply \\n", "\n", 1);
-    }
-
     void repliesOfAnyKindStayInside()
     {
-        QFETCH(QString, fault);
-        QFETCH(QString, start);
-        QFETCH(int, length);
-        m_rig->demo(fault);
-        const QString reply = m_session->query("*IDN?");
-        QCOMPARE(reply.size(), length);
-        QCOMPARE(m_session->lastFailed(), fault.contains("endless"));
-        if (m_session->lastFailed())
-            return;
-        QVERIFY(reply.startsWith(start));
-        // The rest of a cut reply must not be taken for the next answer.
-        QCOMPARE(m_session->query("*OPC?").trimmed(), QString("1"));
-    }
-
-    void errorQueueIsDrained_data()
-    {
-        testColumns<QStringList>("replies");
-        for (const QString zero : {"0", "+0", "-0"})
-            testRow(zero, QStringList{zero + ",\"No error\"\\n"});
-        testRow("several", QStringList{"-113,\"Undefined header\"\\n",
-                                       "-222,\"Data out of range\"\\n", "0,\"No error\"\\n"});
-        testRow("rubbish", QStringList{"\\n", "?\\n", ",,,\\n", "0\\n"});
+        const auto row =
+            freshRows(this, [this](const QString& fault, const QString& start, int length) {
+                m_rig->demo(fault);
+                const QString reply = m_session->query("*IDN?");
+                QCOMPARE(reply.size(), length);
+                QCOMPARE(m_session->lastFailed(), fault.contains("endless"));
+                if (m_session->lastFailed())
+                    return;
+                QVERIFY(reply.startsWith(start));
+                // The rest of a cut reply must not be taken for the next answer.
+                QCOMPARE(m_session->query("*OPC?").trimmed(), QString("1"));
+            });
+        row("100 kB", "fault 1 length 100000", "", 65535);
+        row("exactly the buffer", "fault 1 length 65534", "", 65535);
+        row("endless", "fault 1 endless", "", 0);
+        row("with NUL", "fault 1 reply AB\\x00CD\\n", "AB", 2);
+        row("high bytes", "fault 1 reply \\xFF\\xFE\\n", "\xC3\xBF\xC3\xBE\n", 3);
+        row("nothing", "fault 1 reply \\n", "\n", 1);
     }
 
     void errorQueueIsDrained()
     {
-        QFETCH(QStringList, replies);
         QSignalSpy failed(m_session, &ScpiSession::connectionFailed);
-        for (int round = 0; round < replies.size(); ++round)
-            m_rig->demo(QString("fault %1 reply %2").arg(round + 1).arg(replies.at(round)));
-        m_session->checkErrors();
-        QCOMPARE(m_rig->sent(), QStringList(QString(replies.size(), '!')));
+        for (const QString& replies :
+             QStringList({"0,\"No error\"", "+0,\"No error\"", "-0,\"No error\"",
+                          "-113,\"Undefined header\"|-222,\"Data out of range\"|0,\"No error\"",
+                          "|?|,,,|0"})) {
+            int round = 0;
+            for (const QString& reply : replies.split('|'))
+                m_rig->demo(QString("fault %1 reply %2\\n").arg(++round).arg(reply));
+            m_session->checkErrors();
+            QCOMPARE(m_rig->sent(), QStringList(QString(round, '!')));
+        }
         QCOMPARE(failed.count(), 0);
-    }
-
-    void errorDrainFails_data()
-    {
-        testColumns<QString, QString, int>("fault", "latency", "mostRounds");
-        testRow("time-out", "fault 1 status 0xBFFF0015", "latency 0", 1);
-        testRow("warning", "fault 1 status 0x3FFF0085", "latency 0", 1);
-        testRow("unplugged", "unplug", "latency 0", 1);
-        testRow("never empty", "errors endless -350", "latency 0", 10000);
-        // The same number of rounds would take 20 s.
-        testRow("never empty, slow", "errors endless -350", "latency 2000", 9999);
     }
 
     void errorDrainFails()
     {
-        QFETCH(QString, fault);
-        QFETCH(QString, latency);
-        QFETCH(int, mostRounds);
-        QSignalSpy failed(m_session, &ScpiSession::connectionFailed);
-        connect(m_session, &ScpiSession::connectionFailed, this, [this] { m_session->close(); });
-        m_rig->demo(fault);
-        m_rig->demo(latency);
-        QElapsedTimer time;
-        time.start();
-        const int before = m_rig->demo("calls").toInt();
-        m_session->checkErrors();
-        // Beside the queries: the description of the status, and the close.
-        const int calls = m_rig->demo("calls").toInt();
-        const int rounds = calls - before - 2;
-        QCOMPARE(failed.count(), 1);
-        QVERIFY(!failed.first().first().value<StatusWords>()().isEmpty());
-        QVERIFY2(0 < rounds && rounds <= mostRounds, qPrintable(QString::number(rounds)));
-        QVERIFY(rounds == 10000 || rounds == 1 || time.hasExpired(5000));
-        m_session->checkErrors();
-        QCOMPARE(m_rig->demo("calls").toInt(), calls);
+        const auto row =
+            freshRows(this, [this](const QString& fault, const QString& latency, int mostRounds) {
+                QSignalSpy failed(m_session, &ScpiSession::connectionFailed);
+                connect(m_session, &ScpiSession::connectionFailed, this,
+                        [this] { m_session->close(); });
+                m_rig->demo(fault);
+                m_rig->demo(latency);
+                QElapsedTimer time;
+                time.start();
+                const int before = m_rig->demo("calls").toInt();
+                m_session->checkErrors();
+                // Beside the queries: the description of the status, and the close.
+                const int calls = m_rig->demo("calls").toInt();
+                const int rounds = calls - before - 2;
+                QCOMPARE(failed.count(), 1);
+                QVERIFY(!failed.first().first().value<StatusWords>()().isEmpty());
+                QVERIFY2(0 < rounds && rounds <= mostRounds, qPrintable(QString::number(rounds)));
+                QVERIFY(rounds == 10000 || rounds == 1 || time.hasExpired(5000));
+                m_session->checkErrors();
+                QCOMPARE(m_rig->demo("calls").toInt(), calls);
+            });
+        row("time-out", "fault 1 status 0xBFFF0015", "latency 0", 1);
+        row("warning", "fault 1 status 0x3FFF0085", "latency 0", 1);
+        row("unplugged", "unplug", "latency 0", 1);
+        row("never empty", "errors endless -350", "latency 0", 10000);
+        // The same number of rounds would take 20 s.
+        row("never empty, slow", "errors endless -350", "latency 2000", 9999);
     }
 
     void limitsAreRead()

@@ -9,15 +9,10 @@
 #include "ui/resources.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
-
-#include <memory>
 
 namespace
 {
@@ -167,90 +162,72 @@ private slots:
         QVERIFY(bench.isReady());
     }
 
-    void failedQueriesLeaveWhatWasShown_data()
-    {
-        testColumns<QString, QString, int>("reply", "message", "sentOfTable");
-        const QString table = "error get calibrate";
-        testRow("count", "MEM:TABLE:POIN? ->", table, 1);
-        testRow("count is none", "MEM:TABLE:POIN? -> many", table, 1);
-        testRow("count is negative", "MEM:TABLE:POIN? -> -1", table, 1);
-        testRow("count is absurd", "MEM:TABLE:POIN? -> 2000000000", table, 1);
-        testRow("points", "MEM:TABLE:POINt:ALL? ->", table, 2);
-        testRow("DAC", "MEM:DAC? ->", "error getting dac", 2);
-        testRow("no number for the DAC", "MEM:DAC? -> none", "error getting dac", 2);
-        testRow("temperature", "TEMP? ->", "error getting temperature", 2);
-        testRow("all", "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->",
-                table + "; error getting dac; error getting temperature", 1);
-    }
-
     void failedQueriesLeaveWhatWasShown()
     {
-        QFETCH(QString, reply);
-        QFETCH(QString, message);
-        QFETCH(int, sentOfTable);
-        FilledBench bench;
-        const QString cells = bench.cells();
-        const QString dac = bench.panel.referenceDac().text();
-        for (const QString& one : reply.split('\n'))
-            bench.demo("reply " + one);
-        bench.commands.initial_service();
-        QCOMPARE(bench.messages(), message);
-        QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
-        QCOMPARE(bench.cells(), cells);
-        QCOMPARE(bench.panel.referenceDac().text(), dac);
-        QVERIFY(bench.panel.findChild<QLabel*>("text_temp")->text().endsWith("°C"));
-        QVERIFY(bench.isReady());
-    }
-
-    void countAndPointsMayDisagree_data()
-    {
-        testColumns<QString, QString, QString>("count", "cells", "word");
-        testRow("more numbers", "2", "1000000000 -4|2000000000 3", "more");
-        testRow("fewer numbers", "4", "1000000000 -4|2000000000 3|3000000000 10| ", "fewer");
-        testRow("no points", "0", "", "more");
+        const auto row =
+            namedRows([](const QString& reply, const QString& message, int sentOfTable) {
+                FilledBench bench;
+                const QString cells = bench.cells();
+                const QString dac = bench.panel.referenceDac().text();
+                for (const QString& one : reply.split('\n'))
+                    bench.demo("reply " + one);
+                bench.commands.initial_service();
+                QCOMPARE(bench.messages(), message);
+                QCOMPARE(bench.demo.takeSent(), opening.mid(0, sentOfTable) + opening.mid(2));
+                QCOMPARE(bench.cells(), cells);
+                QCOMPARE(bench.panel.referenceDac().text(), dac);
+                QVERIFY(bench.panel.findChild<QLabel*>("text_temp")->text().endsWith("°C"));
+                QVERIFY(bench.isReady());
+            });
+        const QString table = "error get calibrate";
+        row("count", "MEM:TABLE:POIN? ->", table, 1);
+        row("count is none", "MEM:TABLE:POIN? -> many", table, 1);
+        row("count is negative", "MEM:TABLE:POIN? -> -1", table, 1);
+        row("count is absurd", "MEM:TABLE:POIN? -> 2000000000", table, 1);
+        row("points", "MEM:TABLE:POINt:ALL? ->", table, 2);
+        row("DAC", "MEM:DAC? ->", "error getting dac", 2);
+        row("no number for the DAC", "MEM:DAC? -> none", "error getting dac", 2);
+        row("temperature", "TEMP? ->", "error getting temperature", 2);
+        row("all", "MEM:TABLE:POIN? ->\nMEM:DAC? ->\nTEMP? ->",
+            table + "; error getting dac; error getting temperature", 1);
     }
 
     void countAndPointsMayDisagree()
     {
-        QFETCH(QString, count);
-        QFETCH(QString, cells);
-        QFETCH(QString, word);
-        Bench bench;
-        bench.demo("reply MEM:TABLE:POIN? -> " + count);
-        bench.commands.initial_service();
-        QCOMPARE(bench.cells(), cells);
-        QVERIFY(bench.messages().contains(word));
-        bench.demo.takeSent();
-        // Without a row the table is only saved.
-        if (cells.isEmpty())
-            QCOMPARE(bench.write(), saving);
-    }
-
-    void rubbishIsRefusedBeforeAnythingIsSent_data()
-    {
-        testColumns<int, QString, QString>("column", "typed", "message");
-        testRow("frequency", 0, "abc", "Row 3, Freq [Hz]: \"abc\" is not a frequency");
-        testRow("value", 1, "1.5", "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number");
-        testRow("format", 0, "%1%n", "Row 3, Freq [Hz]: \"%1%n\" is not a frequency");
+        const auto check = [](const char* count, const QString& cells, const char* word) {
+            Bench bench;
+            bench.demo(QString("reply MEM:TABLE:POIN? -> ") + count);
+            bench.commands.initial_service();
+            QCOMPARE(bench.cells(), cells);
+            QVERIFY(bench.messages().contains(word));
+            bench.demo.takeSent();
+            // Without a row the table is only saved.
+            if (cells.isEmpty())
+                QCOMPARE(bench.write(), saving);
+        };
+        check("2", "1000000000 -4|2000000000 3", "more");
+        check("4", "1000000000 -4|2000000000 3|3000000000 10| ", "fewer");
+        check("0", "", "more");
     }
 
     void rubbishIsRefusedBeforeAnythingIsSent()
     {
-        QFETCH(int, column);
-        QFETCH(QString, typed);
-        QFETCH(QString, message);
-        FilledBench bench;
-        bench.type(2, column, typed);
-        QCOMPARE(bench.messages(), message);
-        QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
-        bench.panel.table().setCurrentCell(0, 0);
-        QTest::mouseClick(&bench.button(), Qt::LeftButton);
-        QCOMPARE(bench.messages(), message);
-        QCOMPARE(bench.demo.takeSent(), QStringList());
-        QCOMPARE(bench.panel.table().currentRow(), 2);
-        QCOMPARE(bench.panel.table().currentColumn(), column);
-        bench.type(2, column, "5");
-        QVERIFY(bench.panel.table().item(2, column)->icon().isNull());
+        const auto check = [](int column, const QString& typed, const QString& message) {
+            FilledBench bench;
+            bench.type(2, column, typed);
+            QCOMPARE(bench.messages(), message);
+            QVERIFY(!bench.panel.table().item(2, column)->icon().isNull());
+            bench.panel.table().setCurrentCell(0, 0);
+            QCOMPARE(bench.write(), QStringList());
+            QCOMPARE(bench.messages(), message);
+            QCOMPARE(bench.panel.table().currentRow(), 2);
+            QCOMPARE(bench.panel.table().currentColumn(), column);
+            bench.type(2, column, "5");
+            QVERIFY(bench.panel.table().item(2, column)->icon().isNull());
+        };
+        check(0, "abc", "Row 3, Freq [Hz]: \"abc\" is not a frequency");
+        check(1, "1.5", "Row 3, Attenuation at  0 dBm: \"1.5\" is not a whole number");
+        check(0, "%1%n", "Row 3, Freq [Hz]: \"%1%n\" is not a frequency");
     }
 
     void writingSendsEveryRowAndSaves()
@@ -330,48 +307,43 @@ private slots:
         QCOMPARE(bench.write(), adding + saving);
     }
 
-    void onlyTablesAreTakenForBackups_data()
-    {
-        testColumns<QByteArray, QString, QString>("contents", "said", "cells");
-        const QString before = "1000000000 -4|2000000000 3|3000000000 10";
-        const QString notOne = " is not a backup of a calibration table: line ";
-        testRow("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
-        testRow("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
-        testRow("nothing", QByteArray(), " is not a backup", before);
-        testRow("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
-        testRow("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
-                "was read: 3", "1000000000 -4|2000 | 1|9 9");
-    }
-
     void onlyTablesAreTakenForBackups()
     {
-        QFETCH(QByteArray, contents);
-        QFETCH(QString, said);
-        FilledBench bench;
-        QVERIFY(QDir().mkpath(bench.folder()));
-        QFile file(bench.folder() + "/given.csv");
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
-        file.close();
-        bench.openBackup("given.csv");
-        QTEST(bench.cells(), "cells");
-        for (const QList<QVariant>& error : qAsConst(bench.errors))
-            bench.fields.said << error.first().toString();
-        const QString told = bench.messages();
-        QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
-        QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);
+        const auto row =
+            namedRows([](const QByteArray& contents, const QString& said, const QString& cells) {
+                FilledBench bench;
+                QVERIFY(QDir().mkpath(bench.folder()));
+                QFile file(bench.folder() + "/given.csv");
+                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
+                file.close();
+                bench.openBackup("given.csv");
+                QCOMPARE(bench.cells(), cells);
+                for (const QList<QVariant>& error : qAsConst(bench.errors))
+                    bench.fields.said << error.first().toString();
+                const QString told = bench.messages();
+                QVERIFY2(told.startsWith("given.csv") && told.contains(said), qPrintable(told));
+                QCOMPARE(bench.panel.table().item(1, 1)->icon().isNull(), bench.errors.size() == 1);
+            });
+        const QString before = "1000000000 -4|2000000000 3|3000000000 10";
+        const QString notOne = " is not a backup of a calibration table: line ";
+        row("list of points", QByteArray("1000,5,7\n"), notOne + '1', before);
+        row("word", QByteArray("1000,5\n2000,five\n"), notOne + '2', before);
+        row("nothing", QByteArray(), " is not a backup", before);
+        row("huge", QByteArray(5 << 20, '1'), " cannot be opened: it is too large", before);
+        row("cells that cannot be sent", QByteArray("1000000000,-4\r\n2000;\n,1\n9,9\n"),
+            "was read: 3", "1000000000 -4|2000 | 1|9 9");
     }
 
     void cancellingStopsAfterTheRow_data()
     {
-        testColumns<int>("rows");
         // The last before the table is saved.
-        for (int rows = 1; rows <= 4; ++rows)
-            testRow(QString::number(rows), rows);
+        testNames("after", {"1", "2", "3", "4"});
     }
 
     void cancellingStopsAfterTheRow()
     {
-        QFETCH(int, rows);
+        QFETCH(QString, after);
+        const int rows = after.toInt();
         FilledBench bench;
         const auto isThere = [&bench, rows] {
             return rows > 3 ? bench.bar() && bench.bar()->value() == 3
@@ -386,36 +358,31 @@ private slots:
         QCOMPARE(bench.write(), adding + saving);
     }
 
-    void aLostConnectionEndsWriting_data()
-    {
-        testColumns<QString, QStringList>("at", "sent");
-        testRow("first row", adding[0], QStringList(adding[0]));
-        testRow("last row", adding[2], adding);
-        testRow("after saving", saving[1], QStringList(adding + saving));
-    }
-
     void aLostConnectionEndsWriting()
     {
-        QFETCH(QString, at);
-        QFETCH(QStringList, sent);
-        FilledBench bench;
-        // Back at once: the new connection is not written to.
-        bench.whenSent(at, [&bench] {
-            bench.session.close();
-            bench.commands.stopWriting();
-            bench.session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR"));
-            bench.session.setConnected();
-        });
-        QCOMPARE(bench.write(), sent);
-        QVERIFY(bench.isReady());
+        const auto check = [](const QString& at, const QStringList& sent) {
+            FilledBench bench;
+            // Back at once: the new connection is not written to.
+            bench.whenSent(at, [&bench] {
+                bench.session.close();
+                bench.commands.stopWriting();
+                bench.session.open(QStringLiteral("USB0::0x5645::0x0040::20215678::0::INSTR"));
+                bench.session.setConnected();
+            });
+            QCOMPARE(bench.write(), sent);
+            QVERIFY(bench.isReady());
 
-        // A dead cable shows when the errors are asked for.
-        bench.demo("unplug");
-        bench.messages();
-        QTest::mouseClick(&bench.button(), Qt::LeftButton);
-        QVERIFY(!bench.session.isConnected());
-        QVERIFY(!bench.messages().contains("stored in"));
-        QVERIFY(bench.isReady());
+            // A dead cable shows when the errors are asked for.
+            bench.demo("unplug");
+            bench.messages();
+            bench.write();
+            QVERIFY(!bench.session.isConnected());
+            QVERIFY(!bench.messages().contains("stored in"));
+            QVERIFY(bench.isReady());
+        };
+        check(adding[0], {adding[0]});
+        check(adding[2], adding);
+        check(saving[1], adding + saving);
     }
 
     void theEndOfTheProgramEndsWriting()

@@ -9,7 +9,6 @@
 #include "ui/window_chrome.h"
 
 #include <QGraphicsEffect>
-#include <QPointer>
 #include <QToolTip>
 #include <QVBoxLayout>
 #include <QtTest>

@@ -1,8 +1,5 @@
 #include "app/help_file.h"
-#include "tests/support/rows.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /// Which file Help opens, by what lies beside the program.
@@ -12,33 +9,30 @@ class HelpFileTest : public QObject
 
 private slots:
     /// The files are separated by "|".
-    void finds_data()
+    void finds()
     {
-        testColumns<QString, QString, QString, QString>("files", "program", "language", "found");
         const QString built = "bin/manual/en/index.html|bin/manual/ru/index.html";
         const QString russian = "share/doc/klv/manual/ru/index.html";
         const QString english = "share/doc/klv/manual/en/index.html";
         const QString installed = english + '|' + russian;
-        testRow("nothing", "bin/klv|bin/readme.chm|bin/KLV.pdf", "bin", "en", "");
-        testRow("chm", "bin/KLV.chm", "bin", "ru", "bin/KLV.chm");
-        testRow("longer name", "bin/My KLV.chm.old", "bin", "en", "bin/My KLV.chm.old");
-        testRow("first by name", "bin/KLV_2.chm|bin/KLV_1.chm", "bin", "en", "bin/KLV_1.chm");
-        testRow("a folder is no file", "bin/KLV.chm/a", "bin", "en", "");
-        testRow("other case is another name", "bin/klv.CHM", "bin", "en", "");
-        testRow("chm before the pages", built + "|bin/KLV.chm", "bin", "en", "bin/KLV.chm");
-        testRow("build before installation", built + '|' + installed, "bin", "ru",
-                "bin/manual/ru/index.html");
-        testRow("among the commands", installed, "bin", "ru", russian);
-        testRow("in a folder of its own", installed, "lib/klv", "en", english);
-        testRow("the language is missing", russian, "bin", "en", "");
+        check("bin/klv|bin/readme.chm|bin/KLV.pdf", "bin", "en", "");
+        check("bin/KLV.chm", "bin", "ru", "bin/KLV.chm");
+        check("bin/My KLV.chm.old", "bin", "en", "bin/My KLV.chm.old");
+        check("bin/KLV_2.chm|bin/KLV_1.chm", "bin", "en", "bin/KLV_1.chm");
+        // Neither a folder nor another case.
+        check("bin/KLV.chm/a", "bin", "en", "");
+        check("bin/klv.CHM", "bin", "en", "");
+        check(built + "|bin/KLV.chm", "bin", "en", "bin/KLV.chm");
+        check(built + '|' + installed, "bin", "ru", "bin/manual/ru/index.html");
+        check(installed, "bin", "ru", russian);
+        check(installed, "lib/klv", "en", english);
+        check(russian, "bin", "en", "");
     }
 
-    void finds()
+private:
+    static void check(const QString& files, const QString& program, const QString& language,
+                      const QString& found)
     {
-        QFETCH(QString, files);
-        QFETCH(QString, program);
-        QFETCH(QString, language);
-        QFETCH(QString, found);
         const QTemporaryDir root;
         QVERIFY(QDir(root.path()).mkpath(program));
         for (const QString& name : files.split('|')) {

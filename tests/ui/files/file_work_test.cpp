@@ -1,10 +1,8 @@
-#include "tests/support/rows.h"
 #include "ui/files/file_work.h"
 
 #include <QApplication>
 #include <QProgressDialog>
 #include <QPushButton>
-#include <QThread>
 #include <QtTest>
 
 /// Reading and writing that takes long.
@@ -13,21 +11,18 @@ class FileWorkTest : public QObject
     Q_OBJECT
 
 private slots:
-    void showsProgressAndCanBeCancelled_data()
-    {
-        testColumns<int, bool, bool, bool>("workMs", "isHeeding", "isCancelled", "isShown");
-        testRow("quick", 50, true, false, false);
-        testRow("slow", 1200, true, false, true);
-        testRow("cancelled", 20000, true, true, true);
-        testRow("held by the system", 3000, false, true, true);
-    }
-
     void showsProgressAndCanBeCancelled()
     {
-        QFETCH(int, workMs);
-        QFETCH(bool, isHeeding);
-        QFETCH(bool, isCancelled);
-        QFETCH(bool, isShown);
+        check(50, true, false, false);
+        check(1200, true, false, true);
+        check(20000, true, true, true);
+        // Held by the system.
+        check(3000, false, true, true);
+    }
+
+private:
+    void check(int workMs, bool isHeeding, bool isCancelled, bool isShown)
+    {
         const auto work = [=](FileProgress* progress) {
             progress->total = workMs;
             while (progress->done < workMs && !(isHeeding && progress->isCancelled)) {

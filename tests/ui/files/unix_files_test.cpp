@@ -6,10 +6,7 @@
 #include "ui/files/file_questions.h"
 #include "ui/files/whole_file.h"
 
-#include <QFileDialog>
 #include <QMessageBox>
-#include <QPointer>
-#include <QTimer>
 
 #include <csignal>
 #include <sys/resource.h>
