@@ -3,7 +3,6 @@
 
 #include "connection/hot_plug_watch.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 namespace

@@ -8,46 +8,36 @@ class ConnectionTest : public QObject
     Q_OBJECT
 
 private slots:
-    void looksAgainAfterTheSearch_data()
-    {
-        testColumns<QStringList, QString, int>("present", "set", "attempts");
-        testRow("plugged in", QStringList("20215678"), "plug", 2);
-        testRow("another device", QStringList(), "", 1);
-        // Seen on the bus, and of no use: that is no reason to search for ever.
-        testRow("not to be found", QStringList("20215678"), "", 2);
-    }
-
     /// Devices plugged in when a search has walked the bus and its result has not been received
     /// yet.
     void looksAgainAfterTheSearch()
     {
-        QFETCH(QStringList, present);
-        QFETCH(QString, set);
-        QFETCH(int, attempts);
-        ConnectionRig rig;
-        rig.demo(QStringLiteral("unplug"));
-        connect(&rig.connection, &Connection::buttonShouldBeClicked, this,
-                [&] { rig.connection.on_connect_clicked(true); });
-        QSignalSpy started(&rig.connection, &Connection::attemptStarted);
-        QSignalSpy failed(&rig.connection, &Connection::failed);
+        const auto row =
+            namedRows([this](const QStringList& present, const QString& set, int attempts) {
+                ConnectionRig rig;
+                rig.demo(QStringLiteral("unplug"));
+                connect(&rig.connection, &Connection::buttonShouldBeClicked, this,
+                        [&] { rig.connection.on_connect_clicked(true); });
+                QSignalSpy started(&rig.connection, &Connection::attemptStarted);
+                QSignalSpy failed(&rig.connection, &Connection::failed);
 
-        rig.connection.on_connect_clicked(true);
-        rig.search.wait();
-        if (!set.isEmpty())
-            rig.demo(set);
-        rig.watch.tell(present);
-        QTRY_VERIFY(rig.session.isConnected() || failed.count() == 1);
-        QCOMPARE(rig.session.isConnected(), !set.isEmpty());
-        QCOMPARE(started.count(), attempts);
-        QVERIFY(!QTest::qWaitFor([&] { return started.count() > attempts; }, 100));
+                rig.connection.on_connect_clicked(true);
+                rig.search.wait();
+                if (!set.isEmpty())
+                    rig.demo(set);
+                rig.watch.tell(present);
+                QTRY_VERIFY(rig.session.isConnected() || failed.count() == 1);
+                QCOMPARE(rig.session.isConnected(), !set.isEmpty());
+                QCOMPARE(started.count(), attempts);
+                QVERIFY(!QTest::qWaitFor([&] { return started.count() > attempts; }, 100));
+            });
+        row("plugged in", QStringList("20215678"), "plug", 2);
+        row("another device", QStringList(), "", 1);
+        // Seen on the bus, and of no use: that is no reason to search for ever.
+        row("not to be found", QStringList("20215678"), "", 2);
     }
 
-    void anEndedSearchSaysNothing_data()
-    {
-        testColumns<QString>("set");
-        testRow("finished", "plug");
-        testRow("failed", "unplug");
-    }
+    void anEndedSearchSaysNothing_data() { testNames("set", {"plug", "unplug"}); }
 
     /// The search has walked the bus when the program ends, and its result arrives only then.
     void anEndedSearchSaysNothing()
@@ -67,44 +57,40 @@ private slots:
         QVERIFY(!QGuiApplication::overrideCursor());
     }
 
-    void failuresNameTheLibrary_data()
-    {
-        testColumns<QString, QString>("set", "reason");
-        testRow("nothing found", "unplug",
-                "No instrument found: is it switched on and its cable plugged in? (its name)");
-        testRow("silent", "fault 1 status 0xBFFF0015",
-                "The instrument could not be opened: it does not answer (its name)");
-        // What keeps this user from opening it says more.
-        testRow("not permitted", "fault 1 status 0xBFFF00A8", "the obstacle");
-    }
-
     void failuresNameTheLibrary()
     {
-        QFETCH(QString, set);
-        ConnectionRig rig;
-        const bool isOpened = set != "unplug";
-        rig.connection.setLibraryWords([] { return [] { return QStringLiteral("its name"); }; });
-        rig.connection.setObstacle([isOpened] {
-            return isOpened ? StatusWords([] { return QStringLiteral("the obstacle"); })
-                            : StatusWords();
+        const auto row = namedRows([](const QString& set, const QString& reason) {
+            ConnectionRig rig;
+            const bool isOpened = set != "unplug";
+            rig.connection.setLibraryWords(
+                [] { return [] { return QStringLiteral("its name"); }; });
+            rig.connection.setObstacle([isOpened] {
+                return isOpened ? StatusWords([] { return QStringLiteral("the obstacle"); })
+                                : StatusWords();
+            });
+            rig.demo(set);
+            QSignalSpy failed(&rig.connection, &Connection::failed);
+            rig.connection.on_connect_clicked(true);
+            QTRY_COMPARE(failed.count(), 1);
+            QCOMPARE(failed.first().first().value<StatusWords>()(), reason);
         });
-        rig.demo(set);
-        QSignalSpy failed(&rig.connection, &Connection::failed);
-        rig.connection.on_connect_clicked(true);
-        QTRY_COMPARE(failed.count(), 1);
-        QTEST(failed.first().first().value<StatusWords>()(), "reason");
+        row("nothing found", "unplug",
+            "No instrument found: is it switched on and its cable plugged in? (its name)");
+        row("silent", "fault 1 status 0xBFFF0015",
+            "The instrument could not be opened: it does not answer (its name)");
+        // What keeps this user from opening it says more.
+        row("not permitted", "fault 1 status 0xBFFF00A8", "the obstacle");
     }
 
     void anOvertakenPushSendsNothing_data()
     {
-        testColumns<bool>("isAgain");
-        testRow("disconnected", false);
-        testRow("and connected again", true);
+        testNames("after", {"disconnecting", "connecting again"});
     }
 
     void anOvertakenPushSendsNothing()
     {
-        QFETCH(bool, isAgain);
+        QFETCH(QString, after);
+        const bool isAgain = after == "connecting again";
         ConnectionRig rig;
         // Handed back, it would otherwise have to leave its mass-storage mode first.
         rig.demo(QStringLiteral("reply MEM:MSC? -> OFF"));

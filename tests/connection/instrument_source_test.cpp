@@ -13,37 +13,31 @@ class InstrumentSourceTest : public QObject
 private slots:
     void cleanup() { QFile::remove(m_found); }
 
-    void choosesALibrary_data()
-    {
-        testColumns<bool, QString, bool, QString>("isFound", "named", "isSimulated", "loaded");
-        testRow("none found", false, QString(), false, "usbtmc/libVeVISA32.so");
-        testRow("the maker's found", true, QString(), false, "libVeVISA32.so");
-        testRow("none found, one named", false, QString("VeVISA32"), false, QString());
-        testRow("named", true, QString(KLV_USBTMC_LIBRARY), false, "usbtmc/libVeVISA32.so");
-        testRow("simulated", true, QString(), true, "demo/libVeVISA32.so");
-    }
-
     void choosesALibrary()
     {
-        QFETCH(bool, isFound);
-        QFETCH(QString, named);
-        QFETCH(bool, isSimulated);
-        QFETCH(QString, loaded);
-        if (isFound)
-            QVERIFY(QFile::copy(KLV_USBTMC_LIBRARY, m_found));
-        VisaLibrary visa;
-        ScpiSession session(visa);
-        InstrumentSource source(isSimulated, named, visa, session);
-        source.open();
-        const QString file = visa.fileName();
-        QVERIFY2(file.endsWith(loaded) && file.isEmpty() == loaded.isEmpty(), qPrintable(file));
-        const bool isOwn =
-            named == KLV_USBTMC_LIBRARY || (!isFound && named.isEmpty() && !isSimulated);
-        QCOMPARE(file.contains("/usbtmc/"), isOwn);
-        QCOMPARE(source.node() == DeviceNode::UsbTmc, isOwn);
-        QCOMPARE(source.libraryWords()().contains("the program's own"), isOwn);
-        QVERIFY(source.libraryWords()().contains(file));
-        QCOMPARE(bool(source.ownLibraryWords()), isOwn);
+        const auto row = freshRows(this, [this](bool isFound, const QString& named,
+                                                bool isSimulated, const QString& loaded) {
+            if (isFound)
+                QVERIFY(QFile::copy(KLV_USBTMC_LIBRARY, m_found));
+            VisaLibrary visa;
+            ScpiSession session(visa);
+            InstrumentSource source(isSimulated, named, visa, session);
+            source.open();
+            const QString file = visa.fileName();
+            QVERIFY2(file.endsWith(loaded) && file.isEmpty() == loaded.isEmpty(), qPrintable(file));
+            const bool isOwn =
+                named == KLV_USBTMC_LIBRARY || (!isFound && named.isEmpty() && !isSimulated);
+            QCOMPARE(file.contains("/usbtmc/"), isOwn);
+            QCOMPARE(source.node() == DeviceNode::UsbTmc, isOwn);
+            QCOMPARE(source.libraryWords()().contains("the program's own"), isOwn);
+            QVERIFY(source.libraryWords()().contains(file));
+            QCOMPARE(bool(source.ownLibraryWords()), isOwn);
+        });
+        row("none found", false, QString(), false, "usbtmc/libVeVISA32.so");
+        row("the maker's found", true, QString(), false, "libVeVISA32.so");
+        row("none found, one named", false, QString("VeVISA32"), false, QString());
+        row("named", true, QString(KLV_USBTMC_LIBRARY), false, "usbtmc/libVeVISA32.so");
+        row("simulated", true, QString(), true, "demo/libVeVISA32.so");
     }
 
     // The simulated one, which has the same name, may still be in memory.

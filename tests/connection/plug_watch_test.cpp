@@ -2,9 +2,6 @@
 #include "connection/usb_instance_id.h"
 #include "tests/support/rows.h"
 
-#include <QSaveFile>
-#include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /// The matching of Windows device IDs, and the watch over a file of simulated instruments.
@@ -84,16 +81,12 @@ private slots:
 
     /// An editor empties the file, then fills it: that does not count as unplugging, unless a
     /// connection was lost by it.
-    void waitsUntilWritingIsOver_data()
-    {
-        testColumns<bool>("isLost");
-        testRow("connected", false);
-        testRow("connection lost", true);
-    }
+    void waitsUntilWritingIsOver_data() { testNames("connection", {"there", "lost"}); }
 
     void waitsUntilWritingIsOver()
     {
-        QFETCH(bool, isLost);
+        QFETCH(QString, connection);
+        const bool isLost = connection == "lost";
         if (QSysInfo::kernelType() == QLatin1String("winnt") && !isLost)
             QSKIP("Windows reports a rewritten file like a replaced one");
         write("");
@@ -104,46 +97,37 @@ private slots:
         QCOMPARE(m_changes->wait(isLost ? 5000 : 2 * DemoPlugWatch::QuietMs), isLost);
     }
 
-    void noticesOutAndIn_data()
-    {
-        testColumns<QString, QByteArray>("way", "out");
-        testRow("replaced", "replaced", QByteArray("[1002]\n"));
-        testRow("replaced by nothing", "replaced", QByteArray());
-        testRow("rewritten", "rewritten", QByteArray("[1002]\n"));
-        testRow("removed", "removed", QByteArray());
-    }
-
     /// Faster than the file is read: listeners see it removed and added.
     void noticesOutAndIn()
     {
-        QFETCH(QString, way);
-        QFETCH(QByteArray, out);
-        QVector<bool> seen;
-        connect(m_watch.get(), &HotPlugWatch::devicesChanged, this,
-                [&] { seen << m_watch->presentSerials().contains("1001"); });
-        put(way, out);
-        QTest::qWait(50);
-        write("[1001]\n[1002]\n");
-        QTRY_COMPARE(seen, QVector<bool>({false, true}));
-        QVERIFY(m_watch->presentSerials().contains("1001"));
-    }
-
-    void readsSections_data()
-    {
-        testColumns<QByteArray, QStringList>("content", "serials");
-        testRow("comments", QByteArray("; [1]\n# [2]\n[3]\nmodel=[4]\n"), QStringList("3"));
-        testRow("line ends of Windows, blanks", QByteArray("[1]\r\nlatency=1\r\n  [ 2 ]\r\n"),
-                QStringList({"1", "2"}));
-        testRow("twice", QByteArray("[1]\n[1]\n"), QStringList("1"));
-        testRow("damaged", QByteArray("[]\n[1\n\x00\xff[2]\n"), QStringList());
+        const auto row = freshRows(this, [this](const QString& way, const QByteArray& out) {
+            QVector<bool> seen;
+            connect(m_watch.get(), &HotPlugWatch::devicesChanged, this,
+                    [&] { seen << m_watch->presentSerials().contains("1001"); });
+            put(way, out);
+            QTest::qWait(50);
+            write("[1001]\n[1002]\n");
+            QTRY_COMPARE(seen, QVector<bool>({false, true}));
+            QVERIFY(m_watch->presentSerials().contains("1001"));
+        });
+        row("replaced", "replaced", QByteArray("[1002]\n"));
+        row("replaced by nothing", "replaced", QByteArray());
+        row("rewritten", "rewritten", QByteArray("[1002]\n"));
+        row("removed", "removed", QByteArray());
     }
 
     void readsSections()
     {
-        QFETCH(QByteArray, content);
-        QFETCH(QStringList, serials);
-        write(content);
-        QCOMPARE(m_watch->presentSerials(), serials);
+        const std::pair<QByteArray, QStringList> files[] = {
+            {"; [1]\n# [2]\n[3]\nmodel=[4]\n", {"3"}},
+            {"[1]\r\nlatency=1\r\n  [ 2 ]\r\n", {"1", "2"}},
+            {"[1]\n[1]\n", {"1"}},
+            {QByteArray("[]\n[1\n\x00\xff[2]\n", 12), {}},
+        };
+        for (const auto& [content, serials] : files) {
+            write(content);
+            QCOMPARE(m_watch->presentSerials(), serials);
+        }
         QCOMPARE(DemoPlugWatch(QString()).presentSerials(), QStringList());
     }
 

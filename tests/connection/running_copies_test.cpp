@@ -1,8 +1,6 @@
 #include "connection/running_copies.h"
 #include "tests/support/rows.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 /// Two copies of the program that hold titles; the second copy is this test started again.
@@ -41,39 +39,31 @@ private slots:
         QVERIFY(!other.isTitleTaken("C"));
     }
 
-    void tellsAnyTitlesApart_data()
-    {
-        testColumns<QString, QString>("title", "otherTitle");
-        testRow("case", "KLV (a)", "KLV (A)");
-        testRow("folders", "../KLV (1/2)", "../KLV (1_2)");
-        testRow("rubbish", QString(QChar(0)) + QChar(0xd800) + "\n\x7f",
-                QString(QChar(0)) + QChar(0xfffe) + "\n\x7f");
-        testRow("long", QString(5000, 'x') + '1', QString(5000, 'x') + '2');
-        testRow("empty", "", " ()");
-    }
-
     void tellsAnyTitlesApart()
     {
-        QFETCH(QString, title);
-        QFETCH(QString, otherTitle);
-        RunningCopies copies;
+        const std::pair<QString, QString> titles[] = {
+            {"KLV (a)", "KLV (A)"},
+            {"../KLV (1/2)", "../KLV (1_2)"},
+            {QString(QChar(0)) + QChar(0xd800) + "\n\x7f",
+             QString(QChar(0)) + QChar(0xfffe) + "\n\x7f"},
+            {QString(5000, 'x') + '1', QString(5000, 'x') + '2'},
+            {"", " ()"},
+        };
         const RunningCopies other;
-        QVERIFY(copies.claim(title));
-        QVERIFY(other.isTitleTaken(title));
-        QVERIFY(!other.isTitleTaken(otherTitle));
-        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
+        for (const auto& [title, otherTitle] : titles) {
+            RunningCopies copies;
+            QVERIFY(copies.claim(title));
+            QVERIFY(other.isTitleTaken(title));
+            QVERIFY(!other.isTitleTaken(otherTitle));
+            QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files).size(), 1);
+        }
     }
 
-    void seesAnotherCopy_data()
-    {
-        testColumns<bool>("isKilled");
-        testRow("ends by itself", false);
-        testRow("is killed", true);
-    }
+    void seesAnotherCopy_data() { testNames("end", {"by itself", "killed"}); }
 
     void seesAnotherCopy()
     {
-        QFETCH(bool, isKilled);
+        QFETCH(QString, end);
         RunningCopies copies;
         QProcess copy;
         startCopy(copy, "held");
@@ -81,7 +71,7 @@ private slots:
         QVERIFY(!copies.claim(m_title));
         QVERIFY(copies.claim("KLV-20G (another)"));
 
-        isKilled ? copy.kill() : copy.closeWriteChannel();
+        end == "killed" ? copy.kill() : copy.closeWriteChannel();
         QVERIFY(copy.waitForFinished());
         QVERIFY(!copies.isTitleTaken(m_title));
         QVERIFY(copies.claim(m_title));

@@ -84,28 +84,23 @@ private slots:
     }
     void cleanup() { m_usb.reset(); }
 
-    void findsWhatIsPluggedIn_data()
-    {
-        testColumns<QByteArray, QByteArray>("expression", "found");
-        const QByteArray both = "20215678 1111";
-        testRow("all on USB", QByteArray("USB?*"), both);
-        testRow("all instruments", QByteArray("?*INSTR"), both);
-        testRow("one serial number", QByteArray("USB?*::1111::?*"), QByteArray("1111"));
-        testRow("a range", QByteArray("USB0::?*::[2-3]?*::INSTR"), QByteArray("20215678"));
-        testRow("an attribute", QByteArray("USB?*INSTR{VI_ATTR_MANF_ID==0x5645}"), both);
-        testRow("another maker", QByteArray("USB?*INSTR{VI_ATTR_MANF_ID==1}"), QByteArray());
-        testRow("another bus", QByteArray("GPIB?*INSTR"), QByteArray());
-    }
-
     void findsWhatIsPluggedIn()
     {
-        QFETCH(QByteArray, expression);
-        QFETCH(QByteArray, found);
-        QByteArrayList serials;
-        for (const QByteArray& address : m_usb->find(expression.constData()))
-            serials << address.split(':').value(6);
-        std::sort(serials.rbegin(), serials.rend());
-        QCOMPARE(serials.join(' '), found);
+        const auto row = namedRows([this](const QByteArray& expression, const QByteArray& found) {
+            QByteArrayList serials;
+            for (const QByteArray& address : m_usb->find(expression.constData()))
+                serials << address.split(':').value(6);
+            std::sort(serials.rbegin(), serials.rend());
+            QCOMPARE(serials.join(' '), found);
+        });
+        const QByteArray both = "20215678 1111";
+        row("all on USB", QByteArray("USB?*"), both);
+        row("all instruments", QByteArray("?*INSTR"), both);
+        row("one serial number", QByteArray("USB?*::1111::?*"), QByteArray("1111"));
+        row("a range", QByteArray("USB0::?*::[2-3]?*::INSTR"), QByteArray("20215678"));
+        row("an attribute", QByteArray("USB?*INSTR{VI_ATTR_MANF_ID==0x5645}"), both);
+        row("another maker", QByteArray("USB?*INSTR{VI_ATTR_MANF_ID==1}"), QByteArray());
+        row("another bus", QByteArray("GPIB?*INSTR"), QByteArray());
     }
 
     void searchDoesNotWaitForABusyInstrument()
@@ -128,103 +123,84 @@ private slots:
         QCOMPARE(outcome, VI_ERROR_TMO);
     }
 
-    void replies_data()
+    void replies()
     {
-        testColumns<int, int>("length", "piece");
+        const auto row = freshRows(this, [this](int length, int piece) {
+            m_gadget("length " + QByteArray::number(length));
+            QCOMPARE(m_usb->write("*IDN?\n"), VI_SUCCESS);
+            QVERIFY(m_usb->read(static_cast<ViUInt32>(piece)) == textOf(length));
+            QCOMPARE(m_usb->status, VI_SUCCESS);
+            QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
+            QVERIFY(!m_gadget.takeTranscript().contains("clear"));
+        });
         for (const int length :
              {1,    2,    55,   56,   57,   499,  500,  501,  511,  512,  513,   1012,  4079,
               4080, 4081, 4083, 4084, 4085, 4096, 8160, 8161, 8177, 8180, 65524, 65536, 1000000})
-            testRow(QString::number(length), length, 1 << 21);
+            row(QString::number(length), length, 1 << 21);
         for (const int piece : {1, 499, 500, 4079, 4080, 4081, 4096})
-            testRow(QStringLiteral("in pieces of %1").arg(piece), piece * 20, piece);
-    }
-
-    void replies()
-    {
-        QFETCH(int, length);
-        QFETCH(int, piece);
-        m_gadget("length " + QByteArray::number(length));
-        QCOMPARE(m_usb->write("*IDN?\n"), VI_SUCCESS);
-        QVERIFY(m_usb->read(static_cast<ViUInt32>(piece)) == textOf(length));
-        QCOMPARE(m_usb->status, VI_SUCCESS);
-        QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
-        QVERIFY(!m_gadget.takeTranscript().contains("clear"));
-    }
-
-    void writes_data()
-    {
-        testColumns<int>("length");
-        for (const int length :
-             {7, 499, 500, 501, 511, 512, 513, 1012, 4083, 4084, 4085, 65524, 65536, 100000})
-            testRow(QString::number(length), length);
+            row(QStringLiteral("in pieces of %1").arg(piece), piece * 20, piece);
     }
 
     void writes()
     {
-        QFETCH(int, length);
-        const QByteArray blanks(length - 7, ' ');
-        QCOMPARE(m_usb->query("*OPC? " + blanks), QByteArray("1\n"));
-        QCOMPARE(m_gadget.takeTranscript().first(), "> *OPC? " + blanks + "\\n");
-    }
-
-    void aReplyThatIsLateIsNeverTheNextOnes_data()
-    {
-        testColumns<QByteArray, int>("fault", "waitMs");
-        testRow("never", QByteArray("reply *IDN? ->"), 0);
-        testRow("late, asked again at once", QByteArray("late 600"), 0);
-        testRow("late, asked again behind it", QByteArray("late 600"), 700);
+        const auto row = freshRows(this, [this](int length) {
+            const QByteArray blanks(length - 7, ' ');
+            QCOMPARE(m_usb->query("*OPC? " + blanks), QByteArray("1\n"));
+            QCOMPARE(m_gadget.takeTranscript().first(), "> *OPC? " + blanks + "\\n");
+        });
+        for (const int length :
+             {7, 499, 500, 501, 511, 512, 513, 1012, 4083, 4084, 4085, 65524, 65536, 100000})
+            row(QString::number(length), length);
     }
 
     void aReplyThatIsLateIsNeverTheNextOnes()
     {
-        QFETCH(QByteArray, fault);
-        QFETCH(int, waitMs);
-        m_usb->setTimeout(300);
-        m_gadget(fault);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(m_usb->query("*IDN?"), QByteArray());
-        QCOMPARE(m_usb->status, VI_ERROR_TMO);
-        QVERIFY(timer.elapsed() >= 299);
-        QTest::qWait(waitMs);
-        m_gadget("reply *IDN?");
-        m_usb->setTimeout(5000);
-        QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
-        const QList<QByteArray> lines = m_gadget.takeTranscript();
-        QCOMPARE(lines.indexOf("clear") + 1, lines.indexOf("> *OPC?\\n"));
-    }
-
-    void faultsAreErrorsAndPass_data()
-    {
-        testColumns<QByteArray, QByteArray, ViStatus>("fault", "message", "status");
-        for (const char* header : {"tag", "id", "long", "short"})
-            testRow(header, "header " + QByteArray(header), QByteArray("*IDN?"), VI_ERROR_IO);
-        testRow("IN halted", QByteArray("halt in"), QByteArray("*IDN?"), VI_ERROR_IO);
-        // What fetches a reply goes out, too.
-        for (const QByteArray message : {"*IDN?", "*CLS"}) {
-            testRow(QString("OUT halted after " + message), QByteArray("halt out"), message,
-                    VI_ERROR_IO);
-            testRow(QString("takes nothing after " + message), QByteArray("deaf 1000"), message,
-                    VI_ERROR_TMO);
-        }
+        const auto row = freshRows(this, [this](const QByteArray& fault, int waitMs) {
+            m_usb->setTimeout(300);
+            m_gadget(fault);
+            QElapsedTimer timer;
+            timer.start();
+            QCOMPARE(m_usb->query("*IDN?"), QByteArray());
+            QCOMPARE(m_usb->status, VI_ERROR_TMO);
+            QVERIFY(timer.elapsed() >= 299);
+            QTest::qWait(waitMs);
+            m_gadget("reply *IDN?");
+            m_usb->setTimeout(5000);
+            QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
+            const QList<QByteArray> lines = m_gadget.takeTranscript();
+            QCOMPARE(lines.indexOf("clear") + 1, lines.indexOf("> *OPC?\\n"));
+        });
+        row("never", QByteArray("reply *IDN? ->"), 0);
+        row("late, asked again at once", QByteArray("late 600"), 0);
+        row("late, asked again behind it", QByteArray("late 600"), 700);
     }
 
     void faultsAreErrorsAndPass()
     {
-        QFETCH(QByteArray, fault);
-        QFETCH(QByteArray, message);
-        QFETCH(ViStatus, status);
-        m_usb->setTimeout(500);
-        m_gadget(fault);
-        QCOMPARE(m_usb->write(message + '\n'), VI_SUCCESS);
-        if (message.endsWith('?'))
-            m_usb->read();
-        else
-            m_usb->status = m_usb->write("*CLS\n");
-        QCOMPARE(m_usb->status, status);
-        m_usb->setTimeout(5000);
-        QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
-        QCOMPARE(m_usb->query("*OPC?;*OPC?"), QByteArray("1;1\n"));
+        const auto row = freshRows(
+            this, [this](const QByteArray& fault, const QByteArray& message, ViStatus status) {
+                m_usb->setTimeout(500);
+                m_gadget(fault);
+                QCOMPARE(m_usb->write(message + '\n'), VI_SUCCESS);
+                if (message.endsWith('?'))
+                    m_usb->read();
+                else
+                    m_usb->status = m_usb->write("*CLS\n");
+                QCOMPARE(m_usb->status, status);
+                m_usb->setTimeout(5000);
+                QCOMPARE(m_usb->query("*OPC?"), QByteArray("1\n"));
+                QCOMPARE(m_usb->query("*OPC?;*OPC?"), QByteArray("1;1\n"));
+            });
+        for (const char* header : {"tag", "id", "long", "short"})
+            row(header, "header " + QByteArray(header), QByteArray("*IDN?"), VI_ERROR_IO);
+        row("IN halted", QByteArray("halt in"), QByteArray("*IDN?"), VI_ERROR_IO);
+        // What fetches a reply goes out, too.
+        for (const QByteArray message : {"*IDN?", "*CLS"}) {
+            row(QString("OUT halted after " + message), QByteArray("halt out"), message,
+                VI_ERROR_IO);
+            row(QString("takes nothing after " + message), QByteArray("deaf 1000"), message,
+                VI_ERROR_TMO);
+        }
     }
 
     void unpluggedInARead()
@@ -288,35 +264,31 @@ private slots:
                  VI_ERROR_NPERMISSION);
     }
 
-    void whatTheBusCanDoBesides_data()
-    {
-        testColumns<int>("number");
-        testRow("without interrupt endpoint", 0);
-        testRow("with interrupt endpoint", 1);
-    }
-
     void whatTheBusCanDoBesides()
     {
-        QFETCH(int, number);
-        const Gadget gadget(number);
-        m_usb->close();
-        QCOMPARE(m_usb->open(gadget.address()), VI_SUCCESS);
-        QCOMPARE(m_usb->query("*CLS;*SRE 0;*OPC?"), QByteArray("1\n"));
-        gadget.takeTranscript();
-        ViUInt16 status = 0;
-        QCOMPARE(m_usb->visa.viReadSTB(m_usb->session, &status), VI_SUCCESS);
-        QCOMPARE(int(status), 0);
-        m_usb->write("*IDN?\n");
-        QCOMPARE(m_usb->visa.viReadSTB(m_usb->session, &status), VI_SUCCESS);
-        QCOMPARE(int(status), 0x10);
-        QVERIFY(m_usb->read().startsWith("Veltro"));
-        QCOMPARE(m_usb->visa.viAssertTrigger(m_usb->session, VI_TRIG_PROT_DEFAULT), VI_SUCCESS);
-        for (const ViUInt16 mode : {VI_GPIB_REN_ASSERT, VI_GPIB_REN_ASSERT_LLO,
-                                    VI_GPIB_REN_ADDRESS_GTL, VI_GPIB_REN_DEASSERT})
-            QCOMPARE(m_usb->visa.viGpibControlREN(m_usb->session, mode), VI_SUCCESS);
-        QCOMPARE(m_usb->visa.viClear(m_usb->session), VI_SUCCESS);
-        QCOMPARE(gadget.takeTranscript().mid(2).join(','),
-                 QByteArray("trigger,remote 1,remote 1,lockout,local,remote 0,clear"));
+        const auto row = freshRows(this, [this](int number) {
+            const Gadget gadget(number);
+            m_usb->close();
+            QCOMPARE(m_usb->open(gadget.address()), VI_SUCCESS);
+            QCOMPARE(m_usb->query("*CLS;*SRE 0;*OPC?"), QByteArray("1\n"));
+            gadget.takeTranscript();
+            ViUInt16 status = 0;
+            QCOMPARE(m_usb->visa.viReadSTB(m_usb->session, &status), VI_SUCCESS);
+            QCOMPARE(int(status), 0);
+            m_usb->write("*IDN?\n");
+            QCOMPARE(m_usb->visa.viReadSTB(m_usb->session, &status), VI_SUCCESS);
+            QCOMPARE(int(status), 0x10);
+            QVERIFY(m_usb->read().startsWith("Veltro"));
+            QCOMPARE(m_usb->visa.viAssertTrigger(m_usb->session, VI_TRIG_PROT_DEFAULT), VI_SUCCESS);
+            for (const ViUInt16 mode : {VI_GPIB_REN_ASSERT, VI_GPIB_REN_ASSERT_LLO,
+                                        VI_GPIB_REN_ADDRESS_GTL, VI_GPIB_REN_DEASSERT})
+                QCOMPARE(m_usb->visa.viGpibControlREN(m_usb->session, mode), VI_SUCCESS);
+            QCOMPARE(m_usb->visa.viClear(m_usb->session), VI_SUCCESS);
+            QCOMPARE(gadget.takeTranscript().mid(2).join(','),
+                     QByteArray("trigger,remote 1,remote 1,lockout,local,remote 0,clear"));
+        });
+        row("without interrupt endpoint", 0);
+        row("with interrupt endpoint", 1);
     }
 
     void requestsForServiceAreEvents()

@@ -1,7 +1,6 @@
 #include <umockdev.h>
 #undef signals
 
-#include "tests/support/rows.h"
 #include "usbtmc/plugged_in.h"
 
 #include <QtTest>
@@ -20,35 +19,31 @@ private slots:
         QVERIFY2(umockdev_in_mock_environment(), "run under umockdev-wrapper");
     }
 
-    void namesInstruments_data()
-    {
-        testColumns<QList<QByteArray>, QByteArray>("serials", "names");
-        const QByteArray model = "::0x5645::0x0001::";
-        testRow("none", QList<QByteArray>(), QByteArray());
-        testRow("one", QList<QByteArray>{"A"}, "USB0" + model + "A::INSTR");
-        testRow("alike", QList<QByteArray>{"B", "A"},
-                "USB0" + model + "B::INSTR USB0" + model + "A::INSTR");
-        testRow("without serial numbers", QList<QByteArray>{"", ""},
-                "USB0" + model + "::INSTR USB1" + model + "::INSTR");
-        testRow("the same serial number", QList<QByteArray>{"A", "A"},
-                "USB0" + model + "A::INSTR USB1" + model + "A::INSTR");
-        testRow("colons", QList<QByteArray>{"A::B"}, "USB0" + model + "A__B::INSTR");
-    }
-
     void namesInstruments()
     {
-        QFETCH(QList<QByteArray>, serials);
-        for (int i = 0; i < serials.size(); ++i)
-            plug(i, serials[i]);
-        QList<QByteArray> names;
-        for (const PluggedIn& each : pluggedIn()) {
-            const std::string name = each.resource.name.text();
-            names += QByteArray::fromStdString(name);
-            ResourceName parsed;
-            QVERIFY(parseResourceName(name, parsed));
-            QCOMPARE(parsed.serial, each.resource.name.serial);
+        const QByteArray model = "::0x5645::0x0001::";
+        const std::pair<QList<QByteArray>, QByteArray> rows[] = {
+            {{}, ""},
+            {{"A"}, "USB0" + model + "A::INSTR"},
+            {{"B", "A"}, "USB0" + model + "B::INSTR USB0" + model + "A::INSTR"},
+            {{"", ""}, "USB0" + model + "::INSTR USB1" + model + "::INSTR"},
+            {{"A", "A"}, "USB0" + model + "A::INSTR USB1" + model + "A::INSTR"},
+            {{"A::B"}, "USB0" + model + "A__B::INSTR"},
+        };
+        for (const auto& [serials, expected] : rows) {
+            init();
+            for (int i = 0; i < serials.size(); ++i)
+                plug(i, serials[i]);
+            QList<QByteArray> names;
+            for (const PluggedIn& each : pluggedIn()) {
+                const std::string name = each.resource.name.text();
+                names += QByteArray::fromStdString(name);
+                ResourceName parsed;
+                QVERIFY(parseResourceName(name, parsed));
+                QCOMPARE(parsed.serial, each.resource.name.serial);
+            }
+            QCOMPARE(names.join(' '), expected);
         }
-        QTEST(names.join(' '), "names");
     }
 
     void tellsWhatIsKnown()

@@ -1,6 +1,5 @@
 #include "usbtmc/service_watch.h"
 
-#include <QSemaphore>
 #include <QtTest>
 
 #include <arpa/inet.h>

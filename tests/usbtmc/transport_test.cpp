@@ -1,4 +1,3 @@
-#include "tests/support/rows.h"
 #include "usbtmc/transport.h"
 
 #include <QtTest>
@@ -61,26 +60,32 @@ public:
 
     /// What was asked since the last time.
     QByteArray takeCalls() { return std::exchange(m_calls, {}).join(", "); }
+    /// The next call of this name has this result.
+    void failNext(const char* call, long result)
+    {
+        m_failingCall = call;
+        m_result = result;
+    }
 
     QByteArray reply;
     QByteArray received;
     size_t longestAsked = 0;
     size_t longestWrite = std::string::npos;
     unsigned long storingRequest = USBTMC488_IOCTL_READ_STB;
-    QByteArray failingCall; ///< the next one of this name, with this result
-    long result = 0;
 
 private:
     std::optional<long> record(const QByteArray& call)
     {
         m_calls += call;
-        if (call != failingCall)
+        if (call != m_failingCall)
             return std::nullopt;
-        failingCall.clear();
-        return result;
+        m_failingCall.clear();
+        return m_result;
     }
 
     QList<QByteArray> m_calls;
+    QByteArray m_failingCall;
+    long m_result = 0;
 };
 
 /// A session with the fake instrument, already settled.
@@ -97,6 +102,14 @@ struct Rig {
         status = transport.read(count, stopCharacter, bytes);
         return QByteArray::fromStdString(bytes);
     }
+    /// Of a reading, or else of a message.
+    ViStatus statusOf(const QByteArray& call)
+    {
+        if (call != "read")
+            return write("*IDN?");
+        read();
+        return status;
+    }
 
     FakeNode node;
     std::shared_ptr<NodeState> state = std::make_shared<NodeState>();
@@ -112,46 +125,32 @@ class TransportTest : public QObject
     Q_OBJECT
 
 private slots:
-    void failuresDoNotReachTheNextMessage_data()
-    {
-        testColumns<QByteArray, int, ViStatus, QByteArray>("call", "result", "status", "calls");
-        const QByteArray read = "read", write = "write";
-        const QByteArray settling = ", clear, write";
-        testRow("no reply in time", read, -ETIMEDOUT, VI_ERROR_TMO, read + settling);
-        testRow("reply not understood", read, 0, VI_ERROR_IO, read + settling);
-        testRow("reply broken off", read, -EIO, VI_ERROR_IO, read + settling);
-        testRow("message not taken", write, -ETIMEDOUT, VI_ERROR_TMO, write + settling);
-        testRow("reply halted", read, -EPIPE, VI_ERROR_IO,
-                QByteArray("read, in-halt, clear, write"));
-        testRow("message halted", write, -EPIPE, VI_ERROR_IO,
-                QByteArray("write, out-halt, clear, write"));
-    }
-
     void failuresDoNotReachTheNextMessage()
     {
-        QFETCH(QByteArray, call);
-        QFETCH(int, result);
-        QFETCH(ViStatus, status);
-        Rig rig;
-        rig.node.reply = "late";
-        rig.node.failingCall = call;
-        rig.node.result = result;
-        if (call == "read")
-            rig.read();
-        QCOMPARE(call == "read" ? rig.status : rig.write("*IDN?"), status);
-        QCOMPARE(rig.write("*OPC?"), VI_SUCCESS);
-        QTEST(rig.node.takeCalls(), "calls");
-        QCOMPARE(rig.write("*OPC?"), VI_SUCCESS);
-        QCOMPARE(rig.node.takeCalls(), QByteArray("write"));
+        const auto check = [](const char* call, long result, ViStatus status, const char* calls) {
+            Rig rig;
+            rig.node.reply = "late";
+            rig.node.failNext(call, result);
+            QCOMPARE(rig.statusOf(call), status);
+            QCOMPARE(rig.write("*OPC?"), VI_SUCCESS);
+            QCOMPARE(rig.node.takeCalls(), QByteArray(calls));
+            QCOMPARE(rig.write("*OPC?"), VI_SUCCESS);
+            QCOMPARE(rig.node.takeCalls(), QByteArray("write"));
+        };
+        check("read", -ETIMEDOUT, VI_ERROR_TMO, "read, clear, write");
+        check("read", 0, VI_ERROR_IO, "read, clear, write"); // not understood
+        check("read", -EIO, VI_ERROR_IO, "read, clear, write");
+        check("write", -ETIMEDOUT, VI_ERROR_TMO, "write, clear, write");
+        check("read", -EPIPE, VI_ERROR_IO, "read, in-halt, clear, write");
+        check("write", -EPIPE, VI_ERROR_IO, "write, out-halt, clear, write");
     }
 
     void clearsUntilTheInstrumentIsCleared()
     {
         Rig rig;
-        rig.node.failingCall = "read";
-        rig.node.result = -ETIMEDOUT;
+        rig.node.failNext("read", -ETIMEDOUT);
         rig.read();
-        rig.node.failingCall = "clear";
+        rig.node.failNext("clear", -ETIMEDOUT);
         QCOMPARE(rig.write("*IDN?"), VI_ERROR_TMO);
         QCOMPARE(rig.write("*IDN?"), VI_SUCCESS);
         QCOMPARE(rig.node.takeCalls(), QByteArray("read, clear, clear, write"));
@@ -163,47 +162,36 @@ private slots:
         Transport second(first.node, first.state);
         QCOMPARE(second.settle(), VI_SUCCESS);
         QCOMPARE(first.node.takeCalls(), QByteArray());
-        first.node.failingCall = "read";
-        first.node.result = -ETIMEDOUT;
+        first.node.failNext("read", -ETIMEDOUT);
         first.read();
         QCOMPARE(second.write("*IDN?", true), VI_SUCCESS);
         QCOMPARE(first.write("*IDN?"), VI_SUCCESS);
         QCOMPARE(first.node.takeCalls(), QByteArray("read, clear, write, write"));
     }
 
-    void isLostForEver_data()
-    {
-        testColumns<QByteArray, int>("call", "error");
-        testRow("reading", QByteArray("read"), ENODEV);
-        testRow("pulled while reading", QByteArray("read"), ESHUTDOWN);
-        testRow("pulled in a transfer", QByteArray("read"), EPROTO);
-        testRow("writing", QByteArray("write"), ENODEV);
-        testRow("clearing", QByteArray("clear"), ENODEV);
-    }
-
     void isLostForEver()
     {
-        QFETCH(QByteArray, call);
-        QFETCH(int, error);
-        Rig rig;
-        rig.node.failingCall = call;
-        rig.node.result = -error;
-        if (call == "clear")
-            rig.state->isUnsettled = true;
-        if (call == "read")
-            rig.read();
-        QCOMPARE(call == "read" ? rig.status : rig.write("*IDN?"), VI_ERROR_CONN_LOST);
-        QVERIFY(rig.transport.isLost());
-        rig.node.takeCalls();
-        ViUInt16 byte = 0;
-        rig.node.reply = "back again";
-        QCOMPARE(rig.read(), QByteArray());
-        QCOMPARE(rig.status, VI_ERROR_CONN_LOST);
-        for (const ViStatus status :
-             {rig.write("*IDN?"), rig.transport.clear(), rig.transport.trigger(),
-              rig.transport.setTimeout(500), rig.transport.readStatusByte(byte)})
-            QCOMPARE(status, VI_ERROR_CONN_LOST);
-        QCOMPARE(rig.node.takeCalls(), QByteArray());
+        for (const auto& [call, error] : {std::pair("read", ENODEV),
+                                          {"read", ESHUTDOWN},
+                                          {"read", EPROTO},
+                                          {"write", ENODEV},
+                                          {"clear", ENODEV}}) {
+            Rig rig;
+            rig.node.failNext(call, -error);
+            rig.state->isUnsettled = QByteArray(call) == "clear";
+            QCOMPARE(rig.statusOf(call), VI_ERROR_CONN_LOST);
+            QVERIFY(rig.transport.isLost());
+            rig.node.takeCalls();
+            ViUInt16 byte = 0;
+            rig.node.reply = "back again";
+            QCOMPARE(rig.read(), QByteArray());
+            QCOMPARE(rig.status, VI_ERROR_CONN_LOST);
+            for (const ViStatus status :
+                 {rig.write("*IDN?"), rig.transport.clear(), rig.transport.trigger(),
+                  rig.transport.setTimeout(500), rig.transport.readStatusByte(byte)})
+                QCOMPARE(status, VI_ERROR_CONN_LOST);
+            QCOMPARE(rig.node.takeCalls(), QByteArray());
+        }
     }
 
     void readsLongRepliesInPieces()
@@ -277,32 +265,23 @@ private slots:
         }
     }
 
-    void controlsRemoteOperation_data()
-    {
-        testColumns<int, ViStatus, QByteArray>("mode", "status", "calls");
-        testRow("off", 0, VI_SUCCESS, QByteArray("remote 0"));
-        testRow("on", 1, VI_SUCCESS, QByteArray("remote 1"));
-        testRow("off, then local", 2, VI_SUCCESS, QByteArray("local, remote 0"));
-        testRow("on, addressed", 3, VI_SUCCESS, QByteArray("remote 1"));
-        testRow("on, keys locked", 4, VI_SUCCESS, QByteArray("remote 1, lockout"));
-        testRow("on, addressed, keys locked", 5, VI_SUCCESS, QByteArray("remote 1, lockout"));
-        testRow("local", 6, VI_SUCCESS, QByteArray("local"));
-        testRow("unknown", 7, VI_ERROR_INV_MODE, QByteArray());
-    }
-
     void controlsRemoteOperation()
     {
-        QFETCH(int, mode);
         Rig rig;
-        QTEST(rig.transport.controlRemote(static_cast<ViUInt16>(mode)), "status");
-        QTEST(rig.node.takeCalls(), "calls");
+        const char* const calls[] = {
+            "remote 0",          "remote 1",          "local, remote 0", "remote 1",
+            "remote 1, lockout", "remote 1, lockout", "local",           ""};
+        for (ViUInt16 mode = 0; mode < std::size(calls); ++mode) {
+            QCOMPARE(rig.transport.controlRemote(mode),
+                     *calls[mode] ? VI_SUCCESS : VI_ERROR_INV_MODE);
+            QCOMPARE(rig.node.takeCalls(), QByteArray(calls[mode]));
+        }
     }
 
     void saysWhatTheInstrumentCannotDo()
     {
         Rig rig;
-        rig.node.failingCall = "trigger";
-        rig.node.result = -EINVAL;
+        rig.node.failNext("trigger", -EINVAL);
         QCOMPARE(rig.transport.trigger(), VI_ERROR_NSUP_OPER);
         QCOMPARE(rig.transport.trigger(), VI_SUCCESS);
     }
