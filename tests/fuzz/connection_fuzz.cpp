@@ -1,12 +1,15 @@
 #include "tests/fuzz/fuzz.h"
 
+#include "numbers/field_kind.h"
 #include "tests/fuzz/told_replies.h"
 #include "tests/support/connection_rig.h"
 
 #include <QApplication>
 
+#include <cmath>
+
 /// Connecting to an instrument with any name, mode, identity, calibration date and limits: it ends,
-/// and shutting down leaves no connection.
+/// every limit is finite and bounds a field, and shutting down leaves no connection.
 void run(Bytes bytes)
 {
     static int count = 0;
@@ -43,6 +46,12 @@ void run(Bytes bytes)
     chooser.reset();
     chooser.createButton(address, model + '\n' + serial);
     chooser.chooseOnly();
+    for (int i = 0; i < quantityCount; ++i) {
+        const auto quantity = static_cast<Quantity>(i);
+        const Range& range = limits[quantity];
+        PROMISE(std::isfinite(range.min) && std::isfinite(range.max));
+        clampText(QStringLiteral("1.5"), range.min, range.max, fieldKind(quantity));
+    }
     connection.shutDown();
     PROMISE(!session.isConnected());
 }

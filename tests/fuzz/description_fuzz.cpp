@@ -3,8 +3,6 @@
 #include "demo/control/description_file.h"
 #include "demo/instrument/instrument.h"
 
-#include <algorithm>
-
 namespace
 {
 

@@ -2,7 +2,6 @@
 
 #include "visa_library/formatted_scan.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdarg>
 #include <cstring>

@@ -6,7 +6,6 @@
 #include "numbers/step_kind.h"
 #include "numbers/stepping.h"
 
-#include <algorithm>
 #include <cmath>
 
 /// Numbers as typed, as answered and as stepped: always finite, bounded by the limits, and stable

@@ -1,6 +1,5 @@
 #include "tests/fuzz/fuzz.h"
 
-#include "profiles/profile_folder.h"
 #include "profiles/profile_reader.h"
 #include "profiles/profile_replay.h"
 #include "profiles/profile_store.h"
