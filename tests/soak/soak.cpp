@@ -2,20 +2,13 @@
 #include "link/activity.h"
 #include "link/pause.h"
 #include "numbers/number_text.h"
-#include "tests/support/demo.h"
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
-#include <QPushButton>
-#include <QSaveFile>
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <clocale>
 #include <cmath>

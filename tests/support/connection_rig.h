@@ -9,7 +9,6 @@
 #include "tests/support/demo.h"
 #include "tests/support/fields.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 /// A bus on which a test plugs devices in and out.

@@ -2,8 +2,6 @@
 
 #include "link/pause.h"
 
-#include <QtGlobal>
-
 Demo::Demo() : m_library(libraryPath())
 {
     m_control = reinterpret_cast<Control>(m_library.resolve("klvDemo"));

@@ -3,8 +3,6 @@
 #include "tests/support/documents_folder.h"
 #include "tests/support/panel_rig.h"
 
-#include <QTemporaryDir>
-
 /// A test of the window: each of its functions begins with an instrument at power-on, without
 /// settings and with an empty user's folder, and ends without a window.
 class PanelTest : public QObject
