@@ -60,6 +60,41 @@ QList<QWidget*> shownWidgets(const QWidget& window)
     return shown;
 }
 
+/// What is blank while there is nothing to say, or plain all the same.
+const QStringList outputs = {"status",
+                             "device_level",
+                             "field_line",
+                             "file_List",
+                             "log_note",
+                             "log_dropped",
+                             "keypad_limits",
+                             "plot_List_header",
+                             "run_point",
+                             "label_7",
+                             "label_9",
+                             "label_Manual",
+                             "label_AutoPoint",
+                             "label_PULM",
+                             "label_AmPmFm",
+                             "label_Gener",
+                             "led"};
+
+/// Whether a label or a button without text shows no picture either, whoever draws it.
+bool isBlank(QWidget& widget)
+{
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    if ((!button && !label) || outputs.contains(widget.objectName()) ||
+        !(button ? button->text() : label->text()).isEmpty())
+        return false;
+    const QImage image = widget.grab().toImage();
+    const int across = image.width() / 4;
+    const int down = image.height() / 4;
+    const QRect within = image.rect().adjusted(across, down, -across, -down);
+    // A ground, shaded or not, has one colour in each row.
+    return image.copy(within) == image.copy(within.translated(1, 0));
+}
+
 bool isTabStop(const QWidget& widget)
 {
     return widget.isEnabled() && widget.focusPolicy() & Qt::TabFocus;
@@ -224,7 +259,7 @@ QStringList unnamedControls(const QWidget& window)
 {
     QStringList faults;
     const QList<QWidget*> shown = shownWidgets(window);
-    for (const QWidget* widget : shown) {
+    for (QWidget* widget : shown) {
         const bool isControl = qobject_cast<const QAbstractButton*>(widget) ||
                                qobject_cast<const QLineEdit*>(widget) ||
                                widget->focusPolicy() & Qt::TabFocus;
@@ -232,6 +267,8 @@ QStringList unnamedControls(const QWidget& window)
             faults << "no name: " + idOf(*widget);
         if (isControl && widget->toolTip().isEmpty())
             faults << "no tool-tip: " + idOf(*widget);
+        if (isBlank(*widget))
+            faults << "blank: " + idOf(*widget);
     }
     return faults;
 }
