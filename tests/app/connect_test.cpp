@@ -1,4 +1,4 @@
-#include "link/instrument_limits.h"
+#include "link/library_places.h"
 #include "link/pause.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
@@ -68,79 +68,72 @@ private slots:
         QCOMPARE(m_demo->takeCommands(), handBack);
     }
 
-    void firmwareDecides_data()
-    {
-        testColumns<QString, bool>("version", "isAccepted");
-        testRow("one part", "2", true);
-        testRow("2.3.0", "2.3.0", false);
-        testRow("2.4.0", "2.4.0", true);
-        testRow("1.4.0", "1.4.0", true);
-        testRow("3.0.1", "3.0.1", false);
-        testRow("four parts", "2.10.0.1", true);
-        testRow("no number", "a.b.c", false);
-    }
-
     void firmwareDecides()
     {
-        QFETCH(QString, version);
-        QFETCH(bool, isAccepted);
-        (*m_demo)(QStringLiteral("reply *IDN? -> Veltro,KLV-20G,20215678,%1").arg(version));
-        PanelRig rig;
-        rig.connectDevice();
-        QCOMPARE(rig.isConnected(), isAccepted);
-        auto* box = rig.window().findChild<ErrorBox*>();
-        QCOMPARE(box != nullptr && box->isVisible(), !isAccepted);
-        QCOMPARE(rig.status().contains("firmware " + version), !isAccepted);
-        QCOMPARE(m_demo->takeCommands().contains("SERV:SOUR:CDUE?"), isAccepted);
-    }
-
-    void tellsWhyThereIsNoConnection_data()
-    {
-        testColumns<QString, QString, QString>("library", "set", "reason");
-        const QString demo = Demo::libraryPath();
-        testRow("no such path", "/no/such/library.so", "",
-                "There is no VISA library /no/such/library.so");
-        testRow("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
-        testRow("another library", KLV_NO_VISA_LIBRARY, "", "does not start");
-        testRow("no instrument", demo, "unplug", "No instrument found");
-        testRow("silent at the opening", demo, "fault 1 status 0xBFFF0015",
-                "could not be opened: it does not answer");
-        testRow("not opened", demo, "fault 1 status 0xBFFF003E",
-                "could not be opened: VISA status 0xbff");
-        testRow("not permitted", demo, "fault 1 status 0xBFFF00A8", "This user may not open");
-        testRow("no identity", demo, "reply *IDN? ->",
-                "no access to the device: it does not answer");
-        for (const char* identity : {"Veltro", "Veltro,KLV", "?!\\x00\\xFF", "\\n"})
-            testRow(identity, demo, qPrintable(QString("reply *IDN? -> ") + identity),
-                    "no access to the device: it does not identify itself");
-        testRow("not allowed", demo, "", "serial number 20215678 is not among those allowed");
-        testRow("no due date", demo, "reply SERV:SOUR:CDUE? ->", "connection error: ");
+        const auto row = freshRows(this, [this](const QString& version, bool isAccepted) {
+            (*m_demo)(QStringLiteral("reply *IDN? -> Veltro,KLV-20G,20215678,%1").arg(version));
+            PanelRig rig;
+            rig.connectDevice();
+            QCOMPARE(rig.isConnected(), isAccepted);
+            auto* box = rig.window().findChild<ErrorBox*>();
+            QCOMPARE(box != nullptr && box->isVisible(), !isAccepted);
+            QCOMPARE(rig.status().contains("firmware " + version), !isAccepted);
+            QCOMPARE(m_demo->takeCommands().contains("SERV:SOUR:CDUE?"), isAccepted);
+        });
+        row("one part", "2", true);
+        row("2.3.0", "2.3.0", false);
+        row("2.4.0", "2.4.0", true);
+        row("1.4.0", "1.4.0", true);
+        row("3.0.1", "3.0.1", false);
+        row("four parts", "2.10.0.1", true);
+        row("no number", "a.b.c", false);
     }
 
     void tellsWhyThereIsNoConnection()
     {
-        QFETCH(QString, library);
-        QFETCH(QString, set);
-        QFETCH(QString, reason);
-        if (!set.isEmpty())
-            (*m_demo)(set);
-        if (QTest::currentDataTag() == QByteArray("not allowed"))
-            m_settings.setValue("/Settings/one", "another");
-        StartOptions options = PanelRig::defaultOptions();
-        options.visaLibrary = library;
-        PanelRig rig(options);
-        rig.connectDevice();
-        QVERIFY(!rig.isConnected());
-        QCOMPARE(rig.device(), QString("Disconnected"));
-        QCOMPARE(rig.window().windowTitle(), QString("KLV"));
-        QVERIFY2(rig.status().contains(reason), qPrintable(rig.status()));
-        QVERIFY(!m_demo->takeCommands().contains("FREQ? MAX"));
-        QVERIFY(!rig.window().findChild<ErrorBox*>());
-        // It stays until the next attempt, which begins by saying so.
-        rig.click("connect");
-        QVERIFY2(rig.status().startsWith("Searching"), qPrintable(rig.status()));
-        QVERIFY(!rig.status().contains(reason));
-        QTRY_VERIFY(!QGuiApplication::overrideCursor());
+        const auto row = freshRows(
+            this, [this](const QString& library, const QString& set, const QString& reason) {
+                if (set == "another one allowed")
+                    m_settings.setValue("/Settings/one", "another");
+                else if (!set.isEmpty())
+                    (*m_demo)(set);
+                StartOptions options = PanelRig::defaultOptions();
+                options.visaLibrary = library;
+                PanelRig rig(options);
+                rig.connectDevice();
+                QVERIFY(!rig.isConnected());
+                QCOMPARE(rig.device(), QString("Disconnected"));
+                QCOMPARE(rig.window().windowTitle(), QString("KLV"));
+                QVERIFY2(rig.status().contains(reason), qPrintable(rig.status()));
+                QVERIFY(!m_demo->takeCommands().contains("FREQ? MAX"));
+                QVERIFY(!rig.window().findChild<ErrorBox*>());
+                // It stays until the next attempt, which begins by saying so.
+                rig.click("connect");
+                QVERIFY2(rig.status().startsWith("Searching"), qPrintable(rig.status()));
+                QVERIFY(!rig.status().contains(reason));
+                QTRY_VERIFY(!QGuiApplication::overrideCursor());
+            });
+        const QString demo = Demo::libraryPath();
+        row("no such path", "/no/such/library.so", "",
+            "There is no VISA library /no/such/library.so");
+        const QString places = libraryPlaces("NoSuchVisa").folders.join(", ");
+        QVERIFY(!places.isEmpty());
+        row("in no place", "NoSuchVisa", "", " in: " + places);
+        row("no library", QCoreApplication::applicationDirPath(), "", "cannot be loaded");
+        row("another library", KLV_NO_VISA_LIBRARY, "", "does not start");
+        row("no instrument", demo, "unplug", "No instrument found");
+        row("silent at the opening", demo, "fault 1 status 0xBFFF0015",
+            "could not be opened: it does not answer");
+        row("not opened", demo, "fault 1 status 0xBFFF003E",
+            "could not be opened: VISA status 0xbff");
+        row("not permitted", demo, "fault 1 status 0xBFFF00A8", "This user may not open");
+        row("no identity", demo, "reply *IDN? ->", "no access to the device: it does not answer");
+        for (const char* identity : {"Veltro", "Veltro,KLV", "?!\\x00\\xFF", "\\n"})
+            row(identity, demo, qPrintable(QString("reply *IDN? -> ") + identity),
+                "no access to the device: it does not identify itself");
+        row("not allowed", demo, "another one allowed",
+            "serial number 20215678 is not among those allowed");
+        row("no due date", demo, "reply SERV:SOUR:CDUE? ->", "connection error: ");
     }
 
     void allowListDecides()

@@ -1,4 +1,3 @@
-#include "link/instrument_limits.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 
@@ -18,12 +17,25 @@ private slots:
         beginConnected();
     }
 
-    void numbersAreCommitted_data()
+    void numbersAreCommitted()
     {
-        testColumns<QString, QString, QString, QString>("name", "typed", "sent", "shown");
-        const auto frequency = [](const char* tag, const QString& typed, const char* hertz,
-                                  const char* shown) {
-            testRow(tag, "FREQ", typed, QString("FREQ %1.000000 Hz;FREQ?!").arg(hertz), shown);
+        const auto row = freshRows(this, [this](const QString& name, const QString& typed,
+                                                const QString& sent, const QString& shown) {
+            const bool isReference = name == "ROSC_FREQ";
+            if (isReference) {
+                m_rig->click("ROSC");
+                m_rig->click("open_ROSC_FREQ");
+                m_demo->takeSent();
+            }
+            m_rig->enter(qPrintable(name), typed);
+            QCOMPARE(m_demo->takeCommands().join(", "), sent);
+            QCOMPARE(m_rig->text(isReference ? "ROSC" : qPrintable(name)), shown);
+            QVERIFY(!field("ROSC_FREQ").isVisible());
+            QVERIFY(isReference || !field(qPrintable(name)).property("edited").toBool());
+        });
+        const auto frequency = [&row](const char* tag, const QString& typed, const char* hertz,
+                                      const char* shown) {
+            row(tag, "FREQ", typed, QString("FREQ %1.000000 Hz;FREQ?!").arg(hertz), shown);
         };
         frequency("giga", "2.5G", "2500000000", "2 500 000 000");
         frequency("comma, kilo", "1500,25k", "1500250", "1 500 250");
@@ -31,13 +43,12 @@ private slots:
         frequency("below MIN", "1", "100000", "100 000");
         frequency("fraction", "1000000.6", "1000001", "1 000 001");
         frequency("huge", QString(60, '9'), "20000000000", "20 000 000 000");
-        testRow("negative", "POW", "-17", "POW -17.000000;POW?!", "-17");
-        testRow("fraction is refused", "POW", "-5.5", "POW -5.000000;POW?!", "-5");
-        testRow("left to the instrument", "POW", "123", "POW 123.000000;POW?!!", "0");
-        const auto reference = [](const char* tag, const char* typed, const char* sent) {
-            testRow(tag, "ROSC_FREQ", typed,
-                    QString("ROSC:EXT:FREQ %1 MHZ, ROSC:EXT:FREQ?!").arg(sent),
-                    QString("%1 MHz").arg(sent));
+        row("negative", "POW", "-17", "POW -17.000000;POW?!", "-17");
+        row("fraction is refused", "POW", "-5.5", "POW -5.000000;POW?!", "-5");
+        row("left to the instrument", "POW", "123", "POW 123.000000;POW?!!", "0");
+        const auto reference = [&row](const char* tag, const char* typed, const char* sent) {
+            row(tag, "ROSC_FREQ", typed, QString("ROSC:EXT:FREQ %1 MHZ, ROSC:EXT:FREQ?!").arg(sent),
+                QString("%1 MHz").arg(sent));
         };
         reference("reference", "25", "25");
         reference("reference above MAX", "5000", "100");
@@ -45,65 +56,44 @@ private slots:
         reference("reference overflow", "99999999999999", "100");
     }
 
-    void numbersAreCommitted()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, typed);
-        const bool isReference = name == "ROSC_FREQ";
-        if (isReference) {
-            m_rig->click("ROSC");
-            m_rig->click("open_ROSC_FREQ");
-            m_demo->takeSent();
-        }
-        m_rig->enter(qPrintable(name), typed);
-        QTEST(m_demo->takeCommands().join(", "), "sent");
-        QTEST(m_rig->text(isReference ? "ROSC" : qPrintable(name)), "shown");
-        QVERIFY(!field("ROSC_FREQ").isVisible());
-        QVERIFY(isReference || !field(qPrintable(name)).property("edited").toBool());
-    }
-
-    void noNumberSendsNothing_data()
-    {
-        testColumns<QString, QString>("name", "typed");
-        for (const char* typed : {"", "-", "--5", "5-3"})
-            testRow(QString("power \"%1\"").arg(typed), "POW", typed);
-        testRow("frequency empty", "FREQ", "");
-        testRow("frequency point", "FREQ", ".");
-    }
-
     /// On Return, on a step, on leaving the field, and when the output is switched on from within
     /// it.
     void noNumberSendsNothing()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, typed);
-        QLineEdit& edit = field(qPrintable(name));
-        m_rig->enter("POW", "-10");
-        const QString accepted = edit.text();
-        m_demo->takeSent();
-        const std::function<void()> ends[] = {
-            [&] { QTest::keyClick(&edit, Qt::Key_Return); },
-            [&] { QTest::keyClick(&edit, Qt::Key_Up); },
-            [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
-            [&] { m_rig->click("Output"); },
-            [&] {
-                m_rig->click("Output");
+        const auto row = freshRows(this, [this](const QString& name, const QString& typed) {
+            QLineEdit& edit = field(qPrintable(name));
+            m_rig->enter("POW", "-10");
+            const QString accepted = edit.text();
+            m_demo->takeSent();
+            const std::function<void()> ends[] = {
+                [&] { QTest::keyClick(&edit, Qt::Key_Return); },
+                [&] { QTest::keyClick(&edit, Qt::Key_Up); },
+                [&] { QTest::keyClick(&edit, Qt::Key_Tab); },
+                [&] { m_rig->click("Output"); },
+                [&] {
+                    m_rig->click("Output");
+                    edit.setFocus();
+                    edit.clear();
+                    m_rig->clickAll("Output");
+                },
+            };
+            for (const auto& end : ends) {
                 edit.setFocus();
-                edit.clear();
-                m_rig->clickAll("Output");
-            },
-        };
-        for (const auto& end : ends) {
-            edit.setFocus();
-            edit.selectAll();
-            QTest::keyClick(&edit, Qt::Key_Delete);
-            QTest::keyClicks(&edit, typed);
-            end();
-            QCOMPARE(edit.text(), accepted);
-            QVERIFY2(m_rig->status().endsWith(": not a number, nothing is sent"),
-                     qPrintable(m_rig->status()));
-        }
-        QCOMPARE(m_demo->takeCommands(), QStringList({"OUTPut ON!", "OUTPut OFF!", "OUTPut ON!"}));
+                edit.selectAll();
+                QTest::keyClick(&edit, Qt::Key_Delete);
+                QTest::keyClicks(&edit, typed);
+                end();
+                QCOMPARE(edit.text(), accepted);
+                QVERIFY2(m_rig->status().endsWith(": not a number, nothing is sent"),
+                         qPrintable(m_rig->status()));
+            }
+            QCOMPARE(m_demo->takeCommands(),
+                     QStringList({"OUTPut ON!", "OUTPut OFF!", "OUTPut ON!"}));
+        });
+        for (const char* typed : {"", "-", "--5", "5-3"})
+            row(QString("power \"%1\"").arg(typed), "POW", typed);
+        row("frequency empty", "FREQ", "");
+        row("frequency point", "FREQ", ".");
     }
 
     /// Nothing for the instrument that comes while a field is being typed into; what was accepted
@@ -164,18 +154,6 @@ private slots:
         (*m_demo)("fault 1 reply -9.6\\n");
         m_rig->enter("POW", "-9");
         QCOMPARE(m_rig->text("POW"), QString("-10"));
-    }
-
-    void stepsCommitAtOnce()
-    {
-        field("FREQ").setFocus();
-        QTest::keyClick(&field("FREQ"), Qt::Key_Up);
-        QTest::keyClick(&field("FREQ"), Qt::Key_Down);
-        field("FREQ").setCursorPosition(7);
-        QTest::keyClick(&field("FREQ"), Qt::Key_Up, Qt::ControlModifier);
-        QCOMPARE(m_demo->takeCommands(), QStringList({"FREQ 1001000000.000000 Hz;FREQ?!",
-                                                      "FREQ 1000000000.000000 Hz;FREQ?!",
-                                                      "FREQ 1000100000.000000 Hz;FREQ?!"}));
     }
 
     void outputAndReferenceSwitch()
@@ -244,41 +222,36 @@ private slots:
         QCOMPARE((*m_demo)("ask FREQ?").toDouble(), 3e9);
     }
 
-    void rubbishIsNoValue_data()
-    {
-        testColumns<QString, QString, QString>("name", "typed", "shown");
-        for (const char* reply : {"reply rubbish\\n", "reply 12abc\\n", "length 70000"}) {
-            testRow(qPrintable(QString("FREQ ") + reply), "FREQ", "3G", "3 000 000 000");
-            testRow(qPrintable(QString("POW ") + reply), "POW", "-20", "-20");
-        }
-    }
-
     // It reads as 0, marked: the instrument has what was sent, which comes back.
     void rubbishIsNoValue()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, typed);
-        QLineEdit& entry = field(qPrintable(name));
-        const QString reply = QString(QTest::currentDataTag()).section(' ', 1);
-        const auto enterDoubted = [&] {
-            (*m_demo)("fault 1 " + reply);
-            m_rig->enter(qPrintable(name), typed);
-            QCOMPARE(entry.text(), QString("0"));
-            QVERIFY(entry.property("edited").toBool() && m_rig->isConnected());
-        };
-        enterDoubted();
-        const QString asked = "ask " + name + '?';
-        const QString atInstrument = (*m_demo)(asked);
-        (*m_demo)("clear");
-        entry.clearFocus();
-        QTEST(entry.text(), "shown");
-        QVERIFY(!entry.property("edited").toBool());
-        QCOMPARE((*m_demo)(asked), atInstrument);
+        const auto row = freshRows(this, [this](const QString& reply, const QString& name,
+                                                const QString& typed, const QString& shown) {
+            QLineEdit& entry = field(qPrintable(name));
+            const auto enterDoubted = [&] {
+                (*m_demo)("fault 1 " + reply);
+                m_rig->enter(qPrintable(name), typed);
+                QCOMPARE(entry.text(), QString("0"));
+                QVERIFY(entry.property("edited").toBool() && m_rig->isConnected());
+            };
+            enterDoubted();
+            const QString asked = "ask " + name + '?';
+            const QString atInstrument = (*m_demo)(asked);
+            (*m_demo)("clear");
+            entry.clearFocus();
+            QCOMPARE(entry.text(), shown);
+            QVERIFY(!entry.property("edited").toBool());
+            QCOMPARE((*m_demo)(asked), atInstrument);
 
-        enterDoubted();
-        QTest::keyClick(&entry, Qt::Key_Return);
-        QTEST(entry.text(), "shown");
-        QCOMPARE((*m_demo)(asked), atInstrument);
+            enterDoubted();
+            QTest::keyClick(&entry, Qt::Key_Return);
+            QCOMPARE(entry.text(), shown);
+            QCOMPARE((*m_demo)(asked), atInstrument);
+        });
+        for (const char* reply : {"reply rubbish\\n", "reply 12abc\\n", "length 70000"}) {
+            row("frequency", reply, "FREQ", "3G", "3 000 000 000");
+            row("power", reply, "POW", "-20", "-20");
+        }
     }
 
 private:

@@ -1,5 +1,4 @@
 #include "app/end_requests.h"
-#include "link/instrument_limits.h"
 #include "link/pause.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
@@ -7,7 +6,6 @@
 #include "ui/files/user_folder.h"
 
 #include <QMenu>
-#include <QProcess>
 #include <QSessionManager>
 
 #include <csignal>

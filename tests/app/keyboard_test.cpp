@@ -1,4 +1,5 @@
-#include "fields/number_edit.h"
+#include "app/side_panels.h"
+#include "fields/keypad/keypad.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 
@@ -21,30 +22,25 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
     }
 
-    void aClickLeavesTheFocusInTheField_data()
-    {
-        testColumns<QString, QString>("button", "sent");
-        testRow("RF", "Output", "OUTPut ON!");
-        testRow("reference", "ROSC", "ROSCillator:SOURce EXTernal!");
-    }
-
     /// The field is left and committed first, as by any click; then it is stepped further.
     void aClickLeavesTheFocusInTheField()
     {
-        QFETCH(QString, button);
-        QFETCH(QString, sent);
-        NumberEdit& field = m_rig->get<NumberEdit>("FREQ");
-        field.setFocus();
-        QTest::keyClicks(&field, "5M");
-        m_rig->click(qPrintable(button));
-        QCOMPARE(focus(), QString("FREQ"));
-        const QStringList commands = m_demo->takeCommands();
-        QCOMPARE(commands.value(0), QString("FREQ 5000000.000000 Hz;FREQ?!"));
-        QCOMPARE(commands.value(1), sent);
-        turnWheel(field);
-        QCOMPARE(m_demo->takeCommands(), QStringList("FREQ 6000000.000000 Hz;FREQ?!"));
-        QTest::keyClicks(&field, "7");
-        QCOMPARE(field.text(), QString("7"));
+        const auto row = freshRows(this, [this](const QString& button, const QString& sent) {
+            NumberEdit& field = m_rig->get<NumberEdit>("FREQ");
+            field.setFocus();
+            QTest::keyClicks(&field, "5M");
+            m_rig->click(qPrintable(button));
+            QCOMPARE(focus(), QString("FREQ"));
+            const QStringList commands = m_demo->takeCommands();
+            QCOMPARE(commands.value(0), QString("FREQ 5000000.000000 Hz;FREQ?!"));
+            QCOMPARE(commands.value(1), sent);
+            turnWheel(field);
+            QCOMPARE(m_demo->takeCommands(), QStringList("FREQ 6000000.000000 Hz;FREQ?!"));
+            QTest::keyClicks(&field, "7");
+            QCOMPARE(field.text(), QString("7"));
+        });
+        row("RF", "Output", "OUTPut ON!");
+        row("reference", "ROSC", "ROSCillator:SOURce EXTernal!");
     }
 
     /// A field that does not step is left for good.
@@ -77,48 +73,101 @@ private slots:
         QCOMPARE(m_rig->text("keypad_title"), m_rig->get("VOLTAGE").accessibleName());
     }
 
-    void aPanelTakesTheFocusAndGivesItBack_data()
+    void labelsKeepTheirNames()
     {
-        testColumns<QString, QString>("button", "first");
-        testRow("modulation", "open_mod", "AM");
-        testRow("sweep", "open_list", "List_is_Checked");
-        testRow("LF generator", "open_gener", "sine_select");
-        testRow("service", "service", "REF_OSC");
+        for (const char* name :
+             {"Box_modulation", "titleModulation", "titleFM", "titlePM", "label_3", "label_4",
+              "label_8", "label_9", "label_10", "name_generator", "title_Sweep", "label_Freq_Pow",
+              "label_Start", "label_Stop", "label_Step", "label_Time"})
+            QVERIFY2(m_rig->window().findChild<QWidget*>(name), name);
+    }
+
+    /// Each field and its buttons, by name or caption.
+    void everyButtonOpensTheKeypadOfItsField()
+    {
+        const auto check = [this](const char* clicks, const char* panel, const QStringList& rows) {
+            m_rig->clickAll(clicks);
+            QTRY_VERIFY(!SidePanels::moving());
+            for (const QString& row : rows) {
+                for (const QString& name : row.section('=', 1).split(' ')) {
+                    for (auto* button : m_rig->get(panel).findChildren<QAbstractButton*>()) {
+                        if (button->objectName() == name || button->text() == name)
+                            button->click();
+                    }
+                    auto& keypad = m_rig->get<Keypad>("keypad");
+                    QVERIFY2(keypad.isVisible(), qPrintable(name));
+                    QCOMPARE(keypad.field()->objectName(), row.section('=', 0, 0));
+                    QVERIFY(m_rig->get(panel).isAncestorOf(keypad.field()));
+                    keypad.close();
+                }
+            }
+        };
+        check("", "display", {"FREQ=key_FREQ", "POW=key_POW"});
+        check("open_mod fold_AM_ Rect_Ampl", "Modulat",
+              {"line_period=pulse_period", "line_width=pulse_width",
+               "line_Ampl_1=Ampl_F pushButton", "line_Ampl_2=Ampl_depth pushButton_2",
+               "percentLine_Ampl=percentButton_Ampl pushButton_7"});
+        check("fold_FM_ Rect_FREQ", "Modulat",
+              {"line_FREQ_1=FREQ_T pushButton_3", "line_FREQ_2=FREQ_Dev pushButton_4",
+               "percentLine_FREQ=percentButton_FREQ pushButton_8"});
+        check("fold_PM_ Rect_Phase", "Modulat",
+              {"line_Phase_1=Phase_T pushButton_5", "line_Phase_2=Phase_Dev pushButton_6",
+               "percentLine_Phase=percentButton_Phase pushButton_9"});
+        check("open_gener rectangle_select", "generator",
+              {"FREQ=Frequency", "VOLTAGE=Magnitude", "percent=vvod_Percent"});
+        check("open_list", "List",
+              {"Freq_Pow=key_Freq_Pow", "Start=key_Start", "Stop=key_Stop", "Step=key_Step",
+               "Time=key_Time"});
     }
 
     void aPanelTakesTheFocusAndGivesItBack()
     {
-        QFETCH(QString, button);
-        NumberEdit& field = m_rig->get<NumberEdit>("POW");
-        field.setFocus();
-        m_rig->openPanel(qPrintable(button));
-        QTEST(focus(), "first");
-        m_rig->openPanel(qPrintable(button));
-        QCOMPARE(focus(), QString("POW"));
-        QTest::keyClicks(&field, "-7");
-        QCOMPARE(field.text(), QString("-7"));
+        const auto row = freshRows(this, [this](const QString& button, const QString& first) {
+            NumberEdit& field = m_rig->get<NumberEdit>("POW");
+            field.setFocus();
+            m_rig->openPanel(qPrintable(button));
+            QCOMPARE(focus(), first);
+            m_rig->openPanel(qPrintable(button));
+            QCOMPARE(focus(), QString("POW"));
+            QTest::keyClicks(&field, "-7");
+            QCOMPARE(field.text(), QString("-7"));
+        });
+        row("modulation", "open_mod", "AM");
+        row("sweep", "open_list", "List_is_Checked");
+        row("LF generator", "open_gener", "sine_select");
+        row("service", "service", "REF_OSC");
     }
 
-    void theLineTellsOfTheField_data()
+    void tabWalksTheLogAsItIsRead()
     {
-        testColumns<QString, QString>("field", "line");
-        testRow("frequency", "FREQ",
-                "100 000 … 20 000 000 000 Hz  ·  step 1 000 000 Hz  ·  k, m, g: kilo, mega, giga");
-        testRow("power", "POW", "-20 … 20 dBm  ·  step 1 dB");
-        testRow("dwell", "Time", "m, s");
-        testRow("points", "Step", "step 1");
-        testRow("no field", "Output", "");
+        m_rig->get<QAction>("action_log").trigger();
+        QWidget& log = m_rig->get("ScpiLog");
+        QVERIFY(QTest::qWaitForWindowActive(&log));
+        m_rig->get("log_find").setFocus();
+        QStringList stops;
+        for (int i = 0; i < 10; ++i) {
+            stops << log.focusWidget()->objectName();
+            QTest::keyClick(log.windowHandle(), Qt::Key_Tab);
+        }
+        QCOMPARE(stops.join(' '), QString("log_find log_errors log_polls log_pause log_clear "
+                                          "log_save table_log log_send log_close log_find"));
     }
 
     void theLineTellsOfTheField()
     {
-        QFETCH(QString, field);
-        QFETCH(QString, line);
-        m_rig->openPanel("open_list");
-        m_rig->get(qPrintable(field)).setFocus();
-        QVERIFY2(line.isEmpty() ? m_rig->text("field_line").isEmpty()
-                                : m_rig->text("field_line").contains(line),
-                 qPrintable(m_rig->text("field_line")));
+        const auto row = freshRows(this, [this](const QString& field, const QString& line) {
+            m_rig->openPanel("open_list");
+            m_rig->get(qPrintable(field)).setFocus();
+            QVERIFY2(line.isEmpty() ? m_rig->text("field_line").isEmpty()
+                                    : m_rig->text("field_line").contains(line),
+                     qPrintable(m_rig->text("field_line")));
+        });
+        row("frequency", "FREQ",
+            "100 000 … 20 000 000 000 Hz  ·  step 1 000 000 Hz  ·  k, m, g: kilo, mega, giga");
+        row("power", "POW", "-20 … 20 dBm  ·  step 1 dB");
+        row("dwell", "Time", "m, s");
+        row("points", "Step", "step 1");
+        row("no field", "Output", "");
     }
 
     void theLineFollows()
@@ -179,36 +228,31 @@ private slots:
         QCOMPARE(m_rig->text("field_line"), QString());
     }
 
-    void theLevelAtTheDevice_data()
-    {
-        testColumns<QString, int, QString>("offset", "reading", "shown");
-        testRow("off", "", 0, "");
-        testRow("cable", "-3.2", 0, "-10 dBm, at the device -13.2 dBm");
-        testRow("comma", "-3,25", 0, "-10 dBm, at the device -13.25 dBm");
-        testRow("amplifier", "20", 1, "-10 dBm, at the device 10 dBm (0.707 V)");
-        testRow("millivolts", "", 2, "-10 dBm (70.7 mV)");
-        testRow("attenuator", "-60", 2, "-10 dBm, at the device -70 dBm (0.0707 mV)");
-        testRow("decibels", "10", 3, "-10 dBm, at the device 0 dBm (107 dBµV)");
-    }
-
     /// Kept for the next start; nothing of it is sent.
     void theLevelAtTheDevice()
     {
-        QFETCH(QString, offset);
-        QFETCH(int, reading);
-        QFETCH(QString, shown);
-        m_rig->enter("POW", "-10");
-        m_demo->takeCommands();
-        m_rig->get<QAction>("action_offset").trigger();
-        m_rig->get<QLineEdit>("line_offset").setFocus();
-        QTest::keyClicks(m_rig->get("LevelOffset").focusWidget(), offset);
-        m_rig->click("take_offset");
-        m_rig->get<QAction>(qPrintable(QString("action_reading_%1").arg(reading))).trigger();
-        QCOMPARE(m_rig->text("device_level"), shown);
-        QCOMPARE(m_demo->takeCommands(), QStringList());
-        begin();
-        m_rig->enter("POW", "-10");
-        QCOMPARE(m_rig->text("device_level"), shown);
+        const auto row = freshRows(this, [this](const QString& offset, int reading,
+                                                const QString& shown) {
+            m_rig->enter("POW", "-10");
+            m_demo->takeCommands();
+            m_rig->get<QAction>("action_offset").trigger();
+            m_rig->get<QLineEdit>("line_offset").setFocus();
+            QTest::keyClicks(m_rig->get("LevelOffset").focusWidget(), offset);
+            m_rig->click("take_offset");
+            m_rig->get<QAction>(qPrintable(QString("action_reading_%1").arg(reading))).trigger();
+            QCOMPARE(m_rig->text("device_level"), shown);
+            QCOMPARE(m_demo->takeCommands(), QStringList());
+            begin();
+            m_rig->enter("POW", "-10");
+            QCOMPARE(m_rig->text("device_level"), shown);
+        });
+        row("off", "", 0, "");
+        row("cable", "-3.2", 0, "-10 dBm, at the device -13.2 dBm");
+        row("comma", "-3,25", 0, "-10 dBm, at the device -13.25 dBm");
+        row("amplifier", "20", 1, "-10 dBm, at the device 10 dBm (0.707 V)");
+        row("millivolts", "", 2, "-10 dBm (70.7 mV)");
+        row("attenuator", "-60", 2, "-10 dBm, at the device -70 dBm (0.0707 mV)");
+        row("decibels", "10", 3, "-10 dBm, at the device 0 dBm (107 dBµV)");
     }
 
     void theLevelFollowsThePower()

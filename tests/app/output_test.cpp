@@ -1,5 +1,3 @@
-#include "fields/keypad/keypad.h"
-#include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
@@ -7,7 +5,6 @@
 #include "ui/error_box.h"
 
 #include <QLineEdit>
-#include <functional>
 
 namespace
 {
@@ -162,64 +159,54 @@ private slots:
         QVERIFY(!m_demo->takeSent().filter("FREQ ").isEmpty());
     }
 
-    void endsWithTheConnection_data()
-    {
-        testColumns<QString, QString>("set", "clicked");
-        testRow("by hand", "", "connect");
-        testRow("by the cable", "unplug", "ROSC");
-        testRow("by a failure", "fault 2 status 0xBFFF0015", "ROSC");
-        testRow("refused", "reply *IDN? -> Veltro", "");
-        testRow("too old", "instruments [1111]\nfirmware=2.3.9", "");
-    }
-
     void endsWithTheConnection()
     {
-        QFETCH(QString, set);
-        QFETCH(QString, clicked);
-        if (clicked.isEmpty()) {
-            (*m_demo)(set);
-            m_rig->click("Output");
-            m_rig->connectDevice();
-        } else {
-            m_rig->connectDevice();
-            m_rig->click("Output");
-            QVERIFY(isLit());
-            if (!set.isEmpty())
+        const auto row = freshRows(this, [this](const QString& set, const QString& clicked) {
+            if (clicked.isEmpty()) {
                 (*m_demo)(set);
-            m_rig->clickAll(clicked);
-        }
-        QVERIFY(!m_rig->isConnected());
-        QVERIFY(!m_rig->isChecked("Output"));
-        QVERIFY(!isLit());
-        if (auto* box = m_rig->window().findChild<ErrorBox*>())
-            box->close();
-        // Silently: what was sent switches nothing, and the next one stays off.
-        (*m_demo)("reset");
-        (*m_demo)("timeouts immediate");
-        connectAgain(false);
-    }
-
-    void outlivesAnAttempt_data()
-    {
-        testColumns<QString, QString>("set", "unset");
-        testRow("nothing found", "unplug", "plug");
-        testRow("not opened", nextCallFails, "plug");
-        testRow("left its mass-storage mode", "reply MEM:MSC? -> ON", "reply MEM:MSC? -> OFF");
+                m_rig->click("Output");
+                m_rig->connectDevice();
+            } else {
+                m_rig->connectDevice();
+                m_rig->click("Output");
+                QVERIFY(isLit());
+                if (!set.isEmpty())
+                    (*m_demo)(set);
+                m_rig->clickAll(clicked);
+            }
+            QVERIFY(!m_rig->isConnected());
+            QVERIFY(!m_rig->isChecked("Output"));
+            QVERIFY(!isLit());
+            if (auto* box = m_rig->window().findChild<ErrorBox*>())
+                box->close();
+            // Silently: what was sent switches nothing, and the next one stays off.
+            (*m_demo)("reset");
+            (*m_demo)("timeouts immediate");
+            connectAgain(false);
+        });
+        row("by hand", "", "connect");
+        row("by the cable", "unplug", "ROSC");
+        row("by a failure", "fault 2 status 0xBFFF0015", "ROSC");
+        row("refused", "reply *IDN? -> Veltro", "");
+        row("too old", "instruments [1111]\nfirmware=2.3.9", "");
     }
 
     /// A hand has asked for it, and no instrument has been there to be switched.
     void outlivesAnAttempt()
     {
-        QFETCH(QString, set);
-        QFETCH(QString, unset);
-        m_rig->click("Output");
-        (*m_demo)(set);
-        m_rig->connectDevice();
-        QVERIFY(!m_rig->isConnected());
-        QVERIFY(m_rig->isChecked("Output"));
-        QVERIFY(!isLit());
-        (*m_demo)(unset);
-        connectAgain(true);
+        const auto row = freshRows(this, [this](const QString& set, const QString& unset) {
+            m_rig->click("Output");
+            (*m_demo)(set);
+            m_rig->connectDevice();
+            QVERIFY(!m_rig->isConnected());
+            QVERIFY(m_rig->isChecked("Output"));
+            QVERIFY(!isLit());
+            (*m_demo)(unset);
+            connectAgain(true);
+        });
+        row("nothing found", "unplug", "plug");
+        row("not opened", nextCallFails, "plug");
+        row("left its mass-storage mode", "reply MEM:MSC? -> ON", "reply MEM:MSC? -> OFF");
     }
 
     void aLostSwitchOffIsALoss_data()
@@ -245,34 +232,28 @@ private slots:
         QVERIFY(!isLit());
     }
 
-    void withoutAnInstrument_data()
-    {
-        testColumns<bool, bool, bool>("isOnBefore", "byKey", "isOn");
-        testRow("click on", false, false, true);
-        testRow("click off", true, false, false);
-        testRow("key, on", true, true, false);
-        // Pressed in haste, when a loss has just let the button go.
-        testRow("key, off", false, true, false);
-    }
-
     void withoutAnInstrument()
     {
-        QFETCH(bool, isOnBefore);
-        QFETCH(bool, byKey);
-        QFETCH(bool, isOn);
-        if (isOnBefore)
-            m_rig->click("Output");
-        if (byKey)
-            QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_R, Qt::ControlModifier);
-        else
-            m_rig->click("Output");
-        QCOMPARE(m_rig->isChecked("Output"), isOn);
-        QVERIFY(!isLit());
-        QVERIFY2(m_rig->status().startsWith("No instrument is connected"),
-                 qPrintable(m_rig->status()));
-        // That is not true any more, and not said again.
-        connectAgain(isOn);
-        QCOMPARE(m_rig->status(), QString());
+        const auto row = freshRows(this, [this](bool isOnBefore, bool byKey, bool isOn) {
+            if (isOnBefore)
+                m_rig->click("Output");
+            if (byKey)
+                QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_R, Qt::ControlModifier);
+            else
+                m_rig->click("Output");
+            QCOMPARE(m_rig->isChecked("Output"), isOn);
+            QVERIFY(!isLit());
+            QVERIFY2(m_rig->status().startsWith("No instrument is connected"),
+                     qPrintable(m_rig->status()));
+            // That is not true any more, and not said again.
+            connectAgain(isOn);
+            QCOMPARE(m_rig->status(), QString());
+        });
+        row("click on", false, false, true);
+        row("click off", true, false, false);
+        row("key, on", true, true, false);
+        // Pressed in haste, when a loss has just let the button go.
+        row("key, off", false, true, false);
     }
 
 private:

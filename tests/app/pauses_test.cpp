@@ -1,11 +1,8 @@
-#include "link/instrument_limits.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 
 #include <QTableWidget>
-
-#include <functional>
 
 namespace
 {

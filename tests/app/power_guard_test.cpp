@@ -1,6 +1,3 @@
-#include "app/side_panels.h"
-#include "link/instrument_limits.h"
-#include "numbers/step_table.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
@@ -26,151 +23,134 @@ private slots:
         (*m_demo)("instruments [1]\nmodel=KLV-20G\npowerMinDbm=-130\npowerMaxDbm=20\n");
     }
 
-    void asks_data()
-    {
-        testColumns<QString, QString, int, int, QString, QString>("way", "situation", "from", "to",
-                                                                  "asked", "sent");
-        const QString large = "Power from -40 to +10 dBm with RF on?";
-        const QString set = "POW 10.000000;POW?!";
-        testRow("typed", "typed", "", -40, 10, large, set);
-        testRow("keypad", "keypad", "", -40, 10, large, set);
-        testRow("profile", "profile", "", -40, 10, large, set);
-        testRow("fixed power", "sweep", "", -40, 10, large, "POW 10!");
-        testRow("sweep over power", "power sweep", "", -40, 10, large, "POW:START 10!");
-        testRow("list", "list", "", -40, 10, large, "LIST:POW -40,10~!");
-        const QString twenty = "POW -20.000000;POW?!";
-        testRow("just the limit", "typed", "", -40, -20, "", twenty);
-        testRow("own limit", "typed", "jump 10", -31, -20, "Power from -31 to -20 dBm with RF on?",
-                twenty);
-        testRow("never", "typed", "jump 0", -40, 10, "", set);
-        testRow("down", "typed", "", 10, -120, "", "POW -120.000000;POW?!");
-        testRow("RF off", "typed", "RF off", -40, 10, "", set);
-        testRow("offline", "typed", "offline", -40, 10, "", "");
-    }
-
     void asks()
     {
-        QFETCH(QString, way);
-        QFETCH(QString, situation);
-        QFETCH(int, from);
-        QFETCH(int, to);
-        QFETCH(QString, asked);
-        QFETCH(QString, sent);
-        if (situation.startsWith("jump"))
-            m_settings.setValue("Safety/jump", situation.mid(5));
-        beginConnected();
-        prepare(way, to);
-        m_rig->enter("POW", QString::number(from));
-        if (situation == "offline")
-            m_rig->click("connect");
-        if (situation != "RF off" && !m_rig->isChecked("Output"))
-            m_rig->click("Output");
-        m_demo->takeCommands();
-        if (!asked.isEmpty()) {
-            // A refused run leaves the modulation alone.
-            answerWith("cancel");
-            act(way, to);
-            QTRY_COMPARE(m_asked, asked);
-            QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
-            const QStringList all = m_sentBefore + m_demo->takeCommands();
-            QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
-            QVERIFY2(way == "profile" || all.isEmpty(), qPrintable(all.join(' ')));
-            QCOMPARE(m_rig->text("POW"), QString::number(from));
-            QVERIFY(m_rig->get("POW").isEnabled());
-            for (const char* run : {"button_Sweep", "button_List"})
-                QVERIFY(!m_rig->isChecked(run));
-            if (way == "profile")
-                QCOMPARE(m_rig->status(), QString("Profile only partly applied: loud"));
-            QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
-            answerWith("raise");
-        }
-        act(way, to);
-        if (!asked.isEmpty())
-            QTRY_COMPARE(m_asked, asked);
-        QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
-        const QStringList all = m_demo->takeCommands();
-        QVERIFY2(sent.isEmpty() ? all.isEmpty() : all.count(sent) == 1, qPrintable(all.join(' ')));
-    }
-
-    void asksForWhatAStartBecomes_data()
-    {
-        testColumns<QString, QString, QString>("way", "changedTo", "asked");
-        testRow("sweep", "sweep", "10", "Power from -40 to +10 dBm with RF on?");
-        testRow("list", "list", "10", "Power from -40 to +10 dBm with RF on?");
-        testRow("no number", "sweep", "", "");
+        const auto row =
+            freshRows(this, [this](const QString& way, const QString& situation, int from, int to,
+                                   const QString& asked, const QString& sent) {
+                if (situation.startsWith("jump"))
+                    m_settings.setValue("Safety/jump", situation.mid(5));
+                beginConnected();
+                prepare(way, to);
+                m_rig->enter("POW", QString::number(from));
+                if (situation == "offline")
+                    m_rig->click("connect");
+                if (situation != "RF off" && !m_rig->isChecked("Output"))
+                    m_rig->click("Output");
+                m_demo->takeCommands();
+                if (!asked.isEmpty()) {
+                    // A refused run leaves the modulation alone.
+                    answerWith("cancel");
+                    act(way, to);
+                    QTRY_COMPARE(m_asked, asked);
+                    QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
+                    const QStringList all = m_sentBefore + m_demo->takeCommands();
+                    QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
+                    QVERIFY2(way == "profile" || all.isEmpty(), qPrintable(all.join(' ')));
+                    QCOMPARE(m_rig->text("POW"), QString::number(from));
+                    QVERIFY(m_rig->get("POW").isEnabled());
+                    for (const char* run : {"button_Sweep", "button_List"})
+                        QVERIFY(!m_rig->isChecked(run));
+                    if (way == "profile")
+                        QCOMPARE(m_rig->status(), QString("Profile only partly applied: loud"));
+                    QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+                    answerWith("raise");
+                }
+                act(way, to);
+                if (!asked.isEmpty())
+                    QTRY_COMPARE(m_asked, asked);
+                QTRY_VERIFY(!question() && !QGuiApplication::overrideCursor());
+                const QStringList all = m_demo->takeCommands();
+                QVERIFY2(sent.isEmpty() ? all.isEmpty() : all.count(sent) == 1,
+                         qPrintable(all.join(' ')));
+            });
+        const QString large = "Power from -40 to +10 dBm with RF on?";
+        const QString set = "POW 10.000000;POW?!";
+        row("typed", "typed", "", -40, 10, large, set);
+        row("keypad", "keypad", "", -40, 10, large, set);
+        row("profile", "profile", "", -40, 10, large, set);
+        row("fixed power", "sweep", "", -40, 10, large, "POW 10!");
+        row("sweep over power", "power sweep", "", -40, 10, large, "POW:START 10!");
+        row("list", "list", "", -40, 10, large, "LIST:POW -40,10~!");
+        const QString twenty = "POW -20.000000;POW?!";
+        row("just the limit", "typed", "", -40, -20, "", twenty);
+        row("own limit", "typed", "jump 10", -31, -20, "Power from -31 to -20 dBm with RF on?",
+            twenty);
+        row("never", "typed", "jump 0", -40, 10, "", set);
+        row("down", "typed", "", 10, -120, "", "POW -120.000000;POW?!");
+        row("RF off", "typed", "RF off", -40, 10, "", set);
+        row("offline", "typed", "offline", -40, 10, "", "");
     }
 
     /// In the pauses in which a start switches the modulation off, the run can still be changed.
     void asksForWhatAStartBecomes()
     {
-        QFETCH(QString, way);
-        QFETCH(QString, changedTo);
-        QFETCH(QString, asked);
-        beginConnected();
-        prepare(way, -40);
-        m_rig->enter("POW", "-40");
-        m_rig->clickAll("Output AM");
-        m_demo->takeSent();
-        whenSent(m_rig->window(), *m_demo, "AM:STATe OFF", [&] {
-            m_rig->get<QLineEdit>("Freq_Pow").setText(changedTo);
-            if (way == "list")
-                m_rig->get<QTableWidget>("table_List").item(1, 1)->setText(changedTo);
-        });
-        answerWith("cancel");
-        act(way, 10);
-        QTRY_VERIFY(Activities::global().texts().isEmpty());
-        QTRY_COMPARE(m_asked, asked);
-        QTRY_VERIFY(!question());
-        const QStringList all = m_sentBefore + m_demo->takeCommands();
-        QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
-        QVERIFY(m_rig->get("POW").isEnabled());
-    }
-
-    void isAnsweredWithNo_data()
-    {
-        testColumns<QString, QString>("way", "answer");
-        for (const char* way : {"typed", "list"}) {
-            for (const char* answer : {"Escape", "Return", "closed", "RF off", "unplugged",
-                                       "window closed", "unchecked"})
-                testRow(QString("%1, %2").arg(way, answer), way, answer);
-        }
+        const auto row = freshRows(
+            this, [this](const QString& way, const QString& changedTo, const QString& asked) {
+                beginConnected();
+                prepare(way, -40);
+                m_rig->enter("POW", "-40");
+                m_rig->clickAll("Output AM");
+                m_demo->takeSent();
+                whenSent(m_rig->window(), *m_demo, "AM:STATe OFF", [&] {
+                    m_rig->get<QLineEdit>("Freq_Pow").setText(changedTo);
+                    if (way == "list")
+                        m_rig->get<QTableWidget>("table_List").item(1, 1)->setText(changedTo);
+                });
+                answerWith("cancel");
+                act(way, 10);
+                QTRY_VERIFY(Activities::global().texts().isEmpty());
+                QTRY_COMPARE(m_asked, asked);
+                QTRY_VERIFY(!question());
+                const QStringList all = m_sentBefore + m_demo->takeCommands();
+                QVERIFY2(all.filter("POW").isEmpty(), qPrintable(all.join(' ')));
+                QVERIFY(m_rig->get("POW").isEnabled());
+            });
+        row("sweep", "sweep", "10", "Power from -40 to +10 dBm with RF on?");
+        row("list", "list", "10", "Power from -40 to +10 dBm with RF on?");
+        row("no number", "sweep", "", "");
     }
 
     void isAnsweredWithNo()
     {
-        QFETCH(QString, way);
-        QFETCH(QString, answer);
-        beginConnected();
-        m_rig->enter("POW", "-40");
-        prepare(way, 10);
-        m_rig->click("Output");
-        act(way, 10);
-        QDialog* dialog = question();
-        QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
-        m_demo->takeCommands();
-        if (answer == "Escape" || answer == "Return")
-            QTest::keyPress(dialog->windowHandle(),
-                            answer == "Escape" ? Qt::Key_Escape : Qt::Key_Return);
-        else if (answer == "closed")
-            dialog->close();
-        else if (answer == "RF off")
-            QTest::keyPress(dialog->windowHandle(), Qt::Key_R, Qt::ControlModifier);
-        else if (answer == "window closed")
-            m_rig->window().close();
-        else if (answer == "unchecked" && way == "list")
-            m_rig->clickAll("button_List");
-        else if (answer == "unchecked")
-            m_rig->enter("POW", "-41");
-        else
-            (*m_demo)("unplug"), m_rig->click("connect");
-        QTRY_VERIFY(!question());
-        const QStringList all = m_demo->takeCommands();
-        QVERIFY2(all.filter("10").isEmpty() && all.filter("ABORt").isEmpty(),
-                 qPrintable(all.join(' ')));
-        QCOMPARE(m_rig->text("POW"),
-                 QString(answer == "unchecked" && way == "typed" ? "-41" : "-40"));
-        QVERIFY(!m_rig->isChecked("button_List"));
-        QVERIFY(m_rig->get("POW").isEnabled());
+        const auto row = freshRows(this, [this](const QString& way, const QString& answer) {
+            beginConnected();
+            m_rig->enter("POW", "-40");
+            prepare(way, 10);
+            m_rig->click("Output");
+            act(way, 10);
+            QDialog* dialog = question();
+            QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
+            m_demo->takeCommands();
+            if (answer == "Escape" || answer == "Return")
+                QTest::keyPress(dialog->windowHandle(),
+                                answer == "Escape" ? Qt::Key_Escape : Qt::Key_Return);
+            else if (answer == "closed")
+                dialog->close();
+            else if (answer == "RF off")
+                QTest::keyPress(dialog->windowHandle(), Qt::Key_R, Qt::ControlModifier);
+            else if (answer == "window closed")
+                m_rig->window().close();
+            else if (answer == "unchecked" && way == "list")
+                m_rig->clickAll("button_List");
+            else if (answer == "unchecked")
+                m_rig->enter("POW", "-41");
+            else
+                (*m_demo)("unplug"), m_rig->click("connect");
+            QTRY_VERIFY(!question());
+            const QStringList all = m_demo->takeCommands();
+            QVERIFY2(all.filter("10").isEmpty() && all.filter("ABORt").isEmpty(),
+                     qPrintable(all.join(' ')));
+            QCOMPARE(m_rig->text("POW"),
+                     QString(answer == "unchecked" && way == "typed" ? "-41" : "-40"));
+            QVERIFY(!m_rig->isChecked("button_List"));
+            QVERIFY(m_rig->get("POW").isEnabled());
+        });
+        for (const char* way : {"typed", "list"}) {
+            for (const char* answer : {"Escape", "Return", "closed", "RF off", "unplugged",
+                                       "window closed", "unchecked"})
+                row(QString("%1, %2").arg(way, answer), way, answer);
+        }
     }
 
     void countsStepsAsOneRise()

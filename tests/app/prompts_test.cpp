@@ -1,5 +1,4 @@
 #include "cw/wgt_mode_pow.h"
-#include "link/instrument_limits.h"
 #include "service/about_box.h"
 #include "service/firmware_dialog.h"
 #include "tests/support/panel_test.h"

@@ -1,9 +1,7 @@
-#include "link/instrument_limits.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QTableWidget>
 
@@ -38,55 +36,53 @@ private slots:
         m_demo->takeSent();
     }
 
-    void aRunIsSeenEverywhere_data()
-    {
-        testColumns<QString, QString, QString>("clicks", "run", "display");
-        const QString sweep = "button_Sweep";
-        const QString list = "button_List";
-        testRow("sweep", "", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
-        testRow("power sweep", "power_toFrom_freq", sweep,
-                "SWEEP | Point 1 of 5 | 1 000 000 000 | -10");
-        testRow("list", "List_is_Checked", list, "LIST | Point 1 of 3 | 1 000 000 | -1");
-        testRow("sweep by hand", "time_select", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
-        testRow("list by hand", "List_is_Checked time_select", list,
-                "LIST | waits for a step, points: 3 | - | -");
-    }
-
     /// With the panel closed too: Stop in the window is the run button's own.
     void aRunIsSeenEverywhere()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, run);
-        QFETCH(QString, display);
-        const QString rest = "- grey |  | - | -";
-        QCOMPARE(shown(), rest);
-        QVERIFY(!m_rig->get("stop_run").isVisible());
-        m_rig->clickAll(clicks + ' ' + run);
-        QCOMPARE(shown(), display);
-        QCOMPARE(m_rig->text(qPrintable(run)), QString("Stop"));
-        // What the run returns to stays what it was.
-        QCOMPARE(m_rig->text("FREQ"), QString("2 351 000 000"));
-        QCOMPARE(m_rig->text("POW"), QString("-7"));
-        m_demo->takeSent();
-        m_rig->clickAll(run);
-        const QStringList stopped = m_demo->takeSent();
-        QCOMPARE(shown(), rest);
+        const auto row = freshRows(
+            this, [this](const QString& clicks, const QString& run, const QString& display) {
+                const QString rest = "- grey |  | - | -";
+                QCOMPARE(shown(), rest);
+                QVERIFY(!m_rig->get("stop_run").isVisible());
+                m_rig->clickAll(clicks + ' ' + run);
+                QCOMPARE(shown(), display);
+                QCOMPARE(m_rig->get("unit_FREQ").isVisible(), !display.contains("by trigger"));
+                QCOMPARE(m_rig->text(qPrintable(run)), QString("Stop"));
+                // What the run returns to stays what it was.
+                QCOMPARE(m_rig->text("FREQ"), QString("2 351 000 000"));
+                QCOMPARE(m_rig->text("POW"), QString("-7"));
+                m_demo->takeSent();
+                m_rig->clickAll(run);
+                const QStringList stopped = m_demo->takeSent();
+                QCOMPARE(shown(), rest);
 
-        m_rig->clickAll(run);
-        m_demo->takeSent();
-        QVERIFY(!m_rig->get("List").isVisible());
-        m_rig->click("stop_run");
-        QCOMPARE(m_demo->takeSent(), stopped);
-        QCOMPARE(m_rig->text(qPrintable(run)), QString("Run"));
-        QVERIFY(!m_rig->get("stop_run").isVisible());
-        QCOMPARE(shown(), rest);
-        // A run that loses its instrument leaves nothing behind.
-        m_rig->clickAll(run);
-        (*m_demo)("unplug");
-        m_rig->clickAll("trigMode");
-        QVERIFY(!m_rig->isConnected());
-        QCOMPARE(shown(), rest);
-        QVERIFY(!m_rig->get("stop_run").isVisible());
+                m_rig->clickAll(run);
+                m_demo->takeSent();
+                QVERIFY(!m_rig->get("List").isVisible());
+                m_rig->click("stop_run");
+                QCOMPARE(m_demo->takeSent(), stopped);
+                QCOMPARE(m_rig->text(qPrintable(run)), QString("Run"));
+                QVERIFY(!m_rig->get("stop_run").isVisible());
+                QCOMPARE(shown(), rest);
+                // A run that loses its instrument leaves nothing behind.
+                m_rig->clickAll(run);
+                (*m_demo)("unplug");
+                m_rig->clickAll("trigMode");
+                QVERIFY(!m_rig->isConnected());
+                QCOMPARE(shown(), rest);
+                QVERIFY(!m_rig->get("stop_run").isVisible());
+            });
+        const QString sweep = "button_Sweep";
+        const QString list = "button_List";
+        row("sweep", "", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
+        row("power sweep", "power_toFrom_freq", sweep,
+            "SWEEP | Point 1 of 5 | 1 000 000 000 | -10");
+        row("list", "List_is_Checked", list, "LIST | Point 1 of 3 | 1 000 000 | -1");
+        row("sweep by trigger", "int_select", sweep,
+            "SWEEP | by trigger, points: 5 | by trigger | -4");
+        row("sweep by hand", "time_select", sweep, "SWEEP | Point 1 of 5 | 10 000 000 | -4");
+        row("list by hand", "List_is_Checked time_select", list,
+            "LIST | waits for a step, points: 3 | - | -");
     }
 
     void aSinglePassEnds()
@@ -114,75 +110,56 @@ private slots:
         QCOMPARE(m_rig->window().focusWidget(), &m_rig->get("FREQ"));
     }
 
-    void aTriggeredRunShowsWhatIsKnown()
-    {
-        m_rig->clickAll("int_select button_Sweep");
-        QCOMPARE(shown(), QString("SWEEP | by trigger, points: 5 | by trigger | -4"));
-        QVERIFY(!m_rig->get("unit_FREQ").isVisible());
-        m_rig->clickAll("right_select");
-        QVERIFY(m_rig->get("unit_FREQ").isVisible());
-        QCOMPARE(shown(), QString("SWEEP | Point 1 of 5 | 10 000 000 | -4"));
-    }
-
-    void refusedStepsMoveNothing_data()
-    {
-        testColumns<QString, QString, QString, QString, QString>("run", "step", "command", "before",
-                                                                 "after");
-        testRow("sweep", "time_select button_Sweep", "right_select", "LIST:MAN UP",
-                "SWEEP | Point 1 of 5 | 10 000 000 | -4", "SWEEP | Point 2 of 5 | 20 000 000 | -4");
-        testRow("list", "List_is_Checked time_select button_List rightButton", "rightButton",
-                "LIST:MAN 2", "LIST | Point 1 of 3 | 1 000 000 | -1",
-                "LIST | Point 2 of 3 | 2 000 000 | -2");
-    }
-
     void refusedStepsMoveNothing()
     {
-        QFETCH(QString, run);
-        QFETCH(QString, step);
-        QFETCH(QString, command);
-        m_rig->clickAll(run);
-        m_demo->takeSent();
-        (*m_demo)("error -222");
-        m_rig->clickAll(step);
-        QCOMPARE(m_demo->takeSent().filter("LIST:MAN").size(), 1);
-        QTEST(shown(), "before");
-        QCOMPARE(m_rig->status(), "-222, Data out of range after " + command);
-        QCoreApplication::processEvents();
-        m_rig->clickAll(step);
-        QTEST(shown(), "after");
-    }
-
-    void refusedSetUpIsStopped_data()
-    {
-        testColumns<QString, QString, QString>("clicks", "status", "stopped");
-        testRow("sweep", "button_Sweep",
-                "The sweep does not run: -222, Data out of range after FREQ:START "
-                "99000000000",
-                "ABORt");
-        testRow("list", "List_is_Checked button_List",
-                "The list does not run: -222, Data out of range after LIST:FREQ "
-                "99 000 000 000Hz",
-                "*ABORt");
+        const auto row =
+            freshRows(this, [this](const QString& run, const QString& step, const QString& command,
+                                   const QString& before, const QString& after) {
+                m_rig->clickAll(run);
+                m_demo->takeSent();
+                (*m_demo)("error -222");
+                m_rig->clickAll(step);
+                QCOMPARE(m_demo->takeSent().filter("LIST:MAN").size(), 1);
+                QCOMPARE(shown(), before);
+                QCOMPARE(m_rig->status(), "-222, Data out of range after " + command);
+                QCoreApplication::processEvents();
+                m_rig->clickAll(step);
+                QCOMPARE(shown(), after);
+            });
+        row("sweep", "time_select button_Sweep", "right_select", "LIST:MAN UP",
+            "SWEEP | Point 1 of 5 | 10 000 000 | -4", "SWEEP | Point 2 of 5 | 20 000 000 | -4");
+        row("list", "List_is_Checked time_select button_List rightButton", "rightButton",
+            "LIST:MAN 2", "LIST | Point 1 of 3 | 1 000 000 | -1",
+            "LIST | Point 2 of 3 | 2 000 000 | -2");
     }
 
     void refusedSetUpIsStopped()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, stopped);
-        m_rig->get<QLineEdit>("Start").setText("99 000 000 000");
-        fillList({"99 000 000 000;0;1 000"});
-        {
-            auto& table = m_rig->get<QTableWidget>("table_List");
-            const QSignalBlocker unbounded(table);
-            table.item(0, 0)->setText("99 000 000 000");
-        }
-        m_rig->clickAll(clicks);
-        QTEST(m_rig->status(), "status");
-        const QStringList sent = m_demo->takeSent();
-        QVERIFY2(sent.filter("INIT:IMM").isEmpty(), qPrintable(sent.join('\n')));
-        QCOMPARE(sent.filter(QRegularExpression("^\\*?ABORt")), QStringList(stopped + "\\n"));
-        QVERIFY(!m_rig->get("stop_run").isVisible());
-        QCOMPARE(m_rig->text("errors"), QString("1 error"));
+        const auto row = freshRows(this, [this](const QString& clicks, const QString& status,
+                                                const QString& stopped) {
+            m_rig->get<QLineEdit>("Start").setText("99 000 000 000");
+            fillList({"99 000 000 000;0;1 000"});
+            {
+                auto& table = m_rig->get<QTableWidget>("table_List");
+                const QSignalBlocker unbounded(table);
+                table.item(0, 0)->setText("99 000 000 000");
+            }
+            m_rig->clickAll(clicks);
+            QCOMPARE(m_rig->status(), status);
+            const QStringList sent = m_demo->takeSent();
+            QVERIFY2(sent.filter("INIT:IMM").isEmpty(), qPrintable(sent.join('\n')));
+            QCOMPARE(sent.filter(QRegularExpression("^\\*?ABORt")), QStringList(stopped + "\\n"));
+            QVERIFY(!m_rig->get("stop_run").isVisible());
+            QCOMPARE(m_rig->text("errors"), QString("1 error"));
+        });
+        row("sweep", "button_Sweep",
+            "The sweep does not run: -222, Data out of range after FREQ:START "
+            "99000000000",
+            "ABORt");
+        row("list", "List_is_Checked button_List",
+            "The list does not run: -222, Data out of range after LIST:FREQ "
+            "99 000 000 000Hz",
+            "*ABORt");
     }
 
     void errorsAreCounted()
@@ -234,84 +211,51 @@ private slots:
         QCOMPARE(cells, QStringList({"5 000 000 000", "", "10", "-5"}));
     }
 
-    void deadInstrumentEndsTheTransfer_data()
+    void exclusions()
     {
-        testColumns<int>("answered");
-        testRow("first block", 0);
-        testRow("block amid the list", 2);
-    }
-
-    void deadInstrumentEndsTheTransfer()
-    {
-        QFETCH(int, answered);
-        m_rig->get<QTableWidget>("table_List").setRowCount(320);
-        m_rig->clickAll("List_is_Checked");
-        m_demo->takeSent();
-        // The block goes out; nothing answers the query behind it.
-        const auto die = [this] { (*m_demo)("reply *OPC? ->"); };
-        if (answered == 0)
-            die();
-        else
-            whenSent(m_rig->window(), *m_demo, "LIST:FREQ:ADD", die);
-        m_rig->clickAll("button_List");
-        QVERIFY(!m_rig->isConnected());
-        QCOMPARE(m_rig->status(), QString("connection error: the instrument does not answer"));
-        QCOMPARE(m_demo->takeSent().filter("*OPC?").size(), answered + 1);
-        QVERIFY(!m_rig->window().findChild<QWidget*>("progressBarForTable"));
-    }
-
-    void exclusions_data()
-    {
-        testColumns<QString, QString, QString, QString>("before", "clicked", "sent", "status");
-        const auto row = [](const QString& before, const QString& clicked, const char* sent,
-                            const char* status) {
-            testRow(before + ", then " + clicked, before, clicked, sent, status);
+        const auto check = [this](const QString& before, const QString& clicked, const char* sent,
+                                  const char* status) {
+            cleanup();
+            init();
+            if ((before + clicked).contains("button_List"))
+                m_rig->clickAll("List_is_Checked");
+            m_rig->clickAll(before);
+            m_demo->takeSent();
+            m_rig->clickAll(clicked);
+            QCOMPARE(m_rig->status(), QString(status));
+            const QStringList switched = m_demo->takeCommands().filter(switching);
+            if (*sent)
+                QCOMPARE(switched.join(", ").remove('!'), QString(sent));
+            for (const QString& name : before.split(' '))
+                QCOMPARE(m_rig->isChecked(qPrintable(name)), name == clicked);
+            QVERIFY(m_rig->isChecked(qPrintable(clicked)));
+            const bool isRun = clicked.startsWith("button_");
+            for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
+                QCOMPARE(m_rig->get(field).isEnabled(), !isRun);
         };
         const QString sweep = QStringLiteral("button_Sweep");
         const QString list = QStringLiteral("button_List");
         const char* const sweepOn = "Modulation off: a sweep has started";
-        row("AM Pulse", sweep, "AM:STATe OFF, PULM:STATe OFF, FREQ:MODE SWE, POW:MODE FIX",
-            sweepOn);
-        row("FM", list, "FM:STATe OFF, FREQ:MODE LIST, POW:MODE LIST",
-            "Modulation off: a list has started");
-        row("triangle_select", sweep, "LFO:STAT OFF, FREQ:MODE SWE, POW:MODE FIX",
-            "LF generator off: a sweep has started");
-        row("dc_select", list, "LFO:STAT OFF, FREQ:MODE LIST, POW:MODE LIST",
-            "LF generator off: a list has started");
-        row(sweep, "PM", "ABORt, FREQ:MODE FIX, POW:MODE FIX, PM:STATe ON",
-            "Sweep stopped: a modulation is on");
-        row(list, "AM", "*ABORt, FREQ:MODE FIX, POW:MODE FIX, AM:STATe ON",
-            "List stopped: a modulation is on");
-        row(sweep, "Pulse", "PULM:STATe ON, ABORt, FREQ:MODE FIX, POW:MODE FIX",
-            "Sweep stopped: a modulation is on");
-        row(list, "sine_select", "LFO:STAT ON, *ABORt, FREQ:MODE FIX, POW:MODE FIX",
-            "List stopped: the LF generator is on");
-        row("Pulse", "sine_select", "", "Modulation off: the LF generator is on");
-        row("sine_select", "FM", "", "LF generator off: a modulation is on");
-        row(sweep, list, "", "Sweep stopped: a list has started");
-        row("button_Sweep Pulse", sweep, "", sweepOn);
-    }
-
-    void exclusions()
-    {
-        QFETCH(QString, before);
-        QFETCH(QString, clicked);
-        QFETCH(QString, sent);
-        if ((before + clicked).contains("button_List"))
-            m_rig->clickAll("List_is_Checked");
-        m_rig->clickAll(before);
-        m_demo->takeSent();
-        m_rig->clickAll(clicked);
-        QTEST(m_rig->status(), "status");
-        const QStringList switched = m_demo->takeCommands().filter(switching);
-        if (!sent.isEmpty())
-            QCOMPARE(switched.join(", ").remove('!'), sent);
-        for (const QString& name : before.split(' '))
-            QCOMPARE(m_rig->isChecked(qPrintable(name)), name == clicked);
-        QVERIFY(m_rig->isChecked(qPrintable(clicked)));
-        const bool isRun = clicked.startsWith("button_");
-        for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
-            QCOMPARE(m_rig->get(field).isEnabled(), !isRun);
+        check("AM Pulse", sweep, "AM:STATe OFF, PULM:STATe OFF, FREQ:MODE SWE, POW:MODE FIX",
+              sweepOn);
+        check("FM", list, "FM:STATe OFF, FREQ:MODE LIST, POW:MODE LIST",
+              "Modulation off: a list has started");
+        check("triangle_select", sweep, "LFO:STAT OFF, FREQ:MODE SWE, POW:MODE FIX",
+              "LF generator off: a sweep has started");
+        check("dc_select", list, "LFO:STAT OFF, FREQ:MODE LIST, POW:MODE LIST",
+              "LF generator off: a list has started");
+        check(sweep, "PM", "ABORt, FREQ:MODE FIX, POW:MODE FIX, PM:STATe ON",
+              "Sweep stopped: a modulation is on");
+        check(list, "AM", "*ABORt, FREQ:MODE FIX, POW:MODE FIX, AM:STATe ON",
+              "List stopped: a modulation is on");
+        check(sweep, "Pulse", "PULM:STATe ON, ABORt, FREQ:MODE FIX, POW:MODE FIX",
+              "Sweep stopped: a modulation is on");
+        check(list, "sine_select", "LFO:STAT ON, *ABORt, FREQ:MODE FIX, POW:MODE FIX",
+              "List stopped: the LF generator is on");
+        check("Pulse", "sine_select", "", "Modulation off: the LF generator is on");
+        check("sine_select", "FM", "", "LF generator off: a modulation is on");
+        check(sweep, list, "", "Sweep stopped: a list has started");
+        check("button_Sweep Pulse", sweep, "", sweepOn);
     }
 
 private:

@@ -15,7 +15,6 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProcess>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -206,26 +205,22 @@ private slots:
         QTRY_COMPARE(table.model()->rowCount(), 1);
     }
 
-    void hostileAnswers_data()
-    {
-        testColumns<QString, QString>("fault", "note");
-        testRow("NULs", "fault 1 reply \\x00\\x00\\n", "FREQ?: (ok)");
-        testRow("line ends", "fault 1 reply \\n\\n\\n", "FREQ?: (-410, Query INTERRUPTED)");
-        testRow("64 kB", "fault 1 length 65000", "FREQ?: " + QString(80, 'A') + "\u2026 (ok)");
-        testRow("none", "fault 1 status 0xBFFF0015", "FREQ?: (no answer)");
-    }
-
     void hostileAnswers()
     {
-        QFETCH(QString, fault);
-        open();
-        const int width = get("ScpiLog").width();
-        (*m_demo)(fault);
-        send("FREQ?");
-        QTEST(get<QLabel>("log_note").text(), "note");
-        QTRY_VERIFY(sentRows().contains("FREQ?"));
-        QCOMPARE(get("ScpiLog").width(), width);
-        QVERIFY(m_rig->isConnected());
+        const auto row = freshRows(this, [this](const QString& fault, const QString& note) {
+            open();
+            const int width = get("ScpiLog").width();
+            (*m_demo)(fault);
+            send("FREQ?");
+            QCOMPARE(get<QLabel>("log_note").text(), note);
+            QTRY_VERIFY(sentRows().contains("FREQ?"));
+            QCOMPARE(get("ScpiLog").width(), width);
+            QVERIFY(m_rig->isConnected());
+        });
+        row("NULs", "fault 1 reply \\x00\\x00\\n", "FREQ?: (ok)");
+        row("line ends", "fault 1 reply \\n\\n\\n", "FREQ?: (-410, Query INTERRUPTED)");
+        row("64 kB", "fault 1 length 65000", "FREQ?: " + QString(80, 'A') + "\u2026 (ok)");
+        row("none", "fault 1 status 0xBFFF0015", "FREQ?: (no answer)");
     }
 
     void lostByHand()
@@ -242,77 +237,57 @@ private slots:
         QVERIFY(m_settings.contains("Log/geometry"));
     }
 
-    void byHand_data()
-    {
-        testColumns<QString, QStringList, bool, QString, QString>("text", "sent", "offersPush",
-                                                                  "lamp", "note");
-        testRow("query", "FREQ?", QStringList("FREQ?\\n"), false, "RF", "FREQ?: 1000000000 (ok)");
-        testRow("setting", "  POW 1", QStringList("  POW 1\\n"), true, "RF", "  POW 1: (ok)");
-        testRow("percent", "FREQ %d", QStringList("FREQ %d\\n"), true, "RF",
-                "FREQ %d: (-104, Data type error)");
-        testRow("output", "outp on", QStringList("outp on\\n"), true, "?", "outp on: (ok)");
-        testRow("set and asked", "FREQ 1e9;:OUTPut 1;OUTP?",
-                QStringList("FREQ 1e9;:OUTPut 1;OUTP?\\n"), true, "?",
-                "FREQ 1e9;:OUTPut 1;OUTP?: 1 (ok)");
-        testRow("reset", " *rst", QStringList(" *rst\\n"), true, "?", " *rst: (ok)");
-        testRow("two lines", "POW?\nFREQ?", QStringList({"POW?\\n", "FREQ?\\n"}), false, "RF",
-                "FREQ?: 1000000000 (ok)");
-        testRow("not ASCII", "FREQ 1 \u041C\u0413\u0446", QStringList(), false, "RF",
-                "Not sent: \"\u041C\" (U+041C) is not an ASCII character");
-        testRow("not in 16 bits", "\U0001F600", QStringList(), false, "RF",
-                "Not sent: \"\U0001F600\" (U+1F600) is not an ASCII character");
-        testRow("escape", "FREQ\x1b?", QStringList(), false, "RF",
-                "Not sent: it holds a control character (U+001B)");
-        testRow("too long", QString(4097, 'A'), QStringList(), false, "RF",
-                "Not sent: the command is too long");
-    }
-
     void byHand()
     {
-        QFETCH(QString, text);
-        QFETCH(QStringList, sent);
-        QFETCH(QString, lamp);
-        open();
-        send(text);
-        QStringList commands = m_demo->takeSent();
-        commands.removeAll("SYSTem:ERRor?\\n");
-        QCOMPARE(commands, sent);
-        QTEST(get("log_push").isVisible(), "offersPush");
-        QCOMPARE(get<QLabel>("label_RF").text(), lamp);
-        m_rig->chooseLanguage("ru");
-        m_rig->chooseLanguage("en");
-        QCOMPARE(get<QLabel>("label_RF").text(), lamp);
-        // What was refused stays to be mended.
-        QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());
-        QTEST(get<QLabel>("log_note").text(), "note");
-        QTest::keyClick(get("ScpiLog").windowHandle(), Qt::Key_R, Qt::ControlModifier);
-        // In doubt the key switches off, though the button is released.
-        QCOMPARE(m_demo->takeSent().contains("OUTPut OFF\\n"), lamp == "?");
-        m_rig->click("connect");
-        QVERIFY(!get("log_push").isVisible());
-        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
-        send("FREQ?");
-        QVERIFY(!m_demo->takeSent().contains("FREQ?\\n"));
-    }
-
-    void settingsAreSentAgain()
-    {
-        open();
-        send("*RST");
-        m_demo->takeSent();
-        m_rig->click("log_push");
-        const QStringList sent = m_demo->takeSent();
-        QVERIFY(sent.contains("FREQ 1000000000.000000 Hz;FREQ?\\n"));
-        QVERIFY(sent.contains("OUTPut OFF\\n"));
-        QVERIFY(!sent.contains("*RST\\n"));
-        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
-        QVERIFY(!get("log_push").isVisible());
+        const auto row =
+            freshRows(this, [this](const QString& text, const QStringList& sent, bool offersPush,
+                                   const QString& lamp, const QString& note) {
+                open();
+                send(text);
+                QStringList commands = m_demo->takeSent();
+                commands.removeAll("SYSTem:ERRor?\\n");
+                QCOMPARE(commands, sent);
+                QCOMPARE(get("log_push").isVisible(), offersPush);
+                QCOMPARE(get<QLabel>("label_RF").text(), lamp);
+                m_rig->chooseLanguage("ru");
+                m_rig->chooseLanguage("en");
+                QCOMPARE(get<QLabel>("label_RF").text(), lamp);
+                // What was refused stays to be mended.
+                QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());
+                QCOMPARE(get<QLabel>("log_note").text(), note);
+                QTest::keyClick(get("ScpiLog").windowHandle(), Qt::Key_R, Qt::ControlModifier);
+                // In doubt the key switches off, though the button is released.
+                QCOMPARE(m_demo->takeSent().contains("OUTPut OFF\\n"), lamp == "?");
+                m_rig->click("connect");
+                QVERIFY(!get("log_push").isVisible());
+                QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
+                send("FREQ?");
+                QVERIFY(!m_demo->takeSent().contains("FREQ?\\n"));
+            });
+        row("query", "FREQ?", QStringList("FREQ?\\n"), false, "RF", "FREQ?: 1000000000 (ok)");
+        row("setting", "  POW 1", QStringList("  POW 1\\n"), true, "RF", "  POW 1: (ok)");
+        row("percent", "FREQ %d", QStringList("FREQ %d\\n"), true, "RF",
+            "FREQ %d: (-104, Data type error)");
+        row("output", "outp on", QStringList("outp on\\n"), true, "?", "outp on: (ok)");
+        row("set and asked", "FREQ 1e9;:OUTPut 1;OUTP?", QStringList("FREQ 1e9;:OUTPut 1;OUTP?\\n"),
+            true, "?", "FREQ 1e9;:OUTPut 1;OUTP?: 1 (ok)");
+        row("reset", " *rst", QStringList(" *rst\\n"), true, "?", " *rst: (ok)");
+        row("two lines", "POW?\nFREQ?", QStringList({"POW?\\n", "FREQ?\\n"}), false, "RF",
+            "FREQ?: 1000000000 (ok)");
+        row("not ASCII", "FREQ 1 \u041C\u0413\u0446", QStringList(), false, "RF",
+            "Not sent: \"\u041C\" (U+041C) is not an ASCII character");
+        row("not in 16 bits", "\U0001F600", QStringList(), false, "RF",
+            "Not sent: \"\U0001F600\" (U+1F600) is not an ASCII character");
+        row("escape", "FREQ\x1b?", QStringList(), false, "RF",
+            "Not sent: it holds a control character (U+001B)");
+        row("too long", QString(4097, 'A'), QStringList(), false, "RF",
+            "Not sent: the command is too long");
     }
 
     void commandWaitsForTheEndOfASequence()
     {
         open();
-        send("POW 1");
+        send("*RST");
         m_demo->takeSent();
         bool wasWaiting = false;
         QTimer::singleShot(0, this, [&] {
@@ -326,7 +301,11 @@ private slots:
         QVERIFY(wasWaiting);
         QStringList sent;
         QTRY_VERIFY((sent += m_demo->takeSent()).contains("FREQ?\\n"));
+        // Then the panel's settings, without the reset of a fresh connection.
         QTRY_VERIFY((sent += m_demo->takeSent()).contains("POW 0.000000;POW?\\n"));
+        QVERIFY(sent.contains("OUTPut OFF\\n") && !sent.contains("*RST\\n"));
+        QCOMPARE(get<QLabel>("label_RF").text(), QString("RF"));
+        QVERIFY(!get("log_push").isVisible());
         QTest::keyClick(&get("log_send"), Qt::Key_Up);
         QCOMPARE(get<QLineEdit>("log_send").text(), QString("FREQ?"));
     }

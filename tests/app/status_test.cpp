@@ -1,7 +1,5 @@
 #include "fields/number_edit.h"
 #include "link/activity.h"
-#include "link/instrument_limits.h"
-#include "link/library_places.h"
 #include "link/pause.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
@@ -13,7 +11,6 @@
 
 namespace
 {
-const QString noSuchLibrary = QStringLiteral("NoSuchVisa");
 const QString loss =
     QStringLiteral("connection error: the instrument was switched off or unplugged");
 
@@ -61,21 +58,6 @@ private slots:
         beginConnected();
     }
 
-    void tellsWhereTheLibraryWasLookedFor()
-    {
-        qputenv("LD_LIBRARY_PATH", "/first:/second");
-        StartOptions options = PanelRig::defaultOptions();
-        options.visaLibrary = noSuchLibrary;
-        begin(options);
-        m_rig->connectDevice();
-        const LibraryPlaces places = libraryPlaces(noSuchLibrary);
-        const QStringList all = places.fileNames + places.folders;
-        QVERIFY(all.size() >= 2);
-        for (const QString& place : all)
-            QVERIFY2(m_rig->status().contains(place), qPrintable(place));
-        qunsetenv("LD_LIBRARY_PATH");
-    }
-
     void aLossIsNotHidden()
     {
         (*m_demo)("unplug");
@@ -95,26 +77,21 @@ private slots:
         QTRY_COMPARE(m_rig->status(), QString());
     }
 
-    void whatIsGoneIsNotSpokenOf_data()
-    {
-        testColumns<QString, QString>("set", "status");
-        testRow("reference", "condition 328 on", "The external reference is not locked");
-        testRow("error", "error -222",
-                "-222, Data out of range after FREQ 5000000.000000 Hz;FREQ?");
-    }
-
     void whatIsGoneIsNotSpokenOf()
     {
-        QFETCH(QString, set);
-        m_rig->click("ROSC");
-        (*m_demo)(set);
-        m_rig->enter("FREQ", "5M");
-        QTEST(m_rig->status(), "status");
-        (*m_demo)("unplug");
-        m_rig->enter("FREQ", "6M");
-        QCOMPARE(m_rig->status(), loss);
-        // For as long as a message would wait for its turn, and a little more.
-        QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 650));
+        const auto row = freshRows(this, [this](const QString& set, const QString& status) {
+            m_rig->click("ROSC");
+            (*m_demo)(set);
+            m_rig->enter("FREQ", "5M");
+            QCOMPARE(m_rig->status(), status);
+            (*m_demo)("unplug");
+            m_rig->enter("FREQ", "6M");
+            QCOMPARE(m_rig->status(), loss);
+            // For as long as a message would wait for its turn, and a little more.
+            QVERIFY(!QTest::qWaitFor([&] { return m_rig->status() != loss; }, 650));
+        });
+        row("reference", "condition 328 on", "The external reference is not locked");
+        row("error", "error -222", "-222, Data out of range after FREQ 5000000.000000 Hz;FREQ?");
     }
 
     void instrumentTextsArePlain_data()
@@ -150,76 +127,66 @@ private slots:
             QVERIFY2(!Qt::mightBeRichText(each) && each.size() <= 220, qPrintable(each));
     }
 
-    void helpOpensThePageOfThePanel_data()
-    {
-        testColumns<QString, QString>("button", "page");
-        testRow("none", "", "index");
-        testRow("modulation", "open_mod", "modulation");
-        testRow("sweep", "open_list", "sweep");
-        testRow("LF generator", "open_gener", "lf-generator");
-        testRow("profiles", "profiles", "profiles");
-        testRow("service", "service", "service");
-    }
-
     void helpOpensThePageOfThePanel()
     {
-        QFETCH(QString, button);
-        QFETCH(QString, page);
-        m_rig->clickAll(button);
-        const QString folder = QCoreApplication::applicationDirPath() + "/manual";
-        const auto pressHelp = [this] {
-            QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_F1);
-            return m_rig->status();
-        };
-        QVERIFY2(pressHelp().startsWith("There is no help file"), qPrintable(m_rig->status()));
-        QVERIFY(QDir().mkpath(folder + "/en"));
-        QFile file(folder + "/en/" + page + ".html");
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.close();
-        if (QSysInfo::productType() != "windows") {
-            QDesktopServices::setUrlHandler("file", this, "takeUrl");
-            pressHelp();
-            QDesktopServices::unsetUrlHandler("file");
-            QCOMPARE(m_opened.toLocalFile(), file.fileName());
-            // Nothing opens anything on the offscreen platform.
-            QVERIFY2(pressHelp().startsWith("No program"), qPrintable(m_rig->status()));
-        }
-        QVERIFY(QDir(folder).removeRecursively());
-    }
-
-    void tellsWhatGoesOn_data()
-    {
-        testColumns<QString, QString>("clicked", "text");
-        testRow("modulation", "AM", "Setting the modulation");
-        testRow("pulses", "Pulse", "Setting the modulation");
-        testRow("LF", "sine_select", "Setting the LF generator");
-        testRow("sweep", "button_Sweep", "Starting the sweep");
-        testRow("list", "List_is_Checked button_List",
-                "Starting the list / Transferring the table: list 2");
-        testRow("calibration", "applyCalibrate", "Writing the calibration table: row 2 of");
-        testRow("service", "service", "Reading the calibration table");
-        testRow("profile", "quick_1", "Applying the profile... / Setting the modulation");
+        const auto row = freshRows(this, [this](const QString& button, const QString& page) {
+            m_rig->clickAll(button);
+            const QString folder = QCoreApplication::applicationDirPath() + "/manual";
+            const auto pressHelp = [this] {
+                QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_F1);
+                return m_rig->status();
+            };
+            QVERIFY2(pressHelp().startsWith("There is no help file"), qPrintable(m_rig->status()));
+            QVERIFY(QDir().mkpath(folder + "/en"));
+            QFile file(folder + "/en/" + page + ".html");
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.close();
+            if (QSysInfo::productType() != "windows") {
+                QDesktopServices::setUrlHandler("file", this, "takeUrl");
+                pressHelp();
+                QDesktopServices::unsetUrlHandler("file");
+                QCOMPARE(m_opened.toLocalFile(), file.fileName());
+                // Nothing opens anything on the offscreen platform.
+                QVERIFY2(pressHelp().startsWith("No program"), qPrintable(m_rig->status()));
+            }
+            QVERIFY(QDir(folder).removeRecursively());
+        });
+        row("none", "", "index");
+        row("modulation", "open_mod", "modulation");
+        row("sweep", "open_list", "sweep");
+        row("LF generator", "open_gener", "lf-generator");
+        row("profiles", "profiles", "profiles");
+        row("service", "service", "service");
     }
 
     void tellsWhatGoesOn()
     {
-        QFETCH(QString, clicked);
-        QFETCH(QString, text);
-        m_rig->get<QTableWidget>("table_List").setRowCount(70);
-        if (clicked == "quick_1") {
-            m_rig->clickAll("connect AM");
-            m_rig->saveProfile("one");
-            m_rig->clickAll("AM");
-            (*m_demo)("reply MEM:MSC? -> OFF");
-            m_rig->connectDevice();
-        }
-        if (clicked == "applyCalibrate")
-            m_rig->openPanel("service");
-        m_said.clear();
-        m_rig->clickAll(clicked);
-        QTRY_VERIFY2(!m_said.filter(text).isEmpty(), qPrintable(m_said.join('\n')));
-        QTRY_VERIFY(Activities::global().texts().isEmpty());
-        QVERIFY(m_rig->isConnected());
+        const auto row = freshRows(this, [this](const QString& clicked, const QString& text) {
+            m_rig->get<QTableWidget>("table_List").setRowCount(70);
+            if (clicked == "quick_1") {
+                m_rig->clickAll("connect AM");
+                m_rig->saveProfile("one");
+                m_rig->clickAll("AM");
+                (*m_demo)("reply MEM:MSC? -> OFF");
+                m_rig->connectDevice();
+            }
+            if (clicked == "applyCalibrate")
+                m_rig->openPanel("service");
+            m_said.clear();
+            m_rig->clickAll(clicked);
+            QTRY_VERIFY2(!m_said.filter(text).isEmpty(), qPrintable(m_said.join('\n')));
+            QTRY_VERIFY(Activities::global().texts().isEmpty());
+            QVERIFY(m_rig->isConnected());
+        });
+        row("modulation", "AM", "Setting the modulation");
+        row("pulses", "Pulse", "Setting the modulation");
+        row("LF", "sine_select", "Setting the LF generator");
+        row("sweep", "button_Sweep", "Starting the sweep");
+        row("list", "List_is_Checked button_List",
+            "Starting the list / Transferring the table: list 2");
+        row("calibration", "applyCalibrate", "Writing the calibration table: row 2 of");
+        row("service", "service", "Reading the calibration table");
+        row("profile", "quick_1", "Applying the profile... / Setting the modulation");
     }
 
     /// What went well does not look like a warning.
