@@ -9,6 +9,7 @@
 #include "app/output_off.h"
 #include "app/panel_profiles.h"
 #include "app/panel_push.h"
+#include "app/picture_column.h"
 #include "app/screenshot.h"
 #include "app/simulator_switch.h"
 #include "app/status_line.h"
@@ -21,8 +22,10 @@
 #include "fields/power_guard.h"
 #include "log/log_file.h"
 #include "log/scpi_log.h"
+#include "modulation/waveform_picture.h"
 #include "service/about_box.h"
 #include "service/firmware_update.h"
+#include "sweep/picture/list_plot.h"
 #include "ui/error_box.h"
 #include "ui/named.h"
 #include "ui/reading_order.h"
@@ -48,6 +51,7 @@ MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     setUpForm();
     m_powerGuard = std::make_unique<PowerGuard>(m_session, *m_ui->Output, *this, &m_settings);
     setUpPanels();
+    setUpPictures();
     setUpMenu();
     wireStatusLine();
     wireConnection();
@@ -127,6 +131,35 @@ void MainWindow::addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainW
     m_sidePanels->add(panel, toggle);
     connect(panel, &SidePanel::hide_, this, closing);
     m_escapeOrder->add(panel, [panel] { emit panel->hide_(); });
+}
+
+void MainWindow::setUpPictures()
+{
+    m_pictures = std::make_unique<PictureColumn>(*m_ui->pictures, *m_sidePanels);
+    ListPlot& plot = m_list->plot();
+    m_pictures->add({m_list,
+                     {&plot},
+                     {&m_list->runSweep(), &m_list->runList()},
+                     [&plot] { return &plot; },
+                     [this, &plot] { return m_list->isRunning() ? &plot : nullptr; }});
+    WaveformPicture& lfPicture = m_generator->picture();
+    const auto& shapes = m_generator->shapeButtons();
+    m_pictures->add({m_generator,
+                     {&lfPicture},
+                     {shapes.begin(), shapes.end()},
+                     [&lfPicture] { return &lfPicture; },
+                     [this, &lfPicture] { return m_generator->isOn() ? &lfPicture : nullptr; }});
+    PictureColumn::Source modulation{m_modulation,
+                                     {},
+                                     {},
+                                     [this] { return &m_modulation->picture(); },
+                                     [this] { return m_modulation->activePicture(); }};
+    for (const Modulat::Part& part : m_modulation->parts()) {
+        modulation.pictures.push_back(part.picture);
+        modulation.switches.push_back(part.state);
+    }
+    m_pictures->add(modulation);
+    connect(m_modulation, &Modulat::pictureChanged, m_pictures.get(), &PictureColumn::refresh);
 }
 
 void MainWindow::setUpMenu()

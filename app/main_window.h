@@ -43,6 +43,7 @@ class OutputOff;
 class LogFile;
 class PanelProfiles;
 class PanelPush;
+class PictureColumn;
 class PowerGuard;
 class PowerMode;
 class ScpiLog;
@@ -126,6 +127,7 @@ private:
     void setUpForm();
     void setUpPanels();
     void addPanel(SidePanel* panel, QAbstractButton* toggle, void (MainWindow::*closing)());
+    void setUpPictures();
     void setUpMenu();
     void setUpPush();
     void loadSettings();
@@ -178,6 +180,7 @@ private:
     std::unique_ptr<InstrumentDisplay> m_instrument;
     std::unique_ptr<PanelProfiles> m_panelProfiles;
     std::unique_ptr<SidePanels> m_sidePanels;
+    std::unique_ptr<PictureColumn> m_pictures;
     std::unique_ptr<EscapeOrder> m_escapeOrder;
     std::unique_ptr<OutputOff> m_outputOff;
     std::unique_ptr<OutputDisplay> m_outputDisplay;

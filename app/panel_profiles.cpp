@@ -12,6 +12,7 @@
 #include "numbers/number_text.h"
 #include "numbers/step_table.h"
 #include "sweep/list_panel.h"
+#include "sweep/picture/list_plot.h"
 #include "sweep/sweep_group.h"
 #include "ui/files/user_folder.h"
 #include "ui/progress_bar_for_table.h"
@@ -156,6 +157,7 @@ void PanelProfiles::registerPanels()
     for (QWidget* panel : std::initializer_list<QWidget*>{&m_panels.window, &m_panels.modulation,
                                                           &m_panels.lfGenerator, &m_panels.list})
         store.addPanel(panel);
+    store.addPart(&m_panels.list, &m_panels.list.plot());
     // A profile switches no RF output, connects to nothing, starts no run and opens no panel.
     for (QWidget* control : std::initializer_list<QWidget*>{
              m_form.Output, m_form.connect, m_form.open_mod, m_form.open_list, m_form.open_gener,

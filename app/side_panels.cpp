@@ -14,18 +14,22 @@
 namespace
 {
 constexpr int gap = 16;
+/// What the desktop draws below the window.
+constexpr int shadow = 8;
 constexpr int grid = 8;
 constexpr int narrowest = 420;
 constexpr int widest = 560;
 constexpr int openingMs = 260;
 constexpr int closingMs = 200;
 
-QSize panelSize(const QWidget& panel)
+/// As tall as it likes to be, as far as there is room.
+QSize panelSize(const QWidget& panel, int room)
 {
     const QSize hint = panel.sizeHint().expandedTo(panel.minimumSize());
     const int onGrid = (hint.width() + grid - 1) / grid * grid;
-    const int height = std::max(panel.minimumSizeHint().height(), panel.minimumHeight());
-    return {std::clamp(onGrid, narrowest, widest), std::max(height, 0)};
+    const int least = std::max({panel.minimumSizeHint().height(), panel.minimumHeight(), 0});
+    return {std::clamp(onGrid, narrowest, widest),
+            std::clamp(hint.height(), least, std::max(least, room))};
 }
 
 QPropertyAnimation* slide(QWidget* widget, const char* name, const QVariant& target, bool in)
@@ -97,6 +101,7 @@ void SidePanels::change(QWidget* next)
     if (!leaving)
         m_focusBefore = m_window->focusWidget();
     showTogglesState();
+    emit currentChanged();
     if (leaving)
         slideOut(leaving, next);
     else
@@ -105,7 +110,9 @@ void SidePanels::change(QWidget* next)
 
 void SidePanels::slideIn(QWidget* panel)
 {
-    const QSize size = panelSize(*panel);
+    const int besides = m_window->height() - m_drawer->height();
+    const int room = m_window->screen()->availableGeometry().height() - shadow - besides;
+    const QSize size = panelSize(*panel, room);
     panel->setGeometry(-size.width(), 0, size.width(), m_drawer->height());
     panel->show();
     panel->raise();

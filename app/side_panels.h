@@ -43,6 +43,8 @@ public:
     static void setMoving(bool moving) { s_moving = moving; }
 
 signals:
+    /// Another panel is open or opening, or none.
+    void currentChanged();
     void opened(QWidget* panel);
     /// The last animation of a sequence has finished.
     void allMoved();

@@ -1,5 +1,7 @@
 #include "modulation/fold_box.h"
 
+#include "ui/eliding_label.h"
+
 #include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
@@ -77,7 +79,7 @@ void FoldBox::setHeading(const QString& heading)
 
 QLabel* FoldBox::addSummary()
 {
-    auto* summary = new QLabel(this);
+    auto* summary = new ElidingLabel(this);
     summary->setProperty("sectionSummary", true);
     summary->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     summary->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

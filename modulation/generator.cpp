@@ -22,8 +22,6 @@ constexpr char initialFrequency[] = "10 000.0";
 constexpr char initialAmplitude[] = "1.000";
 constexpr char initialDuty[] = "50";
 constexpr int shapeColumns = 3;
-/// Width of the single shape in the last row: that of the columns above it.
-constexpr int shapeWidth = 170;
 } // namespace
 
 generator::generator(const FieldContext& context, QWidget* parent)
@@ -36,10 +34,9 @@ generator::generator(const FieldContext& context, QWidget* parent)
 
 void generator::build(const FieldContext& context)
 {
-    setFixedWidth(modulationPanelWidth);
+    m_picture->hide();
     title()->setObjectName(QStringLiteral("name_generator"));
     content()->addLayout(buildShapes());
-    shapeButton(WaveShape::Dc)->setFixedWidth(shapeWidth);
     auto* values = new QGridLayout;
     values->setSpacing(panelSpacing);
     const auto field = [&](Quantity quantity, const char* text) {
@@ -57,15 +54,7 @@ void generator::build(const FieldContext& context)
         values,
         {QStringLiteral("vvod_Percent"), QStringLiteral("percent"), QStringLiteral("unit_percent")},
         field(Quantity::LfDuty, initialDuty));
-    auto* settings = new QVBoxLayout;
-    settings->setSpacing(panelSpacing);
-    settings->addWidget(shapeButton(WaveShape::Dc));
-    settings->addLayout(values);
-    auto* row = new QHBoxLayout;
-    row->setSpacing(2 * panelSpacing);
-    row->addLayout(settings);
-    row->addWidget(m_picture, 1);
-    content()->addLayout(row);
+    content()->addLayout(values);
 }
 
 QGridLayout* generator::buildShapes()
@@ -78,8 +67,7 @@ QGridLayout* generator::buildShapes()
         // The LF output's rectangle is drawn as the pulses are.
         if (names.shape == WaveShape::Square)
             button->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
-        if (names.shape != WaveShape::Dc)
-            grid->addWidget(button, i / shapeColumns, i % shapeColumns);
+        grid->addWidget(button, i / shapeColumns, i % shapeColumns);
         grid->setColumnStretch(i % shapeColumns, 1);
         m_shapes[static_cast<std::size_t>(i)] = button;
     }
@@ -187,6 +175,7 @@ void generator::refresh()
     const std::optional<WaveShape> shown = shape ? shape : pointedShape();
     if (!shown) {
         m_picture->showNote(tr("The LF generator is off"));
+        m_picture->setHeading(tr("LF Generator"));
         return;
     }
     const bool hasFrequency = *shown != WaveShape::Random && *shown != WaveShape::Dc;
@@ -195,6 +184,10 @@ void generator::refresh()
     m_picture->showWaveform({*shown, frequencyHz > 0.0 ? 1.0 / frequencyHz : 0.0, duty().value(),
                              *shown == WaveShape::Dc ? amplitudeV : -amplitudeV, amplitudeV},
                             Unit::Volt);
+    QStringList heading = {tr("LF Generator"), shapeCaption(*shown)};
+    if (frequencyHz > 0.0)
+        heading << readableQuantity(frequencyHz, Unit::Hertz);
+    m_picture->setHeading(summaryText(heading << readableQuantity(amplitudeV, Unit::Volt)));
 }
 
 void generator::retranslate()

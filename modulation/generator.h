@@ -26,6 +26,7 @@ public:
     {
         return m_shapes[static_cast<std::size_t>(shape)];
     }
+    const std::array<QPushButton*, shapeCount>& shapeButtons() const { return m_shapes; }
     /// None while the generator is off.
     std::optional<WaveShape> checkedShape() const;
     NumberEdit& frequency() const { return *m_frequency.field; }
@@ -33,6 +34,8 @@ public:
     NumberEdit& duty() const { return *m_duty.field; }
     /// What the lamp says of the waveform that is on.
     QString lampWords() const;
+    /// For whoever shows it.
+    WaveformPicture& picture() const { return *m_picture; }
 
 public slots:
     /// Switches the generator off by a click on its waveform, and asks to be closed.

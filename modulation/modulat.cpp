@@ -2,6 +2,7 @@
 
 #include "ui/named.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -63,6 +64,7 @@ Modulat::Modulat(const FieldContext& context, QWidget* parent)
         m_groups[static_cast<std::size_t>(modulation)] =
             new ModulationGroup(modulation, context, m_selection, m_column);
     build();
+    setUpPictures();
     wireButtons();
     wireGroups();
     m_pulseGroup->setExpanded(true, false);
@@ -71,7 +73,6 @@ Modulat::Modulat(const FieldContext& context, QWidget* parent)
 
 void Modulat::build()
 {
-    setFixedWidth(modulationPanelWidth);
     title()->setObjectName(QStringLiteral("titleModulation"));
     auto* buttons = new QHBoxLayout(m_selection);
     buttons->setContentsMargins(0, 0, 0, 0);
@@ -146,6 +147,42 @@ void Modulat::wireGroups()
     connect(m_pulseGroup, &FoldBox::settled, this, &Modulat::allow_move);
 }
 
+void Modulat::setUpPictures()
+{
+    for (std::size_t i = 0; i < m_groups.size(); ++i)
+        m_parts[i] = {m_groups[i], m_groups[i]->state(), &m_groups[i]->picture()};
+    m_parts.back() = {m_pulseGroup, m_pulseGroup->state(), &m_pulseGroup->picture()};
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* control) { follow(control); });
+    for (const Part& part : m_parts) {
+        // A click need not take the focus.
+        const auto buttons = part.box->findChildren<QPushButton*>();
+        for (const QPushButton* button : buttons)
+            connect(button, &QAbstractButton::clicked, this, [this, button] { follow(button); });
+    }
+}
+
+void Modulat::follow(const QWidget* control)
+{
+    for (std::size_t i = 0; i < m_parts.size(); ++i) {
+        const FoldBox* box = m_parts[i].box;
+        if (i == m_set || !control || (control != box && !box->isAncestorOf(control)))
+            continue;
+        m_set = i;
+        emit pictureChanged();
+        return;
+    }
+}
+
+WaveformPicture* Modulat::activePicture() const
+{
+    if (m_parts[m_set].state->isChecked())
+        return m_parts[m_set].picture;
+    const auto active = std::find_if(m_parts.begin(), m_parts.end(),
+                                     [](const Part& part) { return part.state->isChecked(); });
+    return active == m_parts.end() ? nullptr : active->picture;
+}
+
 ModulationGroup& Modulat::group(Modulation modulation) const
 {
     return *m_groups[static_cast<std::size_t>(modulation)];
@@ -170,6 +207,12 @@ void Modulat::fold(FoldBox& box, bool isExpanded, bool isAnimated)
 {
     box.setExpanded(isExpanded, isAnimated);
     m_isMoving = m_isMoving || box.isMoving();
+    const auto isExpandedPart = [](const Part& part) { return part.box->isExpanded(); };
+    const auto expanded = std::find_if(m_parts.begin(), m_parts.end(), isExpandedPart);
+    if (isExpanded)
+        follow(&box);
+    else if (!m_parts[m_set].box->isExpanded() && expanded != m_parts.end())
+        follow(expanded->box);
 }
 
 void Modulat::expand(Modulation modulation, bool isAnimated)

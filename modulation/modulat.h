@@ -34,6 +34,19 @@ public:
     /// Shows period and width in microseconds, as files hold them.
     void usePulseMicroseconds() { m_pulseGroup->useMicroseconds(); }
 
+    /// AM, FM, PM and the pulse modulation.
+    struct Part {
+        FoldBox* box;
+        QPushButton* state;
+        WaveformPicture* picture;
+    };
+    using Parts = std::array<Part, modulations.size() + 1>;
+    const Parts& parts() const { return m_parts; }
+    /// Of the modulation that is being set, for whoever shows it.
+    WaveformPicture& picture() const { return *m_parts[m_set].picture; }
+    /// The same of one that is switched on; null when none is.
+    WaveformPicture* activePicture() const;
+
     /// Expands one group and collapses the other two.
     void expand(Modulation modulation, bool isAnimated = true);
     void collapse(Modulation modulation, bool isAnimated = true);
@@ -68,6 +81,8 @@ signals:
     void keypadRequested(NumberEdit* field);
     /// The words of the lamps may be others now.
     void lampsChanged();
+    /// Another modulation is being set.
+    void pictureChanged();
 
 protected:
     void retranslate() override;
@@ -80,6 +95,9 @@ private:
     void expandOnly(std::optional<Modulation> modulation, bool isAnimated);
     void fold(FoldBox& box, bool isExpanded, bool isAnimated);
     void showSwitched(Modulation modulation);
+    void setUpPictures();
+    /// The modulation with this control, or with this box, is the one that is being set.
+    void follow(const QWidget* control);
 
     class GroupColumn;
 
@@ -87,5 +105,7 @@ private:
     GroupColumn* m_column;
     std::array<ModulationGroup*, modulations.size()> m_groups{};
     PulseGroup* m_pulseGroup;
+    Parts m_parts{};
+    std::size_t m_set = modulations.size();
     bool m_isMoving = false;
 };

@@ -69,8 +69,9 @@ ModulationGroup::ModulationGroup(Modulation modulation, const FieldContext& cont
               parent),
       m_row(rows[static_cast<int>(modulation)]), m_state(newStateButton(name(), selection)),
       m_summary(addSummary()), m_source(newSourceSwitch(QStringLiteral("IntExt_") + name(), this)),
-      m_dutyCaption(new QLabel(body())), m_picture(new WaveformPicture(body()))
+      m_dutyCaption(new QLabel(body())), m_picture(new WaveformPicture(this))
 {
+    m_picture->hide();
     m_state->setIcon(QIcon(QLatin1String(m_row.image)));
     build(context);
     shapeButton(WaveShape::Sine)->setChecked(true);
@@ -89,15 +90,11 @@ void ModulationGroup::build(const FieldContext& context)
 {
     m_summary->setObjectName(QLatin1String(m_row.labelNames[0]));
     header()->addWidget(m_source);
-    auto* lower = new QHBoxLayout;
     auto* column = new QVBoxLayout(body());
     column->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
     column->setSpacing(panelSpacing);
     column->addLayout(buildShapes());
-    column->addLayout(lower);
-    lower->setSpacing(2 * panelSpacing);
-    lower->addLayout(buildValues(context));
-    lower->addWidget(m_picture, 1);
+    column->addLayout(buildValues(context));
 }
 
 QGridLayout* ModulationGroup::buildShapes()
@@ -202,6 +199,9 @@ void ModulationGroup::refresh()
     QStringList summary;
     if (rateHz > 0.0 && !isExternal())
         summary << readableQuantity(rateHz, Unit::Hertz);
+    const QStringList heading = QStringList(tr(m_row.heading)) + summary;
+    m_picture->setHeading(
+        summaryText(heading + QStringList(readableQuantity(level, m_row.levelUnit))));
     // What nobody has set yet is no setting to be read at a glance.
     if (m_level.field->text() != QLatin1String(m_row.levelText))
         summary << readableQuantity(level, m_row.levelUnit);

@@ -15,7 +15,8 @@ enum class Modulation { Am, Fm, Pm };
 constexpr std::array<Modulation, 3> modulations = {Modulation::Am, Modulation::Fm, Modulation::Pm};
 
 /// The settings of one of AM, FM and PM: source, shape, rate, depth or deviation, duty and their
-/// picture, kept consistent with each other. Makes its state button among others; sends nothing.
+/// picture, kept consistent with each other. Makes its state button among others, and a picture for
+/// whoever shows it; sends nothing.
 class ModulationGroup : public FoldBox
 {
     Q_OBJECT
@@ -36,6 +37,7 @@ public:
     QPushButton* state() const { return m_state; }
     QPushButton* source() const { return m_source; }
     bool isExternal() const;
+    WaveformPicture& picture() const { return *m_picture; }
     const ValueRow& rate() const { return m_rate; }
     /// Depth or deviation.
     const ValueRow& level() const { return m_level; }

@@ -11,7 +11,7 @@
 namespace
 {
 constexpr int captionWidth = 112;
-constexpr int fieldWidth = 112;
+constexpr int leastFieldWidth = 112;
 constexpr int unitWidth = 40;
 constexpr int iconSide = 24;
 constexpr QSize sourcePictureSize(120, 24);
@@ -42,7 +42,7 @@ ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* 
     row.caption->setFocusPolicy(Qt::NoFocus);
     row.field->setObjectName(names.field);
     row.field->setAlignment(Qt::AlignRight);
-    row.field->setFixedWidth(fieldWidth);
+    row.field->setMinimumWidth(leastFieldWidth);
     row.unit->setObjectName(names.unit);
     row.unit->setFixedWidth(unitWidth);
     row.unit->setFocusPolicy(Qt::NoFocus);
@@ -51,6 +51,7 @@ ValueRow addValueRow(QGridLayout* grid, const ValueRowNames& names, NumberEdit* 
     grid->addWidget(row.caption, line, 0);
     grid->addWidget(row.field, line, 1);
     grid->addWidget(row.unit, line, 2);
+    grid->setColumnStretch(1, 1);
     return row;
 }
 

@@ -14,7 +14,6 @@ class QWidget;
 
 // Parts of the modulation panel and the LF generator panel.
 
-constexpr int modulationPanelWidth = 560;
 constexpr int panelSpacing = 8;
 constexpr int sectionMargin = 12;
 

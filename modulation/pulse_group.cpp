@@ -28,8 +28,9 @@ PulseGroup::PulseGroup(const FieldContext& context, QWidget* selection, QWidget*
     : FoldBox(QStringLiteral("PULM_"), QStringLiteral("titlePulse"), parent),
       m_state(newStateButton(QStringLiteral("Pulse"), selection)), m_summary(addSummary()),
       m_source(newSourceSwitch(QStringLiteral("IntExt_PULM"), this)),
-      m_picture(new WaveformPicture(body()))
+      m_picture(new WaveformPicture(this))
 {
+    m_picture->hide();
     m_state->setIcon(QIcon(QStringLiteral(":/images/pulse.png")));
     build(context);
     for (const NumberEdit* field : {m_period.field, m_width.field}) {
@@ -47,7 +48,8 @@ PulseGroup::PulseGroup(const FieldContext& context, QWidget* selection, QWidget*
 void PulseGroup::build(const FieldContext& context)
 {
     header()->addWidget(m_source);
-    auto* values = new QGridLayout;
+    auto* values = new QGridLayout(body());
+    values->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
     values->setSpacing(panelSpacing);
     m_period = addValueRow(
         values,
@@ -61,11 +63,6 @@ void PulseGroup::build(const FieldContext& context)
         unit->setProperty("unitSwitch", true);
         unit->setFocusPolicy(Qt::TabFocus);
     }
-    auto* row = new QHBoxLayout(body());
-    row->setContentsMargins(sectionMargin, 0, sectionMargin, sectionMargin);
-    row->setSpacing(2 * panelSpacing);
-    row->addLayout(values);
-    row->addWidget(m_picture, 1);
 }
 
 bool PulseGroup::isExternal() const
@@ -97,6 +94,7 @@ void PulseGroup::refresh()
     const double widthUs = width().value();
     if (isExternal()) {
         m_picture->showNote(tr("External source"));
+        m_picture->setHeading(tr("Pulse modulation"));
         m_summary->setText(tr("External source"));
         return;
     }
@@ -106,9 +104,11 @@ void PulseGroup::refresh()
     pulses.dutyPercent = periodUs > 0.0 ? 100.0 * widthUs / periodUs : 0.0;
     pulses.high = 1.0;
     m_picture->showWaveform(pulses, Unit::None);
-    m_summary->setText(
-        summaryText({readableQuantity(periodUs * secondsPerMicrosecond, Unit::Second),
-                     readableQuantity(widthUs * secondsPerMicrosecond, Unit::Second)}));
+    QStringList summary = {readableQuantity(periodUs * secondsPerMicrosecond, Unit::Second),
+                           readableQuantity(widthUs * secondsPerMicrosecond, Unit::Second)};
+    m_summary->setText(summaryText(summary));
+    summary.prepend(tr("Pulse modulation"));
+    m_picture->setHeading(summaryText(summary));
 }
 
 void PulseGroup::retranslate()

@@ -6,7 +6,7 @@
 class WaveformPicture;
 
 /// The settings of the pulse modulation: source, period and width of the internal pulses and their
-/// picture. Makes its state button among others; sends nothing.
+/// picture. Makes its state button among others, and a picture for whoever shows it; sends nothing.
 class PulseGroup : public FoldBox
 {
     Q_OBJECT
@@ -18,6 +18,7 @@ public:
     QPushButton* state() const { return m_state; }
     QPushButton* source() const { return m_source; }
     bool isExternal() const;
+    WaveformPicture& picture() const { return *m_picture; }
     const ValueRow& periodRow() const { return m_period; }
     const ValueRow& widthRow() const { return m_width; }
     NumberEdit& period() const { return *m_period.field; }

@@ -12,10 +12,11 @@
 #include <qwt_scale_map.h>
 #include <qwt_scale_widget.h>
 #include <qwt_text.h>
+#include <qwt_text_label.h>
 
 namespace
 {
-constexpr int margin = 4;
+constexpr int margin = 8;
 constexpr double curveWidth = 1.5;
 // What is left free above and below for the line's own width, as a part of the height.
 constexpr double freePart = 0.02;
@@ -75,7 +76,7 @@ WaveformPicture::WaveformPicture(QWidget* parent)
       m_label(new Note)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setContentsMargins(margin / 2, margin, margin, margin);
+    setContentsMargins(margin, margin, margin, margin);
     const int halfLine = QFontMetrics(axisFont(yLeft)).height() / 2;
     axisWidget(yLeft)->setMinBorderDist(halfLine, halfLine);
     // The times stand below the lower half of the lowest level's number.
@@ -87,6 +88,15 @@ WaveformPicture::WaveformPicture(QWidget* parent)
     m_label->attach(this);
     describe();
     recolour();
+}
+
+void WaveformPicture::setHeading(const QString& heading)
+{
+    QwtText text(heading);
+    text.setRenderFlags(Qt::AlignLeft | Qt::AlignVCenter);
+    text.setColor(palette().color(QPalette::WindowText));
+    titleLabel()->setFont(font());
+    setTitle(text);
 }
 
 void WaveformPicture::showWaveform(const Waveform& waveform, Unit levelUnit)
@@ -135,6 +145,7 @@ void WaveformPicture::recolour()
     const QColor muted = palette().color(QPalette::PlaceholderText);
     setColours(palette().color(QPalette::Base), muted);
     m_curve->setPen(palette().color(QPalette::Link), curveWidth);
+    setHeading(title().text());
     QwtText note = m_label->text();
     note.setColor(muted);
     m_label->setText(note);

@@ -15,13 +15,15 @@ class WaveformPicture : public QuantityPlot
 public:
     explicit WaveformPicture(QWidget* parent = nullptr);
 
+    /// What the waveform is of, and its settings in few words; stands above it.
+    void setHeading(const QString& heading);
     /// `levelUnit` None: the levels are only off (low) and on (high).
     void showWaveform(const Waveform& waveform, Unit levelUnit);
     /// Shows words in place of a waveform that is not known or not there.
     void showNote(const QString& note);
 
-    QSize sizeHint() const override { return {200, 72}; }
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize sizeHint() const override { return {560, 280}; }
+    QSize minimumSizeHint() const override { return {200, 120}; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -33,6 +33,11 @@ void ProfileStore::addPanel(QWidget* panel)
     m_panels.emplace_back(panel);
 }
 
+void ProfileStore::addPart(QWidget* panel, QWidget* part)
+{
+    m_parts.emplace_back(panel, part);
+}
+
 void ProfileStore::addVariable(const SharedVariable& variable)
 {
     m_variables.push_back(variable);
@@ -87,6 +92,10 @@ QVector<QWidget*> ProfileStore::ownWidgets(const QWidget& panel) const
 {
     QVector<QWidget*> found;
     collect(panel, found);
+    for (const auto& [owner, part] : m_parts) {
+        if (owner == &panel && part)
+            collect(*part, found);
+    }
     for (const auto& [earlier, later] : m_putBehind) {
         if (found.contains(earlier) && found.removeOne(later))
             found.insert(found.indexOf(earlier) + 1, later);
@@ -99,13 +108,19 @@ void ProfileStore::collect(const QObject& parent, QVector<QWidget*>& found) cons
     for (QObject* child : parent.children()) {
         auto* widget = qobject_cast<QWidget*>(child);
         if (!widget || widget->isWindow() || contains(m_panels, widget) ||
-            contains(m_excluded, widget))
+            contains(m_excluded, widget) || isPart(*widget))
             continue;
         if (isControl(*widget))
             found << widget;
         else
             collect(*widget, found);
     }
+}
+
+bool ProfileStore::isPart(const QWidget& widget) const
+{
+    return std::any_of(m_parts.begin(), m_parts.end(),
+                       [&](const auto& entry) { return entry.second == &widget; });
 }
 
 /// Whether the control has a state to write and a unique name that is valid for an element.

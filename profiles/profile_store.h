@@ -34,6 +34,8 @@ public:
 
     /// Entries are written and replayed in the order in which they were added.
     void addPanel(QWidget* panel);
+    /// The controls of a part of the panel that stands elsewhere; they come last.
+    void addPart(QWidget* panel, QWidget* part);
     void addVariable(const SharedVariable& variable);
     /// Neither writes nor replays a control, nor, if it is a panel, anything in it.
     void exclude(QWidget* control);
@@ -86,10 +88,12 @@ public:
 private:
     QVector<QWidget*> ownWidgets(const QWidget& panel) const;
     void collect(const QObject& parent, QVector<QWidget*>& found) const;
+    bool isPart(const QWidget& widget) const;
     bool isWritable(const QWidget& control) const;
 
     QString m_documentName;
     std::vector<QPointer<QWidget>> m_panels;
+    std::vector<std::pair<QWidget*, QPointer<QWidget>>> m_parts; ///< the panel is compared only
     std::vector<QPointer<QWidget>> m_excluded;
     std::vector<std::pair<QWidget*, QWidget*>> m_putBehind; ///< earlier, later; compared only
     std::vector<SharedVariable> m_variables;

@@ -19,7 +19,6 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QPushButton>
-#include <QScreen>
 #include <QScrollArea>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -29,12 +28,8 @@
 
 namespace
 {
-constexpr int panelWidth = 560;
-/// The height at which the groups need no scrolling, and the least they can do with.
-constexpr int wholeHeight = 640;
+/// The least that the groups can do with.
 constexpr int leastHeight = 320;
-/// What the window and the panel need in addition.
-constexpr int frameHeight = 200;
 constexpr int spacing = 8;
 
 /// As the table shows such numbers.
@@ -54,9 +49,9 @@ PointRows rowsOfRun(const RunPoints& run)
 
 List::List(const FieldContext& context, QWidget* parent)
     : SidePanel(QStringLiteral("List"), parent), m_notices(context.notices),
-      m_sweep(new SweepGroup(context, this)), m_trigger(new TriggerGroup(this)),
-      m_list(new ListGroup(context, *m_trigger, this)), m_plot(new ListPlot(this)),
-      m_files(new ListFileDialogs(&m_list->table()))
+      m_groups(named("list_groups", new QWidget(this))), m_sweep(new SweepGroup(context, this)),
+      m_trigger(new TriggerGroup(this)), m_list(new ListGroup(context, *m_trigger, this)),
+      m_plot(new ListPlot(this)), m_files(new ListFileDialogs(&m_list->table()))
 {
     build();
     wire();
@@ -66,26 +61,25 @@ List::List(const FieldContext& context, QWidget* parent)
 
 void List::build()
 {
-    setFixedWidth(panelWidth);
     auto* scroll = new QScrollArea(this);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     // Otherwise it takes the focus, which a click on a button leaves where it is.
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto* groups = named("list_groups", new QWidget(scroll));
-    scroll->setWidget(groups);
+    scroll->setWidget(m_groups);
     scroll->setMinimumHeight(leastHeight);
     content()->addWidget(scroll, 1);
     growContent();
 
-    auto* column = new QVBoxLayout(groups);
+    auto* column = new QVBoxLayout(m_groups);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing);
     column->addWidget(m_trigger);
     column->addWidget(m_sweep);
-    column->addWidget(m_list, 2);
-    column->addWidget(m_plot, 1);
+    column->addWidget(m_list, 1);
+    column->addStretch(0);
+    m_plot->hide();
     showChosenGroup();
 }
 
@@ -155,12 +149,10 @@ bool List::isListShown() const
     return m_trigger->listShown().isChecked();
 }
 
-QSize List::minimumSizeHint() const
+QSize List::sizeHint() const
 {
-    const QSize least = SidePanel::minimumSizeHint();
-    const int room = screen()->availableGeometry().height() - frameHeight;
-    return {least.width(),
-            least.height() + std::clamp(room, leastHeight, wholeHeight) - leastHeight};
+    const QSize least = minimumSizeHint();
+    return {least.width(), least.height() - leastHeight + m_groups->sizeHint().height()};
 }
 
 QPushButton& List::runSweep() const

@@ -45,6 +45,7 @@ public:
     /// where there is none.
     double sweepTopDbm() const;
     double listTopDbm() const;
+    /// For whoever shows it.
     ListPlot& plot() const { return *m_plot; }
 
     /// Brings back the list of the last time, and lets keepPoints() keep it for the next.
@@ -54,12 +55,12 @@ public:
     /// The instrument did not go to the point that was chosen last: it can be chosen again.
     void forgetChosenPoint();
 
+    /// All of it without scrolling.
+    QSize sizeHint() const override;
+
     /// Bounds the sweep's fields and the table's cells by the limits read from an instrument.
     /// Returns how many numbers had to change.
     int boundByLimits();
-
-    /// As tall as the screen lets everything be seen.
-    QSize minimumSizeHint() const override;
 
 public slots:
     /// Stops a run by a click on its button.
@@ -105,6 +106,7 @@ private:
     bool isManualListRun() const;
 
     Notices& m_notices;
+    QWidget* m_groups;
     SweepGroup* m_sweep;
     TriggerGroup* m_trigger;
     ListGroup* m_list;

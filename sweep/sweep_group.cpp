@@ -20,28 +20,24 @@
 namespace
 {
 constexpr int spacing = 8;
-constexpr int gap = 6;
 constexpr int margin = 12;
-constexpr int labelWidth = 60;
-constexpr int fieldWidth = 120; // 20 GHz in hertz
+constexpr int labelWidth = 112;
 constexpr int keyWidth = 40;
 
 struct Row {
     const char* name;
     Quantity quantity;        ///< in a sweep over frequency
     Quantity quantityOfPower; ///< in a sweep over power
-    int line;
-    int column;
     const char* text;
 };
 
 using Q = Quantity;
 constexpr std::array<Row, 5> rows = {{
-    {"Freq_Pow", Q::SweepFixedPower, Q::SweepFixedFrequency, 0, 0, "0"},
-    {"Start", Q::SweepStartFrequency, Q::SweepStartPower, 1, 0, "25 000 000"},
-    {"Stop", Q::SweepStopFrequency, Q::SweepStopPower, 1, 1, "1 000 000 000"},
-    {"Step", Q::SweepPoints, Q::SweepPoints, 2, 0, "100"},
-    {"Time", Q::SweepDwell, Q::SweepDwell, 2, 1, "1 000"},
+    {"Freq_Pow", Q::SweepFixedPower, Q::SweepFixedFrequency, "0"},
+    {"Start", Q::SweepStartFrequency, Q::SweepStartPower, "25 000 000"},
+    {"Stop", Q::SweepStopFrequency, Q::SweepStopPower, "1 000 000 000"},
+    {"Step", Q::SweepPoints, Q::SweepPoints, "100"},
+    {"Time", Q::SweepDwell, Q::SweepDwell, "1 000"},
 }};
 /// Those whose quantity depends on the mode.
 constexpr std::size_t modeRowCount = 3;
@@ -85,11 +81,8 @@ void SweepGroup::build(const FieldContext& context)
 
 QGridLayout* SweepGroup::buildFields(const FieldContext& context)
 {
-    constexpr int cellsOfRow = 4; // the last one parts the two columns
     auto* grid = new QGridLayout;
-    grid->setVerticalSpacing(spacing);
-    grid->setHorizontalSpacing(gap);
-    grid->setColumnStretch(cellsOfRow - 1, 1);
+    grid->setSpacing(spacing);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
         const QString name = QLatin1String(row.name);
@@ -102,17 +95,16 @@ QGridLayout* SweepGroup::buildFields(const FieldContext& context)
         made.label->setBuddy(made.field);
         made.field->setObjectName(name);
         made.field->setAlignment(Qt::AlignRight);
-        made.field->setFixedWidth(fieldWidth);
         made.key->setObjectName(QStringLiteral("key_") + name);
         made.key->setProperty("valueUnit", true);
         made.key->setFixedWidth(keyWidth);
         // A click must not take the focus from a field, which would commit what is half typed; Tab
         // goes from field to field.
         made.key->setFocusPolicy(Qt::NoFocus);
-        const int first = row.column * cellsOfRow;
-        grid->addWidget(made.label, row.line, first);
-        grid->addWidget(made.field, row.line, first + 1);
-        grid->addWidget(made.key, row.line, first + 2);
+        const int line = static_cast<int>(i);
+        grid->addWidget(made.label, line, 0);
+        grid->addWidget(made.field, line, 1);
+        grid->addWidget(made.key, line, 2);
     }
     return grid;
 }

@@ -9,7 +9,8 @@
 
 namespace
 {
-constexpr int panelWidth = 440;
+// With the output beside it the window fits a screen of 1366 pixels.
+constexpr int panelWidth = 528;
 constexpr int margin = 16;
 constexpr int spacing = 8;
 } // namespace

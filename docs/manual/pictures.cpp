@@ -107,7 +107,7 @@ void Photographer::savePanels() const
     saveKeypad();
     click("open_gener");
     click("sine_select");
-    save(get<QWidget>("generator"), "lf-generator");
+    save(&m_window, "lf-generator");
     click("sine_select");
     click("open_gener");
 
@@ -126,7 +126,7 @@ void Photographer::saveRuns() const
     enter("List", "Step", QStringLiteral("21"));
     enter("List", "Time", QStringLiteral("400m"));
     click("button_Sweep");
-    save(get<QWidget>("List"), "sweep");
+    save(&m_window, "sweep");
     click("button_Sweep");
     click("List_is_Checked");
     click("generate_List");

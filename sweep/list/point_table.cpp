@@ -17,7 +17,8 @@
 
 namespace
 {
-constexpr int lineHeight = 26;
+constexpr int lineHeight = 22;
+constexpr int rowsInView = 14;
 constexpr int undoSteps = 100;
 constexpr std::size_t undoBytes = std::size_t{64} * 1024 * 1024;
 
@@ -97,6 +98,13 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     connect(model(), &QAbstractItemModel::rowsInserted, this, &PointTable::foreignRowsChanged);
     connect(model(), &QAbstractItemModel::rowsRemoved, this, &PointTable::foreignRowsChanged);
     retranslate();
+}
+
+QSize PointTable::sizeHint() const
+{
+    const int frames = 2 * frameWidth();
+    return {QTableWidget::sizeHint().width(),
+            horizontalHeader()->sizeHint().height() + rowsInView * lineHeight + frames};
 }
 
 QString PointTable::enteredText(const QString& typed, int column, const InstrumentLimits& limits)

@@ -75,6 +75,9 @@ public:
 
     void retranslate();
 
+    /// Fourteen rows.
+    QSize sizeHint() const override;
+
 signals:
     /// The texts of one or many cells have changed, for whatever reason.
     void pointsChanged();

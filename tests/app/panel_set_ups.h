@@ -17,7 +17,7 @@ inline const SetUp setUps[] = {
      "Modulat/line_Ampl_2=37.5 Modulat/percentLine_Ampl=30 Modulat/Pulse Modulat/line_period=700 "
      "Modulat/line_width=600 Modulat/SawPos_FREQ Modulat/SawNeg_Phase List/List_is_Checked "
      "List/int_select List/trigMode List/modeFront List/power_toFrom_freq List/Freq_Pow=3G "
-     "List/Start=-15 List/Stop=5 List/Step=7 List/Time=2m List/logarithmicFrequency"},
+     "List/Start=-15 List/Stop=5 List/Step=7 List/Time=2m MainWindow/logarithmicFrequency"},
     {"FM, external",
      "MainWindow/FREQ=2.5G MainWindow/POW=3 Modulat/FM Modulat/SawNeg_FREQ "
      "Modulat/line_FREQ_1=4000 "

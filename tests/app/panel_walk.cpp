@@ -2,6 +2,7 @@
 
 #include "sweep/picture/list_plot.h"
 #include "ui/eliding_label.h"
+#include "ui/side_panel.h"
 #include "ui/theme.h"
 
 #include <QAbstractButton>
@@ -30,6 +31,8 @@ constexpr int lineEditMargin = 2;
 /// Between a button's icon and its text.
 constexpr int iconGap = 4;
 constexpr int ringPixels = 2;
+/// 1366 by 768 without the task bar and the shadow.
+constexpr QSize leastScreen(1350, 720);
 
 QString idOf(const QWidget& widget)
 {
@@ -289,6 +292,21 @@ QStringList clippedTexts(const QWidget& window)
         if (const auto* table = qobject_cast<const QTableView*>(widget))
             faults += clippedSections(*table->horizontalHeader()) +
                       clippedSections(*table->verticalHeader()) + clippedCells(*table);
+    }
+    return faults;
+}
+
+QStringList tooLarge(const QWidget& window)
+{
+    QStringList faults;
+    const QSize least = window.minimumSizeHint();
+    if (least.width() > leastScreen.width())
+        faults << QStringLiteral("too wide: %1").arg(least.width());
+    const auto panels = window.findChildren<SidePanel*>();
+    for (const SidePanel* panel : panels) {
+        const int height = window.height() - panel->height() + panel->minimumSizeHint().height();
+        if (panel->isVisible() && height > leastScreen.height())
+            faults << QStringLiteral("too tall: %1").arg(height);
     }
     return faults;
 }

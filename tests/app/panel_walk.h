@@ -13,6 +13,9 @@ QStringList unnamedControls(const QWidget& window);
 /// Texts of labels, buttons, fields, headers and cells that do not fit where they stand.
 QStringList clippedTexts(const QWidget& window);
 
+/// A window, and a side panel in it, that need more than the least screen has beside its task bar.
+QStringList tooLarge(const QWidget& window);
+
 /// Visible widgets of one parent that lie on each other.
 QStringList overlaps(const QWidget& window);
 

@@ -23,6 +23,8 @@ private slots:
         beginAnew();
         const Content defaults = contentOf(stateBytes());
         QVERIFY(defaults.size() > 80);
+        // It stands beside its picture, and is still a setting of the list panel.
+        QVERIFY(defaults.contains("List/logarithmicFrequency"));
         QStringList untouched = defaults.keys();
         for (const SetUp& setUp : setUps) {
             beginAnew();

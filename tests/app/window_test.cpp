@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QStackedWidget>
 #include <QTableWidget>
 
 namespace
@@ -212,6 +213,48 @@ private slots:
         QVERIFY(!m_rig->window().isVisible());
     }
 
+    void thePictureIsOfWhatVaries_data()
+    {
+        testColumns<QString, QString>("clicks", "words"); // how they begin
+        const auto row = [](const char* clicks, const char* words) {
+            testRow(clicks, clicks, words);
+        };
+        row("", "");
+        row("open_mod", "Pulses");
+        row("open_mod AM", "Sine, 1 kHz");
+        row("open_mod AM open_mod", "Sine, 1 kHz");
+        row("open_mod AM profiles", "Sine, 1 kHz");
+        row("open_mod AM open_gener", "Sine, 10 kHz"); // a press on what has the focus
+        row("open_mod AM AM open_mod", "");
+        row("open_mod AM Pulse open_mod", "Pulses");
+        row("open_mod AM Pulse Pulse open_mod", "Sine, 1 kHz");
+        row("open_gener sine_select open_gener", "Sine, 10 kHz");
+        row("open_list service", "");
+        row("open_list button_Sweep service", "Sweep of 100 points");
+        row("open_list button_Sweep open_mod", "Pulses");
+        row("open_list button_Sweep open_list stop_run", "");
+    }
+
+    /// That of the open panel, else of what is on; and nothing that is there moves for it.
+    void thePictureIsOfWhatVaries()
+    {
+        QFETCH(QString, clicks);
+        QFETCH(QString, words);
+        beginConnected();
+        const QMap<QString, QPoint> places = placesOfControls();
+        for (const QString& name : clicks.split(' ', Qt::SkipEmptyParts)) {
+            m_rig->openPanel(qPrintable(name));
+            const QMap<QString, QPoint> now = placesOfControls();
+            for (const QString& control : places.keys())
+                QVERIFY2(now.value(control) == places[control], qPrintable(control));
+        }
+        const auto& pictures = m_rig->get<QStackedWidget>("pictures");
+        QCOMPARE(pictures.isVisible(), !words.isEmpty());
+        QTRY_VERIFY2(words.isEmpty() ||
+                         pictures.currentWidget()->accessibleDescription().startsWith(words),
+                     qPrintable(pictures.currentWidget()->accessibleDescription()));
+    }
+
     void aClosedPanelEndsWriting_data() { testNames("button", {"service", "open_mod"}); }
 
     void aClosedPanelEndsWriting()
@@ -278,6 +321,19 @@ private:
     {
         begin();
         QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+    }
+
+    /// In the window, of the buttons and fields beside the panels.
+    QMap<QString, QPoint> placesOfControls()
+    {
+        QMap<QString, QPoint> places;
+        const auto controls = m_rig->get("controls").findChildren<QWidget*>();
+        for (const QWidget* control : controls) {
+            const bool isPressed = qobject_cast<const QAbstractButton*>(control) != nullptr;
+            if (control->isVisible() && (isPressed || qobject_cast<const QLineEdit*>(control)))
+                places[control->objectName()] = control->mapTo(&m_rig->window(), QPoint());
+        }
+        return places;
     }
 
     QString opened()

@@ -162,6 +162,37 @@ private slots:
         QVERIFY(field->isVisible() || !field->hasFocus());
     }
 
+    void thePictureIsOfWhatIsSet_data()
+    {
+        testColumns<QString, QString>("clicks", "heading");
+        const auto row = [](const char* clicks, const char* heading) {
+            testRow(clicks, clicks, heading);
+        };
+        const char* const pulses = "Pulse modulation  \u00b7  1 ms  \u00b7  1 µs";
+        row("", pulses);
+        row("AM", "Amplitude modulation  \u00b7  1 kHz  \u00b7  1 %");
+        row("AM line_period", pulses);
+        row("AM Pulse", pulses);
+        row("AM AM", pulses);
+        row("AM line_period line_Ampl_2", "Amplitude modulation  \u00b7  1 kHz  \u00b7  1 %");
+        row("titlePM Random_Phase", "Phase modulation  \u00b7  1 mrad");
+        row("titlePM titlePM", pulses);
+        row("AM IntExt_PULM", "Pulse modulation");
+        row("PM IntExt_FM titlePulse titlePulse", pulses);
+    }
+    void thePictureIsOfWhatIsSet()
+    {
+        QFETCH(QString, clicks);
+        for (const QString& name : clicks.split(' ', Qt::SkipEmptyParts)) {
+            auto* widget = m_rig->get<QWidget>(name);
+            if (qobject_cast<QLineEdit*>(widget))
+                widget->setFocus();
+            else
+                QTest::mouseClick(widget, Qt::LeftButton);
+        }
+        QTEST(m_rig->panel.picture().title().text(), "heading");
+    }
+
     void externalPulsesDisablePeriodAndWidth()
     {
         const QString settings = "line_period line_width us_per us_wid pulse_period";

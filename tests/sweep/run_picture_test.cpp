@@ -14,6 +14,7 @@ private slots:
     void init()
     {
         m_rig = std::make_unique<SweepRig>(1);
+        m_rig->panel.plot().show();
         m_picture = std::make_unique<RunPicture>(m_rig->panel, m_rig->power);
         m_picture->follow(m_rig->sweep, m_rig->triggers);
         m_rig->setSweep({"0", "2 000 000", "1 000 000", "5", "1 000 000"});
