@@ -14,6 +14,7 @@
 #include "app/simulator_switch.h"
 #include "app/status_line.h"
 #include "app/window_menu.h"
+#include "app/window_place.h"
 #include "connection/connection_obstacle.h"
 #include "connection/instrument_source.h"
 #include "cw/power_mode.h"
@@ -115,7 +116,8 @@ void MainWindow::setUpPanels()
     m_about = new Form(this);
     m_keypad = new Keypad(m_context, this);
 
-    m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer);
+    m_place = new WindowPlace(this);
+    m_sidePanels = std::make_unique<SidePanels>(this, m_ui->drawer, *m_place);
     m_escapeOrder = std::make_unique<EscapeOrder>();
     addPanel(m_modulation, m_ui->open_mod, &MainWindow::closeFromModulation);
     addPanel(m_list, m_ui->open_list, &MainWindow::closeFromList);
@@ -191,8 +193,10 @@ void MainWindow::setUpPush()
 
 void MainWindow::loadSettings()
 {
-    if (!m_options.isClean)
+    if (!m_options.isClean) {
         m_steps.attach(&m_settings);
+        m_place->keepIn(m_settings);
+    }
     m_connection.setAllowedSerials(m_settings.allowedSerials());
     if (const StatusWords complaint = m_settings.complaint())
         m_notices.say(complaint);

@@ -50,6 +50,7 @@ class ScpiLog;
 class SimulatorSwitch;
 class StatusLine;
 class WindowMenu;
+class WindowPlace;
 
 namespace Ui
 {
@@ -190,6 +191,7 @@ private:
     Form* m_about = nullptr;
     ScpiLog* m_log = nullptr;
     WindowMenu* m_menu = nullptr;
+    WindowPlace* m_place = nullptr;
     Keypad* m_keypad = nullptr;
     Modulat* m_modulation = nullptr;
     List* m_list = nullptr;

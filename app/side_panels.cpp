@@ -1,5 +1,6 @@
 #include "app/side_panels.h"
 
+#include "app/window_place.h"
 #include "ui/reading_order.h"
 
 #include <QAbstractButton>
@@ -45,10 +46,9 @@ QPropertyAnimation* slide(QWidget* widget, const char* name, const QVariant& tar
 
 bool SidePanels::s_moving = false;
 
-SidePanels::SidePanels(QWidget* window, QWidget* drawer)
-    : QObject(window), m_window(window), m_drawer(drawer)
+SidePanels::SidePanels(QWidget* window, QWidget* drawer, WindowPlace& place)
+    : QObject(window), m_window(window), m_drawer(drawer), m_place(place)
 {
-    window->layout()->setSizeConstraint(QLayout::SetFixedSize);
     drawer->installEventFilter(this);
 }
 
@@ -101,7 +101,10 @@ void SidePanels::change(QWidget* next)
     if (!leaving)
         m_focusBefore = m_window->focusWidget();
     showTogglesState();
+    m_place.hold();
     emit currentChanged();
+    // What else the change brings counts when the panel looks for its room.
+    growWindow();
     if (leaving)
         slideOut(leaving, next);
     else
@@ -118,6 +121,7 @@ void SidePanels::slideIn(QWidget* panel)
     panel->raise();
     focusFirstIn(*panel);
     animate(panel, QPoint(gap, 0), size + QSize(gap, 0), true, [this, panel] {
+        m_place.settle(true);
         emit opened(panel);
         // What had the focus may have been disabled meanwhile.
         if (m_current == panel && !m_window->focusWidget())
@@ -136,8 +140,10 @@ void SidePanels::slideOut(QWidget* panel, QWidget* next)
         panel->hide();
         if (next)
             slideIn(next);
-        else
+        else {
+            m_place.settle(false);
             emit allMoved();
+        }
     });
 }
 
@@ -150,7 +156,8 @@ void SidePanels::animate(QWidget* panel, const QPoint& target, const QSize& draw
     // The window follows within the same step: what is beside the drawer is never squeezed.
     connect(drawer, &QVariantAnimation::valueChanged, this, &SidePanels::growWindow);
     group->addAnimation(drawer);
-    const QPoint windowPos = windowTarget(drawerSize);
+    const QPoint windowPos =
+        drawerSize.isNull() ? m_place.home() : m_place.placeFor(drawerSize - m_drawer->size());
     if (windowPos != m_window->pos())
         group->addAnimation(slide(m_window, "pos", windowPos, in));
     connect(group, &QAbstractAnimation::finished, group, &QObject::deleteLater);
@@ -165,33 +172,9 @@ void SidePanels::growWindow()
         if (widget->layout())
             widget->layout()->activate();
         if (widget == m_window)
-            return;
+            break;
     }
-}
-
-/// Where the window has to stand so that it stays on the screen at its coming size, and back home
-/// once the drawer is shut, unless the user has moved it in between.
-QPoint SidePanels::windowTarget(const QSize& drawerSize)
-{
-    const QPoint here = m_window->pos();
-    if (here != m_shiftedTo)
-        m_shift = QPoint();
-    if (drawerSize.isNull()) {
-        m_shiftedTo = here + m_shift;
-        const QPoint home = here + m_shift;
-        m_shift = QPoint();
-        return home;
-    }
-    const QRect screen = m_window->screen()->availableGeometry();
-    const QSize growth = (drawerSize - m_drawer->size()).expandedTo(QSize(0, 0));
-    const QPoint overhang =
-        QRect(here, m_window->frameSize() + growth).bottomRight() - screen.bottomRight();
-    const QPoint room = here - screen.topLeft();
-    const QPoint shift(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
-                       std::clamp(overhang.y(), 0, std::max(room.y(), 0)));
-    m_shift += shift;
-    m_shiftedTo = here - shift;
-    return m_shiftedTo;
+    m_place.fit();
 }
 
 void SidePanels::showTogglesState()

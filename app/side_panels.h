@@ -11,6 +11,7 @@
 class QAbstractButton;
 class QParallelAnimationGroup;
 class QWidget;
+class WindowPlace;
 
 /// Slides the side panels in and out of the drawer, at most one open at a time, and grows the
 /// window with it. A panel takes the focus when it opens and gives it back when it closes. What a
@@ -20,9 +21,9 @@ class SidePanels : public QObject
     Q_OBJECT
 
 public:
-    /// `drawer` is an empty widget of `window`'s layout; the window is from now on as large as its
-    /// contents. Belongs to the window.
-    SidePanels(QWidget* window, QWidget* drawer);
+    /// `drawer` is an empty widget of `window`'s layout, `place` is the window's, too. Belongs to
+    /// the window.
+    SidePanels(QWidget* window, QWidget* drawer, WindowPlace& place);
     ~SidePanels() override;
 
     /// Takes a panel into the drawer, closed; `toggle` will always show whether it is open.
@@ -64,7 +65,6 @@ private:
     void slideOut(QWidget* panel, QWidget* next);
     void animate(QWidget* panel, const QPoint& target, const QSize& drawerSize, bool in,
                  const std::function<void()>& finished);
-    QPoint windowTarget(const QSize& drawerSize);
     void showTogglesState();
     void focusFirstIn(QWidget& panel);
     void takeFocusFrom(QWidget* panel);
@@ -73,10 +73,9 @@ private:
 
     QWidget* m_window;
     QWidget* m_drawer;
+    WindowPlace& m_place;
     std::vector<Entry> m_entries;
     QPointer<QWidget> m_current;
     QPointer<QWidget> m_focusBefore; ///< had the focus before any panel was open
     QPointer<QParallelAnimationGroup> m_running;
-    QPoint m_shift;
-    QPoint m_shiftedTo;
 };

@@ -39,6 +39,7 @@ service::service(const FieldContext& context, QWidget* parent)
     rows->addWidget(buildDac(context));
     rows->addWidget(buildTable(), 1);
     content()->addWidget(m_controls, 1);
+    growContent();
 
     m_hint = named("label", new QLabel(this));
     m_hint->setProperty("sectionSummary", true);

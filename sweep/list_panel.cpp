@@ -49,9 +49,9 @@ PointRows rowsOfRun(const RunPoints& run)
 
 List::List(const FieldContext& context, QWidget* parent)
     : SidePanel(QStringLiteral("List"), parent), m_notices(context.notices),
-      m_groups(named("list_groups", new QWidget(this))), m_sweep(new SweepGroup(context, this)),
-      m_trigger(new TriggerGroup(this)), m_list(new ListGroup(context, *m_trigger, this)),
-      m_plot(new ListPlot(this)), m_files(new ListFileDialogs(&m_list->table()))
+      m_sweep(new SweepGroup(context, this)), m_trigger(new TriggerGroup(this)),
+      m_list(new ListGroup(context, *m_trigger, this)), m_plot(new ListPlot(this)),
+      m_files(new ListFileDialogs(&m_list->table()))
 {
     build();
     wire();
@@ -67,12 +67,13 @@ void List::build()
     // Otherwise it takes the focus, which a click on a button leaves where it is.
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroll->setWidget(m_groups);
+    auto* groups = named("list_groups", new QWidget(scroll));
+    scroll->setWidget(groups);
     scroll->setMinimumHeight(leastHeight);
     content()->addWidget(scroll, 1);
     growContent();
 
-    auto* column = new QVBoxLayout(m_groups);
+    auto* column = new QVBoxLayout(groups);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(spacing);
     column->addWidget(m_trigger);
@@ -152,7 +153,9 @@ bool List::isListShown() const
 QSize List::sizeHint() const
 {
     const QSize least = minimumSizeHint();
-    return {least.width(), least.height() - leastHeight + m_groups->sizeHint().height()};
+    const int groups = m_trigger->sizeHint().height() + spacing +
+                       std::max(m_sweep->sizeHint().height(), m_list->sizeHint().height());
+    return {least.width(), least.height() - leastHeight + groups};
 }
 
 QPushButton& List::runSweep() const

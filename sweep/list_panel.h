@@ -55,7 +55,7 @@ public:
     /// The instrument did not go to the point that was chosen last: it can be chosen again.
     void forgetChosenPoint();
 
-    /// All of it without scrolling.
+    /// Sweep as well as list without scrolling.
     QSize sizeHint() const override;
 
     /// Bounds the sweep's fields and the table's cells by the limits read from an instrument.
@@ -106,7 +106,6 @@ private:
     bool isManualListRun() const;
 
     Notices& m_notices;
-    QWidget* m_groups;
     SweepGroup* m_sweep;
     TriggerGroup* m_trigger;
     ListGroup* m_list;

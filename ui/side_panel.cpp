@@ -12,6 +12,8 @@ namespace
 // With the output beside it the window fits a screen of 1366 pixels.
 constexpr int panelWidth = 528;
 constexpr int margin = 16;
+constexpr int topMargin = 8;
+constexpr int bottomMargin = 12;
 constexpr int spacing = 8;
 } // namespace
 
@@ -33,7 +35,7 @@ SidePanel::SidePanel(const QString& objectName, QWidget* parent)
     header->addWidget(m_title, 1);
     header->addWidget(m_close);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
+    column->setContentsMargins(margin, topMargin, margin, bottomMargin);
     column->setSpacing(spacing);
     column->addLayout(header);
     column->addLayout(m_content);

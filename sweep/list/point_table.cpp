@@ -17,7 +17,7 @@
 
 namespace
 {
-constexpr int lineHeight = 22;
+constexpr int lineHeight = 20;
 constexpr int rowsInView = 14;
 constexpr int undoSteps = 100;
 constexpr std::size_t undoBytes = std::size_t{64} * 1024 * 1024;

@@ -92,6 +92,8 @@ const Surface surfaces[] = {
      [](PanelRig& rig, Demo&) { rig.get<QLineEdit>("Time").setText("1 000 000"); }},
     {"modulation with its panel closed", "open_mod Pulse open_mod"},
     {"list", "open_list List_is_Checked int_select", "MainWindow", "", fillList},
+    {"list that runs", "connected open_list List_is_Checked button_List", "MainWindow", "",
+     fillList},
     {"list by hand", "open_list List_is_Checked time_select"},
     {"profiles", "profiles rename_1", "MainWindow", "", saveProfiles},
     {"profile that differs", "profiles", "MainWindow", "",

@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QStackedWidget>
 #include <QTableWidget>
+#include <QWindow>
 
 namespace
 {
@@ -253,6 +254,27 @@ private slots:
         QTRY_VERIFY2(words.isEmpty() ||
                          pictures.currentWidget()->accessibleDescription().startsWith(words),
                      qPrintable(pictures.currentWidget()->accessibleDescription()));
+    }
+
+    /// In a larger window the picture and the list's table have more room, the controls have not.
+    void aLargerWindowShowsMore()
+    {
+        begin();
+        m_rig->openPanel("open_list");
+        m_rig->clickAll("List_is_Checked");
+        QWidget& window = m_rig->window();
+        const auto& table = m_rig->get<QTableWidget>("table_List");
+        const auto& picture = m_rig->get("plot_List");
+        QCoreApplication::processEvents();
+        const QMap<QString, QPoint> places = placesOfControls();
+        const QSize pictureBefore = picture.size();
+        const int tableBefore = table.height();
+        const QSize size = window.size() + QSize(100, 80);
+        window.windowHandle()->resize(size);
+        QTRY_COMPARE(window.size(), size);
+        QTRY_COMPARE(picture.size(), pictureBefore + QSize(100, 80));
+        QTRY_COMPARE(table.height(), tableBefore + 80);
+        QCOMPARE(placesOfControls(), places);
     }
 
     void aClosedPanelEndsWriting_data() { testNames("button", {"service", "open_mod"}); }

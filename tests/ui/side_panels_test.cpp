@@ -1,4 +1,5 @@
 #include "app/side_panels.h"
+#include "app/window_place.h"
 #include "tests/support/rows.h"
 
 #include <QAbstractAnimation>
@@ -7,6 +8,9 @@
 #include <QMainWindow>
 #include <QPushButton>
 #include <QScreen>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QWindow>
 #include <QtTest>
 
 #include <memory>
@@ -19,7 +23,7 @@ constexpr int windowHeight = 160;
 
 /// A window with a field, a drawer and two panels, wired as the program's window is.
 struct Bench {
-    Bench()
+    explicit Bench(QSettings* settings = nullptr)
     {
         auto* central = new QWidget;
         central->setMinimumHeight(windowHeight);
@@ -29,7 +33,8 @@ struct Bench {
         drawer->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
         for (QWidget* widget : std::initializer_list<QWidget*>{field, toggleA, toggleB, drawer})
             row->addWidget(widget);
-        panels = new SidePanels(window.get(), drawer);
+        place = new WindowPlace(window.get());
+        panels = new SidePanels(window.get(), drawer, *place);
         addPanel(panelA, toggleA);
         addPanel(panelB, toggleB);
         QObject::connect(panels, &SidePanels::allMoved, window.get(), [this] {
@@ -37,6 +42,8 @@ struct Bench {
                 SidePanels::setMoving(false);
         });
         window->move(0, 0);
+        if (settings)
+            place->keepIn(*settings);
         window->show();
         QCoreApplication::processEvents();
     }
@@ -64,6 +71,7 @@ struct Bench {
     QWidget* drawer = new QWidget;
     QPushButton* toggleA = new QPushButton;
     QPushButton* toggleB = new QPushButton;
+    WindowPlace* place = nullptr;
     SidePanels* panels = nullptr;
     QWidget* panelA = new QWidget;
     QWidget* panelB = new QWidget;
@@ -105,6 +113,44 @@ private slots:
         QVERIFY(bench.panelA->isHidden());
         QTRY_COMPARE(bench.window->size(), closedSize);
         QTRY_VERIFY(bench.panels->findChildren<QAbstractAnimation*>().isEmpty());
+    }
+
+    /// With a panel and without, and when the program is started again.
+    void theUsersSizesAndPlaceAreKept()
+    {
+        const QTemporaryDir folder;
+        QSettings settings(folder.filePath("settings.ini"), QSettings::IniFormat);
+        QSize closed;
+        QSize open;
+        {
+            Bench bench(&settings);
+            closed = makeLarger(bench, {40, 60});
+            bench.move(bench.toggleA);
+            QTRY_VERIFY(bench.window->width() > panelWidth + gap);
+            QTRY_VERIFY(bench.window->height() < closed.height());
+            open = makeLarger(bench, {20, 30});
+            bench.move(bench.toggleB);
+            QTRY_COMPARE(bench.window->size(), open);
+            bench.move(bench.toggleB);
+            QTRY_COMPARE(bench.window->size(), closed);
+            // Not what the program itself has asked for, nor all of the screen.
+            bench.window->centralWidget()->setMinimumHeight(2 * closed.height());
+            QTRY_VERIFY(bench.window->height() >= 2 * closed.height());
+            bench.window->centralWidget()->setMinimumHeight(windowHeight);
+            QTRY_COMPARE(bench.window->size(), closed);
+            bench.window->move(30, 50);
+            bench.window->close();
+        }
+        Bench bench(&settings);
+        QTRY_COMPARE(bench.window->size(), closed);
+        QCOMPARE(bench.window->pos(), QPoint(30, 50));
+        bench.move(bench.toggleA);
+        QTRY_COMPARE(bench.window->size(), open);
+        bench.window->close();
+        // A screen that is gone takes no window with it.
+        settings.setValue("Window/place", QPoint(30000, 30000));
+        const Bench again(&settings);
+        QCOMPARE(again.window->pos(), QPoint(0, 0));
     }
 
     void anotherPanelWaitsForTheOpenOne()
@@ -225,6 +271,16 @@ private slots:
         bench.toggleB->setFocus();
         bench.move(bench.toggleA);
         QCOMPARE(focus(), bench.toggleB);
+    }
+
+private:
+    /// As the user does by hand. Returns the new size.
+    static QSize makeLarger(Bench& bench, const QSize& growth)
+    {
+        const QSize size = bench.window->size() + growth;
+        bench.window->windowHandle()->resize(size);
+        (void)QTest::qWaitFor([&] { return bench.window->size() == size; });
+        return size;
     }
 };
 

@@ -1,0 +1,139 @@
+#include "app/window_place.h"
+
+#include <QGuiApplication>
+#include <QLayout>
+#include <QMainWindow>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QSettings>
+#include <QSizeGrip>
+
+#include <algorithm>
+
+namespace
+{
+const QString placeKey = QStringLiteral("Window/place");
+const char* const sizeKeys[] = {"Window/size", "Window/size_with_panel"};
+/// What of the title has to be on a screen, from the corner of the window.
+constexpr QPoint grip(64, 24);
+/// Within the round corner, and together no more than the margin beside the status line.
+constexpr int gripInset = 3;
+constexpr int gripSize = 13;
+} // namespace
+
+WindowPlace::WindowPlace(QMainWindow* window)
+    : QObject(window), m_window(*window), m_grip(new QSizeGrip(window->centralWidget()))
+{
+    m_grip->setObjectName(QStringLiteral("size_grip"));
+    m_grip->resize(gripSize, gripSize);
+    window->layout()->setSizeConstraint(QLayout::SetMinimumSize);
+    window->installEventFilter(this);
+}
+
+void WindowPlace::keepIn(QSettings& settings)
+{
+    m_settings = &settings;
+    for (std::size_t i = 0; i < m_sizes.size(); ++i)
+        m_sizes[i] = settings.value(QLatin1String(sizeKeys[i])).toSize();
+    const QVariant place = settings.value(placeKey);
+    // The screen may be gone.
+    if (place.isValid() && QGuiApplication::screenAt(place.toPoint() + grip))
+        m_window.move(place.toPoint());
+}
+
+void WindowPlace::save()
+{
+    for (std::size_t i = 0; i < m_sizes.size(); ++i) {
+        if (m_sizes[i].isValid())
+            m_settings->setValue(QLatin1String(sizeKeys[i]), m_sizes[i]);
+    }
+    if (isFree())
+        m_settings->setValue(placeKey, home());
+}
+
+/// Neither the desktop nor the user has given the window all of the screen.
+bool WindowPlace::isFree() const
+{
+    return !m_window.isMaximized() && !m_window.isFullScreen();
+}
+
+void WindowPlace::fit()
+{
+    if (!isFree())
+        return;
+    const QSize screen = m_window.screen()->availableSize();
+    const QSize wanted = m_sizes[m_isPanelOpen ? 1 : 0].boundedTo(screen);
+    const QSize size = m_window.minimumSizeHint().expandedTo(wanted);
+    if (size == m_window.size())
+        return;
+    m_asked << size;
+    m_window.resize(size);
+}
+
+void WindowPlace::hold()
+{
+    m_isHeld = true;
+    m_asked.clear();
+}
+
+/// The user has given the window this size, or the desktop in the user's name.
+void WindowPlace::take(const QSize& size)
+{
+    if (m_isHeld || !isFree() || m_asked.contains(size))
+        return;
+    m_asked.clear();
+    m_sizes[m_isPanelOpen ? 1 : 0] = size;
+}
+
+void WindowPlace::settle(bool isPanelOpen)
+{
+    m_isHeld = false;
+    m_isPanelOpen = isPanelOpen;
+    fit();
+}
+
+QPoint WindowPlace::home()
+{
+    if (m_window.pos() != m_shiftedTo)
+        m_shift = QPoint();
+    return m_window.pos() + m_shift;
+}
+
+QPoint WindowPlace::placeFor(const QSize& growth)
+{
+    const QPoint here = m_window.pos();
+    const QPoint homeBefore = home();
+    const QRect screen = m_window.screen()->availableGeometry();
+    const QSize size = (m_window.frameSize() + growth.expandedTo(QSize(0, 0)))
+                           .expandedTo(m_sizes.back().boundedTo(screen.size()));
+    const QPoint overhang = QRect(here, size).bottomRight() - screen.bottomRight();
+    const QPoint room = here - screen.topLeft();
+    m_shiftedTo = here - QPoint(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
+                                std::clamp(overhang.y(), 0, std::max(room.y(), 0)));
+    m_shift = homeBefore - m_shiftedTo;
+    return m_shiftedTo;
+}
+
+bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Resize:
+        m_grip->move(m_window.rect().bottomRight() - m_grip->rect().bottomRight() -
+                     QPoint(gripInset, gripInset));
+        if (event->spontaneous())
+            take(static_cast<QResizeEvent*>(event)->size());
+        break;
+    case QEvent::Show:
+    case QEvent::LayoutRequest:
+        if (!m_isHeld)
+            fit();
+        break;
+    case QEvent::Close:
+        if (m_settings)
+            save();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
