@@ -42,6 +42,7 @@
 
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     : QMainWindow(parent), m_options(options), m_look(m_settings, options.language),
+      m_zoom(options.isClean ? nullptr : &m_settings),
       m_source(std::make_unique<InstrumentSource>(options.isDemo, options.visaLibrary, m_visa,
                                                   m_session)),
       m_ui(std::make_unique<Ui::MainWindow>()), m_session(m_visa),
@@ -166,7 +167,7 @@ void MainWindow::setUpPictures()
 
 void MainWindow::setUpMenu()
 {
-    m_menu = new WindowMenu(m_look, *m_powerGuard, m_level, m_context, this);
+    m_menu = new WindowMenu(m_look, m_zoom, *m_powerGuard, m_level, m_context, this);
     // The shortcuts work without the menu being open.
     addActions(m_menu->actions());
     m_ui->menuButton->setMenu(m_menu);

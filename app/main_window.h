@@ -25,6 +25,7 @@
 #include "service/service_panel.h"
 #include "sweep/list_panel.h"
 #include "ui/look.h"
+#include "ui/zoom.h"
 
 #include <QMainWindow>
 
@@ -151,6 +152,7 @@ private:
     StartOptions m_options;
     ProgramSettings m_settings;
     Look m_look;
+    Zoom m_zoom;
     DeviceLevel m_level{m_settings};
     std::unique_ptr<InstrumentSource> m_source;
     std::unique_ptr<Ui::MainWindow> m_ui;

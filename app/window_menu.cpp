@@ -6,6 +6,7 @@
 #include "fields/power_guard.h"
 #include "numbers/number_text.h"
 #include "ui/look.h"
+#include "ui/zoom.h"
 
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -31,10 +32,10 @@ const char* const readings[] = {
     QT_TRANSLATE_NOOP("WindowMenu", "&mV"), QT_TRANSLATE_NOOP("WindowMenu", "&dBµV")};
 } // namespace
 
-WindowMenu::WindowMenu(Look& look, PowerGuard& guard, DeviceLevel& level,
+WindowMenu::WindowMenu(Look& look, Zoom& zoom, PowerGuard& guard, DeviceLevel& level,
                        const FieldContext& context, QWidget* parent)
-    : QMenu(parent), m_look(look), m_guard(guard), m_level(level), m_context(context),
-      m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
+    : QMenu(parent), m_look(look), m_scale(zoom), m_guard(guard), m_level(level),
+      m_context(context), m_help(addAction(QString(), this, &WindowMenu::helpChosen)),
       m_about(addAction(QString(), this, &WindowMenu::aboutChosen)),
       m_log(addAction(QString(), this, &WindowMenu::logChosen))
 {
@@ -53,6 +54,7 @@ WindowMenu::WindowMenu(Look& look, PowerGuard& guard, DeviceLevel& level,
 
     addSeparator();
     addLook();
+    addZoom();
     addSeparator();
     addPowerGuard();
     addLevel();
@@ -78,6 +80,39 @@ void WindowMenu::addLook()
         addChoice(m_themes, themeGroup, QLatin1String(theme.value), m_look.themeName());
     connect(themeGroup, &QActionGroup::triggered, this,
             [this](const QAction* action) { m_look.chooseTheme(action->data().toString()); });
+}
+
+void WindowMenu::addZoom()
+{
+    m_zoom = addMenu(QString());
+    const auto add = [this](const char* name, int direction, const QList<QKeySequence>& keys) {
+        QAction* action =
+            m_zoom->addAction(QString(), this, [this, direction] { zoom(direction); });
+        action->setObjectName(QLatin1String(name));
+        action->setShortcuts(keys);
+        return action;
+    };
+    // The key of the plus sign without Shift, too.
+    m_zoomIn = add("action_zoom_in", 1, {Qt::CTRL + Qt::Key_Plus, Qt::CTRL + Qt::Key_Equal});
+    m_zoomOut = add("action_zoom_out", -1, {Qt::CTRL + Qt::Key_Minus});
+    m_zoomReset = add("action_zoom_reset", 0, {Qt::CTRL + Qt::Key_0});
+}
+
+/// 0: back to 100 %.
+void WindowMenu::zoom(int direction)
+{
+    if (direction == 0)
+        m_scale.reset();
+    else
+        m_scale.step(direction);
+    showZoom();
+}
+
+void WindowMenu::showZoom()
+{
+    m_zoom->setTitle(tr("&Zoom") + QStringLiteral(": %1 %").arg(m_scale.percent()));
+    m_zoomIn->setEnabled(m_scale.canStep(1));
+    m_zoomOut->setEnabled(m_scale.canStep(-1));
 }
 
 void WindowMenu::addPowerGuard()
@@ -154,6 +189,10 @@ void WindowMenu::retranslate()
     m_simulator->setText(tr("&Simulated instrument"));
     m_languages->setTitle(tr("&Language"));
     m_themes->setTitle(tr("&Theme"));
+    m_zoomIn->setText(tr("&Larger"));
+    m_zoomOut->setText(tr("&Smaller"));
+    m_zoomReset->setText(tr("&Normal size"));
+    showZoom();
     // The key belongs to the close button; the menu only shows it.
     const QString quitKey = QKeySequence(Qt::CTRL + Qt::Key_Q).toString(QKeySequence::NativeText);
     m_jumps->setTitle(tr("Ask before a step &up"));

@@ -8,17 +8,18 @@ class PowerGuard;
 struct FieldContext;
 class QAction;
 class QActionGroup;
+class Zoom;
 
-/// The window's menu: Help, About, SCPI log, language, theme, power guard, level at the device, and
-/// Quit. Sets the look, the guard and that level; for the rest it emits what was chosen.
+/// The window's menu: Help, About, SCPI log, language, theme, zoom, power guard, level at the
+/// device, and Quit. Sets look, zoom, guard and that level; for the rest it emits what was chosen.
 class WindowMenu : public QMenu
 {
     Q_OBJECT
 
 public:
-    /// Look, guard and level outlive the menu.
-    WindowMenu(Look& look, PowerGuard& guard, DeviceLevel& level, const FieldContext& context,
-               QWidget* parent);
+    /// Look, zoom, guard and level outlive the menu.
+    WindowMenu(Look& look, Zoom& zoom, PowerGuard& guard, DeviceLevel& level,
+               const FieldContext& context, QWidget* parent);
 
     /// Whether the simulated instrument is in use.
     void showSimulated(bool isSimulated);
@@ -37,6 +38,9 @@ private:
     QAction* addChoice(QMenu* menu, QActionGroup* group, const QString& value,
                        const QString& current);
     void addLook();
+    void addZoom();
+    void zoom(int direction);
+    void showZoom();
     void addPowerGuard();
     void addLevel();
     void askCeiling();
@@ -46,6 +50,7 @@ private:
     void retranslate();
 
     Look& m_look;
+    Zoom& m_scale;
     PowerGuard& m_guard;
     DeviceLevel& m_level;
     const FieldContext& m_context;
@@ -55,6 +60,10 @@ private:
     QAction* m_simulator;
     QMenu* m_languages;
     QMenu* m_themes;
+    QMenu* m_zoom;
+    QAction* m_zoomIn;
+    QAction* m_zoomOut;
+    QAction* m_zoomReset;
     QMenu* m_jumps;
     QAction* m_ceiling;
     QAction* m_offset;

@@ -2977,6 +2977,22 @@ Keys: +, −, Left, Right, Home</source>
         <translation>&amp;Тема</translation>
     </message>
     <message>
+        <source>&amp;Zoom</source>
+        <translation>М&amp;асштаб</translation>
+    </message>
+    <message>
+        <source>&amp;Larger</source>
+        <translation>&amp;Крупнее</translation>
+    </message>
+    <message>
+        <source>&amp;Smaller</source>
+        <translation>&amp;Мельче</translation>
+    </message>
+    <message>
+        <source>&amp;Normal size</source>
+        <translation>&amp;Обычный размер</translation>
+    </message>
+    <message>
         <source>&amp;Quit</source>
         <translation>&amp;Выход</translation>
     </message>

@@ -1,0 +1,27 @@
+#pragma once
+
+class QSettings;
+
+/// How large everything is that the program shows, from 80 to 200 %, on top of the desktop's own
+/// scale; both together never shrink anything, since Qt cannot draw that. Taken from the settings,
+/// which also store what is chosen while the program runs. To be created before any window.
+class Zoom
+{
+public:
+    /// Without settings it begins at 100 % and is not kept.
+    explicit Zoom(QSettings* settings);
+
+    int percent() const { return m_percent; }
+    bool canStep(int direction) const;
+
+    /// To the next larger (1) or smaller (-1) one, if there is one.
+    void step(int direction);
+    void reset();
+
+private:
+    void choose(int percent);
+
+    QSettings* m_settings;
+    int m_least;
+    int m_percent;
+};
