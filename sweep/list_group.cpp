@@ -99,7 +99,7 @@ void ListGroup::build()
     header->addWidget(m_save);
     header->addWidget(m_run);
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, spacing, margin, margin);
+    column->setContentsMargins(margin, spacing, margin, spacing);
     column->setSpacing(spacing);
     column->addLayout(header);
     column->addWidget(m_mode);

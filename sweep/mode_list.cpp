@@ -75,7 +75,7 @@ void ModeList::build()
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(spacing);
+    column->setSpacing(spacing / 2);
     column->addLayout(manual);
     column->addLayout(automatic);
     // The trigger group's own button says the same.

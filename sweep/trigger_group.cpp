@@ -50,7 +50,7 @@ TriggerGroup::TriggerGroup(QWidget* parent)
 void TriggerGroup::build()
 {
     auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
+    column->setContentsMargins(margin, spacing, margin, spacing);
     column->setSpacing(spacing);
     const std::array<QHBoxLayout*, 2> lines = {new QHBoxLayout, new QHBoxLayout};
     for (QHBoxLayout* line : lines) {

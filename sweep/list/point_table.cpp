@@ -93,6 +93,7 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     horizontalHeader()->setHighlightSections(false);
     // All of one height: any number of rows is never measured.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(lineHeight);
     verticalHeader()->setDefaultSectionSize(lineHeight);
     m_history.setUndoLimit(undoSteps);
     connect(model(), &QAbstractItemModel::rowsInserted, this, &PointTable::foreignRowsChanged);

@@ -2,7 +2,6 @@
 
 #include "sweep/picture/list_plot.h"
 #include "ui/eliding_label.h"
-#include "ui/side_panel.h"
 #include "ui/theme.h"
 
 #include <QAbstractButton>
@@ -13,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QStyleOptionButton>
@@ -33,6 +33,7 @@ constexpr int iconGap = 4;
 constexpr int ringPixels = 2;
 /// 1366 by 768 without the task bar and the shadow.
 constexpr QSize leastScreen(1350, 720);
+constexpr int leastRows = 14;
 
 QString idOf(const QWidget& widget)
 {
@@ -299,14 +300,22 @@ QStringList clippedTexts(const QWidget& window)
 QStringList tooLarge(const QWidget& window)
 {
     QStringList faults;
-    const QSize least = window.minimumSizeHint();
-    if (least.width() > leastScreen.width())
-        faults << QStringLiteral("too wide: %1").arg(least.width());
-    const auto panels = window.findChildren<SidePanel*>();
-    for (const SidePanel* panel : panels) {
-        const int height = window.height() - panel->height() + panel->minimumSizeHint().height();
-        if (panel->isVisible() && height > leastScreen.height())
-            faults << QStringLiteral("too tall: %1").arg(height);
+    if (window.width() > leastScreen.width())
+        faults << QStringLiteral("too wide: %1").arg(window.width());
+    if (window.height() > leastScreen.height())
+        faults << QStringLiteral("too tall: %1").arg(window.height());
+    const auto scrolled = window.findChildren<QScrollArea*>();
+    for (const QScrollArea* area : scrolled) {
+        const int width = area->widget()->width();
+        if (area->isVisible() && width > area->viewport()->width())
+            faults << QStringLiteral("%1 is cut off: %2").arg(idOf(*area->widget())).arg(width);
+    }
+    const auto* table = window.findChild<QTableView*>(QStringLiteral("table_List"));
+    if (table && table->isVisible()) {
+        const int rows =
+            table->viewport()->height() / table->verticalHeader()->defaultSectionSize();
+        if (rows < leastRows)
+            faults << QStringLiteral("rows of the list in view: %1").arg(rows);
     }
     return faults;
 }

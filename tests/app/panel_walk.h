@@ -13,7 +13,8 @@ QStringList unnamedControls(const QWidget& window);
 /// Texts of labels, buttons, fields, headers and cells that do not fit where they stand.
 QStringList clippedTexts(const QWidget& window);
 
-/// A window, and a side panel in it, that need more than the least screen has beside its task bar.
+/// A window that needs more than the least screen has beside its task bar, what is cut off at the
+/// side of a panel, and too few rows of the list in view.
 QStringList tooLarge(const QWidget& window);
 
 /// Visible widgets of one parent that lie on each other.
