@@ -40,6 +40,8 @@
 #include <QShortcut>
 #include <QTimer>
 
+#include <utility>
+
 MainWindow::MainWindow(const StartOptions& options, QWidget* parent)
     : QMainWindow(parent), m_options(options), m_look(m_settings, options.language),
       m_zoom(options.isClean ? nullptr : &m_settings),
@@ -249,10 +251,13 @@ void MainWindow::wireCwControls()
         std::make_unique<OutputOff>(*m_ui->Output, *m_outputDisplay, m_connection, m_notices);
     connect(m_outputOff.get(), &OutputOff::offWanted, m_cw.get(), &CwControls::pushOutput);
     m_keypad->setPowerGuard(*m_powerGuard);
-    connect(m_ui->key_FREQ, &QAbstractButton::clicked, m_keypad,
-            [this] { m_keypad->openFor(m_ui->FREQ); });
-    connect(m_ui->key_POW, &QAbstractButton::clicked, m_keypad,
-            [this] { m_keypad->openFor(m_ui->POW); });
+    const std::pair<QPushButton*, NumberEdit*> keys[] = {{m_ui->key_FREQ, m_ui->FREQ},
+                                                         {m_ui->unit_FREQ, m_ui->FREQ},
+                                                         {m_ui->key_POW, m_ui->POW},
+                                                         {m_ui->unit_POW, m_ui->POW}};
+    for (const auto& [key, field] : keys)
+        connect(key, &QAbstractButton::clicked, m_keypad,
+                [this, field = field] { m_keypad->openFor(field); });
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this,
             &MainWindow::openKeypadOfFocus);
     addLines();
@@ -386,6 +391,8 @@ void MainWindow::toHelp()
 
 void MainWindow::retranslate()
 {
+    m_ui->FREQ->describeKeypadKey(*m_ui->unit_FREQ);
+    m_ui->POW->describeKeypadKey(*m_ui->unit_POW);
     m_instrument->retranslate();
     m_cw->retranslate();
     m_runs->retranslate();

@@ -11,8 +11,9 @@ Runs::Runs(ScpiSession& session, const Connection& connection, PowerGuard& guard
            const Ui::MainWindow& form, List& panel, const Others& others, Notices& notices)
     : m_panel(panel), m_notices(notices), m_triggers(session, panel, *others.modulation.pulse()),
       m_transfer(session, panel, *form.POW),
-      m_commands(session, panel, m_triggers, m_transfer, guard, notices,
-                 {*form.FREQ, *form.POW, {form.key_FREQ, form.key_POW}}),
+      m_commands(
+          session, panel, m_triggers, m_transfer, guard, notices,
+          {*form.FREQ, *form.POW, {form.key_FREQ, form.unit_FREQ, form.key_POW, form.unit_POW}}),
       m_exclusions({others.modulation, others.modulationCommands, others.lfGenerator,
                     others.lfCommands, panel, m_commands, m_triggers, notices}),
       m_picture(panel, *form.POW)

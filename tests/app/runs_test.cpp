@@ -230,7 +230,7 @@ private slots:
                 QCOMPARE(m_rig->isChecked(qPrintable(name)), name == clicked);
             QVERIFY(m_rig->isChecked(qPrintable(clicked)));
             const bool isRun = clicked.startsWith("button_");
-            for (const char* field : {"FREQ", "POW", "key_FREQ", "key_POW"})
+            for (const char* field : {"FREQ", "POW", "key_FREQ", "unit_POW"})
                 QCOMPARE(m_rig->get(field).isEnabled(), !isRun);
         };
         const QString sweep = QStringLiteral("button_Sweep");
