@@ -1,14 +1,17 @@
 #include "ui/files/file_work.h"
 
 #include "ui/named.h"
+#include "ui/panel_dialog.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFileInfo>
-#include <QProgressDialog>
+#include <QPointer>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QThread>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <utility>
 
@@ -37,46 +40,53 @@ private:
     std::function<void()> m_work;
 };
 
-void setUp(QProgressDialog& dialog, const QString& what)
+class FileProgressDialog : public PanelDialog
 {
-    dialog.setObjectName(QStringLiteral("FileProgress"));
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setMinimumDuration(0);
-    dialog.setAutoReset(false);
-    dialog.setAutoClose(false);
-    dialog.setLabelText(what);
-    auto* cancel = named(
-        "cancel", new QPushButton(translated(QT_TRANSLATE_NOOP("FileWork", "Cancel")), &dialog));
-    cancel->setAccessibleName(cancel->text());
-    cancel->setToolTip(
-        translated(QT_TRANSLATE_NOOP("FileWork", "Cancel; no file is changed (Esc)")));
-    dialog.setCancelButton(cancel);
-}
+public:
+    FileProgressDialog(const QString& what, QWidget* window)
+        : PanelDialog(translated(QT_TRANSLATE_NOOP("FileWork", "Please wait")), what, window),
+          m_bar(named("file_progress", new QProgressBar(this)))
+    {
+        setObjectName(QStringLiteral("FileProgress"));
+        setWindowModality(Qt::ApplicationModal);
+        m_bar->setTextVisible(false);
+        m_bar->setAccessibleName(what);
+        content().addWidget(m_bar);
+        const QPushButton* cancel = addButton(
+            "cancel", translated(QT_TRANSLATE_NOOP("FileWork", "Cancel")),
+            translated(QT_TRANSLATE_NOOP("FileWork", "Cancel; no file is changed (Esc)")));
+        connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    }
 
-void show(QProgressDialog& dialog, const FileProgress& progress)
-{
-    const qint64 total = progress.total;
-    // Without a total the bar only shows that the work continues.
-    dialog.setMaximum(total > 0 ? steps : 0);
-    dialog.setValue(total > 0 ? static_cast<int>(progress.done * steps / total) : 0);
-}
+    void showProgress(const FileProgress& progress)
+    {
+        const qint64 total = progress.total;
+        // Without a total the bar only shows that the work continues.
+        m_bar->setMaximum(total > 0 ? steps : 0);
+        m_bar->setValue(total > 0 ? static_cast<int>(progress.done * steps / total) : 0);
+    }
+
+private:
+    QProgressBar* m_bar;
+};
 
 /// Until the work is done, it is cancelled, or the program is being ended.
 void showUntilOver(Worker& worker, QWidget* window, const QString& what,
                    const FileProgress& progress)
 {
-    QProgressDialog dialog(window);
-    setUp(dialog, what);
+    const QPointer<FileProgressDialog> dialog = new FileProgressDialog(what, window);
     QEventLoop loop;
     QObject::connect(&worker, &QThread::finished, &loop, &QEventLoop::quit);
-    QObject::connect(&dialog, &QProgressDialog::canceled, &loop, &QEventLoop::quit);
+    QObject::connect(dialog, &QDialog::rejected, &loop, &QEventLoop::quit);
     QTimer refresh;
-    QObject::connect(&refresh, &QTimer::timeout, &dialog, [&] { show(dialog, progress); });
+    QObject::connect(&refresh, &QTimer::timeout, dialog, [&] { dialog->showProgress(progress); });
     refresh.start(refreshMs);
-    show(dialog, progress);
-    dialog.show();
+    dialog->showProgress(progress);
+    dialog->show();
     if (!worker.isFinished())
         loop.exec();
+    if (dialog)
+        dialog->close();
 }
 } // namespace
 

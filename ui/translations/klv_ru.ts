@@ -327,6 +327,10 @@
         <translation>Отменить; файлы не изменятся (Esc)</translation>
     </message>
     <message>
+        <source>Please wait</source>
+        <translation>Подождите</translation>
+    </message>
+    <message>
         <source>Reading %1</source>
         <translation>Чтение %1</translation>
     </message>

@@ -1,7 +1,7 @@
 #include "ui/files/file_work.h"
 
 #include <QApplication>
-#include <QProgressDialog>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QtTest>
 
@@ -37,11 +37,12 @@ private:
         int mostShown = -1;
         QTimer look;
         connect(&look, &QTimer::timeout, this, [&] {
-            auto* dialog = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+            const QWidget* dialog = QApplication::activeModalWidget();
             if (!dialog)
                 return;
-            mostShown = std::max(mostShown, dialog->value());
-            if (isCancelled && dialog->value() > 0)
+            const int value = dialog->findChild<QProgressBar*>("file_progress")->value();
+            mostShown = std::max(mostShown, value);
+            if (isCancelled && value > 0)
                 QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
         });
         look.start(20);
