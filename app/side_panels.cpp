@@ -188,7 +188,8 @@ void SidePanels::focusFirstIn(QWidget& panel)
 {
     const QList<QWidget*> stops = stopsInReadingOrder(panel);
     const auto first = std::find_if(stops.begin(), stops.end(), [&panel](const QWidget* stop) {
-        return stop->isEnabled() && stop->isVisibleTo(&panel);
+        return stop->isEnabled() && stop->isVisibleTo(&panel) &&
+               (stop->focusPolicy() & Qt::TabFocus);
     });
     if (first != stops.end())
         (*first)->setFocus(Qt::OtherFocusReason);

@@ -3,6 +3,7 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
+#include "ui/arrow_keys.h"
 #include "ui/describe.h"
 
 #include <QEvent>
@@ -71,6 +72,7 @@ QGridLayout* generator::buildShapes()
         grid->setColumnStretch(i % shapeColumns, 1);
         m_shapes[static_cast<std::size_t>(i)] = button;
     }
+    new ArrowKeys({m_shapes.begin(), m_shapes.end()}, shapeColumns, this);
     return grid;
 }
 

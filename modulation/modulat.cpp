@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QShortcut>
 
 #include <algorithm>
 #include <vector>
@@ -65,6 +66,7 @@ Modulat::Modulat(const FieldContext& context, QWidget* parent)
             new ModulationGroup(modulation, context, m_selection, m_column);
     build();
     setUpPictures();
+    wireDownKey();
     wireButtons();
     wireGroups();
     m_pulseGroup->setExpanded(true, false);
@@ -159,6 +161,22 @@ void Modulat::setUpPictures()
         const auto buttons = part.box->findChildren<QPushButton*>();
         for (const QPushButton* button : buttons)
             connect(button, &QAbstractButton::clicked, this, [this, button] { follow(button); });
+    }
+}
+
+void Modulat::wireDownKey()
+{
+    for (const Part& part : m_parts) {
+        auto* down = new QShortcut(Qt::Key_Down, part.state);
+        down->setContext(Qt::WidgetShortcut);
+        connect(down, &QShortcut::activated, part.box, [box = part.box] {
+            if (!box->isExpanded())
+                emit box->headerClicked();
+            const auto fields = box->body()->findChildren<NumberEdit*>();
+            for (NumberEdit* field : fields)
+                if (field->isEnabled())
+                    return field->setFocus(Qt::TabFocusReason);
+        });
     }
 }
 

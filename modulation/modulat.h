@@ -96,6 +96,8 @@ private:
     void fold(FoldBox& box, bool isExpanded, bool isAnimated);
     void showSwitched(Modulation modulation);
     void setUpPictures();
+    /// Has the Down key lead from a state button to its settings.
+    void wireDownKey();
     /// The modulation with this control, or with this box, is the one that is being set.
     void follow(const QWidget* control);
 

@@ -3,6 +3,7 @@
 #include "modulation/waveform_picture.h"
 #include "numbers/number_text.h"
 #include "numbers/readable_quantity.h"
+#include "ui/arrow_keys.h"
 #include "ui/describe.h"
 
 #include <QBoxLayout>
@@ -110,6 +111,7 @@ QGridLayout* ModulationGroup::buildShapes()
         grid->setColumnStretch(i % shapeColumns, 1);
         m_shapes[static_cast<std::size_t>(i)] = button;
     }
+    new ArrowKeys({m_shapes.begin(), m_shapes.end()}, shapeColumns, this);
     return grid;
 }
 
@@ -224,7 +226,8 @@ void ModulationGroup::retranslate()
 {
     setHeading(tr(m_row.heading));
     m_state->setText(caption());
-    describe(m_state, tr(m_row.heading), tr("Switch the modulation on or off"));
+    describe(m_state, tr(m_row.heading),
+             tr("Switch the modulation on or off (Down: its settings)"));
     for (std::size_t i = 0; i < m_shapes.size(); ++i) {
         const QString shapeName = shapeCaption(static_cast<WaveShape>(i));
         m_shapes[i]->setText(shapeName);

@@ -115,7 +115,8 @@ void PulseGroup::retranslate()
 {
     setHeading(tr("Pulse modulation"));
     m_state->setText(tr("PulM"));
-    describe(m_state, tr("Pulse modulation"), tr("Switch pulse modulation on or off"));
+    describe(m_state, tr("Pulse modulation"),
+             tr("Switch pulse modulation on or off (Down: its settings)"));
     retranslateSourceSwitch(m_source, tr("Source of the pulses"));
     // The units are switches here and have names of their own.
     retranslateValueRow(m_period, tr("Period"), QString());

@@ -1,5 +1,7 @@
 #include "ui/reading_order.h"
 
+#include "ui/arrow_keys.h"
+
 #include <QAbstractItemView>
 #include <QGridLayout>
 #include <QSet>
@@ -40,7 +42,8 @@ public:
         if (m_seen.contains(&widget) || widget.isWindow())
             return;
         m_seen << &widget;
-        if (widget.focusPolicy() & Qt::TabFocus)
+        // Of buttons that share one stop, any may become it.
+        if (widget.focusPolicy() & Qt::TabFocus || ArrowKeys::moveAt(widget))
             stops << &widget;
         // The parts of a table are its own.
         if (qobject_cast<QAbstractItemView*>(&widget))

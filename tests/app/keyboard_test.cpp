@@ -138,6 +138,27 @@ private slots:
         row("service", "service", "REF_OSC");
     }
 
+    void aModulationIsSetByKeys()
+    {
+        QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_F2);
+        keys({Qt::Key_Space});
+        QString sent;
+        QTRY_VERIFY2((sent += m_demo->takeCommands().join('\n')).contains("SQU:DUTY?"),
+                     qPrintable(sent));
+        keys({Qt::Key_Down, Qt::Key_2, Qt::Key_K, Qt::Key_Return, Qt::Key_Tab, Qt::Key_3, Qt::Key_0,
+              Qt::Key_Return});
+        QCOMPARE(m_demo->takeCommands(), QStringList({"AM:INT:FUNC:FREQ 2000 Hz",
+                                                      "AM:INT:FUNC:FREQ?", "AM 30.000000;AM?!"}));
+        // The shapes are one stop, at the one that is checked.
+        keys({Qt::Key_Backtab, Qt::Key_Backtab});
+        QCOMPARE(focus(), QString("Sin_Ampl"));
+        keys({Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Left, Qt::Key_Left});
+        QCOMPARE(focus(), QString("Triangle_Ampl"));
+        QCOMPARE(m_demo->takeCommands(), QStringList());
+        keys({Qt::Key_Tab, Qt::Key_Backtab});
+        QCOMPARE(focus(), QString("Triangle_Ampl"));
+    }
+
     void tabWalksTheLogAsItIsRead()
     {
         m_rig->get<QAction>("action_log").trigger();
@@ -290,6 +311,12 @@ private slots:
     }
 
 private:
+    void keys(const QVector<Qt::Key>& keys)
+    {
+        for (const Qt::Key key : keys)
+            QTest::keyClick(m_rig->window().windowHandle(), key);
+    }
+
     QString focus() { return m_rig->window().focusWidget()->objectName(); }
 
     void setOffset(const QString& decibels)

@@ -365,10 +365,14 @@ QStringList ambiguousKeys(const QWidget& window)
     }
     Claims shortcuts;
     const auto all = window.findChildren<QShortcut*>();
-    for (const QShortcut* shortcut : all)
-        shortcuts.append({shortcut->key(), shortcut->parent()->objectName()});
+    for (const QShortcut* shortcut : all) {
+        if (shortcut->context() != Qt::WidgetShortcut)
+            shortcuts.append({shortcut->key(), shortcut->parent()->objectName()});
+    }
     const auto actions = window.findChildren<QAction*>();
     for (const QAction* action : actions) {
+        if (action->text().isEmpty() && !action->shortcut().isEmpty())
+            faults << "action without words: " + action->objectName();
         // Another window of the same parent has keys of its own.
         const auto* owner = qobject_cast<const QWidget*>(action->parent());
         if (!owner || owner->window() == &window || qobject_cast<const QMenu*>(owner))

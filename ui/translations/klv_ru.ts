@@ -1481,8 +1481,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>Внешний источник</translation>
     </message>
     <message>
-        <source>Switch the modulation on or off</source>
-        <translation>Включить или выключить модуляцию</translation>
+        <source>Switch the modulation on or off (Down: its settings)</source>
+        <translation>Включить или выключить модуляцию (Вниз: её настройки)</translation>
     </message>
     <message>
         <source>Shape of the internal source: %1</source>
@@ -1879,8 +1879,8 @@ Keys: +, −, Left, Right, Home</source>
         <translation>ИМ</translation>
     </message>
     <message>
-        <source>Switch pulse modulation on or off</source>
-        <translation>Включить или выключить импульсную модуляцию</translation>
+        <source>Switch pulse modulation on or off (Down: its settings)</source>
+        <translation>Включить или выключить импульсную модуляцию (Вниз: её настройки)</translation>
     </message>
     <message>
         <source>Source of the pulses</source>
