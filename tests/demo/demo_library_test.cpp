@@ -62,6 +62,7 @@ private slots:
         check("USB0::22085::64::20215678::INSTR", 1, VI_SUCCESS);
         check("USB0::0x1111::0x0040::20215678::0::INSTR", 0, VI_ERROR_RSRC_NFOUND);
         check("GPIB0::5::INSTR", 0, VI_ERROR_INV_RSRC_NAME);
+        check("USB0::0x5645::0x0040::20215678::0::1::INSTR", 0, VI_ERROR_INV_RSRC_NAME);
         check(QByteArray(DemoSession::address).repeated(20), 0, VI_ERROR_INV_RSRC_NAME);
         check(DemoSession::address, 3, VI_ERROR_INV_ACC_MODE);
     }
