@@ -81,7 +81,7 @@ private slots:
 
     void wrongPoints()
     {
-        const RowTexts right{"1 000", "0", "100"};
+        const RowTexts right{"1 000", "+3", "1e+2"};
         QCOMPARE(listOf({right, right}).firstWrong(), 0);
         QCOMPARE(listOf({right, {"a", "0", "100"}, {"", "a", ""}}).firstWrong(), 2);
         QCOMPARE(listOf({{"0", "0", "100"}}).firstWrong(), 1);
