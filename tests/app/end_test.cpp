@@ -113,6 +113,15 @@ private slots:
         QVERIFY(isStateKept());
     }
 
+    void theProgramRefusesALanguage()
+    {
+        QProcess program;
+        program.start(KLV_PROGRAM, {"--language", "de"});
+        QVERIFY(program.waitForFinished(20000));
+        QCOMPARE(program.exitCode(), 1);
+        QVERIFY(program.readAllStandardError().contains("Unknown language \"de\": en or ru."));
+    }
+
 private:
     static bool isStateKept()
     {

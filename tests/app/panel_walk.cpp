@@ -65,23 +65,12 @@ QList<QWidget*> shownWidgets(const QWidget& window)
 }
 
 /// What is blank while there is nothing to say, or plain all the same.
-const QStringList outputs = {"status",
-                             "device_level",
-                             "field_line",
-                             "file_List",
-                             "log_note",
-                             "log_dropped",
-                             "keypad_limits",
-                             "plot_List_header",
-                             "run_point",
-                             "label_7",
-                             "label_9",
-                             "label_Manual",
-                             "label_AutoPoint",
-                             "label_PULM",
-                             "label_AmPmFm",
-                             "label_Gener",
-                             "led"};
+const QStringList outputs = {"status",        "device_level",     "field_line",
+                             "file_List",     "log_note",         "log_dropped",
+                             "keypad_limits", "plot_List_header", "run_point",
+                             "label_7",       "label_9",          "label_Manual",
+                             "label_Auto4",   "label_AutoPoint",  "label_PULM",
+                             "label_AmPmFm",  "label_Gener",      "led"};
 
 /// Whether a label or a button without text shows no picture either, whoever draws it.
 bool isBlank(QWidget& widget)

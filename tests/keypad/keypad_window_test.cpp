@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
@@ -65,6 +66,7 @@ private slots:
         rig.clickKeys("12");
         rig.keypad->openFor(rig.other);
         QCOMPARE(rig.typed(), QString("-7"));
+        QCOMPARE(rig.keypad->findChild<QLabel*>("keypad_unit")->text(), QString("dBm"));
         QCOMPARE(rig.entry()->selectedText(), QString("-7"));
         QVERIFY(rig.key("sign")->isVisible());
         // The first field matters no more.

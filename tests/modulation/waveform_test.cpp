@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <limits>
+#include <set>
 
 using Line = QVector<QPointF>;
 
@@ -80,6 +81,14 @@ private slots:
             for (int shape = 0; shape < shapeCount; ++shape)
                 checkSpan({static_cast<WaveShape>(shape), period, duty, -1.0, 1.0});
         }
+    }
+
+    void noiseIsUneven()
+    {
+        std::set<double> levels;
+        for (const QPointF& point : waveformPoints({WaveShape::Random, 0.0, 50.0, -1.0, 1.0}, 1.0))
+            levels.insert(point.y());
+        QVERIFY(levels.size() > 20 && *levels.begin() < -0.5 && *levels.rbegin() > 0.5);
     }
 
     /// The panels' test reads the other words.

@@ -30,7 +30,7 @@ private slots:
         check(K::LfAmplitude, 0, {"250 mV=0.25"});
         check(K::Duty, 0, {"50 %=50"});
         check(K::ExternalReference, 0, {"10000 kHz=10"});
-        check(K::PmDeviation, 0, {"5 mrad=0.005"});
+        check(K::PmDeviation, 0, {"5 mrad=0.005", "2 rad=2"});
         check(K::PointCount, 0, {"5 k=-"});
     }
 
@@ -58,7 +58,7 @@ private slots:
         };
         check(Unit::Hertz, 5,
               {"1000=1 kHz", "2.5e9=2.5 GHz", "0.0015625=1.5625 mHz", "999999.9=1 MHz",
-               "5e12=5000 GHz", "1000000001=1 GHz"});
+               "999960=999.96 kHz", "5e12=5000 GHz", "1000000001=1 GHz"});
         check(Unit::Hertz, 10, {"1000000001=1.000000001 GHz"});
         check(Unit::Second, 5,
               {"0.00025=250 µs", "86400=86400 s", "1e6=1000000 s", "-0=0 s", "1e-13=0.1 ps"});

@@ -9,6 +9,8 @@
 #include <QToolTip>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace
 {
 RunPoints listOf(const QVector<RowTexts>& rows)
@@ -42,8 +44,10 @@ private slots:
                 // Many changes at once are drawn once.
                 QCOMPARE(m_plot->accessibleDescription(),
                          QString("The sweep settings define no points"));
+                QVERIFY(shows("The sweep settings define no points"));
                 QCoreApplication::processEvents();
                 QCOMPARE(m_plot->accessibleDescription(), words);
+                QVERIFY(!shows("The sweep settings define no points"));
             });
         row("falling power sweep", RunKind::Sweep,
             RunPoints::ofSweep({true, "1 000", "5", "-5", "2", "1 000 000"}),
@@ -55,6 +59,15 @@ private slots:
             "List of one point: 2 kHz, 1 dBm, 1:02:03 per pass");
         row("unreadable", RunKind::List, listOf({{"a", "1", "0"}}),
             "List of one point: not readable, 1 dBm, 0 s per pass");
+    }
+
+    void takesNewColours()
+    {
+        show(RunKind::Sweep, sweep);
+        m_plot->setPalette(QPalette(Qt::red));
+        QCoreApplication::processEvents();
+        for (const auto* plot : m_plot->findChildren<RunPlot*>())
+            QCOMPARE(plot->canvasBackground().color(), m_plot->palette().color(QPalette::Base));
     }
 
     void header()
@@ -174,6 +187,13 @@ private:
     {
         m_plot->showRun(kind, points);
         QCoreApplication::processEvents();
+    }
+    bool shows(const QString& text) const
+    {
+        const auto labels = m_plot->findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->isVisible() && label->text() == text;
+        });
     }
     QWidget& canvas(int index) { return *m_plot->findChildren<RunPlot*>().at(index)->canvas(); }
     double lengthUs() const { return m_plot->toUs() - m_plot->fromUs(); }

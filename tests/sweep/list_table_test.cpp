@@ -378,6 +378,7 @@ private slots:
         bench.setRows({"1,2,3", "4,5,6"});
         bench.clickCell(0, 0);
         const progressBarForTable bar(3, &bench.table());
+        QCOMPARE(bar.geometry(), bench.table().rect());
         for (const char* button : {"add_List", "delete_List", "undo_List"})
             bench.click(button);
         bench.table().item(0, 0)->setText("7");
