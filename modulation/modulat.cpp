@@ -154,7 +154,7 @@ void Modulat::setUpPictures()
     for (std::size_t i = 0; i < m_groups.size(); ++i)
         m_parts[i] = {m_groups[i], m_groups[i]->state(), &m_groups[i]->picture()};
     m_parts.back() = {m_pulseGroup, m_pulseGroup->state(), &m_pulseGroup->picture()};
-    connect(qApp, &QApplication::focusChanged, this,
+    connect(qApp, &QApplication::focusChanged, &m_following,
             [this](const QWidget*, const QWidget* control) { follow(control); });
     for (const Part& part : m_parts) {
         // A click need not take the focus.

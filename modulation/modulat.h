@@ -110,4 +110,5 @@ private:
     Parts m_parts{};
     std::size_t m_set = modulations.size();
     bool m_isMoving = false;
+    QObject m_following; ///< the focus, no longer than the groups exist
 };

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 
+#include <algorithm>
+
 namespace
 {
 constexpr char isOne[] = "arrowKeys";
@@ -29,15 +31,17 @@ bool ArrowKeys::moveAt(const QWidget& widget)
 
 bool ArrowKeys::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* button = static_cast<QAbstractButton*>(watched);
-    if (event->type() == QEvent::FocusIn)
-        makeStop(button);
-    else if (event->type() == QEvent::KeyPress)
-        return move(m_buttons.indexOf(button), static_cast<QKeyEvent*>(event)->key());
+    if (event->type() == QEvent::FocusIn) {
+        makeStop(watched);
+    } else if (event->type() == QEvent::KeyPress) {
+        const auto* const at = std::find(m_buttons.begin(), m_buttons.end(), watched);
+        return move(static_cast<int>(at - m_buttons.begin()),
+                    static_cast<QKeyEvent*>(event)->key());
+    }
     return QObject::eventFilter(watched, event);
 }
 
-void ArrowKeys::makeStop(const QAbstractButton* stop)
+void ArrowKeys::makeStop(const QObject* stop)
 {
     for (QAbstractButton* button : m_buttons)
         button->setFocusPolicy(button == stop ? Qt::StrongFocus : Qt::ClickFocus);

@@ -23,7 +23,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void makeStop(const QAbstractButton* stop);
+    void makeStop(const QObject* stop);
     bool move(int index, int key);
 
     QVector<QAbstractButton*> m_buttons;
