@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <QBackingStore>
+#include <QFocusEvent>
 #include <QLoggingCategory>
 #include <QPointer>
 #include <QScreen>
 #include <QSettings>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 
@@ -38,6 +40,13 @@ int offered(int percent, int least)
     return std::max(*nearest, least);
 }
 
+int kept(const QSettings& settings)
+{
+    bool isNumber = false;
+    const int percent = settings.value(zoomKey).toInt(&isNumber);
+    return isNumber ? percent : plainPercent;
+}
+
 void setFactor(int percent)
 {
     const double ofDesktop = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
@@ -61,6 +70,28 @@ int leastPercent()
     });
 }
 
+/// Has no field commit because another window becomes active for a moment, which the desktop tells
+/// later.
+class KeepsFocus : public QObject
+{
+public:
+    KeepsFocus() : QObject(qApp)
+    {
+        qApp->installEventFilter(this);
+        QTimer::singleShot(lateMs, this, &QObject::deleteLater);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        return event->type() == QEvent::FocusOut && watched->isWidgetType() &&
+               static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
+    }
+
+private:
+    static constexpr int lateMs = 500;
+};
+
 /// Takes the windows from the screen while the scale changes, and puts them back at their places. A
 /// field that is half typed stays so.
 class OffScreen : public QObject
@@ -76,9 +107,14 @@ public:
                 drawn->resize(QSize(1, 1));
             if (!widget->isVisible())
                 continue;
-            m_shown.push_back({widget, QPointF(widget->pos()) * widget->devicePixelRatioF()});
+            const QPoint corner = widget->screen()->geometry().topLeft();
+            m_shown.push_back(
+                {widget, corner, QPointF(widget->pos() - corner) * widget->devicePixelRatioF()});
             widget->hide();
         }
+        // An owner before what belongs to it.
+        std::stable_partition(m_shown.begin(), m_shown.end(),
+                              [](const Shown& shown) { return !shown.widget->parentWidget(); });
         // What was shown once would keep the old scale.
         const auto windows = QGuiApplication::allWindows();
         for (QWindow* window : windows)
@@ -88,10 +124,8 @@ public:
     ~OffScreen() override
     {
         for (const Shown& shown : m_shown) {
-            if (!shown.widget)
-                continue;
-            shown.widget->show();
-            shown.widget->move((shown.place / shown.widget->devicePixelRatioF()).toPoint());
+            if (shown.widget)
+                putBack(*shown.widget, shown.corner, shown.place);
         }
         if (m_active)
             m_active->activateWindow();
@@ -109,8 +143,23 @@ protected:
 private:
     struct Shown {
         QPointer<QWidget> widget;
-        QPointF place; ///< in pixels of the screen
+        QPoint corner; ///< of the screen; no scale moves it
+        QPointF place; ///< from there, in pixels of the screen
     };
+
+    void putBack(QWidget& widget, const QPoint& corner, const QPointF& place) const
+    {
+        const bool isQuiet = widget.testAttribute(Qt::WA_ShowWithoutActivating);
+        widget.setAttribute(Qt::WA_ShowWithoutActivating, isQuiet || &widget != m_active);
+        widget.show();
+        widget.setAttribute(Qt::WA_ShowWithoutActivating, isQuiet);
+        const QPoint there = corner + (place / widget.devicePixelRatioF()).toPoint();
+        const QRect room = widget.screen()->availableGeometry();
+        const QPoint last = room.bottomRight() - widget.rect().bottomRight();
+        widget.move(std::max(room.left(), std::min(there.x(), last.x())),
+                    std::max(room.top(), std::min(there.y(), last.y())));
+    }
+
     std::vector<Shown> m_shown;
     QPointer<QWidget> m_active;
 };
@@ -122,7 +171,7 @@ Zoom::Zoom(QSettings* settings)
     setFactor(plainPercent);
     m_least = leastPercent();
     if (settings)
-        m_percent = offered(settings->value(zoomKey, plainPercent).toInt(), m_least);
+        m_percent = offered(kept(*settings), m_least);
     setFactor(m_percent);
 }
 
@@ -150,6 +199,7 @@ void Zoom::choose(int percent)
     m_percent = percent;
     if (m_settings)
         m_settings->setValue(zoomKey, percent);
+    new KeepsFocus;
     const OffScreen whileScaled;
     setFactor(percent);
 }
