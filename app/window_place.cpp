@@ -37,7 +37,7 @@ void WindowPlace::keepIn(QSettings& settings)
         m_sizes[i] = settings.value(QLatin1String(sizeKeys[i])).toSize();
     const QVariant place = settings.value(placeKey);
     // The screen may be gone.
-    if (place.isValid() && QGuiApplication::screenAt(place.toPoint() + grip))
+    if (place.type() == QVariant::Point && QGuiApplication::screenAt(place.toPoint() + grip))
         m_window.move(place.toPoint());
 }
 
@@ -68,6 +68,8 @@ void WindowPlace::fit()
         return;
     m_asked << size;
     m_window.resize(size);
+    if (!m_isHeld)
+        stayOnScreen();
 }
 
 void WindowPlace::hold()
@@ -90,6 +92,15 @@ void WindowPlace::settle(bool isPanelOpen)
     m_isHeld = false;
     m_isPanelOpen = isPanelOpen;
     fit();
+    stayOnScreen();
+}
+
+/// What has grown below the display may be more than there is room for.
+void WindowPlace::stayOnScreen()
+{
+    const QPoint place = placeOf(m_window.frameSize());
+    if (m_window.isVisible() && place != m_window.pos())
+        m_window.move(place);
 }
 
 QPoint WindowPlace::home()
@@ -101,11 +112,16 @@ QPoint WindowPlace::home()
 
 QPoint WindowPlace::placeFor(const QSize& growth)
 {
+    const QSize screen = m_window.screen()->availableSize();
+    return placeOf((m_window.frameSize() + growth.expandedTo(QSize(0, 0)))
+                       .expandedTo(m_sizes.back().boundedTo(screen)));
+}
+
+QPoint WindowPlace::placeOf(const QSize& size)
+{
     const QPoint here = m_window.pos();
     const QPoint homeBefore = home();
     const QRect screen = m_window.screen()->availableGeometry();
-    const QSize size = (m_window.frameSize() + growth.expandedTo(QSize(0, 0)))
-                           .expandedTo(m_sizes.back().boundedTo(screen.size()));
     const QPoint overhang = QRect(here, size).bottomRight() - screen.bottomRight();
     const QPoint room = here - screen.topLeft();
     m_shiftedTo = here - QPoint(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
@@ -120,7 +136,8 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Resize:
         m_grip->move(m_window.rect().bottomRight() - m_grip->rect().bottomRight() -
                      QPoint(gripInset, gripInset));
-        if (event->spontaneous())
+        // Where the desktop moves no corners, the grip does.
+        if (event->spontaneous() || QWidget::mouseGrabber() == m_grip)
             take(static_cast<QResizeEvent*>(event)->size());
         break;
     case QEvent::Show:

@@ -14,7 +14,7 @@ class QSizeGrip;
 
 /// Where the window stands and how large it is: as large as its contents need or, if that is more,
 /// as the user has made it by its corner, with a side panel open and without. It moves the window
-/// only to keep it on the screen while a panel is open.
+/// only to keep it on the screen when it grows.
 class WindowPlace : public QObject
 {
     Q_OBJECT
@@ -46,6 +46,9 @@ private:
     bool isFree() const;
     void save();
     void take(const QSize& size);
+    void stayOnScreen();
+    /// Where a window of that size is all on the screen.
+    QPoint placeOf(const QSize& size);
 
     QMainWindow& m_window;
     QSizeGrip* m_grip;

@@ -238,6 +238,21 @@ private slots:
         }
     }
 
+    /// Also where something has grown meanwhile that stays.
+    void whatGrowsStaysOnTheScreen()
+    {
+        Bench bench;
+        const QRect screen = bench.window->screen()->availableGeometry();
+        bench.window->move(screen.left() + 9, screen.bottom() - bench.window->height() - 5);
+        bench.move(bench.toggleA);
+        auto* grown = new QWidget(bench.window.get());
+        grown->setMinimumHeight(screen.height() / 2);
+        bench.window->centralWidget()->layout()->addWidget(grown);
+        bench.move(bench.toggleA);
+        QVERIFY(bench.window->height() >= screen.height() / 2);
+        QVERIFY(bench.window->geometry().bottom() <= screen.bottom());
+    }
+
     /// Into the panel that opens; back where it was when the last one closes, or to the panel's
     /// button where that is not possible.
     void theFocusGoesInAndComesBack()
