@@ -38,8 +38,10 @@ std::vector<unsigned long> nodeNumbers()
 {
     std::vector<unsigned long> numbers;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(nodesFolder, error)) {
-        const std::string name = entry.path().filename();
+    using std::filesystem::directory_iterator;
+    for (directory_iterator entry(nodesFolder, error); !error && entry != directory_iterator();
+         entry.increment(error)) {
+        const std::string name = entry->path().filename();
         if (name.compare(0, nodePrefix.size(), nodePrefix) == 0)
             numbers.push_back(std::strtoul(name.c_str() + nodePrefix.size(), nullptr, 10));
     }
@@ -76,7 +78,9 @@ void append(std::vector<PluggedIn>& found, unsigned long nodeNumber)
     each.resource.model = attribute(device, "product");
     each.node = "/dev/" + node;
     each.asksForService = number(interface, "bNumEndpoints") > 2;
-    found.push_back(std::move(each));
+    // Pulled meanwhile, it was read in part.
+    if (number(device, "idVendor") == name.vendor)
+        found.push_back(std::move(each));
 }
 
 } // namespace
