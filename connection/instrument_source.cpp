@@ -58,8 +58,9 @@ void InstrumentSource::loadLibrary()
     const QString own = ownLibraryPath();
     if (isFreeToChoose() && m_visa.unresolvedCount() < 0 && !own.isEmpty())
         m_visa.load(own.toLocal8Bit().constData());
-    // It may have been named, too.
-    m_isOwnLibrary = !own.isEmpty() && QFileInfo(m_visa.fileName()).canonicalFilePath() == own;
+    // It may have been named, too. One that the system has found may be known by its name alone.
+    const QFileInfo loaded(m_visa.fileName());
+    m_isOwnLibrary = !own.isEmpty() && loaded.isAbsolute() && loaded.canonicalFilePath() == own;
 }
 
 StatusWords InstrumentSource::libraryWords() const

@@ -33,7 +33,7 @@ public:
     /// Which library is in use.
     StatusWords libraryWords() const;
 
-    /// The same where it is the program's own, which nobody has named or installed; else empty.
+    /// The same where it is the program's own; else empty.
     StatusWords ownLibraryWords() const;
 
     /// Loads the library of the current choice and opens its resource manager.
