@@ -249,8 +249,8 @@ private slots:
         grown->setMinimumHeight(screen.height() / 2);
         bench.window->centralWidget()->layout()->addWidget(grown);
         bench.move(bench.toggleA);
-        QVERIFY(bench.window->height() >= screen.height() / 2);
-        QVERIFY(bench.window->geometry().bottom() <= screen.bottom());
+        QTRY_VERIFY(bench.window->height() >= screen.height() / 2);
+        QTRY_VERIFY(bench.window->geometry().bottom() <= screen.bottom());
     }
 
     /// Into the panel that opens; back where it was when the last one closes, or to the panel's
