@@ -245,9 +245,7 @@ private slots:
         const QRect screen = bench.window->screen()->availableGeometry();
         bench.window->move(screen.left() + 9, screen.bottom() - bench.window->height() - 5);
         bench.move(bench.toggleA);
-        auto* grown = new QWidget(bench.window.get());
-        grown->setMinimumHeight(screen.height() / 2);
-        bench.window->centralWidget()->layout()->addWidget(grown);
+        bench.window->centralWidget()->setMinimumHeight(screen.height() / 2);
         bench.move(bench.toggleA);
         QTRY_VERIFY(bench.window->height() >= screen.height() / 2);
         QTRY_VERIFY(bench.window->geometry().bottom() <= screen.bottom());
