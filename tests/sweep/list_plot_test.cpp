@@ -61,15 +61,6 @@ private slots:
             "List of one point: not readable, 1 dBm, 0 s per pass");
     }
 
-    void takesNewColours()
-    {
-        show(RunKind::Sweep, sweep);
-        m_plot->setPalette(QPalette(Qt::red));
-        QCoreApplication::processEvents();
-        for (const auto* plot : m_plot->findChildren<RunPlot*>())
-            QCOMPARE(plot->canvasBackground().color(), m_plot->palette().color(QPalette::Base));
-    }
-
     void header()
     {
         const auto* header = m_plot->findChild<QLabel*>("plot_List_header");
