@@ -50,6 +50,7 @@ void FieldLine::setField(NumberEdit* field)
     if (m_field)
         m_field->disconnect(this);
     m_field = field;
+    m_refusal = nullptr;
     if (field) {
         connect(field, &NumberEdit::refused, this, &FieldLine::showRefusal);
         const auto forget = [this] { showRefusal(nullptr); };
@@ -58,11 +59,13 @@ void FieldLine::setField(NumberEdit* field)
         // Before the commit, which may be refused itself.
         connect(field, &QLineEdit::returnPressed, this, forget);
     }
-    showRefusal(nullptr);
+    refresh();
 }
 
 void FieldLine::showRefusal(const StatusWords& reason)
 {
+    if (!reason && !m_refusal)
+        return;
     m_refusal = reason;
     refresh();
 }

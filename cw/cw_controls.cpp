@@ -45,12 +45,6 @@ bool hasNumberToPush(NumberEdit& field)
     return false;
 }
 
-/// Marks the text as accepted, with the cursor at its end and nothing selected.
-void selectAndDeselect(QLineEdit& field)
-{
-    field.selectAll();
-    field.deselect();
-}
 } // namespace
 
 CwControls::CwControls(ScpiSession& session, const FieldContext& context, PowerGuard& guard,
@@ -89,7 +83,7 @@ void CwControls::on_FREQ_editingFinished()
     if (!field.takeNumber())
         return;
     field.clamp();
-    selectAndDeselect(field);
+    field.end(false);
     field.showAccepted(field.text());
     if (!m_session.isConnected())
         return;
