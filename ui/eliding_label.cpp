@@ -8,6 +8,17 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+QSize ElidingLabel::minimumSizeHint() const
+{
+    return {0, fontMetrics().height() + height() - contentsRect().height()};
+}
+
+QSize ElidingLabel::sizeHint() const
+{
+    const bool isIgnored = sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
+    return isIgnored ? minimumSizeHint() : QLabel::sizeHint();
+}
+
 QString ElidingLabel::shownText() const
 {
     return fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());

@@ -11,6 +11,11 @@ class ElidingLabel : public QLabel
 public:
     using QLabel::QLabel;
 
+    /// Any width will do.
+    QSize minimumSizeHint() const override;
+    /// That of the text, unless the layout ignores it.
+    QSize sizeHint() const override;
+
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
