@@ -66,6 +66,12 @@ void GuiListKLV::build()
     setFrameShape(QFrame::NoFrame);
     viewport()->setAutoFillBackground(false);
     setViewportMargins(border, headerHeight, border, border);
+    m_content = new QWidget;
+    m_grid = new QGridLayout(m_content);
+    m_grid->setContentsMargins(contentMargin, 0, contentMargin, contentMargin);
+    m_grid->setSpacing(contentSpacing);
+    setWidget(m_content);
+    m_content->setAutoFillBackground(false);
 }
 
 void GuiListKLV::reset()
@@ -74,17 +80,14 @@ void GuiListKLV::reset()
         move(m_neighbour->frameGeometry().topRight() + QPoint(gapToWindow, 0));
     setMaximumHeight(mostHeight);
     // Not deleted at once: a new search may start from within a click on one of the old buttons.
-    if (QWidget* previous = takeWidget())
-        previous->deleteLater();
+    for (QPushButton* button : qAsConst(m_buttons)) {
+        button->hide();
+        m_grid->removeWidget(button);
+        button->deleteLater();
+    }
+    m_buttons.clear();
     if (auto* placeholder = findChild<QWidget*>(QStringLiteral("pasteProbel")))
         placeholder->close();
-    m_content = new QWidget;
-    m_grid = new QGridLayout(m_content);
-    m_grid->setContentsMargins(contentMargin, 0, contentMargin, contentMargin);
-    m_grid->setSpacing(contentSpacing);
-    setWidget(m_content);
-    m_content->setAutoFillBackground(false);
-    m_count = 0;
     m_hasChosen = false;
 }
 
@@ -101,14 +104,14 @@ void GuiListKLV::createButton(const QString& objectName, const QString& name)
     button->setToolTip(instrumentText(objectName));
     connect(button, &QPushButton::clicked, this, &GuiListKLV::slotSendAddress);
     connect(button, &QPushButton::clicked, this, &GuiListKLV::close);
-    m_grid->addWidget(button, m_count / m_columns, m_count % m_columns);
-    ++m_count;
+    m_grid->addWidget(button, m_buttons.size() / m_columns, m_buttons.size() % m_columns);
+    m_buttons << button;
 }
 
 void GuiListKLV::chooseOnly()
 {
-    if (auto* button = m_content->findChild<QPushButton*>())
-        button->click();
+    if (!m_buttons.isEmpty())
+        m_buttons.first()->click();
 }
 
 void GuiListKLV::slotSendAddress()
@@ -169,8 +172,8 @@ void GuiListKLV::showEvent(QShowEvent* event)
     const QSize whole = m_content->sizeHint().expandedTo({leastWidth, 0}) + QSize(0, headerHeight) +
                         2 * QSize(border, border);
     resize(whole.boundedTo({screen()->availableGeometry().width(), mostHeight}));
-    if (auto* first = m_content->findChild<QPushButton*>())
-        first->setFocus();
+    if (!m_buttons.isEmpty())
+        m_buttons.first()->setFocus();
     const QRect room = screen()->availableGeometry();
     setHorizontalScrollBarPolicy(m_content->sizeHint().width() > room.width()
                                      ? Qt::ScrollBarAsNeeded

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QScrollArea>
+#include <QVector>
 
 class DialogHeader;
 class QFrame;
 class QGridLayout;
+class QPushButton;
 class QToolButton;
 
 /// The chooser: one button for each instrument that a search has found. Knows addresses and
@@ -26,7 +28,7 @@ public:
     /// `objectName`.
     void createButton(const QString& objectName, const QString& name);
 
-    int buttonCount() const { return m_count; }
+    int buttonCount() const { return m_buttons.size(); }
 
     /// Chooses the only instrument, as a click on its button would.
     void chooseOnly();
@@ -62,7 +64,7 @@ private:
     QWidget* m_content = nullptr;
     QGridLayout* m_grid = nullptr;
     int m_columns = 3;
-    int m_count = 0;
+    QVector<QPushButton*> m_buttons;
     bool m_hasChosen = false;
     QString m_chosenName;
 };

@@ -33,7 +33,8 @@ QString lockName(const QString& title)
 {
     // Without invalid characters, which no pattern matches.
     QString readable = QString::fromLatin1(title.left(40).toLatin1());
-    readable.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9-]+")), QStringLiteral("_"));
+    static const QRegularExpression unfit(QStringLiteral("[^A-Za-z0-9-]+"));
+    readable.replace(unfit, QStringLiteral("_"));
     const QByteArray hash =
         QCryptographicHash::hash(title.toUtf8(), QCryptographicHash::Sha256).toHex().left(16);
     return QStringLiteral("klv-%1-%2.lock").arg(readable, QString::fromLatin1(hash));
