@@ -1,5 +1,7 @@
 #include "app/window_place.h"
 
+#include "ui/screen_pixels.h"
+
 #include <QGuiApplication>
 #include <QLayout>
 #include <QMainWindow>
@@ -105,9 +107,12 @@ void WindowPlace::stayOnScreen()
 
 QPoint WindowPlace::home()
 {
-    if (m_window.pos() != m_shiftedTo)
-        m_shift = QPoint();
-    return m_window.pos() + m_shift;
+    const QPointF here = toScreenPixels(m_window, m_window.pos());
+    // A zoom puts it back there but for the rounding.
+    const double rounding = 2.0 * m_window.devicePixelRatioF();
+    if ((here - m_shiftedTo).manhattanLength() > rounding)
+        m_home = here;
+    return fromScreenPixels(m_window, m_home);
 }
 
 QPoint WindowPlace::placeFor(const QSize& growth)
@@ -119,15 +124,14 @@ QPoint WindowPlace::placeFor(const QSize& growth)
 
 QPoint WindowPlace::placeOf(const QSize& size)
 {
-    const QPoint here = m_window.pos();
-    const QPoint homeBefore = home();
+    const QPoint wanted = home();
     const QRect screen = m_window.screen()->availableGeometry();
-    const QPoint overhang = QRect(here, size).bottomRight() - screen.bottomRight();
-    const QPoint room = here - screen.topLeft();
-    m_shiftedTo = here - QPoint(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
-                                std::clamp(overhang.y(), 0, std::max(room.y(), 0)));
-    m_shift = homeBefore - m_shiftedTo;
-    return m_shiftedTo;
+    const QPoint overhang = QRect(wanted, size).bottomRight() - screen.bottomRight();
+    const QPoint room = wanted - screen.topLeft();
+    const QPoint place = wanted - QPoint(std::clamp(overhang.x(), 0, std::max(room.x(), 0)),
+                                         std::clamp(overhang.y(), 0, std::max(room.y(), 0)));
+    m_shiftedTo = toScreenPixels(m_window, place);
+    return place;
 }
 
 bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
@@ -141,6 +145,13 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event)
             take(static_cast<QResizeEvent*>(event)->size());
         break;
     case QEvent::Show:
+        if (!m_isHeld)
+            fit();
+        // As at the start, a place is as the user has left it; back after a zoom, all else is new.
+        if (m_wasShown && !m_isHeld && isFree() && !event->spontaneous())
+            stayOnScreen();
+        m_wasShown = true;
+        break;
     case QEvent::LayoutRequest:
         if (!m_isHeld)
             fit();

@@ -14,7 +14,7 @@ class QSizeGrip;
 
 /// Where the window stands and how large it is: as large as its contents need or, if that is more,
 /// as the user has made it by its corner, with a side panel open and without. It moves the window
-/// only to keep it on the screen when it grows.
+/// only to keep it on the screen when it grows, and home again when there is room.
 class WindowPlace : public QObject
 {
     Q_OBJECT
@@ -34,9 +34,9 @@ public:
     /// The panels stand still, and one is open or none.
     void settle(bool isPanelOpen);
 
-    /// Where the window will have to stand when it has grown by so much for a panel; home again
-    /// once the last one closes, unless the user has moved it in between.
+    /// Where the window will have to stand when it has grown by so much for a panel.
     QPoint placeFor(const QSize& growth);
+    /// Where it would stand if there was room, which is where the user moved it last.
     QPoint home();
 
 protected:
@@ -47,7 +47,7 @@ private:
     void save();
     void take(const QSize& size);
     void stayOnScreen();
-    /// Where a window of that size is all on the screen.
+    /// Where a window of that size is all on the screen, as near to home as that can be.
     QPoint placeOf(const QSize& size);
 
     QMainWindow& m_window;
@@ -58,6 +58,8 @@ private:
     bool m_isHeld = false;
     /// Sizes that the desktop has yet to confirm, perhaps late.
     QVector<QSize> m_asked;
-    QPoint m_shift; ///< from home
-    QPoint m_shiftedTo;
+    bool m_wasShown = false;
+    /// In pixels of the screen. Home holds while the window stands where it was shifted to.
+    QPointF m_home;
+    QPointF m_shiftedTo;
 };

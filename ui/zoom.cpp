@@ -1,5 +1,7 @@
 #include "ui/zoom.h"
 
+#include "ui/screen_pixels.h"
+
 #include <QApplication>
 #include <QBackingStore>
 #include <QFocusEvent>
@@ -12,8 +14,9 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
-#include <limits>
+#include <utility>
 #include <vector>
 
 /// Qt's own, of which no header is public: by what every length is multiplied, as the environment
@@ -28,6 +31,8 @@ namespace
 {
 constexpr int percents[] = {80, 90, 100, 110, 125, 150, 175, 200};
 constexpr int plainPercent = 100;
+/// What the desktop has to be scaled by at least to count as scaled.
+constexpr double leastScale = 1.1;
 const QString zoomKey = QStringLiteral("zoom");
 
 /// The nearest of those that can be chosen.
@@ -47,59 +52,105 @@ int kept(const QSettings& settings)
     return isNumber ? percent : plainPercent;
 }
 
-void setFactor(int percent)
+void setFactor(double factor)
 {
-    const double ofDesktop = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
     // It expects no window at all; here none is on the screen.
     QLoggingCategory& log = *QLoggingCategory::defaultCategory();
     const bool isWarning = log.isWarningEnabled();
     log.setEnabled(QtWarningMsg, false);
-    QHighDpiScaling::setGlobalFactor((ofDesktop > 0.0 ? ofDesktop : 1.0) * percent / plainPercent);
+    QHighDpiScaling::setGlobalFactor(factor);
     log.setEnabled(QtWarningMsg, isWarning);
+}
+
+/// Of all screens the least scale and the greatest.
+std::pair<double, double> scalesOfScreens()
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    std::vector<double> scales;
+    std::transform(screens.begin(), screens.end(), std::back_inserter(scales),
+                   [](const QScreen* screen) { return screen->devicePixelRatio(); });
+    const auto [least, greatest] = std::minmax_element(scales.begin(), scales.end());
+    return scales.empty() ? std::pair(1.0, 1.0) : std::pair(*least, *greatest);
+}
+
+/// Makes the desktop's scale a whole one where it is but a little above: every line would fall
+/// between pixels, for a size that nobody can tell from the plain one. Whoever sets the variable
+/// means it. While the factor is 1.
+double plainFactor()
+{
+    const double chosen = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
+    if (chosen > 0.0)
+        return chosen;
+    const auto [least, greatest] = scalesOfScreens();
+    if (least <= 1.0 || greatest >= leastScale)
+        return 1.0;
+    double factor = 1.0 / least;
+    // Rounded down, it would be less than one pixel for a pixel.
+    while (factor * least < 1.0)
+        factor = std::nextafter(factor, 1.0);
+    return factor;
 }
 
 /// Below one pixel for a pixel Qt cuts off what it draws. While nothing is zoomed.
 int leastPercent()
 {
-    const QList<QScreen*> screens = QGuiApplication::screens();
-    double ofDesktop = std::numeric_limits<double>::infinity();
-    for (const QScreen* screen : screens)
-        ofDesktop = std::min(ofDesktop, screen->devicePixelRatio());
+    const double ofDesktop = scalesOfScreens().first;
     return *std::find_if(std::begin(percents), std::end(percents), [ofDesktop](int percent) {
         return percent >= plainPercent || percent * ofDesktop >= plainPercent;
     });
 }
 
-/// Has no field commit because another window becomes active for a moment, which the desktop tells
-/// later.
+/// A window that is taken from the screen loses the focus, which the desktop gives back later, and
+/// a field that loses it commits. So it is told only if the focus does not come back.
 class KeepsFocus : public QObject
 {
 public:
-    KeepsFocus() : QObject(qApp)
+    /// Lives until that window has the focus again; belongs to it.
+    explicit KeepsFocus(QWidget* window) : QObject(window)
     {
         qApp->installEventFilter(this);
-        QTimer::singleShot(lateMs, this, &QObject::deleteLater);
+        connect(qApp, &QGuiApplication::focusWindowChanged, this, [this, window](QWindow* now) {
+            if (now && now == window->windowHandle())
+                end();
+        });
+        QTimer::singleShot(longestMs, this, &KeepsFocus::end);
     }
 
 protected:
+    /// Only the desktop's doing: what the user moves to in the window counts at once.
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        return event->type() == QEvent::FocusOut && watched->isWidgetType() &&
-               static_cast<QFocusEvent*>(event)->reason() == Qt::ActiveWindowFocusReason;
+        if (event->type() != QEvent::FocusOut || !watched->isWidgetType() ||
+            static_cast<QFocusEvent*>(event)->reason() != Qt::ActiveWindowFocusReason)
+            return false;
+        m_left = static_cast<QWidget*>(watched);
+        return true;
     }
 
 private:
-    static constexpr int lateMs = 500;
+    void end()
+    {
+        qApp->removeEventFilter(this);
+        disconnect(qApp, nullptr, this, nullptr);
+        deleteLater();
+        QFocusEvent leave(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+        // What it commits may delete this with the window.
+        if (m_left && m_left != QApplication::focusWidget())
+            QCoreApplication::sendEvent(m_left, &leave);
+    }
+
+    static constexpr int longestMs = 500;
+    QPointer<QWidget> m_left;
 };
 
-/// Takes the windows from the screen while the scale changes, and puts them back at their places. A
-/// field that is half typed stays so.
-class OffScreen : public QObject
+/// Takes the windows from the screen while the scale changes, and puts them back at their places.
+class OffScreen
 {
 public:
     OffScreen() : m_active(QApplication::activeWindow())
     {
-        qApp->installEventFilter(this);
+        if (m_active)
+            new KeepsFocus(m_active);
         const auto widgets = QApplication::topLevelWidgets();
         for (QWidget* widget : widgets) {
             // Of the same size in its own pixels, it would keep that of the screen's.
@@ -107,9 +158,7 @@ public:
                 drawn->resize(QSize(1, 1));
             if (!widget->isVisible())
                 continue;
-            const QPoint corner = widget->screen()->geometry().topLeft();
-            m_shown.push_back(
-                {widget, corner, QPointF(widget->pos() - corner) * widget->devicePixelRatioF()});
+            m_shown.push_back({widget, toScreenPixels(*widget, widget->geometry().topLeft())});
             widget->hide();
         }
         // An owner before what belongs to it.
@@ -121,11 +170,11 @@ public:
             window->destroy();
     }
 
-    ~OffScreen() override
+    ~OffScreen()
     {
         for (const Shown& shown : m_shown) {
             if (shown.widget)
-                putBack(*shown.widget, shown.corner, shown.place);
+                putBack(*shown.widget, shown.place);
         }
         if (m_active)
             m_active->activateWindow();
@@ -133,31 +182,30 @@ public:
 
     Q_DISABLE_COPY_MOVE(OffScreen)
 
-protected:
-    /// A field that lost the focus would commit.
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        return event->type() == QEvent::FocusOut && watched->isWidgetType();
-    }
-
 private:
     struct Shown {
         QPointer<QWidget> widget;
-        QPoint corner; ///< of the screen; no scale moves it
-        QPointF place; ///< from there, in pixels of the screen
+        QPointF place; ///< in pixels of the screen
     };
 
-    void putBack(QWidget& widget, const QPoint& corner, const QPointF& place) const
+    void putBack(QWidget& widget, const QPointF& place) const
     {
+        const bool isFree = !widget.isMaximized() && !widget.isFullScreen();
+        // Before it is shown, so that its owner may move it then.
+        if (isFree)
+            widget.setGeometry(QRect(fromScreenPixels(widget, place), widget.size()));
         const bool isQuiet = widget.testAttribute(Qt::WA_ShowWithoutActivating);
         widget.setAttribute(Qt::WA_ShowWithoutActivating, isQuiet || &widget != m_active);
         widget.show();
         widget.setAttribute(Qt::WA_ShowWithoutActivating, isQuiet);
-        const QPoint there = corner + (place / widget.devicePixelRatioF()).toPoint();
+        if (!isFree)
+            return;
         const QRect room = widget.screen()->availableGeometry();
         const QPoint last = room.bottomRight() - widget.rect().bottomRight();
-        widget.move(std::max(room.left(), std::min(there.x(), last.x())),
-                    std::max(room.top(), std::min(there.y(), last.y())));
+        const QPoint there(std::max(room.left(), std::min(widget.x(), last.x())),
+                           std::max(room.top(), std::min(widget.y(), last.y())));
+        if (there != widget.pos())
+            widget.move(there);
     }
 
     std::vector<Shown> m_shown;
@@ -166,13 +214,15 @@ private:
 } // namespace
 
 Zoom::Zoom(QSettings* settings)
-    : m_settings(settings), m_least(plainPercent), m_percent(plainPercent)
+    : m_settings(settings), m_plainFactor(1.0), m_least(plainPercent), m_percent(plainPercent)
 {
-    setFactor(plainPercent);
+    setFactor(1.0);
+    m_plainFactor = plainFactor();
+    scale();
     m_least = leastPercent();
     if (settings)
         m_percent = offered(kept(*settings), m_least);
-    setFactor(m_percent);
+    scale();
 }
 
 bool Zoom::canStep(int direction) const
@@ -199,7 +249,11 @@ void Zoom::choose(int percent)
     m_percent = percent;
     if (m_settings)
         m_settings->setValue(zoomKey, percent);
-    new KeepsFocus;
     const OffScreen whileScaled;
-    setFactor(percent);
+    scale();
+}
+
+void Zoom::scale()
+{
+    setFactor(m_plainFactor * (m_percent / double(plainPercent)));
 }

@@ -3,8 +3,9 @@
 class QSettings;
 
 /// How large everything is that the program shows, from 80 to 200 %, on top of the desktop's own
-/// scale; both together never shrink anything, since Qt cannot draw that. Taken from the settings,
-/// which also store what is chosen while the program runs. To be created before any window.
+/// scale, if that is worth the name; both together never shrink anything, since Qt cannot draw
+/// that. Taken from the settings, which also store what is chosen while the program runs. To be
+/// created before any window.
 class Zoom
 {
 public:
@@ -20,8 +21,10 @@ public:
 
 private:
     void choose(int percent);
+    void scale();
 
     QSettings* m_settings;
+    double m_plainFactor; ///< at 100 %
     int m_least;
     int m_percent;
 };

@@ -7,7 +7,6 @@
 #include "tests/support/wire_rig.h"
 
 #include <QAction>
-#include <QBackingStore>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,8 +14,6 @@
 #include <QStackedWidget>
 #include <QTableWidget>
 #include <QWindow>
-
-#include <cmath>
 
 namespace
 {
@@ -281,56 +278,6 @@ private slots:
         QCOMPARE(placesOfControls(), places);
     }
 
-    void everythingIsZoomed_data()
-    {
-        testColumns<QByteArray, double>("desktop", "least");
-        testRow("plain desktop", QByteArray("1"), 1.0);
-        testRow("scaled desktop", QByteArray("1.25"), 0.8);
-        testRow("doubled desktop", QByteArray("2"), 0.8);
-    }
-
-    /// At once, and a number that is half typed stays so.
-    void everythingIsZoomed()
-    {
-        QFETCH(QByteArray, desktop);
-        QFETCH(double, least);
-        const QByteArray desktopBefore = qgetenv("QT_SCALE_FACTOR");
-        qputenv("QT_SCALE_FACTOR", desktop);
-        beginConnected();
-        auto& field = m_rig->get<QLineEdit>("FREQ");
-        field.setFocus();
-        QTest::keyClicks(&field, "7");
-        const QString typed = field.text();
-        const QSize size = m_rig->window().size();
-        const auto isAt = [&](double factor) {
-            QVERIFY(isScaled(desktop.toDouble() * factor));
-            QVERIFY(m_rig->window().isVisible());
-            QCOMPARE(m_rig->window().size(), size);
-            QTRY_COMPARE(drawnWidth(), qRound(size.width() * desktop.toDouble() * factor));
-            QCOMPARE(field.text(), typed);
-            QCOMPARE(m_demo->takeSent(), QStringList());
-        };
-        auto& larger = m_rig->get<QAction>("action_zoom_in");
-        auto& smaller = m_rig->get<QAction>("action_zoom_out");
-        while (smaller.isEnabled())
-            smaller.trigger();
-        isAt(least);
-        m_rig->get<QAction>("action_zoom_reset").trigger();
-        isAt(1.0);
-        larger.trigger();
-        isAt(1.1);
-        while (larger.isEnabled())
-            larger.trigger();
-        isAt(2.0);
-        begin();
-        QVERIFY(isScaled(desktop.toDouble() * 2.0));
-        qputenv("QT_SCALE_FACTOR", desktopBefore);
-        StartOptions clean = PanelRig::defaultOptions();
-        clean.isClean = true;
-        begin(clean);
-        QVERIFY(isScaled(desktopBefore.isEmpty() ? 1.0 : desktopBefore.toDouble()));
-    }
-
     void aClosedPanelEndsWriting_data() { testNames("button", {"service", "open_mod"}); }
 
     void aClosedPanelEndsWriting()
@@ -397,19 +344,6 @@ private:
     {
         begin();
         QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
-    }
-
-    /// In pixels of the screen; 0 until something is drawn.
-    int drawnWidth()
-    {
-        const QPaintDevice* drawn = m_rig->window().backingStore()->paintDevice();
-        return drawn ? drawn->width() : 0;
-    }
-
-    bool isScaled(double factor)
-    {
-        // A widget knows it in parts of 65536.
-        return std::abs(m_rig->window().devicePixelRatioF() - factor) < 1e-3;
     }
 
     /// In the window, of the buttons and fields beside the panels.

@@ -1,6 +1,7 @@
 #include "app/side_panels.h"
 #include "app/window_place.h"
 #include "tests/support/rows.h"
+#include "ui/zoom.h"
 
 #include <QAbstractAnimation>
 #include <QHBoxLayout>
@@ -236,6 +237,45 @@ private slots:
             bench.move(bench.toggleA);
             QCOMPARE(bench.window->pos(), isMovedByHand ? elsewhere : home);
         }
+    }
+
+    void aZoomKeepsHome_data()
+    {
+        testColumns<QList<int>, bool>("steps", "isMovedByHand"); // after the panel has opened
+        testRow("larger", QList<int>({1}), false);
+        testRow("larger than the screen", QList<int>({1, 1, 1, 1}), false);
+        testRow("and back", QList<int>({1, 1, -1, -1}), false);
+        testRow("moved then", QList<int>({1}), true);
+    }
+
+    /// Which is the same spot of the screen, as near as lengths of the new scale come to it.
+    void aZoomKeepsHome()
+    {
+        QFETCH(QList<int>, steps);
+        QFETCH(bool, isMovedByHand);
+        Zoom zoom(nullptr);
+        Bench bench;
+        const auto spot = [&] { return QPointF(bench.window->pos()) * zoom.percent() / 100.0; };
+        const QRect screen = bench.window->screen()->availableGeometry();
+        bench.window->move(screen.right() - bench.window->width() - 20, screen.top() + 40);
+        QPointF home = spot();
+        bench.move(bench.toggleA);
+        QVERIFY(spot().x() < home.x());
+        for (const int step : steps) {
+            zoom.step(step);
+            QCoreApplication::processEvents();
+        }
+        if (isMovedByHand) {
+            bench.window->move(30, 50);
+            home = spot();
+        }
+        bench.move(bench.toggleA);
+        // It is no larger than the screen.
+        const QPoint last = bench.window->screen()->availableGeometry().bottomRight() -
+                            QRect(QPoint(), bench.window->frameSize()).bottomRight();
+        home.setX(std::min(home.x(), last.x() * zoom.percent() / 100.0));
+        QVERIFY((spot() - home).manhattanLength() <= 2.0);
+        zoom.reset();
     }
 
     /// Also where something has grown meanwhile that stays.
