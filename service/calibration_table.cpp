@@ -2,6 +2,7 @@
 
 #include "numbers/number_text.h"
 #include "service/calibration_text.h"
+#include "ui/whole_grid.h"
 
 #include <QHeaderView>
 #include <QIcon>
@@ -62,6 +63,7 @@ CalibrationTable::CalibrationTable(QWidget* parent) : QTableWidget(0, ColumnCoun
     setObjectName(QStringLiteral("table"));
     setMinimumHeight(leastHeight);
     setTabKeyNavigation(false);
+    keepGridWhole(*this);
     setItemDelegate(new CellDelegate(this));
     setItemDelegateForColumn(Frequency, new GroupingDelegate(this));
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);

@@ -6,6 +6,7 @@
 #include "numbers/number_text.h"
 #include "sweep/list/point_delegate.h"
 #include "ui/progress_bar_for_table.h"
+#include "ui/whole_grid.h"
 
 #include <QHeaderView>
 #include <QIcon>
@@ -89,6 +90,7 @@ PointTable::PointTable(const FieldContext& context, QWidget* parent)
     // Tab is the table's own matter: see focusNextPrevChild().
     setTabKeyNavigation(false);
     setAlternatingRowColors(true);
+    keepGridWhole(*this);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     horizontalHeader()->setHighlightSections(false);
     // All of one height: any number of rows is never measured.
