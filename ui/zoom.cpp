@@ -33,6 +33,9 @@ constexpr int percents[] = {80, 90, 100, 110, 125, 150, 175, 200};
 constexpr int plainPercent = 100;
 /// What the desktop has to be scaled by at least to count as scaled.
 constexpr double leastScale = 1.1;
+/// Qt knows in whole parts of this size by what it draws, and exactly by what it clears. Where the
+/// two differ, an edge may fall to either side of a pixel, which leaves a black slit.
+constexpr double scalePart = 1.0 / 65536.0;
 const QString zoomKey = QStringLiteral("zoom");
 
 /// The nearest of those that can be chosen.
@@ -73,31 +76,26 @@ std::pair<double, double> scalesOfScreens()
     return scales.empty() ? std::pair(1.0, 1.0) : std::pair(*least, *greatest);
 }
 
-/// Makes the desktop's scale a whole one where it is but a little above: every line would fall
+/// A desktop that is but a little larger than plain is taken as plain: every line would fall
 /// between pixels, for a size that nobody can tell from the plain one. Whoever sets the variable
-/// means it. While the factor is 1.
-double plainFactor()
+/// means it.
+double plainScale(double least, double greatest)
 {
     const double chosen = qEnvironmentVariable("QT_SCALE_FACTOR").toDouble();
     if (chosen > 0.0)
-        return chosen;
-    const auto [least, greatest] = scalesOfScreens();
-    if (least <= 1.0 || greatest >= leastScale)
-        return 1.0;
-    double factor = 1.0 / least;
-    // Rounded down, it would be less than one pixel for a pixel.
-    while (factor * least < 1.0)
-        factor = std::nextafter(factor, 1.0);
-    return factor;
+        return chosen * least;
+    return greatest < leastScale ? 1.0 : least;
 }
 
-/// Below one pixel for a pixel Qt cuts off what it draws. While nothing is zoomed.
-int leastPercent()
+/// That gives a screen of its own scale this one, or as near to it as Qt can draw.
+double factorFor(double scale, double ofScreen)
 {
-    const double ofDesktop = scalesOfScreens().first;
-    return *std::find_if(std::begin(percents), std::end(percents), [ofDesktop](int percent) {
-        return percent >= plainPercent || percent * ofDesktop >= plainPercent;
-    });
+    const double drawn = std::round(scale / scalePart) * scalePart;
+    double factor = drawn / ofScreen;
+    // Rounded down, it would be drawn by a part less.
+    while (factor * ofScreen < drawn)
+        factor = std::nextafter(factor, 2.0 * factor);
+    return factor;
 }
 
 /// A window that is taken from the screen loses the focus, which the desktop gives back later, and
@@ -214,12 +212,16 @@ private:
 } // namespace
 
 Zoom::Zoom(QSettings* settings)
-    : m_settings(settings), m_plainFactor(1.0), m_least(plainPercent), m_percent(plainPercent)
+    : m_settings(settings), m_least(plainPercent), m_percent(plainPercent)
 {
     setFactor(1.0);
-    m_plainFactor = plainFactor();
-    scale();
-    m_least = leastPercent();
+    const auto [least, greatest] = scalesOfScreens();
+    m_ofScreen = least;
+    m_plain = plainScale(least, greatest);
+    // Below one pixel for a pixel Qt cuts off what it draws.
+    m_least = *std::find_if(std::begin(percents), std::end(percents), [this](int percent) {
+        return percent >= plainPercent || percent * m_plain >= plainPercent;
+    });
     if (settings)
         m_percent = offered(kept(*settings), m_least);
     scale();
@@ -255,5 +257,5 @@ void Zoom::choose(int percent)
 
 void Zoom::scale()
 {
-    setFactor(m_plainFactor * (m_percent / double(plainPercent)));
+    setFactor(factorFor(m_plain * m_percent / plainPercent, m_ofScreen));
 }

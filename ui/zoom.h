@@ -24,7 +24,8 @@ private:
     void scale();
 
     QSettings* m_settings;
-    double m_plainFactor; ///< at 100 %
+    double m_ofScreen = 1.0; ///< the least of those that the desktop gives its screens
+    double m_plain = 1.0;    ///< what such a screen has at 100 %
     int m_least;
     int m_percent;
 };

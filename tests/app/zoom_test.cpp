@@ -4,7 +4,9 @@
 #include <QAction>
 #include <QBackingStore>
 #include <QLineEdit>
+#include <QPaintEvent>
 #include <QScreen>
+#include <QTableWidget>
 
 #include <cmath>
 
@@ -14,6 +16,23 @@ class Q_GUI_EXPORT QHighDpiScaling
 public:
     static void setScreenFactor(QScreen* screen, qreal factor);
 };
+
+namespace
+{
+/// What was drawn of a widget last.
+struct PaintedRect : QObject {
+    explicit PaintedRect(QWidget& widget) { widget.installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            rect = static_cast<QPaintEvent*>(event)->rect();
+        return false;
+    }
+
+    QRect rect;
+};
+} // namespace
 
 /// Everything that the window shows, larger or smaller.
 class ZoomTest : public PanelTest
@@ -57,6 +76,7 @@ private slots:
         const QSize size = m_rig->window().size();
         const auto isAt = [&](double factor) {
             QVERIFY(isScaled(plain * factor));
+            QCOMPARE(slit(), 0);
             QVERIFY(m_rig->window().isVisible());
             QCOMPARE(m_rig->window().size(), size);
             QTRY_COMPARE(drawnWidth(), qRound(size.width() * plain * factor));
@@ -79,6 +99,28 @@ private slots:
         clean.isClean = true;
         begin(clean);
         QVERIFY(isScaled(plain));
+    }
+
+    void tablesAreDrawnWhole_data() { testNames("table", {"table_List", "table"}); }
+
+    /// Between pixels a cell that is drawn alone leaves gaps in the grid.
+    void tablesAreDrawnWhole()
+    {
+        QFETCH(QString, table);
+        beginConnected();
+        m_rig->openPanel(table == "table" ? "service" : "open_list");
+        m_rig->clickAll("List_is_Checked");
+        zoom("action_zoom_in");
+        auto& cells = m_rig->get<QTableWidget>(qPrintable(table));
+        cells.setRowCount(3);
+        cells.setCurrentCell(2, 0);
+        PaintedRect painted(*cells.viewport());
+        for (int row = 0; row < cells.rowCount(); ++row) {
+            QCoreApplication::processEvents();
+            painted.rect = {};
+            cells.setCurrentCell(row, 1);
+            QTRY_COMPARE(painted.rect, cells.viewport()->rect());
+        }
     }
 
     void whatIsTypedIsSentOnLeaving_data()
@@ -132,12 +174,25 @@ private:
         return drawn ? drawn->width() : 0;
     }
 
+    /// An edge that is at one pixel for what is cleared and at another for what is drawn;
+    /// 0 if there is none.
+    int slit()
+    {
+        const double cleared = m_rig->window().screen()->devicePixelRatio();
+        const double drawn = m_rig->window().devicePixelRatioF();
+        int edge = largestEdge;
+        while (edge > 0 && qRound(edge * cleared) == qRound(edge * drawn))
+            --edge;
+        return edge;
+    }
+
     bool isScaled(double factor)
     {
         // A widget knows it in parts of 65536.
         return std::abs(m_rig->window().devicePixelRatioF() - factor) < 1e-3;
     }
 
+    static constexpr int largestEdge = 2000;
     const QByteArray m_chosenBefore = qgetenv("QT_SCALE_FACTOR");
 };
 
