@@ -3,8 +3,6 @@
 #include <QPaintEvent>
 #include <QTableView>
 
-#include <cmath>
-
 namespace
 {
 class WholeGrid : public QObject
@@ -27,8 +25,7 @@ private:
     /// What was asked for counts as whole, whatever part of it is visible.
     void painted(QWidget& viewport, const QRect& part)
     {
-        const double scale = viewport.devicePixelRatioF();
-        m_isAsked = !m_isAsked && part != viewport.rect() && scale != std::floor(scale);
+        m_isAsked = !m_isAsked && part != viewport.rect() && viewport.devicePixelRatioF() > 1.0;
         if (m_isAsked)
             viewport.update();
     }

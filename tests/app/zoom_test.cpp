@@ -103,14 +103,14 @@ private slots:
 
     void tablesAreDrawnWhole_data() { testNames("table", {"table_List", "table"}); }
 
-    /// Between pixels a cell that is drawn alone leaves gaps in the grid.
+    /// A cell that is drawn alone leaves gaps in the grid.
     void tablesAreDrawnWhole()
     {
         QFETCH(QString, table);
         beginConnected();
         m_rig->openPanel(table == "table" ? "service" : "open_list");
         m_rig->clickAll("List_is_Checked");
-        zoom("action_zoom_in");
+        zoomAll("action_zoom_in");
         auto& cells = m_rig->get<QTableWidget>(qPrintable(table));
         cells.setRowCount(3);
         cells.setCurrentCell(2, 0);
