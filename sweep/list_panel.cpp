@@ -15,6 +15,7 @@
 #include "ui/named.h"
 #include "ui/progress_bar_for_table.h"
 
+#include <QAction>
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
@@ -108,6 +109,8 @@ void List::wireList()
 {
     connect(&table(), &QTableWidget::cellChanged, this, &List::editTable);
     connect(&m_list->actions(), &PointActions::generateWanted, this, &List::generateList);
+    // The empty table names its key, wherever the focus is.
+    addAction(m_list->actions().action(PointActions::Generate));
     connect(&m_list->save(), &QAbstractButton::clicked, m_files, &ListFileDialogs::save);
     connect(&m_list->open(), &QAbstractButton::clicked, this, &List::openList);
 
@@ -136,6 +139,7 @@ void List::showChosenGroup()
     stopRun(isListShown() ? runSweep() : runList());
     m_sweep->setVisible(!isListShown());
     m_list->setVisible(isListShown());
+    m_list->actions().action(PointActions::Generate)->setEnabled(isListShown());
     emit shownChanged();
 }
 

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QLabel>
+#include <QTableWidget>
 #include <QWheelEvent>
 
 /// Where the focus goes, what is said about the field that has it, and about the level at the
@@ -157,6 +158,17 @@ private slots:
         QCOMPARE(m_demo->takeCommands(), QStringList());
         keys({Qt::Key_Tab, Qt::Key_Backtab});
         QCOMPARE(focus(), QString("Triangle_Ampl"));
+    }
+
+    /// From wherever the focus is, once the list is shown.
+    void theListIsMadeByKeys()
+    {
+        m_rig->openPanel("open_list");
+        for (const int made : {0, 100}) {
+            QTest::keyClick(m_rig->window().windowHandle(), Qt::Key_G, Qt::ControlModifier);
+            QCOMPARE(m_rig->get<QTableWidget>("table_List").rowCount(), made);
+            keys({Qt::Key_Space});
+        }
     }
 
     void tabWalksTheLogAsItIsRead()
