@@ -7,10 +7,12 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QAction>
+#include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -256,7 +258,9 @@ QStringList unnamedControls(const QWidget& window)
         const bool isControl = qobject_cast<const QAbstractButton*>(widget) ||
                                qobject_cast<const QLineEdit*>(widget) ||
                                widget->focusPolicy() & Qt::TabFocus;
-        if (isControl && widget->accessibleName().isEmpty())
+        const bool isRead = isControl || qobject_cast<const QGroupBox*>(widget) ||
+                            qobject_cast<const QProgressBar*>(widget);
+        if (isRead && widget->accessibleName().isEmpty())
             faults << "no name: " + idOf(*widget);
         if (isControl && widget->toolTip().isEmpty())
             faults << "no tool-tip: " + idOf(*widget);

@@ -7,7 +7,7 @@ class QWidget;
 // What a user would stumble over in a window as it stands: one line per fault, none when all is
 // well. Hidden widgets and what the toolkit keeps to itself are passed over.
 
-/// Controls without an accessible name or a tool-tip.
+/// Controls without an accessible name or a tool-tip, and groups without a name.
 QStringList unnamedControls(const QWidget& window);
 
 /// Texts of labels, buttons, fields, headers and cells that do not fit where they stand.

@@ -60,6 +60,46 @@ private slots:
         QCOMPARE(m_rig->device(), english);
     }
 
+    void noWordKeepsTheOldLanguage()
+    {
+        StartOptions russian = PanelRig::defaultOptions();
+        russian.language = "ru";
+        begin(russian);
+        const QStringList expected = words();
+        begin();
+        m_rig->chooseLanguage("ru");
+        const QStringList found = words();
+        QCOMPARE(found.size(), expected.size());
+        for (int i = 0; i < found.size(); ++i)
+            QCOMPARE(found.at(i), expected.at(i));
+    }
+
+    /// Until they are those of a window that was made in it.
+    void thePicturesFollowTheTheme()
+    {
+        const auto choose = [this](const char* theme) {
+            const auto actions = m_rig->get<QMenu>("menu").findChildren<QAction*>();
+            for (QAction* action : actions) {
+                if (action->data() == theme)
+                    action->trigger();
+            }
+        };
+        for (const char* panel : {"open_list", "open_mod"}) {
+            const auto picture = [&] { return m_rig->get("pictures").grab().toImage(); };
+            begin();
+            choose("dark");
+            begin();
+            m_rig->openPanel(panel);
+            QCoreApplication::processEvents();
+            const QImage dark = picture();
+            choose("light");
+            begin();
+            m_rig->openPanel(panel);
+            choose("dark");
+            QTRY_VERIFY2(picture() == dark, panel);
+        }
+    }
+
     void aboutShowsTheInstrument()
     {
         beginConnected();
@@ -344,6 +384,22 @@ private:
     {
         begin();
         QVERIFY(QTest::qWaitForWindowActive(&m_rig->window()));
+    }
+
+    /// What the widgets show, tell and are called.
+    QStringList words()
+    {
+        QStringList words;
+        const auto widgets = m_rig->window().findChildren<QWidget*>();
+        for (const QWidget* widget : widgets)
+            words << QStringList{widget->objectName(),
+                                 widget->property("text").toString(),
+                                 widget->windowTitle(),
+                                 widget->accessibleName(),
+                                 widget->accessibleDescription(),
+                                 widget->toolTip()}
+                         .join('|');
+        return words;
     }
 
     /// In the window, of the buttons and fields beside the panels.

@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -89,6 +90,21 @@ private slots:
         for (const QPointF& point : waveformPoints({WaveShape::Random, 0.0, 50.0, -1.0, 1.0}, 1.0))
             levels.insert(point.y());
         QVERIFY(levels.size() > 20 && *levels.begin() < -0.5 && *levels.rbegin() > 0.5);
+    }
+
+    void scalesAreQuartered()
+    {
+        WaveformPicture picture;
+        picture.showWaveform({WaveShape::Sine, 1e-3, 50, -2, 2}, Unit::Volt);
+        for (const int axis : {QwtPlot::yLeft, QwtPlot::xBottom}) {
+            const QwtScaleDiv& scale = picture.axisScaleDiv(axis);
+            QList<double> lines =
+                scale.ticks(QwtScaleDiv::MediumTick) + scale.ticks(QwtScaleDiv::MajorTick);
+            std::sort(lines.begin(), lines.end());
+            QCOMPARE(lines.size(), 5);
+            for (int i = 1; i < lines.size(); ++i)
+                QCOMPARE(lines.at(i) - lines.at(i - 1), lines.last() / (axis ? 4 : 2));
+        }
     }
 
     /// The panels' test reads the other words.

@@ -74,6 +74,13 @@ private slots:
         QVERIFY(header->text().endsWith("0:01:01 of 1:00:00"));
         m_plot->setRun({});
         show(RunKind::List, listOf({{"1", "0", "1"}, {"1", "-", "1"}}));
+        const QImage unmarked = canvas(0).grab().toImage();
+        m_plot->setRun(RunClock::Pace::Free);
+        for (const int number : {1, 2}) {
+            m_plot->setReached(number);
+            QVERIFY(canvas(0).grab().toImage() != unmarked);
+        }
+        m_plot->setRun({});
         QVERIFY(header->text().endsWith("Point 2 cannot run with these values"));
     }
 

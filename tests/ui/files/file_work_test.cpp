@@ -40,7 +40,9 @@ private:
             const QWidget* dialog = QApplication::activeModalWidget();
             if (!dialog)
                 return;
-            const int value = dialog->findChild<QProgressBar*>("file_progress")->value();
+            const auto* bar = dialog->findChild<QProgressBar*>("file_progress");
+            QCOMPARE(bar->accessibleName(), QString("Reading"));
+            const int value = bar->value();
             mostShown = std::max(mostShown, value);
             if (isCancelled && value > 0)
                 QTest::mouseClick(dialog->findChild<QPushButton*>("cancel"), Qt::LeftButton);
