@@ -85,7 +85,10 @@ private slots:
         if (!isAway && !(isConnecting && sent.isEmpty()))
             QCOMPARE(sent.mid(sent.size() - 2), QStringList({"*RST", "MEM:MSC ON"}));
         QVERIFY(isStateKept());
+        // The resource manager is given back, and nothing is sent any more.
+        const QString calls = (*m_demo)("calls");
         m_rig->end();
+        QVERIFY((*m_demo)("calls") != calls);
         QVERIFY(m_demo->takeSent().isEmpty());
     }
 

@@ -280,6 +280,8 @@ private slots:
             "Not sent: \"\U0001F600\" (U+1F600) is not an ASCII character");
         row("escape", "FREQ\x1b?", QStringList(), false, "RF",
             "Not sent: it holds a control character (U+001B)");
+        row("delete", "FREQ\x7f?", QStringList(), false, "RF",
+            "Not sent: it holds a control character (U+007F)");
         row("too long", QString(4097, 'A'), QStringList(), false, "RF",
             "Not sent: the command is too long");
     }
@@ -394,10 +396,12 @@ private slots:
         QCOMPARE(sent, QStringList({"\"\"\"'); import os; os._exit(3) #\\\\", "%s {0} @lines@",
                                     "A\\\\\\nB\\t\\xE9"}));
         // A name is never a word of the script or of the language.
-        QCOMPARE(pythonLines({exchangeOf("class?"), exchangeOf("time?"), exchangeOf("1a:import?")}),
+        QCOMPARE(pythonLines({exchangeOf("class?"), exchangeOf("time?"), exchangeOf("1a:import?"),
+                              exchangeOf("SYST:ERR:ERA?")}),
                  QString("class_ = instrument.query(\"class?\")\n"
                          "time_ = instrument.query(\"time?\")\n"
-                         "answer = instrument.query(\"1a:import?\")"));
+                         "answer = instrument.query(\"1a:import?\")\n"
+                         "syst_error_era = instrument.query(\"SYST:ERR:ERA?\")"));
     }
 };
 

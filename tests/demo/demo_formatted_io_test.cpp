@@ -133,8 +133,12 @@ private slots:
             viScanf(instrument.session, format, reply.data());
             return QByteArray(reply.data());
         };
-        viPrintf(instrument.session, "*IDN?\n");
-        QCOMPARE(scan("%6T"), QByteArray("Veltro"));
+        for (const ViUInt16 thrownAway : {VI_WRITE_BUF, VI_READ_BUF, VI_READ_BUF_DISCARD}) {
+            viFlush(instrument.session, thrownAway);
+            viPrintf(instrument.session, "*IDN?\n");
+            QCOMPARE(scan("%6T"), QByteArray("Veltro"));
+        }
+        QCOMPARE(viFlush(instrument.session, VI_WRITE_BUF), VI_SUCCESS);
         QCOMPARE(scan(",%[^,]"), QByteArray("KLV-20G"));
         viSetAttribute(instrument.session, VI_ATTR_RD_BUF_OPER_MODE, VI_FLUSH_ON_ACCESS);
         QCOMPARE(scan(",%3s"), QByteArray("202"));

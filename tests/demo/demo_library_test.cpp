@@ -81,6 +81,16 @@ private slots:
         QCOMPARE(viClose(instrument.resourceManager), VI_SUCCESS);
         QCOMPARE(viPrintf(session, "FREQ 1\n"), VI_ERROR_INV_OBJECT);
         QCOMPARE(viClose(session), VI_ERROR_INV_OBJECT);
+        // Whoever looks at the count alone sees that nothing has passed.
+        const auto passesNothing = [session](auto call, auto argument) {
+            ViUInt32 count = 1;
+            QCOMPARE(call(session, argument, 1, &count), VI_ERROR_INV_OBJECT);
+            QCOMPARE(count, ViUInt32{0});
+        };
+        passesNothing(viRead, ViPBuf());
+        passesNothing(viWrite, ViConstBuf());
+        for (const auto call : {viReadToFile, viWriteFromFile})
+            passesNothing(call, "");
     }
 
     // Two sessions, the first of which opens with an exclusive lock.
