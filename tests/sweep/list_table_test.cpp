@@ -107,6 +107,11 @@ private slots:
         const QStringList fromFile = {"1000000,-1.50,2500"};
         bench.setRows(fromFile);
         QVERIFY(picture() == groupedDigits);
+        // The hint of an empty table is not seen behind one row either.
+        const QRect below = bench.table().viewport()->rect().adjusted(0, 100, 0, 0);
+        bench.setRows(fromFile + fromFile);
+        QVERIFY(picture().copy(below) == groupedDigits.copy(below));
+        bench.setRows(fromFile);
         bench.clickCell(0, 0);
         bench.press(Qt::Key_F2);
         QCOMPARE(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(),
