@@ -119,6 +119,7 @@ private slots:
         check("open_list", "List",
               {"Freq_Pow=key_Freq_Pow", "Start=key_Start", "Stop=key_Stop", "Step=key_Step",
                "Time=key_Time"});
+        check("service", "service_panel", {"REF_OSC=key_REF_OSC"});
     }
 
     void aPanelTakesTheFocusAndGivesItBack()
@@ -171,21 +172,6 @@ private slots:
         }
     }
 
-    void tabWalksTheLogAsItIsRead()
-    {
-        m_rig->get<QAction>("action_log").trigger();
-        QWidget& log = m_rig->get("ScpiLog");
-        QVERIFY(QTest::qWaitForWindowActive(&log));
-        m_rig->get("log_find").setFocus();
-        QStringList stops;
-        for (int i = 0; i < 10; ++i) {
-            stops << log.focusWidget()->objectName();
-            QTest::keyClick(log.windowHandle(), Qt::Key_Tab);
-        }
-        QCOMPARE(stops.join(' '), QString("log_find log_errors log_polls log_pause log_clear "
-                                          "log_save table_log log_send log_close log_find"));
-    }
-
     void theLineTellsOfTheField()
     {
         const auto row = freshRows(this, [this](const QString& field, const QString& line) {
@@ -220,7 +206,7 @@ private slots:
         m_rig->click("take_ceiling");
         field.setFocus();
         QTRY_VERIFY2(line().contains(" 7 dBm"), qPrintable(line()));
-        m_rig->chooseLanguage("ru");
+        m_rig->choose("ru");
         QVERIFY2(line().contains(QStringLiteral("шаг")), qPrintable(line()));
     }
 
@@ -296,7 +282,7 @@ private slots:
         // What is typed and not sent is not at the device.
         QTest::keyClicks(&m_rig->get("POW"), "9");
         QCOMPARE(m_rig->text("device_level"), QString("0 dBm, at the device -3.2 dBm"));
-        m_rig->chooseLanguage("ru");
+        m_rig->choose("ru");
         QVERIFY2(m_rig->text("device_level").contains(QStringLiteral("дБм")),
                  qPrintable(m_rig->text("device_level")));
         m_rig->openPanel("open_list");

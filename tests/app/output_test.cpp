@@ -58,12 +58,7 @@ private slots:
         saveProfile();
         connectWithRf();
         actOnceSent("AM:STATe ON", [&] {
-            if (way == "key")
-                pressKey();
-            else if (way == "click")
-                clickButton(*m_rig);
-            else
-                pressSpace(*m_rig);
+            way == "key" ? pressKey() : way == "click" ? clickButton(*m_rig) : pressSpace(*m_rig);
         });
         m_rig->click("quick_1");
         QTRY_VERIFY(m_hasActed);

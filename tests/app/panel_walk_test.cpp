@@ -203,7 +203,18 @@ private:
         window.move(50, 50);
         const QPoint at = grip.mapTo(&window, QPoint(5, 5));
         QWindow* const hand = window.windowHandle();
+        // By none of its controls, nor by the unrest of a hand.
+        const auto buttons = window.findChildren<QAbstractButton*>();
+        const auto* control = *std::find_if(buttons.begin(), buttons.end(), [](auto* button) {
+            return button->isVisible() && button->isEnabled();
+        });
+        const QPoint held = control->mapTo(&window, QPoint(5, 5));
+        QTest::mousePress(hand, Qt::LeftButton, {}, held);
+        QTest::mouseMove(hand, held + QPoint(60, 400));
+        QTest::mouseRelease(hand, Qt::LeftButton, {}, held + QPoint(60, 400));
         QTest::mousePress(hand, Qt::LeftButton, {}, at);
+        QTest::mouseMove(hand, at + QPoint(1, 1));
+        QCOMPARE(window.pos(), QPoint(50, 50));
         QTest::mouseMove(hand, at + QPoint(60, 40));
         QTest::mouseRelease(hand, Qt::LeftButton, {}, at);
         QCOMPARE(window.pos(), QPoint(110, 90));

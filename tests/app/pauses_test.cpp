@@ -34,38 +34,32 @@ private slots:
     void somethingHappens_data()
     {
         testColumns<QString, QString, QString, QString>("before", "clicked", "seen", "event");
-        const struct {
-            const char* tag;
-            const char* before;
-            const char* clicked;
-            const char* seen;
-        } rows[] = {
-            {"before on", "", "AM", ""},
-            {"before the set-up", "", "AM", "AM:STATe ON"},
-            {"before the other's off", "AM", "FM", ""},
-            {"between off and on", "AM", "FM", "AM:STATe OFF"},
-            {"back to internal", "IntExt_PM PM", "IntExt_PM", ""},
-            {"before the pulse's values", "", "Pulse", "PULM:SOUR INT"},
-            {"before LF's shape", "", "sine_select", "LFO:STAT ON"},
-            {"before LF's direction", "", "sawPos_select", "SHAP RAMP\\n"},
-            {"behind LF's direction", "", "sawPos_select", "RAMP POS"},
-            {"before AM's off for LF", "AM Pulse", "sine_select", ""},
-            {"behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF"},
-            {"before AM's off for a sweep", "AM Pulse", "button_Sweep", ""},
-            {"amid the frequencies of a list", "List_is_Checked", "button_List", "LIST:FREQ:ADD"},
-            {"amid the powers of a list", "List_is_Checked", "button_List", "LIST:POW:ADD"},
-            {"amid a calibration", "", "applyCalibrate", "MEM:TABLE:ADD"},
-            {"connecting, behind the reset", "", "connect", "*RST"},
-            {"connecting, LF ramp", "sawNeg_select", "connect", "SHAP RAMP\\n"},
-            {"connecting, pulse", "Pulse", "connect", "PULM:SOUR INT"},
-        };
-        for (const auto& row : rows) {
+        const auto rows = [](const QString& tag, const QString& before, const QString& clicked,
+                             const QString& seen) {
             for (const QString& event : events) {
                 // It has not been on yet behind the reset.
-                if (event != rfOff || QLatin1String(row.seen) != QLatin1String("*RST"))
-                    testRow(row.tag + (": " + event), row.before, row.clicked, row.seen, event);
+                if (event != rfOff || seen != "*RST")
+                    testRow(tag + ": " + event, before, clicked, seen, event);
             }
-        }
+        };
+        rows("before on", "", "AM", "");
+        rows("before the set-up", "", "AM", "AM:STATe ON");
+        rows("before the other's off", "AM", "FM", "");
+        rows("between off and on", "AM", "FM", "AM:STATe OFF");
+        rows("back to internal", "IntExt_PM PM", "IntExt_PM", "");
+        rows("before the pulse's values", "", "Pulse", "PULM:SOUR INT");
+        rows("before LF's shape", "", "sine_select", "LFO:STAT ON");
+        rows("before LF's direction", "", "sawPos_select", "SHAP RAMP\\n");
+        rows("behind LF's direction", "", "sawPos_select", "RAMP POS");
+        rows("before AM's off for LF", "AM Pulse", "sine_select", "");
+        rows("behind AM's off for LF", "AM Pulse", "sine_select", "AM:STATe OFF");
+        rows("before AM's off for a sweep", "AM Pulse", "button_Sweep", "");
+        rows("amid the frequencies of a list", "List_is_Checked", "button_List", "LIST:FREQ:ADD");
+        rows("amid the powers of a list", "List_is_Checked", "button_List", "LIST:POW:ADD");
+        rows("amid a calibration", "", "applyCalibrate", "MEM:TABLE:ADD");
+        rows("connecting, behind the reset", "", "connect", "*RST");
+        rows("connecting, LF ramp", "sawNeg_select", "connect", "SHAP RAMP\\n");
+        rows("connecting, pulse", "Pulse", "connect", "PULM:SOUR INT");
     }
 
     void somethingHappens()

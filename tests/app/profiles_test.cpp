@@ -1,6 +1,7 @@
 #include "app/side_panels.h"
 #include "link/activity.h"
 #include "tests/app/panel_set_ups.h"
+#include "tests/support/files.h"
 #include "tests/support/installed_driver.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
@@ -41,95 +42,80 @@ private slots:
                  QStringList({"KLV/QUICK_Profile_KLV", "List/left_select", "List/right_select"}));
     }
 
-    void comesBackOnThePanels_data()
+    void comesBackOnThePanels()
     {
-        testColumns<int, int, QString>("setUp", "other", "language");
+        const auto row = freshRows(this, [this](int setUp, int other, const QString& language) {
+            beginAnew(language);
+            apply(setUps[setUp]);
+            const QByteArray state = stateBytes();
+            const QString lit = indicators();
+            m_rig->saveProfile("it");
+
+            beginAnew(language);
+            apply(setUps[other]);
+            QVERIFY(stateBytes() != state);
+            open("it");
+            QCOMPARE(stateBytes(), state);
+            QCOMPARE(indicators(), lit);
+            for (const char* panel : {"display", "Modulat", "generator", "List"}) {
+                const auto fields = m_rig->get(panel).findChildren<QLineEdit*>();
+                for (const QLineEdit* field : fields)
+                    QVERIFY2(!field->property("edited").toBool(), qPrintable(field->objectName()));
+            }
+            QCOMPARE(m_demo->takeSent(), QStringList());
+        });
         const int count = int(std::size(setUps));
         for (int i = 0; i < count; ++i) {
             for (const char* language : {"en", "ru"})
-                testRow(QString("%1, %2").arg(setUps[i].name, language), i, (i + 1) % count,
-                        language);
+                row(QString("%1, %2").arg(setUps[i].name, language), i, (i + 1) % count, language);
         }
-        testRow("from long to short pulses", 1, 0, "en");
-        testRow("from short to long pulses", 2, 1, "en");
-    }
-
-    void comesBackOnThePanels()
-    {
-        QFETCH(int, setUp);
-        QFETCH(int, other);
-        QFETCH(QString, language);
-        beginAnew(language);
-        apply(setUps[setUp]);
-        const QByteArray state = stateBytes();
-        const QString lit = indicators();
-        m_rig->saveProfile("it");
-
-        beginAnew(language);
-        apply(setUps[other]);
-        QVERIFY(stateBytes() != state);
-        open("it");
-        QCOMPARE(stateBytes(), state);
-        QCOMPARE(indicators(), lit);
-        for (const char* panel : {"display", "Modulat", "generator", "List"}) {
-            const auto fields = m_rig->get(panel).findChildren<QLineEdit*>();
-            for (const QLineEdit* field : fields)
-                QVERIFY2(!field->property("edited").toBool(), qPrintable(field->objectName()));
-        }
-        QCOMPARE(m_demo->takeSent(), QStringList());
-    }
-
-    void comesBackInTheInstrument_data()
-    {
-        testColumns<int, int, QString>("setUp", "other", "language");
-        testRow("AM after FM", 0, 1, "en");
-        testRow("FM after PM", 1, 2, "ru");
-        testRow("PM after LF", 2, 3, "en");
-        testRow("LF after AM", 3, 0, "ru");
-        testRow("sine after square", 4, 3, "en");
+        row("from long to short pulses", 1, 0, "en");
+        row("from short to long pulses", 2, 1, "en");
     }
 
     void comesBackInTheInstrument()
     {
-        QFETCH(int, setUp);
-        QFETCH(int, other);
-        QFETCH(QString, language);
-        beginAnew(language);
-        m_rig->connectDevice();
-        apply(setUps[setUp]);
-        m_rig->saveProfile("it");
-        // What is off has not been sent yet, but is by a profile; the answers are shown.
-        open("it");
-        const Content state = contentOf(stateBytes());
-        const Content instrument = instrumentState();
+        const auto row = freshRows(this, [this](int setUp, int other, const QString& language) {
+            beginAnew(language);
+            m_rig->connectDevice();
+            apply(setUps[setUp]);
+            m_rig->saveProfile("it");
+            // What is off has not been sent yet, but is by a profile; the answers are shown.
+            open("it");
+            const Content state = contentOf(stateBytes());
+            const Content instrument = instrumentState();
 
-        beginAnew(language);
-        m_rig->connectDevice();
-        apply(setUps[other]);
-        QVERIFY(instrumentState() != instrument);
-        open("it");
-        QVERIFY(m_rig->isConnected());
-        QVERIFY(!QGuiApplication::overrideCursor());
-        QCOMPARE(m_rig->status().right(3), QString(" it"));
-        QCOMPARE(differences(contentOf(stateBytes()), state), QStringList());
-        QCOMPARE(differences(instrumentState(), instrument), QStringList());
+            beginAnew(language);
+            m_rig->connectDevice();
+            apply(setUps[other]);
+            QVERIFY(instrumentState() != instrument);
+            open("it");
+            QVERIFY(m_rig->isConnected());
+            QVERIFY(!QGuiApplication::overrideCursor());
+            QCOMPARE(m_rig->status().right(3), QString(" it"));
+            QCOMPARE(differences(contentOf(stateBytes()), state), QStringList());
+            QCOMPARE(differences(instrumentState(), instrument), QStringList());
+        });
+        row("AM after FM", 0, 1, "en");
+        row("FM after PM", 1, 2, "ru");
+        row("PM after LF", 2, 3, "en");
+        row("LF after AM", 3, 0, "ru");
+        row("sine after square", 4, 3, "en");
     }
 
     void neverTouchesTheOutput()
     {
         beginConnected();
         m_rig->click("Output");
-        QFile file(m_rig->saveProfile("on"));
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(!file.readAll().contains("Output"));
+        const QString file = m_rig->saveProfile("on");
+        QVERIFY(bytesOf(file).contains("FREQ") && !bytesOf(file).contains("Output"));
         m_rig->click("Output");
         m_demo->takeSent();
-        QVERIFY(file.resize(0));
-        file.write(
+        writeFile(
+            file,
             "<KLV><MainWindow><Output>ON</Output><connect>OFF</connect><open_mod>ON</open_mod>"
             "<closeWindow>ON</closeWindow></MainWindow><List><button_Sweep>ON</button_Sweep>"
             "</List></KLV>");
-        file.close();
         open("on");
         QVERIFY(m_rig->status().contains("applied"));
         QCOMPARE(m_demo->takeSent(), QStringList());
@@ -153,41 +139,37 @@ private slots:
         QCOMPARE((*m_demo)("ask ROSC:EXT:FREQ?").trimmed(), QString("25 MHZ"));
     }
 
-    void keepsTheStateBetweenRuns_data()
-    {
-        testColumns<int>("setUp");
-        for (int i = 0; i < 4; ++i)
-            testRow(setUps[i].name, i);
-    }
-
     void keepsTheStateBetweenRuns()
     {
-        QFETCH(int, setUp);
-        const InstalledDriver driver;
-        startProgram();
-        QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
-        m_rig->click("Output");
-        apply(setUps[setUp]);
-        const QByteArray state = stateBytes();
-        m_rig->click("Output");
-        const Content instrument = instrumentState();
-        m_rig->click("Output");
-        m_rig.reset();
-        m_settings.clear();
+        const auto row = freshRows(this, [this](int setUp) {
+            const InstalledDriver driver;
+            startProgram();
+            QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
+            m_rig->click("Output");
+            apply(setUps[setUp]);
+            const QByteArray state = stateBytes();
+            m_rig->click("Output");
+            const Content instrument = instrumentState();
+            m_rig->click("Output");
+            m_rig.reset();
+            m_settings.clear();
 
-        startProgram();
-        // Without an instrument so far, and therefore without a word.
-        QCOMPARE(m_demo->takeSent(), QStringList());
-        QCOMPARE(stateBytes(), state);
-        QVERIFY(!m_rig->isChecked("Output"));
-        QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
-        // What is off is sent when it is switched on.
-        const Content restored = instrumentState();
-        for (const char* always : {"FREQ?", "POW?", "OUTP?", "ROSC:SOUR?", "AM:STAT?", "FM:STAT?",
-                                   "PM:STAT?", "PULM:STAT?", "LFO:STAT?"}) {
-            QVERIFY(restored.contains(always));
-            QCOMPARE(restored[always], instrument[always]);
-        }
+            startProgram();
+            // Without an instrument so far, and therefore without a word.
+            QCOMPARE(m_demo->takeSent(), QStringList());
+            QCOMPARE(stateBytes(), state);
+            QVERIFY(!m_rig->isChecked("Output"));
+            QTRY_VERIFY(m_rig->isConnected() && !QGuiApplication::overrideCursor());
+            // What is off is sent when it is switched on.
+            const Content restored = instrumentState();
+            for (const char* always : {"FREQ?", "POW?", "OUTP?", "ROSC:SOUR?", "AM:STAT?",
+                                       "FM:STAT?", "PM:STAT?", "PULM:STAT?", "LFO:STAT?"}) {
+                QVERIFY(restored.contains(always));
+                QCOMPARE(restored[always], instrument[always]);
+            }
+        });
+        for (int i = 0; i < 4; ++i)
+            row(setUps[i].name, i);
     }
 
     void startsWithTheGivenProfile()
@@ -438,11 +420,9 @@ private:
     /// All that a profile would hold now.
     QByteArray stateBytes()
     {
-        QFile file(m_rig->saveProfile("state"));
-        if (!file.open(QIODevice::ReadOnly))
-            qFatal("not saved");
-        const QByteArray bytes = file.readAll();
-        file.remove();
+        const QString file = m_rig->saveProfile("state");
+        const QByteArray bytes = bytesOf(file);
+        QFile::remove(file);
         return bytes;
     }
 

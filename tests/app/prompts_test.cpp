@@ -45,8 +45,8 @@ private slots:
         press(openPrompt(), "butYes");
         QVERIFY(m_rig->get("wgtMaxPow").isVisible());
         QCOMPARE(m_demo->takeSent(), QStringList());
-        m_rig->chooseLanguage("ru");
-        m_rig->chooseLanguage("en");
+        m_rig->choose("ru");
+        m_rig->choose("en");
         openPrompt();
         QCOMPARE(question(), "OFF");
         m_rig->connectDevice();

@@ -177,7 +177,7 @@ private slots:
         m_rig->clickAll("Output");
         QCOMPARE(m_rig->text("errors"), QString("4 errors"));
         QCOMPARE(m_rig->status(), QString("-350, Queue overflow after OUTPut ON"));
-        m_rig->chooseLanguage("ru");
+        m_rig->choose("ru");
         QCOMPARE(m_rig->text("errors"), QString::fromUtf8("4 ошибки"));
         m_rig->click("errors");
         QVERIFY(!m_rig->get("errors").isVisible());

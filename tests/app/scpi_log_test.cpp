@@ -4,6 +4,7 @@
 #include "log/log_text.h"
 #include "log/python_script.h"
 #include "log/scpi_log.h"
+#include "tests/support/files.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 #include "ui/files/whole_file.h"
@@ -35,10 +36,7 @@ Exchange exchangeOf(const QString& sent, const QString& answered = {})
 QStringList sentByScript(const QByteArray& script, const QStringList& arguments = {})
 {
     QTemporaryDir folder;
-    QFile file(folder.filePath("script.py"));
-    if (!file.open(QIODevice::WriteOnly) || file.write(script) != script.size())
-        return {"not written"};
-    file.close();
+    const QString file = writeFile(folder.filePath("script.py"), script);
     QProcess python;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("KLV_DEMO_TRACE", "1");
@@ -48,8 +46,7 @@ QStringList sentByScript(const QByteArray& script, const QStringList& arguments 
     }
     python.setProcessEnvironment(environment);
     python.setProcessChannelMode(QProcess::MergedChannels);
-    python.start(KLV_PYTHON,
-                 QStringList{file.fileName(), "--visa", Demo::libraryPath()} + arguments);
+    python.start(KLV_PYTHON, QStringList{file, "--visa", Demo::libraryPath()} + arguments);
     if (!python.waitForFinished(-1))
         return {python.errorString()};
     QStringList sent;
@@ -249,8 +246,8 @@ private slots:
                 QCOMPARE(commands, sent);
                 QCOMPARE(get("log_push").isVisible(), offersPush);
                 QCOMPARE(get<QLabel>("label_RF").text(), lamp);
-                m_rig->chooseLanguage("ru");
-                m_rig->chooseLanguage("en");
+                m_rig->choose("ru");
+                m_rig->choose("en");
                 QCOMPARE(get<QLabel>("label_RF").text(), lamp);
                 // What was refused stays to be mended.
                 QCOMPARE(get<QLineEdit>("log_send").text().isEmpty(), !sent.isEmpty());

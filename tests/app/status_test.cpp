@@ -1,6 +1,7 @@
 #include "fields/number_edit.h"
 #include "link/activity.h"
 #include "link/pause.h"
+#include "tests/support/files.h"
 #include "tests/support/panel_test.h"
 #include "tests/support/rows.h"
 
@@ -137,15 +138,12 @@ private slots:
                 return m_rig->status();
             };
             QVERIFY2(pressHelp().startsWith("There is no help file"), qPrintable(m_rig->status()));
-            QVERIFY(QDir().mkpath(folder + "/en"));
-            QFile file(folder + "/en/" + page + ".html");
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.close();
+            const QString file = writeFile(folder + "/en/" + page + ".html");
             if (QSysInfo::productType() != "windows") {
                 QDesktopServices::setUrlHandler("file", this, "takeUrl");
                 pressHelp();
                 QDesktopServices::unsetUrlHandler("file");
-                QCOMPARE(m_opened.toLocalFile(), file.fileName());
+                QCOMPARE(m_opened.toLocalFile(), file);
                 // Nothing opens anything on the offscreen platform.
                 QVERIFY2(pressHelp().startsWith("No program"), qPrintable(m_rig->status()));
             }
@@ -239,7 +237,7 @@ private slots:
             const Activity activity([] { return Connection::tr("Choose an instrument"); });
             const QString choosing = m_rig->status();
             QVERIFY(choosing != lost);
-            m_rig->chooseLanguage("ru");
+            m_rig->choose("ru");
             QVERIFY2(m_rig->status() != choosing, qPrintable(choosing));
         }
         QVERIFY2(m_rig->status() != lost, qPrintable(lost));

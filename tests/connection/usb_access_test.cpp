@@ -1,4 +1,5 @@
 #include "connection/usb_access.h"
+#include "tests/support/files.h"
 
 #include <QtTest>
 
@@ -38,34 +39,25 @@ private:
         QVERIFY(QDir(m_folder.filePath("devices/1-2")).removeRecursively());
     }
 
-    void write(const QString& name, const QByteArray& text) const
-    {
-        const QString path = m_folder.filePath(name);
-        QVERIFY(QDir().mkpath(QFileInfo(path).path()));
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-
     /// A device with its node; without one when `mode` is negative.
     void plug(const QString& device, const QByteArray& vendor, const QString& number,
               int mode) const
     {
-        const QString folder = "devices/" + device;
-        write(folder + "/idVendor", vendor + "\n");
-        write(folder + "/busnum", "1\n");
-        write(folder + "/devnum", QByteArray::number(number.toInt()) + "\n");
+        const QString folder = m_folder.filePath("devices/" + device);
+        writeFile(folder + "/idVendor", vendor + "\n");
+        writeFile(folder + "/busnum", "1\n");
+        writeFile(folder + "/devnum", QByteArray::number(number.toInt()) + "\n");
         setNode("001/" + number, mode);
     }
 
     void setNode(const QString& name, int mode) const
     {
-        const QString node = "nodes/" + name;
-        QFile::remove(m_folder.filePath(node));
+        const QString node = m_folder.filePath("nodes/" + name);
+        QFile::remove(node);
         if (mode < 0)
             return;
-        write(node, {});
-        QVERIFY(QFile::setPermissions(m_folder.filePath(node), QFile::Permissions(mode)));
+        writeFile(node);
+        QVERIFY(QFile::setPermissions(node, QFile::Permissions(mode)));
     }
 
     const QTemporaryDir m_folder;

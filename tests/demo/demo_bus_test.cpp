@@ -1,4 +1,5 @@
 #include "tests/demo/demo_session.h"
+#include "tests/support/files.h"
 
 /// Instruments that come and go, described by a file or at once, and the lock of another program.
 class DemoBusTest : public QObject
@@ -68,9 +69,7 @@ private slots:
         DemoSession instrument;
         const auto send = [&](const QByteArray& mode) {
             instrument.write("MEM:MSC " + mode);
-            QVERIFY(m_file.open(QIODevice::ReadOnly));
-            QCOMPARE(m_file.readAll(), text);
-            m_file.close();
+            QCOMPARE(bytesOf(m_file.fileName()), text);
         };
         send("OFF");
         QCOMPARE(instrument.query("MEM:MSC?"), QByteArray("OFF"));
@@ -107,10 +106,7 @@ private slots:
 private:
     void write(const QByteArray& text)
     {
-        QVERIFY(m_file.open(QIODevice::WriteOnly));
-        m_file.write(text);
-        m_file.close();
-        qputenv("KLV_DEMO_FILE", m_file.fileName().toLocal8Bit());
+        qputenv("KLV_DEMO_FILE", writeFile(m_file.fileName(), text).toLocal8Bit());
     }
 
     const QByteArray m_lost = "VISA " + describe(VI_ERROR_CONN_LOST);

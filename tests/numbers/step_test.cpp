@@ -1,6 +1,7 @@
 #include "numbers/step_table.h"
 #include "numbers/stepping.h"
 #include "tests/numbers/text_pairs.h"
+#include "tests/support/files.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -78,13 +79,10 @@ private slots:
         for (const char* stored : {"", "abc", "nan", "inf", "-5", "0", "1e300", "1,5", "0x10",
                                    "@Invalid()", "@ByteArray(\\0)", "true", "1e-300"}) {
             const QTemporaryDir folder;
-            const QString path = folder.filePath("settings.ini");
-            QFile file(path);
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.write("[General]\n");
+            QString text = "[General]\n";
             for (int i = 0; i < stepKindCount; ++i)
-                file.write(QString(stepKey(K(i)) + '=' + stored + '\n').toUtf8());
-            file.close();
+                text += QString(stepKey(K(i)) + '=' + stored + '\n');
+            const QString path = writeFile(folder.filePath("settings.ini"), text.toUtf8());
             QSettings settings(path, QSettings::IniFormat);
             StepTable steps;
             QVERIFY(steps.setStep(K::Frequency, 5));

@@ -51,7 +51,7 @@ private slots:
                                     "  <Freq_Step>12345678901234 3</Freq_Step>\n"
                                     " </shared_variable>\n"
                                     "</KLV>\n";
-        QCOMPARE(rig.bytesOf(path), expected);
+        QCOMPARE(bytesOf(path), expected);
         QCOMPARE(rig.takeLog(), QStringList());
     }
 
@@ -62,7 +62,7 @@ private slots:
         rig.get<QPushButton>("AM")->setChecked(true);
         rig.get<QComboBox>("box")->setCurrentText("10");
         QVERIFY(rig.profiles().save(path, "saved"));
-        const QByteArray bytes = rig.bytesOf(path);
+        const QByteArray bytes = bytesOf(path);
 
         rig.get<QPushButton>("ROSC")->click();
         rig.get<QPushButton>("AM")->click();
@@ -78,7 +78,7 @@ private slots:
                               "FM off", "FREQ = 1 000", "box = 10", "refresh", "free",
                               "message: Profile applied: saved"}));
         QVERIFY(rig.profiles().save(path, "saved"));
-        QCOMPARE(rig.bytesOf(path), bytes);
+        QCOMPARE(bytesOf(path), bytes);
         // Nothing waits at the start of the program.
         rig.profiles().applyAtStart(rig.fileOf(ofPanel("<AM>OFF</AM>")));
         QCOMPARE(rig.takeLog(), QStringList({"settle", "AM off", "refresh"}));
@@ -215,31 +215,32 @@ private slots:
         row("a folder of that name", 200, "folder and path", failed);
     }
 
-    void endsBetweenTwoClicks_data() { testNames("by", {"a stop", "the program's end"}); }
     void endsBetweenTwoClicks()
     {
-        QFETCH(QString, by);
-        const bool isProgramEnding = by != "a stop";
-        ProfileRig rig;
-        rig.inPause = [&] {
-            // A second replay does not begin within the first.
+        // By a stop, or the program's end.
+        for (const bool isProgramEnding : {false, true}) {
+            ProfileRig rig;
+            rig.inPause = [&] {
+                // A second replay does not begin within the first.
+                QVERIFY(!rig.profiles().open(rig.path("given.xml")));
+                rig.isEnding = isProgramEnding;
+                if (!isProgramEnding)
+                    rig.profiles().stop();
+            };
+            const QByteArray bytes = ofPanel("<AM>ON</AM><FM>ON</FM><FREQ>5 0</FREQ>");
+            QVERIFY(!rig.profiles().open(rig.fileOf(bytes)));
+            QCOMPARE(rig.takeLog(),
+                     QStringList({"busy", "settle", "AM on", "wait 450", "refresh", "free",
+                                  "message: Profile only partly applied: it"}));
+            // The next one is not stopped any more.
+            rig.inPause = nullptr;
+            rig.isEnding = false;
+            QVERIFY(rig.profiles().open(rig.path("given.xml")));
+            QCOMPARE(rig.takeLog().mid(2, 2), QStringList({"FM on", "FREQ = 5"}));
+            rig.refusal = "not now";
             QVERIFY(!rig.profiles().open(rig.path("given.xml")));
-            rig.isEnding = isProgramEnding;
-            if (!isProgramEnding)
-                rig.profiles().stop();
-        };
-        const QByteArray bytes = ofPanel("<AM>ON</AM><FM>ON</FM><FREQ>5 0</FREQ>");
-        QVERIFY(!rig.profiles().open(rig.fileOf(bytes)));
-        QCOMPARE(rig.takeLog(), QStringList({"busy", "settle", "AM on", "wait 450", "refresh",
-                                             "free", "message: Profile only partly applied: it"}));
-        // The next one is not stopped any more.
-        rig.inPause = nullptr;
-        rig.isEnding = false;
-        QVERIFY(rig.profiles().open(rig.path("given.xml")));
-        QCOMPARE(rig.takeLog().mid(2, 2), QStringList({"FM on", "FREQ = 5"}));
-        rig.refusal = "not now";
-        QVERIFY(!rig.profiles().open(rig.path("given.xml")));
-        QCOMPARE(rig.takeLog(), QStringList("message: not now"));
+            QCOMPARE(rig.takeLog(), QStringList("message: not now"));
+        }
     }
 
     void namesAnew()
@@ -251,14 +252,14 @@ private slots:
         rig.takeLog();
         const QString folder = rig.profiles().folder();
         const QString path = quickProfilePath(folder, "one");
-        const QByteArray bytes = rig.bytesOf(path);
+        const QByteArray bytes = bytesOf(path);
         for (const char* refused : {"two", "LAST", "", "one", "a/b"})
             QVERIFY(!rig.profiles().renameQuickProfile(path, refused));
         QCOMPARE(rig.takeLog().size(), 3);
         QVERIFY(rig.profiles().renameQuickProfile(path, "10 & more"));
         QVERIFY(!QFile::exists(path));
         const QString newPath = quickProfilePath(folder, "10 & more");
-        QCOMPARE(rig.bytesOf(newPath), QByteArray(bytes).replace(">one<", ">10 &amp; more<"));
+        QCOMPARE(bytesOf(newPath), QByteArray(bytes).replace(">one<", ">10 &amp; more<"));
         QCOMPARE(rig.profiles().nameOf(newPath), QString("10 & more"));
         QCOMPARE(quickProfilePaths(folder), QStringList({quickProfilePath(folder, "9"), newPath,
                                                          quickProfilePath(folder, "two")}));

@@ -2,6 +2,7 @@
 
 #include "link/notices.h"
 #include "profiles/open_save_xml_file.h"
+#include "tests/support/files.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -63,19 +64,7 @@ public:
     QString path(const QString& fileName) const { return m_folder.filePath(fileName); }
 
     /// Writes a file of these bytes.
-    QString fileOf(const QByteArray& bytes) const
-    {
-        QFile file(path("given.xml"));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("no file");
-        return file.fileName();
-    }
-
-    static QByteArray bytesOf(const QString& filePath)
-    {
-        QFile file(filePath);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QString fileOf(const QByteArray& bytes) const { return writeFile(path("given.xml"), bytes); }
 
     QStringList takeLog() { return std::exchange(log, {}); }
 

@@ -3,6 +3,7 @@
 #include "service/service_commands.h"
 #include "service/service_panel.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/files.h"
 #include "tests/support/rows.h"
 #include "tests/support/wire_rig.h"
 #include "ui/progress_bar_for_table.h"
@@ -271,9 +272,8 @@ private slots:
             "^calibration 2021_5678 \\d{4}(-\\d\\d){2} \\d\\d(-\\d\\d){2}\\.csv$");
         QVERIFY2(form.match(name).hasMatch(), qPrintable(name));
         QVERIFY(bench.messages().contains(name));
-        QFile file(bench.folder() + '/' + name);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("1000000000,-4\n2000000000,3\n3000000000,10\n"));
+        QCOMPARE(bytesOf(bench.folder() + '/' + name),
+                 QByteArray("1000000000,-4\n2000000000,3\n3000000000,10\n"));
 
         bench.demo("reply MEM:TABLE:POINt:ALL? -> 1e9 -4 2.25e9 -7 3e9 10");
         bench.click("reload_table");
@@ -297,13 +297,12 @@ private slots:
     void whatCannotBeKeptIsNotWrittenOver()
     {
         FilledBench bench;
-        QFile inTheWay(bench.folder());
-        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        const QString inTheWay = writeFile(bench.folder());
         QCOMPARE(bench.write(), QStringList());
         QCOMPARE(bench.errors.size(), 1);
         QVERIFY(bench.errors.first().first().toString().startsWith("Nothing was written: "));
         QVERIFY(bench.isReady());
-        QVERIFY(inTheWay.remove());
+        QVERIFY(QFile::remove(inTheWay));
         QCOMPARE(bench.write(), adding + saving);
     }
 
@@ -312,10 +311,7 @@ private slots:
         const auto row =
             namedRows([](const QByteArray& contents, const QString& said, const QString& cells) {
                 FilledBench bench;
-                QVERIFY(QDir().mkpath(bench.folder()));
-                QFile file(bench.folder() + "/given.csv");
-                QVERIFY(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size());
-                file.close();
+                writeFile(bench.folder() + "/given.csv", contents);
                 bench.openBackup("given.csv");
                 QCOMPARE(bench.cells(), cells);
                 for (const QList<QVariant>& error : qAsConst(bench.errors))
@@ -334,28 +330,23 @@ private slots:
             "was read: 3", "1000000000 -4|2000 | 1|9 9");
     }
 
-    void cancellingStopsAfterTheRow_data()
-    {
-        // The last before the table is saved.
-        testNames("after", {"1", "2", "3", "4"});
-    }
-
     void cancellingStopsAfterTheRow()
     {
-        QFETCH(QString, after);
-        const int rows = after.toInt();
-        FilledBench bench;
-        const auto isThere = [&bench, rows] {
-            return rows > 3 ? bench.bar() && bench.bar()->value() == 3
-                            : bench.demo("transcript").contains(adding[rows - 1]);
-        };
-        when(bench.panel, isThere,
-             [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
-        QCOMPARE(bench.write(), adding.mid(0, rows));
-        QVERIFY(bench.isReady());
-        QVERIFY(bench.messages().contains("stopped"));
-        // Cancelling does not last for ever.
-        QCOMPARE(bench.write(), adding + saving);
+        // The last before the table is saved.
+        for (const int rows : {1, 2, 3, 4}) {
+            FilledBench bench;
+            const auto isThere = [&bench, rows] {
+                return rows > 3 ? bench.bar() && bench.bar()->value() == 3
+                                : bench.demo("transcript").contains(adding[rows - 1]);
+            };
+            when(bench.panel, isThere,
+                 [&bench] { QTest::mouseClick(&bench.button(), Qt::LeftButton); });
+            QCOMPARE(bench.write(), adding.mid(0, rows));
+            QVERIFY(bench.isReady());
+            QVERIFY(bench.messages().contains("stopped"));
+            // Cancelling does not last for ever.
+            QCOMPARE(bench.write(), adding + saving);
+        }
     }
 
     void aLostConnectionEndsWriting()

@@ -3,6 +3,7 @@
 #include "link/pause.h"
 #include "numbers/number_text.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/files.h"
 #include "tests/support/panel_rig.h"
 
 #include <QAbstractButton>
@@ -347,12 +348,10 @@ int main(int count, char* arguments[])
 {
     QTemporaryDir folder;
     const QString instruments = folder.filePath("instruments.ini");
-    QFile file(instruments);
-    if (count != 3 || !file.open(QIODevice::WriteOnly) ||
-        file.write("[20215678]\nmodel=KLV-20G\n") < 0)
+    if (count != 3)
         return 2;
-    file.close();
-    qputenv("KLV_DEMO_FILE", QFile::encodeName(instruments));
+    qputenv("KLV_DEMO_FILE",
+            QFile::encodeName(writeFile(instruments, "[20215678]\nmodel=KLV-20G\n")));
     const DocumentsFolder documents(folder.path());
     QApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C");

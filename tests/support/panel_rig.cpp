@@ -56,7 +56,7 @@ void PanelRig::openPanel(const char* button)
     QTRY_VERIFY(!SidePanels::moving());
 }
 
-void PanelRig::chooseLanguage(const QString& code)
+void PanelRig::choose(const QString& code)
 {
     const auto actions = m_window->findChildren<QAction*>();
     for (QAction* action : actions) {

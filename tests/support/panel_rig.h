@@ -42,8 +42,8 @@ public:
     /// Opens the side panel of a button in the window and waits until it stands still.
     void openPanel(const char* button);
 
-    /// As the menu does; `code` is that of the setting.
-    void chooseLanguage(const QString& code);
+    /// A language or a theme in the menu; `code` is that of the setting.
+    void choose(const QString& code);
 
     /// Saves a quick profile. Returns the path of its file.
     QString saveProfile(const QString& name);

@@ -50,6 +50,15 @@ auto freshRows(QObject* test, const Check& check)
     });
 }
 
+/// The same for rows that are called by their first cell.
+template <typename Check>
+auto freshCases(QObject* test, const Check& check)
+{
+    return [row = freshRows(test, check)](const QString& first, const auto&... rest) {
+        row(first, first, rest...);
+    };
+}
+
 /// Rows of one column whose name says it all.
 inline void testNames(const char* column, std::initializer_list<const char*> names)
 {

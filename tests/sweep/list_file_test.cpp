@@ -1,5 +1,6 @@
 #include "sweep/list/list_file.h"
 #include "tests/support/documents_folder.h"
+#include "tests/support/files.h"
 #include "tests/support/rows.h"
 #include "tests/sweep/list_bench.h"
 #include "ui/progress_bar_for_table.h"
@@ -9,19 +10,6 @@
 
 namespace
 {
-QByteArray contentsOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
-void write(const QString& path, const QByteArray& contents)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(contents) != contents.size())
-        qFatal("no %s", qUtf8Printable(path));
-}
-
 QStringList refusal(ListFileError error, int line)
 {
     return {QString("error %1 in line %2").arg(static_cast<int>(error)).arg(line)};
@@ -52,7 +40,7 @@ private slots:
     void reads()
     {
         const auto row = namedRows([this](const QByteArray& contents, const QStringList& read) {
-            write(m_folder + "/a.csv", contents);
+            writeFile(m_folder + "/a.csv", contents);
             QCOMPARE(linesOf(m_folder + "/a.csv"), read);
         });
         row("semicolons", "1 000 000;-5,5;1000\n", QStringList{"1 000 000|-5.5|1000"});
@@ -106,7 +94,7 @@ private slots:
             const QString file = QDir(m_folder).entryList(QDir::Files).join(' ');
             QVERIFY2(QRegularExpression('^' + saved + '$').match(file).hasMatch(),
                      qPrintable(file));
-            QCOMPARE(contentsOf(m_folder + '/' + file), QByteArray("1 000,2,3\n,,\n20,0,5e-05\n"));
+            QCOMPARE(bytesOf(m_folder + '/' + file), QByteArray("1 000,2,3\n,,\n20,0,5e-05\n"));
             QCOMPARE(bench.said, QStringList("List saved: " + file));
         });
         row("with suffix", "points.csv", "points.csv");
@@ -119,12 +107,12 @@ private slots:
     {
         ListBench bench;
         const QString old = m_folder + "/points.csv";
-        write(old, "old");
+        writeFile(old, "old");
         for (const bool isReplaced : {false, true}) {
             bench.whenAsked(isReplaced);
             bench.chooseFile("save_List", "points");
             QTRY_COMPARE(bench.panel.findChildren<QDialog*>().size(), 0);
-            QCOMPARE(contentsOf(old), QByteArray(isReplaced ? "" : "old"));
+            QCOMPARE(bytesOf(old), QByteArray(isReplaced ? "" : "old"));
         }
     }
 
@@ -135,7 +123,7 @@ private slots:
             [this](const QByteArray& contents, const QString& said, const QString& frequency) {
                 ListBench bench;
                 bench.setRows({"9,9,9"});
-                write(m_folder + "/points.csv", contents);
+                writeFile(m_folder + "/points.csv", contents);
                 bench.chooseFile("open_List", "points.csv", false);
                 QCOMPARE(bench.rows(), QStringList("9,9,9"));
                 if (contents.isEmpty())
@@ -200,7 +188,7 @@ private slots:
         QCOMPARE(title.text(), QString("points.csv"));
         bench.table().setRowCount(5);
         QCOMPARE(title.text(), QString("points.csv*"));
-        write(m_folder + "/others.csv", "7,8,9\n");
+        writeFile(m_folder + "/others.csv", "7,8,9\n");
         bench.chooseFile("open_List", "others.csv");
         QCOMPARE(title.text(), QString("others.csv"));
     }
@@ -245,13 +233,13 @@ private slots:
     void unreadablePointsAreNotLost()
     {
         const QByteArray damaged = "1,2,3\n4,%1,6\n";
-        write(m_folder + "/List_last.csv", damaged);
+        writeFile(m_folder + "/List_last.csv", damaged);
         QSettings settings(m_home.filePath("settings.ini"), QSettings::IniFormat);
         ListBench bench;
         bench.panel.restorePoints(settings);
         QCOMPARE(bench.said, QStringList("The list of the last time cannot be read"));
         bench.panel.keepPoints();
-        QCOMPARE(contentsOf(m_folder + "/List_last.csv"), damaged);
+        QCOMPARE(bytesOf(m_folder + "/List_last.csv"), damaged);
     }
 
     void recentFiles()
@@ -259,9 +247,8 @@ private slots:
         QSettings settings(m_home.filePath("settings.ini"), QSettings::IniFormat);
         settings.clear();
         const QString elsewhere = m_folder + "/else & where";
-        QDir().mkpath(elsewhere);
-        write(elsewhere + "/a.csv", "1,,\n");
-        write(elsewhere + "/b.csv", "2,,\n");
+        writeFile(elsewhere + "/a.csv", "1,,\n");
+        writeFile(elsewhere + "/b.csv", "2,,\n");
         {
             ListBench bench;
             bench.panel.restorePoints(settings);
@@ -298,7 +285,7 @@ private slots:
     {
         constexpr int many = 100001;
         ListBench bench;
-        write(m_folder + "/points.csv", QByteArray("1,2,3\n").repeated(many));
+        writeFile(m_folder + "/points.csv", QByteArray("1,2,3\n").repeated(many));
         for (const bool isOpened : {false, true}) {
             bench.whenAsked(isOpened);
             bench.chooseFile("open_List", "points.csv");

@@ -6,11 +6,9 @@
 #include "ui/state_button.h"
 #include "ui/theme.h"
 #include "ui/two_part_button.h"
-#include "ui/window_chrome.h"
 
 #include <QGraphicsEffect>
 #include <QToolTip>
-#include <QVBoxLayout>
 #include <QtTest>
 
 #include <memory>
@@ -163,31 +161,6 @@ private slots:
         label.show();
         QVERIFY(label.graphicsEffect());
         QTRY_VERIFY(!label.graphicsEffect());
-    }
-
-    void aWindowIsMovedByItsSurfaceOnly()
-    {
-        QWidget window;
-        new WindowChrome(&window);
-        auto* layout = new QVBoxLayout(&window);
-        auto* label = new QLabel("surface");
-        auto* button = new QPushButton("control");
-        layout->addWidget(label);
-        layout->addWidget(button);
-        window.move(50, 50);
-        window.show();
-        const auto moved = [&window](const QWidget* from, const QPoint& by) {
-            const QPoint before = window.pos();
-            QWindow* const hand = window.windowHandle();
-            const QPoint at = from->mapTo(&window, QPoint(5, 5));
-            QTest::mousePress(hand, Qt::LeftButton, {}, at);
-            QTest::mouseMove(hand, at + by);
-            QTest::mouseRelease(hand, Qt::LeftButton, {}, at);
-            return window.pos() - before;
-        };
-        QCOMPARE(moved(button, QPoint(60, 40)), QPoint());
-        QCOMPARE(moved(label, QPoint(60, 40)), QPoint(60, 40));
-        QCOMPARE(moved(label, QPoint(1, 1)), QPoint());
     }
 };
 

@@ -1,4 +1,5 @@
 #include "app/help_file.h"
+#include "tests/support/files.h"
 
 #include <QtTest>
 
@@ -35,11 +36,8 @@ private:
     {
         const QTemporaryDir root;
         QVERIFY(QDir(root.path()).mkpath(program));
-        for (const QString& name : files.split('|')) {
-            QFile file(root.filePath(name));
-            QVERIFY(QDir(root.path()).mkpath(QFileInfo(file).path()));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-        }
+        for (const QString& name : files.split('|'))
+            writeFile(root.filePath(name));
         QCOMPARE(helpFile(root.filePath(program), language),
                  found.isEmpty() ? QString() : root.filePath(found));
     }

@@ -47,7 +47,7 @@ private slots:
         QVERIFY(rig.profiles().saveLast());
         const QString quick = quickProfilePath(rig.profiles().folder(), "a");
         const QString last = lastProfilePath(rig.profiles().folder());
-        const QByteArray before = rig.bytesOf(quick) + rig.bytesOf(last);
+        const QByteArray before = bytesOf(quick) + bytesOf(last);
         rig.takeLog();
         {
             const FullDisk full;
@@ -57,7 +57,7 @@ private slots:
         }
         const QString said = "error: Error saving file";
         QCOMPARE(rig.takeLog(), QStringList({said, said}));
-        QCOMPARE(rig.bytesOf(quick) + rig.bytesOf(last), before);
+        QCOMPARE(bytesOf(quick) + bytesOf(last), before);
     }
 
     void aFullDiskLeavesTheOldList()
@@ -80,7 +80,7 @@ private slots:
             const FullDisk full;
             save();
         }
-        QCOMPARE(ProfileRig::bytesOf(path), QByteArray("1,2,3\n"));
+        QCOMPARE(bytesOf(path), QByteArray("1,2,3\n"));
         QCOMPARE(bench.said.size(), 2);
         const QString failure = "error: The list could not be saved as a.csv: ";
         QVERIFY2(bench.said.last().startsWith(failure), qPrintable(bench.said.last()));
