@@ -36,39 +36,35 @@ private slots:
         m_changes = std::make_unique<QSignalSpy>(m_watch.get(), &HotPlugWatch::devicesChanged);
     }
 
-    void followsFile_data()
-    {
-        testColumns<QString>("way");
-        testRow("rewritten", "rewritten");
-        testRow("replaced", "replaced");
-        // Not allowed on Windows.
-        if (QSysInfo::productType() != "windows")
-            testRow("replaced while held open", "replaced");
-    }
-
     void followsFile()
     {
-        QFETCH(QString, way);
-        QFile reader(m_path);
-        if (QByteArray(QTest::currentDataTag()).endsWith("open"))
-            QVERIFY(reader.open(QIODevice::ReadOnly));
-        const struct {
-            QString way;
-            QByteArray content;
-            QStringList serials;
-        } changes[] = {
-            {way, "[1001]\n[1002]\n[1003]\n", {"1001", "1002", "1003"}},
-            {way, "[1002]\n", {"1002"}},
-            {"removed", "", {}},
-            {way, "[1003]\n", {"1003"}},
-            {"rewritten", "[1004]\n", {"1004"}},
-        };
-        for (const auto& change : changes) {
-            put(change.way, change.content);
-            QVERIFY(m_changes->wait());
-            QCOMPARE(m_watch->presentSerials(), change.serials);
-        }
-        QCOMPARE(m_changes->count(), 5);
+        const auto row = freshRows(this, [this](const QString& way, bool isHeldOpen) {
+            QFile reader(m_path);
+            if (isHeldOpen)
+                QVERIFY(reader.open(QIODevice::ReadOnly));
+            const struct {
+                QString way;
+                QByteArray content;
+                QStringList serials;
+            } changes[] = {
+                {way, "[1001]\n[1002]\n[1003]\n", {"1001", "1002", "1003"}},
+                {way, "[1002]\n", {"1002"}},
+                {"removed", "", {}},
+                {way, "[1003]\n", {"1003"}},
+                {"rewritten", "[1004]\n", {"1004"}},
+            };
+            for (const auto& change : changes) {
+                put(change.way, change.content);
+                QVERIFY(m_changes->wait());
+                QCOMPARE(m_watch->presentSerials(), change.serials);
+            }
+            QCOMPARE(m_changes->count(), 5);
+        });
+        row("rewritten", "rewritten", false);
+        row("replaced", "replaced", false);
+        // Not allowed on Windows.
+        if (QSysInfo::productType() != "windows")
+            row("replaced while held open", "replaced", true);
     }
 
     void staysSilentWhileContentIsTheSame()

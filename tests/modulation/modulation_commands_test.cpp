@@ -100,28 +100,25 @@ private slots:
             pulseExternal + QStringList("LFO:STAT OFF!"), "PULM");
     }
 
-    void shapes_data()
-    {
-        testColumns<QString, QStringList>("name", "shape");
-        const std::pair<const char*, QStringList> shapes[] = {{"Sin_", {" SIN!"}},
-                                                              {"SawPos_", {" RAMP!", ":RAMP POS!"}},
-                                                              {"SawNeg_", {" RAMP!", ":RAMP NEG!"}},
-                                                              {"Triangle_", {" TRI!"}},
-                                                              {"Random_", {" RAND!"}},
-                                                              {"Rect_", {" SQU!"}}};
-        for (int i = 0; i < names.size(); ++i) {
-            for (const auto& [prefix, commands] : shapes)
-                testRow(prefix + suffixes.at(i), names.at(i), commands);
-        }
-    }
     void shapes()
     {
-        QFETCH(QString, name);
-        QFETCH(QStringList, shape);
-        const QString header = name + ":INT:FUNC:";
-        shape.replaceInStrings(QRegularExpression("^"), header + "SHAP");
-        m_rig->click(QTest::currentDataTag());
-        QCOMPARE(m_rig->sent(), shape + twoStep(header + "FREQ", "1000 Hz"));
+        const auto row = namedRows([this](const QString& prefix, const QStringList& shape) {
+            for (int i = 0; i < names.size(); ++i) {
+                cleanup();
+                init();
+                const QString header = names.at(i) + ":INT:FUNC:";
+                QStringList sent = shape;
+                sent.replaceInStrings(QRegularExpression("^"), header + "SHAP");
+                m_rig->click(prefix + suffixes.at(i));
+                QCOMPARE(m_rig->sent(), sent + twoStep(header + "FREQ", "1000 Hz"));
+            }
+        });
+        row("sine", "Sin_", QStringList(" SIN!"));
+        row("rising", "SawPos_", QStringList{" RAMP!", ":RAMP POS!"});
+        row("falling", "SawNeg_", QStringList{" RAMP!", ":RAMP NEG!"});
+        row("triangle", "Triangle_", QStringList(" TRI!"));
+        row("random", "Random_", QStringList(" RAND!"));
+        row("square", "Rect_", QStringList(" SQU!"));
     }
 
     void fields()

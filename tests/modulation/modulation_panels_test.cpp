@@ -23,62 +23,68 @@ private slots:
     }
     void cleanup() { m_rig.reset(); }
 
-    void shapes_data()
+    void shapes()
     {
-        testColumns<QString, QString>("names", "fields"); // rate, level, duty and its button
+        const auto row = freshRows(this, [this](const QString& names, const QString& fields) {
+            const bool isLf = !names.contains("Sin_");
+            QString others = "Sin_Ampl Sin_FREQ Sin_Phase";
+            others.remove(names.section(' ', 0, 0));
+            for (int round = 0; round < 2; ++round) {
+                for (const QString& name : names.split(' ')) {
+                    m_rig->click(name);
+                    QCOMPARE(checked(names), name);
+                    QCOMPARE(checked(others), others.simplified());
+                    const bool hasRate = isLf || !name.startsWith("Random");
+                    const bool hasDuty = name.startsWith("rect", Qt::CaseInsensitive);
+                    QCOMPARE(enabled(fields),
+                             QString(hasRate ? "++" : "-+") + QString(hasDuty ? "++" : "--"));
+                }
+            }
+            // Once more on the chosen one switches the LF generator off.
+            m_rig->click(names.section(' ', -1));
+            QCOMPARE(checked(names), isLf ? QString() : names.section(' ', -1));
+            if (isLf)
+                return;
+            // The button tells the duty, in each language.
+            m_rig->enter(fields.section(' ', 2, 2), "35");
+            QEvent languageChange(QEvent::LanguageChange);
+            QCoreApplication::sendEvent(&m_rig->panel, &languageChange);
+            QPushButton* button = m_rig->get(fields.section(' ', 3));
+            QCOMPARE(button->text(), QString("35"));
+            // In sight is the field's number alone, beside a word.
+            m_rig->panel.expand(modulationOf(names), false);
+            const QImage before = button->grab().toImage();
+            m_rig->enter(fields.section(' ', 2, 2), "36");
+            QCOMPARE(button->grab().toImage(), before);
+        });
         const QString modulation = "Sin_%1 SawPos_%1 SawNeg_%1 Triangle_%1 Random_%1 Rect_%1";
         const QString fields = "line_%1_1 line_%1_2 percentLine_%1 percentButton_%1";
         for (const char* suffix : {"Ampl", "FREQ", "Phase"})
-            testRow(suffix, modulation.arg(suffix), fields.arg(suffix));
-        testRow("LF",
-                "sine_select sawPos_select sawNeg_select triangle_select random_select "
-                "rectangle_select dc_select",
-                "FREQ VOLTAGE percent vvod_Percent");
-    }
-    void shapes()
-    {
-        QFETCH(QString, names);
-        QFETCH(QString, fields);
-        const bool isLf = !names.contains("Sin_");
-        QString others = "Sin_Ampl Sin_FREQ Sin_Phase";
-        others.remove(names.section(' ', 0, 0));
-        for (int round = 0; round < 2; ++round) {
-            for (const QString& name : names.split(' ')) {
-                m_rig->click(name);
-                QCOMPARE(checked(names), name);
-                QCOMPARE(checked(others), others.simplified());
-                const bool hasRate = isLf || !name.startsWith("Random");
-                const bool hasDuty = name.startsWith("rect", Qt::CaseInsensitive);
-                QCOMPARE(enabled(fields),
-                         QString(hasRate ? "++" : "-+") + QString(hasDuty ? "++" : "--"));
-            }
-        }
-        // Once more on the chosen one switches the LF generator off.
-        m_rig->click(names.section(' ', -1));
-        QCOMPARE(checked(names), isLf ? QString() : names.section(' ', -1));
-        if (isLf)
-            return;
-        // The button tells the duty, in each language.
-        m_rig->enter(fields.section(' ', 2, 2), "35");
-        QEvent languageChange(QEvent::LanguageChange);
-        QCoreApplication::sendEvent(&m_rig->panel, &languageChange);
-        QPushButton* button = m_rig->get(fields.section(' ', 3));
-        QCOMPARE(button->text(), QString("35"));
-        // In sight is the field's number alone, beside a word.
-        m_rig->panel.expand(modulationOf(names), false);
-        const QImage before = button->grab().toImage();
-        m_rig->enter(fields.section(' ', 2, 2), "36");
-        QCOMPARE(button->grab().toImage(), before);
+            row(suffix, modulation.arg(suffix), fields.arg(suffix));
+        row("LF",
+            "sine_select sawPos_select sawNeg_select triangle_select random_select "
+            "rectangle_select dc_select",
+            "FREQ VOLTAGE percent vvod_Percent");
     }
 
-    void lamps_data()
+    void lamps()
     {
+        const auto row = freshCases(this, [this](const QString& actions, const QString& words) {
+            for (const QString& action : actions.split(' ')) {
+                if (action.contains('='))
+                    m_rig->enter(action.section('=', 0, 0), action.section('=', 1));
+                else
+                    m_rig->click(action);
+            }
+            // What is being typed is not at the output yet.
+            for (const char* field : {"line_Ampl_2", "line_FREQ_1", "line_Phase_2", "VOLTAGE"})
+                m_rig->get<QLineEdit>(field)->setText("7");
+            QCOMPARE(m_rig->amPmFm.words() + '|' + m_rig->pulse.words() + '|' +
+                         m_rig->gener.words(),
+                     words);
+        });
         // Clicks, and fields that are set; the words of the lamps of AM, FM and PM, the pulses and
         // the LF generator.
-        testColumns<QString, QString>("actions", "words");
-        const auto row = [](const char* actions, const char* words) {
-            testRow(actions, actions, words);
-        };
         row("AM AM", "||");
         row("AM", "AM 1 % 1 kHz||");
         row("AM line_Ampl_2=30 line_Ampl_1=2500", "AM 30 % 2.5 kHz||");
@@ -91,22 +97,6 @@ private slots:
         row("sine_select VOLTAGE=0.25", "||LF 250 mV 10 kHz");
         row("AM random_select", "||LF 1 V");
         row("dc_select", "||LF DC 1 V");
-    }
-    void lamps()
-    {
-        QFETCH(QString, actions);
-        for (const QString& action : actions.split(' ')) {
-            if (action.contains('='))
-                m_rig->enter(action.section('=', 0, 0), action.section('=', 1));
-            else
-                m_rig->click(action);
-        }
-        // What is being typed is not at the output yet.
-        for (const char* field : {"line_Ampl_2", "line_FREQ_1", "line_Phase_2", "VOLTAGE"})
-            m_rig->get<QLineEdit>(field)->setText("7");
-        const QStringList words = {m_rig->amPmFm.words(), m_rig->pulse.words(),
-                                   m_rig->gener.words()};
-        QTEST(words.join('|'), "words");
     }
 
     /// A number that nobody has set yet does not catch the eye while its group is folded.
@@ -123,12 +113,28 @@ private slots:
     }
 
     /// What is switched on is expanded; the headers fold without switching.
-    void groups_data()
+    void groups()
     {
-        testColumns<QString, QString, QString>("clicks", "expanded", "on");
-        const auto row = [](const char* clicks, const char* expanded, const char* on) {
-            testRow(clicks, clicks, expanded, on);
-        };
+        const auto row = freshCases(
+            this, [this](const QString& clicks, const QString& expanded, const QString& on) {
+                const QSize size = m_rig->panel.minimumSizeHint();
+                auto* field = m_rig->get<QLineEdit>("line_Ampl_1");
+                for (const QString& name : clicks.split(' ')) {
+                    if (field->isVisible())
+                        field->setFocus();
+                    QTest::mouseClick(m_rig->get<QWidget>(name), Qt::LeftButton);
+                }
+                const auto boxes = m_rig->panel.findChildren<FoldBox*>();
+                QTRY_VERIFY(std::none_of(boxes.begin(), boxes.end(),
+                                         [](const FoldBox* box) { return box->isMoving(); }));
+                for (const FoldBox* box : boxes) {
+                    QCOMPARE(box->isExpanded(), expanded.contains(box->objectName()));
+                    QCOMPARE(box->body()->isVisible(), box->isExpanded());
+                }
+                QCOMPARE(checked("AM FM PM Pulse"), on);
+                QTRY_COMPARE(m_rig->panel.minimumSizeHint(), size);
+                QVERIFY(field->isVisible() || !field->hasFocus());
+            });
         row("titlePulse titlePulse", "PULM_", "");
         row("AM", "AM_ PULM_", "AM");
         row("AM PM", "PM_ PULM_", "PM");
@@ -139,35 +145,19 @@ private slots:
         row("titlePulse", "", "");
         row("titlePulse Pulse", "PULM_", "Pulse");
     }
-    void groups()
-    {
-        QFETCH(QString, clicks);
-        QFETCH(QString, expanded);
-        const QSize size = m_rig->panel.minimumSizeHint();
-        auto* field = m_rig->get<QLineEdit>("line_Ampl_1");
-        for (const QString& name : clicks.split(' ')) {
-            if (field->isVisible())
-                field->setFocus();
-            QTest::mouseClick(m_rig->get<QWidget>(name), Qt::LeftButton);
-        }
-        const auto boxes = m_rig->panel.findChildren<FoldBox*>();
-        QTRY_VERIFY(std::none_of(boxes.begin(), boxes.end(),
-                                 [](const FoldBox* box) { return box->isMoving(); }));
-        for (const FoldBox* box : boxes) {
-            QCOMPARE(box->isExpanded(), expanded.contains(box->objectName()));
-            QCOMPARE(box->body()->isVisible(), box->isExpanded());
-        }
-        QTEST(checked("AM FM PM Pulse"), "on");
-        QTRY_COMPARE(m_rig->panel.minimumSizeHint(), size);
-        QVERIFY(field->isVisible() || !field->hasFocus());
-    }
 
-    void thePictureIsOfWhatIsSet_data()
+    void thePictureIsOfWhatIsSet()
     {
-        testColumns<QString, QString>("clicks", "heading");
-        const auto row = [](const char* clicks, const char* heading) {
-            testRow(clicks, clicks, heading);
-        };
+        const auto row = freshCases(this, [this](const QString& clicks, const QString& heading) {
+            for (const QString& name : clicks.split(' ', Qt::SkipEmptyParts)) {
+                auto* widget = m_rig->get<QWidget>(name);
+                if (qobject_cast<QLineEdit*>(widget))
+                    widget->setFocus();
+                else
+                    QTest::mouseClick(widget, Qt::LeftButton);
+            }
+            QCOMPARE(m_rig->panel.picture().title().text(), heading);
+        });
         const char* const pulses = "Pulse modulation  \u00b7  1 ms  \u00b7  1 µs";
         row("", pulses);
         row("AM", "Amplitude modulation  \u00b7  1 kHz  \u00b7  1 %");
@@ -179,18 +169,6 @@ private slots:
         row("titlePM titlePM", pulses);
         row("AM IntExt_PULM", "Pulse modulation");
         row("PM IntExt_FM titlePulse titlePulse", pulses);
-    }
-    void thePictureIsOfWhatIsSet()
-    {
-        QFETCH(QString, clicks);
-        for (const QString& name : clicks.split(' ', Qt::SkipEmptyParts)) {
-            auto* widget = m_rig->get<QWidget>(name);
-            if (qobject_cast<QLineEdit*>(widget))
-                widget->setFocus();
-            else
-                QTest::mouseClick(widget, Qt::LeftButton);
-        }
-        QTEST(m_rig->panel.picture().title().text(), "heading");
     }
 
     void externalPulsesDisablePeriodAndWidth()

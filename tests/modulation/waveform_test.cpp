@@ -92,12 +92,12 @@ private slots:
         QVERIFY(levels.size() > 20 && *levels.begin() < -0.5 && *levels.rbegin() > 0.5);
     }
 
-    void scalesAreQuartered()
+    void picture()
     {
-        WaveformPicture picture;
-        picture.showWaveform({WaveShape::Sine, 1e-3, 50, -2, 2}, Unit::Volt);
+        WaveformPicture plot;
+        plot.showWaveform({WaveShape::Sine, 1e-3, 50, -2, 2}, Unit::Volt);
         for (const int axis : {QwtPlot::yLeft, QwtPlot::xBottom}) {
-            const QwtScaleDiv& scale = picture.axisScaleDiv(axis);
+            const QwtScaleDiv& scale = plot.axisScaleDiv(axis);
             QList<double> lines =
                 scale.ticks(QwtScaleDiv::MediumTick) + scale.ticks(QwtScaleDiv::MajorTick);
             std::sort(lines.begin(), lines.end());
@@ -105,15 +105,10 @@ private slots:
             for (int i = 1; i < lines.size(); ++i)
                 QCOMPARE(lines.at(i) - lines.at(i - 1), lines.last() / (axis ? 4 : 2));
         }
-    }
-
-    /// The panels' test reads the other words.
-    void pulsesWithoutPeriod()
-    {
-        WaveformPicture picture;
-        picture.showWaveform({WaveShape::Square, 0, 0, 0, 1}, Unit::None);
-        QCOMPARE(picture.accessibleDescription(), QString("Pulses: no period is set"));
-        QCOMPARE(picture.toolTip(), picture.accessibleDescription());
+        // The panels' test reads the other words.
+        plot.showWaveform({WaveShape::Square, 0, 0, 0, 1}, Unit::None);
+        QCOMPARE(plot.accessibleDescription(), QString("Pulses: no period is set"));
+        QCOMPARE(plot.toolTip(), plot.accessibleDescription());
     }
 };
 

@@ -50,54 +50,50 @@ private slots:
         QTRY_VERIFY(words().startsWith("Sweep of 5 points"));
     }
 
-    void followsTheRun_data()
-    {
-        testColumns<QString, QString>("clicks", "shown");
-        const QString triggered = "Runs by external triggers";
-        const QString waits = "Waits for the first step";
-        testRow("free", "button_Sweep", "1");
-        testRow("sweep by hand", "time_select button_Sweep", "1");
-        testRow("up", "time_select button_Sweep right_select right_select", "3");
-        testRow("not below the first", "time_select button_Sweep left_select right_select", "2");
-        testRow("from a free run on", "button_Sweep right_select", "2");
-        testRow("list by hand", "time_select button_List", waits);
-        testRow("by a row", "time_select button_List row", "3");
-        testRow("by an arrow", "time_select button_List row rightButton", "4");
-        testRow("list from a free run on", "button_List rightButton", "2");
-        testRow("free again", "ext_select button_Sweep time_select", "1");
-        testRow("by triggers", "ext_select button_Sweep", triggered);
-        testRow("by triggers from now on", "button_Sweep ext_select", triggered);
-        // What only makes ready for steps ends the waiting for triggers, too.
-        testRow("made ready", "ext_select button_List right_select", waits);
-    }
     /// Where the instrument is, as far as that is known.
     void followsTheRun()
     {
-        QFETCH(QString, clicks);
-        QFETCH(QString, shown);
-        // So long that no point passes while a busy computer gets to the clicks.
-        const QString point = "1 000 000;-10;9 000 000";
-        m_rig->fill({point, point, point, point});
-        m_rig->demo("clock stop");
-        for (const QString& click : clicks.split(' ')) {
-            if (click == "row")
-                m_rig->panel.table().setCurrentCell(2, 0);
+        const auto row = freshRows(this, [this](const QString& clicks, const QString& shown) {
+            // So long that no point passes while a busy computer gets to the clicks.
+            const QString point = "1 000 000;-10;9 000 000";
+            m_rig->fill({point, point, point, point});
+            m_rig->demo("clock stop");
+            for (const QString& click : clicks.split(' ')) {
+                if (click == "row")
+                    m_rig->panel.table().setCurrentCell(2, 0);
+                else
+                    m_rig->click(click);
+            }
+            const auto* header = m_rig->get<QLabel>("plot_List_header");
+            const QString number = header->text().section(' ', 1, 1);
+            QCOMPARE(number.toInt() > 0 ? number : header->text(), shown);
+            if (number.toInt() > 0)
+                QCOMPARE(m_rig->ask("LIST:POIN:CURR?"), number);
+            const bool isList = m_rig->panel.runList().isChecked();
+            QCOMPARE(m_rig->panel.table().highlightedPoint(), isList ? number.toInt() : 0);
+            if (clicks.contains("right"))
+                m_rig->disconnect();
             else
-                m_rig->click(click);
-        }
-        const auto* header = m_rig->get<QLabel>("plot_List_header");
-        const QString number = header->text().section(' ', 1, 1);
-        QCOMPARE(number.toInt() > 0 ? number : header->text(), shown);
-        if (number.toInt() > 0)
-            QCOMPARE(m_rig->ask("LIST:POIN:CURR?"), number);
-        const bool isList = m_rig->panel.runList().isChecked();
-        QCOMPARE(m_rig->panel.table().highlightedPoint(), isList ? number.toInt() : 0);
-        if (clicks.contains("right"))
-            m_rig->disconnect();
-        else
-            m_rig->panel.stopRuns();
-        QCOMPARE(m_rig->panel.table().highlightedPoint(), 0);
-        QVERIFY(header->text().startsWith("Points:"));
+                m_rig->panel.stopRuns();
+            QCOMPARE(m_rig->panel.table().highlightedPoint(), 0);
+            QVERIFY(header->text().startsWith("Points:"));
+        });
+        const QString triggered = "Runs by external triggers";
+        const QString waits = "Waits for the first step";
+        row("free", "button_Sweep", "1");
+        row("sweep by hand", "time_select button_Sweep", "1");
+        row("up", "time_select button_Sweep right_select right_select", "3");
+        row("not below the first", "time_select button_Sweep left_select right_select", "2");
+        row("from a free run on", "button_Sweep right_select", "2");
+        row("list by hand", "time_select button_List", waits);
+        row("by a row", "time_select button_List row", "3");
+        row("by an arrow", "time_select button_List row rightButton", "4");
+        row("list from a free run on", "button_List rightButton", "2");
+        row("free again", "ext_select button_Sweep time_select", "1");
+        row("by triggers", "ext_select button_Sweep", triggered);
+        row("by triggers from now on", "button_Sweep ext_select", triggered);
+        // What only makes ready for steps ends the waiting for triggers, too.
+        row("made ready", "ext_select button_List right_select", waits);
     }
 
 private:

@@ -201,44 +201,40 @@ private slots:
         row("the other", listButton, sweepStopped + listStarted);
     }
 
-    void lostConnection_data()
-    {
-        testColumns<QString, QString>("button", "fault");
-        for (const QString& button : {sweepButton, listButton}) {
-            testRow(button + " unplugged", button, "vanish");
-            testRow(button + " no answer", button, "status 0xBFFF0015");
-        }
-    }
     /// At each call in turn, from the start of a run to the end of its stop.
     void lostConnection()
     {
-        QFETCH(QString, button);
-        QFETCH(QString, fault);
-        QStringList undisturbed;
-        for (int call = 0; call <= undisturbed.size(); ++call) {
-            // What is only written has no answer to lose.
-            if (call > 0 && fault != "vanish" && !undisturbed.at(call - 1).contains('?'))
-                continue;
-            init();
-            m_rig->fillRows(33);
-            if (call > 0)
-                m_rig->demo(QString("fault %1 %2").arg(call).arg(fault));
-            m_rig->click(button);
-            if (m_rig->get(button)->isChecked())
+        const auto row = freshRows(this, [this](const QString& button, const QString& fault) {
+            QStringList undisturbed;
+            for (int call = 0; call <= undisturbed.size(); ++call) {
+                // What is only written has no answer to lose.
+                if (call > 0 && fault != "vanish" && !undisturbed.at(call - 1).contains('?'))
+                    continue;
+                init();
+                m_rig->fillRows(33);
+                if (call > 0)
+                    m_rig->demo(QString("fault %1 %2").arg(call).arg(fault));
                 m_rig->click(button);
-            const QStringList sent = m_rig->demo.takeSent();
-            if (call == 0)
-                undisturbed = sent;
-            QVERIFY2(sent == undisturbed.mid(0, sent.size()), qPrintable(sent.join('\n')));
-            // A lost answer is noticed where it is looked at, a lost cable at the next look.
-            if (m_rig->session.isConnected())
-                QCOMPARE(sent.size(), undisturbed.size());
-            else
-                QCOMPARE(sent.size(), fault == "vanish" ? call - 1 : call);
-            QVERIFY(call == 0 || fault != "vanish" || !m_rig->session.isConnected());
-            verifyAtRest();
+                if (m_rig->get(button)->isChecked())
+                    m_rig->click(button);
+                const QStringList sent = m_rig->demo.takeSent();
+                if (call == 0)
+                    undisturbed = sent;
+                QVERIFY2(sent == undisturbed.mid(0, sent.size()), qPrintable(sent.join('\n')));
+                // A lost answer is noticed where it is looked at, a lost cable at the next look.
+                if (m_rig->session.isConnected())
+                    QCOMPARE(sent.size(), undisturbed.size());
+                else
+                    QCOMPARE(sent.size(), fault == "vanish" ? call - 1 : call);
+                QVERIFY(call == 0 || fault != "vanish" || !m_rig->session.isConnected());
+                verifyAtRest();
+            }
+            QVERIFY(undisturbed.size() > 20);
+        });
+        for (const QString& button : {sweepButton, listButton}) {
+            row(button + " unplugged", button, "vanish");
+            row(button + " no answer", button, "status 0xBFFF0015");
         }
-        QVERIFY(undisturbed.size() > 20);
     }
 
     void endsInTheTransfer()
