@@ -78,6 +78,8 @@ MainWindow::~MainWindow()
     m_session.closeResourceManager();
     m_list->keepPoints();
     m_panelProfiles->saveLast();
+    // What is half typed is committed, to nobody, while there is still all that this needs.
+    hide();
 }
 
 void MainWindow::start()
