@@ -44,7 +44,6 @@ bool hasNumberToPush(NumberEdit& field)
     field.setEdited(true);
     return false;
 }
-
 } // namespace
 
 CwControls::CwControls(ScpiSession& session, const FieldContext& context, PowerGuard& guard,
@@ -83,6 +82,7 @@ void CwControls::on_FREQ_editingFinished()
     if (!field.takeNumber())
         return;
     field.clamp();
+    // An accepted text is shown with nothing selected.
     field.end(false);
     field.showAccepted(field.text());
     if (!m_session.isConnected())
